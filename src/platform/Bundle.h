@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+/// What the program knows of its own installation.
+class Bundle {
+  public:
+    virtual ~Bundle() = default;
+
+    /// The program's own application identifier.
+    [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
+
+    /// The program's version; absent when it is not known.
+    [[nodiscard]] virtual std::optional<std::string> shortVersion() const = 0;
+
+    /// The file of a resource, installed or in the build tree; absent when there is none.
+    [[nodiscard]] virtual std::optional<std::filesystem::path>
+    resource(const std::string& name, const std::string& extension) const = 0;
+};
+
+} // namespace calmora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "support/Subscription.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace calmora {
+
+/// A set of modifier keys that are down. The values are those of stored shortcuts.
+struct ModifierFlags {
+    static constexpr std::uint32_t shift = 1U << 17;
+    static constexpr std::uint32_t control = 1U << 18;
+    static constexpr std::uint32_t option = 1U << 19;
+    static constexpr std::uint32_t command = 1U << 20;
+
+    std::uint32_t mask = 0;
+
+    /// Whether every key of `keys` is down.
+    [[nodiscard]] bool contains(std::uint32_t keys) const { return (mask & keys) == keys; }
+
+    friend bool operator==(const ModifierFlags&, const ModifierFlags&) = default;
+};
+
+/// Events of the keyboard that reach this program.
+class EventMonitor {
+  public:
+    virtual ~EventMonitor() = default;
+
+    /// Tells the modifiers after each change while one of the program's windows has the keyboard,
+    /// and again when the keyboard comes back to it. Never changes or swallows the event.
+    [[nodiscard]] virtual Subscription
+    onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) = 0;
+};
+
+} // namespace calmora

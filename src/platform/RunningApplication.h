@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+/// A live application that can be asked to quit. Held only for the length of one quit operation.
+class RunningApplication {
+  public:
+    virtual ~RunningApplication() = default;
+
+    /// The application's identifier; absent where none can be told.
+    [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
+
+    /// A path under which this application's executables lie and nobody else's. Kept as text: it
+    /// is compared as a plain prefix, so a closing slash matters.
+    [[nodiscard]] virtual std::optional<std::string> bundleURL() const = 0;
+
+    /// The application's executable; absent where it may not be read.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> executableURL() const = 0;
+
+    /// The application's process.
+    [[nodiscard]] virtual ProcessId processIdentifier() const = 0;
+
+    /// Whether the process is gone.
+    [[nodiscard]] virtual bool isTerminated() const = 0;
+
+    /// Asks the application to quit as its own Quit command would. True means that a request went
+    /// out, not that the application is gone.
+    virtual bool terminate() = 0;
+
+    /// Ends the application without asking. True means that the request was delivered.
+    virtual bool forceTerminate() = 0;
+};
+
+} // namespace calmora

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace calmora {
+
+/// A stored value; a value keeps the type with which it was written.
+using DefaultsValue = std::variant<bool, std::int64_t, std::string, std::vector<std::string>>;
+
+/// The persistent key/value store of the program's preferences.
+class UserDefaults {
+  public:
+    virtual ~UserDefaults() = default;
+
+    /// Values that answer for keys which are not set. They are never written to disk.
+    virtual void registerDefaults(std::map<std::string, DefaultsValue> defaults) = 0;
+
+    /// The stored value of a key, registered values included; absent when there is neither.
+    [[nodiscard]] virtual std::optional<DefaultsValue> value(const std::string& key) const = 0;
+
+    /// The boolean under a key. A value of another type reads as the registered default; without
+    /// one the answer is false.
+    [[nodiscard]] virtual bool boolean(const std::string& key) const = 0;
+
+    /// The integer under a key. Another type reads as the registered default, without one 0.
+    [[nodiscard]] virtual std::int64_t integer(const std::string& key) const = 0;
+
+    /// The string under a key. Another type reads as the registered default, without one absent.
+    [[nodiscard]] virtual std::optional<std::string> string(const std::string& key) const = 0;
+
+    /// The strings under a key. Another type reads as the registered default, without one absent.
+    [[nodiscard]] virtual std::optional<std::vector<std::string>>
+    stringArray(const std::string& key) const = 0;
+
+    /// Sets a key. Written to disk no later than the next turn of the main loop; failures to
+    /// write are absorbed and the value holds for the life of the process.
+    virtual void set(const std::string& key, DefaultsValue value) = 0;
+
+    /// Removes a key; its registered default answers again.
+    virtual void remove(const std::string& key) = 0;
+};
+
+} // namespace calmora

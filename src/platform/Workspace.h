@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/ProcessId.h"
+#include "platform/RunningApplication.h"
+#include "support/Subscription.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// How an application presents itself.
+enum class ActivationPolicy {
+    /// Has windows that a user switches to.
+    regular,
+    /// Runs without such a window: a tray icon, an agent.
+    accessory,
+    /// Never comes to the front.
+    prohibited,
+};
+
+/// What the workspace tells of one running application.
+struct WorkspaceApplication {
+    ProcessId processIdentifier = 0;
+    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> localizedName;
+    std::optional<Image> icon;
+    ActivationPolicy activationPolicy = ActivationPolicy::prohibited;
+};
+
+/// The user's running applications.
+class Workspace {
+  public:
+    using Handler = std::function<void(const WorkspaceApplication&)>;
+
+    virtual ~Workspace() = default;
+
+    /// The running applications, by ascending start time, then process id.
+    [[nodiscard]] virtual std::vector<WorkspaceApplication> runningApplications() = 0;
+
+    /// The application that has the keyboard; absent when none has.
+    [[nodiscard]] virtual std::optional<WorkspaceApplication> frontmostApplication() = 0;
+
+    /// The running application with this process id. Where there is none, or where the id
+    /// now names another process than the one that was listed: null then.
+    [[nodiscard]] virtual std::unique_ptr<RunningApplication>
+    runningApplication(ProcessId processIdentifier) = 0;
+
+    /// Every running application with this identifier, in the order of runningApplications().
+    [[nodiscard]] virtual std::vector<std::unique_ptr<RunningApplication>>
+    runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) = 0;
+
+    /// Tells of every application that starts, or that becomes regular.
+    [[nodiscard]] virtual Subscription onLaunched(Handler handler) = 0;
+
+    /// Tells of every application that ends, or that stops being regular.
+    [[nodiscard]] virtual Subscription onTerminated(Handler handler) = 0;
+
+    /// Tells of every application that comes to the front.
+    [[nodiscard]] virtual Subscription onActivated(Handler handler) = 0;
+};
+
+} // namespace calmora

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace calmora {
+
+/// Move-only owner of a POSIX file descriptor; closes it at the end of its life.
+class FileDescriptor {
+  public:
+    FileDescriptor() = default;
+
+    /// Takes over `descriptor`; a negative value means none.
+    explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
+
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        if (this != &other) {
+            reset();
+            descriptor_ = std::exchange(other.descriptor_, -1);
+        }
+        return *this;
+    }
+
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    ~FileDescriptor() { reset(); }
+
+    /// The descriptor, still owned here; negative when there is none.
+    [[nodiscard]] int get() const { return descriptor_; }
+
+    /// Whether a descriptor is owned.
+    explicit operator bool() const { return descriptor_ >= 0; }
+
+    /// Closes the descriptor, if any. errno is left as it was.
+    void reset();
+
+  private:
+    int descriptor_ = -1;
+};
+
+} // namespace calmora
