@@ -1,0 +1,51 @@
+#pragma once
+
+#include "support/FileDescriptor.h"
+#include "support/Subscription.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace calmora {
+
+/// One descriptor for everything that the Linux layer waits for: the connection to the window
+/// system, pidfds, timers. A main loop watches descriptor() and calls dispatch() when it is
+/// readable. Nothing is ever due while nobody watches. Main thread.
+/// Source: epoll(7), timerfd_create(2).
+class EventPoll {
+  public:
+    EventPoll();
+    EventPoll(const EventPoll&) = delete;
+    EventPoll& operator=(const EventPoll&) = delete;
+    ~EventPoll();
+
+    /// Calls `ready` from dispatch() whenever `descriptor` can be read or has hung up, until the
+    /// token ends. The descriptor stays the caller's, is watched once only and must outlive the
+    /// token. An empty token when the descriptor cannot be watched.
+    [[nodiscard]] Subscription watch(int descriptor, std::function<void()> ready);
+
+    /// Calls `action` from dispatch() every `interval`, first after one interval, until the token
+    /// ends. Missed turns are not made up for.
+    [[nodiscard]] Subscription every(std::chrono::milliseconds interval,
+                                     std::function<void()> action);
+
+    /// Calls `action` once from the next dispatch(), which becomes due at once, unless the token
+    /// ends before.
+    [[nodiscard]] Subscription later(std::function<void()> action);
+
+    /// The descriptor to watch for reading; negative when the kernel gave none.
+    [[nodiscard]] int descriptor() const;
+
+    /// Calls back for what is due and returns; never waits. Callbacks may add and end watches and
+    /// may destroy this object.
+    void dispatch();
+
+  private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+} // namespace calmora

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/ProcessId.h"
+#include "support/Subscription.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// A window as its window system numbers it; 0 names none.
+using WindowId = std::uint64_t;
+
+/// What a window is for; the first type of its list that is known.
+/// Source: EWMH, _NET_WM_WINDOW_TYPE.
+enum class WindowType { none, normal, dialog, utility, dock, desktop, other };
+
+/// How the process of a window is known.
+enum class ProcessCertainty {
+    /// Not at all.
+    unknown,
+    /// The window says so itself.
+    claimed,
+    /// The window system vouches for it.
+    certain,
+};
+
+/// One top-level window at one moment. All texts are UTF-8 as the client gave them, which may be
+/// broken or contain control characters; each is cut at 1024 bytes.
+struct TopLevelWindow {
+    WindowId id = 0;
+    /// The local process that owns the window; absent where none can be told, and for remote
+    /// windows.
+    std::optional<ProcessId> process;
+    ProcessCertainty certainty = ProcessCertainty::unknown;
+    /// Drawn by a program elsewhere (ssh -X, another machine). Whatever local process forwards it
+    /// is not its application.
+    bool isRemote = false;
+
+    /// WM_CLASS, first part.
+    std::string instance;
+    /// WM_CLASS, second part.
+    std::string className;
+    /// _GTK_APPLICATION_ID.
+    std::string gtkApplicationId;
+    /// _KDE_NET_WM_DESKTOP_FILE.
+    std::string kdeDesktopFile;
+
+    /// The window that this one is transient for; the root window or a group leader are possible.
+    WindowId transientFor = 0;
+    /// The leader of its window group.
+    WindowId group = 0;
+    WindowType type = WindowType::none;
+    bool skipsTaskbar = false;
+    /// It takes part in the polite way of closing; another window must never be asked, because
+    /// the window manager would kill its client.
+    bool canBeAsked = false;
+
+    friend bool operator==(const TopLevelWindow&, const TopLevelWindow&) = default;
+};
+
+/// What a window system tells of the programs that draw in it. Everything that knows a protocol
+/// of windows stands behind this interface. Main thread.
+class WindowSystem {
+  public:
+    virtual ~WindowSystem() = default;
+
+    /// Whether there is a connection to a window system. Once false it stays false and everything
+    /// else answers with nothing.
+    [[nodiscard]] virtual bool isAlive() const = 0;
+
+    /// The managed top-level windows, oldest first, those of docks and desktops included. Valid
+    /// until the next call. Costs nothing when nothing has changed while onWindowsChanged() has a
+    /// listener; otherwise a few round trips, whatever the number of windows.
+    [[nodiscard]] virtual const std::vector<TopLevelWindow>& windows() = 0;
+
+    /// The window that has the keyboard; absent when none has.
+    [[nodiscard]] virtual std::optional<WindowId> activeWindow() = 0;
+
+    /// Tells that windows() gives something else now. Never called from within a call of this
+    /// interface.
+    [[nodiscard]] virtual Subscription onWindowsChanged(std::function<void()> handler) = 0;
+
+    /// Tells that activeWindow() may give something else now.
+    [[nodiscard]] virtual Subscription onActiveWindowChanged(std::function<void()> handler) = 0;
+
+    /// Tells once that the window system has gone away.
+    [[nodiscard]] virtual Subscription onClosed(std::function<void()> handler) = 0;
+
+    /// Asks the window to close, as its close button would. False when it takes no part in that,
+    /// or is gone. The request may wait until flush().
+    virtual bool requestClose(WindowId window) = 0;
+
+    /// The picture that the window carries itself, of about 48 by 48 pixels where there are
+    /// several; null when it has none.
+    [[nodiscard]] virtual std::shared_ptr<const ImagePixels> icon(WindowId window) = 0;
+
+    /// The processes that make up the desktop's display and must live: the server or compositor,
+    /// the window manager, the tray, the settings daemon, docks and desktops.
+    [[nodiscard]] virtual std::vector<ProcessId> displayProcesses() = 0;
+
+    /// The processes that have an icon embedded in the tray (XEMBED).
+    [[nodiscard]] virtual std::vector<ProcessId> trayIconProcesses() = 0;
+
+    /// Sends what is still waiting.
+    virtual void flush() = 0;
+};
+
+} // namespace calmora
