@@ -1,0 +1,39 @@
+#pragma once
+
+#include "support/Signal.h"
+#include "support/Subscription.h"
+
+#include <functional>
+
+namespace calmora {
+
+/// Knows whether an alert is open. What must wait for the user's answer asks here.
+class AlertSession {
+  public:
+    /// Whether an alert is open.
+    [[nodiscard]] bool isOpen() const { return depth_ > 0; }
+
+    /// Opens a session that lasts as long as the token; sessions nest. The token must not outlive
+    /// this object.
+    [[nodiscard]] Subscription begin() {
+        if (depth_++ == 0) {
+            changed_.emit(true);
+        }
+        return Subscription([this] {
+            if (--depth_ == 0) {
+                changed_.emit(false);
+            }
+        });
+    }
+
+    /// Tells true when the first alert opens and false when the last one has closed.
+    [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler) {
+        return changed_.connect(std::move(handler));
+    }
+
+  private:
+    int depth_ = 0;
+    Signal<bool> changed_;
+};
+
+} // namespace calmora
