@@ -1,0 +1,318 @@
+#include "platform/linux/protection/ProtectionRules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace calmora {
+namespace {
+
+using namespace std::string_view_literals;
+
+/// The kernel keeps this much of a name (TASK_COMM_LEN without the final zero).
+constexpr std::size_t kernelNameLength = 15;
+
+/// Sorted, so that a look-up is a binary search.
+constexpr std::array sessionPrograms = {
+    "(sd-pam)"sv,
+    "Hyprland"sv,
+    "X"sv,
+    "Xephyr"sv,
+    "Xnest"sv,
+    "Xorg"sv,
+    "Xorg.bin"sv,
+    "Xorg.wrap"sv,
+    "Xtigervnc"sv,
+    "Xvfb"sv,
+    "Xvnc"sv,
+    "Xwayland"sv,
+    "agetty"sv,
+    "at-spi-bus-launcher"sv,
+    "at-spi2-registryd"sv,
+    "awesome"sv,
+    "bspwm"sv,
+    "budgie-daemon"sv,
+    "budgie-panel"sv,
+    "budgie-wm"sv,
+    "caja-desktop"sv,
+    "cinnamon"sv,
+    "cinnamon-launcher"sv,
+    "cinnamon-screensaver"sv,
+    "cinnamon-session"sv,
+    "cinnamon-session-binary"sv,
+    "compiz"sv,
+    "compton"sv,
+    "csd-keyboard"sv,
+    "csd-power"sv,
+    "csd-xsettings"sv,
+    "dbus-broker"sv,
+    "dbus-broker-launch"sv,
+    "dbus-daemon"sv,
+    "dbus-launch"sv,
+    "dbus-run-session"sv,
+    "dconf-service"sv,
+    "dunst"sv,
+    "dwm"sv,
+    "elogind"sv,
+    "enlightenment"sv,
+    "fcitx"sv,
+    "fcitx5"sv,
+    "fluxbox"sv,
+    "fvwm"sv,
+    "fvwm3"sv,
+    "gdm-session-worker"sv,
+    "gdm-wayland-session"sv,
+    "gdm-x-session"sv,
+    "gdm3"sv,
+    "gnome-flashback"sv,
+    "gnome-keyring-daemon"sv,
+    "gnome-panel"sv,
+    "gnome-screensaver"sv,
+    "gnome-session"sv,
+    "gnome-session-binary"sv,
+    "gnome-session-ctl"sv,
+    "gnome-shell"sv,
+    "gnome-shell-calendar-server"sv,
+    "gpg-agent"sv,
+    "greetd"sv,
+    "gsd-keyboard"sv,
+    "gsd-media-keys"sv,
+    "gsd-power"sv,
+    "gsd-xsettings"sv,
+    "gvfs-afc-volume-monitor"sv,
+    "gvfs-goa-volume-monitor"sv,
+    "gvfs-gphoto2-volume-monitor"sv,
+    "gvfs-mtp-volume-monitor"sv,
+    "gvfs-udisks2-volume-monitor"sv,
+    "gvfsd"sv,
+    "gvfsd-fuse"sv,
+    "gvfsd-metadata"sv,
+    "gvfsd-trash"sv,
+    "herbstluftwm"sv,
+    "i3"sv,
+    "i3lock"sv,
+    "ibus-daemon"sv,
+    "ibus-dconf"sv,
+    "ibus-engine-simple"sv,
+    "ibus-extension-gtk3"sv,
+    "ibus-portal"sv,
+    "ibus-ui-gtk3"sv,
+    "ibus-x11"sv,
+    "icewm"sv,
+    "icewm-session"sv,
+    "init"sv,
+    "jackd"sv,
+    "jackdbus"sv,
+    "jwm"sv,
+    "kactivitymanagerd"sv,
+    "kcminit"sv,
+    "kded5"sv,
+    "kded6"sv,
+    "kdeinit5"sv,
+    "kglobalaccel5"sv,
+    "kglobalacceld"sv,
+    "kscreenlocker_greet"sv,
+    "ksmserver"sv,
+    "kwalletd5"sv,
+    "kwalletd6"sv,
+    "kwin_wayland"sv,
+    "kwin_wayland_wrapper"sv,
+    "kwin_x11"sv,
+    "labwc"sv,
+    "light-locker"sv,
+    "lightdm"sv,
+    "login"sv,
+    "lxdm"sv,
+    "lxpanel"sv,
+    "lxpolkit"sv,
+    "lxqt-globalkeysd"sv,
+    "lxqt-notificationd"sv,
+    "lxqt-panel"sv,
+    "lxqt-policykit-agent"sv,
+    "lxqt-powermanagement"sv,
+    "lxqt-session"sv,
+    "lxsession"sv,
+    "marco"sv,
+    "matchbox-window-manager"sv,
+    "mate-notification-daemon"sv,
+    "mate-panel"sv,
+    "mate-screensaver"sv,
+    "mate-session"sv,
+    "mate-settings-daemon"sv,
+    "metacity"sv,
+    "muffin"sv,
+    "mutter"sv,
+    "mutter-x11-frames"sv,
+    "notify-osd"sv,
+    "openbox"sv,
+    "openbox-session"sv,
+    "picom"sv,
+    "pipewire"sv,
+    "pipewire-media-session"sv,
+    "pipewire-pulse"sv,
+    "plasma_session"sv,
+    "plasmashell"sv,
+    "polkit-gnome-authentication-agent-1"sv,
+    "polkit-kde-authentication-agent-1"sv,
+    "polkit-mate-authentication-agent-1"sv,
+    "polybar"sv,
+    "pulseaudio"sv,
+    "runit"sv,
+    "sawfish"sv,
+    "scim"sv,
+    "sddm"sv,
+    "sddm-helper"sv,
+    "slim"sv,
+    "spectrwm"sv,
+    "ssh-agent"sv,
+    "sshd"sv,
+    "stalonetray"sv,
+    "startplasma-wayland"sv,
+    "startplasma-x11"sv,
+    "startx"sv,
+    "sway"sv,
+    "swaylock"sv,
+    "systemd"sv,
+    "tint2"sv,
+    "trayer"sv,
+    "weston"sv,
+    "wireplumber"sv,
+    "x-session-manager"sv,
+    "x-window-manager"sv,
+    "xdg-desktop-portal"sv,
+    "xdg-desktop-portal-gnome"sv,
+    "xdg-desktop-portal-gtk"sv,
+    "xdg-desktop-portal-hyprland"sv,
+    "xdg-desktop-portal-kde"sv,
+    "xdg-desktop-portal-lxqt"sv,
+    "xdg-desktop-portal-wlr"sv,
+    "xdg-desktop-portal-xapp"sv,
+    "xdg-document-portal"sv,
+    "xdg-permission-store"sv,
+    "xdm"sv,
+    "xembedsniproxy"sv,
+    "xfce4-notifyd"sv,
+    "xfce4-panel"sv,
+    "xfce4-power-manager"sv,
+    "xfce4-screensaver"sv,
+    "xfce4-session"sv,
+    "xfconfd"sv,
+    "xfdesktop"sv,
+    "xfsettingsd"sv,
+    "xfwm4"sv,
+    "xinit"sv,
+    "xmonad"sv,
+    "xrdp"sv,
+    "xrdp-chansrv"sv,
+    "xrdp-sesman"sv,
+    "xscreensaver"sv,
+    "xsecurelock"sv,
+    "xsettingsd"sv,
+    "xss-lock"sv,
+};
+static_assert(std::ranges::is_sorted(sessionPrograms));
+
+/// Whether `path` has `component` between slashes.
+bool hasComponent(std::string_view path, std::string_view component) {
+    for (std::size_t at = path.find(component); at != std::string_view::npos;
+         at = path.find(component, at + 1)) {
+        const std::size_t end = at + component.size();
+        if (at > 0 && path[at - 1] == '/' && (end == path.size() || path[end] == '/')) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isSessionGroup(std::string_view controlGroup) {
+    constexpr std::array groups = {"init.scope"sv, "session.slice"sv, "system.slice"sv};
+    return std::ranges::any_of(
+        groups, [&](std::string_view group) { return hasComponent(controlGroup, group); });
+}
+
+} // namespace
+
+std::optional<ProtectionReason> protectionById(ProcessId process, const SessionFacts& session) {
+    if (process <= 2) {
+        return ProtectionReason::firstProcesses;
+    }
+    if (process == session.self) {
+        return ProtectionReason::ourselves;
+    }
+    if (session.ancestors.contains(process)) {
+        return ProtectionReason::ourAncestor;
+    }
+    if (session.display.contains(process)) {
+        return ProtectionReason::display;
+    }
+    if (session.session.contains(process)) {
+        return ProtectionReason::session;
+    }
+    if (session.busOwners.contains(process)) {
+        return ProtectionReason::busOwner;
+    }
+    if (session.audioServers.contains(process)) {
+        return ProtectionReason::audioServer;
+    }
+    return std::nullopt;
+}
+
+std::optional<ProtectionReason> protection(const ProcessFacts& process,
+                                           const SessionFacts& session) {
+    if (const auto reason = protectionById(process.process, session)) {
+        return reason;
+    }
+    if (!process.user) {
+        return ProtectionReason::unreadable;
+    }
+    if (process.isKernelThread) {
+        return ProtectionReason::kernelThread;
+    }
+    if (*process.user != session.user) {
+        return ProtectionReason::anotherUser;
+    }
+    // Where the whole desktop runs in one such group (a VNC service, a kiosk, a container), the
+    // group says nothing about its members.
+    if (process.controlGroup != session.controlGroup && isSessionGroup(process.controlGroup)) {
+        return ProtectionReason::controlGroup;
+    }
+    if (isSessionProgram(process.name) || isSessionProgram(process.executable)) {
+        return ProtectionReason::name;
+    }
+    return std::nullopt;
+}
+
+std::string controlGroupPath(std::string_view text) {
+    std::string_view systemd;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        // hierarchy-ID:controller-list:path, where the path may hold colons itself.
+        const std::size_t first = line.find(':');
+        const std::size_t second =
+            first == std::string_view::npos ? first : line.find(':', first + 1);
+        if (second == std::string_view::npos) {
+            continue;
+        }
+        const std::string_view controllers = line.substr(first + 1, second - first - 1);
+        const std::string_view path = line.substr(second + 1);
+        if (line.substr(0, first) == "0" && controllers.empty() && path != "/") {
+            return std::string(path);
+        }
+        if (controllers == "name=systemd") {
+            systemd = path;
+        }
+    }
+    return std::string(systemd);
+}
+
+bool isSessionProgram(std::string_view name) {
+    const auto found = std::ranges::lower_bound(sessionPrograms, name);
+    if (found == sessionPrograms.end()) {
+        return false;
+    }
+    // A cut name sorts right before the whole one.
+    return *found == name || (name.size() == kernelNameLength && found->starts_with(name));
+}
+
+} // namespace calmora
