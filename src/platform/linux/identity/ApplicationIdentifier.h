@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/linux/identity/ApplicationFacts.h"
+#include "platform/linux/identity/ApplicationIdentity.h"
+#include "platform/linux/xdg/DesktopEntryIndex.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calmora {
+
+/// Which application a process with its windows is; see IdentityRule for the order of the ways.
+/// Also answers for a process without windows, from what the process alone tells. Pure.
+[[nodiscard]] ApplicationIdentity identify(const ApplicationFacts& facts,
+                                           const DesktopEntryIndex& index);
+
+/// Which application a process without windows was started as: by its sandbox, its systemd unit
+/// or the program it runs. Absent when no desktop entry says so. Pure.
+[[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessFacts& process,
+                                                                    const DesktopEntryIndex& index);
+
+/// The desktop ids that the name of a systemd unit of an application may mean, most likely first:
+/// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`.
+/// Source: systemd "Desktop Environment Integration".
+[[nodiscard]] std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup);
+
+/// The desktop id of the snap that a control group belongs to: `<snap>_<application>`; absent
+/// for others.
+[[nodiscard]] std::optional<std::string> snapOfCgroup(std::string_view cgroup);
+
+} // namespace calmora

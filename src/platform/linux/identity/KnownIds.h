@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace calmora {
+
+/// A desktop file id and the well-known identifier of the same application.
+struct KnownId {
+    std::string_view desktopId;
+    std::string_view wellKnown;
+};
+
+/// All pairs, ordered by desktop id; no id stands twice.
+[[nodiscard]] std::span<const KnownId> knownIds();
+
+/// The well-known identifier of a desktop id, else the id itself. Letter case counts.
+[[nodiscard]] std::string wellKnownIdentifier(std::string_view desktopId);
+
+} // namespace calmora

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/ProcessTable.h"
+#include "platform/linux/proc/ProcessMemory.h"
+#include "platform/linux/proc/ProcessReader.h"
+#include "platform/linux/proc/SignalFence.h"
+#include "support/FileDescriptor.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace calmora {
+
+/// The kernel's process table through /proc, process CPU clocks and pidfds. Main thread.
+///
+/// CPU time is the process CPU clock: nanoseconds, ended threads included, user and system time in
+/// one sum, which is given as user time (the kernel's own split is only a guess from clock ticks).
+///
+/// The footprint is what the process alone costs: anonymous memory plus what was swapped out of
+/// it; pages of files are left out. Resident minus shared pages of statm are the anonymous ones
+/// and cost a fifth of status, so statm is read while the machine has nothing swapped out, and
+/// RssAnon + VmSwap of status while it has.
+class LinuxProcessTable final : public ProcessTable {
+  public:
+    /// `memory` is shared with whoever lists processes. `guard` is asked in addition to the basic
+    /// fence; empty allows what that allows. `reader` and `memory` outlive the table.
+    LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory, SignalGuard guard = {});
+
+    [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override;
+    [[nodiscard]] std::vector<ProcessId> allProcesses() const override;
+    [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override;
+    bool hold(ProcessId process) override;
+    [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override;
+    void retainCounters(const std::vector<ProcessId>& processes) override;
+
+    /// Goes through a pidfd that is opened before start time, owner and guard are checked.
+    std::int32_t sendSignal(ProcessId process, std::int32_t signal) override;
+
+  private:
+    /// The file that the footprint of a process is read from, kept open. It is bound to the
+    /// process and cannot be read after its end, which also shows that the id was not reused.
+    struct KeptFile {
+        FileDescriptor file;
+        bool isStatus = false;
+        bool isRetained = false;
+    };
+
+    [[nodiscard]] bool isSwapInUse();
+    [[nodiscard]] bool isHeldProcess(ProcessId process) const;
+
+    const ProcessReader& reader_;
+    ProcessMemory& memory_;
+    SignalGuard guard_;
+    std::unordered_map<ProcessId, KeptFile> files_;
+    std::size_t fileLimit_;
+    std::uint64_t pageSize_;
+    bool swapInUse_ = false;
+    std::optional<std::chrono::steady_clock::time_point> swapChecked_;
+};
+
+} // namespace calmora

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+#include "platform/linux/proc/ProcessFacts.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calmora {
+
+/// The fields of /proc/PID/stat that are used.
+struct ProcessStat {
+    std::string comm;
+    /// 'R', 'S', 'D', 'T', 'Z' and so on.
+    char state = '?';
+    ProcessId parent = 0;
+    /// Threads that are left; a zombie with more than one still runs.
+    std::int64_t threads = 0;
+    /// Clock ticks since the machine started.
+    std::uint64_t startTime = 0;
+    bool isKernelThread = false;
+
+    /// Whether nothing of the process runs any more.
+    [[nodiscard]] bool isGone() const {
+        return state == 'X' || state == 'x' || (state == 'Z' && threads <= 1);
+    }
+};
+
+/// The fields of /proc/PID/status that are used.
+struct ProcessStatus {
+    std::uint32_t realUser = 0;
+    std::uint32_t effectiveUser = 0;
+    /// Bytes; 0 for a process without memory of its own.
+    std::uint64_t rssAnon = 0;
+    /// Bytes.
+    std::uint64_t vmSwap = 0;
+};
+
+/// Parses /proc/PID/stat. The name may hold anything, so the fields are counted from the last ')'.
+/// Absent when the text is cut short or is no such file.  Source: proc_pid_stat(5).
+[[nodiscard]] std::optional<ProcessStat> parseStat(std::string_view text);
+
+/// Parses /proc/PID/status. Absent without a Uid line.  Source: proc_pid_status(5).
+[[nodiscard]] std::optional<ProcessStatus> parseStatus(std::string_view text);
+
+/// Parses /proc/PID/statm: pages that are resident and not shared, which are the anonymous ones.
+/// Absent for a process without memory (a zombie, a kernel thread).  Source: proc_pid_statm(5).
+[[nodiscard]] std::optional<std::uint64_t> parseStatmAnonymousPages(std::string_view text);
+
+/// Parses /proc/PID/cgroup: the path in the unified hierarchy, else in systemd's own one; empty
+/// where there is neither.  Source: cgroups(7).
+[[nodiscard]] std::string parseCgroup(std::string_view text);
+
+/// Parses /proc/PID/cmdline: arguments that end in NUL.
+[[nodiscard]] std::vector<std::string> parseCommandLine(std::string_view text);
+
+/// Parses /proc/PID/environ for the variables that count.
+[[nodiscard]] LaunchEnvironment parseLaunchEnvironment(std::string_view text);
+
+/// Parses a sandbox's .flatpak-info. Absent without an application name.
+/// Source: flatpak-metadata(5).
+[[nodiscard]] std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text);
+
+/// The path of /proc/PID/exe without the mark of a deleted file.
+[[nodiscard]] std::string_view withoutDeletedMark(std::string_view path);
+
+} // namespace calmora

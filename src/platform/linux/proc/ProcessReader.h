@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+#include "platform/linux/proc/ProcFiles.h"
+#include "platform/linux/proc/ProcessFacts.h"
+#include "support/FileDescriptor.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// Opens and reads what /proc tells of processes. Keeps no state of any process.
+/// Everything is absent or empty for a process that is gone or may not be read. Main thread.
+class ProcessReader {
+  public:
+    /// `root` is where the proc file system is mounted.
+    explicit ProcessReader(const std::filesystem::path& root = "/proc");
+
+    /// Process ids of the user with this id, ascending, at most `limit` of them.
+    /// Cost: about 1 µs a process.
+    [[nodiscard]] std::vector<ProcessId> processesOf(std::uint32_t user, std::size_t limit) const;
+
+    /// Cost: 4 µs.
+    [[nodiscard]] std::optional<ProcessStat> stat(ProcessId process) const;
+
+    /// Cost: 4 µs.
+    [[nodiscard]] std::optional<ProcessStatus> status(ProcessId process) const;
+
+    /// The program file without the mark of a deleted file; absent also for a process that hides
+    /// from its own user.
+    [[nodiscard]] std::optional<std::string> executable(ProcessId process) const;
+
+    /// The arguments; empty for a kernel thread.
+    [[nodiscard]] std::vector<std::string> commandLine(ProcessId process) const;
+
+    /// Everything that identifies an application. Absent when the process is gone or when its id
+    /// passed to another process meanwhile.  Cost: about 40 µs.
+    [[nodiscard]] std::optional<ProcessFacts> facts(ProcessId process) const;
+
+    /// A file of the process, opened for reading: "statm". None when it cannot be opened.
+    [[nodiscard]] FileDescriptor open(ProcessId process, const char* file) const;
+
+  private:
+    [[nodiscard]] std::string read(ProcessId process, const char* file) const;
+    [[nodiscard]] std::string readFlatpakInfo(ProcessId process) const;
+
+    FileDescriptor root_;
+};
+
+} // namespace calmora

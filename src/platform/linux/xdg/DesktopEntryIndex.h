@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/linux/xdg/DesktopEntry.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace calmora {
+
+/// Look-ups among the installed applications. A value: never changes once it is made.
+/// Entries are found as pointers that live as long as the index; null means none.
+class DesktopEntryIndex {
+  public:
+    DesktopEntryIndex() = default;
+
+    /// `fileManager` is the id of the application that opens folders; empty means none.
+    /// Of two entries with the same id the first one counts.
+    explicit DesktopEntryIndex(std::vector<DesktopEntry> entries, std::string fileManager = {});
+
+    DesktopEntryIndex(DesktopEntryIndex&&) = default;
+    DesktopEntryIndex& operator=(DesktopEntryIndex&&) = default;
+    DesktopEntryIndex(const DesktopEntryIndex&) = delete;
+    DesktopEntryIndex& operator=(const DesktopEntryIndex&) = delete;
+
+    /// The entry with this id, exactly.
+    [[nodiscard]] const DesktopEntry* withId(std::string_view id) const;
+
+    /// The entry with this id, or with this id in other letter case.
+    [[nodiscard]] const DesktopEntry* withIdIgnoringCase(std::string_view id) const;
+
+    /// The entry whose file this is.
+    [[nodiscard]] const DesktopEntry* withPath(std::string_view path) const;
+
+    /// The best entry with this StartupWMClass: one whose id is the key, then a visible one, then
+    /// the one with the shortest Exec.
+    [[nodiscard]] const DesktopEntry* withStartupWmClass(std::string_view key) const;
+
+    /// The same in any letter case.
+    [[nodiscard]] const DesktopEntry* withStartupWmClassIgnoringCase(std::string_view key) const;
+
+    /// The best entry whose command has this key, chosen as for StartupWMClass.
+    [[nodiscard]] const DesktopEntry* withExecKey(std::string_view key) const;
+
+    /// The only visible entry whose id ends in a dot and this word, in any letter case.
+    [[nodiscard]] const DesktopEntry* onlyVisibleWithIdEnd(std::string_view word) const;
+
+    /// The only visible entry with this unlocalized name, in any letter case.
+    [[nodiscard]] const DesktopEntry* onlyVisibleWithName(std::string_view name) const;
+
+    [[nodiscard]] std::span<const DesktopEntry> entries() const { return entries_; }
+
+    /// The id of the application that opens folders; empty when there is none.
+    [[nodiscard]] const std::string& fileManager() const { return fileManager_; }
+
+  private:
+    using Map = std::unordered_map<std::string, std::vector<std::size_t>>;
+
+    [[nodiscard]] const DesktopEntry* best(const Map& map, std::string_view key,
+                                           std::string_view wanted) const;
+    [[nodiscard]] const DesktopEntry* onlyVisible(const Map& map, std::string_view key) const;
+
+    std::vector<DesktopEntry> entries_;
+    std::string fileManager_;
+    Map ids_;
+    Map lowerIds_;
+    Map wmClasses_;
+    Map lowerWmClasses_;
+    Map execKeys_;
+    Map idEnds_;
+    Map names_;
+    Map paths_;
+};
+
+} // namespace calmora

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/linux/xdg/BaseDirectories.h"
+#include "platform/linux/xdg/DesktopEntry.h"
+#include "platform/linux/xdg/DesktopEntryIndex.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// Scans the folders of desktop files into an index, and again when they changed. Main thread.
+class InstalledApplications {
+  public:
+    /// Reads nothing yet. `locales` are the wanted languages of names, see messageLocales().
+    InstalledApplications(BaseDirectories directories, std::vector<std::string> locales);
+
+    /// The applications as of the last refresh(); empty before the first.
+    [[nodiscard]] const DesktopEntryIndex& index() const { return index_; }
+
+    /// Scans when a folder or a list of default applications changed since the last time; true
+    /// when the index was replaced, which ends all pointers into the old one.
+    /// Cost: one stat a folder; when something changed one stat a file, and reading those that
+    /// are new.
+    bool refresh();
+
+  private:
+    struct Stamp {
+        bool exists = false;
+        std::int64_t modifiedNanoseconds = 0;
+        std::uint64_t inode = 0;
+        std::uint64_t size = 0;
+
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+
+    /// A parsed file; no entry for one that describes no application.
+    struct Parsed {
+        Stamp stamp;
+        std::optional<DesktopEntry> entry;
+    };
+
+    [[nodiscard]] static Stamp stampOf(const std::filesystem::path& path);
+    [[nodiscard]] bool hasChanged() const;
+    void scan();
+    void scanFolder(const std::filesystem::path& folder, const std::string& idPrefix, int depth,
+                    bool autostart, std::vector<DesktopEntry>& entries,
+                    std::map<std::string, std::size_t>& byId,
+                    std::map<std::string, Parsed>& parsed);
+    [[nodiscard]] bool canStart(const DesktopEntry& entry) const;
+    [[nodiscard]] bool isShown(const DesktopEntry& entry) const;
+
+    BaseDirectories directories_;
+    std::vector<std::string> locales_;
+    DesktopEntryIndex index_;
+    std::map<std::string, Parsed> parsed_;
+    std::map<std::filesystem::path, Stamp> watched_;
+    bool hasScanned_ = false;
+};
+
+} // namespace calmora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Bundle.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+/// The program's own installation. Resources are found relative to the executable, in
+/// <folder of the executable>/../share/calmora, the same when installed and in the build tree.
+class InstalledBundle final : public Bundle {
+  public:
+    /// `executableFolder` empty means that of the running program.
+    InstalledBundle(std::string identifier, std::string version,
+                    std::filesystem::path executableFolder = {});
+
+    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override;
+    [[nodiscard]] std::optional<std::string> shortVersion() const override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    resource(const std::string& name, const std::string& extension) const override;
+
+  private:
+    std::string identifier_;
+    std::string version_;
+    std::filesystem::path resources_;
+};
+
+} // namespace calmora
