@@ -54,6 +54,12 @@ class Workspace {
     [[nodiscard]] virtual std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) = 0;
 
+    /// The identifier under which this workspace lists the application that a stored identifier
+    /// means: where the two differ, a desktop file's name stands for a well-known identifier.
+    [[nodiscard]] virtual std::string canonicalIdentifier(const std::string& identifier) const {
+        return identifier;
+    }
+
     /// Tells of every application that starts, or that becomes regular.
     [[nodiscard]] virtual Subscription onLaunched(Handler handler) = 0;
 

@@ -1,0 +1,208 @@
+#include "model/AppQuitter.h"
+
+#include "platform/Clock.h"
+#include "platform/ProcessTable.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+using Application = AppQuitter::Application;
+
+/// Binds the table to the application's process. Asking the application again afterwards makes
+/// sure that the process which was bound is the application's, and not its successor.
+bool hold(ProcessTable& processes, const RunningApplication& app) {
+    return processes.hold(app.processIdentifier()) && !app.isTerminated();
+}
+
+bool exists(ProcessTable& processes, ProcessId process) {
+    if (process < 1) {
+        return false;
+    }
+    errno = 0;
+    return processes.sendSignal(process, 0) == 0 || errno != ESRCH;
+}
+
+/// The text test on the path is on purpose a plain one: whoever names a bundle path decides with
+/// a closing slash whether siblings that begin alike belong to it.
+std::set<ProcessId> pidsInBundlePath(ProcessTable& processes, const std::string& path) {
+    std::set<ProcessId> found;
+    if (path.empty()) {
+        return found;
+    }
+    const auto runsInside = [&](ProcessId process) {
+        const std::optional<std::string> executable = processes.executablePath(process);
+        return executable && executable->starts_with(path);
+    };
+    for (const ProcessId process : processes.allProcesses()) {
+        // Read again once held: the id may have passed to another process in between.
+        if (process >= 1 && runsInside(process) && processes.hold(process) && runsInside(process)) {
+            found.insert(process);
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+AppQuitterOperations platformOperations(Platform platform) {
+    AppQuitterOperations operations;
+    operations.lookupApp = [platform](ProcessId pid) {
+        Application app = platform.workspace.runningApplication(pid);
+        return app && hold(platform.processes, *app) ? std::move(app) : nullptr;
+    };
+    operations.lookupAppsByBundleID = [platform](const std::string& bundleIdentifier) {
+        std::vector<Application> apps =
+            platform.workspace.runningApplicationsWithBundleIdentifier(bundleIdentifier);
+        std::erase_if(
+            apps, [&](const Application& app) { return !app || !hold(platform.processes, *app); });
+        return apps;
+    };
+    operations.sendSignal = [platform](ProcessId pid, std::int32_t signal) {
+        return platform.processes.sendSignal(pid, signal);
+    };
+    operations.processExists = [platform](ProcessId pid) {
+        return exists(platform.processes, pid);
+    };
+    operations.lookupProcessIDsInBundlePath = [platform](const std::string& path) {
+        return pidsInBundlePath(platform.processes, path);
+    };
+    operations.sleep = [platform](std::chrono::microseconds duration) {
+        platform.clock.sleep(duration);
+    };
+    return operations;
+}
+
+AppQuitter::AppQuitter(Platform platform)
+    : AppQuitter(platformOperations(platform), platform.clock) {}
+
+AppQuitter::AppQuitter(AppQuitterOperations operations, const Clock& clock)
+    : operations_(std::move(operations)), clock_(clock) {}
+
+bool AppQuitter::quitApp(ProcessId pid, bool force) {
+    Application app = lookupApp(pid);
+    if (!app) {
+        return false;
+    }
+    return force ? forceQuit(std::move(app)) : quitPolitely(*app, pid);
+}
+
+std::set<ProcessId> AppQuitter::quitApps(std::span<const AppInfo> apps, bool force) {
+    std::set<ProcessId> gone;
+    for (const AppInfo& app : apps) {
+        if (app.isSelected && quitApp(app.pid, force)) {
+            gone.insert(app.pid);
+        }
+    }
+    return gone;
+}
+
+Application AppQuitter::lookupApp(ProcessId pid) const {
+    return operations_.lookupApp(pid);
+}
+
+bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout) {
+    // The clock that only runs forward: the wall clock may be set back, and the wait would then
+    // keep the whole program. The pauses slept so far bound the wait even where the clock's ratio
+    // cannot be read.
+    const std::uint64_t start = clock_.ticks();
+    const Timebase timebase = clock_.timebase();
+    std::chrono::microseconds slept{0};
+    while (anyExists(pids)) {
+        const double elapsed =
+            static_cast<double>(clock_.ticks() - start) * timebase.numer / timebase.denom;
+        if (slept >= timeout || elapsed >= std::chrono::nanoseconds(timeout).count()) {
+            return false;
+        }
+        operations_.sleep(pollInterval);
+        slept += pollInterval;
+    }
+    return true;
+}
+
+bool AppQuitter::quitPolitely(RunningApplication& app, ProcessId pid) {
+    return app.terminate() && waitForExit({pid}, gracefulQuitTimeout);
+}
+
+bool AppQuitter::forceQuit(Application app) {
+    const ProcessId primaryPID = app->processIdentifier();
+    const std::vector<Application> related = relatedApps(std::move(app));
+    const std::set<ProcessId> pids = collectPIDs(related, primaryPID);
+    bool isDelivered = false;
+    for (const Application& instance : related) {
+        isDelivered = instance->forceTerminate() || isDelivered;
+    }
+    if (waitForExit(pids, forceQuitTimeout)) {
+        return true;
+    }
+    return (isDelivered || anyExists(pids)) && hardKill(pids);
+}
+
+std::vector<Application> AppQuitter::relatedApps(Application app) const {
+    const std::optional<std::string> bundleIdentifier = app->bundleIdentifier();
+    std::vector<Application> related;
+    related.push_back(std::move(app));
+    if (bundleIdentifier) {
+        for (Application& other : operations_.lookupAppsByBundleID(*bundleIdentifier)) {
+            const bool isSeen = std::ranges::any_of(related, [&](const Application& seen) {
+                return seen->processIdentifier() == other->processIdentifier();
+            });
+            if (!isSeen) {
+                related.push_back(std::move(other));
+            }
+        }
+    }
+    return related;
+}
+
+std::set<ProcessId> AppQuitter::collectPIDs(const std::vector<Application>& related,
+                                            ProcessId primaryPID) const {
+    std::set<ProcessId> pids{primaryPID};
+    for (const Application& app : related) {
+        pids.insert(app->processIdentifier());
+    }
+    for (const Application& app : related) {
+        std::optional<std::string> path = app->bundleURL();
+        if (!path) {
+            if (const auto executable = app->executableURL()) {
+                path = executable->parent_path().string();
+            }
+        }
+        if (path) {
+            pids.merge(operations_.lookupProcessIDsInBundlePath(*path));
+        }
+    }
+    return pids;
+}
+
+bool AppQuitter::hardKill(const std::set<ProcessId>& pids) {
+    std::set<ProcessId> alive;
+    for (const ProcessId pid : pids) {
+        if (operations_.processExists(pid)) {
+            alive.insert(pid);
+        }
+    }
+    if (alive.empty()) {
+        return true;
+    }
+    for (const ProcessId pid : alive) {
+        errno = 0;
+        if (operations_.sendSignal(pid, SIGKILL) != 0 && errno != ESRCH) {
+            return false;
+        }
+    }
+    return waitForExit(pids, hardKillTimeout);
+}
+
+bool AppQuitter::anyExists(const std::set<ProcessId>& pids) const {
+    return std::ranges::any_of(pids,
+                               [this](ProcessId pid) { return operations_.processExists(pid); });
+}
+
+} // namespace calmora

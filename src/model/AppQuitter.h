@@ -1,0 +1,94 @@
+#pragma once
+
+#include "model/AppInfo.h"
+#include "platform/Platform.h"
+#include "platform/ProcessId.h"
+#include "platform/RunningApplication.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class Clock;
+
+/// The operations through which the quit engine reaches the machine.
+struct AppQuitterOperations {
+    using Application = std::unique_ptr<RunningApplication>;
+
+    /// The running application with a process id; null where there is none.
+    std::function<Application(ProcessId)> lookupApp;
+    /// Every running application with an identifier, in the workspace's order.
+    std::function<std::vector<Application>(const std::string&)> lookupAppsByBundleID;
+    /// Sends a signal: 0 on success, -1 with errno set on failure, as kill(2).
+    std::function<std::int32_t(ProcessId, std::int32_t)> sendSignal;
+    /// Whether a process is there; one that may not be signalled is.
+    std::function<bool(ProcessId)> processExists;
+    /// The processes whose executable's path begins with a text.
+    std::function<std::set<ProcessId>(const std::string&)> lookupProcessIDsInBundlePath;
+    /// Blocks for at least this long.
+    std::function<void(std::chrono::microseconds)> sleep;
+};
+
+/// The operations as the machine performs them. Every process that they return is held by the
+/// process table, so that later tests and signals cannot meet another one with the same id.
+[[nodiscard]] AppQuitterOperations platformOperations(Platform platform);
+
+/// Quits applications and tells which ones are really gone: success means that the processes no
+/// longer exist, never that a request was accepted. Never-quit protection is the caller's affair.
+/// Blocks the calling thread until every wait has ended. Keeps nothing between calls.
+class AppQuitter {
+  public:
+    using Application = AppQuitterOperations::Application;
+
+    /// How long a politely asked application may take.
+    static constexpr std::chrono::milliseconds gracefulQuitTimeout{1500};
+    /// How long forced termination may take before the kill signal.
+    static constexpr std::chrono::milliseconds forceQuitTimeout{500};
+    /// How long the kill signal may take.
+    static constexpr std::chrono::milliseconds hardKillTimeout{1000};
+    /// Pause between two looks at the processes.
+    static constexpr std::chrono::microseconds pollInterval{50'000};
+
+    /// A quitter that works on the machine.
+    explicit AppQuitter(Platform platform);
+
+    /// A quitter that works through `operations`; `clock` tells it how long it has waited.
+    AppQuitter(AppQuitterOperations operations, const Clock& clock);
+
+    /// Quits one application: politely within 1.5 s, or, with `force`, every running instance of
+    /// it and the processes inside their bundles, by the kill signal where needed, within 0.5 s
+    /// plus 1.0 s. False when there is none or when a process is left.
+    bool quitApp(ProcessId pid, bool force);
+
+    /// Quits the selected records one after the other, as quitApp() does: the process ids of the
+    /// records that were quit.
+    std::set<ProcessId> quitApps(std::span<const AppInfo> apps, bool force);
+
+    /// The running application with a process id; null where there is none.
+    [[nodiscard]] Application lookupApp(ProcessId pid) const;
+
+    /// Waits until none of the processes exists any more; false when some do at the end of
+    /// `timeout`. Tests at least once, and does not sleep when they are gone already.
+    bool waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout);
+
+  private:
+    bool quitPolitely(RunningApplication& app, ProcessId pid);
+    bool forceQuit(Application app);
+    [[nodiscard]] std::vector<Application> relatedApps(Application app) const;
+    [[nodiscard]] std::set<ProcessId> collectPIDs(const std::vector<Application>& related,
+                                                  ProcessId primaryPID) const;
+    bool hardKill(const std::set<ProcessId>& pids);
+    [[nodiscard]] bool anyExists(const std::set<ProcessId>& pids) const;
+
+    AppQuitterOperations operations_;
+    const Clock& clock_;
+};
+
+} // namespace calmora

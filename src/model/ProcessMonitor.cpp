@@ -1,0 +1,123 @@
+#include "model/ProcessMonitor.h"
+
+#include "platform/Bundle.h"
+#include "platform/ProcessTable.h"
+#include "platform/Text.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr std::string_view finder = "com.apple.finder";
+
+/// Identifiers are compared as optionals: without one of its own, the program leaves out every
+/// application that has none either.
+bool isListed(const WorkspaceApplication& application, const std::optional<std::string>& own) {
+    return application.bundleIdentifier != own && application.localizedName &&
+           !application.localizedName->empty();
+}
+
+AppInfo record(WorkspaceApplication&& application) {
+    AppInfo app;
+    app.pid = application.processIdentifier;
+    app.name = std::move(application.localizedName).value_or("Unknown");
+    app.bundleIdentifier = std::move(application.bundleIdentifier);
+    app.icon = std::move(application.icon);
+    return app;
+}
+
+} // namespace
+
+ProcessMonitor::ProcessMonitor(Platform platform) : platform_(platform) {}
+
+std::vector<AppInfo> ProcessMonitor::getRunningApps(bool includeFinder) const {
+    const std::optional<std::string> own = platform_.bundle.bundleIdentifier();
+    std::vector<AppInfo> apps;
+    for (WorkspaceApplication& application : platform_.workspace.runningApplications()) {
+        if (application.activationPolicy == ActivationPolicy::regular &&
+            isListed(application, own) &&
+            (includeFinder || application.bundleIdentifier != finder)) {
+            apps.push_back(record(std::move(application)));
+        }
+    }
+    sortByName(apps);
+    return apps;
+}
+
+std::vector<AppInfo> ProcessMonitor::getBackgroundApps() const {
+    const std::optional<std::string> own = platform_.bundle.bundleIdentifier();
+    std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
+
+    // What a background application's parent would contribute; the first with a process id counts.
+    std::unordered_map<ProcessId, std::optional<std::string>> parents;
+    parents.reserve(running.size());
+    for (const WorkspaceApplication& application : running) {
+        const bool isRegular = application.activationPolicy == ActivationPolicy::regular;
+        parents.try_emplace(application.processIdentifier,
+                            isRegular ? application.bundleIdentifier : std::nullopt);
+    }
+
+    std::vector<AppInfo> apps;
+    for (WorkspaceApplication& application : running) {
+        if (application.activationPolicy == ActivationPolicy::regular ||
+            !isListed(application, own) || !application.bundleIdentifier) {
+            continue;
+        }
+        AppInfo& app = apps.emplace_back(record(std::move(application)));
+        app.isBackgroundApp = true;
+        if (const auto parent = parentPID(app.pid)) {
+            const auto found = parents.find(*parent);
+            app.parentBundleIdentifier = found != parents.end() ? found->second : std::nullopt;
+        }
+    }
+    sortByName(apps);
+    return apps;
+}
+
+std::vector<AppInfo> ProcessMonitor::groupBackgroundApps(std::vector<AppInfo> apps) const {
+    std::map<std::string, std::vector<AppInfo>> groups;
+    std::vector<AppInfo> ungrouped;
+    for (AppInfo& app : apps) {
+        if (app.parentBundleIdentifier) {
+            groups[*app.parentBundleIdentifier].push_back(std::move(app));
+        } else {
+            ungrouped.push_back(std::move(app));
+        }
+    }
+
+    std::vector<AppInfo> result;
+    result.reserve(groups.size() + ungrouped.size());
+    for (auto& [parent, members] : groups) {
+        const std::string_view lastComponent =
+            std::string_view(parent).substr(parent.rfind('.') + 1);
+        AppInfo& row = result.emplace_back();
+        row.pid = members.front().pid;
+        row.name = platform_.text.capitalized(lastComponent);
+        row.bundleIdentifier = parent;
+        row.icon = members.front().icon;
+        row.isBackgroundApp = true;
+        row.childProcesses = std::move(members);
+    }
+    std::ranges::move(ungrouped, std::back_inserter(result));
+    return result;
+}
+
+std::optional<ProcessId> ProcessMonitor::parentPID(ProcessId process) const {
+    const std::optional<ProcessId> parent = platform_.processes.parent(process);
+    return parent && *parent >= 1 ? parent : std::nullopt;
+}
+
+void ProcessMonitor::sortByName(std::vector<AppInfo>& apps) const {
+    std::ranges::stable_sort(apps, [this](const AppInfo& a, const AppInfo& b) {
+        return platform_.text.compare(a.name, b.name) < 0;
+    });
+}
+
+} // namespace calmora

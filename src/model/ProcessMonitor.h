@@ -1,0 +1,40 @@
+#pragma once
+
+#include "model/AppInfo.h"
+#include "platform/Platform.h"
+#include "platform/ProcessId.h"
+
+#include <optional>
+#include <vector>
+
+namespace calmora {
+
+/// Turns the workspace's running applications into the lists that the popover shows. Keeps
+/// nothing between calls; each list asks the workspace once. Main thread.
+class ProcessMonitor {
+  public:
+    explicit ProcessMonitor(Platform platform);
+
+    /// The regular applications that have a name, sorted by it, without this program and, unless
+    /// `includeFinder`, without the file manager. Equal names keep the workspace's order.
+    [[nodiscard]] std::vector<AppInfo> getRunningApps(bool includeFinder) const;
+
+    /// The background applications that have a name and an identifier, sorted by name, without
+    /// this program; each with the regular application that is its direct parent process.
+    /// Cost: one look-up of a parent process per background application.
+    [[nodiscard]] std::vector<AppInfo> getBackgroundApps() const;
+
+    /// Folds the applications that have a parent application under one row per parent: the group
+    /// rows by the parent's identifier, then the others in their order.
+    [[nodiscard]] std::vector<AppInfo> groupBackgroundApps(std::vector<AppInfo> apps) const;
+
+  private:
+    /// The parent of a process; absent where it cannot be told or is no process.
+    [[nodiscard]] std::optional<ProcessId> parentPID(ProcessId process) const;
+
+    void sortByName(std::vector<AppInfo>& apps) const;
+
+    Platform platform_;
+};
+
+} // namespace calmora

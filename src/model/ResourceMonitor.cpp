@@ -1,0 +1,71 @@
+#include "model/ResourceMonitor.h"
+
+#include "platform/ProcessTable.h"
+
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+ResourceMonitor::ResourceMonitor(Platform platform) : platform_(platform) {}
+
+std::optional<ResourceUsage> ResourceMonitor::getUsage(ProcessId process) {
+    const std::optional<ProcessCounters> counters = platform_.processes.counters(process);
+    if (!counters) {
+        return std::nullopt;
+    }
+    const Snapshot now{counters->userTime, counters->systemTime, platform_.clock.ticks(),
+                       counters->physFootprint};
+    ResourceUsage usage;
+    const auto [entry, isFirst] = snapshots_.try_emplace(process, now);
+    if (!isFirst) {
+        usage.cpuPercent = percent(entry->second, now);
+        entry->second = now;
+    }
+    usage.memoryMB = static_cast<double>(now.physFootprint) / 1024 / 1024;
+    return usage;
+}
+
+ResourceMonitor::Usages ResourceMonitor::getUsage(std::span<const ProcessId> processes) {
+    Usages usages;
+    usages.reserve(processes.size());
+    for (const ProcessId process : processes) {
+        if (const auto usage = getUsage(process)) {
+            usages[process] = *usage;
+        }
+    }
+    return usages;
+}
+
+void ResourceMonitor::setSnapshots(Snapshots snapshots) {
+    snapshots_ = std::move(snapshots);
+    std::vector<ProcessId> processes;
+    processes.reserve(snapshots_.size());
+    for (const auto& [process, snapshot] : snapshots_) {
+        processes.push_back(process);
+    }
+    platform_.processes.retainCounters(processes);
+}
+
+void ResourceMonitor::rest() {
+    platform_.processes.retainCounters({});
+}
+
+double ResourceMonitor::percent(const Snapshot& before, const Snapshot& now) {
+    // A counter or clock that ran backwards belongs to another process with the same id.
+    if (now.userTime < before.userTime || now.systemTime < before.systemTime ||
+        now.wallTime < before.wallTime) {
+        return 0;
+    }
+    if (!timebase_) {
+        timebase_ = platform_.clock.timebase();
+    }
+    const std::uint64_t busy =
+        (now.userTime - before.userTime) + (now.systemTime - before.systemTime);
+    const double elapsed = static_cast<double>(now.wallTime - before.wallTime) *
+                           static_cast<double>(timebase_->numer) /
+                           static_cast<double>(timebase_->denom);
+    return elapsed > 0 ? static_cast<double>(busy) / elapsed * 100 : 0;
+}
+
+} // namespace calmora

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/ProcessId.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <unordered_map>
+
+namespace calmora {
+
+/// What a process used between two samples, and its memory now.
+struct ResourceUsage {
+    /// Percent of one CPU; not capped, so several busy cores exceed 100. Never negative.
+    double cpuPercent = 0;
+    /// Mebibytes.
+    double memoryMB = 0;
+};
+
+/// Turns the counters of successive samples into percentages. A percentage covers the time since
+/// the same instance last sampled the same process; the first sample gives 0. Main thread.
+class ResourceMonitor {
+  public:
+    /// The counters of a process's latest successful sample.
+    struct Snapshot {
+        /// Nanoseconds.
+        std::uint64_t userTime = 0;
+        /// Nanoseconds.
+        std::uint64_t systemTime = 0;
+        /// Ticks of the monotonic clock.
+        std::uint64_t wallTime = 0;
+        /// Bytes.
+        std::uint64_t physFootprint = 0;
+    };
+
+    using Snapshots = std::unordered_map<ProcessId, Snapshot>;
+    using Usages = std::unordered_map<ProcessId, ResourceUsage>;
+
+    explicit ResourceMonitor(Platform platform);
+
+    /// Samples one process. Absent when its counters cannot be read; its snapshot then stays.
+    [[nodiscard]] std::optional<ResourceUsage> getUsage(ProcessId process);
+
+    /// Samples processes in the given order; an entry for each whose counters could be read.
+    [[nodiscard]] Usages getUsage(std::span<const ProcessId> processes);
+
+    /// The snapshots, by process id. Entries stay after the process has gone until replaced.
+    [[nodiscard]] const Snapshots& snapshots() const { return snapshots_; }
+
+    /// Replaces the snapshots, and lets the process table drop what it keeps open for processes
+    /// that are no longer among them.
+    void setSnapshots(Snapshots snapshots);
+
+    /// Lets the process table drop what it keeps open for sampling: no sample comes soon. The
+    /// snapshots stay.
+    void rest();
+
+  private:
+    [[nodiscard]] double percent(const Snapshot& before, const Snapshot& now);
+
+    Platform platform_;
+    Snapshots snapshots_;
+    /// Read when the first percentage is computed.
+    std::optional<Timebase> timebase_;
+};
+
+} // namespace calmora

@@ -1,0 +1,276 @@
+#include "ui/AppListViewModel.h"
+
+#include "autoquit/KnownApps.h"
+#include "platform/RunLoop.h"
+#include "platform/Text.h"
+#include "settings/AppSettings.h"
+#include "settings/NeverQuitList.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+/// Copies of the chosen entries, in an order that keeps equal ones as they stand. The list comes
+/// sorted by name, so the usual case is only checked.
+template <typename Precedes>
+std::vector<AppInfo> sortedCopy(std::vector<const AppInfo*> chosen, Precedes precedes) {
+    const auto before = [&](const AppInfo* a, const AppInfo* b) { return precedes(*a, *b); };
+    if (!std::ranges::is_sorted(chosen, before)) {
+        std::ranges::stable_sort(chosen, before);
+    }
+    std::vector<AppInfo> result;
+    result.reserve(chosen.size());
+    for (const AppInfo* app : chosen) {
+        result.push_back(*app);
+    }
+    return result;
+}
+
+} // namespace
+
+AppListViewModel::AppListViewModel(AppSettings& settings, Platform platform)
+    : settings_(settings), platform_(platform), processMonitor_(platform), appQuitter_(platform),
+      resourceMonitor_(platform), soundPlayer_(platform) {}
+
+Subscription AppListViewModel::observe(std::function<void(const AppListChange&)> handler) {
+    return changed_.connect(std::move(handler));
+}
+
+void AppListViewModel::setSearchText(std::string text) {
+    if (text != searchText_) {
+        searchText_ = std::move(text);
+        written(Property::searchText);
+    }
+}
+
+std::size_t AppListViewModel::selectedCount() const {
+    return static_cast<std::size_t>(std::ranges::count(apps_, true, &AppInfo::isSelected));
+}
+
+std::vector<AppInfo> AppListViewModel::filteredApps() const {
+    std::vector<const AppInfo*> chosen;
+    chosen.reserve(apps_.size());
+    for (const AppInfo& app : apps_) {
+        if (matchesSearch(app.name)) {
+            chosen.push_back(&app);
+        }
+    }
+    switch (settings_.sortOrder()) {
+    case SortOrder::cpuUsage:
+        return sortedCopy(std::move(chosen), [](const AppInfo& a, const AppInfo& b) {
+            return a.cpuUsage.value_or(0) > b.cpuUsage.value_or(0);
+        });
+    case SortOrder::memoryUsage:
+        return sortedCopy(std::move(chosen), [](const AppInfo& a, const AppInfo& b) {
+            return a.memoryMB.value_or(0) > b.memoryMB.value_or(0);
+        });
+    case SortOrder::alphabetical:
+        break;
+    }
+    return sortedCopy(std::move(chosen),
+                      [this](const AppInfo& a, const AppInfo& b) { return precedesByName(a, b); });
+}
+
+std::vector<AppInfo> AppListViewModel::filteredBackgroundApps() const {
+    if (!settings_.viewBackgroundApps()) {
+        return {};
+    }
+    std::vector<const AppInfo*> chosen;
+    for (const AppInfo& app : backgroundApps_) {
+        const auto memberMatches = [this](const AppInfo& member) {
+            return matchesSearch(member.name);
+        };
+        if (matchesSearch(app.name) ||
+            (app.childProcesses && std::ranges::any_of(*app.childProcesses, memberMatches))) {
+            chosen.push_back(&app);
+        }
+    }
+    return sortedCopy(std::move(chosen),
+                      [this](const AppInfo& a, const AppInfo& b) { return precedesByName(a, b); });
+}
+
+void AppListViewModel::refresh() {
+    std::vector<AppInfo> listed = processMonitor_.getRunningApps(settings_.includeFinderWindows());
+
+    std::unordered_map<ProcessId, const AppInfo*> known;
+    known.reserve(apps_.size());
+    for (const AppInfo& app : apps_) {
+        known.emplace(app.pid, &app);
+    }
+    for (AppInfo& app : listed) {
+        const auto before = known.find(app.pid);
+        if (before != known.end()) {
+            app.isSelected = before->second->isSelected;
+            app.cpuUsage = before->second->cpuUsage;
+            app.memoryMB = before->second->memoryMB;
+        } else if (settings_.deselectAppsByDefault()) {
+            app.isSelected = false;
+        }
+        app.knownAppInfo = KnownApps::lookup(app.bundleIdentifier);
+    }
+    apps_ = std::move(listed);
+    written(Property::apps);
+    applyWhitelist();
+
+    std::vector<AppInfo> background = processMonitor_.getBackgroundApps();
+    if (settings_.groupBackgroundInstances()) {
+        background = processMonitor_.groupBackgroundApps(std::move(background));
+    }
+    backgroundApps_ = std::move(background);
+    written(Property::backgroundApps);
+
+    ResourceMonitor::Snapshots kept;
+    for (const std::vector<AppInfo>* list : {&apps_, &backgroundApps_}) {
+        for (const AppInfo& app : *list) {
+            const auto snapshot = resourceMonitor_.snapshots().find(app.pid);
+            if (snapshot != resourceMonitor_.snapshots().end()) {
+                kept.insert(*snapshot);
+            }
+        }
+    }
+    resourceMonitor_.setSnapshots(std::move(kept));
+}
+
+void AppListViewModel::updateResourceUsage() {
+    std::vector<ProcessId> pids;
+    pids.reserve(apps_.size());
+    for (const AppInfo& app : apps_) {
+        pids.push_back(app.pid);
+    }
+    const ResourceMonitor::Usages usages = resourceMonitor_.getUsage(pids);
+    std::size_t writes = 0;
+    for (AppInfo& app : apps_) {
+        const auto usage = usages.find(app.pid);
+        if (usage != usages.end()) {
+            app.cpuUsage = usage->second.cpuPercent;
+            app.memoryMB = usage->second.memoryMB;
+            writes += 2;
+        }
+    }
+    written(Property::apps, writes);
+}
+
+void AppListViewModel::startPolling(std::chrono::milliseconds interval) {
+    if (pollingTimer_) {
+        pollingTimer_.reset();
+        written(Property::pollingTimer);
+    }
+    updateResourceUsage();
+    pollingTimer_ = platform_.runLoop.repeat(interval, [this] { updateResourceUsage(); });
+    written(Property::pollingTimer);
+}
+
+void AppListViewModel::stopPolling() {
+    if (pollingTimer_) {
+        pollingTimer_.reset();
+        resourceMonitor_.rest();
+        written(Property::pollingTimer);
+    }
+}
+
+void AppListViewModel::applyWhitelist() {
+    const NeverQuitList neverQuit(settings_, platform_.workspace);
+    const std::set<std::string_view>& music = KnownApps::musicAppBundleIDs();
+    std::size_t writes = 0;
+    for (AppInfo& app : apps_) {
+        const std::optional<std::string>& identifier = app.bundleIdentifier;
+        if (settings_.neverQuitMusicApps() && identifier && music.contains(*identifier)) {
+            app.isSelected = false;
+            ++writes;
+        }
+        app.isWhitelisted = identifier && neverQuit.contains(*identifier);
+        ++writes;
+        if (app.isWhitelisted) {
+            app.isSelected = false;
+            ++writes;
+        }
+    }
+    written(Property::apps, writes);
+}
+
+void AppListViewModel::toggleSelection(ProcessId pid) {
+    AppInfo* app = find(pid);
+    if (app && !app->isWhitelisted) {
+        app->isSelected = !app->isSelected;
+        written(Property::apps);
+    }
+}
+
+void AppListViewModel::setAllSelected(bool isSelected) {
+    for (AppInfo& app : apps_) {
+        app.isSelected = isSelected;
+    }
+    written(Property::apps, apps_.size());
+    if (isSelected) {
+        applyWhitelist();
+    }
+}
+
+void AppListViewModel::toggleWhitelist(ProcessId pid) {
+    const AppInfo* app = find(pid);
+    if (!app || !app->bundleIdentifier) {
+        return;
+    }
+    const std::string identifier = *app->bundleIdentifier;
+    if (app->isWhitelisted) {
+        const NeverQuitList neverQuit(settings_, platform_.workspace);
+        for (const std::string& stored : neverQuit.storedFor(identifier)) {
+            settings_.removeFromNeverQuit(stored);
+        }
+    } else {
+        settings_.addToNeverQuit(identifier);
+    }
+    applyWhitelist();
+}
+
+bool AppListViewModel::quitApp(ProcessId pid, bool force) {
+    if (!appQuitter_.quitApp(pid, force)) {
+        return false;
+    }
+    removeQuit({pid});
+    return true;
+}
+
+std::size_t AppListViewModel::quitSelected(bool force) {
+    std::vector<AppInfo> ticked;
+    std::ranges::copy_if(apps_, std::back_inserter(ticked), &AppInfo::isSelected);
+    const std::set<ProcessId> gone = appQuitter_.quitApps(ticked, force);
+    if (!gone.empty()) {
+        removeQuit({gone.begin(), gone.end()});
+    }
+    return gone.size();
+}
+
+void AppListViewModel::written(Property property, std::size_t times) {
+    for (std::size_t i = 0; i < times; ++i) {
+        changed_.emit({.property = property});
+    }
+}
+
+AppInfo* AppListViewModel::find(ProcessId pid) {
+    const auto found = std::ranges::find(apps_, pid, &AppInfo::pid);
+    return found != apps_.end() ? &*found : nullptr;
+}
+
+bool AppListViewModel::matchesSearch(std::string_view name) const {
+    return searchText_.empty() || platform_.text.contains(name, searchText_);
+}
+
+bool AppListViewModel::precedesByName(const AppInfo& a, const AppInfo& b) const {
+    return platform_.text.compare(a.name, b.name) < 0;
+}
+
+void AppListViewModel::removeQuit(const std::unordered_set<ProcessId>& gone) {
+    if (settings_.playSounds()) {
+        soundPlayer_.playQuitSound();
+    }
+    std::erase_if(apps_, [&](const AppInfo& app) { return gone.contains(app.pid); });
+    changed_.emit({Property::apps, AppListChange::Reason::removedAfterQuit});
+}
+
+} // namespace calmora

@@ -1,0 +1,151 @@
+#pragma once
+
+#include "model/AppInfo.h"
+#include "model/AppQuitter.h"
+#include "model/ProcessMonitor.h"
+#include "model/ResourceMonitor.h"
+#include "model/SoundPlayer.h"
+#include "platform/Platform.h"
+#include "platform/ProcessId.h"
+#include "support/Signal.h"
+#include "support/Subscription.h"
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace calmora {
+
+class AppSettings;
+
+/// One write of an observable property of AppListViewModel.
+struct AppListChange {
+    enum class Property { apps, backgroundApps, searchText, pollingTimer };
+
+    /// Why it was written, for a view that animates.
+    enum class Reason {
+        ordinary,
+        /// Entries left because they were quit: see AppListViewModel::removalAnimation.
+        removedAfterQuit,
+    };
+
+    Property property = Property::apps;
+    Reason reason = Reason::ordinary;
+
+    friend bool operator==(const AppListChange&, const AppListChange&) = default;
+};
+
+/// The model behind the popover: the running applications with their ticks, figures and
+/// protection, searched and sorted, and what the user does with them. A short-lived instance
+/// serves a quit shortcut. Main thread.
+class AppListViewModel {
+  public:
+    /// How long the removal of quit entries is animated, easing in and out.
+    static constexpr std::chrono::milliseconds removalAnimation{250};
+
+    /// An empty list. Both arguments must outlive the model; the tools that act on the machine
+    /// are the model's own.
+    AppListViewModel(AppSettings& settings, Platform platform);
+
+    /// Calls `handler` after each write of an observable property until the token ends: every
+    /// field of an entry of apps() is a write of its own, so a view marks itself dirty and
+    /// rebuilds later.
+    [[nodiscard]] Subscription observe(std::function<void(const AppListChange&)> handler);
+
+    /// The regular applications in the process monitor's order; process ids are unique.
+    [[nodiscard]] const std::vector<AppInfo>& apps() const { return apps_; }
+
+    /// The background applications, or their groups, in the process monitor's order. They never
+    /// have figures.
+    [[nodiscard]] const std::vector<AppInfo>& backgroundApps() const { return backgroundApps_; }
+
+    /// What the user searches for, as it stands.
+    [[nodiscard]] const std::string& searchText() const { return searchText_; }
+
+    /// Writing the present text tells nobody.
+    void setSearchText(std::string text);
+
+    /// Whether the sampling timer runs.
+    [[nodiscard]] bool isPolling() const { return static_cast<bool>(pollingTimer_); }
+
+    /// The number of ticked entries of apps().
+    [[nodiscard]] std::size_t selectedCount() const;
+
+    /// The entries of apps() whose name contains the search text, in the order that the settings
+    /// ask for. Computed on each call.
+    [[nodiscard]] std::vector<AppInfo> filteredApps() const;
+
+    /// The background entries to show: none while the settings hide them, else those whose name,
+    /// or a member's, contains the search text, by name. Computed on each call.
+    [[nodiscard]] std::vector<AppInfo> filteredBackgroundApps() const;
+
+    /// Lists the running applications anew; ticks and figures stay with their process ids.
+    void refresh();
+
+    /// Samples CPU and memory of apps(). What cannot be sampled keeps its figures.
+    void updateResourceUsage();
+
+    /// Samples now and then every `interval`, replacing a timer that runs.
+    void startPolling(std::chrono::milliseconds interval);
+
+    /// Stops the timer, if any.
+    void stopPolling();
+
+    /// Applies the never-quit list and the music rule to apps(): the protected are marked and
+    /// unticked, music players only unticked.
+    void applyWhitelist();
+
+    /// Flips the tick of an entry of apps() that is not protected.
+    void toggleSelection(ProcessId pid);
+
+    /// Ticks or unticks all of apps(); the protected and, by the music rule, music players stay
+    /// unticked.
+    void setAllSelected(bool isSelected);
+
+    /// Puts the application of an entry of apps() on the never-quit list, or takes it off.
+    /// Does nothing for one without identifier.
+    void toggleWhitelist(ProcessId pid);
+
+    /// Quits one application, protected or not, and takes it out of apps(). False when a process
+    /// of it is left; the list is then unchanged. Blocks while the quit engine waits.
+    bool quitApp(ProcessId pid, bool force);
+
+    /// Quits the ticked entries of apps() and takes those that are gone out of it: their number.
+    /// Blocks while the quit engine waits.
+    std::size_t quitSelected(bool force);
+
+    /// The sampler's counters, by process id.
+    [[nodiscard]] const ResourceMonitor::Snapshots& snapshots() const {
+        return resourceMonitor_.snapshots();
+    }
+
+  private:
+    using Property = AppListChange::Property;
+
+    /// Tells the observers, once per field, after a pass has written them all: nobody sees a list
+    /// that is half written, and an observer may change it.
+    void written(Property property, std::size_t times = 1);
+    [[nodiscard]] AppInfo* find(ProcessId pid);
+    [[nodiscard]] bool matchesSearch(std::string_view name) const;
+    [[nodiscard]] bool precedesByName(const AppInfo& a, const AppInfo& b) const;
+    void removeQuit(const std::unordered_set<ProcessId>& gone);
+
+    AppSettings& settings_;
+    Platform platform_;
+    ProcessMonitor processMonitor_;
+    AppQuitter appQuitter_;
+    ResourceMonitor resourceMonitor_;
+    SoundPlayer soundPlayer_;
+
+    std::vector<AppInfo> apps_;
+    std::vector<AppInfo> backgroundApps_;
+    std::string searchText_;
+    Subscription pollingTimer_;
+    Signal<const AppListChange&> changed_;
+};
+
+} // namespace calmora
