@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace calmora {
+
+/// The look of the standard widgets: Qt's own Fusion style with our check boxes and slim scroll
+/// bars that lie over what they scroll. Works with the palette alone.
+class ThemeStyle final : public QProxyStyle {
+  public:
+    ThemeStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl subControl,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* returnData) const override;
+};
+
+} // namespace calmora

@@ -1,0 +1,138 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+
+#include <chrono>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+/// Where the rows of a list stand and how they move. Rows have fixed heights, so a list of any
+/// length is arithmetic; which of its rows exist as widgets is decided elsewhere.
+/// All lengths are in device-independent pixels.
+namespace calmora {
+
+/// What a row of the list is.
+enum class RowKind : std::uint8_t {
+    app,
+    divider,
+    sectionHeader,
+    backgroundApp,
+    backgroundGroup,
+    emptyState,
+};
+
+/// What stays the same about a row while lists come and go.
+struct RowKey {
+    RowKind kind = RowKind::app;
+    /// 0 for rows that stand for no process.
+    ProcessId pid = 0;
+
+    friend auto operator<=>(const RowKey&, const RowKey&) = default;
+};
+
+/// One row as the list asks for it.
+struct RowSlot {
+    RowKey key;
+    /// Of the row itself.
+    int height = 0;
+    /// Left free above the row.
+    int spaceBefore = 0;
+    /// Lines in it that the keyboard can reach: 0 for a divider, 1 for an application, 1 and the
+    /// members for a group that is open.
+    int lines = 1;
+
+    friend bool operator==(const RowSlot&, const RowSlot&) = default;
+};
+
+/// One row as it stands.
+struct PlacedRow {
+    RowKey key;
+    int top = 0;
+    int height = 0;
+    /// 1 is fully there; less while a new row fades in.
+    double presence = 1;
+
+    [[nodiscard]] int bottom() const { return top + height; }
+
+    friend bool operator==(const PlacedRow&, const PlacedRow&) = default;
+};
+
+/// How a list moves to its next arrangement.
+enum class RowMotion {
+    /// At once.
+    jump,
+    /// 0.25 s, ease in and out: rows close up after a quit.
+    removal,
+    /// 0.2 s, ease out: the number of rows changed otherwise.
+    count,
+    /// 0.15 s, ease in and out: a group opens or closes.
+    expansion,
+};
+
+/// How long a motion takes; zero for a jump.
+[[nodiscard]] std::chrono::milliseconds duration(RowMotion motion);
+
+/// The part of the way that is covered after the part `t` of the time; both from 0 to 1.
+[[nodiscard]] double eased(RowMotion motion, double t);
+
+/// Puts the rows below each other. Of rows with the same key only the first is placed.
+[[nodiscard]] std::vector<PlacedRow> placeRows(std::span<const RowSlot> slots);
+
+/// Indices of rows, from the first one to the one before the end.
+struct RowRange {
+    std::size_t first = 0;
+    std::size_t end = 0;
+
+    [[nodiscard]] bool contains(std::size_t index) const { return index >= first && index < end; }
+
+    friend bool operator==(const RowRange&, const RowRange&) = default;
+};
+
+/// From the first to the last row that reaches into the band from `top` to `bottom`.
+[[nodiscard]] RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom);
+
+/// The row with this key; absent when there is none.
+[[nodiscard]] std::optional<std::size_t> findRow(std::span<const PlacedRow> rows,
+                                                 const RowKey& key);
+
+/// A list on its way from one arrangement to the next. Rows that stay move and resize, new rows
+/// fade in where they will stand, rows that left are gone at once.
+class RowGlide {
+  public:
+    RowGlide() = default;
+
+    /// From what is on screen now to `target`.
+    RowGlide(std::span<const PlacedRow> shown, std::vector<PlacedRow> target, RowMotion motion);
+
+    /// The rows after `elapsed`, in the order of the target.
+    [[nodiscard]] std::vector<PlacedRow> at(std::chrono::milliseconds elapsed) const;
+
+    [[nodiscard]] bool isOver(std::chrono::milliseconds elapsed) const;
+
+    /// Where the rows are going.
+    [[nodiscard]] const std::vector<PlacedRow>& target() const { return target_; }
+
+  private:
+    std::vector<PlacedRow> start_;
+    std::vector<PlacedRow> target_;
+    RowMotion motion_ = RowMotion::jump;
+};
+
+/// A line of the list: a row, and the line within it.
+struct RowLine {
+    std::size_t row = 0;
+    int line = 0;
+
+    friend bool operator==(const RowLine&, const RowLine&) = default;
+};
+
+/// The next line that the keyboard can reach, `step` (1 or -1) further; from absent the first or
+/// the last one. Absent when there is none.
+[[nodiscard]] std::optional<RowLine> nextLine(std::span<const RowSlot> slots,
+                                              std::optional<RowLine> from, int step);
+
+} // namespace calmora
