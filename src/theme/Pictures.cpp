@@ -27,7 +27,8 @@ QString cacheKey(const Image& image, int pixels) {
     }
     if (!image.file.empty()) {
         const QString file = QString::fromStdString(image.file.string());
-        key += u'|' + file + u'@' + QString::number(QFileInfo(file).lastModified().toMSecsSinceEpoch());
+        key += u'|' + file + u'@' +
+               QString::number(QFileInfo(file).lastModified().toMSecsSinceEpoch());
     }
     if (image.pixels) {
         const auto& argb = image.pixels->argb;
@@ -100,7 +101,7 @@ QPixmap symbolPixmap(const QString& name, int side, const QColor& color, qreal d
         QStringLiteral("symbol:%1:%2:%3").arg(name).arg(pixels).arg(color.rgba(), 0, 16);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        QSvgRenderer renderer(u":/calmora/symbols/" + name + u".svg");
+        QSvgRenderer renderer(QStringLiteral(":/calmora/symbols/%1.svg").arg(name));
         if (!renderer.isValid() || pixels <= 0) {
             return {};
         }
@@ -131,8 +132,7 @@ QPixmap imagePixmap(const Image& image, int side, qreal devicePixelRatio) {
     if (!QPixmapCache::find(key, &pixmap)) {
         QImage picture = decoded(image, pixels);
         if (picture.width() > pixels || picture.height() > pixels) {
-            picture =
-                picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         }
         if (picture.isNull()) {
             pixmap = QPixmap(1, 1);
@@ -158,9 +158,9 @@ void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap) {
     const QSizeF size = pixmap.deviceIndependentSize();
     const QPointF corner(bounds.x() + (bounds.width() - size.width()) / 2,
                          bounds.y() + (bounds.height() - size.height()) / 2);
-    painter.drawPixmap(QPointF(std::round(corner.x() * ratio) / ratio,
-                               std::round(corner.y() * ratio) / ratio),
-                       pixmap);
+    painter.drawPixmap(
+        QPointF(std::round(corner.x() * ratio) / ratio, std::round(corner.y() * ratio) / ratio),
+        pixmap);
 }
 
 } // namespace calmora

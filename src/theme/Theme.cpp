@@ -47,7 +47,8 @@ QColor withAlpha(QColor color, double alpha) {
 
 Theme::Theme(const QPalette& palette)
     : text_(palette.color(QPalette::Active, QPalette::WindowText)),
-      appearance_(text_.lightnessF() > palette.color(QPalette::Active, QPalette::Window).lightnessF()
+      appearance_(text_.lightnessF() >
+                          palette.color(QPalette::Active, QPalette::Window).lightnessF()
                       ? Appearance::dark
                       : Appearance::light) {}
 
@@ -128,8 +129,8 @@ QPalette themePalette(Appearance appearance) {
     const QColor text = dark ? QColor(0xf0, 0xf1, 0xf1) : QColor(0x1c, 0x1e, 0x1f);
     const QColor accent = dark ? QColor(0x1a, 0x9c, 0x90) : QColor(0x0b, 0x7a, 0x70);
     QPalette palette(button, window);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::ToolTipText}) {
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, withAlpha(text, 0.4));
     }

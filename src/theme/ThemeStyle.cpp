@@ -49,9 +49,8 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
         }
     } else {
         painter.setPen(QPen(theme.color(ThemeColor::controlBorder), 1));
-        painter.setBrush(theme.color(option.state & QStyle::State_Sunken
-                                         ? ThemeColor::fill
-                                         : ThemeColor::controlFace));
+        painter.setBrush(theme.color(
+            option.state & QStyle::State_Sunken ? ThemeColor::fill : ThemeColor::controlFace));
         painter.drawRoundedRect(box, metrics::badgeRadius - 0.5, metrics::badgeRadius - 0.5);
     }
     painter.restore();
@@ -101,8 +100,9 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
     const int length = upright ? bar->rect.height() : bar->rect.width();
     const int range = bar->maximum - bar->minimum;
     const int share =
-        range > 0 ? static_cast<int>(qint64{length} * bar->pageStep / (qint64{range} + bar->pageStep))
-                  : length;
+        range > 0
+            ? static_cast<int>(qint64{length} * bar->pageStep / (qint64{range} + bar->pageStep))
+            : length;
     const int handle = std::min(length, std::max(share, shortestHandle));
     const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
                                               length - handle, bar->upsideDown);
