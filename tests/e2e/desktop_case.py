@@ -1,0 +1,80 @@
+"""What the end-to-end tests share: a virtual desktop per test and the installed program on it."""
+
+import json
+import os
+import pathlib
+import sys
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
+
+from popover_driver import PopoverDriver  # noqa: E402
+from virtual_desktop import Timeout, VirtualDesktop, descendants, process_table  # noqa: E402
+
+PROGRAM = os.environ["CALMORA_PROGRAM"]
+WINDOW_CLIENT = os.environ["CALMORA_WINDOW_CLIENT"]
+
+
+class DesktopCase(unittest.TestCase):
+    """Opens a desktop in each test; a failing test keeps the screen and the logs."""
+
+    def open_desktop(self, **options):
+        """The test's desktop, ended with the test."""
+        self.desktop = VirtualDesktop(**options)
+        self.enterContext(self.desktop)
+        return self.desktop
+
+    def enterContext(self, context):
+        """As in later versions of unittest."""
+        result = context.__enter__()
+        self.addCleanup(context.__exit__, None, None, None)
+        return result
+
+    def start_calmora(self):
+        """Calmora on the test's desktop."""
+        self.driver = PopoverDriver(self.desktop, PROGRAM)
+        return self.driver
+
+    def start_application(self, *command):
+        """Starts a program and waits for its window."""
+        child = self.desktop.start(*command)
+        self.desktop.wait_for_window(child)
+        return child
+
+    def preferences(self):
+        """Calmora's preferences as they are on disk; empty while there are none."""
+        file = self.desktop.folder / "config" / "calmora" / "preferences.json"
+        return json.loads(file.read_text()) if file.exists() else {}
+
+    def write_preferences(self, values):
+        """Sets the preferences before Calmora starts."""
+        folder = self.desktop.folder / "config" / "calmora"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "preferences.json").write_text(json.dumps(values))
+
+    def assert_alive(self, *children):
+        """Every one of these programs still runs."""
+        for child in children:
+            self.assertIsNone(child.poll(), f"{child.args[0]} has ended")
+
+    def wait_for_exit(self, child, seconds=5.0):
+        """Waits until a program has ended."""
+        self.desktop.wait_until(lambda: child.poll() is not None, f"end of {child.args[0]}",
+                                seconds)
+
+    def _callTestMethod(self, method):
+        try:
+            super()._callTestMethod(method)
+        except Exception:
+            desktop = getattr(self, "desktop", None)
+            if desktop:
+                picture = pathlib.Path(os.environ.get("CALMORA_FAILURES", "."),
+                                       f"{self.id()}.png")
+                picture.parent.mkdir(parents=True, exist_ok=True)
+                desktop.screenshot(picture)
+                print(f"{self.id()}: screen in {picture}\n{desktop.logs()}", file=sys.stderr)
+            raise
+
+
+__all__ = ["DesktopCase", "PROGRAM", "PopoverDriver", "Timeout", "VirtualDesktop",
+           "WINDOW_CLIENT", "descendants", "process_table"]

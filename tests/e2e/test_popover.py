@@ -1,0 +1,205 @@
+"""The popover on a real desktop: what it lists, what its buttons quit, when it stays open."""
+
+import os
+import signal
+import time
+import unittest
+
+from desktop_case import DesktopCase
+
+
+class Quitting(DesktopCase):
+    def test_lists_and_quits_what_runs(self):
+        desktop = self.open_desktop()
+        calculator = self.start_application("galculator")
+        terminal = self.start_application("xterm")
+        driver = self.start_calmora()
+        driver.open()
+        driver.wait_for_row("Galculator")
+        driver.wait_for_row("XTerm")
+        self.assertFalse([row for row in driver.rows() if "Calmora" in row])
+
+        started = self.desktop.start("xcalc")
+        driver.wait_for_row("XCalc")
+        os.kill(started.pid, signal.SIGTERM)
+        driver.wait_for_no_row("XCalc")
+
+        driver.press("Quit Galculator")
+        self.wait_for_exit(calculator)
+        driver.wait_for_no_row("Galculator")
+        self.assertTrue(driver.is_open(), "quitting from the popover closed it")
+        self.assert_alive(terminal)
+
+        driver.press("Quit All")
+        self.wait_for_exit(terminal)
+        driver.click_icon()
+        desktop.wait_until(lambda: not driver.is_open(), "closed popover")
+
+    def test_unsaved_text_is_asked_for_and_never_lost(self):
+        self.open_desktop()
+        editor = self.start_application("mousepad")
+        self.desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
+        self.desktop.xdotool("type", "unsaved")
+        self.desktop.wait_until(lambda: any("*" in title for title in self.titles(editor)),
+                                "an edited document")
+        driver = self.start_calmora()
+        driver.open()
+        driver.press("Quit Mousepad")
+        time.sleep(2)  # The quit gives up after 1.5 s; only then may the row be judged.
+        dialogs = self.desktop.windows_of(editor.pid)
+        self.assertEqual(len(dialogs), 2, "no dialog asks to save")
+        if not driver.is_open():
+            driver.click_icon()
+        driver.press("Quit Mousepad")
+        time.sleep(0.5)
+        self.assert_alive(editor)
+        self.assertEqual(self.desktop.windows_of(editor.pid), dialogs,
+                         "the second request disturbed the dialog")
+
+    def titles(self, child):
+        return [self.desktop.output("xdotool", "getwindowname", window)
+                for window in self.desktop.windows_of(child.pid)]
+
+
+class ForceMode(DesktopCase):
+    def force_quit_row(self, window_manager):
+        self.open_desktop(window_manager=window_manager)
+        stubborn = self.start_application("galculator")
+        os.kill(stubborn.pid, signal.SIGSTOP)
+        driver = self.start_calmora()
+        driver.open()
+        driver.press("Quit Galculator")
+        time.sleep(2)
+        self.assert_alive(stubborn)
+        if not driver.is_open():
+            driver.click_icon()
+        driver.hold_option()
+        driver.press("Force Quit Galculator")
+        driver.button("Cancel")
+        driver.release_option()
+        driver.desktop.click_node([button for button in driver.nodes("push button")
+                                   if button["name"] == "Force Quit"][0])
+        self.wait_for_exit(stubborn)
+        driver.wait_for_no_row("Galculator")
+        self.assertTrue(driver.is_open())
+
+    def test_option_click_under_openbox(self):
+        self.force_quit_row("openbox")
+
+    def test_option_click_under_xfwm4(self):
+        self.force_quit_row("xfwm4")
+
+    def test_force_quit_all_spares_the_session(self):
+        desktop = self.open_desktop()
+        session = list(desktop.children)
+        shell = desktop.start("sh", "-c", "while :; do sleep 1; done")
+        first = self.start_application("xterm")
+        second = self.start_application("xterm")
+        calculator = self.start_application("galculator")
+        driver = self.start_calmora()
+        driver.open()
+        driver.wait_for_row("Galculator")
+        driver.hold_option()
+        driver.press("Force Quit All")
+        driver.release_option()
+        driver.button("Cancel")
+        self.assertTrue([node for node in desktop.accessible(driver.calmora)
+                         if node["name"] == "Do you want to force quit 3 selected apps?"])
+        desktop.xdotool("key", "Escape")
+        time.sleep(0.3)
+        self.assert_alive(first, second, calculator)
+
+        driver.hold_option()
+        driver.press("Force Quit All")
+        confirm = desktop.wait_until(
+            lambda: [button for button in driver.nodes("push button")
+                     if button["name"] == "Force Quit All"][1:], "the question")
+        desktop.click_node(confirm[0])
+        for child in (first, second, calculator):
+            self.wait_for_exit(child)
+        self.assert_alive(*session, shell, driver.calmora)
+
+
+class Preferences(DesktopCase):
+    def test_protection_is_kept_and_shields(self):
+        desktop = self.open_desktop()
+        calculator = self.start_application("galculator")
+        driver = self.start_calmora()
+        driver.open()
+        desktop.click_node(driver.wait_for_row("Galculator"), button=3)
+        desktop.click_node(desktop.wait_for_node(driver.calmora, "menu item",
+                                                 "Never Quit This App"))
+        desktop.wait_until(lambda: self.preferences().get("neverQuitApps") == ["galculator"],
+                           "the never-quit list on disk")
+        driver.calmora.terminate()
+        self.wait_for_exit(driver.calmora)
+        driver = self.start_calmora()
+        driver.open()
+        driver.wait_for_row("Galculator")
+        self.assertFalse([button for button in driver.nodes("push button")
+                          if button["name"] == "Quit Galculator"])
+        driver.press("Quit All")
+        time.sleep(0.5)
+        self.assert_alive(calculator)
+
+    def test_a_corrupt_file_is_kept_aside(self):
+        desktop = self.open_desktop()
+        self.write_preferences({})
+        folder = desktop.folder / "config" / "calmora"
+        (folder / "preferences.json").write_text('{"sortOrder": "cpu')
+        driver = self.start_calmora()
+        driver.open()
+        kept = [file for file in folder.iterdir() if file.read_text() == '{"sortOrder": "cpu']
+        self.assertEqual(len(kept), 1)
+        self.assertNotEqual(kept[0].name, "preferences.json")
+        self.assertEqual(desktop.logs().count(kept[0].name), 1, "said once on standard error")
+
+
+class Surroundings(DesktopCase):
+    def test_a_second_start_opens_the_popover_of_the_first(self):
+        desktop = self.open_desktop(tray=False)
+        driver = self.start_calmora()
+        desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
+        second = desktop.start(driver.program)
+        self.wait_for_exit(second)
+        self.assertEqual(second.returncode, 0)
+        driver.button("Quit All")
+        self.assert_alive(driver.calmora)
+
+    def test_without_session_bus_or_window_manager(self):
+        desktop = self.open_desktop(window_manager=None, accessibility=False)
+        del desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+        driver = self.start_calmora()
+        desktop.wait_until(driver.icon, "status icon")
+        self.assertEqual(desktop.windows_of(driver.calmora.pid), [])
+        driver.click_icon()
+        desktop.wait_until(lambda: desktop.windows_of(driver.calmora.pid), "popover")
+        second = desktop.start(driver.program)
+        self.wait_for_exit(second)
+        self.assertEqual(second.returncode, 0)
+        self.assert_alive(driver.calmora)
+
+    def test_a_tray_that_comes_late_gets_the_icon(self):
+        desktop = self.open_desktop(tray=False)
+        driver = self.start_calmora()
+        desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
+        desktop.start("trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
+                      "--height", "24")
+        driver.open()
+
+    def test_a_display_that_dies_ends_it_in_order(self):
+        desktop = self.open_desktop()
+        self.start_application("galculator")
+        driver = self.start_calmora()
+        driver.open()
+        desktop.click_node(driver.wait_for_row("Galculator"), button=3)
+        desktop.click_node(desktop.wait_for_node(driver.calmora, "menu item",
+                                                 "Never Quit This App"))
+        desktop.children[0].kill()
+        self.wait_for_exit(driver.calmora)
+        self.assertGreater(driver.calmora.returncode, 0, "ended by a signal or as if all was well")
+        self.assertEqual(self.preferences().get("neverQuitApps"), ["galculator"])
+
+
+if __name__ == "__main__":
+    unittest.main()
