@@ -1,12 +1,20 @@
-// Clicks a status icon with the real pointer and measures how long a pixel of the popover takes to
-// be painted.
+// Measures how long something takes to appear on the screen, by watching one pixel.
 //
-// Usage: popover_latency ICON_X ICON_Y PROBE_X PROBE_Y ROUNDS
-// Prints one line a round: milliseconds from the click to the first change of the probed pixel.
-// The popover must be closed at the start and is closed at the end.
+// popover_latency click ICON_X ICON_Y PROBE_X PROBE_Y ROUNDS
+//     Clicks a status icon with the real pointer. The popover must be closed at the start and is
+//     closed at the end.
+// popover_latency start PROBE_X PROBE_Y ROUNDS PROGRAM
+//     Starts a program and ends it again.
+//
+// Prints one line a round: milliseconds to the first change of the probed pixel.
 
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
+
+#include <csignal>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <charconv>
@@ -40,8 +48,8 @@ class Screen {
     [[nodiscard]] bool isOpen() const { return root_ != 0; }
 
     [[nodiscard]] std::uint32_t pixel(std::int16_t x, std::int16_t y) {
-        const auto cookie = xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, root_, x, y,
-                                          1, 1, ~0U);
+        const auto cookie =
+            xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, root_, x, y, 1, 1, ~0U);
         const std::unique_ptr<xcb_get_image_reply_t, Free> image(
             xcb_get_image_reply(connection_.get(), cookie, nullptr));
         if (!image) {
@@ -84,26 +92,20 @@ std::optional<Milliseconds> waitForPixel(Screen& screen, std::int16_t x, std::in
     return std::nullopt;
 }
 
-} // namespace
+std::int16_t number(std::string_view text) {
+    std::int16_t value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
 
-int main(int argc, char** argv) {
-    const std::span arguments(argv, static_cast<std::size_t>(argc));
-    std::array<std::int16_t, 5> numbers{};
-    if (arguments.size() != numbers.size() + 1) {
-        std::fputs("usage: popover_latency ICON_X ICON_Y PROBE_X PROBE_Y ROUNDS\n", stderr);
-        return EXIT_FAILURE;
-    }
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        const std::string_view text(arguments[i + 1]);
-        std::from_chars(text.data(), text.data() + text.size(), numbers[i]);
-    }
-    const auto [iconX, iconY, probeX, probeY, rounds] = numbers;
-    Screen screen;
-    if (!screen.isOpen()) {
-        std::fputs("no display\n", stderr);
-        return EXIT_FAILURE;
-    }
-    for (int round = 0; round < rounds; ++round) {
+int measureClicks(Screen& screen, std::span<char*> arguments) {
+    const std::int16_t iconX = number(arguments[0]);
+    const std::int16_t iconY = number(arguments[1]);
+    const std::int16_t probeX = number(arguments[2]);
+    const std::int16_t probeY = number(arguments[3]);
+    // Longer than any guard against double clicks, and long enough to become idle.
+    constexpr auto pause = std::chrono::milliseconds(600);
+    for (int round = number(arguments[4]); round > 0; --round) {
         const std::uint32_t before = screen.pixel(probeX, probeY);
         screen.click(iconX, iconY);
         const auto painted = waitForPixel(screen, probeX, probeY, before, true);
@@ -112,14 +114,56 @@ int main(int argc, char** argv) {
             return EXIT_FAILURE;
         }
         std::printf("%.2f\n", painted->count());
-        // Longer than any guard against double clicks, and long enough to become idle.
-        std::this_thread::sleep_for(std::chrono::milliseconds(600));
+        std::this_thread::sleep_for(pause);
         screen.click(iconX, iconY);
         if (!waitForPixel(screen, probeX, probeY, before, false)) {
             std::fputs("the popover did not close\n", stderr);
             return EXIT_FAILURE;
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(600));
+        std::this_thread::sleep_for(pause);
     }
     return EXIT_SUCCESS;
+}
+
+int measureStarts(Screen& screen, std::span<char*> arguments) {
+    const std::int16_t probeX = number(arguments[0]);
+    const std::int16_t probeY = number(arguments[1]);
+    std::array<char*, 2> command{arguments[3], nullptr};
+    for (int round = number(arguments[2]); round > 0; --round) {
+        const std::uint32_t before = screen.pixel(probeX, probeY);
+        pid_t child = 0;
+        if (posix_spawn(&child, command[0], nullptr, nullptr, command.data(), environ) != 0) {
+            std::fputs("the program does not start\n", stderr);
+            return EXIT_FAILURE;
+        }
+        const auto shown = waitForPixel(screen, probeX, probeY, before, true);
+        kill(child, SIGTERM);
+        waitpid(child, nullptr, 0);
+        if (!shown || !waitForPixel(screen, probeX, probeY, before, false)) {
+            std::fputs("the icon did not come and go\n", stderr);
+            return EXIT_FAILURE;
+        }
+        std::printf("%.2f\n", shown->count());
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    const std::string_view mode = argc > 1 ? argv[1] : "";
+    Screen screen;
+    if (!screen.isOpen()) {
+        std::fputs("no display\n", stderr);
+        return EXIT_FAILURE;
+    }
+    if (mode == "click" && argc == 7) {
+        return measureClicks(screen, arguments.subspan(2));
+    }
+    if (mode == "start" && argc == 6) {
+        return measureStarts(screen, arguments.subspan(2));
+    }
+    std::fputs("usage: see the top of the source\n", stderr);
+    return EXIT_FAILURE;
 }
