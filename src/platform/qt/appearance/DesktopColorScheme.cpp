@@ -32,13 +32,14 @@ DesktopColorScheme::DesktopColorScheme() {
     QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, "Read");
     question << QString(appearance) << QString(colorScheme);
     const auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
-        const QDBusPendingReply<QDBusVariant> answer = *call;
-        if (answer.isValid()) {
-            tell(answer.value().variant());
-        }
-        call->deleteLater();
-    });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this](QDBusPendingCallWatcher* call) {
+                const QDBusPendingReply<QDBusVariant> answer = *call;
+                if (answer.isValid()) {
+                    tell(answer.value().variant());
+                }
+                call->deleteLater();
+            });
 }
 
 Subscription DesktopColorScheme::onChanged(std::function<void(bool)> handler) {
@@ -54,9 +55,8 @@ void DesktopColorScheme::settingChanged(const QString& settingNamespace, const Q
 
 void DesktopColorScheme::tell(const QVariant& scheme) {
     // Read() wraps its answer in a second variant.
-    const QVariant inner = scheme.canConvert<QDBusVariant>()
-                               ? qvariant_cast<QDBusVariant>(scheme).variant()
-                               : scheme;
+    const QVariant inner =
+        scheme.canConvert<QDBusVariant>() ? qvariant_cast<QDBusVariant>(scheme).variant() : scheme;
     switch (inner.toUInt()) {
     case preferDark:
         changed_.emit(true);
