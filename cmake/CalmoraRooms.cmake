@@ -34,6 +34,10 @@ function(calmora_add_room target kind)
     target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src"
                    FILES ${ROOM_HEADERS})
     target_link_libraries(${target} ${scope} ${ROOM_LINK})
+    if(kind STREQUAL "VIEWS")
+        # Signal has a function of that name.
+        target_compile_definitions(${target} ${scope} QT_NO_EMIT)
+    endif()
     set_property(TARGET ${target} PROPERTY CALMORA_KIND ${kind})
     set_property(TARGET ${target} PROPERTY CALMORA_FLOOR ${ROOM_FLOOR})
     set_property(GLOBAL APPEND PROPERTY CALMORA_ROOMS ${target})
