@@ -57,6 +57,7 @@ struct TopLevelWindow {
     WindowId group = 0;
     WindowType type = WindowType::none;
     bool skipsTaskbar = false;
+    bool isModal = false;
     /// It takes part in the polite way of closing; another window must never be asked, because
     /// the window manager would kill its client.
     bool canBeAsked = false;
@@ -96,8 +97,7 @@ class WindowSystem {
     /// or is gone. The request may wait until flush().
     virtual bool requestClose(WindowId window) = 0;
 
-    /// The picture that the window carries itself, of about 48 by 48 pixels where there are
-    /// several; null when it has none.
+    /// The picture that the window carries itself, of about 64 by 64 pixels; null when it has none.
     [[nodiscard]] virtual std::shared_ptr<const ImagePixels> icon(WindowId window) = 0;
 
     /// The processes that make up the desktop's display and must live: the server or compositor,

@@ -1,0 +1,62 @@
+#include "platform/linux/windows/WindowRoles.h"
+
+#include <algorithm>
+#include <set>
+#include <unordered_set>
+
+namespace calmora {
+
+namespace {
+
+bool isApplicationType(WindowType type) {
+    return type == WindowType::none || type == WindowType::normal || type == WindowType::dialog ||
+           type == WindowType::utility;
+}
+
+bool namesParent(const TopLevelWindow& window) {
+    return window.transientFor != 0 && window.transientFor != window.id;
+}
+
+} // namespace
+
+std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
+    std::unordered_set<WindowId> known;
+    std::set<ProcessId> withPlainWindow;
+    for (const TopLevelWindow& window : windows) {
+        known.insert(window.id);
+        if (window.process && !namesParent(window) && !window.isModal &&
+            isApplicationType(window.type)) {
+            withPlainWindow.insert(*window.process);
+        }
+    }
+    std::vector<WindowRole> roles;
+    roles.reserve(windows.size());
+    for (const TopLevelWindow& window : windows) {
+        WindowRole role;
+        const bool hasPlainSibling = window.process && withPlainWindow.contains(*window.process);
+        role.isTransient =
+            (namesParent(window) && (known.contains(window.transientFor) || hasPlainSibling)) ||
+            (window.isModal && hasPlainSibling);
+        role.isShell = window.type == WindowType::dock || window.type == WindowType::desktop;
+        const bool isPlain = isApplicationType(window.type) && !role.isTransient;
+        role.isRegular = isPlain && !window.skipsTaskbar;
+        role.mayBeAsked = isPlain && window.canBeAsked;
+        roles.push_back(role);
+    }
+    return roles;
+}
+
+WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window) {
+    // Clients may name each other as parents in a circle.
+    for (std::size_t step = 0; step < 16; ++step) {
+        const auto found = std::ranges::find(windows, window, &TopLevelWindow::id);
+        if (found == windows.end() || !namesParent(*found) ||
+            std::ranges::find(windows, found->transientFor, &TopLevelWindow::id) == windows.end()) {
+            break;
+        }
+        window = found->transientFor;
+    }
+    return window;
+}
+
+} // namespace calmora

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/linux/windows/WindowSystem.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace calmora {
+
+/// What one window is to the application that owns it.
+struct WindowRole {
+    /// It belongs to another window of the application, such as a question about unsaved work.
+    bool isTransient = false;
+    /// A window that makes its process an application that users switch to.
+    bool isRegular = false;
+    /// A window that a polite quit may ask to close.
+    bool mayBeAsked = false;
+    /// A panel or a desktop background: part of the desktop, whatever else its process shows.
+    bool isShell = false;
+};
+
+/// The roles of `windows`, in their order. A window is transient when its parent is among them; or
+/// when it names some other parent, or is modal, and its process has a plain window beside it
+/// (toolkits name a hidden leader as the parent of dialogs that have none).
+[[nodiscard]] std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows);
+
+/// The window at the end of the chain of parents that starts at `window`, as far as it is among
+/// `windows`; `window` itself where it has no parent.
+[[nodiscard]] WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window);
+
+} // namespace calmora

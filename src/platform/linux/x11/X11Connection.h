@@ -1,0 +1,130 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+#include <xcb/res.h>
+#include <xcb/xcb.h>
+
+namespace calmora {
+
+/// Frees what xcb hands out.
+struct X11Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// A reply, an error or an event of the X server; null where there is none.
+template <typename T>
+using X11Reply = std::unique_ptr<T, X11Free>;
+
+/// The atoms that are in use; names in X11Connection.cpp, in the same order.
+enum class X11Atom : std::uint8_t {
+    wmProtocols,
+    wmDeleteWindow,
+    wmState,
+    wmClientMachine,
+    manager,
+    netSupportingWmCheck,
+    netSupported,
+    netClientList,
+    netActiveWindow,
+    netCloseWindow,
+    netWmPid,
+    netWmIcon,
+    netWmState,
+    netWmStateSkipTaskbar,
+    netWmStateModal,
+    netWmWindowType,
+    typeNormal,
+    typeDialog,
+    typeUtility,
+    typeDock,
+    typeDesktop,
+    typeToolbar,
+    typeMenu,
+    typeSplash,
+    typeDropdownMenu,
+    typePopupMenu,
+    typeTooltip,
+    typeNotification,
+    typeCombo,
+    typeDnd,
+    gtkApplicationId,
+    kdeDesktopFile,
+    // Manager selections of the screen (ICCCM 2.8); their names end in its number.
+    selectionWindowManager,
+    selectionCompositor,
+    selectionTray,
+    selectionSettings,
+    count,
+};
+
+/// A connection of our own to the X server, with its screen and atoms. A connection that could not
+/// be made, or that has broken, answers every request with nothing; it never ends the program.
+class X11Connection {
+  public:
+    /// Connects to `display`; empty means the one that the environment names.
+    explicit X11Connection(const std::string& display = {});
+
+    /// The connection for xcb calls; never null.
+    [[nodiscard]] xcb_connection_t* get() const { return connection_.get(); }
+
+    /// Whether the server still answers.
+    [[nodiscard]] bool isAlive() const;
+
+    /// The descriptor to watch for events; negative without a connection.
+    [[nodiscard]] int descriptor() const;
+
+    [[nodiscard]] xcb_window_t root() const { return root_; }
+
+    [[nodiscard]] xcb_atom_t atom(X11Atom atom) const {
+        return atoms_.at(static_cast<std::size_t>(atom));
+    }
+
+    /// The process that listens at the other end; absent when the server is on another machine.
+    /// Source: unix(7), SO_PEERCRED.
+    [[nodiscard]] std::optional<ProcessId> serverProcess() const { return serverProcess_; }
+
+    /// The number that all resources of the client owning `resource` share.
+    [[nodiscard]] std::uint32_t clientBase(std::uint32_t resource) const {
+        return resource & ~resourceMask_;
+    }
+
+    /// Asks for the processes of the clients that own the resources; one answer for each of them
+    /// in their order, absent where the server cannot tell. One round trip.
+    /// Source: X-Resource extension 1.2, QueryClientIds.
+    [[nodiscard]] std::vector<std::optional<ProcessId>>
+    processesOf(std::span<const xcb_window_t> resources) const;
+
+    /// The first 32-bit values of a property: at most `words` of them.
+    [[nodiscard]] xcb_get_property_cookie_t
+    requestProperty(xcb_window_t window, xcb_atom_t property, std::uint32_t words) const;
+
+  private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+
+    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    xcb_window_t root_ = XCB_NONE;
+    std::uint32_t resourceMask_ = 0;
+    std::array<xcb_atom_t, static_cast<std::size_t>(X11Atom::count)> atoms_{};
+    std::optional<ProcessId> serverProcess_;
+    bool knowsClientProcesses_ = false;
+};
+
+/// The 32-bit values of a property; empty when the reply is null or has another format. Valid as
+/// long as the reply.
+[[nodiscard]] std::span<const std::uint32_t> words(const X11Reply<xcb_get_property_reply_t>& reply);
+
+/// The text of a property, without the zero bytes at its end.
+[[nodiscard]] std::string text(const X11Reply<xcb_get_property_reply_t>& reply);
+
+} // namespace calmora
