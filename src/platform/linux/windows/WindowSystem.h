@@ -48,6 +48,10 @@ struct TopLevelWindow {
     std::string className;
     /// _GTK_APPLICATION_ID.
     std::string gtkApplicationId;
+    /// _GTK_UNIQUE_BUS_NAME and _GTK_APPLICATION_OBJECT_PATH: where the application exports its
+    /// actions on the session bus.
+    std::string gtkBusName;
+    std::string gtkObjectPath;
     /// _KDE_NET_WM_DESKTOP_FILE.
     std::string kdeDesktopFile;
 

@@ -41,6 +41,8 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_NET_WM_WINDOW_TYPE_COMBO",
     "_NET_WM_WINDOW_TYPE_DND",
     "_GTK_APPLICATION_ID",
+    "_GTK_UNIQUE_BUS_NAME",
+    "_GTK_APPLICATION_OBJECT_PATH",
     "_KDE_NET_WM_DESKTOP_FILE",
     "WM_S",
     "_NET_WM_CM_S",

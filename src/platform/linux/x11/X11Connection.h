@@ -57,6 +57,8 @@ enum class X11Atom : std::uint8_t {
     typeCombo,
     typeDnd,
     gtkApplicationId,
+    gtkUniqueBusName,
+    gtkApplicationObjectPath,
     kdeDesktopFile,
     // Manager selections of the screen (ICCCM 2.8); their names end in its number.
     selectionWindowManager,

@@ -41,6 +41,8 @@ struct X11WindowReader::Pending {
     xcb_get_property_cookie_t types{};
     xcb_get_property_cookie_t states{};
     xcb_get_property_cookie_t gtkApplicationId{};
+    xcb_get_property_cookie_t gtkBusName{};
+    xcb_get_property_cookie_t gtkObjectPath{};
     xcb_get_property_cookie_t kdeDesktopFile{};
 };
 
@@ -50,9 +52,10 @@ X11WindowReader::X11WindowReader(const X11Connection& connection, NamespaceIds i
 bool X11WindowReader::isRelevant(xcb_atom_t property) const {
     constexpr std::array predefined{XCB_ATOM_WM_CLASS, XCB_ATOM_WM_TRANSIENT_FOR,
                                     XCB_ATOM_WM_HINTS};
-    constexpr std::array own{X11Atom::wmProtocols,   X11Atom::wmClientMachine,
-                             X11Atom::netWmPid,      X11Atom::netWmWindowType,
-                             X11Atom::netWmState,    X11Atom::gtkApplicationId,
+    constexpr std::array own{X11Atom::wmProtocols,      X11Atom::wmClientMachine,
+                             X11Atom::netWmPid,         X11Atom::netWmWindowType,
+                             X11Atom::netWmState,       X11Atom::gtkApplicationId,
+                             X11Atom::gtkUniqueBusName, X11Atom::gtkApplicationObjectPath,
                              X11Atom::kdeDesktopFile};
     return std::ranges::find(predefined, property) != predefined.end() ||
            std::ranges::any_of(own,
@@ -74,6 +77,8 @@ X11WindowReader::Pending X11WindowReader::request(xcb_window_t window) const {
     pending.types = ask(connection_.atom(X11Atom::netWmWindowType), listWords);
     pending.states = ask(connection_.atom(X11Atom::netWmState), listWords);
     pending.gtkApplicationId = ask(connection_.atom(X11Atom::gtkApplicationId), textWords);
+    pending.gtkBusName = ask(connection_.atom(X11Atom::gtkUniqueBusName), textWords);
+    pending.gtkObjectPath = ask(connection_.atom(X11Atom::gtkApplicationObjectPath), textWords);
     pending.kdeDesktopFile = ask(connection_.atom(X11Atom::kdeDesktopFile), textWords);
     return pending;
 }
@@ -145,6 +150,8 @@ std::optional<TopLevelWindow> X11WindowReader::collect(const Pending& pending,
         contains(words(statesReply), connection_.atom(X11Atom::netWmStateSkipTaskbar));
     window.isModal = contains(words(statesReply), connection_.atom(X11Atom::netWmStateModal));
     window.gtkApplicationId = text(take(pending.gtkApplicationId));
+    window.gtkBusName = text(take(pending.gtkBusName));
+    window.gtkObjectPath = text(take(pending.gtkObjectPath));
     window.kdeDesktopFile = text(take(pending.kdeDesktopFile));
     return exists ? std::optional(std::move(window)) : std::nullopt;
 }
