@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <utility>
+
+namespace calmora {
+
+/// Time that stands still until it is moved by hand, or slept away.
+class FakeClock final : public Clock {
+  public:
+    [[nodiscard]] std::chrono::system_clock::time_point now() const override { return wall; }
+
+    [[nodiscard]] std::uint64_t ticks() const override {
+        return static_cast<std::uint64_t>(passed_.count());
+    }
+
+    [[nodiscard]] Timebase timebase() const override { return ratio; }
+
+    void sleep(std::chrono::microseconds duration) override {
+        slept += duration;
+        advance(duration);
+    }
+
+    /// Lets time pass, and what the world does meanwhile happen.
+    void advance(std::chrono::nanoseconds duration) {
+        const std::chrono::nanoseconds end = passed_ + duration;
+        while (!events_.empty() && events_.begin()->first <= end) {
+            auto event = events_.extract(events_.begin());
+            moveTo(event.key());
+            event.mapped()();
+        }
+        moveTo(end);
+    }
+
+    /// Something that the world does by itself after a while, also while the program sleeps.
+    void after(std::chrono::nanoseconds delay, std::function<void()> event) {
+        events_.emplace(passed_ + delay, std::move(event));
+    }
+
+    std::chrono::system_clock::time_point wall{std::chrono::hours(24 * 365 * 50)};
+    Timebase ratio{1, 1};
+    /// All sleeping so far.
+    std::chrono::microseconds slept{0};
+
+  private:
+    void moveTo(std::chrono::nanoseconds time) {
+        wall += std::chrono::duration_cast<std::chrono::system_clock::duration>(time - passed_);
+        passed_ = time;
+    }
+
+    std::chrono::nanoseconds passed_{0};
+    std::multimap<std::chrono::nanoseconds, std::function<void()>> events_;
+};
+
+} // namespace calmora

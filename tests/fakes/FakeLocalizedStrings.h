@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/LocalizedStrings.h"
+
+#include <map>
+
+namespace calmora {
+
+/// Texts in English: the keys, but for the entries given.
+class FakeLocalizedStrings final : public LocalizedStrings {
+  public:
+    [[nodiscard]] std::string text(std::string_view key,
+                                   std::optional<std::int64_t> count = {}) const override {
+        const auto& chosen = count == 1 && singular.contains(key) ? singular : texts;
+        const auto found = chosen.find(key);
+        return found != chosen.end() ? found->second : std::string(key);
+    }
+
+    std::map<std::string, std::string, std::less<>> texts{
+        {"apps_running_count %lld", "%lld apps running"},
+        {"auto_quit_notification %@ %lld", "%@ was quit after %lld minutes"},
+    };
+    /// For a count of 1.
+    std::map<std::string, std::string, std::less<>> singular{
+        {"apps_running_count %lld", "%lld app running"},
+    };
+};
+
+} // namespace calmora

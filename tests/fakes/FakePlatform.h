@@ -1,0 +1,42 @@
+#pragma once
+
+#include "fakes/FakeAlerts.h"
+#include "fakes/FakeBundle.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeEventMonitor.h"
+#include "fakes/FakeLocalizedStrings.h"
+#include "fakes/FakePopover.h"
+#include "fakes/FakeProcessTable.h"
+#include "fakes/FakeRunLoop.h"
+#include "fakes/FakeSoundOutput.h"
+#include "fakes/FakeStatusItem.h"
+#include "fakes/FakeText.h"
+#include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWorkspace.h"
+#include "platform/Platform.h"
+
+namespace calmora {
+
+/// A whole machine in memory.
+struct FakePlatform {
+    FakeClock clock;
+    FakeRunLoop runLoop{clock};
+    FakeProcessTable processes;
+    FakeWorkspace workspace{processes, clock, runLoop};
+    FakeBundle bundle;
+    FakeText text;
+    FakeLocalizedStrings strings;
+    FakeSoundOutput sounds;
+    FakeAlerts alerts;
+    FakeUserDefaults defaults;
+    FakeEventMonitor events;
+    FakeStatusItem statusItem;
+    FakePopover popover;
+
+    /// What the models are given.
+    [[nodiscard]] Platform platform() {
+        return {workspace, processes, clock, runLoop, bundle, text, strings, sounds, alerts};
+    }
+};
+
+} // namespace calmora

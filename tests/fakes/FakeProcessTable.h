@@ -1,0 +1,137 @@
+#pragma once
+
+#include "platform/ProcessTable.h"
+#include "support/Signal.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace calmora {
+
+/// One process of a fake table.
+struct FakeProcess {
+    std::optional<ProcessId> parent = 1;
+    /// Absent means that it may not be read.
+    std::optional<std::string> executable = "/usr/bin/program";
+    std::optional<ProcessCounters> counters = ProcessCounters{};
+    /// Signals that do not end it.
+    std::set<std::int32_t> survives;
+    /// May not be signalled.
+    bool isRefused = false;
+    /// Names the process beyond its id; given by the table.
+    std::uint64_t serial = 0;
+};
+
+/// A table of processes in memory. A signal other than 0 ends a process at once.
+class FakeProcessTable final : public ProcessTable {
+  public:
+    /// Starts a process, in place of one that has the same id.
+    void start(ProcessId process, FakeProcess description = {}) {
+        description.serial = ++serial_;
+        processes_.insert_or_assign(process, std::move(description));
+    }
+
+    /// Ends a process and tells.
+    void end(ProcessId process) {
+        if (processes_.erase(process) > 0) {
+            ended.emit(process);
+        }
+    }
+
+    /// A running process, to be changed; throws where there is none.
+    [[nodiscard]] FakeProcess& at(ProcessId process) { return processes_.at(process); }
+
+    /// The serial of the process that has an id now; 0 where there is none.
+    [[nodiscard]] std::uint64_t serial(ProcessId process) const {
+        const auto found = processes_.find(process);
+        return found != processes_.end() ? found->second.serial : 0;
+    }
+
+    [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override {
+        const auto found = processes_.find(process);
+        return found != processes_.end() ? found->second.parent : std::nullopt;
+    }
+
+    [[nodiscard]] std::vector<ProcessId> allProcesses() const override {
+        std::vector<ProcessId> all;
+        for (const auto& [process, description] : processes_) {
+            all.push_back(process);
+        }
+        return all;
+    }
+
+    [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override {
+        const auto found = processes_.find(process);
+        const auto path = found != processes_.end() ? found->second.executable : std::nullopt;
+        if (onExecutableRead) {
+            onExecutableRead(process);
+        }
+        return path;
+    }
+
+    bool hold(ProcessId process) override {
+        held_.try_emplace(process, serial(process));
+        if (held_.at(process) == serial(process) || !isRunning(process, held_.at(process))) {
+            held_.at(process) = serial(process);
+        }
+        return serial(process) != 0;
+    }
+
+    [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override {
+        sampled.push_back(process);
+        const auto found = processes_.find(process);
+        return found != processes_.end() ? found->second.counters : std::nullopt;
+    }
+
+    void retainCounters(const std::vector<ProcessId>& processes) override {
+        retained = {processes.begin(), processes.end()};
+    }
+
+    std::int32_t sendSignal(ProcessId process, std::int32_t signal) override {
+        if (signal != 0) {
+            signals.emplace_back(process, signal);
+        }
+        const auto found = processes_.find(process);
+        const auto holding = held_.find(process);
+        const bool isAnother = holding != held_.end() && !isRunning(process, holding->second);
+        if (process < 1 || found == processes_.end() || isAnother) {
+            errno = ESRCH;
+            return -1;
+        }
+        if (found->second.isRefused) {
+            errno = EPERM;
+            return -1;
+        }
+        if (signal != 0 && !found->second.survives.contains(signal)) {
+            end(process);
+        }
+        return 0;
+    }
+
+    /// Every signal but 0 that was asked for, in order.
+    std::vector<std::pair<ProcessId, std::int32_t>> signals;
+    /// Every process whose counters were asked for, in order.
+    std::vector<ProcessId> sampled;
+    /// What retainCounters() was last given.
+    std::set<ProcessId> retained;
+    /// Tells of every process that ends.
+    Signal<ProcessId> ended;
+    /// Runs after an executable's path was read, for what happens between two looks.
+    std::function<void(ProcessId)> onExecutableRead;
+
+  private:
+    [[nodiscard]] bool isRunning(ProcessId process, std::uint64_t wanted) const {
+        return wanted != 0 && serial(process) == wanted;
+    }
+
+    std::map<ProcessId, FakeProcess> processes_;
+    std::map<ProcessId, std::uint64_t> held_;
+    std::uint64_t serial_ = 0;
+};
+
+} // namespace calmora

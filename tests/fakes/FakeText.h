@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <algorithm>
+
+namespace calmora {
+
+/// Rules for texts in ASCII letters, the same everywhere.
+class FakeText final : public Text {
+  public:
+    [[nodiscard]] std::weak_ordering compare(std::string_view a,
+                                             std::string_view b) const override {
+        return folded(a) <=> folded(b);
+    }
+
+    [[nodiscard]] bool contains(std::string_view text, std::string_view part) const override {
+        return folded(text).find(folded(part)) != std::string::npos;
+    }
+
+    [[nodiscard]] std::string capitalized(std::string_view text) const override {
+        std::string result = folded(text);
+        bool startsWord = true;
+        for (char& c : result) {
+            const bool isLetter = c >= 'a' && c <= 'z';
+            c = isLetter && startsWord ? static_cast<char>(c - 'a' + 'A') : c;
+            startsWord = !isLetter;
+        }
+        return result;
+    }
+
+  private:
+    static std::string folded(std::string_view text) {
+        std::string result(text);
+        std::ranges::transform(result, result.begin(), [](char c) {
+            return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        });
+        return result;
+    }
+};
+
+} // namespace calmora
