@@ -22,7 +22,7 @@ SessionFacts someSession() {
             .controlGroup = "/user.slice/user-1000.slice/user@1000.service/app.slice/app-x.scope"};
 }
 
-ProcessFacts someApplication() {
+ProtectionCandidate someApplication() {
     return {.process = 4711,
             .user = 1000,
             .isKernelThread = false,
@@ -33,7 +33,7 @@ ProcessFacts someApplication() {
 
 struct Case {
     const char* name;
-    ProcessFacts process;
+    ProtectionCandidate process;
     std::optional<ProtectionReason> expected;
 };
 
@@ -41,18 +41,20 @@ std::vector<Case> cases() {
     using enum ProtectionReason;
     std::vector<Case> all;
     const auto add = [&](const char* name, std::optional<ProtectionReason> expected, auto change) {
-        ProcessFacts facts = someApplication();
+        ProtectionCandidate facts = someApplication();
         change(facts);
         all.push_back({name, std::move(facts), expected});
     };
-    const auto withId = [](ProcessId id) { return [id](ProcessFacts& f) { f.process = id; }; };
+    const auto withId = [](ProcessId id) {
+        return [id](ProtectionCandidate& f) { f.process = id; };
+    };
     const auto inGroup = [](const char* group) {
-        return [group](ProcessFacts& f) { f.controlGroup = group; };
+        return [group](ProtectionCandidate& f) { f.controlGroup = group; };
     };
     const auto named = [](const char* name, const char* executable) {
-        return [=](ProcessFacts& f) { f.name = name, f.executable = executable; };
+        return [=](ProtectionCandidate& f) { f.name = name, f.executable = executable; };
     };
-    add("application", std::nullopt, [](ProcessFacts&) {});
+    add("application", std::nullopt, [](ProtectionCandidate&) {});
     add("negative id", firstProcesses, withId(-4711));
     add("kthreadd", firstProcesses, withId(2));
     add("ourselves", ourselves, withId(100));
@@ -61,9 +63,9 @@ std::vector<Case> cases() {
     add("session manager", session, withId(60));
     add("portal", busOwner, withId(50));
     add("pipewire", audioServer, withId(40));
-    add("unreadable", unreadable, [](ProcessFacts& f) { f.user.reset(); });
-    add("root's", anotherUser, [](ProcessFacts& f) { f.user = 0; });
-    add("kernel thread", kernelThread, [](ProcessFacts& f) { f.isKernelThread = true; });
+    add("unreadable", unreadable, [](ProtectionCandidate& f) { f.user.reset(); });
+    add("root's", anotherUser, [](ProtectionCandidate& f) { f.user = 0; });
+    add("kernel thread", kernelThread, [](ProtectionCandidate& f) { f.isKernelThread = true; });
     add("user manager", controlGroup,
         inGroup("/user.slice/user-1000.slice/user@1000.service/init.scope"));
     add("shell", controlGroup,
@@ -89,26 +91,11 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
 TEST(ProtectionRules, aWholeDesktopInOneServiceIsNoReason) {
     SessionFacts session = someSession();
     session.controlGroup = "/system.slice/vnc.service";
-    ProcessFacts process = someApplication();
+    ProtectionCandidate process = someApplication();
     process.controlGroup = "/system.slice/vnc.service";
     EXPECT_EQ(protection(process, session), std::nullopt);
     process.controlGroup = "/system.slice/cron.service";
     EXPECT_EQ(protection(process, session), ProtectionReason::controlGroup);
-}
-
-TEST(ProtectionRules, readControlGroups) {
-    const std::pair<std::string, std::string> rows[] = {
-        {"0::/user.slice/a:b.scope\n", "/user.slice/a:b.scope"},
-        {"1:name=systemd:/system.slice/x\n0::/y\n", "/y"},
-        {"12:cpu,cpuacct:/z\n1:name=systemd:/system.slice/x\n0::/\n", "/system.slice/x"},
-        {"0::/", ""},
-        {"0:", ""},
-        {"", ""},
-        {"\n\nnonsense\n", ""},
-    };
-    for (const auto& [text, expected] : rows) {
-        EXPECT_EQ(controlGroupPath(text), expected) << text;
-    }
 }
 
 } // namespace

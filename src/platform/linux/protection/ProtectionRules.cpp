@@ -256,7 +256,7 @@ std::optional<ProtectionReason> protectionById(ProcessId process, const SessionF
     return std::nullopt;
 }
 
-std::optional<ProtectionReason> protection(const ProcessFacts& process,
+std::optional<ProtectionReason> protection(const ProtectionCandidate& process,
                                            const SessionFacts& session) {
     if (const auto reason = protectionById(process.process, session)) {
         return reason;
@@ -279,31 +279,6 @@ std::optional<ProtectionReason> protection(const ProcessFacts& process,
         return ProtectionReason::name;
     }
     return std::nullopt;
-}
-
-std::string controlGroupPath(std::string_view text) {
-    std::string_view systemd;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
-        // hierarchy-ID:controller-list:path, where the path may hold colons itself.
-        const std::size_t first = line.find(':');
-        const std::size_t second =
-            first == std::string_view::npos ? first : line.find(':', first + 1);
-        if (second == std::string_view::npos) {
-            continue;
-        }
-        const std::string_view controllers = line.substr(first + 1, second - first - 1);
-        const std::string_view path = line.substr(second + 1);
-        if (line.substr(0, first) == "0" && controllers.empty() && path != "/") {
-            return std::string(path);
-        }
-        if (controllers == "name=systemd") {
-            systemd = path;
-        }
-    }
-    return std::string(systemd);
 }
 
 bool isSessionProgram(std::string_view name) {

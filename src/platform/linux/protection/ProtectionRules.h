@@ -42,12 +42,12 @@ struct SessionFacts {
     std::set<ProcessId> session;
     std::set<ProcessId> busOwners;
     std::set<ProcessId> audioServers;
-    /// Our own control group, as in ProcessFacts.
+    /// Our own control group, as in ProtectionCandidate.
     std::string controlGroup;
 };
 
 /// What one process looks like from outside.
-struct ProcessFacts {
+struct ProtectionCandidate {
     ProcessId process = 0;
     /// The real user id; absent means that the process could not be read.
     std::optional<std::uint32_t> user;
@@ -66,13 +66,8 @@ struct ProcessFacts {
                                                              const SessionFacts& session);
 
 /// Why the process must live; absent means that it may be signalled.
-[[nodiscard]] std::optional<ProtectionReason> protection(const ProcessFacts& process,
+[[nodiscard]] std::optional<ProtectionReason> protection(const ProtectionCandidate& process,
                                                          const SessionFacts& session);
-
-/// The control group of a process out of the text of its /proc/PID/cgroup: that of the unified
-/// hierarchy, else that of systemd's own; empty where there is none.
-/// Source: cgroups(7).
-[[nodiscard]] std::string controlGroupPath(std::string_view text);
 
 /// Whether a program of this name is part of every session that it runs in. Takes an executable's
 /// base name, or the kernel's name of a process, which is cut after 15 bytes.

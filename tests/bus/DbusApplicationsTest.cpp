@@ -1,0 +1,144 @@
+#include "platform/linux/dbus/DbusApplications.h"
+
+#include "PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusVariant>
+
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace calmora {
+namespace {
+
+constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
+constexpr auto watcherPath = "/StatusNotifierWatcher";
+
+QVariantList property(const QVariant& value) {
+    return {QVariant::fromValue(QDBusVariant(value))};
+}
+
+class DbusApplicationsTest : public testing::Test {
+  protected:
+    PrivateBus bus;
+    const ProcessId self = static_cast<ProcessId>(getpid());
+};
+
+TEST_F(DbusApplicationsTest, followsTheItemsOfThePanel) {
+    DbusApplications applications(bus.connect());
+    QDBusConnection panel = bus.connect();
+    QDBusConnection item = bus.connect();
+    QStringList items = {item.baseService() + "/org/example/Item"};
+    ScriptedObject watcher(panel, watcherPath,
+                           [&](const QDBusMessage&) { return property(items); });
+    int changes = 0;
+    const Subscription token = applications.onChanged([&] { ++changes; });
+
+    // A panel that starts late.
+    ASSERT_TRUE(panel.registerService(watcherName));
+    EXPECT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    EXPECT_FALSE(applications.ownsStatusItem(1));
+    EXPECT_EQ(applications.statusItemProcesses(), std::vector{self});
+    EXPECT_EQ(changes, 1);
+
+    watcher.emitSignal(watcherName, "StatusNotifierItemUnregistered", {items.front()});
+    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+
+    // Another spelling, and an item that goes away together with its program.
+    ASSERT_TRUE(item.registerService("org.kde.StatusNotifierItem-4711-1"));
+    watcher.emitSignal(watcherName, "StatusNotifierItemRegistered",
+                       {"org.kde.StatusNotifierItem-4711-1"});
+    EXPECT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    ASSERT_TRUE(item.unregisterService("org.kde.StatusNotifierItem-4711-1"));
+    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+
+    // The panel itself goes.
+    watcher.emitSignal(watcherName, "StatusNotifierItemRegistered", {items.front()});
+    ASSERT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    ASSERT_TRUE(panel.unregisterService(watcherName));
+    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+}
+
+TEST_F(DbusApplicationsTest, asksPlayersThatCanQuit) {
+    QDBusConnection early = bus.connect();
+    ASSERT_TRUE(early.registerService("org.mpris.MediaPlayer2.early"));
+    bool canQuit = false;
+    ScriptedObject player(early, "/org/mpris/MediaPlayer2", [&](const QDBusMessage& message) {
+        return message.member() == "Get" ? property(canQuit) : QVariantList();
+    });
+    DbusApplications applications(bus.connect());
+    ASSERT_TRUE(waitFor([&] { return applications.isMediaPlayer(self); }));
+    ASSERT_TRUE(waitFor([&] { return player.count("Get") == 1; }));
+    EXPECT_FALSE(applications.quitMediaPlayer(self)) << "it says that it cannot quit";
+
+    player.emitSignal("org.freedesktop.DBus.Properties", "PropertiesChanged",
+                      {"org.mpris.MediaPlayer2", QVariantMap{{"CanQuit", true}}, QStringList()});
+    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+    applications.flush();
+    EXPECT_TRUE(waitFor([&] { return player.count("Quit") == 1; }));
+
+    ASSERT_TRUE(early.unregisterService("org.mpris.MediaPlayer2.early"));
+    EXPECT_TRUE(waitFor([&] { return !applications.isMediaPlayer(self); }));
+    EXPECT_FALSE(applications.quitMediaPlayer(self));
+
+    // A name below the namespace that comes later, and one that only looks like it.
+    canQuit = true;
+    ASSERT_TRUE(early.registerService("org.mpris.MediaPlayer2Look.alike"));
+    ASSERT_TRUE(early.registerService("org.mpris.MediaPlayer2.late.instance7"));
+    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+    EXPECT_FALSE(applications.quitMediaPlayer(1));
+}
+
+TEST_F(DbusApplicationsTest, activatesOnlyActionsThatExist) {
+    QDBusConnection program = bus.connect();
+    const auto list = [](QStringList names) {
+        return [names](const QDBusMessage& message) {
+            return message.member() == "List" ? QVariantList{names} : QVariantList();
+        };
+    };
+    ScriptedObject with(program, "/org/example/With", list({"about", "quit"}));
+    ScriptedObject without(program, "/org/example/Without", list({"about"}));
+    const ExportedActions yes{program.baseService().toStdString(), "/org/example/With"};
+    const ExportedActions no{program.baseService().toStdString(), "/org/example/Without"};
+    DbusApplications applications(bus.connect());
+
+    EXPECT_FALSE(applications.activateQuit(yes)) << "not learned yet";
+    applications.learnActions(yes);
+    applications.learnActions(no);
+    applications.learnActions({"no name", "no path"});
+    EXPECT_TRUE(waitFor([&] { return applications.activateQuit(yes); }));
+    applications.flush();
+    ASSERT_TRUE(waitFor([&] { return with.count("Activate") == 1; }));
+    EXPECT_EQ(with.calls.back().signature(), "sava{sv}");
+    EXPECT_EQ(with.calls.back().arguments().value(0), "quit");
+    EXPECT_FALSE(applications.activateQuit(no));
+}
+
+TEST_F(DbusApplicationsTest, knowsWhoCarriesTheSession) {
+    DbusApplications applications(bus.connect());
+    const auto isProtected = [&](qint64 process) {
+        return std::ranges::count(applications.protectedProcesses(), process) == 1;
+    };
+    EXPECT_TRUE(waitFor([&] { return isProtected(bus.processId()); })) << "the bus itself";
+    EXPECT_FALSE(isProtected(self));
+    QDBusConnection portal = bus.connect();
+    ASSERT_TRUE(portal.registerService("org.freedesktop.impl.portal.desktop.example"));
+    EXPECT_TRUE(waitFor([&] { return isProtected(self); }));
+    ASSERT_TRUE(portal.unregisterService("org.freedesktop.impl.portal.desktop.example"));
+    EXPECT_TRUE(waitFor([&] { return !isProtected(self); }));
+}
+
+TEST(DbusApplicationsWithoutBus, tellNothing) {
+    DbusApplications applications(QDBusConnection("no such connection"));
+    applications.learnActions({":1.1", "/x"});
+    applications.flush();
+    EXPECT_FALSE(applications.ownsStatusItem(1));
+    EXPECT_FALSE(applications.quitMediaPlayer(1));
+    EXPECT_FALSE(applications.activateQuit({":1.1", "/x"}));
+    EXPECT_TRUE(applications.protectedProcesses().empty());
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariantList>
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+namespace calmora {
+
+/// A session bus of the test's own that starts no services. It ends with the object.
+class PrivateBus {
+  public:
+    PrivateBus();
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+    ~PrivateBus();
+
+    /// A new connection; closed with the bus.
+    [[nodiscard]] QDBusConnection connect();
+
+    [[nodiscard]] QString address() const { return address_; }
+
+    [[nodiscard]] qint64 processId() const { return daemon_.processId(); }
+
+  private:
+    QTemporaryDir folder_;
+    QProcess daemon_;
+    QString address_;
+    QStringList connections_;
+};
+
+/// An object on the bus whose answers are the test's. It remembers what it was asked.
+class ScriptedObject : public QDBusVirtualObject {
+  public:
+    using Answer = std::function<QVariantList(const QDBusMessage&)>;
+
+    ScriptedObject(QDBusConnection connection, const QString& path, Answer answer = {});
+    ~ScriptedObject() override;
+
+    [[nodiscard]] QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+    /// Emits a signal of this object.
+    void emitSignal(const QString& interface, const QString& name, const QVariantList& arguments);
+
+    /// How often a method was called.
+    [[nodiscard]] int count(const QString& member) const;
+
+    std::vector<QDBusMessage> calls;
+
+  private:
+    QDBusConnection connection_;
+    QString path_;
+    Answer answer_;
+};
+
+/// Runs the event loop until the condition holds; false when it does not within the time.
+[[nodiscard]] bool waitFor(const std::function<bool()>& condition,
+                           std::chrono::milliseconds atMost = std::chrono::seconds(5));
+
+/// Calls a method and runs the event loop until the answer is there.
+[[nodiscard]] QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,
+                                       const QString& path, const QString& interface,
+                                       const QString& method, const QVariantList& arguments = {});
+
+} // namespace calmora
