@@ -20,7 +20,7 @@ struct FakeProcess {
     std::optional<std::string> executable = "/usr/bin/program";
     std::optional<ProcessCounters> counters = ProcessCounters{};
     /// Signals that do not end it.
-    std::set<std::int32_t> survives;
+    std::set<std::int32_t> survives = {};
     /// May not be signalled.
     bool isRefused = false;
     /// Names the process beyond its id; given by the table.

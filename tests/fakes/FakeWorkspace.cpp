@@ -86,6 +86,11 @@ void FakeWorkspace::launch(FakeApplication application) {
     applications_.push_back(std::move(application));
 }
 
+FakeApplication& FakeWorkspace::at(ProcessId process) {
+    const auto found = std::ranges::find(applications_, process, &FakeApplication::pid);
+    return applications_.at(static_cast<std::size_t>(found - applications_.begin()));
+}
+
 void FakeWorkspace::activate(std::optional<ProcessId> process) {
     frontmost_ = process;
     const auto found = std::ranges::find(applications_, process, &FakeApplication::pid);

@@ -42,6 +42,9 @@ class FakeWorkspace final : public Workspace {
     /// Starts an application and its process.
     void launch(FakeApplication application);
 
+    /// A running application, to be changed; throws where there is none.
+    [[nodiscard]] FakeApplication& at(ProcessId process);
+
     /// Brings an application to the front, or none.
     void activate(std::optional<ProcessId> process);
 

@@ -1,0 +1,216 @@
+#include "model/AppQuitter.h"
+
+#include "fakes/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+using Pids = std::set<ProcessId>;
+using Signals = std::vector<std::pair<ProcessId, std::int32_t>>;
+
+constexpr auto never = std::nullopt;
+
+struct AppQuitterTest : testing::Test {
+    FakePlatform machine;
+    AppQuitter quitter{machine.platform()};
+
+    /// Starts an application in a folder of its own.
+    FakeApplication app(ProcessId pid, std::optional<std::string> identifier = "org.app") {
+        FakeApplication application;
+        application.pid = pid;
+        application.name = "App";
+        application.bundleIdentifier = std::move(identifier);
+        application.bundleURL = "/opt/app/";
+        application.process.executable = "/opt/app/run";
+        return application;
+    }
+
+    static AppInfo record(ProcessId pid, bool isSelected = true) {
+        AppInfo info;
+        info.pid = pid;
+        info.isSelected = isSelected;
+        return info;
+    }
+
+    std::chrono::microseconds slept() {
+        return std::exchange(machine.clock.slept, std::chrono::microseconds(0));
+    }
+};
+
+TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
+    struct Case {
+        const char* name;
+        bool accepts;
+        std::optional<std::chrono::milliseconds> endsAfter;
+        bool isGone;
+        std::chrono::milliseconds waits;
+    };
+
+    ProcessId pid = 100;
+    for (const Case& c : {
+             Case{"at once", true, 0ms, true, 0ms},
+             Case{"after a while", true, 320ms, true, 350ms},
+             Case{"at the last moment", true, 1500ms, true, 1500ms},
+             Case{"too late", true, 1501ms, false, 1500ms},
+             Case{"asks to save", true, never, false, 1500ms},
+             Case{"refuses", false, never, false, 0ms},
+         }) {
+        FakeApplication application = app(++pid);
+        application.acceptsTerminate = c.accepts;
+        application.endsAfterTerminate = c.endsAfter;
+        machine.workspace.launch(application);
+        EXPECT_EQ(quitter.quitApp(pid, false), c.isGone) << c.name;
+        EXPECT_EQ(slept(), c.waits) << c.name;
+    }
+    EXPECT_FALSE(quitter.quitApp(99, false)) << "no such application";
+    EXPECT_TRUE(machine.processes.signals.empty());
+    EXPECT_TRUE(machine.workspace.forceRequests.empty());
+}
+
+TEST_F(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
+    machine.workspace.launch(app(11, "org.other"));
+    for (const ProcessId pid : {21, 22, 23}) {
+        FakeApplication instance = app(pid);
+        instance.endsAfterForce = pid == 22 ? never : std::optional(200ms);
+        machine.workspace.launch(instance);
+    }
+    machine.processes.at(11).executable = "/usr/bin/other";
+    machine.processes.start(31, {.executable = "/opt/app/lib/helper"});
+    machine.processes.start(32, {.executable = "/opt/application/sibling"});
+    machine.processes.start(33, {.executable = std::nullopt});
+
+    EXPECT_TRUE(quitter.quitApp(22, true));
+    EXPECT_EQ(machine.workspace.forceRequests, (std::vector<ProcessId>{22, 21, 23}));
+    EXPECT_EQ(machine.processes.signals, (Signals{{22, SIGKILL}, {31, SIGKILL}}));
+    EXPECT_EQ(slept(), 500ms);
+    EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{11, 32, 33}));
+}
+
+TEST_F(AppQuitterTest, FindsHelpersByPlainPrefix) {
+    struct Case {
+        const char* name;
+        std::optional<std::string> bundle;
+        std::optional<std::string> executable;
+        bool findsHelper;
+        bool findsSibling;
+    };
+
+    for (const Case& c : {
+             Case{"closing slash", "/opt/app/", "/usr/bin/x", true, false},
+             Case{"no slash", "/opt/app", "/usr/bin/x", true, true},
+             Case{"no bundle", never, "/opt/app/run", true, true},
+             Case{"no executables below", "/opt/app/run/", "/opt/app/run", false, false},
+             Case{"empty", "", "/opt/app/run", false, false},
+             Case{"neither", never, never, false, false},
+         }) {
+        FakePlatform fresh;
+        FakeApplication application = app(1000, never);
+        application.bundleURL = c.bundle;
+        application.executableURL = c.executable;
+        fresh.workspace.launch(application);
+        fresh.processes.start(31, {.executable = "/opt/app/helper"});
+        fresh.processes.start(32, {.executable = "/opt/app2/sibling"});
+        EXPECT_TRUE(AppQuitter(fresh.platform()).quitApp(1000, true)) << c.name;
+        EXPECT_EQ(fresh.processes.serial(31) == 0, c.findsHelper) << c.name;
+        EXPECT_EQ(fresh.processes.serial(32) == 0, c.findsSibling) << c.name;
+        EXPECT_TRUE(fresh.workspace.identifierLookups.empty()) << c.name;
+    }
+}
+
+TEST_F(AppQuitterTest, NeedsNoKillWhenEverythingEndsInTime) {
+    FakeApplication application = app(1);
+    application.endsAfterForce = 430ms;
+    machine.workspace.launch(application);
+    machine.processes.start(2, {.executable = "/opt/app/helper"});
+    machine.clock.after(450ms, [this] { machine.processes.end(2); });
+    EXPECT_TRUE(quitter.quitApp(1, true));
+    EXPECT_EQ(slept(), 450ms);
+    EXPECT_TRUE(machine.processes.signals.empty());
+}
+
+TEST_F(AppQuitterTest, TellsWhenTheKillFails) {
+    FakeApplication stubborn = app(1);
+    stubborn.acceptsForce = false;
+    stubborn.process.survives = {SIGKILL};
+    machine.workspace.launch(stubborn);
+    EXPECT_FALSE(quitter.quitApp(1, true));
+    EXPECT_EQ(slept(), 1500ms) << "half a second before the kill, one after";
+    EXPECT_EQ(machine.processes.signals, (Signals{{1, SIGKILL}}));
+
+    FakeApplication foreign = app(2, "org.foreign");
+    foreign.acceptsForce = false;
+    foreign.bundleURL = "/opt/foreign/";
+    foreign.process.isRefused = true;
+    machine.workspace.launch(foreign);
+    machine.processes.start(3, {.executable = "/opt/foreign/helper"});
+    EXPECT_FALSE(quitter.quitApp(2, true));
+    EXPECT_EQ(slept(), 500ms) << "a refused kill ends the stage at once";
+    EXPECT_NE(machine.processes.serial(3), 0U) << "the rest get no signal";
+}
+
+TEST_F(AppQuitterTest, NeverTouchesAnotherProcessWithTheSameId) {
+    FakeApplication application = app(1);
+    application.endsAfterForce = 100ms;
+    machine.workspace.launch(application);
+    machine.processes.start(2, {.executable = "/opt/app/helper"});
+    machine.processes.start(3, {.executable = "/opt/app/other"});
+    machine.clock.after(120ms, [this] {
+        machine.processes.start(1, {.executable = "/usr/bin/innocent"});
+        machine.processes.start(2, {.executable = "/usr/bin/innocent"});
+    });
+    // Passes to somebody else between the first look and the second.
+    machine.processes.onExecutableRead = [this](ProcessId pid) {
+        if (pid == 3) {
+            machine.processes.onExecutableRead = nullptr;
+            machine.processes.start(3, {.executable = "/usr/bin/innocent"});
+        }
+    };
+    EXPECT_TRUE(quitter.quitApp(1, true));
+    EXPECT_TRUE(machine.processes.signals.empty());
+    EXPECT_EQ(machine.processes.allProcesses().size(), 3U);
+}
+
+TEST_F(AppQuitterTest, QuitsTheTickedRecordsOneAfterTheOther) {
+    EXPECT_TRUE(quitter.quitApps(std::vector{record(1, false)}, true).empty());
+    EXPECT_TRUE(machine.workspace.lookups.empty());
+
+    for (const ProcessId pid : {1, 2, 3, 4}) {
+        FakeApplication application = app(pid, "org.app" + std::to_string(pid));
+        application.endsAfterTerminate = pid == 2 ? never : std::optional(40ms);
+        machine.workspace.launch(application);
+    }
+    const std::vector<AppInfo> records{record(1), record(2), record(9), record(3, false),
+                                       record(4)};
+    EXPECT_EQ(quitter.quitApps(records, false), (Pids{1, 4}));
+    EXPECT_EQ(machine.workspace.terminateRequests, (std::vector<ProcessId>{1, 2, 4}));
+    EXPECT_EQ(slept(), 50ms + 1500ms + 50ms);
+    EXPECT_EQ(quitter.quitApps(records, true), (Pids{2}));
+}
+
+TEST_F(AppQuitterTest, WaitsByTheClockThatOnlyRunsForward) {
+    machine.processes.start(1);
+    EXPECT_TRUE(quitter.waitForExit({}, 0ms));
+    EXPECT_TRUE(quitter.waitForExit({2, 0, -1}, 0ms)) << "ids below 1 name no process";
+    EXPECT_FALSE(quitter.waitForExit({1}, 0ms));
+    EXPECT_EQ(slept(), 0ms);
+
+    machine.clock.after(60ms, [this] { machine.clock.wall -= 24h; });
+    EXPECT_FALSE(quitter.waitForExit({1}, 500ms));
+    EXPECT_EQ(slept(), 500ms);
+
+    machine.clock.ratio = {0, 0};
+    EXPECT_FALSE(quitter.waitForExit({1}, 500ms)) << "without a usable clock the pauses count";
+    EXPECT_EQ(slept(), 500ms);
+
+    machine.clock.ratio = {1, 1};
+    AppQuitterOperations slow = platformOperations(machine.platform());
+    slow.sleep = [this](std::chrono::microseconds) { machine.clock.sleep(400ms); };
+    EXPECT_FALSE(AppQuitter(slow, machine.clock).waitForExit({1}, 500ms));
+    EXPECT_EQ(slept(), 800ms) << "pauses that take longer are not repeated ten times";
+}
+
+} // namespace
+} // namespace calmora

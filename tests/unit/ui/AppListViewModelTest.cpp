@@ -1,0 +1,283 @@
+#include "ui/AppListViewModel.h"
+
+#include "fakes/FakePlatform.h"
+#include "settings/AppSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+using Change = AppListChange;
+
+/// "name" per row, marked "+" when ticked, "!" when protected, members in brackets.
+std::string summary(const std::vector<AppInfo>& apps) {
+    std::string text;
+    for (const AppInfo& app : apps) {
+        text += (text.empty() ? "" : " ") + app.name + (app.isSelected ? "+" : "") +
+                (app.isWhitelisted ? "!" : "");
+        if (app.childProcesses) {
+            text += "[" + summary(*app.childProcesses) + "]";
+        }
+    }
+    return text;
+}
+
+struct AppListViewModelTest : testing::Test {
+    FakePlatform machine;
+    AppSettings settings{machine.defaults};
+    AppListViewModel model{settings, machine.platform()};
+
+    FakeApplication& launch(ProcessId pid, std::string name, std::optional<std::string> identifier,
+                            ActivationPolicy policy = ActivationPolicy::regular,
+                            ProcessId parent = 1) {
+        FakeApplication app;
+        app.pid = pid;
+        app.name = std::move(name);
+        app.bundleIdentifier = std::move(identifier);
+        app.bundleURL = "/opt/" + std::to_string(pid) + "/";
+        app.policy = policy;
+        app.process.parent = parent;
+        app.process.counters = ProcessCounters{0, 0, std::uint64_t(pid) << 20};
+        machine.workspace.launch(app);
+        return machine.workspace.at(pid);
+    }
+
+    /// Four applications: one of a vendor, a music player, one without identifier, the file
+    /// manager.
+    void launchSome() {
+        launch(4, "Xd", "com.adobe.xd");
+        launch(3, "Music", "com.spotify.client");
+        launch(2, "bare", std::nullopt);
+        launch(1, "Files", "com.apple.finder");
+    }
+};
+
+TEST_F(AppListViewModelTest, KeepsTicksAndFiguresByProcess) {
+    launchSome();
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd+");
+    EXPECT_EQ(model.apps()[2].knownAppInfo->displayName, "Adobe XD");
+    EXPECT_FALSE(model.apps()[0].knownAppInfo);
+
+    model.toggleSelection(2);
+    model.toggleSelection(3);
+    model.updateResourceUsage();
+    settings.setDeselectAppsByDefault(true);
+    settings.setIncludeFinderWindows(true);
+    settings.setNeverQuitMusicApps(false);
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd+");
+    EXPECT_EQ(model.apps()[0].memoryMB, 2);
+    EXPECT_EQ(model.apps()[0].cpuUsage, 0);
+    EXPECT_FALSE(model.apps()[1].memoryMB);
+
+    machine.processes.end(4);
+    launch(5, "Xd", "com.adobe.xd");
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd") << "a new process starts afresh";
+}
+
+TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
+    launchSome();
+    launch(6, "Xd 2", "com.adobe.xd");
+    model.refresh();
+    model.toggleWhitelist(4);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
+    EXPECT_EQ(settings.neverQuitApps(), std::set<std::string>{"com.adobe.xd"});
+
+    model.toggleSelection(6);
+    model.toggleSelection(3);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music+ Xd! Xd 2!") << "music can be ticked by hand";
+    EXPECT_EQ(model.selectedCount(), 2U);
+    model.setAllSelected(false);
+    EXPECT_EQ(model.selectedCount(), 0U);
+    model.setAllSelected(true);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
+
+    model.toggleWhitelist(6);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2");
+    const auto writes = machine.defaults.writes.size();
+    model.toggleWhitelist(2);
+    model.toggleWhitelist(77);
+    model.toggleSelection(77);
+    EXPECT_EQ(machine.defaults.writes.size(), writes);
+
+    machine.workspace.canonicalIdentifiers = {{"photo-tool", "com.adobe.xd"}};
+    settings.setNeverQuitApps({"photo-tool", "com.adobe.xd"});
+    model.applyWhitelist();
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
+    model.toggleWhitelist(4);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2") << "under whatever name it was stored";
+    EXPECT_TRUE(settings.neverQuitApps().empty());
+}
+
+TEST_F(AppListViewModelTest, SortsAndSearches) {
+    launch(10, "Safari", "org.s");
+    launch(11, "apple", "org.a");
+    launch(12, "Beta", "org.b");
+    launch(13, "alpha", "org.a2");
+    model.refresh();
+    machine.processes.at(12).counters.reset();
+    model.updateResourceUsage();
+    machine.clock.advance(1s);
+    machine.processes.at(11).counters->userTime = 800'000'000;
+    machine.processes.at(10).counters->systemTime = 900'000'000;
+    model.updateResourceUsage();
+
+    EXPECT_EQ(summary(model.filteredApps()), "alpha+ apple+ Beta+ Safari+");
+    settings.setSortOrder(SortOrder::cpuUsage);
+    EXPECT_EQ(summary(model.filteredApps()), "Safari+ apple+ alpha+ Beta+");
+    settings.setSortOrder(SortOrder::memoryUsage);
+    EXPECT_EQ(summary(model.filteredApps()), "alpha+ apple+ Safari+ Beta+");
+    EXPECT_EQ(summary(model.apps()), "alpha+ apple+ Beta+ Safari+") << "the list itself stays";
+
+    model.setSearchText("AP");
+    EXPECT_EQ(summary(model.filteredApps()), "apple+");
+    model.setSearchText(" ");
+    EXPECT_EQ(summary(model.filteredApps()), "");
+}
+
+TEST_F(AppListViewModelTest, ShowsBackgroundApplicationsAsTheSettingsAsk) {
+    launch(10, "Editor", "org.Editor");
+    launch(11, "zeta", "org.zeta", ActivationPolicy::accessory, 10);
+    launch(12, "Sync", "org.sync", ActivationPolicy::accessory, 10);
+    launch(13, "Agent", "org.agent", ActivationPolicy::prohibited);
+    model.refresh();
+    EXPECT_EQ(summary(model.backgroundApps()), "Editor+[Sync+ zeta+] Agent+");
+    EXPECT_EQ(summary(model.filteredBackgroundApps()), "");
+
+    settings.setViewBackgroundApps(true);
+    settings.setSortOrder(SortOrder::memoryUsage);
+    EXPECT_EQ(summary(model.filteredBackgroundApps()), "Agent+ Editor+[Sync+ zeta+]");
+    model.setSearchText("ZET");
+    EXPECT_EQ(summary(model.filteredBackgroundApps()), "Editor+[Sync+ zeta+]");
+    settings.setGroupBackgroundInstances(false);
+    model.refresh();
+    EXPECT_EQ(summary(model.filteredBackgroundApps()), "zeta+");
+
+    model.updateResourceUsage();
+    EXPECT_EQ(machine.processes.sampled, std::vector<ProcessId>{10});
+    model.toggleSelection(13);
+    model.toggleWhitelist(13);
+    EXPECT_EQ(summary(model.backgroundApps()), "Agent+ Sync+ zeta+");
+    EXPECT_TRUE(model.quitApp(13, false)) << "a background application can be quit";
+}
+
+TEST_F(AppListViewModelTest, PollsWithOneTimerUntilStopped) {
+    launchSome();
+    model.refresh();
+    model.startPolling(2s);
+    model.startPolling(3s);
+    EXPECT_EQ(machine.runLoop.timers(), std::vector<std::chrono::milliseconds>{3s});
+    EXPECT_EQ(machine.processes.sampled.size(), 6U) << "each start samples at once";
+    machine.processes.at(4).counters->userTime = 1'500'000'000;
+    machine.runLoop.advance(3s);
+    EXPECT_EQ(machine.processes.sampled.size(), 9U);
+    EXPECT_DOUBLE_EQ(model.apps()[2].cpuUsage.value(), 50);
+
+    machine.processes.at(4).counters.reset();
+    machine.runLoop.advance(3s);
+    EXPECT_DOUBLE_EQ(model.apps()[2].cpuUsage.value(), 50) << "what cannot be sampled stays";
+
+    EXPECT_TRUE(model.isPolling());
+    model.stopPolling();
+    EXPECT_FALSE(model.isPolling());
+    machine.runLoop.advance(10s);
+    EXPECT_EQ(machine.processes.sampled.size(), 12U);
+    {
+        AppListViewModel other(settings, machine.platform());
+        other.startPolling(1s);
+    }
+    EXPECT_TRUE(machine.runLoop.timers().empty()) << "a timer ends with its model";
+}
+
+TEST_F(AppListViewModelTest, DropsTheCountersOfWhatLeftBothLists) {
+    launchSome();
+    launch(7, "Agent", "org.agent");
+    model.refresh();
+    model.updateResourceUsage();
+    machine.processes.end(4);
+    machine.workspace.at(7).policy = ActivationPolicy::accessory;
+    model.refresh();
+    std::set<ProcessId> kept;
+    for (const auto& [pid, snapshot] : model.snapshots()) {
+        kept.insert(pid);
+    }
+    EXPECT_EQ(kept, (std::set<ProcessId>{2, 3, 7}));
+    EXPECT_EQ(machine.processes.retained, kept);
+}
+
+TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
+    launchSome();
+    launch(6, "Stays", "org.stays").endsAfterTerminate.reset();
+    settings.setPlaySounds(true);
+    model.refresh();
+    std::vector<Change> changes;
+    const Subscription watching =
+        model.observe([&](const Change& change) { changes.push_back(change); });
+
+    EXPECT_EQ(model.quitSelected(false), 2U);
+    EXPECT_EQ(summary(model.apps()), "Music Stays+");
+    EXPECT_EQ(machine.sounds.calls, (std::vector<std::string>{"stop", "play"}));
+    const Change removal{Change::Property::apps, Change::Reason::removedAfterQuit};
+    EXPECT_EQ(changes, std::vector{removal});
+
+    EXPECT_EQ(model.quitSelected(false), 0U);
+    EXPECT_FALSE(model.quitApp(6, false));
+    EXPECT_EQ(changes.size(), 1U);
+    EXPECT_TRUE(model.quitApp(6, true));
+    EXPECT_TRUE(model.quitApp(3, false));
+    EXPECT_EQ(summary(model.apps()), "");
+    EXPECT_EQ(machine.sounds.calls.size(), 6U);
+
+    machine.workspace.lookups.clear();
+    EXPECT_EQ(model.quitSelected(true), 0U);
+    EXPECT_TRUE(machine.workspace.lookups.empty());
+
+    settings.setPlaySounds(false);
+    launch(8, "Quiet", "org.quiet");
+    model.refresh();
+    EXPECT_TRUE(model.quitApp(8, false));
+    EXPECT_EQ(machine.sounds.calls.size(), 6U);
+
+    settings.setPlaySounds(true);
+    machine.bundle.resources.clear();
+    AppListViewModel silent(settings, machine.platform());
+    launch(9, "Mute", "org.mute");
+    EXPECT_TRUE(silent.quitApp(9, false)) << "without a sound quitting still works";
+    EXPECT_EQ(machine.sounds.calls.size(), 6U);
+}
+
+TEST_F(AppListViewModelTest, TellsOfEveryWrite) {
+    launch(1, "One", "org.one");
+    launch(2, "Two", "com.spotify.client");
+    std::map<Change::Property, int> told;
+    const Subscription watching =
+        model.observe([&](const Change& change) { ++told[change.property]; });
+    const auto count = [&] { return std::exchange(told, {}); };
+    using enum Change::Property;
+    using Told = std::map<Change::Property, int>;
+
+    model.refresh();
+    EXPECT_EQ(count(), (Told{{apps, 4}, {backgroundApps, 1}})) << "the list, two marks, a tick";
+    model.updateResourceUsage();
+    EXPECT_EQ(count(), (Told{{apps, 4}}));
+    model.toggleSelection(1);
+    EXPECT_EQ(count(), (Told{{apps, 1}}));
+    model.setSearchText("x");
+    model.setSearchText("x");
+    EXPECT_EQ(count(), (Told{{searchText, 1}}));
+    model.stopPolling();
+    EXPECT_EQ(count(), Told{});
+    model.startPolling(3s);
+    EXPECT_EQ(count()[pollingTimer], 1);
+    model.startPolling(3s);
+    EXPECT_EQ(count()[pollingTimer], 2) << "the old one goes, the new one comes";
+}
+
+} // namespace
+} // namespace calmora
