@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace calmora {
 
 /// Looks for new versions of the program.
@@ -7,19 +10,36 @@ class Updater {
   public:
     virtual ~Updater() = default;
 
+    /// Why updates can never be looked for, as a text to show (a key of LocalizedStrings); absent
+    /// where they can.
+    [[nodiscard]] virtual std::optional<std::string> unavailableReason() const = 0;
+
     /// Whether a check can be started now.
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
 
     /// Starts a check that the user asked for; does nothing while none can be started.
     virtual void checkForUpdates() = 0;
+
+    /// Whether checks are made without being asked for. Kept by the updater, across restarts.
+    [[nodiscard]] virtual bool automaticallyChecksForUpdates() const = 0;
+
+    virtual void setAutomaticallyChecksForUpdates(bool isAutomatic) = 0;
 };
 
 /// The answer where no way of updating exists: no check can ever be started.
 class UnavailableUpdater final : public Updater {
   public:
+    [[nodiscard]] std::optional<std::string> unavailableReason() const override {
+        return "Updates are not available in this version.";
+    }
+
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
 
     void checkForUpdates() override {}
+
+    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return false; }
+
+    void setAutomaticallyChecksForUpdates(bool /*isAutomatic*/) override {}
 };
 
 } // namespace calmora

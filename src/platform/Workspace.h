@@ -5,6 +5,7 @@
 #include "platform/RunningApplication.h"
 #include "support/Subscription.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,7 +33,16 @@ struct WorkspaceApplication {
     ActivationPolicy activationPolicy = ActivationPolicy::prohibited;
 };
 
-/// The user's running applications.
+/// An application that is installed, running or not.
+struct InstalledApplication {
+    /// In the user's language.
+    std::string displayName;
+    std::optional<Image> icon;
+    /// The file that describes the application to the desktop.
+    std::filesystem::path location;
+};
+
+/// The user's applications.
 class Workspace {
   public:
     using Handler = std::function<void(const WorkspaceApplication&)>;
@@ -58,6 +68,13 @@ class Workspace {
     /// means: where the two differ, a desktop file's name stands for a well-known identifier.
     [[nodiscard]] virtual std::string canonicalIdentifier(const std::string& identifier) const {
         return identifier;
+    }
+
+    /// The installed application with this identifier, stored or canonical; absent where none is
+    /// installed or the workspace knows of running applications only.
+    [[nodiscard]] virtual std::optional<InstalledApplication>
+    installedApplication(const std::string& /*bundleIdentifier*/) const {
+        return std::nullopt;
     }
 
     /// Tells of every application that starts, or that becomes regular.

@@ -1,0 +1,47 @@
+#include "autoquit/ActivityTracker.h"
+
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+
+namespace calmora {
+
+ActivityTracker::ActivityTracker(Platform platform) : platform_(platform) {}
+
+void ActivityTracker::startTracking() {
+    if (observer_) {
+        return;
+    }
+    const auto record = [this](const WorkspaceApplication& application) {
+        if (application.bundleIdentifier) {
+            recordActivation(*application.bundleIdentifier, platform_.clock.now());
+        }
+    };
+    if (const auto frontmost = platform_.workspace.frontmostApplication()) {
+        record(*frontmost);
+    }
+    observer_ = platform_.workspace.onActivated(record);
+}
+
+void ActivityTracker::recordActivation(const std::string& bundleIdentifier, Date date) {
+    lastActiveTime_.insert_or_assign(bundleIdentifier, date);
+}
+
+std::vector<std::string>
+ActivityTracker::inactiveApps(std::chrono::duration<double> threshold) const {
+    const Date now = platform_.clock.now();
+    std::vector<std::string> inactive;
+    for (const auto& [bundleIdentifier, date] : lastActiveTime_) {
+        // The age is compared, not a cutoff: a far threshold has no date.
+        if (now - date > threshold) {
+            inactive.push_back(bundleIdentifier);
+        }
+    }
+    return inactive;
+}
+
+void ActivityTracker::pruneEntries(const std::set<std::string>& bundleIdentifiers) {
+    std::erase_if(lastActiveTime_,
+                  [&](const auto& entry) { return !bundleIdentifiers.contains(entry.first); });
+}
+
+} // namespace calmora

@@ -1,0 +1,159 @@
+#include "autoquit/AutoQuitManager.h"
+
+#include "autoquit/KnownApps.h"
+#include "platform/Clock.h"
+#include "platform/InputGate.h"
+#include "platform/LocalizedStrings.h"
+#include "platform/RunLoop.h"
+#include "platform/UserNotifications.h"
+#include "platform/Workspace.h"
+#include "settings/AppSettings.h"
+#include "settings/NeverQuitList.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+/// Absent where the product does not fit.
+std::optional<std::chrono::duration<double>> threshold(std::int64_t minutes) {
+    constexpr std::int64_t unit = AutoQuitManager::secondsPerMinute;
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / unit;
+    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min() / unit;
+    if (minutes > most || minutes < least) {
+        return std::nullopt;
+    }
+    return std::chrono::duration<double>(static_cast<double>(minutes * unit));
+}
+
+/// Seconds since 1970 as a decimal fraction, as short as it can be read back.
+std::string secondsText(std::chrono::system_clock::time_point date) {
+    const double seconds = std::chrono::duration<double>(date.time_since_epoch()).count();
+    std::array<char, 400> digits{};
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,
+                                            std::chars_format::fixed);
+    std::string text(digits.data(), end);
+    if (text.find('.') == std::string::npos) {
+        text += ".0";
+    }
+    return text;
+}
+
+} // namespace
+
+AutoQuitManager::AutoQuitManager(AppSettings& settings, Platform platform,
+                                 UserNotifications& notifications, InputGate& input)
+    : settings_(settings), platform_(platform), notifications_(notifications), input_(input),
+      activityTracker_(platform), appQuitter_(platform), resourceMonitor_(platform) {}
+
+void AutoQuitManager::start() {
+    checkTimer_.reset();
+    checkTimer_ = platform_.runLoop.repeat(checkInterval, [this] { checkAndQuitInactiveApps(); });
+}
+
+void AutoQuitManager::checkAndQuitInactiveApps() {
+    if (!settings_.autoQuitEnabled()) {
+        return;
+    }
+    const auto limit = threshold(settings_.autoQuitMinutes());
+    if (!limit) {
+        return;
+    }
+    const std::vector<std::string> idle = activityTracker_.inactiveApps(*limit);
+    if (idle.empty()) {
+        return;
+    }
+    const std::set<std::string> inactive(idle.begin(), idle.end());
+    const std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
+    const NeverQuitList neverQuitApps(settings_, platform_.workspace);
+    std::set<std::string> regular;
+    for (const WorkspaceApplication& app : running) {
+        if (app.activationPolicy != ActivationPolicy::regular) {
+            continue;
+        }
+        if (app.bundleIdentifier) {
+            regular.insert(*app.bundleIdentifier);
+        }
+        if (mayQuit(app, inactive, neverQuitApps)) {
+            quit(app);
+        }
+    }
+    activityTracker_.pruneEntries(regular);
+    dropSnapshotsOfOthers(running);
+}
+
+bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
+                              const std::set<std::string>& inactive,
+                              const NeverQuitList& neverQuitApps) {
+    if (!app.bundleIdentifier || !inactive.contains(*app.bundleIdentifier)) {
+        return false;
+    }
+    const std::string& bundleIdentifier = *app.bundleIdentifier;
+    if (settings_.neverQuitMusicApps() &&
+        KnownApps::musicAppBundleIDs().contains(bundleIdentifier)) {
+        return false;
+    }
+    if (bundleIdentifier == finderBundleIdentifier || neverQuitApps.contains(bundleIdentifier)) {
+        return false;
+    }
+    const std::optional<KnownAppInfo> known = KnownApps::lookup(bundleIdentifier);
+    if (!known) {
+        return true;
+    }
+    switch (known->idleBehavior) {
+    case IdleBehavior::safeToQuit:
+        return true;
+    case IdleBehavior::cautious:
+        return !isBusy(app.processIdentifier);
+    case IdleBehavior::neverQuit:
+        return false;
+    }
+    return false;
+}
+
+bool AutoQuitManager::isBusy(ProcessId process) {
+    const std::optional<ResourceUsage> usage = resourceMonitor_.getUsage(process);
+    return usage && usage->cpuPercent >= busyCPUPercent;
+}
+
+void AutoQuitManager::quit(const WorkspaceApplication& app) {
+    const AppQuitter::Application live = appQuitter_.lookupApp(app.processIdentifier);
+    if (!live || !live->terminate()) {
+        return;
+    }
+    const bool isGone = appQuitter_.waitForExit({app.processIdentifier}, quitTimeout);
+    input_.discardQueuedInput();
+    if (isGone) {
+        postAutoQuitNotification(app.localizedName.value_or(app.bundleIdentifier.value_or("")),
+                                 settings_.autoQuitMinutes());
+    }
+}
+
+void AutoQuitManager::postAutoQuitNotification(const std::string& appName, std::int64_t minutes) {
+    UserNotification notification;
+    notification.title = "Calmora";
+    notification.body =
+        fillPlaceholders(platform_.strings.text("auto_quit_notification %@ %lld", minutes),
+                         {appName, std::to_string(minutes)});
+    notification.identifier = "autoQuit-" + appName + "-" + secondsText(platform_.clock.now());
+    notifications_.add(notification);
+}
+
+void AutoQuitManager::dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running) {
+    // A later process may get the id of one that has ended.
+    ResourceMonitor::Snapshots kept = resourceMonitor_.snapshots();
+    const auto isGone = [&](const auto& entry) {
+        return std::ranges::find(running, entry.first, &WorkspaceApplication::processIdentifier) ==
+               running.end();
+    };
+    if (std::erase_if(kept, isGone) > 0) {
+        resourceMonitor_.setSnapshots(std::move(kept));
+    }
+}
+
+} // namespace calmora
