@@ -67,14 +67,13 @@ class FakeProcessTable final : public ProcessTable {
 
     [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override {
         const auto found = processes_.find(process);
-        const auto path = found != processes_.end() ? found->second.executable : std::nullopt;
-        if (onExecutableRead) {
-            onExecutableRead(process);
-        }
-        return path;
+        return found != processes_.end() ? found->second.executable : std::nullopt;
     }
 
     bool hold(ProcessId process) override {
+        if (onHold) {
+            onHold(process);
+        }
         held_.try_emplace(process, serial(process));
         if (held_.at(process) == serial(process) || !isRunning(process, held_.at(process))) {
             held_.at(process) = serial(process);
@@ -95,6 +94,8 @@ class FakeProcessTable final : public ProcessTable {
     std::int32_t sendSignal(ProcessId process, std::int32_t signal) override {
         if (signal != 0) {
             signals.emplace_back(process, signal);
+        } else {
+            probed.insert(process);
         }
         const auto found = processes_.find(process);
         const auto holding = held_.find(process);
@@ -115,14 +116,16 @@ class FakeProcessTable final : public ProcessTable {
 
     /// Every signal but 0 that was asked for, in order.
     std::vector<std::pair<ProcessId, std::int32_t>> signals;
+    /// Every process id whose existence was tested.
+    std::set<ProcessId> probed;
     /// Every process whose counters were asked for, in order.
     std::vector<ProcessId> sampled;
     /// What retainCounters() was last given.
     std::set<ProcessId> retained;
     /// Tells of every process that ends.
     Signal<ProcessId> ended;
-    /// Runs after an executable's path was read, for what happens between two looks.
-    std::function<void(ProcessId)> onExecutableRead;
+    /// Runs before a process is held, for what happens between a look and the hold.
+    std::function<void(ProcessId)> onHold;
 
   private:
     [[nodiscard]] bool isRunning(ProcessId process, std::uint64_t wanted) const {

@@ -161,16 +161,19 @@ TEST_F(AppQuitterTest, NeverTouchesAnotherProcessWithTheSameId) {
         machine.processes.start(1, {.executable = "/usr/bin/innocent"});
         machine.processes.start(2, {.executable = "/usr/bin/innocent"});
     });
-    // Passes to somebody else between the first look and the second.
-    machine.processes.onExecutableRead = [this](ProcessId pid) {
-        if (pid == 3) {
-            machine.processes.onExecutableRead = nullptr;
-            machine.processes.start(3, {.executable = "/usr/bin/innocent"});
+    // Ids that pass to somebody else between the first look and the second.
+    FakeApplication late = app(4, "org.late");
+    machine.workspace.launch(late);
+    machine.processes.onHold = [this](ProcessId pid) {
+        if (pid >= 3) {
+            machine.processes.start(pid, {.executable = "/usr/bin/innocent"});
         }
     };
+    EXPECT_FALSE(quitter.quitApp(4, false));
+    EXPECT_TRUE(machine.workspace.terminateRequests.empty());
     EXPECT_TRUE(quitter.quitApp(1, true));
     EXPECT_TRUE(machine.processes.signals.empty());
-    EXPECT_EQ(machine.processes.allProcesses().size(), 3U);
+    EXPECT_EQ(machine.processes.allProcesses().size(), 4U);
 }
 
 TEST_F(AppQuitterTest, QuitsTheTickedRecordsOneAfterTheOther) {
@@ -196,6 +199,7 @@ TEST_F(AppQuitterTest, WaitsByTheClockThatOnlyRunsForward) {
     EXPECT_TRUE(quitter.waitForExit({2, 0, -1}, 0ms)) << "ids below 1 name no process";
     EXPECT_FALSE(quitter.waitForExit({1}, 0ms));
     EXPECT_EQ(slept(), 0ms);
+    EXPECT_EQ(machine.processes.probed, (Pids{1, 2}));
 
     machine.clock.after(60ms, [this] { machine.clock.wall -= 24h; });
     EXPECT_FALSE(quitter.waitForExit({1}, 500ms));

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace calmora {
 namespace {
 
@@ -67,6 +69,14 @@ TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
     machine.bundle.identifier.reset();
     EXPECT_EQ(summary(monitor.getRunningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
         << "without an identifier of our own, others without one are taken for us";
+}
+
+TEST_F(ProcessMonitorTest, KeepsTheWorkspacesOrderOfEqualNames) {
+    for (ProcessId pid = 1; pid <= 100; ++pid) {
+        machine.workspace.launch(application(pid, pid % 2 ? "Twin" : "twin", "org.twin"));
+    }
+    const std::vector<AppInfo> apps = monitor.getRunningApps(true);
+    EXPECT_TRUE(std::ranges::is_sorted(apps, {}, &AppInfo::pid));
 }
 
 TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
