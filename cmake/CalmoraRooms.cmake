@@ -35,8 +35,8 @@ function(calmora_add_room target kind)
                    FILES ${ROOM_HEADERS})
     target_link_libraries(${target} ${scope} ${ROOM_LINK})
     if(kind STREQUAL "VIEWS")
-        # Signal has a function of that name.
-        target_compile_definitions(${target} ${scope} QT_NO_EMIT)
+        # Qt's macros "emit" and "slots" would rename members of ours.
+        target_compile_definitions(${target} ${scope} QT_NO_KEYWORDS)
     endif()
     set_property(TARGET ${target} PROPERTY CALMORA_KIND ${kind})
     set_property(TARGET ${target} PROPERTY CALMORA_FLOOR ${ROOM_FLOOR})

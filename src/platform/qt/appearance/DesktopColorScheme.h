@@ -21,7 +21,7 @@ class DesktopColorScheme final : public QObject {
     /// Tells the preference when it is learnt and at each change: true for dark.
     [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler);
 
-  private slots:
+  private Q_SLOTS:
     void settingChanged(const QString& settingNamespace, const QString& key,
                         const QDBusVariant& value);
 

@@ -1,0 +1,189 @@
+#include "platform/qt/alerts/AlertPanel.h"
+
+#include "theme/Metrics.h"
+#include "theme/Pictures.h"
+#include "theme/Theme.h"
+
+#include <QAbstractButton>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+constexpr int padding = 20;
+constexpr int iconSide = 48;
+constexpr int badgeSide = 20;
+constexpr int textWidth = 270;
+constexpr int longestText = 400;
+
+/// A text of any program's making, fit for a label.
+QString shortened(const std::string& text) {
+    const QString full = QString::fromStdString(text);
+    return full.size() <= longestText
+               ? full
+               : full.left(longestText / 2) + QChar(0x2026) + full.right(longestText / 2);
+}
+
+class AlertIcon final : public QWidget {
+  public:
+    AlertIcon(Image image, AlertStyle style) : image_(std::move(image)), style_(style) {
+        setFixedSize(iconSide, iconSide);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawPixmap(painter, rect(), imagePixmap(image_, iconSide, devicePixelRatio()));
+        if (style_ != AlertStyle::critical) {
+            return;
+        }
+        QRectF badge(0, 0, badgeSide, badgeSide);
+        badge.moveBottomRight(QPointF(width(), height()));
+        painter.setPen(QPen(palette().window().color(), 2));
+        painter.setBrush(Theme::of(*this).buttonFace(badge, true));
+        painter.drawEllipse(badge.adjusted(1, 1, -1, -1));
+        painter.setPen(
+            QPen(Theme::of(*this).color(ThemeColor::onAccent), 2.2, Qt::SolidLine, Qt::RoundCap));
+        const double middle = badge.center().x();
+        painter.drawLine(QPointF(middle, badge.top() + 5.5), QPointF(middle, badge.top() + 10.5));
+        painter.drawPoint(QPointF(middle, badge.top() + 14.3));
+    }
+
+  private:
+    Image image_;
+    AlertStyle style_;
+};
+
+class AlertPushButton final : public QAbstractButton {
+  public:
+    explicit AlertPushButton(const AlertButton& button) : isDestructive_(button.isDestructive) {
+        setText(shortened(button.title));
+        setFont(Theme::font(TextStyle::body, QFont::Medium));
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_Hover);
+        setCursor(Qt::ArrowCursor);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        const QSize text = fontMetrics().size(Qt::TextSingleLine, this->text());
+        return {text.width() + 2 * 18 + 2 * metrics::focusRing,
+                text.height() + 2 * 7 + 2 * metrics::focusRing};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const Theme theme = Theme::of(*this);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        constexpr double around = metrics::focusRing;
+        const QRectF face = QRectF(rect()).adjusted(around, around, -around, -around);
+        if (isDestructive_) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(theme.buttonFace(face, true));
+            painter.drawRoundedRect(face, metrics::fieldRadius, metrics::fieldRadius);
+        } else {
+            painter.setPen(QPen(theme.color(ThemeColor::controlBorder), 1));
+            painter.setBrush(theme.color(ThemeColor::controlFace));
+            painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), metrics::fieldRadius,
+                                    metrics::fieldRadius);
+        }
+        if (isDown() || underMouse()) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(0, 0, 0, isDown() ? 45 : 18));
+            painter.drawRoundedRect(face, metrics::fieldRadius, metrics::fieldRadius);
+        }
+        // The default button shows where Return goes, whoever brought the keyboard here.
+        if (hasFocus()) {
+            drawFocusRing(painter, face, metrics::fieldRadius, theme);
+        }
+        painter.setFont(font());
+        painter.setPen(theme.color(isDestructive_ ? ThemeColor::onAccent : ThemeColor::primary));
+        painter.drawText(face, Qt::AlignCenter, text());
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            click();
+            return;
+        }
+        QAbstractButton::keyPressEvent(event);
+    }
+
+  private:
+    bool isDestructive_;
+};
+
+QLabel* makeText(const std::string& text, TextStyle style, ThemeColor color, const Theme& theme) {
+    auto* label = new QLabel(shortened(text));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setFont(Theme::font(style));
+    label->setMinimumWidth(textWidth);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, theme.color(color));
+    label->setPalette(palette);
+    return label;
+}
+
+} // namespace
+
+AlertPanel::AlertPanel(const Alert& alert, const Image& icon,
+                       std::function<void(std::size_t)> onAnswer) {
+    setObjectName("alert");
+    setAccessibleName(shortened(alert.messageText));
+    setAccessibleDescription(shortened(alert.informativeText));
+    const Theme theme = Theme::of(*this);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(6);
+    auto* message = makeText(alert.messageText, TextStyle::headline, ThemeColor::primary, theme);
+    message->setObjectName("messageText");
+    texts->addWidget(message);
+    auto* explanation =
+        makeText(alert.informativeText, TextStyle::body, ThemeColor::secondary, theme);
+    explanation->setObjectName("informativeText");
+    texts->addWidget(explanation);
+    texts->addStretch();
+
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(16);
+    upper->addWidget(new AlertIcon(icon, alert.style), 0, Qt::AlignTop);
+    upper->addLayout(texts, 1);
+
+    auto* lower = new QHBoxLayout;
+    lower->setSpacing(8);
+    lower->addStretch();
+    for (std::size_t index = alert.buttons.size(); index-- > 0;) {
+        const bool isLast = index + 1 == alert.buttons.size();
+        auto* button = new AlertPushButton(alert.buttons[index]);
+        button->setObjectName(QString("alertButton%1").arg(index));
+        connect(button, &QAbstractButton::clicked, this, [onAnswer, index] { onAnswer(index); });
+        lower->addWidget(button);
+        if (isLast) {
+            defaultButton_ = button;
+        }
+    }
+
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(padding, padding, padding, padding - 4);
+    all->setSpacing(18);
+    all->addLayout(upper);
+    all->addLayout(lower);
+}
+
+void AlertPanel::focusDefaultButton() {
+    if (defaultButton_) {
+        defaultButton_->setFocus(Qt::ActiveWindowFocusReason);
+    }
+}
+
+} // namespace calmora

@@ -1,0 +1,75 @@
+#include "platform/qt/alerts/QtAlerts.h"
+
+#include "platform/qt/alerts/AlertPanel.h"
+#include "platform/qt/window/TransientFrame.h"
+
+#include <QCursor>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
+#include <QWindow>
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+/// The screen that the user looks at: that of our focused window, else the pointer's.
+const QScreen* currentScreen() {
+    if (const QWindow* focused = QGuiApplication::focusWindow()) {
+        return focused->screen();
+    }
+    const QScreen* underPointer = QGuiApplication::screenAt(QCursor::pos());
+    return underPointer ? underPointer : QGuiApplication::primaryScreen();
+}
+
+QRect centred(QSize size, const QRect& area) {
+    QRect rect({}, size.boundedTo(area.size()));
+    rect.moveCenter(area.center());
+    return rect;
+}
+
+} // namespace
+
+QtAlerts::QtAlerts(TransientWindows& windows, AlertSession& session, Image ownIcon)
+    : windows_(windows), session_(session), ownIcon_(std::move(ownIcon)) {}
+
+std::size_t QtAlerts::runModal(const Alert& alert) {
+    std::size_t answer = alert.buttons.empty() ? 0 : alert.buttons.size() - 1;
+    const QScreen* screen = currentScreen();
+    if (!screen || alert.buttons.empty()) {
+        return answer;
+    }
+    const Subscription session = session_.begin();
+    QEventLoop loop;
+
+    TransientFrame frame(windows_);
+    frame.setWindowTitle("Calmora");
+    frame.setWindowModality(Qt::ApplicationModal);
+    auto panel =
+        std::make_unique<AlertPanel>(alert, alert.icon.value_or(ownIcon_), [&](std::size_t index) {
+            answer = index;
+            loop.quit();
+        });
+    AlertPanel& shown = *panel;
+    frame.setBody(std::move(panel));
+    frame.setOnEscape([&] { loop.quit(); });
+    frame.ensurePolished();
+    shown.setFixedWidth(shown.sizeHint().width());
+    const int height = shown.layout()->hasHeightForWidth()
+                           ? shown.layout()->totalHeightForWidth(shown.width())
+                           : shown.sizeHint().height();
+    frame.showAt(centred({shown.width() + 2, height + 2}, screen->availableGeometry()));
+    shown.focusDefaultButton();
+
+    const auto loan = windows_.lendKeyboard(
+        *frame.windowHandle(), [] { return false; }, [&](Leaving) { frame.raise(); });
+    // No window manager gives the keyboard to this window at a click.
+    frame.setOnPress([&] { loan->renew(); });
+    loop.exec();
+    return answer;
+}
+
+} // namespace calmora

@@ -1,0 +1,88 @@
+#include "platform/qt/input/QtInputGate.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QTimer>
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+bool isInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Time stamps wrap around after 49 days.
+bool isNotAfter(std::uint32_t time, std::uint32_t limit) {
+    return static_cast<std::int32_t>(time - limit) <= 0;
+}
+
+} // namespace
+
+QtInputGate::QtInputGate(TransientWindows& windows, std::function<void()> onDiscard)
+    : windows_(windows), onDiscard_(std::move(onDiscard)), filter_(*this) {}
+
+void QtInputGate::discardQueuedInput() {
+    until_ = windows_.eventTime();
+    pressesDiscarded_ = {};
+    setShut(true);
+    if (!until_) {
+        // What is waiting arrives within one turn of the loop.
+        QTimer::singleShot(0, &filter_,
+                           [this] { QTimer::singleShot(0, &filter_, [this] { setShut(false); }); });
+    }
+    if (onDiscard_) {
+        onDiscard_();
+    }
+}
+
+void QtInputGate::setShut(bool isShut) {
+    qGuiApp->removeEventFilter(&filter_);
+    if (isShut) {
+        qGuiApp->installEventFilter(&filter_);
+    }
+}
+
+bool QtInputGate::discards(const QEvent& event) {
+    const bool isOld =
+        !until_ ||
+        isNotAfter(static_cast<std::uint32_t>(static_cast<const QInputEvent&>(event).timestamp()),
+                   *until_);
+    const bool isPress =
+        event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+    if (isOld) {
+        if (isPress) {
+            pressesDiscarded_ |= static_cast<const QMouseEvent&>(event).button();
+        }
+        return true;
+    }
+    if (event.type() == QEvent::MouseButtonRelease) {
+        const Qt::MouseButton button = static_cast<const QMouseEvent&>(event).button();
+        if (pressesDiscarded_.testFlag(button)) {
+            pressesDiscarded_.setFlag(button, false);
+            return true;
+        }
+    }
+    if (!pressesDiscarded_) {
+        setShut(false);
+    }
+    return false;
+}
+
+bool QtInputGate::Filter::eventFilter(QObject* watched, QEvent* event) {
+    return watched->isWindowType() && isInput(event->type()) && gate_.discards(*event);
+}
+
+} // namespace calmora

@@ -1,0 +1,106 @@
+#include "platform/qt/popover/QtPopover.h"
+
+#include "platform/qt/popover/PopoverPlacement.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
+
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+namespace {
+
+QRect toQRect(const Rect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+Rect fromQRect(const QRect& rect) {
+    return {rect.x(), rect.y(), rect.width(), rect.height()};
+}
+
+/// The primary screen first.
+std::vector<ScreenArea> screenAreas() {
+    std::vector<ScreenArea> areas;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const ScreenArea area{fromQRect(screen->geometry()),
+                              fromQRect(screen->availableGeometry())};
+        areas.insert(screen == QGuiApplication::primaryScreen() ? areas.begin() : areas.end(),
+                     area);
+    }
+    return areas;
+}
+
+} // namespace
+
+QtPopover::QtPopover(TransientWindows& windows, AlertSession& alerts)
+    : windows_(windows), alerts_(alerts), frame_(windows) {
+    frame_.setObjectName("popover");
+    frame_.setWindowTitle("Calmora");
+    frame_.setOnEscape([this] { performClose(); });
+    alertChanges_ = alerts_.onChanged([this](bool isOpen) {
+        if (!isOpen && loan_) {
+            // The alert is about to give the keyboard back.
+            QTimer::singleShot(0, &frame_, [this] {
+                if (loan_) {
+                    loan_->check();
+                }
+            });
+        }
+    });
+}
+
+QtPopover::~QtPopover() = default;
+
+void QtPopover::setContent(std::unique_ptr<QWidget> content) {
+    frame_.setBody(std::move(content));
+}
+
+void QtPopover::setContentSize(Size size) {
+    contentSize_ = size;
+}
+
+void QtPopover::show(std::optional<Rect> anchor) {
+    const auto screens = screenAreas();
+    if (loan_ || screens.empty() || guard_.refuses(std::chrono::steady_clock::now())) {
+        return;
+    }
+    willShow_.emit();
+    anchor_ = anchor;
+    bounds_ = placePopover(contentSize_, anchor_, screens);
+    frame_.showAt(toQRect(bounds_));
+    loan_ = windows_.lendKeyboard(
+        *frame_.windowHandle(), [this] { return alerts_.isOpen(); },
+        [this](Leaving how) { userLeft(how); });
+}
+
+void QtPopover::performClose() {
+    if (!loan_) {
+        return;
+    }
+    // First the keyboard, then the window: hidden, it could no longer hand it on.
+    loan_.reset();
+    frame_.hide();
+    didClose_.emit();
+}
+
+void QtPopover::userLeft(Leaving how) {
+    if (how == Leaving::pressedOutside && anchor_ && toQRect(*anchor_).contains(QCursor::pos())) {
+        return; // The icon's own action follows.
+    }
+    guard_.noteLeft(std::chrono::steady_clock::now());
+    performClose();
+}
+
+Subscription QtPopover::onWillShow(std::function<void()> handler) {
+    return willShow_.connect(std::move(handler));
+}
+
+Subscription QtPopover::onDidClose(std::function<void()> handler) {
+    return didClose_.connect(std::move(handler));
+}
+
+} // namespace calmora

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/Popover.h"
+#include "platform/qt/AlertSession.h"
+#include "platform/qt/popover/ReopenGuard.h"
+#include "platform/qt/window/TransientFrame.h"
+#include "platform/qt/window/TransientWindows.h"
+#include "support/Signal.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace calmora {
+
+/// The window under the status icon. It has the keyboard while it is shown and closes when the
+/// user turns elsewhere: a press outside of it and the icon, another window that gets the
+/// keyboard, Escape. An alert of ours does not close it.
+class QtPopover final : public Popover {
+  public:
+    /// Both must outlive the popover.
+    QtPopover(TransientWindows& windows, AlertSession& alerts);
+
+    ~QtPopover() override;
+
+    /// What it shows.
+    void setContent(std::unique_ptr<QWidget> content);
+
+    void setContentSize(Size size) override;
+
+    [[nodiscard]] bool isShown() const override { return loan_ != nullptr; }
+
+    void show(std::optional<Rect> anchor) override;
+
+    void performClose() override;
+
+    [[nodiscard]] Subscription onWillShow(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onDidClose(std::function<void()> handler) override;
+
+    /// The body's bounds on the virtual screen.
+    [[nodiscard]] const Rect& bounds() const { return bounds_; }
+
+  private:
+    void userLeft(Leaving how);
+
+    TransientWindows& windows_;
+    AlertSession& alerts_;
+    Size contentSize_;
+    std::optional<Rect> anchor_;
+    Rect bounds_;
+    ReopenGuard guard_;
+    Signal<> willShow_;
+    Signal<> didClose_;
+    TransientFrame frame_;
+    std::unique_ptr<KeyboardLoan> loan_;
+    Subscription alertChanges_;
+};
+
+} // namespace calmora

@@ -1,0 +1,30 @@
+#pragma once
+
+namespace calmora {
+
+/// What is known when the keyboard has left a transient window. Who had it before the window was
+/// shown is the former owner.
+struct FocusMove {
+    /// The keyboard is still ours: a grab alone also tells of a loss.
+    bool isStillHere = false;
+    /// An alert of ours is open.
+    bool isAlertOpen = false;
+    /// Another window of ours has it: the settings window.
+    bool isOwnerOurs = false;
+    /// The new owner appeared after the transient window was shown: a dialog that asks to save.
+    bool isOwnerNew = false;
+    /// The former owner is still on screen.
+    bool formerOwnerExists = false;
+    /// The user pressed a combination of the window manager since a window last vanished.
+    bool userActed = false;
+};
+
+/// What a transient window does about it.
+enum class FocusVerdict { stay, takeBack, close };
+
+/// Close when the user or another program turned to another window. Stay while the keyboard never
+/// really left, or an alert of ours has it. Take it back when the window manager only moved it
+/// because the window that it held for active vanished, which a quit does all the time.
+[[nodiscard]] FocusVerdict judge(const FocusMove& move);
+
+} // namespace calmora

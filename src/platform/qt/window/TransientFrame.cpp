@@ -1,0 +1,144 @@
+#include "platform/qt/window/TransientFrame.h"
+
+#include "theme/Metrics.h"
+#include "theme/Theme.h"
+
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+/// Room for the shadow, and how far it falls below.
+constexpr int shadowReach = 18;
+constexpr int shadowDrop = 3;
+constexpr double cornerRadius = 12;
+constexpr int edge = 1;
+
+void paintShadow(QPainter& painter, const QRectF& bounds) {
+    painter.setPen(Qt::NoPen);
+    // Thin layers that add up: dense at the edge, nothing at the reach.
+    for (int ring = shadowReach; ring > 0; --ring) {
+        const double strength = 1.0 - static_cast<double>(ring) / shadowReach;
+        painter.setBrush(QColor(0, 0, 0, static_cast<int>(7 * strength * strength) + 1));
+        const double spread = ring - 1;
+        painter.drawRoundedRect(
+            bounds.adjusted(-spread, -spread, spread, spread).translated(0, shadowDrop),
+            cornerRadius + spread, cornerRadius + spread);
+    }
+}
+
+} // namespace
+
+TransientFrame::TransientFrame(TransientWindows& windows)
+    : QWidget(nullptr, windows.transientFlags()), windows_(windows) {
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAutoFillBackground(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(edge, edge, edge, edge);
+}
+
+void TransientFrame::setBody(std::unique_ptr<QWidget> body) {
+    layout()->addWidget(body.release());
+}
+
+void TransientFrame::showAt(const QRect& bounds) {
+    setFloating(windows_.isComposited());
+    setBounds(bounds);
+    show();
+    if (isFloating_ && windowHandle()) {
+        const qreal scale = devicePixelRatio();
+        const QRect inner = this->bounds();
+        windows_.setInputArea(*windowHandle(), QRectF(inner.x() * scale, inner.y() * scale,
+                                                      inner.width() * scale, inner.height() * scale)
+                                                   .toAlignedRect());
+    }
+}
+
+void TransientFrame::setBounds(const QRect& bounds) {
+    const int around = margin();
+    setGeometry(bounds.adjusted(-around, -around, around, around));
+}
+
+void TransientFrame::setFloating(bool isFloating) {
+    if (std::exchange(isFloating_, isFloating) == isFloating && windowHandle()) {
+        return;
+    }
+    // Whether a window can be translucent is settled when it is made.
+    destroy();
+    setAttribute(Qt::WA_TranslucentBackground, isFloating_);
+    const int around = margin() + edge;
+    layout()->setContentsMargins(around, around, around, around);
+}
+
+int TransientFrame::margin() const {
+    return isFloating_ ? shadowReach : 0;
+}
+
+QRect TransientFrame::bounds() const {
+    const int around = margin();
+    return rect().adjusted(around, around, -around, -around);
+}
+
+bool TransientFrame::event(QEvent* event) {
+    if (event->type() == QEvent::WinIdChange && windowHandle()) {
+        windowHandle()->installEventFilter(this);
+    }
+    return QWidget::event(event);
+}
+
+bool TransientFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle() && event->type() == QEvent::MouseButtonPress && onPress_) {
+        onPress_();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void TransientFrame::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && onEscape_) {
+        // The action may end this frame.
+        const auto action = onEscape_;
+        action();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void TransientFrame::paintEvent(QPaintEvent* event) {
+    const Theme theme = Theme::of(*this);
+    QPainter painter(this);
+    const QRect inner = bounds();
+    const int inset = static_cast<int>(cornerRadius);
+    const bool isInside = inner.adjusted(edge, inset, -edge, -inset).contains(event->rect());
+    if (isInside) {
+        // A row repaints: no edge, no corner.
+        painter.fillRect(event->rect(), palette().window());
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isFloating_) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(event->rect(), Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        paintShadow(painter, inner);
+    }
+    const double radius = isFloating_ ? cornerRadius : 0;
+    const QRectF outline = QRectF(inner).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().window());
+    painter.drawRoundedRect(inner, radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(
+        QPen(theme.color(isFloating_ ? ThemeColor::separator : ThemeColor::controlBorder), 1));
+    painter.drawRoundedRect(outline, radius, radius);
+}
+
+} // namespace calmora

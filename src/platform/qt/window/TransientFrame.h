@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/qt/window/TransientWindows.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace calmora {
+
+/// The frame of popover and alert: a window without title bar. With a compositor it has round
+/// corners and a shadow, without one a plain edge.
+class TransientFrame : public QWidget {
+  public:
+    explicit TransientFrame(TransientWindows& windows);
+
+    /// What the frame shows; the frame owns it from now on.
+    void setBody(std::unique_ptr<QWidget> body);
+
+    /// Shows the body at `bounds`, on the virtual screen; shadow and edge lie around it.
+    void showAt(const QRect& bounds);
+
+    /// Moves and resizes the body.
+    void setBounds(const QRect& bounds);
+
+    /// Called when Escape was pressed and the body had no use for it.
+    void setOnEscape(std::function<void()> action) { onEscape_ = std::move(action); }
+
+    /// Called when a mouse button went down anywhere in the frame, before the body learns of it.
+    void setOnPress(std::function<void()> action) { onPress_ = std::move(action); }
+
+  protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void setFloating(bool isFloating);
+    [[nodiscard]] int margin() const;
+    [[nodiscard]] QRect bounds() const;
+
+    TransientWindows& windows_;
+    std::function<void()> onEscape_;
+    std::function<void()> onPress_;
+    /// Drawn with shadow and round corners.
+    bool isFloating_ = false;
+};
+
+} // namespace calmora

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/EventMonitor.h"
+
+#include <Qt>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QRect;
+class QWindow;
+
+namespace calmora {
+
+/// How the user left a transient window.
+enum class Leaving {
+    /// A mouse button went down outside the program's windows.
+    pressedOutside,
+    /// Another window got the keyboard.
+    turnedAway,
+};
+
+/// The keyboard, lent to one transient window. Its end gives the keyboard back to the window that
+/// had it before, if the borrower still holds it and that window is still there.
+class KeyboardLoan {
+  public:
+    virtual ~KeyboardLoan() = default;
+
+    /// Takes the keyboard again, as after a click on the borrower.
+    virtual void renew() = 0;
+
+    /// Looks whether the keyboard is still here, as after an alert.
+    virtual void check() = 0;
+};
+
+/// What transient windows need of the window system beyond Qt.
+class TransientWindows {
+  public:
+    virtual ~TransientWindows() = default;
+
+    /// Flags of a window that takes clicks whatever modifier is held.
+    [[nodiscard]] virtual Qt::WindowFlags transientFlags() const = 0;
+
+    /// Whether windows may be translucent.
+    [[nodiscard]] virtual bool isComposited() = 0;
+
+    /// Lets the pointer through outside of `inner`, given in device pixels within the window.
+    virtual void setInputArea(QWindow& window, const QRect& inner) = 0;
+
+    /// Gives the keyboard to `window`, which is on screen, and tells once when the user leaves it.
+    /// `isAlertOpen` is asked whenever the keyboard moves: it may go to an alert.
+    [[nodiscard]] virtual std::unique_ptr<KeyboardLoan>
+    lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,
+                 std::function<void(Leaving)> onLeft) = 0;
+
+    /// The modifiers that are down now; absent where only events tell.
+    [[nodiscard]] virtual std::optional<ModifierFlags> modifiers() = 0;
+
+    /// The time of now on the clock of QInputEvent::timestamp(); absent where it cannot be asked.
+    [[nodiscard]] virtual std::optional<std::uint32_t> eventTime() = 0;
+};
+
+} // namespace calmora

@@ -1,0 +1,114 @@
+#include "platform/qt/x11/X11KeyboardLoan.h"
+
+#include "platform/qt/window/FocusMove.h"
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+constexpr std::uint8_t generatedEvent = 0x80;
+/// Turning the wheel presses the buttons 4 to 7.
+constexpr std::uint32_t firstWheelButton = 4;
+constexpr std::uint32_t lastWheelButton = 7;
+
+template <typename Event>
+const Event& as(const xcb_generic_event_t& event) {
+    return reinterpret_cast<const Event&>(event);
+}
+
+void selectFocus(const X11Input& input, xcb_window_t window, bool isWatching) {
+    const std::uint32_t mask = isWatching ? XCB_EVENT_MASK_FOCUS_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+    xcb_change_window_attributes(input.connection(), window, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(input.connection());
+}
+
+} // namespace
+
+X11KeyboardLoan::X11KeyboardLoan(X11Input& input, xcb_window_t borrower,
+                                 std::function<bool()> isAlertOpen,
+                                 std::function<void(Leaving)> onLeft)
+    : input_(input), borrower_(borrower), isAlertOpen_(std::move(isAlertOpen)),
+      onLeft_(std::move(onLeft)), formerOwner_(input.keyboardOwner()),
+      screen_(input.watchScreen()) {
+    events_ = input_.onEvent([this](const xcb_generic_event_t& event) { handle(event); });
+    selectFocus(input_, borrower_, true);
+    renew();
+}
+
+X11KeyboardLoan::~X11KeyboardLoan() {
+    selectFocus(input_, borrower_, false);
+    if (input_.keyboardOwner() == borrower_) {
+        input_.giveKeyboard(input_.isViewable(formerOwner_) ? formerOwner_
+                                                            : xcb_window_t{XCB_NONE});
+    }
+}
+
+void X11KeyboardLoan::renew() {
+    input_.giveKeyboard(borrower_);
+}
+
+void X11KeyboardLoan::check() {
+    const xcb_window_t owner = input_.keyboardOwner();
+    FocusMove move{.isStillHere = owner == borrower_, .isAlertOpen = isAlertOpen_()};
+    if (!move.isStillHere && !move.isAlertOpen) {
+        move.isOwnerOurs = input_.isOurs(owner);
+        move.isOwnerNew = appeared_.contains(input_.topLevel(owner));
+        move.formerOwnerExists = input_.isViewable(formerOwner_);
+        move.userActed = userActed_;
+    }
+    switch (judge(move)) {
+    case FocusVerdict::stay:
+        break;
+    case FocusVerdict::takeBack:
+        formerOwner_ = owner;
+        renew();
+        break;
+    case FocusVerdict::close:
+        leave(Leaving::turnedAway);
+        break;
+    }
+}
+
+void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
+    if (const auto button = input_.rawButton(event)) {
+        if ((*button < firstWheelButton || *button > lastWheelButton) && !isAlertOpen_() &&
+            !input_.isOurs(input_.topLevelUnderPointer())) {
+            leave(Leaving::pressedOutside);
+        }
+        return;
+    }
+    switch (event.response_type & ~generatedEvent) {
+    case XCB_FOCUS_OUT: {
+        const auto& out = as<xcb_focus_out_event_t>(event);
+        if (out.event == borrower_) {
+            userActed_ = userActed_ || out.mode == XCB_NOTIFY_MODE_GRAB;
+            check();
+        }
+        break;
+    }
+    case XCB_MAP_NOTIFY:
+        appeared_.insert(as<xcb_map_notify_event_t>(event).window);
+        break;
+    case XCB_UNMAP_NOTIFY:
+    case XCB_DESTROY_NOTIFY: {
+        // Both events name the window in the same place.
+        const xcb_window_t window = as<xcb_unmap_notify_event_t>(event).window;
+        appeared_.erase(window);
+        userActed_ = userActed_ && input_.isOurs(window);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void X11KeyboardLoan::leave(Leaving how) {
+    // The handler may end this loan.
+    if (const auto onLeft = onLeft_) {
+        onLeft(how);
+    }
+}
+
+} // namespace calmora

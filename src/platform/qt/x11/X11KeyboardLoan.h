@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/qt/window/TransientWindows.h"
+#include "platform/qt/x11/X11Input.h"
+
+#include <set>
+
+namespace calmora {
+
+/// The keyboard, lent on X11 to an override-redirect window. Watches raw button presses, focus and
+/// the comings and goings of windows only while it lives.
+/// Source: X11 core protocol, SetInputFocus and FocusOut.
+class X11KeyboardLoan final : public KeyboardLoan {
+  public:
+    /// `borrower` is on screen. The other arguments as TransientWindows::lendKeyboard() has them.
+    X11KeyboardLoan(X11Input& input, xcb_window_t borrower, std::function<bool()> isAlertOpen,
+                    std::function<void(Leaving)> onLeft);
+
+    ~X11KeyboardLoan() override;
+
+    void renew() override;
+
+    void check() override;
+
+  private:
+    void handle(const xcb_generic_event_t& event);
+    void leave(Leaving how);
+
+    X11Input& input_;
+    xcb_window_t borrower_;
+    std::function<bool()> isAlertOpen_;
+    std::function<void(Leaving)> onLeft_;
+    /// Who gets the keyboard back.
+    xcb_window_t formerOwner_;
+    /// Top-level windows that appeared meanwhile.
+    std::set<xcb_window_t> appeared_;
+    /// A grab since a window last vanished: a combination of the window manager.
+    bool userActed_ = false;
+    Subscription screen_;
+    Subscription events_;
+};
+
+} // namespace calmora

@@ -1,0 +1,95 @@
+#include "platform/qt/popover/PopoverPlacement.h"
+#include "platform/qt/popover/ReopenGuard.h"
+#include "platform/qt/window/FocusMove.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+/// As X11 writes it.
+std::string geometry(const Rect& rect) {
+    return std::to_string(rect.width) + "x" + std::to_string(rect.height) + "+" +
+           std::to_string(rect.x) + "+" + std::to_string(rect.y);
+}
+
+TEST(PopoverPlacement, StandsBesideTheIconAndInsideItsScreen) {
+    constexpr Size size{360, 500};
+    const ScreenArea free{{0, 0, 1280, 800}, {0, 0, 1280, 800}};
+    const ScreenArea topPanel{{0, 0, 1280, 800}, {0, 24, 1280, 776}};
+    const ScreenArea bottomPanel{{0, 0, 1280, 800}, {0, 0, 1280, 760}};
+    const ScreenArea leftPanel{{0, 0, 1280, 800}, {48, 0, 1232, 800}};
+    const ScreenArea rightPanel{{0, 0, 1280, 800}, {0, 0, 1232, 800}};
+    const ScreenArea topPanelAndDock{{0, 0, 1280, 800}, {48, 24, 1232, 776}};
+    const ScreenArea tiny{{0, 0, 320, 240}, {0, 20, 320, 220}};
+    const ScreenArea second{{1280, 200, 1024, 768}, {1280, 200, 1024, 728}};
+
+    const struct {
+        std::string name;
+        std::optional<Rect> icon;
+        std::vector<ScreenArea> screens;
+        Rect expected;
+    } rows[] = {
+        {"centred below", Rect{600, 0, 24, 24}, {topPanel}, {432, 28, 360, 500}},
+        {"clamped at the right", Rect{1250, 0, 24, 24}, {topPanel}, {920, 28, 360, 500}},
+        {"clamped at the left", Rect{4, 0, 24, 24}, {topPanel}, {0, 28, 360, 500}},
+        {"above a bottom panel", Rect{600, 768, 24, 24}, {bottomPanel}, {432, 260, 360, 500}},
+        {"right of a left panel", Rect{12, 20, 24, 24}, {leftPanel}, {48, 0, 360, 500}},
+        {"left of a right panel", Rect{1244, 780, 24, 24}, {rightPanel}, {872, 300, 360, 500}},
+        {"below, nothing reserved", Rect{600, 0, 24, 24}, {free}, {432, 28, 360, 500}},
+        {"above, nothing reserved", Rect{600, 776, 24, 24}, {free}, {432, 272, 360, 500}},
+        {"the icon's screen", Rect{1400, 936, 24, 24}, {topPanel, second}, {1280, 428, 360, 500}},
+        {"an icon between screens", Rect{900, 5000, 24, 24}, {free}, {732, 300, 360, 500}},
+        {"a screen too small", Rect{290, 0, 20, 20}, {tiny}, {0, 20, 320, 220}},
+        {"unknown, top panel", {}, {topPanel, second}, {920, 24, 360, 500}},
+        {"unknown, top panel and dock", {}, {topPanelAndDock}, {920, 24, 360, 500}},
+        {"unknown, bottom panel", {}, {bottomPanel}, {920, 260, 360, 500}},
+        {"unknown, left panel", {}, {leftPanel}, {48, 300, 360, 500}},
+        {"unknown, right panel", {}, {rightPanel}, {872, 300, 360, 500}},
+        {"unknown, no panel", {}, {free}, {920, 0, 360, 500}},
+    };
+
+    for (const auto& row : rows) {
+        EXPECT_EQ(geometry(placePopover(size, row.icon, row.screens)), geometry(row.expected))
+            << row.name;
+    }
+}
+
+TEST(FocusMove, ClosesOnlyWhenSomeoneTurnedAway) {
+    const struct {
+        std::string name;
+        FocusMove move;
+        FocusVerdict verdict;
+    } rows[] = {
+        {"a grab of the keyboard alone",
+         {.isStillHere = true, .formerOwnerExists = true, .userActed = true},
+         FocusVerdict::stay},
+        {"an alert of ours",
+         {.isAlertOpen = true, .isOwnerOurs = true, .isOwnerNew = true, .formerOwnerExists = true},
+         FocusVerdict::stay},
+        {"the active window was quit", {}, FocusVerdict::takeBack},
+        {"another window was chosen", {.formerOwnerExists = true}, FocusVerdict::close},
+        {"it asks to save", {.isOwnerNew = true}, FocusVerdict::close},
+        {"the settings window", {.isOwnerOurs = true}, FocusVerdict::close},
+        {"the user switched windows after a quit", {.userActed = true}, FocusVerdict::close},
+    };
+
+    for (const auto& row : rows) {
+        EXPECT_EQ(judge(row.move), row.verdict) << row.name;
+    }
+}
+
+TEST(ReopenGuard, RefusesForTheLengthOfOneClick) {
+    ReopenGuard guard;
+    const ReopenGuard::Time start{std::chrono::hours{1}};
+    EXPECT_FALSE(guard.refuses(start));
+    guard.noteLeft(start);
+    EXPECT_TRUE(guard.refuses(start + std::chrono::milliseconds{249}));
+    EXPECT_FALSE(guard.refuses(start + std::chrono::milliseconds{250}));
+}
+
+} // namespace
+} // namespace calmora
