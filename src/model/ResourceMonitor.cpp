@@ -2,8 +2,7 @@
 
 #include "platform/ProcessTable.h"
 
-#include <utility>
-#include <vector>
+#include <algorithm>
 
 namespace calmora {
 
@@ -27,6 +26,10 @@ std::optional<ResourceUsage> ResourceMonitor::getUsage(ProcessId process) {
 }
 
 ResourceMonitor::Usages ResourceMonitor::getUsage(std::span<const ProcessId> processes) {
+    if (!std::ranges::equal(processes, retained_)) {
+        retained_.assign(processes.begin(), processes.end());
+        platform_.processes.retainCounters(retained_);
+    }
     Usages usages;
     usages.reserve(processes.size());
     for (const ProcessId process : processes) {
@@ -37,17 +40,8 @@ ResourceMonitor::Usages ResourceMonitor::getUsage(std::span<const ProcessId> pro
     return usages;
 }
 
-void ResourceMonitor::setSnapshots(Snapshots snapshots) {
-    snapshots_ = std::move(snapshots);
-    std::vector<ProcessId> processes;
-    processes.reserve(snapshots_.size());
-    for (const auto& [process, snapshot] : snapshots_) {
-        processes.push_back(process);
-    }
-    platform_.processes.retainCounters(processes);
-}
-
 void ResourceMonitor::rest() {
+    retained_.clear();
     platform_.processes.retainCounters({});
 }
 

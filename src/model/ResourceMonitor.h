@@ -8,6 +8,8 @@
 #include <optional>
 #include <span>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace calmora {
 
@@ -43,18 +45,17 @@ class ResourceMonitor {
     /// Samples one process. Absent when its counters cannot be read; its snapshot then stays.
     [[nodiscard]] std::optional<ResourceUsage> getUsage(ProcessId process);
 
-    /// Samples processes in the given order; an entry for each whose counters could be read.
+    /// Samples processes in the given order; an entry for each whose counters could be read. The
+    /// process table keeps open what it needs to sample the same ones again.
     [[nodiscard]] Usages getUsage(std::span<const ProcessId> processes);
 
     /// The snapshots, by process id. Entries stay after the process has gone until replaced.
     [[nodiscard]] const Snapshots& snapshots() const { return snapshots_; }
 
-    /// Replaces the snapshots, and lets the process table drop what it keeps open for processes
-    /// that are no longer among them.
-    void setSnapshots(Snapshots snapshots);
+    /// Replaces the snapshots.
+    void setSnapshots(Snapshots snapshots) { snapshots_ = std::move(snapshots); }
 
-    /// Lets the process table drop what it keeps open for sampling: no sample comes soon. The
-    /// snapshots stay.
+    /// Lets the process table drop what it keeps open: no sample comes soon. The snapshots stay.
     void rest();
 
   private:
@@ -62,6 +63,8 @@ class ResourceMonitor {
 
     Platform platform_;
     Snapshots snapshots_;
+    /// The processes for which the table keeps something open.
+    std::vector<ProcessId> retained_;
     /// Read when the first percentage is computed.
     std::optional<Timebase> timebase_;
 };

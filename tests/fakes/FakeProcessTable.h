@@ -88,6 +88,7 @@ class FakeProcessTable final : public ProcessTable {
     }
 
     void retainCounters(const std::vector<ProcessId>& processes) override {
+        ++retentions;
         retained = {processes.begin(), processes.end()};
     }
 
@@ -122,6 +123,8 @@ class FakeProcessTable final : public ProcessTable {
     std::vector<ProcessId> sampled;
     /// What retainCounters() was last given.
     std::set<ProcessId> retained;
+    /// How often it was called.
+    int retentions = 0;
     /// Tells of every process that ends.
     Signal<ProcessId> ended;
     /// Runs before a process is held, for what happens between a look and the hold.

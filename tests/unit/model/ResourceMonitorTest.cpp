@@ -77,19 +77,23 @@ TEST_F(ResourceMonitorTest, LeavesOutWhatCannotBeReadAndKeepsItsSnapshot) {
     EXPECT_DOUBLE_EQ(monitor.getUsage(1)->cpuPercent, 50);
 }
 
-TEST_F(ResourceMonitorTest, LetsTheTableDropWhatIsNoLongerSampled) {
-    for (const ProcessId pid : {1, 2, 3}) {
+TEST_F(ResourceMonitorTest, LetsTheTableKeepOnlyWhatIsSampledAgain) {
+    ResourceMonitor other(machine.platform());
+    std::vector<ProcessId> pids{1, 2, 3};
+    for (const ProcessId pid : pids) {
         machine.processes.start(pid);
-        EXPECT_TRUE(monitor.getUsage(pid));
     }
-    ResourceMonitor::Snapshots kept = monitor.snapshots();
-    kept.erase(2);
-    monitor.setSnapshots(kept);
-    EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 3}));
-    EXPECT_FALSE(monitor.snapshots().contains(2));
+    EXPECT_EQ(monitor.getUsage(pids).size(), 3U);
+    EXPECT_EQ(monitor.getUsage(pids).size(), 3U);
+    EXPECT_EQ(machine.processes.retentions, 1) << "told of changes only";
+    pids.pop_back();
+    EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
+    EXPECT_TRUE(other.getUsage(3));
+    EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 2}));
     monitor.rest();
     EXPECT_TRUE(machine.processes.retained.empty());
-    EXPECT_EQ(monitor.snapshots().size(), 2U);
+    EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
+    EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 2}));
 }
 
 } // namespace
