@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/proc/ProcessFacts.h"
+#include "platform/linux/proc/ProcessDetails.h"
 #include "platform/linux/windows/WindowSystem.h"
 
 #include <optional>
@@ -10,9 +10,9 @@ namespace calmora {
 
 /// Everything that tells which application a process is.
 struct ApplicationFacts {
-    ProcessFacts process;
+    ProcessDetails process;
     /// Absent where it is gone or may not be read.
-    std::optional<ProcessFacts> parent;
+    std::optional<ProcessDetails> parent;
     /// The windows of the process, oldest first, transient ones included.
     std::vector<TopLevelWindow> windows;
     /// Windows of other processes in the window groups of these, oldest first.

@@ -18,7 +18,7 @@ namespace calmora {
 
 /// Which application a process without windows was started as: by its sandbox, its systemd unit
 /// or the program it runs. Absent when no desktop entry says so. Pure.
-[[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessFacts& process,
+[[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                                     const DesktopEntryIndex& index);
 
 /// The desktop ids that the name of a systemd unit of an application may mean, most likely first:

@@ -6,7 +6,6 @@
 #include "platform/linux/proc/SignalFence.h"
 #include "support/FileDescriptor.h"
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -42,25 +41,27 @@ class LinuxProcessTable final : public ProcessTable {
     std::int32_t sendSignal(ProcessId process, std::int32_t signal) override;
 
   private:
-    /// The file that the footprint of a process is read from, kept open. It is bound to the
-    /// process and cannot be read after its end, which also shows that the id was not reused.
-    struct KeptFile {
+    /// The file that the footprint of a process is read from. Once open it is bound to its process
+    /// and cannot be read after its end, which also shows that the id was not reused.
+    struct CounterFile {
         FileDescriptor file;
         bool isStatus = false;
-        bool isRetained = false;
     };
 
+    /// Reads the counters through the file, which is opened first unless it is open.
+    [[nodiscard]] std::optional<ProcessCounters> read(ProcessId process, CounterFile& file);
     [[nodiscard]] bool isSwapInUse();
     [[nodiscard]] bool isHeldProcess(ProcessId process) const;
 
     const ProcessReader& reader_;
     ProcessMemory& memory_;
     SignalGuard guard_;
-    std::unordered_map<ProcessId, KeptFile> files_;
+    /// Kept open from sample to sample; one for each retained process, as far as the limit allows.
+    std::unordered_map<ProcessId, CounterFile> retained_;
     std::size_t fileLimit_;
     std::uint64_t pageSize_;
     bool swapInUse_ = false;
-    std::optional<std::chrono::steady_clock::time_point> swapChecked_;
+    std::int64_t swapCheckedAt_ = -1;
 };
 
 } // namespace calmora

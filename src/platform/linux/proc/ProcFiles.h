@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ProcessId.h"
-#include "platform/linux/proc/ProcessFacts.h"
+#include "platform/linux/proc/ProcessDetails.h"
 
 #include <cstdint>
 #include <optional>

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 
@@ -33,18 +34,20 @@ class ProcessMemory {
     /// id is not held. Stays after the end of the process.
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
 
-    /// The descriptor of the held process, for a poll or a signal; null when the id is not held
-    /// or no descriptor was left. Valid until the next hold() or isGone() of any id.
-    [[nodiscard]] const PidFd* descriptor(ProcessId process) const;
+    /// The descriptor of the held process, for a poll or a signal; null when the id is not held,
+    /// the process was found to be gone, or no descriptor was left. Whoever watches it shares it.
+    [[nodiscard]] std::shared_ptr<const PidFd> descriptor(ProcessId process) const;
 
   private:
     struct Held {
         std::uint64_t startTime = 0;
-        std::optional<PidFd> descriptor;
+        std::shared_ptr<const PidFd> descriptor;
         bool isGone = false;
     };
 
-    void bury(Held& held) const;
+    /// Looks whether the process is gone; if so its descriptor is given up.
+    bool hasEnded(ProcessId process, Held& held) const;
+    void giveUpDescriptorsOfEnded() const;
 
     const ProcessReader& reader_;
     std::size_t descriptorLimit_;

@@ -2,7 +2,7 @@
 
 #include "platform/ProcessId.h"
 #include "platform/linux/proc/ProcFiles.h"
-#include "platform/linux/proc/ProcessFacts.h"
+#include "platform/linux/proc/ProcessDetails.h"
 #include "support/FileDescriptor.h"
 
 #include <cstddef>
@@ -39,7 +39,7 @@ class ProcessReader {
 
     /// Everything that identifies an application. Absent when the process is gone or when its id
     /// passed to another process meanwhile.  Cost: about 40 µs.
-    [[nodiscard]] std::optional<ProcessFacts> facts(ProcessId process) const;
+    [[nodiscard]] std::optional<ProcessDetails> details(ProcessId process) const;
 
     /// A file of the process, opened for reading: "statm". None when it cannot be opened.
     [[nodiscard]] FileDescriptor open(ProcessId process, const char* file) const;

@@ -4,9 +4,12 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -43,13 +46,22 @@ class InstalledApplications {
         std::optional<DesktopEntry> entry;
     };
 
+    /// What one scan gathers.
+    struct Scan {
+        std::vector<DesktopEntry> entries;
+        std::map<std::string, std::size_t> byId;
+        std::set<std::string> seenAutostart;
+        std::map<std::string, Parsed> parsed;
+        std::map<std::filesystem::path, Stamp> watched;
+    };
+
     [[nodiscard]] static Stamp stampOf(const std::filesystem::path& path);
     [[nodiscard]] bool hasChanged() const;
     void scan();
     void scanFolder(const std::filesystem::path& folder, const std::string& idPrefix, int depth,
-                    bool autostart, std::vector<DesktopEntry>& entries,
-                    std::map<std::string, std::size_t>& byId,
-                    std::map<std::string, Parsed>& parsed);
+                    bool autostart, Scan& result);
+    void addFile(const std::filesystem::path& path, const std::string& id, bool autostart,
+                 Scan& result);
     [[nodiscard]] bool canStart(const DesktopEntry& entry) const;
     [[nodiscard]] bool isShown(const DesktopEntry& entry) const;
 
@@ -58,6 +70,7 @@ class InstalledApplications {
     DesktopEntryIndex index_;
     std::map<std::string, Parsed> parsed_;
     std::map<std::filesystem::path, Stamp> watched_;
+    std::int64_t scannedAt_ = 0;
     bool hasScanned_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/UserDefaults.h"
 #include "support/Subscription.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -55,6 +56,9 @@ class JsonUserDefaults final : public UserDefaults {
     /// Changes that are not on disk yet; absent means removed.
     std::map<std::string, std::optional<DefaultsValue>> pending_;
     Subscription write_;
+    bool isWriteDue_ = false;
+    /// A damaged file lies there that could not be moved; it is left alone.
+    bool isDamagedInPlace_ = false;
 };
 
 } // namespace calmora

@@ -37,7 +37,7 @@ struct LaunchEnvironment {
 
 /// What the kernel tells of one process, as far as it may be read.
 /// Together, `pid` and `startTime` are the identity of a process: ids are reused.
-struct ProcessFacts {
+struct ProcessDetails {
     ProcessId pid = 0;
     /// 0 where there is none.
     ProcessId parent = 0;

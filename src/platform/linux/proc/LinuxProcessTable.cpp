@@ -1,0 +1,187 @@
+#include "platform/linux/proc/LinuxProcessTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include <sys/resource.h>
+#include <sys/sysinfo.h>
+#include <unistd.h>
+
+namespace calmora {
+
+namespace {
+
+/// The clock of a process's CPU time, as clock_getcpuclockid(3) computes it, without the extra
+/// system call with which that tests the process.
+clockid_t cpuClockOf(ProcessId process) {
+    constexpr clockid_t processWideSchedulerClock = 2;
+    return static_cast<clockid_t>((~static_cast<unsigned>(process) << 3U) |
+                                  processWideSchedulerClock);
+}
+
+std::size_t halfOfOpenFiles() {
+    rlimit limit{};
+    constexpr std::size_t usual = 1024;
+    const std::size_t files = getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : usual;
+    return files / 2;
+}
+
+} // namespace
+
+LinuxProcessTable::LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
+                                     SignalGuard guard)
+    : reader_(reader), memory_(memory), guard_(std::move(guard)), fileLimit_(halfOfOpenFiles()),
+      pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
+
+std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
+    const auto stat = reader_.stat(process);
+    return stat && stat->parent > 0 ? std::optional(stat->parent) : std::nullopt;
+}
+
+std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
+    constexpr std::size_t most = 4096;
+    return reader_.processesOf(getuid(), most);
+}
+
+std::optional<std::string> LinuxProcessTable::executablePath(ProcessId process) const {
+    return reader_.executable(process);
+}
+
+bool LinuxProcessTable::hold(ProcessId process) {
+    return memory_.hold(process);
+}
+
+std::optional<ProcessCounters> LinuxProcessTable::counters(ProcessId process) {
+    if (process < 1) {
+        return std::nullopt;
+    }
+    const auto kept = retained_.find(process);
+    if (kept == retained_.end()) {
+        CounterFile file;
+        return read(process, file);
+    }
+    if (kept->second.file) {
+        if (auto counters = read(process, kept->second)) {
+            return counters;
+        }
+        // Its process has ended; another one may have the id by now.
+        kept->second.file.reset();
+    }
+    auto counters = read(process, kept->second);
+    if (!counters) {
+        kept->second.file.reset();
+    }
+    return counters;
+}
+
+std::optional<ProcessCounters> LinuxProcessTable::read(ProcessId process, CounterFile& file) {
+    const bool wantsStatus = isSwapInUse();
+    if (!file.file || file.isStatus != wantsStatus) {
+        file.file = reader_.open(process, wantsStatus ? "status" : "statm");
+        file.isStatus = wantsStatus;
+        // The file is bound to a process now; it must be the one that was asked for.
+        if (!file.file || !isHeldProcess(process)) {
+            return std::nullopt;
+        }
+    }
+
+    // The clock is asked for by the id alone. The file is read after it: it can be read only while
+    // its process has the id, so the id was that process's when the clock was read.
+    timespec time{};
+    if (clock_gettime(cpuClockOf(process), &time) != 0) {
+        return std::nullopt;
+    }
+    std::array<char, 4096> buffer; // Filled as far as it is read.
+    const ssize_t length = pread(file.file.get(), buffer.data(), buffer.size(), 0);
+    const std::string_view text(buffer.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
+
+    ProcessCounters counters;
+    counters.userTime = static_cast<std::uint64_t>(time.tv_sec) * 1'000'000'000U +
+                        static_cast<std::uint64_t>(time.tv_nsec);
+    if (wantsStatus) {
+        const auto status = parseStatus(text);
+        // A process without memory, a zombie, has no such line.
+        if (!status || text.find("\nVmRSS:") == std::string_view::npos) {
+            return std::nullopt;
+        }
+        counters.physFootprint = status->rssAnon + status->vmSwap;
+    } else {
+        const auto pages = parseStatmAnonymousPages(text);
+        if (!pages) {
+            return std::nullopt;
+        }
+        counters.physFootprint = *pages * pageSize_;
+    }
+    return counters;
+}
+
+void LinuxProcessTable::retainCounters(const std::vector<ProcessId>& processes) {
+    std::unordered_map<ProcessId, CounterFile> retained;
+    for (const ProcessId process : processes) {
+        if (retained.size() >= fileLimit_) {
+            break;
+        }
+        const auto found = retained_.find(process);
+        retained.try_emplace(process,
+                             found == retained_.end() ? CounterFile{} : std::move(found->second));
+    }
+    retained_ = std::move(retained);
+}
+
+std::int32_t LinuxProcessTable::sendSignal(ProcessId process, std::int32_t signal) {
+    const auto refuse = [](int reason) {
+        errno = reason;
+        return -1;
+    };
+    if (process < 1) {
+        return refuse(ESRCH);
+    }
+    std::shared_ptr<const PidFd> descriptor = memory_.descriptor(process);
+    if (!descriptor) {
+        if (auto opened = PidFd::open(process)) {
+            descriptor = std::make_shared<const PidFd>(*std::move(opened));
+        } else if (signal != 0 || errno == ESRCH) {
+            return refuse(errno);
+        }
+    }
+    // From here on the descriptor means one process. While that has not ended the id is its own,
+    // so what is read by the id below is about it.
+    if (memory_.isGone(process) || (descriptor && descriptor->hasExited())) {
+        return refuse(ESRCH);
+    }
+    if (isBehindBasicFence(reader_, process) || (guard_ && !guard_(process))) {
+        return refuse(memory_.isGone(process) ? ESRCH : EPERM);
+    }
+    if (signal == 0) {
+        return memory_.isGone(process) ? refuse(ESRCH) : 0;
+    }
+    return descriptor->send(signal);
+}
+
+bool LinuxProcessTable::isSwapInUse() {
+    // Once a second is once in a batch. The coarse clock costs a few nanoseconds.
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    if (swapCheckedAt_ != now.tv_sec) {
+        struct sysinfo info{};
+        swapInUse_ = sysinfo(&info) == 0 && info.freeswap < info.totalswap;
+        swapCheckedAt_ = now.tv_sec;
+    }
+    return swapInUse_;
+}
+
+bool LinuxProcessTable::isHeldProcess(ProcessId process) const {
+    const auto startTime = memory_.startTime(process);
+    if (!startTime) {
+        return true;
+    }
+    const auto stat = reader_.stat(process);
+    return stat && stat->startTime == *startTime;
+}
+
+} // namespace calmora

@@ -1,0 +1,196 @@
+#include "platform/linux/proc/ProcFiles.h"
+
+#include "platform/linux/xdg/KeyFile.h"
+
+#include <charconv>
+
+namespace calmora {
+
+namespace {
+
+/// Takes the next word, separated by blanks or tabs, off the front of the text.
+std::string_view takeWord(std::string_view& text) {
+    const std::size_t start = text.find_first_not_of(" \t\n");
+    if (start == std::string_view::npos) {
+        text = {};
+        return {};
+    }
+    const std::size_t end = text.find_first_of(" \t\n", start);
+    const std::string_view word = text.substr(start, end - start);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end);
+    return word;
+}
+
+template <typename Number>
+std::optional<Number> number(std::string_view word) {
+    Number value{};
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (error != std::errc() || end != word.data() + word.size()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+/// Calls `visit` with each piece of the text between separators.
+template <typename Visit>
+void forEachPiece(std::string_view text, char separator, Visit visit) {
+    while (!text.empty()) {
+        const std::size_t end = text.find(separator);
+        visit(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+}
+
+/// The rest of the text when it starts with a prefix.
+std::optional<std::string_view> after(std::string_view text, std::string_view prefix) {
+    if (!text.starts_with(prefix)) {
+        return std::nullopt;
+    }
+    return text.substr(prefix.size());
+}
+
+} // namespace
+
+std::optional<ProcessStat> parseStat(std::string_view text) {
+    const std::size_t open = text.find('(');
+    const std::size_t close = text.rfind(')');
+    if (open == std::string_view::npos || close == std::string_view::npos || close < open) {
+        return std::nullopt;
+    }
+    ProcessStat stat;
+    stat.comm = text.substr(open + 1, close - open - 1);
+    text.remove_prefix(close + 1);
+
+    // Numbered as in the man page; the name is field 2.
+    constexpr int stateField = 3;
+    constexpr int parentField = 4;
+    constexpr int flagsField = 9;
+    constexpr int threadsField = 20;
+    constexpr int startTimeField = 22;
+    constexpr std::uint64_t kernelThreadFlag = 0x00200000; // PF_KTHREAD
+    for (int field = stateField; field <= startTimeField; ++field) {
+        const std::string_view word = takeWord(text);
+        if (word.empty()) {
+            return std::nullopt;
+        }
+        if (field == stateField) {
+            stat.state = word.front();
+        } else if (field == parentField) {
+            stat.parent = number<ProcessId>(word).value_or(0);
+        } else if (field == flagsField) {
+            stat.isKernelThread = (number<std::uint64_t>(word).value_or(0) & kernelThreadFlag) != 0;
+        } else if (field == threadsField) {
+            stat.threads = number<std::int64_t>(word).value_or(0);
+        } else if (field == startTimeField) {
+            const auto startTime = number<std::uint64_t>(word);
+            if (!startTime) {
+                return std::nullopt;
+            }
+            stat.startTime = *startTime;
+        }
+    }
+    return stat;
+}
+
+std::optional<ProcessStatus> parseStatus(std::string_view text) {
+    ProcessStatus status;
+    bool hasUser = false;
+    const auto kibibytes = [](std::string_view rest) {
+        return number<std::uint64_t>(takeWord(rest)).value_or(0) * 1024;
+    };
+    forEachPiece(text, '\n', [&](std::string_view line) {
+        if (auto ids = after(line, "Uid:")) {
+            const auto real = number<std::uint32_t>(takeWord(*ids));
+            const auto effective = number<std::uint32_t>(takeWord(*ids));
+            hasUser = real && effective;
+            status.realUser = real.value_or(0);
+            status.effectiveUser = effective.value_or(0);
+        } else if (const auto anonymous = after(line, "RssAnon:")) {
+            status.rssAnon = kibibytes(*anonymous);
+        } else if (const auto swapped = after(line, "VmSwap:")) {
+            status.vmSwap = kibibytes(*swapped);
+        }
+    });
+    if (!hasUser) {
+        return std::nullopt;
+    }
+    return status;
+}
+
+std::optional<std::uint64_t> parseStatmAnonymousPages(std::string_view text) {
+    const auto size = number<std::uint64_t>(takeWord(text));
+    const auto resident = number<std::uint64_t>(takeWord(text));
+    const auto shared = number<std::uint64_t>(takeWord(text));
+    if (size.value_or(0) == 0 || !resident || !shared) {
+        return std::nullopt;
+    }
+    return *resident > *shared ? *resident - *shared : 0;
+}
+
+std::string parseCgroup(std::string_view text) {
+    std::string unified;
+    std::string systemd;
+    forEachPiece(text, '\n', [&](std::string_view line) {
+        if (const auto path = after(line, "0::")) {
+            unified = *path;
+        } else if (const std::size_t at = line.find(":name=systemd:");
+                   at != std::string_view::npos) {
+            systemd = line.substr(at + std::string_view(":name=systemd:").size());
+        }
+    });
+    // On a machine with both hierarchies the unified one may be unused.
+    return unified.size() > 1 || systemd.empty() ? unified : systemd;
+}
+
+std::vector<std::string> parseCommandLine(std::string_view text) {
+    std::vector<std::string> words;
+    // A process that overwrote its arguments pads them with NULs.
+    text = text.substr(0, text.find_last_not_of('\0') + 1);
+    forEachPiece(text, '\0', [&](std::string_view word) { words.emplace_back(word); });
+    return words;
+}
+
+LaunchEnvironment parseLaunchEnvironment(std::string_view text) {
+    LaunchEnvironment environment;
+    forEachPiece(text, '\0', [&](std::string_view variable) {
+        if (const auto file = after(variable, "GIO_LAUNCHED_DESKTOP_FILE=")) {
+            environment.launchedDesktopFile = *file;
+        } else if (const auto pid = after(variable, "GIO_LAUNCHED_DESKTOP_FILE_PID=")) {
+            environment.launchedDesktopFilePid = number<ProcessId>(*pid).value_or(0);
+        } else if (const auto hint = after(variable, "BAMF_DESKTOP_FILE_HINT=")) {
+            environment.bamfDesktopFileHint = *hint;
+        } else if (const auto folder = after(variable, "APPDIR=")) {
+            environment.appDir = *folder;
+        } else if (const auto image = after(variable, "APPIMAGE=")) {
+            environment.appImage = *image;
+        }
+    });
+    return environment;
+}
+
+std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text) {
+    FlatpakInfo info;
+    walkKeyFile(text, [&](const KeyFileLine& line) {
+        // Runtimes that run without an application have a group of their own.
+        if (line.group == "Application" && line.key == "name") {
+            info.applicationId = unescapedValue(line.value);
+        } else if (line.group == "Instance" && line.key == "instance-id") {
+            info.instanceId = unescapedValue(line.value);
+        }
+        return true;
+    });
+    if (info.applicationId.empty()) {
+        return std::nullopt;
+    }
+    return info;
+}
+
+std::string_view withoutDeletedMark(std::string_view path) {
+    constexpr std::string_view mark = " (deleted)";
+    if (path.ends_with(mark)) {
+        path.remove_suffix(mark.size());
+    }
+    return path;
+}
+
+} // namespace calmora

@@ -1,0 +1,193 @@
+#include "platform/linux/proc/ProcessReader.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace calmora {
+
+namespace {
+
+/// What any of the files may hold; command lines and environments can be longer, and what counts
+/// of them stands in front.
+constexpr std::size_t readLimit = 256 * 1024;
+
+/// "PID/file" as the system calls want it.
+class ProcPath {
+  public:
+    ProcPath(ProcessId process, const char* file) {
+        std::snprintf(text_.data(), text_.size(), "%d/%s", process, file);
+    }
+
+    [[nodiscard]] const char* get() const { return text_.data(); }
+
+  private:
+    std::array<char, 64> text_{};
+};
+
+std::string readAll(int descriptor) {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    while (text.size() < readLimit) {
+        const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
+        if (count <= 0) {
+            break;
+        }
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return text;
+}
+
+std::optional<ProcessId> processIdOf(const char* name) {
+    ProcessId process = 0;
+    const char* end = name + std::strlen(name);
+    const auto [stop, error] = std::from_chars(name, end, process);
+    if (error != std::errc() || stop != end || process < 1) {
+        return std::nullopt;
+    }
+    return process;
+}
+
+/// The desktop file at the root of an AppImage; the format wants exactly one.
+std::string desktopFileIn(const std::string& folder) {
+    std::string found;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string name = entry->d_name;
+        if (name.ends_with(".desktop") && (found.empty() || name < found)) {
+            found = name;
+        }
+    }
+    return found.empty() ? found : folder + "/" + found;
+}
+
+} // namespace
+
+ProcessReader::ProcessReader(const std::filesystem::path& root)
+    : root_(::open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {}
+
+std::vector<ProcessId> ProcessReader::processesOf(std::uint32_t user, std::size_t limit) const {
+    std::vector<ProcessId> processes;
+    const int folder = openat(root_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) {
+        return processes;
+    }
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(folder), closedir);
+    if (!entries) {
+        close(folder);
+        return processes;
+    }
+    while (const dirent* entry = readdir(entries.get())) {
+        const auto process = processIdOf(entry->d_name);
+        struct stat info{};
+        if (!process || fstatat(root_.get(), entry->d_name, &info, 0) != 0) {
+            continue;
+        }
+        bool isOurs = info.st_uid == user;
+        if (!isOurs && info.st_uid == 0) {
+            // The folder of a process that hides from its own user belongs to root.
+            const auto its = status(*process);
+            isOurs = its && its->realUser == user;
+        }
+        if (isOurs) {
+            processes.push_back(*process);
+        }
+    }
+    std::sort(processes.begin(), processes.end());
+    processes.resize(std::min(processes.size(), limit));
+    return processes;
+}
+
+std::optional<ProcessStat> ProcessReader::stat(ProcessId process) const {
+    return parseStat(read(process, "stat"));
+}
+
+std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
+    return parseStatus(read(process, "status"));
+}
+
+std::optional<std::string> ProcessReader::executable(ProcessId process) const {
+    if (process < 1) {
+        return std::nullopt;
+    }
+    std::array<char, 4096> target{};
+    const ssize_t length =
+        readlinkat(root_.get(), ProcPath(process, "exe").get(), target.data(), target.size());
+    if (length < 1 || target.front() != '/') {
+        return std::nullopt;
+    }
+    const std::string_view path(target.data(), static_cast<std::size_t>(length));
+    return std::string(withoutDeletedMark(path));
+}
+
+std::vector<std::string> ProcessReader::commandLine(ProcessId process) const {
+    return parseCommandLine(read(process, "cmdline"));
+}
+
+std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
+    const auto before = stat(process);
+    const auto owner = status(process);
+    if (!before || before->isGone() || !owner) {
+        return std::nullopt;
+    }
+    ProcessDetails details;
+    details.pid = process;
+    details.parent = before->parent;
+    details.startTime = before->startTime;
+    details.owner = owner->realUser;
+    details.comm = before->comm;
+    details.commandLine = commandLine(process);
+    details.executable = executable(process);
+    details.cgroup = parseCgroup(read(process, "cgroup"));
+    details.environment = parseLaunchEnvironment(read(process, "environ"));
+    details.flatpak = parseFlatpakInfo(readFlatpakInfo(process));
+    const std::string& appDir = details.environment.appDir;
+    if (appDir.starts_with('/') && details.executable &&
+        details.executable->starts_with(appDir + "/")) {
+        details.appImageDesktopFile = desktopFileIn(appDir);
+    }
+    const auto afterwards = stat(process);
+    if (!afterwards || afterwards->startTime != before->startTime) {
+        return std::nullopt;
+    }
+    return details;
+}
+
+FileDescriptor ProcessReader::open(ProcessId process, const char* file) const {
+    if (process < 1) {
+        return {};
+    }
+    return FileDescriptor(openat(root_.get(), ProcPath(process, file).get(), O_RDONLY | O_CLOEXEC));
+}
+
+std::string ProcessReader::read(ProcessId process, const char* file) const {
+    const FileDescriptor descriptor = open(process, file);
+    return descriptor ? readAll(descriptor.get()) : std::string();
+}
+
+std::string ProcessReader::readFlatpakInfo(ProcessId process) const {
+    // The file lies in the sandbox's own root, which another program filled: it must be a plain
+    // file there, and opening it must not block.
+    const FileDescriptor folder(
+        openat(root_.get(), ProcPath(process, "root").get(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!folder) {
+        return {};
+    }
+    const FileDescriptor file(openat(folder.get(), ".flatpak-info",
+                                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat info{};
+    if (!file || fstat(file.get(), &info) != 0 || !S_ISREG(info.st_mode)) {
+        return {};
+    }
+    return readAll(file.get());
+}
+
+} // namespace calmora

@@ -1,0 +1,171 @@
+#include "platform/linux/xdg/DesktopEntry.h"
+
+#include "platform/linux/xdg/DisplayText.h"
+#include "platform/linux/xdg/ExecKey.h"
+#include "platform/linux/xdg/KeyFile.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace calmora {
+
+namespace {
+
+/// A value that a file gives in several languages; the most wanted one wins.
+class LocalizedValue {
+  public:
+    explicit LocalizedValue(std::span<const std::string> locales)
+        : locales_(locales), rank_(locales.size() + 1) {}
+
+    /// Takes the value of `key` when it is `name` or `name[locale]` and wanted more than the last.
+    void offer(std::string_view key, std::string_view name, std::string_view value) {
+        if (key == name) {
+            unlocalized_ = value;
+            take(value, locales_.size());
+            return;
+        }
+        if (!key.starts_with(name) || !key.ends_with(']') || key[name.size()] != '[') {
+            return;
+        }
+        const std::string_view locale = key.substr(name.size() + 1, key.size() - name.size() - 2);
+        const auto found = std::ranges::find(locales_, locale);
+        if (found != locales_.end()) {
+            take(value, static_cast<std::size_t>(found - locales_.begin()));
+        }
+    }
+
+    [[nodiscard]] std::string_view value() const { return value_; }
+
+    [[nodiscard]] std::string_view unlocalized() const { return unlocalized_; }
+
+  private:
+    void take(std::string_view value, std::size_t rank) {
+        if (rank < rank_ && !value.empty()) {
+            rank_ = rank;
+            value_ = value;
+        }
+    }
+
+    std::span<const std::string> locales_;
+    std::size_t rank_;
+    std::string_view value_;
+    std::string_view unlocalized_;
+};
+
+/// A word without its field codes; "%%" is a percent sign.
+std::string withoutFieldCodes(std::string_view word) {
+    std::string plain;
+    for (std::size_t at = 0; at < word.size(); ++at) {
+        if (word[at] != '%') {
+            plain += word[at];
+        } else if (++at < word.size() && word[at] == '%') {
+            plain += '%';
+        }
+    }
+    return plain;
+}
+
+} // namespace
+
+std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
+                                              std::span<const std::string> locales) {
+    DesktopEntry entry;
+    LocalizedValue name(locales);
+    LocalizedValue icon(locales);
+    bool isApplication = false;
+    bool hasStarted = false;
+    walkKeyFile(text, [&](const KeyFileLine& line) {
+        const auto& [group, key, value] = line;
+        if (group != "Desktop Entry") {
+            return !hasStarted;
+        }
+        hasStarted = true;
+        if (key.starts_with("Name")) {
+            name.offer(key, "Name", value);
+        } else if (key.starts_with("Icon")) {
+            icon.offer(key, "Icon", value);
+        } else if (key == "Type") {
+            isApplication = value == "Application";
+        } else if (key == "Exec") {
+            entry.exec = value;
+        } else if (key == "TryExec") {
+            entry.tryExec = unescapedValue(value);
+        } else if (key == "StartupWMClass") {
+            entry.startupWmClass = unescapedValue(value);
+        } else if (key == "Categories") {
+            entry.categories = splitList(value);
+        } else if (key == "OnlyShowIn") {
+            entry.onlyShowIn = splitList(value);
+        } else if (key == "NotShowIn") {
+            entry.notShowIn = splitList(value);
+        } else if (key == "NoDisplay") {
+            entry.noDisplay = value == "true";
+        } else if (key == "Hidden") {
+            entry.hidden = value == "true";
+        }
+        return true;
+    });
+    entry.name = displayLine(unescapedValue(name.value()));
+    entry.unlocalizedName = displayLine(unescapedValue(name.unlocalized()));
+    entry.icon = unescapedValue(icon.value());
+    // An entry that only hides the one of the same id needs nothing else.
+    if (!entry.hidden && (!isApplication || entry.name.empty())) {
+        return std::nullopt;
+    }
+    entry.execKey = execKey(execWords(entry.exec));
+    entry.isVisible = !entry.noDisplay && !entry.hidden;
+    return entry;
+}
+
+std::vector<std::string> execWords(std::string_view exec) {
+    const std::string text = unescapedValue(exec);
+    std::vector<std::string> words;
+    std::string word;
+    bool isInWord = false;
+    bool isQuoted = false;
+    const auto finish = [&] {
+        if (isInWord) {
+            std::string plain = withoutFieldCodes(word);
+            if (!plain.empty()) {
+                words.push_back(std::move(plain));
+            }
+        }
+        word.clear();
+        isInWord = false;
+    };
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char letter = text[at];
+        if (letter == '"') {
+            isQuoted = !isQuoted;
+            isInWord = true;
+        } else if (letter == '\\' && isQuoted && at + 1 < text.size()) {
+            word += text[++at];
+        } else if ((letter == ' ' || letter == '\t' || letter == '\n') && !isQuoted) {
+            finish();
+        } else {
+            word += letter;
+            isInWord = true;
+        }
+    }
+    finish();
+    return words;
+}
+
+Image iconImage(std::string_view icon) {
+    Image image;
+    if (icon.starts_with('/')) {
+        image.file = icon;
+        return image;
+    }
+    // Names with an ending are wrong, yet common.
+    for (const std::string_view ending : {".png", ".svg", ".xpm"}) {
+        if (icon.ends_with(ending)) {
+            icon.remove_suffix(ending.size());
+            break;
+        }
+    }
+    image.themeName = icon;
+    return image;
+}
+
+} // namespace calmora

@@ -1,0 +1,206 @@
+#include "platform/linux/xdg/InstalledApplications.h"
+
+#include "platform/linux/xdg/MimeDefaults.h"
+#include "platform/linux/xdg/TextFile.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace calmora {
+
+namespace {
+
+constexpr std::string_view ending = ".desktop";
+
+std::int64_t nanoseconds(const timespec& time) {
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+bool isExecutable(const std::filesystem::path& path) {
+    return access(path.c_str(), X_OK) == 0;
+}
+
+} // namespace
+
+InstalledApplications::InstalledApplications(BaseDirectories directories,
+                                             std::vector<std::string> locales)
+    : directories_(std::move(directories)), locales_(std::move(locales)) {}
+
+bool InstalledApplications::refresh() {
+    if (hasScanned_ && !hasChanged()) {
+        return false;
+    }
+    scan();
+    hasScanned_ = true;
+    return true;
+}
+
+InstalledApplications::Stamp InstalledApplications::stampOf(const std::filesystem::path& path) {
+    struct stat info{};
+    if (stat(path.c_str(), &info) != 0) {
+        return {};
+    }
+    return {true, nanoseconds(info.st_mtim), info.st_ino,
+            S_ISDIR(info.st_mode) ? 0 : static_cast<std::uint64_t>(info.st_size)};
+}
+
+bool InstalledApplications::hasChanged() const {
+    // Time stamps are as coarse as the kernel's tick: what was modified just before the scan may
+    // have been modified just after it as well.
+    constexpr std::int64_t tick = 20'000'000;
+    return std::ranges::any_of(watched_, [&](const auto& watched) {
+        const auto& [path, stamp] = watched;
+        return stamp.modifiedNanoseconds + tick >= scannedAt_ || stampOf(path) != stamp;
+    });
+}
+
+void InstalledApplications::scan() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    scannedAt_ = nanoseconds(now);
+
+    Scan result;
+    std::vector<std::filesystem::path> dataDirs = directories_.dataDirs;
+    if (!directories_.dataHome.empty()) {
+        dataDirs.insert(dataDirs.begin(), directories_.dataHome);
+    }
+    std::vector<std::filesystem::path> caches;
+    for (const std::filesystem::path& folder : dataDirs) {
+        scanFolder(folder / "applications", {}, 0, false, result);
+        caches.push_back(folder / "applications/mimeinfo.cache");
+    }
+    std::vector<std::filesystem::path> configDirs = directories_.configDirs;
+    if (!directories_.configHome.empty()) {
+        configDirs.insert(configDirs.begin(), directories_.configHome);
+    }
+    for (const std::filesystem::path& folder : configDirs) {
+        scanFolder(folder / "autostart", {}, 0, true, result);
+    }
+    std::erase_if(result.entries, [](const DesktopEntry& entry) { return entry.hidden; });
+
+    const auto lists = mimeApplicationLists(directories_);
+    for (const auto* files : {&lists, &std::as_const(caches)}) {
+        for (const std::filesystem::path& file : *files) {
+            result.watched[file] = stampOf(file);
+        }
+    }
+    std::set<std::string> fileManagers;
+    for (const DesktopEntry& entry : result.entries) {
+        if (std::ranges::find(entry.categories, "FileManager") != entry.categories.end()) {
+            fileManagers.insert(entry.id);
+        }
+    }
+    std::string fileManager =
+        defaultApplication("inode/directory", lists, caches,
+                           [&](const std::string& id) { return fileManagers.contains(id); });
+    parsed_ = std::move(result.parsed);
+    watched_ = std::move(result.watched);
+    index_ = DesktopEntryIndex(std::move(result.entries), std::move(fileManager));
+}
+
+void InstalledApplications::scanFolder(const std::filesystem::path& folder,
+                                       const std::string& idPrefix, int depth, bool autostart,
+                                       Scan& result) {
+    // The stamp is taken before the folder is read, so that a change meanwhile is seen next time.
+    result.watched[folder] = stampOf(folder);
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(folder.c_str()), closedir);
+    std::vector<std::string> names;
+    std::vector<std::string> folders;
+    while (const dirent* item = listing ? readdir(listing.get()) : nullptr) {
+        const std::string name = item->d_name;
+        if (name.ends_with(ending)) {
+            names.push_back(name);
+        } else if (!name.starts_with('.') &&
+                   (item->d_type == DT_DIR || item->d_type == DT_UNKNOWN ||
+                    item->d_type == DT_LNK)) {
+            folders.push_back(name);
+        }
+    }
+    std::ranges::sort(names);
+    for (const std::string& name : names) {
+        addFile(folder / name, idPrefix + name.substr(0, name.size() - ending.size()), autostart,
+                result);
+    }
+    constexpr int deepest = 4; // Also ends a loop of links.
+    std::ranges::sort(folders);
+    for (const std::string& name : folders) {
+        if (depth < deepest && !autostart && std::filesystem::is_directory(folder / name)) {
+            scanFolder(folder / name, idPrefix + name + "-", depth + 1, autostart, result);
+        }
+    }
+}
+
+void InstalledApplications::addFile(const std::filesystem::path& path, const std::string& id,
+                                    bool autostart, Scan& result) {
+    if (autostart && !result.seenAutostart.insert(id).second) {
+        return; // A more important folder has it, perhaps to switch it off.
+    }
+    const auto known = result.byId.find(id);
+    if (!autostart && known != result.byId.end()) {
+        return;
+    }
+    const Stamp stamp = stampOf(path);
+    Parsed& parsed = result.parsed[path.string()];
+    const auto last = parsed_.find(path.string());
+    if (last != parsed_.end() && last->second.stamp == stamp) {
+        parsed = last->second;
+    } else {
+        parsed.stamp = stamp;
+        const auto text = readTextFile(path);
+        parsed.entry = text ? parseDesktopEntry(*text, locales_) : std::nullopt;
+    }
+    if (!parsed.entry || !canStart(*parsed.entry)) {
+        return;
+    }
+    if (autostart && parsed.entry->hidden) {
+        return;
+    }
+    if (known != result.byId.end()) {
+        result.entries[known->second].isAutostart = true;
+        return;
+    }
+    DesktopEntry entry = *parsed.entry;
+    entry.id = id;
+    entry.path = path;
+    entry.isAutostart = autostart;
+    entry.isVisible = !autostart && entry.isVisible && isShown(entry);
+    result.byId.emplace(id, result.entries.size());
+    result.entries.push_back(std::move(entry));
+}
+
+bool InstalledApplications::canStart(const DesktopEntry& entry) const {
+    const std::filesystem::path program = entry.tryExec;
+    if (program.empty()) {
+        return true;
+    }
+    if (program.is_absolute()) {
+        return isExecutable(program);
+    }
+    return std::ranges::any_of(directories_.executableDirs,
+                               [&](const auto& folder) { return isExecutable(folder / program); });
+}
+
+bool InstalledApplications::isShown(const DesktopEntry& entry) const {
+    const auto namesThisDesktop = [&](const std::vector<std::string>& desktops) {
+        return std::ranges::any_of(desktops, [&](std::string desktop) {
+            std::ranges::transform(desktop, desktop.begin(), [](char letter) {
+                return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a')
+                                                      : letter;
+            });
+            const auto& current = directories_.currentDesktops;
+            return std::ranges::find(current, desktop) != current.end();
+        });
+    };
+    return (entry.onlyShowIn.empty() || namesThisDesktop(entry.onlyShowIn)) &&
+           !namesThisDesktop(entry.notShowIn);
+}
+
+} // namespace calmora
