@@ -9,10 +9,13 @@ namespace calmora {
 
 /// A set of modifier keys that are down. The values are those of stored shortcuts.
 struct ModifierFlags {
+    static constexpr std::uint32_t capsLock = 1U << 16;
     static constexpr std::uint32_t shift = 1U << 17;
     static constexpr std::uint32_t control = 1U << 18;
     static constexpr std::uint32_t option = 1U << 19;
     static constexpr std::uint32_t command = 1U << 20;
+    static constexpr std::uint32_t numericPad = 1U << 21;
+    static constexpr std::uint32_t function = 1U << 23;
 
     std::uint32_t mask = 0;
 

@@ -37,6 +37,10 @@ class UserDefaults {
     [[nodiscard]] virtual std::optional<std::vector<std::string>>
     stringArray(const std::string& key) const = 0;
 
+    /// The keys that start with `prefix` and hold any value at all, also one of a type that
+    /// DefaultsValue cannot hold; registered defaults are not among them. Ascending.
+    [[nodiscard]] virtual std::vector<std::string> keys(const std::string& prefix) const = 0;
+
     /// Sets a key. Written to disk no later than the next turn of the main loop; failures to
     /// write are absorbed and the value holds for the life of the process.
     virtual void set(const std::string& key, DefaultsValue value) = 0;

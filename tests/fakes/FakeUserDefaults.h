@@ -35,6 +35,15 @@ class FakeUserDefaults final : public UserDefaults {
         return typed<std::vector<std::string>>(key);
     }
 
+    [[nodiscard]] std::vector<std::string> keys(const std::string& prefix) const override {
+        std::vector<std::string> found;
+        for (auto at = stored.lower_bound(prefix);
+             at != stored.end() && at->first.starts_with(prefix); ++at) {
+            found.push_back(at->first);
+        }
+        return found;
+    }
+
     void set(const std::string& key, DefaultsValue value) override {
         writes.push_back(key);
         stored.insert_or_assign(key, std::move(value));

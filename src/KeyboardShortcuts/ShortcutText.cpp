@@ -1,0 +1,85 @@
+#include "KeyboardShortcuts/ShortcutText.h"
+
+#include "KeyboardShortcuts/Modifiers.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/LocalizedStrings.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+
+namespace calmora {
+namespace {
+
+constexpr const char* replacementCharacter = "\uFFFD";
+
+/// Whether UTF-8 text holds exactly one code point.
+bool isOneCharacter(const std::string& text) {
+    return std::ranges::count_if(
+               text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }) == 1;
+}
+
+/// The private-use character by which menus name function key `number`: U+F704 is F1.
+std::string functionKeyCharacter(int number) {
+    return {static_cast<char>(0xEF), static_cast<char>(0x9C),
+            static_cast<char>(0x80 + 0x04 + number - 1)};
+}
+
+} // namespace
+
+std::string ks_symbolicRepresentation(ModifierFlags flags) {
+    std::string symbols;
+    for (const ModifierKey& key : modifierKeys) {
+        if (flags.contains(key.eventFlag)) {
+            symbols += key.symbol;
+        }
+    }
+    return symbols;
+}
+
+std::string ShortcutText::description(const Shortcut& shortcut) const {
+    const std::string symbols = ks_symbolicRepresentation(shortcut.modifiers());
+    const auto special = specialKey(shortcut.carbonKeyCode);
+    if (!special) {
+        return symbols + capitalizedCharacter(shortcut);
+    }
+    const std::string_view text = specialKeyInfo(*special).text;
+    return symbols + (special == SpecialKey::space ? text_.capitalized(strings_.text(text))
+                                                   : std::string(text));
+}
+
+std::string ShortcutText::spokenDescription(const Shortcut& shortcut) const {
+    std::string words;
+    for (const ModifierKey& key : modifierKeys) {
+        if (shortcut.modifiers().contains(key.eventFlag)) {
+            words += strings_.text(key.spokenName) + "+";
+        }
+    }
+    const auto special = specialKey(shortcut.carbonKeyCode);
+    return words + (special ? strings_.text(specialKeyInfo(*special).spokenName)
+                            : capitalizedCharacter(shortcut));
+}
+
+std::optional<std::string> ShortcutText::menuKeyText(const Shortcut& shortcut) const {
+    const auto special = specialKey(shortcut.carbonKeyCode);
+    if (!special) {
+        return character(shortcut);
+    }
+    if (const auto number = functionKeyNumber(*special)) {
+        return functionKeyCharacter(*number);
+    }
+    if (isKeypadKey(*special)) {
+        return std::nullopt;
+    }
+    return special == SpecialKey::space ? " " : std::string(specialKeyInfo(*special).text);
+}
+
+std::optional<std::string> ShortcutText::character(const Shortcut& shortcut) const {
+    auto character = layout_.character(shortcut.carbonKeyCode);
+    return character && isOneCharacter(*character) ? character : std::nullopt;
+}
+
+std::string ShortcutText::capitalizedCharacter(const Shortcut& shortcut) const {
+    return text_.capitalized(character(shortcut).value_or(replacementCharacter));
+}
+
+} // namespace calmora

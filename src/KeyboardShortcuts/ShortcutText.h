@@ -1,0 +1,42 @@
+#pragma once
+
+#include "KeyboardShortcuts/Shortcut.h"
+#include "KeyboardShortcuts/SpecialKey.h"
+
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+class KeyboardLayout;
+class LocalizedStrings;
+class Text;
+
+/// Writes shortcuts out for people. All texts are UTF-8. What it is given must outlive it.
+class ShortcutText {
+  public:
+    ShortcutText(const KeyboardLayout& layout, const LocalizedStrings& strings, const Text& text)
+        : layout_(layout), strings_(strings), text_(text) {}
+
+    /// The textual form, like "⌃⌥⌘K": the modifiers' symbols in their fixed order, then the key.
+    /// A key that gives no single character shows as U+FFFD.
+    [[nodiscard]] std::string description(const Shortcut& shortcut) const;
+
+    /// The same in words, like "Control+Alt+Super+K", for those who do not know or see the
+    /// symbols.
+    [[nodiscard]] std::string spokenDescription(const Shortcut& shortcut) const;
+
+    /// The key as menus write key equivalents: a single character, not capitalized. Absent when
+    /// the key can stand in no menu.
+    [[nodiscard]] std::optional<std::string> menuKeyText(const Shortcut& shortcut) const;
+
+  private:
+    [[nodiscard]] std::optional<std::string> character(const Shortcut& shortcut) const;
+    [[nodiscard]] std::string capitalizedCharacter(const Shortcut& shortcut) const;
+
+    const KeyboardLayout& layout_;
+    const LocalizedStrings& strings_;
+    const Text& text_;
+};
+
+} // namespace calmora

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/EventMonitor.h"
+
+#include <cstdint>
+
+namespace calmora {
+
+/// Kinds of input. The values number the bits of event masks.
+enum class InputEventType : std::uint32_t {
+    leftMouseDown = 1,
+    leftMouseUp = 2,
+    rightMouseDown = 3,
+    rightMouseUp = 4,
+    keyDown = 10,
+    keyUp = 11,
+};
+
+/// One event of the keyboard or the pointer that reached this program.
+struct InputEvent {
+    InputEventType type = InputEventType::keyDown;
+    /// Virtual key code of the physical key; meaningful for key events only.
+    std::int64_t keyCode = 0;
+    /// The modifiers that were down.
+    ModifierFlags modifiers;
+};
+
+} // namespace calmora

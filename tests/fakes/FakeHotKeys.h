@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// Hot keys in memory. Can refuse, and records every call in order as one short line.
+class FakeHotKeys final : public HotKeys {
+  public:
+    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return {}; }
+
+    [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                                    HotKeyIdentifier identifier) override {
+        const std::string number = std::to_string(identifier.id);
+        calls->push_back("register " + std::to_string(keyCode) + "/" + std::to_string(modifiers) +
+                         " as " + number);
+        signatures.insert(identifier.signature);
+        if (const auto refused = refusals.find(keyCode); refused != refusals.end()) {
+            return {refused->second, {}};
+        }
+        return {HotKeyStatus::success,
+                Subscription([calls = calls, number] { calls->push_back("release " + number); })};
+    }
+
+    [[nodiscard]] Subscription installEventHandler(Handler newHandler) override {
+        calls->push_back("install");
+        if (!canInstall) {
+            return {};
+        }
+        handler = std::move(newHandler);
+        return Subscription([] {});
+    }
+
+    void addEventTypes(HotKeyEventTypes types) override {
+        calls->push_back(types == HotKeyEventTypes::hotKeys ? "+hot" : "+raw");
+    }
+
+    void removeEventTypes(HotKeyEventTypes types) override {
+        calls->push_back(types == HotKeyEventTypes::hotKeys ? "-hot" : "-raw");
+    }
+
+    /// Tells the handler of an event with a hot key's identifier.
+    std::int32_t fire(std::uint32_t id, HotKeyEventKind kind = HotKeyEventKind::hotKeyPressed,
+                      std::uint32_t signature = 0x434C4D48) const {
+        HotKeyEvent event;
+        event.kind = kind;
+        event.identifier = HotKeyIdentifier{signature, id};
+        return handler(event);
+    }
+
+    /// Tells the handler of a raw key.
+    std::int32_t raw(std::uint32_t keyCode, std::uint32_t modifiers,
+                     HotKeyEventKind kind = HotKeyEventKind::rawKeyDown) const {
+        HotKeyEvent event;
+        event.kind = kind;
+        event.keyCode = keyCode;
+        event.keyModifiers = modifiers;
+        return handler(event);
+    }
+
+    /// The calls since the last question.
+    std::vector<std::string> takeCalls() const { return std::exchange(*calls, {}); }
+
+    /// Status by key code.
+    std::map<std::uint32_t, std::int32_t> refusals;
+    bool canInstall = true;
+    Handler handler;
+    std::set<std::uint32_t> signatures;
+    /// Shared, because tokens record their end and may outlive this object.
+    std::shared_ptr<std::vector<std::string>> calls = std::make_shared<std::vector<std::string>>();
+};
+
+} // namespace calmora

@@ -1,0 +1,195 @@
+#include "unit/KeyboardShortcuts/ShortcutsFixture.h"
+
+namespace calmora {
+namespace {
+
+class HotKeyTableTest : public ShortcutsFixture {
+  protected:
+    using Lines = std::vector<std::string>;
+
+    void openMenu() { notifications.post({"NSMenuDidBeginTrackingNotification", {}}); }
+
+    void closeMenu() { notifications.post({"NSMenuDidEndTrackingNotification", {}}); }
+
+    /// Stores the shortcut for a name whose actions are heard as the name and "'" for the release.
+    ShortcutName bind(const std::string& raw, const Shortcut& shortcut) {
+        auto name = shortcuts.name(raw);
+        shortcuts.onKeyDown(name, hear(raw));
+        shortcuts.onKeyUp(name, hear(raw + "'"));
+        shortcuts.setShortcut(shortcut, name);
+        return name;
+    }
+
+    std::string takeHeard() { return std::exchange(heard, {}); }
+};
+
+TEST_F(HotKeyTableTest, CountsRefusalsAndPrintsThem) {
+    hotKeys.refusals[13] = HotKeyStatus::taken;
+    bind("k", commandK);
+    bind("s", optionS);
+    testing::internal::CaptureStdout();
+    const auto refused = bind("w", {13, CarbonModifiers::command});
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌘W: 10\n");
+    bind("m", {46, CarbonModifiers::control});
+    EXPECT_EQ(hotKeys.takeCalls(),
+              (Lines{"register 40/256 as 1", "install", "-raw", "+hot", "register 1/2048 as 2",
+                     "register 13/256 as 3", "register 46/4096 as 4"}));
+    EXPECT_EQ(hotKeys.signatures, std::set<std::uint32_t>{0x434C4D48});
+
+    shortcuts.enable({refused});
+    EXPECT_TRUE(hotKeys.takeCalls().empty()) << "counts as registered";
+    EXPECT_TRUE(shortcuts.isEnabled(refused));
+    EXPECT_EQ(hotKeys.fire(3), -9874);
+    EXPECT_EQ(hotKeys.fire(4), 0);
+    EXPECT_EQ(takeHeard(), "m");
+}
+
+TEST_F(HotKeyTableTest, WhatIsNoUnsigned32IsNeverHandedToTheSystem) {
+    const Shortcut rows[] = {{-1, 256}, {1LL << 32, 256}, {40, -256}, {40, 1LL << 32}};
+    const auto name = shortcuts.name("a");
+    for (const Shortcut& shortcut : rows) {
+        testing::internal::CaptureStdout();
+        shortcuts.setShortcut(shortcut, name);
+        EXPECT_NE(testing::internal::GetCapturedStdout().find(": 2\n"), std::string::npos);
+        EXPECT_EQ(shortcuts.getShortcut(name), shortcut);
+        EXPECT_TRUE(hotKeys.takeCalls().empty());
+    }
+}
+
+TEST_F(HotKeyTableTest, AnswersEvents) {
+    bind("k", commandK);
+    EXPECT_EQ(hotKeys.fire(1), 0);
+    EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind::hotKeyReleased), 0);
+    EXPECT_EQ(takeHeard(), "kk'");
+    EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind::hotKeyPressed, 0x434C4D49), -9874);
+    EXPECT_EQ(hotKeys.fire(2), -9874);
+    EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind{2}), -9874);
+    HotKeyEvent unreadable;
+    unreadable.identifier = -5;
+    EXPECT_EQ(hotKeys.handler(unreadable), -5);
+    unreadable.kind = HotKeyEventKind::rawKeyDown;
+    unreadable.keyCode = 40U;
+    unreadable.keyModifiers = -6;
+    EXPECT_EQ(hotKeys.handler(unreadable), -6);
+    unreadable.keyCode = -7;
+    EXPECT_EQ(hotKeys.handler(unreadable), -7);
+    EXPECT_EQ(takeHeard(), "");
+}
+
+TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
+    bind("k", commandK);
+    bind("s", optionS);
+    hotKeys.takeCalls();
+    openMenu();
+    openMenu();
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"release 1", "release 2", "-hot", "+raw"}));
+    // Alpha lock and other bits do not count.
+    EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x400 | 0x10000), 0);
+    EXPECT_EQ(hotKeys.raw(40, 0x100, HotKeyEventKind::rawKeyUp), 0);
+    EXPECT_EQ(takeHeard(), "kk'");
+    EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x200), -9874);
+    EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x20000), -9874);
+    EXPECT_EQ(hotKeys.raw(41, 0x100), -9874);
+    EXPECT_EQ(takeHeard(), "");
+
+    hotKeys.refusals[40] = HotKeyStatus::taken;
+    testing::internal::CaptureStdout();
+    closeMenu();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌘K: 10\n");
+    EXPECT_EQ(hotKeys.takeCalls(),
+              (Lines{"register 40/256 as 1", "register 1/2048 as 2", "-raw", "+hot"}));
+    EXPECT_EQ(hotKeys.fire(1), -9874) << "a refused entry is gone";
+    openMenu();
+    closeMenu();
+    EXPECT_EQ(hotKeys.takeCalls(),
+              (Lines{"release 2", "-hot", "+raw", "register 1/2048 as 2", "-raw", "+hot"}));
+}
+
+TEST_F(HotKeyTableTest, DisabledListensToNothing) {
+    const auto name = bind("k", commandK);
+    hotKeys.takeCalls();
+    shortcuts.setEnabled(false);
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"release 1", "-hot", "-raw"}));
+    EXPECT_FALSE(shortcuts.isEnabled(name));
+    openMenu();
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"-hot", "-raw"}));
+    shortcuts.setEnabled(true);
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"-hot", "+raw"})) << "the menu is still open";
+    closeMenu();
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "-raw", "+hot"}));
+}
+
+TEST_F(HotKeyTableTest, TheHandlerIsInstalledOnce) {
+    hotKeys.canInstall = false;
+    bind("k", commandK);
+    openMenu();
+    shortcuts.setEnabled(false);
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "install"}));
+    hotKeys.canInstall = true;
+    bind("s", optionS);
+    bind("m", {46, 256});
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 1/2048 as 2", "install", "release 1",
+                                          "release 2", "-hot", "-raw", "register 46/256 as 3"}));
+}
+
+TEST_F(HotKeyTableTest, ActionsRunByNameAtThatMoment) {
+    const auto a = bind("a", commandK);
+    const auto b = bind("b", commandK);
+    shortcuts.onKeyDown(a, hear("2"));
+    std::string streamed;
+    auto stream = shortcuts.events(b, [&](KeyboardShortcutEvent event) {
+        streamed += event == KeyboardShortcutEvent::keyDown ? "d" : "u";
+    });
+    hotKeys.fire(1);
+    hotKeys.fire(1, HotKeyEventKind::hotKeyReleased);
+    EXPECT_EQ(takeHeard(), "a2ba'b'");
+    EXPECT_EQ(streamed, "du");
+
+    shortcuts.setHandlersPaused(true);
+    EXPECT_EQ(hotKeys.fire(1), 0) << "still taken";
+    shortcuts.setHandlersPaused(false);
+    stream.reset();
+    store("b", false);
+    hotKeys.fire(1);
+    EXPECT_EQ(takeHeard(), "a2") << "b has no shortcut now";
+    EXPECT_EQ(streamed, "du");
+}
+
+TEST_F(HotKeyTableTest, HandlersComeAndGo) {
+    store("a", R"({"carbonKeyCode":40,"carbonModifiers":256})");
+    store("b", R"({"carbonKeyCode":40,"carbonModifiers":256})");
+    const auto a = shortcuts.name("a");
+    const auto b = shortcuts.name("b");
+    EXPECT_TRUE(hotKeys.takeCalls().empty()) << "a stored shortcut without action is not taken";
+    shortcuts.onKeyDown(a, hear("a"));
+    shortcuts.onKeyUp(b, hear("b"));
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "install", "-raw", "+hot"}));
+    shortcuts.removeHandler(a);
+    EXPECT_TRUE(hotKeys.takeCalls().empty()) << "b uses it";
+    shortcuts.removeHandler(b);
+    EXPECT_EQ(hotKeys.takeCalls(), Lines{"release 1"});
+    EXPECT_FALSE(shortcuts.isEnabled(a));
+
+    shortcuts.enable({a});
+    EXPECT_TRUE(shortcuts.isEnabled(b));
+    shortcuts.disable({b});
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 2", "release 2"}));
+    shortcuts.onKeyDown(a, hear("a"));
+    shortcuts.removeAllHandlers();
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 3", "release 3"}));
+}
+
+TEST_F(HotKeyTableTest, AnActionMayChangeEverything) {
+    const auto a = bind("a", commandK);
+    shortcuts.onKeyDown(a, [&] {
+        shortcuts.removeAllHandlers();
+        shortcuts.setShortcut({}, a);
+    });
+    shortcuts.onKeyDown(a, hear("2"));
+    EXPECT_EQ(hotKeys.fire(1), 0);
+    EXPECT_EQ(takeHeard(), "a2");
+    EXPECT_EQ(hotKeys.fire(1), -9874);
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "KeyboardShortcuts/Modifiers.h"
+#include "fakes/FakeHotKeys.h"
+#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeLocalizedStrings.h"
+#include "fakes/FakeText.h"
+#include "fakes/FakeUserDefaults.h"
+#include "platform/NotificationCenter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// The module over a machine in memory.
+class ShortcutsFixture : public testing::Test {
+  protected:
+    ShortcutsFixture() { strings.texts.emplace("space_key", "space"); }
+
+    /// What is stored for a name, as one line; "none" when there is nothing.
+    [[nodiscard]] std::string stored(const std::string& name) const {
+        const auto found = defaults.stored.find("KeyboardShortcuts_" + name);
+        if (found == defaults.stored.end()) {
+            return "none";
+        }
+        const auto* json = std::get_if<std::string>(&found->second);
+        return json ? *json : found->second == DefaultsValue(false) ? "false" : "other";
+    }
+
+    /// Appends to `heard` when an action runs.
+    KeyboardShortcuts::Action hear(const std::string& what) {
+        return [this, what] { heard += what; };
+    }
+
+    void store(const std::string& name, DefaultsValue value) {
+        defaults.stored["KeyboardShortcuts_" + name] = std::move(value);
+    }
+
+    static constexpr Shortcut commandK{40, CarbonModifiers::command};
+    static constexpr Shortcut optionS{1, CarbonModifiers::option};
+
+    FakeUserDefaults defaults;
+    NotificationCenter notifications;
+    FakeHotKeys hotKeys;
+    FakeKeyboardLayout layout;
+    FakeLocalizedStrings strings;
+    FakeText text;
+    KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
+    std::string heard;
+};
+
+} // namespace calmora

@@ -1,0 +1,103 @@
+#include "unit/KeyboardShortcuts/ShortcutsFixture.h"
+
+namespace calmora {
+namespace {
+
+class StorageTest : public ShortcutsFixture {
+  protected:
+    using Lines = std::vector<std::string>;
+
+    /// The names of the notifications since the last question; each must come with its change
+    /// already stored.
+    Lines takeChanges() { return std::exchange(changes, {}); }
+
+    Lines changes;
+    Subscription observer = notifications.observe(
+        "KeyboardShortcuts_shortcutByNameDidChange", [this](const Notification& notification) {
+            const auto* name = notification.info<ShortcutName>("name");
+            changes.push_back(name ? name->rawValue + " " + stored(name->rawValue) : "nameless");
+        });
+};
+
+constexpr const char* commandKText = R"({"carbonKeyCode":40,"carbonModifiers":256})";
+constexpr const char* optionSText = R"({"carbonKeyCode":1,"carbonModifiers":2048})";
+
+TEST_F(StorageTest, ADefaultIsStoredOnceOnly) {
+    const auto name = shortcuts.name("a", commandK);
+    EXPECT_EQ(takeChanges(), Lines{std::string("a ") + commandKText});
+    EXPECT_EQ(shortcuts.getShortcut(name), commandK);
+    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "install", "-raw", "+hot"}));
+
+    shortcuts.name("a", optionS);
+    EXPECT_EQ(stored("a"), commandKText) << "there is an entry";
+    shortcuts.setShortcut({}, name);
+    EXPECT_EQ(stored("a"), "false");
+    EXPECT_EQ(takeChanges(), Lines{"a false"});
+    shortcuts.name("a", commandK);
+    EXPECT_EQ(stored("a"), "false") << "cleared by the user";
+    store("b", std::int64_t{7});
+    shortcuts.name("b", commandK);
+    EXPECT_EQ(stored("b"), "other") << "any entry keeps the default away";
+    store("cd", true);
+    shortcuts.name("c", commandK);
+    EXPECT_EQ(stored("c"), commandKText) << "a longer key is another name's";
+    EXPECT_EQ(takeChanges().size(), 1U);
+}
+
+TEST_F(StorageTest, SettingUnregistersRegistersStoresAndTells) {
+    const auto name = shortcuts.name("a");
+    shortcuts.setShortcut({}, name);
+    EXPECT_TRUE(changes.empty() && defaults.writes.empty() && hotKeys.takeCalls().empty());
+
+    shortcuts.setShortcut(commandK, name);
+    shortcuts.setShortcut(commandK, name);
+    shortcuts.setShortcut(optionS, name);
+    EXPECT_EQ(hotKeys.takeCalls(),
+              (Lines{"register 40/256 as 1", "install", "-raw", "+hot", "release 1",
+                     "register 40/256 as 2", "release 2", "register 1/2048 as 3"}));
+    EXPECT_EQ(takeChanges(),
+              (Lines{std::string("a ") + commandKText, std::string("a ") + commandKText,
+                     std::string("a ") + optionSText}));
+    shortcuts.setShortcut({}, name);
+    EXPECT_EQ(takeChanges(), Lines{"a none"});
+    EXPECT_EQ(hotKeys.takeCalls(), Lines{"release 3"});
+}
+
+TEST_F(StorageTest, OddValuesReadAsNoneAndAreOverwritten) {
+    const auto name = shortcuts.name("a", std::nullopt);
+    const DefaultsValue rows[] = {false, true, std::int64_t{40}, std::string("corrupt"),
+                                  std::vector<std::string>{commandKText}};
+    for (const auto& value : rows) {
+        store("a", value);
+        EXPECT_EQ(shortcuts.getShortcut(name), std::nullopt);
+        shortcuts.setShortcut({}, name);
+        shortcuts.reset({name});
+        EXPECT_EQ(defaults.stored.at("KeyboardShortcuts_a"), value);
+        EXPECT_TRUE(takeChanges().empty());
+        shortcuts.setShortcut(optionS, name);
+        EXPECT_EQ(stored("a"), optionSText);
+        takeChanges();
+    }
+    store("a", commandKText);
+    EXPECT_EQ(shortcuts.getShortcut(name), commandK) << "written by someone else";
+}
+
+TEST_F(StorageTest, ResetGivesTheDefaultOrNothing) {
+    const auto with = shortcuts.name("with", commandK);
+    const auto without = shortcuts.name("without");
+    shortcuts.setShortcut({}, with);
+    shortcuts.setShortcut(optionS, without);
+    shortcuts.reset({with, without});
+    EXPECT_EQ(stored("with"), commandKText);
+    EXPECT_EQ(stored("without"), "none");
+
+    store("gone", optionSText);
+    store("cleared", false);
+    defaults.stored["KeyboardShortcut"] = std::string(optionSText);
+    shortcuts.resetAll();
+    EXPECT_EQ(stored("with") + stored("gone") + stored("cleared"), "nonenonefalse");
+    EXPECT_TRUE(defaults.stored.contains("KeyboardShortcut"));
+}
+
+} // namespace
+} // namespace calmora
