@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/Bundle.h"
+#include "platform/Geometry.h"
+#include "platform/LocalizedStrings.h"
+#include "platform/Popover.h"
+#include "platform/StatusItem.h"
+#include "platform/Updater.h"
+#include "settings/AppSettings.h"
+
+#include <memory>
+#include <vector>
+
+namespace calmora {
+
+class AppToolkit;
+class UserDefaults;
+
+/// The program's presence in the status bar: one icon, whose left click opens and closes the
+/// popover and whose right click opens the menu. Main thread.
+class AppDelegate {
+  public:
+    static constexpr Size popoverSize{360, 500};
+    static constexpr int statusIconPoints = 19;
+
+    /// Nothing is on screen yet. The references must outlive the delegate.
+    AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
+                const Bundle& bundle, const LocalizedStrings& strings);
+
+    /// Makes the popover and the status item. Call once, when the main loop is about to run.
+    void applicationDidFinishLaunching();
+
+    /// The action of the status item: the menu after a right click, else the popover opens or
+    /// closes.
+    void togglePopover(StatusEvent event);
+
+    /// Opens the popover unless it is shown; for a second start of the program.
+    void openPopover();
+
+    /// Opens the menu where the program has to do it.
+    void showContextMenu();
+
+    /// Shows the About panel.
+    void showAbout();
+
+    /// Ends the program.
+    void quitApp();
+
+    /// The preferences.
+    [[nodiscard]] AppSettings& settings() { return settings_; }
+
+  private:
+    void togglePopover();
+    [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
+
+    AppSettings settings_;
+    std::unique_ptr<Updater> updaterController_;
+    std::unique_ptr<StatusItem> statusItem_;
+    std::unique_ptr<Popover> popover_;
+
+    AppToolkit& toolkit_;
+    const Bundle& bundle_;
+    const LocalizedStrings& strings_;
+};
+
+} // namespace calmora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+namespace calmora {
+
+class AppSettings;
+class Popover;
+class StatusItem;
+
+/// What the application delegate has made and done for it by the toolkit.
+class AppToolkit {
+  public:
+    virtual ~AppToolkit() = default;
+
+    /// The popover with the application list in it.
+    [[nodiscard]] virtual std::unique_ptr<Popover> makePopover(AppSettings& settings) = 0;
+
+    /// A status item without picture, action and menu.
+    [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
+
+    /// Shows the About panel, or raises the one there is.
+    virtual void orderFrontAboutPanel() = 0;
+
+    /// Ends the program on the next turn of its loop.
+    virtual void terminate() = 0;
+};
+
+} // namespace calmora

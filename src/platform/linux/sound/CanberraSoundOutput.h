@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/Sound.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace calmora {
+
+/// Plays sounds through the desktop's sound server. libcanberra is loaded when the first sound is
+/// played, and playing never waits; without the library or a sound server nothing is heard.
+/// Source: libcanberra, ca_context_play(); files must be WAV with 16 bits.
+class CanberraSoundOutput final : public SoundOutput {
+  public:
+    /// Name and identifier under which the sound server lists the program.
+    CanberraSoundOutput(std::string applicationName, std::string applicationId);
+
+    ~CanberraSoundOutput() override;
+
+    /// The sound may outlive this object.
+    [[nodiscard]] std::unique_ptr<Sound> load(const std::filesystem::path& file) override;
+
+  private:
+    class Player;
+    class CanberraSound;
+
+    std::shared_ptr<Player> player_;
+    std::uint32_t lastSound_ = 0;
+};
+
+} // namespace calmora
