@@ -33,7 +33,9 @@ std::optional<std::chrono::duration<double>> threshold(std::int64_t minutes) {
 
 /// Seconds since 1970 as a decimal fraction, as short as it can be read back.
 std::string secondsText(std::chrono::system_clock::time_point date) {
-    const double seconds = std::chrono::duration<double>(date.time_since_epoch()).count();
+    const auto whole = std::chrono::floor<std::chrono::seconds>(date);
+    const double seconds = static_cast<double>(whole.time_since_epoch().count()) +
+                           std::chrono::duration<double>(date - whole).count();
     std::array<char, 400> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), seconds,
                                             std::chars_format::fixed);
@@ -52,7 +54,6 @@ AutoQuitManager::AutoQuitManager(AppSettings& settings, Platform platform,
       activityTracker_(platform), appQuitter_(platform), resourceMonitor_(platform) {}
 
 void AutoQuitManager::start() {
-    checkTimer_.reset();
     checkTimer_ = platform_.runLoop.repeat(checkInterval, [this] { checkAndQuitInactiveApps(); });
 }
 

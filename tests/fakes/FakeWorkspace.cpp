@@ -139,6 +139,12 @@ std::string FakeWorkspace::canonicalIdentifier(const std::string& identifier) co
     return found != canonicalIdentifiers.end() ? found->second : identifier;
 }
 
+std::optional<InstalledApplication>
+FakeWorkspace::installedApplication(const std::string& bundleIdentifier) const {
+    const auto found = installed.find(bundleIdentifier);
+    return found != installed.end() ? std::optional(found->second) : std::nullopt;
+}
+
 Subscription FakeWorkspace::onLaunched(Handler handler) {
     return launched.connect(std::move(handler));
 }

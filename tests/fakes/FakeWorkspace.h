@@ -17,13 +17,13 @@ namespace calmora {
 /// One application of a fake workspace and how it takes being asked to quit.
 struct FakeApplication {
     ProcessId pid = 0;
-    std::optional<std::string> name;
-    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> name = {};
+    std::optional<std::string> bundleIdentifier = {};
     ActivationPolicy policy = ActivationPolicy::regular;
-    std::optional<Image> icon;
-    std::optional<std::string> bundleURL;
-    std::optional<std::filesystem::path> executableURL;
-    FakeProcess process;
+    std::optional<Image> icon = {};
+    std::optional<std::string> bundleURL = {};
+    std::optional<std::filesystem::path> executableURL = {};
+    FakeProcess process = {};
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -55,6 +55,8 @@ class FakeWorkspace final : public Workspace {
     [[nodiscard]] std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) override;
     [[nodiscard]] std::string canonicalIdentifier(const std::string& identifier) const override;
+    [[nodiscard]] std::optional<InstalledApplication>
+    installedApplication(const std::string& bundleIdentifier) const override;
     [[nodiscard]] Subscription onLaunched(Handler handler) override;
     [[nodiscard]] Subscription onTerminated(Handler handler) override;
     [[nodiscard]] Subscription onActivated(Handler handler) override;
@@ -69,6 +71,8 @@ class FakeWorkspace final : public Workspace {
     std::vector<ProcessId> forceRequests;
     /// Stored identifiers that mean another one.
     std::map<std::string, std::string> canonicalIdentifiers;
+    /// What is installed, by identifier.
+    std::map<std::string, InstalledApplication> installed;
     Signal<const WorkspaceApplication&> launched;
     Signal<const WorkspaceApplication&> terminated;
     Signal<const WorkspaceApplication&> activated;
