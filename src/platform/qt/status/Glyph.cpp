@@ -1,0 +1,82 @@
+#include "platform/qt/status/Glyph.h"
+
+#include "theme/Pictures.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QtEndian>
+
+#include <array>
+
+namespace calmora {
+namespace {
+
+/// Heights of the icons in common bars, at one and two pixels a point.
+constexpr std::array sides = {16, 19, 22, 24, 32, 38, 48};
+
+QImage tinted(const Image& image, int side, const QColor& color) {
+    const QPixmap pixmap = imagePixmap(image, side, 1);
+    if (pixmap.isNull()) {
+        return {};
+    }
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter painter(&square);
+    drawPixmap(painter, square.rect(), pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(square.rect(), color);
+    return square;
+}
+
+} // namespace
+
+QColor glyphColorOn(const QColor& background) {
+    // Half of the way up the perceived lightness, not of the light itself.
+    return qGray(background.rgb()) > 150 ? Qt::black : Qt::white;
+}
+
+QColor backgroundOf(const QImage& icon) {
+    if (icon.isNull()) {
+        return {};
+    }
+    const int right = icon.width() - 1;
+    const int bottom = icon.height() - 1;
+    const std::array corners = {icon.pixelColor(0, 0), icon.pixelColor(right, 0),
+                                icon.pixelColor(0, bottom), icon.pixelColor(right, bottom)};
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    for (const QColor& corner : corners) {
+        red += corner.red();
+        green += corner.green();
+        blue += corner.blue();
+    }
+    constexpr int count = corners.size();
+    return {red / count, green / count, blue / count};
+}
+
+QIcon glyphIcon(const Image& image, const QColor& color) {
+    QIcon icon;
+    for (const int side : sides) {
+        if (const QImage glyph = tinted(image, side, color); !glyph.isNull()) {
+            icon.addPixmap(QPixmap::fromImage(glyph));
+        }
+    }
+    return icon;
+}
+
+QList<DbusPixmap> glyphPixmaps(const Image& image, const QColor& color) {
+    QList<DbusPixmap> pixmaps;
+    for (const int side : sides) {
+        const QImage glyph = tinted(image, side, color).convertToFormat(QImage::Format_ARGB32);
+        if (glyph.isNull()) {
+            continue;
+        }
+        QByteArray bytes(glyph.sizeInBytes(), Qt::Uninitialized);
+        qToBigEndian<quint32>(glyph.constBits(), glyph.sizeInBytes() / 4, bytes.data());
+        pixmaps.append({side, side, bytes});
+    }
+    return pixmaps;
+}
+
+} // namespace calmora

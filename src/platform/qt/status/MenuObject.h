@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/StatusItem.h"
+#include "platform/qt/status/DbusTypes.h"
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// The status item's menu for panels that draw it themselves (com.canonical.dbusmenu).
+/// An entry keeps its number as long as there is one with its title, so that a click that crosses
+/// a change of the menu hits nothing else.
+class MenuObject : public QDBusVirtualObject {
+  public:
+    static constexpr auto path = "/MenuBar";
+    static constexpr auto interfaceName = "com.canonical.dbusmenu";
+
+    /// `build` gives the entries each time that the menu opens.
+    MenuObject(const QDBusConnection& connection,
+               std::function<std::vector<StatusMenuItem>()> build);
+    ~MenuObject() override;
+
+    /// Builds the entries again and tells the panel what is different. True when anything is.
+    bool update();
+
+    [[nodiscard]] QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+  private:
+    struct Entry {
+        int id = 0;
+        StatusMenuItem item;
+        QVariantMap properties;
+    };
+
+    [[nodiscard]] std::vector<Entry> buildEntries();
+    [[nodiscard]] const Entry* entry(int id) const;
+    [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
+    [[nodiscard]] DbusMenuLayout layout(int id, int depth, const QStringList& names) const;
+    /// False when there is no such entry.
+    bool handleEvent(const DbusMenuEvent& event);
+    [[nodiscard]] QVariant ownProperty(const QString& name) const;
+
+    QDBusConnection connection_;
+    std::function<std::vector<StatusMenuItem>()> build_;
+    std::map<std::string, int> ids_;
+    int lastId_ = 0;
+    std::vector<Entry> entries_;
+    uint revision_ = 1;
+};
+
+} // namespace calmora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+
+#include <functional>
+
+namespace calmora {
+
+/// Follows the panel's register of status items (org.kde.StatusNotifierWatcher). Never waits.
+class PanelWatcher {
+  public:
+    enum class Panel {
+        /// The bus has not answered yet.
+        unknown,
+        /// There is no register: no bus, or a desktop without one.
+        absent,
+        /// There is one.
+        present,
+        /// GNOME's shell keeps it, whose extensions open the menu on a left click.
+        gnomeShell,
+    };
+
+    /// `onPanel` is told from the main loop, first as soon as the bus has answered, then each time
+    /// that the register changes its owner.
+    PanelWatcher(const QDBusConnection& connection, std::function<void(Panel)> onPanel);
+    PanelWatcher(const PanelWatcher&) = delete;
+    PanelWatcher& operator=(const PanelWatcher&) = delete;
+
+    [[nodiscard]] Panel panel() const { return panel_; }
+
+  private:
+    void setOwner(const QString& owner);
+    void setPanel(Panel panel);
+
+    QDBusConnection connection_;
+    std::function<void(Panel)> onPanel_;
+    Panel panel_ = Panel::unknown;
+    /// Unique name of the register's owner; empty when there is none.
+    QString owner_;
+    QDBusServiceWatcher watcher_;
+};
+
+} // namespace calmora

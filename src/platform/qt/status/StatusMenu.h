@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/StatusItem.h"
+
+#include <QMenu>
+#include <QString>
+
+#include <vector>
+
+namespace calmora {
+
+/// The status item's menu where no panel draws it.
+class StatusMenu : public QMenu {
+  public:
+    explicit StatusMenu(const std::vector<StatusMenuItem>& items);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+};
+
+} // namespace calmora

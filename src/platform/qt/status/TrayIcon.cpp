@@ -1,0 +1,101 @@
+#include "platform/qt/status/TrayIcon.h"
+
+#include "platform/qt/status/Glyph.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+#include <QPixmap>
+#include <QScreen>
+#include <QTimer>
+#include <QWidget>
+
+#include <utility>
+
+namespace calmora {
+
+TrayIcon::TrayIcon(const QString& title, std::function<void(StatusEvent)> onClick)
+    : onClick_(std::move(onClick)),
+      color_(glyphColorOn(QApplication::palette().color(QPalette::Window))) {
+    icon_.setToolTip(title);
+    connect(&icon_, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                switch (reason) {
+                case QSystemTrayIcon::Trigger:
+                case QSystemTrayIcon::DoubleClick:
+                    onClick_(StatusEvent::leftMouseUp);
+                    break;
+                case QSystemTrayIcon::Context:
+                    onClick_(StatusEvent::rightMouseUp);
+                    break;
+                case QSystemTrayIcon::MiddleClick:
+                case QSystemTrayIcon::Unknown:
+                    break;
+                }
+            });
+}
+
+void TrayIcon::setGlyph(const std::optional<Image>& glyph) {
+    glyph_ = glyph;
+    draw();
+    icon_.show();
+    if (window_) {
+        return;
+    }
+    // Qt tells nothing of its icon's place; its window in the tray does.
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->inherits("QSystemTrayIconSys")) {
+            window_ = widget;
+            widget->installEventFilter(this);
+        }
+    }
+}
+
+std::optional<Rect> TrayIcon::geometry() const {
+    const QRect place = icon_.geometry();
+    if (place.isEmpty()) {
+        return std::nullopt;
+    }
+    return Rect{place.x(), place.y(), place.width(), place.height()};
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == window_ && event->type() == QEvent::Paint && !isAdapting_) {
+        isAdapting_ = true;
+        // After the paint has reached the screen.
+        QTimer::singleShot(50, this, [this] {
+            adaptColor();
+            isAdapting_ = false;
+        });
+    }
+    return false;
+}
+
+void TrayIcon::draw() {
+    QIcon icon = glyph_ ? glyphIcon(*glyph_, color_) : QIcon();
+    if (icon.isNull()) {
+        // Qt shows no icon without a picture; the place in the tray stays the button.
+        QPixmap empty(22, 22);
+        empty.fill(Qt::transparent);
+        icon.addPixmap(empty);
+    }
+    icon_.setIcon(icon);
+}
+
+void TrayIcon::adaptColor() {
+    const QRect place = icon_.geometry();
+    QScreen* screen = QApplication::screenAt(place.center());
+    if (place.isEmpty() || !screen) {
+        return;
+    }
+    const QPoint origin = place.topLeft() - screen->geometry().topLeft();
+    const QImage seen =
+        screen->grabWindow(0, origin.x(), origin.y(), place.width(), place.height()).toImage();
+    const QColor background = backgroundOf(seen);
+    if (background.isValid() && glyphColorOn(background) != color_) {
+        color_ = glyphColorOn(background);
+        draw();
+    }
+}
+
+} // namespace calmora

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Image.h"
+#include "platform/StatusItem.h"
+
+#include <QColor>
+#include <QObject>
+#include <QPointer>
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <optional>
+
+namespace calmora {
+
+/// The icon in a tray of the old kind (XEmbed), for desktops without a register of status items.
+/// Must not be made while there is such a register: Qt decides once per process which kind it
+/// uses.  Source: freedesktop System Tray Protocol.
+class TrayIcon : public QObject {
+  public:
+    /// `onClick` is told of every click, a fast second one included.
+    TrayIcon(const QString& title, std::function<void(StatusEvent)> onClick);
+
+    /// The glyph, drawn black or white after the tray's background.
+    void setGlyph(const std::optional<Image>& glyph);
+
+    /// Where the icon is; absent while no tray shows it.
+    [[nodiscard]] std::optional<Rect> geometry() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void draw();
+    void adaptColor();
+
+    QSystemTrayIcon icon_;
+    std::function<void(StatusEvent)> onClick_;
+    std::optional<Image> glyph_;
+    QColor color_;
+    /// Qt's own window in the tray.
+    QPointer<QObject> window_;
+    bool isAdapting_ = false;
+};
+
+} // namespace calmora

@@ -1,0 +1,268 @@
+#include "platform/LocalizedStrings.h"
+#include "platform/qt/status/Glyph.h"
+#include "platform/qt/status/QtStatusItem.h"
+#include "platform/qt/status/StatusMenu.h"
+
+#include "PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDBusVariant>
+#include <QTest>
+
+#include <memory>
+
+namespace calmora {
+namespace {
+
+constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
+constexpr auto menuInterface = MenuObject::interfaceName;
+constexpr auto itemInterface = NotifierItem::interfaceName;
+
+struct KeysAsTexts : LocalizedStrings {
+    std::string text(std::string_view key, std::optional<std::int64_t>) const override {
+        return std::string(key);
+    }
+};
+
+class StatusItemTest : public testing::Test {
+  protected:
+    StatusItemTest() {
+        item.setAction([this](StatusEvent event) { events.push_back(event); });
+        item.setMenu([this] {
+            return std::vector<StatusMenuItem>{
+                {"About Calmora", "", true, [this] { ++abouts; }},
+                {"Check for Updates…", "", canUpdate, [this] { ++updates; }},
+                {},
+                {"Quit Calmora", "q", true, [this] { ++quits; }},
+            };
+        });
+    }
+
+    /// The panel starts.
+    void startPanel() {
+        panelObject = std::make_unique<ScriptedObject>(panel, "/StatusNotifierWatcher");
+        ASSERT_TRUE(panel.registerService(watcherName));
+    }
+
+    void stopPanel() {
+        ASSERT_TRUE(panel.unregisterService(watcherName));
+        panelObject.reset();
+    }
+
+    [[nodiscard]] bool isRegistered() const {
+        return panelObject && panelObject->count("RegisterStatusNotifierItem") == 1 &&
+               panelObject->calls.back().arguments().value(0) == own.baseService();
+    }
+
+    QDBusMessage call(const char* path, const char* interface, const char* method,
+                      const QVariantList& arguments = {}) {
+        return callAndWait(panel, own.baseService(), path, interface, method, arguments);
+    }
+
+    QDBusMessage callMenu(const char* method, const QVariantList& arguments = {}) {
+        return call(MenuObject::path, menuInterface, method, arguments);
+    }
+
+    QVariant property(const char* name) {
+        return call(NotifierItem::path, "org.freedesktop.DBus.Properties", "Get",
+                    {itemInterface, name})
+            .arguments()
+            .value(0)
+            .value<QDBusVariant>()
+            .variant();
+    }
+
+    DbusMenuLayout layout() {
+        const QVariantList out = callMenu("GetLayout", {0, -1, QStringList()}).arguments();
+        return qdbus_cast<DbusMenuLayout>(out.value(1));
+    }
+
+    static QStringList titles(const DbusMenuLayout& menu) {
+        QStringList result;
+        for (const DbusMenuLayout& child : menu.children) {
+            result += child.properties.value("type") == "separator"
+                          ? "-"
+                          : child.properties.value("label").toString();
+        }
+        return result;
+    }
+
+    PrivateBus bus;
+    QDBusConnection own = bus.connect();
+    QDBusConnection panel = bus.connect();
+    KeysAsTexts strings;
+    bool canUpdate = false;
+    int abouts = 0;
+    int updates = 0;
+    int quits = 0;
+    std::vector<StatusEvent> events;
+    std::unique_ptr<ScriptedObject> panelObject;
+    QtStatusItem item{own, "org.example.Item", strings};
+};
+
+TEST_F(StatusItemTest, isRegisteredWheneverAPanelAppears) {
+    EXPECT_FALSE(waitFor([&] { return isRegistered(); }, std::chrono::milliseconds(30)));
+    startPanel();
+    EXPECT_TRUE(waitFor([&] { return isRegistered(); }));
+    stopPanel();
+    startPanel();
+    EXPECT_TRUE(waitFor([&] { return isRegistered(); })) << "a panel that comes back";
+}
+
+TEST_F(StatusItemTest, answersThePanel) {
+    startPanel();
+    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    EXPECT_EQ(item.frame(), std::nullopt);
+
+    call(NotifierItem::path, itemInterface, "Activate", {700, 20});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
+    EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
+    const std::optional<Rect> frame = item.frame();
+    ASSERT_TRUE(frame);
+    EXPECT_TRUE(frame->x < 700 && 700 < frame->x + frame->width);
+    EXPECT_TRUE(frame->y < 20 && 20 < frame->y + frame->height);
+
+    EXPECT_EQ(call(NotifierItem::path, itemInterface, "SecondaryActivate", {1, 1}).type(),
+              QDBusMessage::ReplyMessage);
+    call(NotifierItem::path, itemInterface, "ContextMenu", {0, 0});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 2; }));
+    EXPECT_EQ(events.back(), StatusEvent::rightMouseUp);
+    EXPECT_EQ(item.frame(), frame) << "a panel that gives no place keeps the last one";
+
+    EXPECT_EQ(property("Id"), "org.example.Item");
+    EXPECT_EQ(property("ItemIsMenu"), false);
+    EXPECT_EQ(property("Menu").value<QDBusObjectPath>().path(), MenuObject::path);
+    EXPECT_EQ(call(NotifierItem::path, itemInterface, "NoSuchMethod").type(),
+              QDBusMessage::ErrorMessage);
+}
+
+TEST_F(StatusItemTest, showsTheGlyphInTheDesktopsColor) {
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::WindowText, QColor("#fedcba"));
+    QApplication::setPalette(palette);
+    const auto pixels =
+        std::make_shared<ImagePixels>(ImagePixels{2, 2, std::vector<std::uint32_t>(4, 0xFF000000)});
+    item.setTemplateImage(Image{{}, {}, pixels}, 19);
+    const auto pixmaps = qdbus_cast<QList<DbusPixmap>>(property("IconPixmap"));
+    ASSERT_FALSE(pixmaps.isEmpty());
+    for (const DbusPixmap& pixmap : pixmaps) {
+        ASSERT_EQ(pixmap.bytes.size(), pixmap.width * pixmap.height * 4);
+        const qsizetype middle = (pixmap.height / 2 * pixmap.width + pixmap.width / 2) * 4;
+        EXPECT_EQ(pixmap.bytes.mid(middle, 4), QByteArray::fromHex("fffedcba")) << "network order";
+    }
+    EXPECT_EQ(property("IconName"), "");
+
+    item.setTemplateImage(Image{{}, RESOURCES "/MenuBarIcon.svg", {}}, 19);
+    EXPECT_EQ(property("IconName"), "MenuBarIcon-symbolic");
+    EXPECT_EQ(property("IconThemePath"), RESOURCES);
+    item.setTemplateImage(std::nullopt, 19);
+    EXPECT_EQ(property("IconName"), "");
+}
+
+TEST_F(StatusItemTest, givesItsMenuToThePanel) {
+    startPanel();
+    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    const DbusMenuLayout menu = layout();
+    ASSERT_EQ(titles(menu),
+              QStringList({"About Calmora", "Check for Updates…", "-", "Quit Calmora"}));
+    const int about = menu.children[0].id;
+    const int update = menu.children[1].id;
+    const int quit = menu.children[3].id;
+    EXPECT_EQ(qdbus_cast<QList<QStringList>>(menu.children[3].properties["shortcut"]),
+              QList<QStringList>({{"Super", "q"}}));
+    EXPECT_FALSE(menu.children[0].properties.contains("shortcut"));
+
+    const auto click = [&](int id) {
+        return callMenu("Event", {id, "clicked", QVariant::fromValue(QDBusVariant("")), 0U}).type();
+    };
+    EXPECT_EQ(click(about), QDBusMessage::ReplyMessage);
+    EXPECT_TRUE(waitFor([&] { return abouts == 1; }));
+    EXPECT_EQ(click(4711), QDBusMessage::ErrorMessage);
+
+    // What changed is known when the menu opens, and told to the panel.
+    click(update);
+    canUpdate = true;
+    EXPECT_EQ(callMenu("AboutToShow", {0}).arguments().value(0), true);
+    EXPECT_EQ(callMenu("AboutToShow", {0}).arguments().value(0), false);
+    EXPECT_EQ(updates, 0) << "a click on a disabled entry";
+    const auto properties = qdbus_cast<QList<DbusMenuProperties>>(
+        callMenu("GetGroupProperties",
+                 {QVariant::fromValue(QList<int>{update, 4711}), QStringList{"enabled", "label"}})
+            .arguments()
+            .value(0));
+    ASSERT_EQ(properties.size(), 1);
+    EXPECT_EQ(properties[0].properties,
+              (QVariantMap{{"enabled", true}, {"label", "Check for Updates…"}}));
+
+    // Some panels send events in groups only.
+    const QList<DbusMenuEvent> group = {{update, "clicked"}, {4711, "clicked"}, {quit, "clicked"}};
+    const QVariantList failed = callMenu("EventGroup", {QVariant::fromValue(group)}).arguments();
+    EXPECT_EQ(qdbus_cast<QList<int>>(failed.value(0)), QList<int>{4711});
+    EXPECT_TRUE(waitFor([&] { return updates == 1 && quits == 1; }));
+
+    const QVariantList groups =
+        callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0, 4711})}).arguments();
+    EXPECT_EQ(qdbus_cast<QList<int>>(groups.value(0)), QList<int>());
+    EXPECT_EQ(qdbus_cast<QList<int>>(groups.value(1)), QList<int>{4711});
+}
+
+TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
+    ASSERT_TRUE(panel.registerService("org.gnome.Shell"));
+    const int quit = layout().children.back().id;
+    startPanel();
+    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    const DbusMenuLayout menu = layout();
+    EXPECT_EQ(titles(menu), QStringList({"Show/Hide Calmora", "-", "About Calmora",
+                                         "Check for Updates…", "-", "Quit Calmora"}));
+    EXPECT_EQ(menu.children.back().id, quit) << "a click under way must not hit another entry";
+    callMenu("Event",
+             {menu.children.front().id, "clicked", QVariant::fromValue(QDBusVariant(0)), 0U});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
+    EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
+}
+
+TEST(StatusItemWithoutBus, existsAllTheSame) {
+    const KeysAsTexts strings;
+    QtStatusItem item(QDBusConnection("no such connection"), "org.example.Item", strings);
+    item.setAction([](StatusEvent) {});
+    item.setMenu([] { return std::vector<StatusMenuItem>{}; });
+    item.setTemplateImage(Image{{}, "/no/such/file.svg", {}}, 19);
+    EXPECT_EQ(item.frame(), std::nullopt);
+    EXPECT_FALSE(waitFor([&] { return item.frame().has_value(); }, std::chrono::milliseconds(20)));
+}
+
+TEST(StatusMenuTest, answersItsKeysWhileOpen) {
+    int quits = 0;
+    int others = 0;
+    StatusMenu menu({{"Other_one & two", "o", false, [&] { ++others; }},
+                     {},
+                     {"Quit", "q", true, [&] { ++quits; }}});
+    menu.popup({0, 0});
+    QTest::keyPress(&menu, Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyPress(&menu, Qt::Key_Super_L, Qt::MetaModifier);
+    QTest::keyPress(&menu, Qt::Key_O, Qt::MetaModifier);
+    EXPECT_TRUE(menu.isVisible());
+    QTest::keyPress(&menu, Qt::Key_Q, Qt::MetaModifier);
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_EQ(quits, 1);
+    EXPECT_EQ(others, 0);
+}
+
+TEST(GlyphTest, standsOutFromTheBar) {
+    const std::pair<const char*, Qt::GlobalColor> rows[] = {
+        {"#ffffff", Qt::black}, {"#f6f5f4", Qt::black}, {"#c0c0c0", Qt::black},
+        {"#000000", Qt::white}, {"#2d2d2d", Qt::white}, {"#3465a4", Qt::white},
+    };
+    for (const auto& [bar, glyph] : rows) {
+        QImage icon(9, 9, QImage::Format_RGB32);
+        icon.fill(QColor(bar));
+        icon.setPixelColor(4, 4, Qt::red);
+        EXPECT_EQ(glyphColorOn(backgroundOf(icon)), QColor(glyph)) << bar;
+    }
+    EXPECT_FALSE(backgroundOf({}).isValid());
+}
+
+} // namespace
+} // namespace calmora
