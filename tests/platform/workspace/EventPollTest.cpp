@@ -1,0 +1,81 @@
+#include "platform/linux/events/EventPoll.h"
+#include "support/FileDescriptor.h"
+#include "support/Waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+#include <string>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+
+FileDescriptor readyDescriptor() {
+    return FileDescriptor(::eventfd(1, EFD_CLOEXEC));
+}
+
+TEST(EventPoll, CallsForWhatIsReadyUntilTheTokenEnds) {
+    EventPoll events;
+    const FileDescriptor quiet(::eventfd(0, EFD_CLOEXEC));
+    const FileDescriptor ready = readyDescriptor();
+    std::string heard;
+    const Subscription never = events.watch(quiet.get(), [&] { heard += "q"; });
+    Subscription token = events.watch(ready.get(), [&] { heard += "r"; });
+    EXPECT_TRUE(pumpUntil(events, [&] { return heard == "rr"; }));
+    token.reset();
+    EXPECT_FALSE(pumpUntil(events, [&] { return heard != "rr"; }, 20ms));
+    EXPECT_FALSE(events.watch(-1, [] {}));
+}
+
+TEST(EventPoll, WatchesMayEndWhileTheyAreServed) {
+    EventPoll events;
+    const FileDescriptor first = readyDescriptor();
+    const FileDescriptor second = readyDescriptor();
+    int calls = 0;
+    std::array<Subscription, 2> tokens;
+    const auto endBoth = [&] {
+        ++calls;
+        for (Subscription& token : tokens) {
+            token.reset();
+        }
+    };
+    tokens = {events.watch(first.get(), endBoth), events.watch(second.get(), endBoth)};
+    events.dispatch();
+    EXPECT_EQ(calls, 1) << "the other watch had ended before its turn";
+
+    std::optional<EventPoll> doomed(std::in_place);
+    const Subscription destroyer = doomed->watch(first.get(), [&] { doomed.reset(); });
+    const Subscription after = doomed->watch(second.get(), [&] { doomed.reset(); });
+    doomed->dispatch();
+    EXPECT_FALSE(doomed);
+}
+
+TEST(EventPoll, RunsWhatIsPutOffAndWhatRepeats) {
+    EventPoll events;
+    std::string heard;
+    Subscription inner;
+    const Subscription outer = events.later([&] {
+        heard += "a";
+        inner = events.later([&] { heard += "b"; });
+    });
+    Subscription cancelled = events.later([&] { heard += "x"; });
+    cancelled.reset();
+    events.dispatch();
+    EXPECT_EQ(heard, "a") << "what is put off meanwhile waits for its own turn";
+    events.dispatch();
+    EXPECT_EQ(heard, "ab");
+
+    int ticks = 0;
+    Subscription timer = events.every(5ms, [&] { ++ticks; });
+    EXPECT_TRUE(pumpUntil(events, [&] { return ticks == 3; }));
+    timer.reset();
+    EXPECT_FALSE(pumpUntil(events, [&] { return ticks != 3; }, 30ms));
+}
+
+} // namespace
+} // namespace calmora

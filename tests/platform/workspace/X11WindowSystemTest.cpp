@@ -1,0 +1,281 @@
+#include "platform/linux/x11/X11WindowSystem.h"
+#include "support/VirtualDesktop.h"
+#include "support/Waiting.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <string>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+class X11WindowSystemTest : public testing::Test {
+  protected:
+    void open(const VirtualDesktopOptions& options = {}) {
+        desktop.emplace(options);
+        system.emplace(events, desktop->display());
+        ASSERT_TRUE(system->isAlive());
+    }
+
+    pid_t client(std::vector<std::string> options = {}) {
+        options.insert(options.begin(), CALMORA_WINDOW_CLIENT);
+        return desktop->start(options);
+    }
+
+    std::vector<TopLevelWindow> windowsOf(pid_t process) {
+        std::vector<TopLevelWindow> result;
+        std::ranges::copy_if(system->windows(), std::back_inserter(result),
+                             [&](const auto& window) { return window.process == process; });
+        return result;
+    }
+
+    /// The only window of a client, once it is there.
+    TopLevelWindow windowOf(pid_t process) {
+        EXPECT_TRUE(waitFor([&] { return !windowsOf(process).empty(); })) << desktop->log();
+        const auto found = windowsOf(process);
+        return found.empty() ? TopLevelWindow{} : found.front();
+    }
+
+    EventPoll events;
+    std::optional<VirtualDesktop> desktop;
+    std::optional<X11WindowSystem> system;
+};
+
+TEST_F(X11WindowSystemTest, ReadsWhatWindowsSayOfThemselves) {
+    open();
+    const TopLevelWindow plain =
+        windowOf(client({"--instance", "first", "--class", "Second", "--pid", "0"}));
+    EXPECT_EQ(plain.certainty, ProcessCertainty::certain) << "the server knows the process";
+    EXPECT_EQ(plain.instance, "first");
+    EXPECT_EQ(plain.className, "Second");
+    EXPECT_TRUE(plain.canBeAsked);
+    EXPECT_EQ(plain.type, WindowType::none);
+    EXPECT_FALSE(plain.skipsTaskbar);
+
+    const TopLevelWindow odd =
+        windowOf(client({"--no-delete", "--skip-taskbar", "--type", "DIALOG", "--icon", "200"}));
+    EXPECT_FALSE(odd.canBeAsked);
+    EXPECT_TRUE(odd.skipsTaskbar);
+    EXPECT_EQ(odd.type, WindowType::dialog);
+    const auto icon = system->icon(odd.id);
+    ASSERT_TRUE(icon);
+    EXPECT_EQ(icon->argb.front(), 0xff336699U);
+
+    const pid_t withDialog = client({"--transient"});
+    EXPECT_TRUE(waitFor([&] { return windowsOf(withDialog).size() == 2; }));
+    const auto pair = windowsOf(withDialog);
+    EXPECT_EQ(pair[1].transientFor, pair[0].id);
+
+    // Whoever forwards a window from elsewhere is not its application.
+    const std::string ours = std::to_string(::getpid());
+    std::string host(256, '\0');
+    ::gethostname(host.data(), host.size());
+    client({"--class", "Elsewhere", "--machine", "elsewhere.example.org", "--pid", "1"});
+    client({"--class", "Forwarded", "--machine", host.c_str(), "--pid", ours});
+    EXPECT_TRUE(waitFor(
+        [&] { return std::ranges::count_if(system->windows(), &TopLevelWindow::isRemote) == 2; }));
+    for (const TopLevelWindow& window : system->windows()) {
+        EXPECT_NE(window.isRemote, window.process.has_value()) << window.className;
+    }
+}
+
+TEST_F(X11WindowSystemTest, TellsChangesAndCostsNothingOtherwise) {
+    open();
+    int changes = 0;
+    int activations = 0;
+    Subscription listening = system->onWindowsChanged([&] { ++changes; });
+    Subscription active = system->onActiveWindowChanged([&] { ++activations; });
+    const pid_t process = client();
+    EXPECT_TRUE(pumpUntil(events, [&] { return !windowsOf(process).empty() && changes > 0; }));
+    const WindowId id = windowsOf(process).front().id;
+    EXPECT_TRUE(pumpUntil(events, [&] { return activations > 0 && system->activeWindow() == id; }));
+
+    const std::string window = std::to_string(id);
+    changes = 0;
+    EXPECT_EQ(desktop->run(
+                  {"xprop", "-id", window, "-f", "WM_CLASS", "8s", "-set", "WM_CLASS", "renamed"}),
+              0);
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0; }));
+    EXPECT_EQ(windowsOf(process).front().instance, "renamed");
+
+    pumpUntil(events, [] { return false; }, 50ms);
+    changes = 0;
+    EXPECT_EQ(desktop->run({"xdotool", "set_window", "--name", "another title", window}), 0);
+    pumpUntil(events, [&] { return changes > 0; }, 100ms);
+    EXPECT_EQ(changes, 0) << "a title identifies nobody";
+
+    desktop->end(process);
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0; }));
+    EXPECT_TRUE(windowsOf(process).empty());
+
+    // Once nobody listens nothing wakes us up, and the list is right all the same.
+    listening.reset();
+    active.reset();
+    pumpUntil(events, [] { return false; }, 50ms);
+    int turns = 0;
+    const pid_t unseen = client();
+    pumpUntil(events, [] { return false; }, 300ms, &turns);
+    EXPECT_EQ(turns, 0);
+    EXPECT_EQ(windowsOf(unseen).size(), 1U);
+}
+
+TEST_F(X11WindowSystemTest, ClosesOnlyWhatTakesPartInClosing) {
+    for (const char* manager : {"openbox", "xfwm4", ""}) {
+        SCOPED_TRACE(manager);
+        system.reset();
+        desktop.reset();
+        open({.windowManager = manager});
+        const pid_t polite = client();
+        const pid_t deaf = client({"--no-delete"});
+        const WindowId politeWindow = windowOf(polite).id;
+        EXPECT_FALSE(system->requestClose(windowOf(deaf).id));
+        EXPECT_TRUE(system->requestClose(politeWindow));
+        system->flush();
+        EXPECT_TRUE(waitFor([&] { return desktop->exitStatus(polite).has_value(); }));
+        EXPECT_EQ(desktop->exitStatus(polite), 0) << "it ended by itself";
+        EXPECT_FALSE(desktop->exitStatus(deaf)) << "closing it would have killed it";
+        EXPECT_FALSE(system->requestClose(politeWindow)) << "a window that is gone";
+        EXPECT_FALSE(system->requestClose(0));
+    }
+}
+
+TEST_F(X11WindowSystemTest, ManagesWithoutAWindowManager) {
+    open({.windowManager = ""});
+    int changes = 0;
+    int activations = 0;
+    const Subscription listening = system->onWindowsChanged([&] { ++changes; });
+    const Subscription active = system->onActiveWindowChanged([&] { ++activations; });
+    const pid_t process = client({"--windows", "2"});
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && windowsOf(process).size() == 2; }));
+    const WindowId second = windowsOf(process)[1].id;
+    EXPECT_FALSE(system->icon(second));
+    EXPECT_EQ(desktop->run({"xdotool", "windowfocus", std::to_string(second)}), 0);
+    EXPECT_TRUE(
+        pumpUntil(events, [&] { return activations > 0 && system->activeWindow() == second; }));
+
+    // A manager that comes takes the windows over; one that dies leaves them.
+    desktop->startWindowManager("openbox");
+    EXPECT_TRUE(pumpUntil(events, [&] { return windowsOf(process).size() == 2; }));
+    EXPECT_THAT(system->displayProcesses(), Contains(desktop->windowManager()));
+    changes = 0;
+    const pid_t later = client();
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && windowsOf(later).size() == 1; }));
+    desktop->end(desktop->windowManager());
+    EXPECT_TRUE(pumpUntil(events, [&] {
+        return windowsOf(process).size() == 2 && windowsOf(later).size() == 1 &&
+               !testing::Value(system->displayProcesses(), Contains(desktop->windowManager()));
+    }));
+    changes = 0;
+    desktop->end(later);
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && windowsOf(later).empty(); }));
+}
+
+TEST_F(X11WindowSystemTest, KnowsTheDisplaysOwnProcesses) {
+    open({.tray = true});
+    const pid_t application = client({"--tray"});
+    const pid_t panel = client({"--type", "DOCK"});
+    const pid_t background = client({"--type", "DESKTOP"});
+    windowOf(application);
+    windowOf(panel);
+    windowOf(background);
+    const auto processes = system->displayProcesses();
+    for (const pid_t process :
+         {desktop->server(), desktop->windowManager(), desktop->tray(), panel, background}) {
+        EXPECT_THAT(processes, Contains(process));
+    }
+    EXPECT_THAT(processes, Not(Contains(application)));
+    EXPECT_TRUE(waitFor([&] { return !system->trayIconProcesses().empty(); }));
+    EXPECT_THAT(system->trayIconProcesses(), ElementsAre(application));
+}
+
+TEST_F(X11WindowSystemTest, ToleratesWindowsThatVanishAndNamesThatAreOdd) {
+    open({.windowManager = ""});
+    const std::string longName(10'000, 'x');
+    const TopLevelWindow odd = windowOf(
+        client({"--class", longName, "--instance", "a\n\x1b[31m\xff", "--title", longName}));
+    EXPECT_EQ(odd.instance, "a\n\x1b[31m\xff");
+    EXPECT_LE(odd.className.size(), 1024U);
+
+    // Another thread keeps opening and destroying windows while they are listed.
+    std::atomic<bool> done = false;
+    std::thread flicker([&] {
+        xcb_connection_t* other = xcb_connect(desktop->display().c_str(), nullptr);
+        const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(other)).data;
+        while (!done) {
+            const xcb_window_t window = xcb_generate_id(other);
+            xcb_create_window(other, XCB_COPY_FROM_PARENT, window, screen->root, 0, 0, 9, 9, 0,
+                              XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+            xcb_map_window(other, window);
+            xcb_flush(other);
+            xcb_destroy_window(other, window);
+        }
+        xcb_disconnect(other);
+    });
+    const Subscription listening = system->onWindowsChanged([] {});
+    std::size_t listed = 0;
+    for (int i = 0; i < 300; ++i) {
+        events.dispatch();
+        const auto& windows = system->windows();
+        listed +=
+            static_cast<std::size_t>(std::ranges::count(windows, odd.id, &TopLevelWindow::id));
+    }
+    done = true;
+    flicker.join();
+    EXPECT_EQ(listed, 300U) << "a window that stays is in every list";
+}
+
+TEST_F(X11WindowSystemTest, ListsManyWindows) {
+    open({.windowManager = ""});
+    const pid_t process = client({"--windows", "500"});
+    EXPECT_TRUE(waitFor([&] { return windowsOf(process).size() == 500; }));
+    const auto microseconds = [&] {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_GE(system->windows().size(), 500U);
+        return std::to_string(std::chrono::duration_cast<std::chrono::microseconds>(
+                                  std::chrono::steady_clock::now() - start)
+                                  .count());
+    };
+    RecordProperty("microseconds_read", microseconds());
+    const Subscription listening = system->onWindowsChanged([] {});
+    static_cast<void>(system->windows());
+    RecordProperty("microseconds_kept", microseconds());
+}
+
+TEST_F(X11WindowSystemTest, OutlivesTheServer) {
+    open();
+    const WindowId window = windowOf(client()).id;
+    int closed = 0;
+    const Subscription listening = system->onWindowsChanged([] {});
+    const Subscription end = system->onClosed([&] { ++closed; });
+    desktop->end(desktop->server());
+    EXPECT_TRUE(pumpUntil(events, [&] { return closed > 0; }));
+    EXPECT_FALSE(system->isAlive());
+    EXPECT_TRUE(system->windows().empty());
+    EXPECT_FALSE(system->activeWindow());
+    EXPECT_FALSE(system->requestClose(window));
+    EXPECT_FALSE(system->icon(window));
+    EXPECT_TRUE(system->displayProcesses().empty());
+    EXPECT_TRUE(system->trayIconProcesses().empty());
+    system->flush();
+    events.dispatch();
+    EXPECT_EQ(closed, 1);
+
+    X11WindowSystem nowhere(events, ":32767");
+    EXPECT_FALSE(nowhere.isAlive());
+    EXPECT_TRUE(nowhere.windows().empty());
+    const Subscription unused = nowhere.onWindowsChanged([] {});
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+namespace calmora {
+
+/// What a virtual desktop consists of beside its X server.
+struct VirtualDesktopOptions {
+    /// "openbox", "xfwm4" (which brings a session bus), or empty for none.
+    std::string windowManager = "openbox";
+    /// A private session bus, without any service that could be started on demand.
+    bool sessionBus = false;
+    /// An XEMBED tray along the upper edge, its icons at the right.
+    bool tray = false;
+    /// Geometry and depth of the screen.
+    std::string screen = "1280x800x24";
+};
+
+/// A desktop of its own on a free display, with a home folder of its own, for one test. Its end
+/// is the end of every process that this process has started, directly or not; when this process
+/// dies, so do they. One at a time.
+class VirtualDesktop {
+  public:
+    using Environment = std::map<std::string, std::string>;
+
+    /// Throws std::runtime_error when a part of it does not come up in time.
+    explicit VirtualDesktop(const VirtualDesktopOptions& options = {});
+    VirtualDesktop(const VirtualDesktop&) = delete;
+    VirtualDesktop& operator=(const VirtualDesktop&) = delete;
+    ~VirtualDesktop();
+
+    /// The display, such as ":7".
+    [[nodiscard]] const std::string& display() const { return display_; }
+
+    /// A temporary folder that is HOME, with the XDG folders in it.
+    [[nodiscard]] const std::filesystem::path& home() const { return home_; }
+
+    /// The whole environment of programs on this desktop.
+    [[nodiscard]] const Environment& environment() const { return environment_; }
+
+    /// The value of a variable on this desktop; null when it is not set there.
+    [[nodiscard]] const char* variable(const char* name) const;
+
+    [[nodiscard]] pid_t server() const { return server_; }
+
+    /// 0 without one.
+    [[nodiscard]] pid_t windowManager() const { return windowManager_; }
+
+    [[nodiscard]] pid_t sessionBus() const { return sessionBus_; }
+
+    [[nodiscard]] pid_t tray() const { return tray_; }
+
+    /// Starts a program with `extra` added to the environment; its output goes to "log" in home().
+    /// Gives its process id; a program that cannot be started ends at once with status 127.
+    pid_t start(const std::vector<std::string>& command, const Environment& extra = {});
+
+    /// Runs a program to its end: its exit status, absent when it was killed or takes too long.
+    std::optional<int> run(const std::vector<std::string>& command,
+                           std::chrono::milliseconds timeout = std::chrono::seconds(15));
+
+    /// Starts a window manager, which must not be running; returns when it answers.
+    void startWindowManager(const std::string& name);
+
+    /// Ends one process that start() gave and collects it.
+    void end(pid_t process, int signal = 9);
+
+    /// The exit status of a process that start() gave, as waitpid(2) tells it; absent while it
+    /// runs. Collects the process.
+    std::optional<int> exitStatus(pid_t process);
+
+    /// What the programs have written so far.
+    [[nodiscard]] std::string log() const;
+
+  private:
+    pid_t spawn(const std::vector<std::string>& command, int reportDescriptor, int reportTarget,
+                const Environment& extra);
+    void startServer(const std::string& screen);
+    void startBus();
+    void startSettingsDaemon();
+    void startTray();
+    void cleanUp() noexcept;
+
+    std::filesystem::path home_;
+    std::string display_;
+    Environment environment_;
+    std::map<pid_t, std::optional<int>> statuses_;
+    pid_t server_ = 0;
+    pid_t windowManager_ = 0;
+    pid_t sessionBus_ = 0;
+    pid_t tray_ = 0;
+};
+
+} // namespace calmora
