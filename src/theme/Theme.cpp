@@ -112,8 +112,9 @@ QFont Theme::font(TextStyle style, QFont::Weight weight) {
 }
 
 int Theme::symbolSide(int points) {
-    // A symbol is a little larger than the letters that it stands beside.
-    return static_cast<int>(std::lround(points * 1.2 * textScale()));
+    // A symbol is a little larger than the letters that it stands beside. Even sides match the
+    // grid on which the symbols are drawn, and centre without halves.
+    return 2 * static_cast<int>(std::lround(points * 1.25 * textScale() / 2));
 }
 
 double Theme::textScale() {

@@ -56,6 +56,16 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     painter.restore();
 }
 
+/// Whether a scroll bar belongs to an area of widgets, which leaves room for it; lists of text
+/// keep their bar beside them.
+bool liesOver(const QWidget* bar) {
+    const QWidget* area = bar;
+    while (area && !qobject_cast<const QAbstractScrollArea*>(area)) {
+        area = area->parentWidget();
+    }
+    return qobject_cast<const QScrollArea*>(area) != nullptr;
+}
+
 } // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle("Fusion") {}
@@ -135,8 +145,7 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarSliderMin:
         return shortestHandle;
     case PM_ScrollView_ScrollBarOverlap:
-        // Lists of text keep their bar beside them.
-        return qobject_cast<const QScrollArea*>(widget) ? scrollBarWidth : 0;
+        return liesOver(widget) ? scrollBarWidth : 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <set>
 #include <utility>
 
 namespace calmora {
@@ -41,12 +40,8 @@ double eased(RowMotion motion, double t) {
 std::vector<PlacedRow> placeRows(std::span<const RowSlot> slots) {
     std::vector<PlacedRow> rows;
     rows.reserve(slots.size());
-    std::set<RowKey> seen;
     int top = 0;
     for (const RowSlot& slot : slots) {
-        if (!seen.insert(slot.key).second) {
-            continue;
-        }
         top += slot.spaceBefore;
         rows.push_back({slot.key, top, slot.height, 1});
         top += slot.height;
@@ -111,6 +106,14 @@ std::vector<PlacedRow> RowGlide::at(std::chrono::milliseconds elapsed) const {
 
 bool RowGlide::isOver(std::chrono::milliseconds elapsed) const {
     return motion_ == RowMotion::jump || elapsed >= duration(motion_);
+}
+
+LineSpan lineSpan(const RowSlot& slot, int line) {
+    if (slot.key.kind != RowKind::backgroundGroup) {
+        return {0, slot.height};
+    }
+    return line == 0 ? LineSpan{0, groupHeaderHeight}
+                     : LineSpan{groupHeaderHeight + (line - 1) * appRowHeight, appRowHeight};
 }
 
 std::optional<RowLine> nextLine(std::span<const RowSlot> slots, std::optional<RowLine> from,

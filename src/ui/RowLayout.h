@@ -15,6 +15,11 @@
 /// All lengths are in device-independent pixels.
 namespace calmora {
 
+/// Heights of the rows that stand for applications, and what is free between two of them.
+inline constexpr int appRowHeight = 44;
+inline constexpr int groupHeaderHeight = 32;
+inline constexpr int appRowSpacing = 2;
+
 /// What a row of the list is.
 enum class RowKind : std::uint8_t {
     app,
@@ -79,7 +84,7 @@ enum class RowMotion {
 /// The part of the way that is covered after the part `t` of the time; both from 0 to 1.
 [[nodiscard]] double eased(RowMotion motion, double t);
 
-/// Puts the rows below each other. Of rows with the same key only the first is placed.
+/// Puts the rows, no two of which have the same key, below each other.
 [[nodiscard]] std::vector<PlacedRow> placeRows(std::span<const RowSlot> slots);
 
 /// Indices of rows, from the first one to the one before the end.
@@ -129,6 +134,16 @@ struct RowLine {
 
     friend bool operator==(const RowLine&, const RowLine&) = default;
 };
+
+/// Where a line stands in its row: the header of a group, then its members.
+struct LineSpan {
+    int top = 0;
+    int height = 0;
+
+    friend bool operator==(const LineSpan&, const LineSpan&) = default;
+};
+
+[[nodiscard]] LineSpan lineSpan(const RowSlot& slot, int line);
 
 /// The next line that the keyboard can reach, `step` (1 or -1) further; from absent the first or
 /// the last one. Absent when there is none.

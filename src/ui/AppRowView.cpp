@@ -1,0 +1,416 @@
+#include "ui/AppRowView.h"
+
+#include "theme/Metrics.h"
+#include "theme/Pictures.h"
+#include "ui/DisplayText.h"
+#include "ui/RowLayout.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr int spacing = 10;
+constexpr int iconSide = 24;
+constexpr int figureSymbolPoints = 9;
+constexpr int figureGap = 2;
+constexpr int badgeGap = 3;
+constexpr int badgePadding = 6;
+constexpr int quitPoints = 16;
+/// Controls take clicks a little beyond what they draw.
+constexpr int clickMargin = 5;
+constexpr int hoverInset = 5;
+constexpr int hoverMilliseconds = 100;
+constexpr double backgroundOpacity = 0.7;
+
+/// Figures of the usual length keep their column, so that nothing jumps when digits change.
+int columnWidth(const QFontMetrics& metrics, const QString& text, const QString& usual) {
+    return std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(usual));
+}
+
+} // namespace
+
+AppRowView::AppRowView(QWidget* parent)
+    : StackRow(parent), check_(new CheckBox(this)), quit_(new SymbolButton(this)) {
+    setObjectName("appRow");
+    check_->setObjectName("tick");
+    quit_->setObjectName("quit");
+    hoverFade_.setDuration(hoverMilliseconds);
+    hoverFade_.setEasingCurve(QEasingCurve::InOutQuad);
+    hoverFade_.setStartValue(0.0);
+    hoverFade_.setEndValue(1.0);
+    connect(&hoverFade_, &QVariantAnimation::valueChanged, this, [this] { update(); });
+    // The callback may lead to other values for this row, so a copy of it runs.
+    connect(check_, &QAbstractButton::clicked, this, [this] {
+        if (const auto toggle = row_.onToggle) {
+            toggle();
+        }
+    });
+    connect(quit_, &QAbstractButton::clicked, this, [this] {
+        if (const auto quit = row_.onQuit) {
+            quit();
+        }
+    });
+}
+
+AppRowView::AppRowView(AppRow row, QWidget* parent) : AppRowView(parent) {
+    setRow(std::move(row));
+}
+
+void AppRowView::setRow(AppRow row) {
+    const AppRow old = std::exchange(row_, std::move(row));
+    const QString name = displayName(row_.app.name);
+    const bool isOther = old.app.pid != row_.app.pid || name != name_ ||
+                         old.isWhitelisted != row_.isWhitelisted ||
+                         old.app.isBackgroundApp != row_.app.isBackgroundApp ||
+                         old.resourceDisplay != row_.resourceDisplay;
+    if (old.app.icon != row_.app.icon) {
+        icon_.reset();
+        update(iconBounds_);
+    }
+    name_ = name;
+    showState();
+    if (isOther) {
+        arrange();
+        update();
+        return;
+    }
+    // Figures alone: repaint what differs, unless a longer one moves its neighbours.
+    const std::vector<Figure> before = figures_;
+    std::vector<Figure> now = figures();
+    if (before.size() != now.size()) {
+        arrange();
+        update();
+        return;
+    }
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        if (now[i].bounds != before[i].bounds) {
+            arrange();
+            update();
+            return;
+        }
+        if (now[i].text != before[i].text) {
+            update(now[i].bounds);
+        }
+    }
+    figures_ = std::move(now);
+}
+
+void AppRowView::showState() {
+    const bool isBackground = row_.app.isBackgroundApp;
+    check_->setChecked(row_.app.isSelected && !isBackground && !row_.isWhitelisted);
+    check_->setEnabled(!row_.isWhitelisted && !isBackground);
+    quit_->setVisible(!row_.isWhitelisted);
+    quit_->setSymbol(row_.isForceQuit ? "xmark.circle.fill" : "power.circle", quitPoints,
+                     row_.isForceQuit ? ThemeColor::red : ThemeColor::secondary);
+    const QString action = uiText(row_.isForceQuit ? "Force Quit" : "Quit");
+    if (quit_->toolTip() != action) {
+        quit_->setToolTip(action);
+    }
+    const auto say = [](QWidget& widget, const QString& words) {
+        if (widget.accessibleName() != words) {
+            widget.setAccessibleName(words);
+        }
+    };
+    say(*check_, name_);
+    say(*quit_, action + u' ' + name_);
+    QStringList details;
+    if (row_.isWhitelisted) {
+        details << uiText("Protected");
+    } else {
+        if (showsCPU(row_.resourceDisplay)) {
+            details << cpuText(row_.app.cpuUsage);
+        }
+        if (showsMemory(row_.resourceDisplay)) {
+            details << memoryText(row_.app.memoryMB);
+        }
+    }
+    say(*this, (QStringList(name_) + details).join(", "));
+    check_->setOpacity(opacity());
+    quit_->setOpacity(opacity());
+}
+
+double AppRowView::opacity() const {
+    return presence_ * (row_.app.isBackgroundApp ? backgroundOpacity : 1.0);
+}
+
+QRect AppRowView::mirrored(const QRect& bounds) const {
+    return QStyle::visualRect(layoutDirection(), rect(), bounds);
+}
+
+std::vector<AppRowView::Figure> AppRowView::figures() const {
+    std::vector<Figure> figures;
+    if (row_.isWhitelisted) {
+        return figures;
+    }
+    const QFontMetrics metrics(Theme::font(TextStyle::caption));
+    const int symbolWidth = Theme::symbolSide(figureSymbolPoints) + figureGap;
+    int right = width() - metrics::inset - Theme::symbolSide(quitPoints) - spacing;
+    const auto add = [&](const char* symbol, const QString& text, const QString& usual) {
+        const int wide = symbolWidth + columnWidth(metrics, text, usual);
+        figures.push_back({symbol, text, mirrored(QRect(right - wide, 0, wide, height()))});
+        right -= wide + spacing;
+    };
+    if (showsMemory(row_.resourceDisplay)) {
+        add("memorychip", memoryText(row_.app.memoryMB), QStringLiteral("888 MB"));
+    }
+    if (showsCPU(row_.resourceDisplay)) {
+        add("cpu", cpuText(row_.app.cpuUsage), QStringLiteral("88.8%"));
+    }
+    return figures;
+}
+
+void AppRowView::arrange() {
+    const int quitSide = Theme::symbolSide(quitPoints);
+    const QRect all = rect();
+    const auto middle = [&](int x, int side) {
+        return QRect(x, (all.height() - side) / 2, side, side);
+    };
+    int left = metrics::inset;
+    QRect clickable(left - clickMargin, 0, metrics::checkBox + 2 * clickMargin, all.height());
+    const QRect checkBox = mirrored(middle(left, metrics::checkBox));
+    check_->setGeometry(mirrored(clickable));
+    check_->setBox(checkBox.translated(-check_->pos()));
+    left += metrics::checkBox + spacing;
+    iconBounds_ = mirrored(middle(left, iconSide));
+    left += iconSide + spacing;
+
+    int right = all.width() - metrics::inset;
+    const QRect quitBox = mirrored(middle(right - quitSide, quitSide));
+    clickable = QRect(right - quitSide - clickMargin, 0, quitSide + 2 * clickMargin, all.height());
+    quit_->setGeometry(mirrored(clickable));
+    quit_->setBox(quitBox.translated(-quit_->pos()));
+
+    figures_ = figures();
+    badgeBounds_ = {};
+    if (row_.isWhitelisted) {
+        const QFontMetrics metrics(Theme::font(TextStyle::caption2, QFont::Medium));
+        const int wide = 2 * badgePadding + Theme::symbolSide(figureSymbolPoints) + badgeGap +
+                         metrics.horizontalAdvance(uiText("Protected"));
+        const int high = metrics.height() + 4;
+        badgeBounds_ = QRect(right - wide, (all.height() - high) / 2, wide, high);
+        right = badgeBounds_.left();
+        badgeBounds_ = mirrored(badgeBounds_);
+    } else {
+        right -= quitSide;
+        for (const Figure& figure : figures_) {
+            right -= spacing + figure.bounds.width();
+        }
+    }
+    const QRect nameBounds(left, 0, std::max(0, right - spacing - left), all.height());
+    nameBounds_ = mirrored(nameBounds);
+    shownName_ = QFontMetrics(Theme::font(TextStyle::body, QFont::Medium))
+                     .elidedText(name_, Qt::ElideRight, nameBounds.width());
+    setToolTip(shownName_ == name_ ? QString() : name_);
+}
+
+void AppRowView::paintBadge(QPainter& painter, const Theme& theme) const {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme.color(ThemeColor::tealFill));
+    const double radius = badgeBounds_.height() / 2.0;
+    painter.drawRoundedRect(badgeBounds_, radius, radius);
+    const QColor teal = theme.color(ThemeColor::teal);
+    const int side = Theme::symbolSide(figureSymbolPoints);
+    const QRect inner = badgeBounds_.adjusted(badgePadding, 0, -badgePadding, 0);
+    const QRect symbol(inner.left(), inner.top(), side, inner.height());
+    const QRect text = inner.adjusted(side + badgeGap, 0, 0, 0);
+    drawSymbol(painter, QStyle::visualRect(layoutDirection(), inner, symbol),
+               "checkmark.shield.fill", side, teal);
+    painter.setPen(teal);
+    painter.setFont(Theme::font(TextStyle::caption2, QFont::Medium));
+    painter.drawText(QStyle::visualRect(layoutDirection(), inner, text),
+                     Qt::AlignCenter | Qt::TextSingleLine, uiText("Protected"));
+}
+
+void AppRowView::paintEvent(QPaintEvent* event) {
+    const Theme theme = Theme::of(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double hover = hoverFade_.state() == QAbstractAnimation::Running
+                             ? hoverFade_.currentValue().toDouble()
+                             : (isHovered_ ? 1.0 : 0.0);
+    if (hover > 0) {
+        painter.setOpacity(hover);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.color(ThemeColor::fill));
+        painter.drawRoundedRect(rect().adjusted(hoverInset, 0, -hoverInset, 0), metrics::rowRadius,
+                                metrics::rowRadius);
+    }
+    painter.setOpacity(opacity());
+    const QRegion& region = event->region();
+    if (region.intersects(iconBounds_)) {
+        const qreal ratio = devicePixelRatioF();
+        if (!icon_ || iconRatio_ != ratio) {
+            icon_ = row_.app.icon ? imagePixmap(*row_.app.icon, iconSide, ratio) : QPixmap();
+            iconRatio_ = ratio;
+        }
+        if (icon_->isNull()) {
+            drawSymbol(painter, iconBounds_, "app.fill", iconSide - 2,
+                       theme.color(ThemeColor::secondary));
+        } else {
+            drawPixmap(painter, iconBounds_, *icon_);
+        }
+    }
+    if (region.intersects(nameBounds_)) {
+        painter.setPen(theme.color(ThemeColor::primary));
+        painter.setFont(Theme::font(TextStyle::body, QFont::Medium));
+        drawLine(painter, nameBounds_, shownName_, LineEnd::leading, layoutDirection());
+    }
+    const int symbolSide = Theme::symbolSide(figureSymbolPoints);
+    for (const Figure& figure : figures_) {
+        if (!region.intersects(figure.bounds)) {
+            continue;
+        }
+        QRect symbol = figure.bounds;
+        symbol.setWidth(symbolSide);
+        drawSymbol(painter, QStyle::visualRect(layoutDirection(), figure.bounds, symbol),
+                   figure.symbol, symbolSide, theme.color(ThemeColor::tertiary));
+        painter.setPen(theme.color(ThemeColor::secondary));
+        painter.setFont(Theme::font(TextStyle::caption));
+        drawLine(painter, figure.bounds, figure.text, LineEnd::trailing, layoutDirection());
+    }
+    if (row_.isWhitelisted) {
+        paintBadge(painter, theme);
+    }
+    if (showsFocus(*this)) {
+        painter.setOpacity(1);
+        const int ring = hoverInset + metrics::focusRing;
+        drawFocusRing(painter,
+                      rect().adjusted(ring, metrics::focusRing, -ring, -metrics::focusRing),
+                      metrics::rowRadius, theme);
+    }
+}
+
+void AppRowView::resizeEvent(QResizeEvent*) {
+    arrange();
+}
+
+void AppRowView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange ||
+        event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange) {
+        arrange();
+        update();
+    } else if (event->type() == QEvent::LanguageChange) {
+        showState();
+        arrange();
+        update();
+    } else if (event->type() == QEvent::ThemeChange) {
+        icon_.reset();
+        update();
+    }
+    StackRow::changeEvent(event);
+}
+
+void AppRowView::enterEvent(QEnterEvent*) {
+    setHovered(true);
+}
+
+void AppRowView::leaveEvent(QEvent*) {
+    setHovered(false);
+}
+
+void AppRowView::updateHover() {
+    setHovered(rect().contains(mapFromGlobal(QCursor::pos())));
+}
+
+void AppRowView::setHovered(bool hovered) {
+    if (hovered == isHovered_) {
+        return;
+    }
+    isHovered_ = hovered;
+    hoverFade_.setDirection(hovered ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+    if (hoverFade_.state() != QAbstractAnimation::Running && isVisible()) {
+        hoverFade_.start();
+    }
+    update();
+}
+
+void AppRowView::setPresence(double presence) {
+    if (presence != presence_) {
+        presence_ = presence;
+        check_->setOpacity(opacity());
+        quit_->setOpacity(opacity());
+        update();
+    }
+}
+
+void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
+    if (row_.app.isBackgroundApp) {
+        return;
+    }
+    auto* menu = new QMenu(this);
+    menu->setObjectName("rowMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const Theme theme = Theme::of(*this);
+    const QColor color = theme.color(row_.isWhitelisted ? ThemeColor::red : ThemeColor::primary);
+    if (row_.isWhitelisted) {
+        QPalette palette = menu->palette();
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(role, color);
+        }
+        menu->setPalette(palette);
+    }
+    const int side = menu->style()->pixelMetric(QStyle::PM_SmallIconSize);
+    const QIcon symbol(symbolPixmap(row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled",
+                                    side, color, devicePixelRatioF()));
+    QAction* item = menu->addAction(
+        symbol, uiText(row_.isWhitelisted ? "Remove Protection" : "Never Quit This App"));
+    item->setIconVisibleInMenu(true);
+    // The menu belongs to the row as it was drawn when it opened.
+    connect(item, &QAction::triggered, menu, [choose = row_.onToggleWhitelist] {
+        if (choose) {
+            choose();
+        }
+    });
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        place = mapToGlobal(nameBounds_.center());
+    }
+    menu->popup(place);
+}
+
+std::optional<RowFocus> AppRowView::focused() const {
+    if (quit_->hasFocus()) {
+        return RowFocus{0, RowColumn::quit};
+    }
+    if (check_->hasFocus() || hasFocus()) {
+        return RowFocus{0, RowColumn::check};
+    }
+    return {};
+}
+
+void AppRowView::focusOn(RowFocus place) {
+    const std::vector<QWidget*> stops = tabStops(0);
+    QWidget* target = place.column == RowColumn::check ? stops.front() : stops.back();
+    target->setFocus(Qt::TabFocusReason);
+    target->update();
+}
+
+std::vector<QWidget*> AppRowView::tabStops(int) {
+    std::vector<QWidget*> stops;
+    if (check_->isEnabled()) {
+        stops.push_back(check_);
+    }
+    if (!row_.isWhitelisted) {
+        stops.push_back(quit_);
+    }
+    if (stops.empty()) {
+        // A protected row still has its context menu.
+        stops.push_back(this);
+    }
+    return stops;
+}
+
+QSize AppRowView::sizeHint() const {
+    return {360, appRowHeight};
+}
+
+} // namespace calmora

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "model/AppInfo.h"
+#include "settings/AppSettings.h"
+#include "ui/Controls.h"
+#include "ui/StackRow.h"
+
+#include <QPixmap>
+#include <QVariantAnimation>
+
+#include <functional>
+#include <optional>
+
+namespace calmora {
+
+/// What an AppRowView shows and whom it tells of the user's actions.
+struct AppRow {
+    AppInfo app;
+    /// Force mode of the popover.
+    bool isForceQuit = false;
+    ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
+    /// The application is protected: a badge stands in place of figures and quit button.
+    bool isWhitelisted = false;
+    /// The tick box was clicked.
+    std::function<void()> onToggle;
+    /// The quit button was clicked.
+    std::function<void()> onQuit;
+    /// The protection item of the context menu was chosen.
+    std::function<void()> onToggleWhitelist;
+};
+
+/// One application: tick box, icon, name, figures and quit button. Holds no model: it shows the
+/// values that it is given and reports actions. A background application's box is disabled and
+/// unticked and it has no context menu, since neither would do anything; it can be quit.
+/// Repaints only where something shown has changed.
+class AppRowView final : public StackRow {
+  public:
+    explicit AppRowView(QWidget* parent = nullptr);
+    explicit AppRowView(AppRow row, QWidget* parent = nullptr);
+
+    /// Shows other values; another process id makes it another row.
+    void setRow(AppRow row);
+
+    [[nodiscard]] const AppRow& row() const { return row_; }
+
+    /// Whether the pointer is over the row.
+    [[nodiscard]] bool isHovered() const { return isHovered_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override {
+        return QAccessible::ListItem;
+    }
+
+    void setPresence(double presence) override;
+    void updateHover() override;
+    [[nodiscard]] std::optional<RowFocus> focused() const override;
+    void focusOn(RowFocus place) override;
+    [[nodiscard]] std::vector<QWidget*> tabStops(int line) override;
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    /// One shown figure: a symbol and a text, right-aligned in a column.
+    struct Figure {
+        QString symbol;
+        QString text;
+        QRect bounds;
+    };
+
+    void setHovered(bool hovered);
+    void showState();
+    void arrange();
+    [[nodiscard]] std::vector<Figure> figures() const;
+    [[nodiscard]] QRect mirrored(const QRect& bounds) const;
+    void paintBadge(QPainter& painter, const Theme& theme) const;
+    [[nodiscard]] double opacity() const;
+
+    AppRow row_;
+    bool isHovered_ = false;
+    double presence_ = 1;
+
+    CheckBox* check_;
+    SymbolButton* quit_;
+    QVariantAnimation hoverFade_;
+
+    QString name_;
+    QString shownName_;
+    QRect nameBounds_;
+    QRect iconBounds_;
+    QRect badgeBounds_;
+    std::vector<Figure> figures_;
+    /// Decoded when first painted; absent until then.
+    std::optional<QPixmap> icon_;
+    qreal iconRatio_ = 0;
+};
+
+} // namespace calmora

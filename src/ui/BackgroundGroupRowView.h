@@ -1,0 +1,87 @@
+#pragma once
+
+#include "model/AppInfo.h"
+#include "settings/AppSettings.h"
+#include "ui/RowStack.h"
+#include "ui/StackRow.h"
+
+#include <QPushButton>
+
+#include <functional>
+
+namespace calmora {
+
+/// What a BackgroundGroupRowView shows and whom it tells of the user's actions, each with the
+/// process id of the member.
+struct BackgroundGroupRow {
+    /// The group; its `childProcesses` are the members.
+    AppInfo app;
+    /// Force mode of the popover.
+    bool isForceQuit = false;
+    /// Handed on to the members' rows.
+    ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
+    /// A member's tick box was clicked.
+    std::function<void(ProcessId)> onToggle;
+    /// A member's quit button was clicked.
+    std::function<void(ProcessId)> onQuit;
+    /// A member's protection item was chosen; may be absent.
+    std::function<void(ProcessId)> onToggleWhitelist;
+};
+
+/// A group of background applications: a header that opens and closes it, and one AppRowView per
+/// member, indented, of which only those in sight exist. Starts collapsed.
+class BackgroundGroupRowView final : public StackRow {
+  public:
+    explicit BackgroundGroupRowView(QWidget* parent = nullptr);
+    explicit BackgroundGroupRowView(BackgroundGroupRow row, QWidget* parent = nullptr);
+    ~BackgroundGroupRowView() override;
+
+    void setRow(BackgroundGroupRow row);
+
+    [[nodiscard]] const BackgroundGroupRow& row() const { return row_; }
+
+    /// Whether the members are shown.
+    [[nodiscard]] bool isExpanded() const { return isExpanded_; }
+
+    /// Opens or closes the group; tells nobody.
+    void setExpanded(bool expanded);
+
+    /// Called after the user opened or closed the group; whoever holds the view gives it the
+    /// height of sizeHint(), at once or animated.
+    void setOnExpandedChanged(std::function<void(bool)> handler);
+
+    /// The height of a group with its header and, when expanded, its members.
+    [[nodiscard]] static int heightOf(const AppInfo& app, bool isExpanded);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override {
+        return QAccessible::Grouping;
+    }
+
+    void setPresence(double presence) override;
+    void setBand(int top, int bottom) override;
+    void updateHover() override;
+    [[nodiscard]] std::optional<RowFocus> focused() const override;
+    void focusOn(RowFocus place) override;
+    [[nodiscard]] std::vector<QWidget*> tabStops(int line) override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    class Header;
+
+    void bindMember(StackRow& view, const RowKey& key);
+    void showBand();
+
+    BackgroundGroupRow row_;
+    bool isExpanded_ = false;
+    std::function<void(bool)> onExpandedChanged_;
+    Header* header_;
+    RowStack* members_;
+    int bandTop_ = 0;
+    int bandBottom_;
+};
+
+} // namespace calmora

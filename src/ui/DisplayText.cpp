@@ -1,0 +1,94 @@
+#include "ui/DisplayText.h"
+
+#include "platform/LocalizedStrings.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace calmora {
+namespace {
+
+constexpr qsizetype longestName = 256;
+
+/// The number with a point and `decimals` digits behind it, in every language.
+QString figure(const std::optional<double>& value, int decimals, const char* unit) {
+    if (!value || !std::isfinite(*value)) {
+        return QStringLiteral("—");
+    }
+    return QString::number(*value, 'f', decimals) + unit;
+}
+
+} // namespace
+
+QString uiText(const char* key) {
+    return QCoreApplication::translate("Calmora", key);
+}
+
+QString uiText(const char* key, const QString& argument) {
+    return QString::fromStdString(
+        fillPlaceholders(uiText(key).toStdString(), {argument.toStdString()}));
+}
+
+QString uiCount(const char* key, qlonglong count) {
+    const int number =
+        static_cast<int>(std::clamp<qlonglong>(count, 0, std::numeric_limits<int>::max()));
+    const QString text = QCoreApplication::translate("Calmora", key, nullptr, number);
+    return QString::fromStdString(fillPlaceholders(text.toStdString(), {std::to_string(count)}));
+}
+
+QString displayName(const std::string& name) {
+    // A character of UTF-8 has at most four bytes.
+    QString text = QString::fromUtf8(
+        name.data(), std::min(static_cast<qsizetype>(name.size()), longestName * 4));
+    const auto isUnfit = [](QChar c) {
+        switch (c.category()) {
+        case QChar::Other_Control:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
+            return true;
+        case QChar::Other_Format:
+            return c.direction() != QChar::DirBN && c.direction() != QChar::DirL &&
+                   c.direction() != QChar::DirR && c.direction() != QChar::DirAL &&
+                   c.direction() != QChar::DirAN;
+        default:
+            return false;
+        }
+    };
+    std::replace_if(text.begin(), text.end(), isUnfit, QChar(u' '));
+    text = text.simplified();
+    if (text.size() > longestName) {
+        qsizetype end = longestName;
+        if (text.at(end).isLowSurrogate()) {
+            --end;
+        }
+        text.truncate(end);
+        text.append(QChar(0x2026));
+    }
+    return text;
+}
+
+void drawLine(QPainter& painter, const QRect& bounds, const QString& text, LineEnd end,
+              Qt::LayoutDirection interfaceDirection) {
+    const bool atRight = (end == LineEnd::trailing) == (interfaceDirection == Qt::LeftToRight);
+    const Qt::Alignment edge = atRight ? Qt::AlignRight : Qt::AlignLeft;
+    const Qt::LayoutDirection before = painter.layoutDirection();
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(
+        bounds, static_cast<int>(edge | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine,
+        text);
+    painter.setLayoutDirection(before);
+}
+
+QString cpuText(const std::optional<double>& percent) {
+    return figure(percent, 1, "%");
+}
+
+QString memoryText(const std::optional<double>& mebibytes) {
+    return figure(mebibytes, 0, " MB");
+}
+
+} // namespace calmora

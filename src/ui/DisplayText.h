@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+class QPainter;
+
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+/// The text of a key in the user's language; the key itself where there is none.
+[[nodiscard]] QString uiText(const char* key);
+
+/// The text of a key with its first "%lld" or "%@" replaced by `argument`.
+[[nodiscard]] QString uiText(const char* key, const QString& argument);
+
+/// The text of a key that counts something, in the plural form for `count`.
+[[nodiscard]] QString uiCount(const char* key, qlonglong count);
+
+/// A name as it can be shown on one line: control characters and those that override the direction
+/// of a text become spaces, broken UTF-8 becomes replacement characters, and what no row could
+/// show is cut off.
+[[nodiscard]] QString displayName(const std::string& name);
+
+/// Which end of its line a text stands at, as the reader of the interface sees it.
+enum class LineEnd { leading, trailing };
+
+/// Draws one line of text, centred vertically, at an end of `bounds`. The text reads in its own
+/// direction, whatever the direction of the interface.
+void drawLine(QPainter& painter, const QRect& bounds, const QString& text, LineEnd end,
+              Qt::LayoutDirection interfaceDirection);
+
+/// "12.5%", or a dash when there is no figure. Not capped: several cores exceed 100.
+[[nodiscard]] QString cpuText(const std::optional<double>& percent);
+
+/// "512 MB", or a dash when there is no figure.
+[[nodiscard]] QString memoryText(const std::optional<double>& mebibytes);
+
+} // namespace calmora

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "ui/RowLayout.h"
+#include "ui/StackRow.h"
+
+#include <QVariantAnimation>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace calmora {
+
+/// A list of rows below each other of which only those in sight exist as widgets; they are used
+/// again for other entries. Rows move as a RowMotion says. The widget is as high as its rows.
+class RowStack final : public QWidget {
+  public:
+    struct Callbacks {
+        /// Makes an empty row.
+        std::function<std::unique_ptr<StackRow>(RowKind)> make;
+        /// Fills a row with what its key stands for; called whenever that may have changed.
+        std::function<void(StackRow&, const RowKey&)> bind;
+        /// Brings a span of the list into sight; may be absent.
+        std::function<void(int top, int height)> reveal;
+    };
+
+    RowStack(Callbacks callbacks, QWidget* parent);
+    ~RowStack() override;
+
+    /// Shows other rows, or the same ones with other values. Of rows with one key the first is
+    /// shown. The same rows as before leave a motion that is under way alone.
+    void setRows(std::vector<RowSlot> slots, RowMotion motion);
+
+    /// The part in sight, in the list's coordinates.
+    void setBand(int top, int bottom);
+
+    /// Makes rows in advance, so that the first showing need not.
+    void prepare(RowKind kind, int count);
+
+    /// The widget of a row, while there is one; null otherwise.
+    [[nodiscard]] StackRow* rowWidget(const RowKey& key) const;
+
+    [[nodiscard]] bool isMoving() const;
+
+    /// Moves the keyboard a line down (1) or up (-1), from outside to the first line in sight.
+    /// False when there is no line to move to.
+    bool moveFocus(int step);
+
+    /// Gives the keyboard to a line, which is brought into sight first.
+    void focusLine(RowLine line, RowColumn column);
+
+    /// Where the keyboard is; absent when it is outside the list.
+    [[nodiscard]] std::optional<RowLine> focusedLine() const;
+
+    /// The controls that Tab visits in the line that has, or would get, the keyboard.
+    [[nodiscard]] std::vector<QWidget*> tabStops() const;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    /// Makes, places and puts away widgets so that those in sight stand where they are.
+    void arrange();
+    void bindAll();
+    StackRow& realize(const RowKey& key);
+    void putAway(const RowKey& key);
+    [[nodiscard]] std::optional<RowLine> lineForKeyboard() const;
+
+    Callbacks callbacks_;
+    std::vector<RowSlot> slots_;
+    RowGlide glide_;
+    std::vector<PlacedRow> placed_;
+    QVariantAnimation clock_;
+    std::map<RowKey, std::unique_ptr<StackRow>> live_;
+    std::map<RowKind, std::vector<std::unique_ptr<StackRow>>> spare_;
+    int bandTop_ = 0;
+    int bandBottom_ = 0;
+    /// The row that had the keyboard last.
+    std::optional<RowKey> lastFocused_;
+    int lastLine_ = 0;
+};
+
+} // namespace calmora

@@ -1,0 +1,244 @@
+// Draws the popover with sample data into pictures, for people to look at.
+// Usage: gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+
+#include "platform/qt/QtLocalizedStrings.h"
+#include "theme/Pictures.h"
+#include "theme/Theme.h"
+#include "ui/PopoverFixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QIcon>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTimer>
+#include <QTranslator>
+
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+namespace {
+
+using namespace calmora;
+
+/// German texts, which are long.
+class German final : public QTranslator {
+  public:
+    [[nodiscard]] QString translate(const char*, const char* source, const char*,
+                                    int) const override {
+        const QString key = QString::fromUtf8(source);
+        static const QHash<QString, QString> texts{
+            {"Quit All", "Alle ausgewählten Programme beenden"},
+            {"Force Quit All", "Alle ausgewählten Programme sofort beenden"},
+            {"Search", "Programme durchsuchen"},
+            {"Protected", "Geschützt"},
+            {"Background", "Hintergrundprogramme"},
+            {"%lld apps · %lld protected", "%lld Programme geöffnet · %lld davon geschützt"},
+        };
+        return texts.value(key);
+    }
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+};
+
+struct Sample {
+    const char* name;
+    const char* icon;
+    double cpu;
+    double memory;
+};
+
+const std::vector<Sample> samples{
+    {"Calculator", "accessories-calculator", 0.0, 41},
+    {"Files", "system-file-manager", 0.4, 96},
+    {"Firefox", "web-browser", 12.5, 1843},
+    {"GNU Image Manipulation Program", "applications-graphics", 103.7, 512},
+    {"Mail", "internet-mail", 1.2, 233},
+    {"Mousepad", "accessories-text-editor", 0.1, 38},
+    {"Music", "multimedia-audio-player", 3.8, 187},
+    {"Settings", "preferences-system", 0.0, 77},
+    {"Terminal", "utilities-terminal", 0.6, 54},
+    {"مدير الملفات", "no-such-icon", 0.2, 64},
+    {"Emoji 🎉 Studio", "applications-multimedia", 7.4, 301},
+    {"XTerm", "no-such-icon", 0.0, 12},
+};
+
+void fill(PopoverFixture& popover) {
+    ProcessId pid = 100;
+    for (const Sample& sample : samples) {
+        popover.launch(pid, sample.name);
+        popover.machine.workspace.at(pid).icon = Image{sample.icon, {}, {}};
+        ++pid;
+    }
+    popover.launch(200, "Indexer", ActivationPolicy::accessory, 102);
+    popover.launch(201, "Sync agent", ActivationPolicy::accessory, 102);
+    popover.launch(202, "Notifier", ActivationPolicy::accessory, 102);
+    popover.launch(210, "Clipboard manager", ActivationPolicy::accessory);
+    popover.settings.setResourceDisplay(ResourceDisplay::both);
+}
+
+void sample(PopoverFixture& popover) {
+    popover.model.updateResourceUsage();
+    popover.machine.clock.advance(std::chrono::seconds(1));
+    ProcessId pid = 100;
+    for (const Sample& sample : samples) {
+        popover.use(pid++, sample.cpu, sample.memory);
+    }
+    popover.model.updateResourceUsage();
+}
+
+void settle(int milliseconds = 20) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+}
+
+struct Scene {
+    const char* name;
+    std::function<void(PopoverFixture&)> change;
+};
+
+void save(PopoverFixture& popover, const QString& path) {
+    settle(350);
+    if (!popover.window.grab().save(path)) {
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    }
+}
+
+void render(const QDir& folder, Appearance appearance, const QString& suffix) {
+    setAppearance(appearance);
+    const std::vector<Scene> scenes{
+        {"normal", [](PopoverFixture&) {}},
+        {"force", [](PopoverFixture& p) { p.machine.events.flags.emit({ModifierFlags::option}); }},
+        {"protected",
+         [](PopoverFixture& p) {
+             p.model.toggleWhitelist(102);
+             p.model.toggleWhitelist(104);
+             p.model.toggleSelection(101);
+         }},
+        {"nothing-ticked", [](PopoverFixture& p) { p.model.setAllSelected(false); }},
+        {"search", [](PopoverFixture& p) { p.model.setSearchText("ma"); }},
+        {"empty", [](PopoverFixture& p) { p.model.setSearchText("zebra"); }},
+        {"background",
+         [](PopoverFixture& p) {
+             p.settings.setViewBackgroundApps(true);
+             settle();
+             auto* bar = p.view->findChild<QScrollArea*>("list")->verticalScrollBar();
+             bar->setValue(bar->maximum());
+             settle();
+             for (auto* button : p.view->findChildren<QAbstractButton*>("groupHeader")) {
+                 button->click();
+             }
+             settle(300);
+             bar->setValue(bar->maximum());
+         }},
+        {"focus",
+         [](PopoverFixture& p) {
+             p.view->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+             p.view->findChild<QAbstractButton*>("tick")->setFocus();
+         }},
+    };
+    for (const Scene& scene : scenes) {
+        PopoverFixture popover;
+        fill(popover);
+        popover.window.show();
+        sample(popover);
+        settle();
+        scene.change(popover);
+        save(popover, folder.filePath(scene.name + suffix));
+    }
+}
+
+void renderSymbols(const QDir& folder, const QString& suffix) {
+    const QDir symbols(":/calmora/symbols");
+    QWidget sheet;
+    sheet.resize(360, 140);
+    QPixmap picture(sheet.size() * sheet.devicePixelRatioF());
+    picture.setDevicePixelRatio(sheet.devicePixelRatioF());
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    int x = 4;
+    for (const QString& file : symbols.entryList()) {
+        const QString name = file.chopped(4);
+        int y = 4;
+        for (const int side : {11, 16, 19, 40}) {
+            drawSymbol(painter, QRect(x, y, side, side), name, side, Qt::black);
+            y += side + 8;
+            if (side == 19) {
+                y = 70 + (x / 20 % 2) * 0;
+            }
+        }
+        x += 19;
+    }
+    painter.end();
+    picture.save(folder.filePath("symbols" + suffix));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: gallery FOLDER\n");
+        return 2;
+    }
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(".");
+    QIcon::setThemeSearchPaths({"/usr/share/icons"});
+    QIcon::setThemeName("Adwaita");
+    installTheme(application);
+    const QtLocalizedStrings strings{QLocale(QLocale::English)};
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
+    render(folder, Appearance::light, QStringLiteral("-light-%1x.png").arg(scale));
+    render(folder, Appearance::dark, QStringLiteral("-dark-%1x.png").arg(scale));
+    renderSymbols(folder, QStringLiteral("-%1x.png").arg(scale));
+
+    setAppearance(Appearance::light);
+    const auto special = [&](const char* name, const std::function<void(PopoverFixture&)>& change) {
+        PopoverFixture popover;
+        fill(popover);
+        popover.model.toggleWhitelist(102);
+        popover.window.show();
+        popover.model.toggleWhitelist(102);
+        sample(popover);
+        settle();
+        change(popover);
+        save(popover, folder.filePath(QStringLiteral("%1-light-%2x.png").arg(name, scale)));
+    };
+    special("many", [](PopoverFixture& p) {
+        for (ProcessId pid = 1000; pid < 1500; ++pid) {
+            p.launch(pid, "Application " + std::to_string(pid));
+        }
+        p.model.refresh();
+        settle();
+        p.view->findChild<QScrollArea*>("list")->verticalScrollBar()->setValue(5000);
+    });
+    German german;
+    QCoreApplication::installTranslator(&german);
+    special("german", [](PopoverFixture& p) {
+        p.settings.setViewBackgroundApps(true);
+        p.model.toggleWhitelist(103);
+    });
+    QCoreApplication::removeTranslator(&german);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    special("right-to-left", [](PopoverFixture& p) {
+        p.settings.setViewBackgroundApps(true);
+        p.model.toggleWhitelist(102);
+    });
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QFont font = QApplication::font();
+    font.setPointSize(15);
+    QApplication::setFont(font);
+    special("larger-font", [](PopoverFixture& p) { p.model.toggleWhitelist(102); });
+    return 0;
+}
