@@ -112,6 +112,7 @@ JsonUserDefaults::JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop)
         isDamagedInPlace_ = !keepAside(file_);
     }
     for (const auto& [key, json] : content.object.items()) {
+        keys_.insert(key);
         if (auto value = valueOf(json)) {
             values_.emplace(key, *std::move(value));
         }
@@ -165,12 +166,23 @@ JsonUserDefaults::stringArray(const std::string& key) const {
     return typed<std::vector<std::string>>(key);
 }
 
+std::vector<std::string> JsonUserDefaults::keys(const std::string& prefix) const {
+    std::vector<std::string> found;
+    for (auto key = keys_.lower_bound(prefix); key != keys_.end() && key->starts_with(prefix);
+         ++key) {
+        found.push_back(*key);
+    }
+    return found;
+}
+
 void JsonUserDefaults::set(const std::string& key, DefaultsValue value) {
+    keys_.insert(key);
     values_.insert_or_assign(key, value);
     change(key, std::move(value));
 }
 
 void JsonUserDefaults::remove(const std::string& key) {
+    keys_.erase(key);
     values_.erase(key);
     change(key, std::nullopt);
 }

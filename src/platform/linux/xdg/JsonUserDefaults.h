@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,8 @@ class JsonUserDefaults final : public UserDefaults {
     RunLoop& runLoop_;
     std::map<std::string, DefaultsValue> registered_;
     std::map<std::string, DefaultsValue> values_;
+    /// Of every value, those included that have a type of no preference.
+    std::set<std::string> keys_;
     /// Changes that are not on disk yet; absent means removed.
     std::map<std::string, std::optional<DefaultsValue>> pending_;
     Subscription write_;
