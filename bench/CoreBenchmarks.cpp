@@ -1,0 +1,230 @@
+#include "Children.h"
+
+#include "autoquit/KnownAppTable.h"
+#include "autoquit/KnownApps.h"
+#include "fakes/FakePlatform.h"
+#include "model/ResourceMonitor.h"
+#include "platform/linux/proc/LinuxClock.h"
+#include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/linux/text/IcuText.h"
+#include "settings/AppSettings.h"
+#include "support/FileDescriptor.h"
+#include "ui/AppListViewModel.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <ctime>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::ranges::nth_element(values, middle);
+    return *middle;
+}
+
+/// Times two things by turns, so that both meet the same disturbances: the medians in
+/// microseconds and their ratio.
+template <typename Ours, typename Floor>
+void compare(benchmark::State& state, Ours ours, Floor floor) {
+    using Clock = std::chrono::steady_clock;
+    using Seconds = std::chrono::duration<double>;
+    std::vector<double> oursTook;
+    std::vector<double> floorTook;
+    ours();
+    floor();
+    for ([[maybe_unused]] auto round : state) {
+        const auto start = Clock::now();
+        floor();
+        const auto between = Clock::now();
+        ours();
+        const auto end = Clock::now();
+        floorTook.push_back(Seconds(between - start).count());
+        oursTook.push_back(Seconds(end - between).count());
+        state.SetIterationTime(oursTook.back());
+    }
+    const double oursMedian = median(oursTook);
+    const double floorMedian = median(floorTook);
+    state.counters["us"] = oursMedian * 1e6;
+    state.counters["floor_us"] = floorMedian * 1e6;
+    state.counters["ratio"] = oursMedian / floorMedian;
+}
+
+/// The fake machine, with the real table of processes, the real clock and real texts.
+struct Machine {
+    FakePlatform fakes;
+    ProcessReader reader;
+    ProcessMemory memory{reader};
+    LinuxProcessTable processes{reader, memory};
+    LinuxClock clock;
+    IcuText text{"en_US.UTF-8"};
+    AppSettings settings{fakes.defaults};
+
+    [[nodiscard]] Platform platform() {
+        return {fakes.workspace, processes,    clock,       fakes.runLoop, fakes.bundle, text,
+                fakes.strings,   fakes.sounds, fakes.alerts};
+    }
+
+    /// Lists a process as an application, named so that most names differ early.
+    void list(ProcessId process, ActivationPolicy policy) {
+        static constexpr std::array words{"Writer",  "Mail",   "Terminal", "Browser",
+                                          "Drawing", "Player", "Files",    "Notes"};
+        const auto number = static_cast<std::size_t>(process);
+        FakeApplication app;
+        app.pid = process;
+        app.name = std::string(words.at(number * 7 % words.size())) + " " + std::to_string(number);
+        app.bundleIdentifier = std::string(knownAppTable.at(number % 100).bundleIdentifier) +
+                               (number % 3 == 0 ? "" : std::to_string(number));
+        app.icon = Image{.themeName = *app.bundleIdentifier, .file = {}, .pixels = nullptr};
+        app.policy = policy;
+        fakes.workspace.launch(app);
+    }
+};
+
+/// What sampling cannot do without: the CPU clock and one read of an open file, per process.
+class BareSampling {
+  public:
+    explicit BareSampling(std::span<const ProcessId> processes) {
+        for (const ProcessId process : processes) {
+            const std::string path = "/proc/" + std::to_string(process) + "/statm";
+            entries_.emplace_back(
+                static_cast<clockid_t>(~static_cast<unsigned>(process) << 3U | 2U),
+                FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)));
+        }
+    }
+
+    void sample() {
+        for (const auto& [clock, file] : entries_) {
+            timespec time{};
+            std::array<char, 256> text;
+            if (clock_gettime(clock, &time) != 0 ||
+                pread(file.get(), text.data(), text.size(), 0) <= 0) {
+                std::abort();
+            }
+            benchmark::DoNotOptimize(time);
+            benchmark::DoNotOptimize(text);
+        }
+    }
+
+  private:
+    std::vector<std::pair<clockid_t, FileDescriptor>> entries_;
+};
+
+void sampling(benchmark::State& state) {
+    const Children children(static_cast<std::size_t>(state.range(0)));
+    Machine machine;
+    ResourceMonitor monitor(machine.platform());
+    BareSampling bare(children.processes());
+    compare(
+        state,
+        [&] {
+            if (monitor.getUsage(children.processes()).size() != children.processes().size()) {
+                state.SkipWithError("a process could not be sampled");
+            }
+        },
+        [&] { bare.sample(); });
+}
+
+void refresh(benchmark::State& state) {
+    const Children children(static_cast<std::size_t>(state.range(0)));
+    Machine machine;
+    const auto all = children.processes();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        // 50 applications; every hundredth process of the rest has an icon in the tray.
+        if (i < 50 || i % 100 == 99) {
+            machine.list(all[i], i < 50 ? ActivationPolicy::regular : ActivationPolicy::accessory);
+        }
+    }
+    AppListViewModel model(machine.settings, machine.platform());
+    compare(
+        state, [&] { model.refresh(); },
+        [&] {
+            benchmark::DoNotOptimize(machine.fakes.workspace.runningApplications());
+            benchmark::DoNotOptimize(machine.fakes.workspace.runningApplications());
+        });
+}
+
+/// The list of the model, and the bare cost of handing it out: one copy.
+void filterAndSort(benchmark::State& state, SortOrder order, const char* search) {
+    Machine machine;
+    for (ProcessId process = 1; process <= state.range(0); ++process) {
+        machine.list(process, ActivationPolicy::regular);
+    }
+    AppListViewModel model(machine.settings, machine.platform());
+    model.refresh();
+    machine.settings.setSortOrder(order);
+    model.setSearchText(search);
+    compare(
+        state, [&] { benchmark::DoNotOptimize(model.filteredApps()); },
+        [&] { benchmark::DoNotOptimize(std::vector(model.apps())); });
+}
+
+/// A hundred look-ups: listed, of a known vendor, unknown.
+void catalogueLookup(benchmark::State& state) {
+    std::vector<std::string> identifiers;
+    std::unordered_map<std::string, KnownAppInfo> map;
+    for (const KnownAppEntry& entry : knownAppTable) {
+        const std::string identifier(entry.bundleIdentifier);
+        map.emplace(identifier, *KnownApps::lookup(identifier));
+        identifiers.push_back(identifier + (identifiers.size() % 2 == 0 ? "" : ".other"));
+    }
+    identifiers.resize(100);
+    compare(
+        state,
+        [&] {
+            for (const std::string& identifier : identifiers) {
+                benchmark::DoNotOptimize(KnownApps::lookup(identifier));
+            }
+        },
+        [&] {
+            for (const std::string& identifier : identifiers) {
+                const auto found = map.find(identifier);
+                benchmark::DoNotOptimize(found != map.end() ? std::optional(found->second)
+                                                            : std::nullopt);
+            }
+        });
+}
+
+/// As many open files as the system allows, as the program itself asks for when it starts.
+void raiseOpenFileLimit() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = limit.rlim_max;
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+} // namespace
+} // namespace calmora
+
+int main(int argc, char** argv) {
+    using namespace calmora;
+    raiseOpenFileLimit();
+    const auto atEachSize = [](benchmark::internal::Benchmark* benchmark) {
+        benchmark->Arg(50)->Arg(500)->Arg(2000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+    };
+    atEachSize(benchmark::RegisterBenchmark("sampling", sampling));
+    atEachSize(benchmark::RegisterBenchmark("refresh, 50 applications among", refresh));
+    atEachSize(
+        benchmark::RegisterBenchmark("list by name", filterAndSort, SortOrder::alphabetical, ""));
+    atEachSize(benchmark::RegisterBenchmark("list by CPU", filterAndSort, SortOrder::cpuUsage, ""));
+    atEachSize(benchmark::RegisterBenchmark("list searched", filterAndSort, SortOrder::alphabetical,
+                                            "ter"));
+    benchmark::RegisterBenchmark("100 look-ups in the catalogue", catalogueLookup)
+        ->UseManualTime()
+        ->Unit(benchmark::kMicrosecond);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+}
