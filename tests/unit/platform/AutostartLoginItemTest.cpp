@@ -1,0 +1,112 @@
+#include "platform/linux/xdg/AutostartLoginItem.h"
+
+#include "platform/linux/xdg/DesktopEntry.h"
+#include "platform/linux/xdg/TextFile.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace calmora {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct AutostartLoginItemTest : testing::Test {
+    AutostartLoginItemTest() {
+        std::string name = fs::temp_directory_path() / "calmora-login-XXXXXX";
+        folder = mkdtemp(name.data());
+        directories.configHome = folder / "home";
+        directories.configDirs = {folder / "site", folder / "system"};
+    }
+
+    ~AutostartLoginItemTest() override { fs::remove_all(folder); }
+
+    [[nodiscard]] fs::path file(const char* where) const {
+        return folder / where / "autostart" / "org.example.Tool.desktop";
+    }
+
+    void write(const char* where, const std::string& text) const {
+        fs::create_directories(file(where).parent_path());
+        ASSERT_TRUE(replaceTextFile(file(where), text));
+    }
+
+    [[nodiscard]] AutostartLoginItem item(const fs::path& program = "/opt/tool/bin/tool") const {
+        return {directories, "org.example.Tool", program};
+    }
+
+    fs::path folder;
+    BaseDirectories directories;
+};
+
+TEST_F(AutostartLoginItemTest, ReadsTheUsersFileBeforeTheSystems) {
+    const std::string entry = "[Desktop Entry]\nType=Application\nName=Tool\nExec=tool\n";
+    const std::string hidden = entry + "Hidden=true\n";
+    const std::string off = entry + "X-GNOME-Autostart-enabled=false\n";
+
+    struct Case {
+        const char* name;
+        std::string user;
+        std::string system;
+        bool isEnabled;
+    };
+
+    for (const Case& c : {
+             Case{"none", "", "", false},
+             Case{"user's", entry, "", true},
+             Case{"user's, hidden", hidden, "", false},
+             Case{"user's, switched off", off, "", false},
+             Case{"user's, on by both", entry + "Hidden=false\nX-GNOME-Autostart-enabled=true\n",
+                  "", true},
+             Case{"hidden in another group", entry + "[Other]\nHidden=true\n", "", true},
+             Case{"system's", "", entry, true},
+             Case{"system's, hidden", "", hidden, false},
+             Case{"system's, hidden by the user", hidden, entry, false},
+             Case{"system's off, user's on", entry, off, true},
+         }) {
+        fs::remove_all(folder / "home");
+        fs::remove_all(folder / "system");
+        if (!c.user.empty()) {
+            write("home", c.user);
+        }
+        if (!c.system.empty()) {
+            write("system", c.system);
+        }
+        EXPECT_EQ(item().isEnabled(), c.isEnabled) << c.name;
+        for (const bool wanted : {true, true, false, false, true}) {
+            EXPECT_TRUE(item().setEnabled(wanted)) << c.name;
+            EXPECT_EQ(item().isEnabled(), wanted) << c.name;
+            EXPECT_EQ(fs::exists(file("home")), wanted || !c.system.empty()) << c.name;
+        }
+    }
+}
+
+TEST_F(AutostartLoginItemTest, StartsTheRunningProgramWhateverItsPath) {
+    const fs::path strange = "/opt/a \"b\" $c `d` \\e 100% %f\n;#'/tool";
+    for (const fs::path& program : {fs::path("/usr/bin/tool"), strange}) {
+        ASSERT_TRUE(item(program).setEnabled(true));
+        const auto text = readTextFile(file("home"));
+        ASSERT_TRUE(text);
+        const auto entry = parseDesktopEntry(*text, {});
+        ASSERT_TRUE(entry) << *text;
+        EXPECT_EQ(execWords(entry->exec), std::vector{program.string()}) << *text;
+        EXPECT_EQ(entry->icon, "org.example.Tool");
+        EXPECT_FALSE(entry->hidden);
+    }
+}
+
+TEST_F(AutostartLoginItemTest, TellsWhenItCannotWrite) {
+    fs::create_directories(folder / "home");
+    ASSERT_TRUE(replaceTextFile(folder / "home" / "autostart", "a file in the folder's place"));
+    EXPECT_FALSE(item().setEnabled(true));
+    EXPECT_FALSE(item().isEnabled());
+    EXPECT_TRUE(item().setEnabled(false)) << "it is off";
+    write("system", "[Desktop Entry]\nName=Tool\n");
+    EXPECT_FALSE(item().setEnabled(false));
+    EXPECT_TRUE(item().isEnabled());
+}
+
+} // namespace
+} // namespace calmora
