@@ -62,9 +62,10 @@ std::vector<std::string> classWords(const TopLevelWindow& window) {
 }
 
 bool isGenericClass(std::string_view word) {
-    return word.empty() || word == "Tk" || word == "Toplevel" || word == "toplevel" ||
-           word == "main" || word == "Main" || word.starts_with("sun-awt-") ||
-           word.starts_with('!') || word.starts_with('.') || isInterpreter(word);
+    const std::string lower = lowered(word);
+    return lower.empty() || lower == "tk" || lower == "toplevel" || lower == "main" ||
+           lower.starts_with("sun-awt-") || lower.starts_with('!') || lower.starts_with('.') ||
+           isInterpreter(word);
 }
 
 /// The entry that a path or an id means, with or without its ending.

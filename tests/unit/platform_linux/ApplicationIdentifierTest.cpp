@@ -1,0 +1,419 @@
+#include "platform/linux/identity/ApplicationIdentifier.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+DesktopEntry entryOf(const std::string& id, const std::string& lines) {
+    auto entry = parseDesktopEntry("[Desktop Entry]\nType=Application\n" + lines, {});
+    entry->id = id;
+    entry->path = "/usr/share/applications/" + id + ".desktop";
+    return *entry;
+}
+
+/// The entries of Debian 12 that the recorded programs come with, as far as they count.
+const DesktopEntryIndex& debian() {
+    static const DesktopEntryIndex index(
+        {entryOf("debian-xterm", "Name=XTerm\nExec=xterm\nStartupWMClass=XTerm\n"),
+         entryOf("debian-uxterm", "Name=UXTerm\nExec=uxterm\nStartupWMClass=UXTerm\n"),
+         entryOf("galculator", "Name=Galculator\nExec=galculator\n"),
+         entryOf("org.xfce.mousepad", "Name=Mousepad\nExec=mousepad %U\n"),
+         entryOf("org.xfce.mousepad-settings", "Name=Settings\nExec=mousepad --preferences\n"),
+         entryOf("qpdfview", "Name=qpdfview\nExec=qpdfview --unique %F\n"),
+         entryOf("pcmanfm", "Name=File Manager PCManFM\nExec=pcmanfm %U\n"),
+         entryOf("pcmanfm-desktop-pref", "Name=Desktop Preferences\nExec=pcmanfm --desktop-pref\n"),
+         entryOf("org.gnome.Meld", "Name=Meld\nExec=meld %F\n"),
+         entryOf("org.gnome.gedit", "Name=gedit\nExec=gedit %U\n"),
+         entryOf("firefox-esr", "Name=Firefox ESR\nExec=/usr/lib/firefox-esr/firefox-esr %u\n"
+                                "StartupWMClass=firefox-esr\n"),
+         entryOf("org.pwmt.zathura", "Name=Zathura\nExec=zathura %U\n"),
+         entryOf("org.pwmt.zathura-pdf-poppler", "Name=Zathura\nExec=zathura %U\nNoDisplay=true\n"),
+         entryOf("io.github.Hexchat", "Name=HexChat\nExec=hexchat\nStartupWMClass=Hexchat\n"),
+         entryOf("libreoffice-calc", "Name=LibreOffice Calc\nExec=libreoffice --calc %U\n"
+                                     "StartupWMClass=libreoffice-calc\n"),
+         entryOf("libreoffice-writer", "Name=LibreOffice Writer\nExec=libreoffice --writer %U\n"
+                                       "StartupWMClass=libreoffice-writer\n"),
+         entryOf("org.keepassxc.KeePassXC",
+                 "Name=KeePassXC\nExec=keepassxc %f\nStartupWMClass=keepassxc\n"),
+         entryOf("idle-python3.11",
+                 "Name=IDLE (using Python-3.11)\nExec=/usr/bin/idle-python3.11\n"),
+         entryOf("python3.11", "Name=Python (v3.11)\nExec=/usr/bin/python3.11\nNoDisplay=true\n"),
+         entryOf("feh", "Name=Feh\nExec=feh %F\nNoDisplay=true\n"),
+         entryOf("lxterminal", "Name=LXTerminal\nExec=lxterminal\n"),
+         entryOf("org.kde.kcalc", "Name=KCalc\nExec=kcalc-launcher\n"),
+         entryOf("org.kde.konsole", "Name=Konsole\nExec=konsole\n"),
+         entryOf("jedit", "Name=jEdit\nExec=jedit %F\n"),
+         entryOf("org.example.Tool", "Name=Fine Tool\nExec=tool-launcher\n"),
+         entryOf("spotify_spotify", "Name=Spotify\nExec=/snap/bin/spotify %U\n"),
+         entryOf("org.gnome.Maps", "Name=Maps\nExec=flatpak run org.gnome.Maps\n")},
+        "pcmanfm");
+    return index;
+}
+
+TopLevelWindow windowOf(WindowId id, const std::string& instance, const std::string& className,
+                        const std::string& gtkId = {}) {
+    TopLevelWindow window;
+    window.id = id;
+    window.instance = instance;
+    window.className = className;
+    window.gtkApplicationId = gtkId;
+    return window;
+}
+
+ApplicationFacts factsOf(std::vector<std::string> commandLine, const std::string& executable,
+                         std::vector<TopLevelWindow> windows) {
+    ApplicationFacts facts;
+    facts.process.pid = 4711;
+    facts.process.parent = 4000;
+    facts.process.commandLine = std::move(commandLine);
+    if (!executable.empty()) {
+        facts.process.executable = executable;
+    }
+    facts.process.comm = "comm";
+    facts.windows = std::move(windows);
+    return facts;
+}
+
+struct Recorded {
+    std::vector<std::string> commandLine;
+    const char* executable;
+    const char* instance;
+    const char* className;
+    const char* gtkId;
+    const char* desktopId;
+    const char* name;
+    IdentityRule rule;
+};
+
+TEST(ApplicationIdentifier, RecognisesTheRecordedPrograms) {
+    using enum IdentityRule;
+    const std::vector<Recorded> programs = {
+        {{"xterm"},
+         "/usr/bin/xterm",
+         "xterm",
+         "XTerm",
+         "",
+         "debian-xterm",
+         "XTerm",
+         startupWmClass},
+        {{"xterm", "-class", "UXTerm", "-u8"},
+         "/usr/bin/xterm",
+         "xterm",
+         "UXTerm",
+         "",
+         "debian-uxterm",
+         "UXTerm",
+         startupWmClass},
+        {{"xterm", "-class", "Foo", "-name", "foo"},
+         "/usr/bin/xterm",
+         "foo",
+         "Foo",
+         "",
+         "debian-xterm",
+         "XTerm",
+         execKey},
+        {{"galculator"},
+         "/usr/bin/galculator",
+         "galculator",
+         "Galculator",
+         "",
+         "galculator",
+         "Galculator",
+         desktopIdOfClass},
+        {{"mousepad"},
+         "/usr/bin/mousepad",
+         "mousepad",
+         "Mousepad",
+         "org.xfce.mousepad",
+         "org.xfce.mousepad",
+         "Mousepad",
+         windowHint},
+        {{"qpdfview"},
+         "/usr/bin/qpdfview",
+         "qpdfview",
+         "qpdfview",
+         "",
+         "qpdfview",
+         "qpdfview",
+         desktopIdOfClass},
+        {{"pcmanfm"},
+         "/usr/bin/pcmanfm",
+         "pcmanfm",
+         "Pcmanfm",
+         "",
+         "pcmanfm",
+         "File Manager PCManFM",
+         desktopIdOfClass},
+        {{"/usr/bin/python3", "/usr/bin/meld"},
+         "/usr/bin/python3.11",
+         "org.gnome.Meld",
+         "Meld",
+         "org.gnome.Meld",
+         "org.gnome.Meld",
+         "Meld",
+         windowHint},
+        {{"gedit"},
+         "/usr/bin/gedit",
+         "gedit",
+         "Gedit",
+         "org.gnome.gedit",
+         "org.gnome.gedit",
+         "gedit",
+         windowHint},
+        {{"/usr/lib/firefox-esr/firefox-esr"},
+         "/usr/lib/firefox-esr/firefox-esr",
+         "Navigator",
+         "firefox-esr",
+         "",
+         "firefox-esr",
+         "Firefox ESR",
+         startupWmClass},
+        {{"zathura"},
+         "",
+         "org.pwmt.zathura",
+         "Zathura",
+         "",
+         "org.pwmt.zathura",
+         "Zathura",
+         desktopIdOfClass},
+        {{"hexchat"},
+         "/usr/bin/hexchat",
+         "hexchat",
+         "Hexchat",
+         "",
+         "io.github.Hexchat",
+         "HexChat",
+         startupWmClass},
+        {{"/usr/lib/libreoffice/program/soffice.bin", "--calc"},
+         "/usr/lib/libreoffice/program/soffice.bin",
+         "libreoffice",
+         "libreoffice-calc",
+         "org.libreoffice",
+         "libreoffice-calc",
+         "LibreOffice Calc",
+         startupWmClass},
+        {{"keepassxc"},
+         "",
+         "keepassxc",
+         "KeePassXC",
+         "",
+         "org.keepassxc.KeePassXC",
+         "KeePassXC",
+         startupWmClass},
+        {{"/usr/bin/python3.11", "/usr/bin/idle-python3.11"},
+         "/usr/bin/python3.11",
+         "!listedtoplevel",
+         "Toplevel",
+         "",
+         "idle-python3.11",
+         "IDLE (using Python-3.11)",
+         execKey},
+        {{"feh", "x.png"}, "/usr/bin/feh", "feh", "feh", "", "feh", "Feh", desktopIdOfClass},
+        {{"lxterminal"},
+         "/usr/bin/lxterminal",
+         "lxterminal",
+         "Lxterminal",
+         "",
+         "lxterminal",
+         "LXTerminal",
+         desktopIdOfClass},
+        {{"kcalc"}, "/usr/bin/kcalc", "kcalc", "kcalc", "", "org.kde.kcalc", "KCalc", desktopIdEnd},
+        {{"java", "-cp", "x", "org.gjt.sp.jedit.jEdit"},
+         "/usr/lib/jvm/java-17/bin/java",
+         "sun-awt-X11-XFramePeer",
+         "org-gjt-sp-jedit-jEdit",
+         "",
+         "jedit",
+         "jEdit",
+         javaClass},
+        {{"ft"}, "/usr/bin/ft", "ft", "Fine Tool", "", "org.example.Tool", "Fine Tool", entryName}};
+    for (const Recorded& program : programs) {
+        const auto identity =
+            identify(factsOf(program.commandLine, program.executable,
+                             {windowOf(1, program.instance, program.className, program.gtkId)}),
+                     debian());
+        EXPECT_EQ(identity.desktopId, program.desktopId);
+        EXPECT_EQ(identity.localizedName, program.name);
+        EXPECT_EQ(identity.rule, program.rule) << program.desktopId;
+    }
+}
+
+TEST(ApplicationIdentifier, GivesWellKnownIdentifiersLast) {
+    const auto firefox =
+        identify(factsOf({"firefox-esr"}, "", {windowOf(1, "Navigator", "firefox-esr")}), debian());
+    EXPECT_EQ(firefox.bundleIdentifier, "org.mozilla.firefox");
+    EXPECT_EQ(firefox.desktopId, "firefox-esr");
+    EXPECT_EQ(firefox.entryPath, "/usr/share/applications/firefox-esr.desktop");
+    const auto files =
+        identify(factsOf({"pcmanfm"}, "", {windowOf(1, "pcmanfm", "Pcmanfm")}), debian());
+    EXPECT_EQ(files.bundleIdentifier, "com.apple.finder");
+    EXPECT_EQ(files.desktopId, "pcmanfm");
+}
+
+TEST(ApplicationIdentifier, CountsATransientWindowAsItsParents) {
+    TopLevelWindow tip = windowOf(1, "libreoffice", "Soffice");
+    tip.transientFor = 2;
+    auto facts = factsOf({"soffice.bin"}, "",
+                         {tip, windowOf(2, "libreoffice", "libreoffice-writer"),
+                          windowOf(3, "libreoffice", "libreoffice-calc")});
+    // Windows that differ: the program names none, so the oldest one counts.
+    EXPECT_EQ(identify(facts, debian()).desktopId, "libreoffice-writer");
+    facts.process.commandLine = {"jedit"};
+    EXPECT_EQ(identify(facts, debian()).desktopId, "jedit");
+    // A parent that is not there leaves the window on its own.
+    TopLevelWindow orphan = windowOf(5, "galculator", "Galculator");
+    orphan.transientFor = 99;
+    EXPECT_EQ(identify(factsOf({"x"}, "", {orphan}), debian()).desktopId, "galculator");
+}
+
+TEST(ApplicationIdentifier, TakesAnotherWindowOfTheProcessThenOfTheGroup) {
+    auto facts = factsOf({"x"}, "/usr/bin/x",
+                         {windowOf(1, "nothing", "Nothing"), windowOf(2, "feh", "feh")});
+    EXPECT_EQ(identify(facts, debian()).desktopId, "feh");
+    facts.windows.pop_back();
+    facts.groupWindows = {windowOf(7, "nix", "Nix"), windowOf(8, "xterm", "XTerm")};
+    EXPECT_EQ(identify(facts, debian()).desktopId, "debian-xterm");
+    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::windowGroup);
+}
+
+TEST(ApplicationIdentifier, BelievesASandboxBeforeTheWindow) {
+    auto facts = factsOf({"gjs"}, "/app/bin/gjs", {windowOf(1, "xterm", "XTerm")});
+    facts.process.flatpak = FlatpakInfo{"org.gnome.Maps", "1"};
+    EXPECT_EQ(identify(facts, debian()).desktopId, "org.gnome.Maps");
+    facts.process.flatpak = FlatpakInfo{"com.spotify.Client", "2"};
+    const auto unlisted = identify(facts, debian());
+    EXPECT_EQ(unlisted.bundleIdentifier, "com.spotify.client");
+    EXPECT_EQ(unlisted.localizedName, "XTerm");
+
+    auto snap = factsOf({"spotify"}, "/snap/spotify/42/usr/bin/spotify", {windowOf(1, "s", "S")});
+    snap.process.cgroup =
+        "/user.slice/snap.spotify.spotify-0a1b2c3d-1111-2222-3333-444455556666.scope";
+    EXPECT_EQ(identify(snap, debian()).bundleIdentifier, "com.spotify.client");
+    // Started from the snap, but not of it.
+    snap.process.executable = "/usr/bin/xterm";
+    snap.windows = {windowOf(1, "xterm", "XTerm")};
+    EXPECT_EQ(identify(snap, debian()).desktopId, "debian-xterm");
+}
+
+TEST(ApplicationIdentifier, BelievesTheUnitOnlyOfWhatItWasStartedFor) {
+    auto facts = factsOf({"odd"}, "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
+    facts.process.cgroup = "/a/app-org.kde.konsole-0123.scope";
+    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::systemdUnit);
+    facts.parent = ProcessDetails{};
+    facts.parent->cgroup = "/a/session.scope";
+    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.konsole");
+    // A program that was typed into the terminal's shell is not the terminal.
+    facts.parent->cgroup = facts.process.cgroup;
+    facts.parent->commandLine = {"/bin/bash"};
+    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::synthetic);
+    facts.parent->commandLine = {"/bin/sh", "/usr/bin/start-odd"};
+    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.konsole");
+}
+
+TEST(ApplicationIdentifier, ReadsTheNamesOfUnitsAndSnaps) {
+    using Ids = std::vector<std::string>;
+    EXPECT_EQ(desktopIdsOfCgroup("/x/app-gnome-org.gnome.Maps-4711.scope"),
+              (Ids{"gnome-org.gnome.Maps", "org.gnome.Maps"}));
+    EXPECT_EQ(desktopIdsOfCgroup("/x/app-firefox\\x2desr@0af.service").front(), "firefox-esr");
+    EXPECT_EQ(desktopIdsOfCgroup("/x/app-KDE-org.kde.kate.service"),
+              (Ids{"KDE-org.kde.kate", "org.kde.kate"}));
+    EXPECT_EQ(desktopIdsOfCgroup("/x/app-a\\xzz-1.scope").front(), "a\\xzz");
+    for (const char* other : {"", "/", "/x/session-2.scope", "/x/app-.scope", "/x/app-foo.slice"}) {
+        EXPECT_EQ(desktopIdsOfCgroup(other), Ids{}) << other;
+    }
+    EXPECT_EQ(snapOfCgroup("/x/snap.code.code-url.scope"), "code_code-url");
+    EXPECT_EQ(snapOfCgroup("/x/snap.a.b.0f1e.scope"), "a_b");
+    EXPECT_EQ(snapOfCgroup("/x/snap.a.hook.configure-1.scope"), std::nullopt);
+    EXPECT_EQ(snapOfCgroup("/x/snap."), std::nullopt);
+}
+
+TEST(ApplicationIdentifier, BelievesTheEnvironmentOnlyOfTheLaunchedProcess) {
+    auto facts = factsOf({"odd"}, "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
+    auto& environment = facts.process.environment;
+    environment.launchedDesktopFile = "/usr/share/applications/feh.desktop";
+    environment.launchedDesktopFilePid = 4711;
+    EXPECT_EQ(identify(facts, debian()).desktopId, "feh");
+    environment.launchedDesktopFilePid = 4000; // Inherited.
+    EXPECT_EQ(identify(facts, debian()).desktopId, std::nullopt);
+
+    environment = {};
+    environment.bamfDesktopFileHint = "/var/lib/snapd/desktop/applications/galculator.desktop";
+    EXPECT_EQ(identify(facts, debian()).desktopId, "galculator");
+    facts.parent = ProcessDetails{};
+    facts.parent->environment = environment;
+    EXPECT_EQ(identify(facts, debian()).desktopId, std::nullopt);
+
+    environment = {};
+    environment.appImage = "/home/u/Krita.AppImage";
+    facts.process.executable = "/tmp/.mount_Krita1/usr/bin/odd";
+    facts.process.appImageDesktopFile = "/tmp/.mount_Krita1/org.kde.krita.desktop";
+    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.krita");
+}
+
+TEST(ApplicationIdentifier, FindsTheScriptThatStartedTheProcess) {
+    auto facts = factsOf({"odd"}, "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
+    facts.parent = ProcessDetails{};
+    facts.parent->commandLine = {"/bin/sh", "/usr/bin/tool-launcher", "-x"};
+    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::parentScript);
+    facts.parent->commandLine = {"/usr/bin/python3", "/usr/bin/tool-launcher"};
+    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::synthetic);
+}
+
+TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
+    struct Case {
+        std::vector<std::string> commandLine;
+        const char* executable;
+        const char* instance;
+        const char* className;
+        const char* identifier;
+        const char* name;
+    };
+
+    for (const Case& test : std::vector<Case>{
+             {{"xcalc"}, "/usr/bin/xcalc", "xcalc", "XCalc", "exe:/usr/bin/xcalc.xcalc", "XCalc"},
+             {{"x"}, "/opt/a.b/my.tool", "", "", "exe:/opt/a.b/my.tool.my-tool", "my-tool"},
+             {{"python3", "/home/u/clock.py"},
+              "/usr/bin/python3.11",
+              "tk",
+              "Tk",
+              "script:/home/u/clock.py.clock",
+              "clock"},
+             {{"C:\\windows\\notepad.exe"},
+              "/usr/lib/wine/wine64-preloader",
+              "notepad.exe",
+              "notepad.exe",
+              "wine:notepad.exe.notepad",
+              "notepad.exe"},
+             {{"java", "-cp", "a", "org.foo.Main"},
+              "/usr/lib/jvm/j/bin/java",
+              "sun-awt-X11-XFramePeer",
+              "org-foo-Viewer",
+              "exe:/usr/lib/jvm/j/bin/java:org-foo-Viewer.Viewer",
+              "org-foo-Viewer"},
+             {{"relative"}, "", "", "", "exe:comm.comm", "comm"},
+             {{"x"}, "/usr/bin/x", "a\nb", "\x01\xff", "exe:/usr/bin/x.x", "\xef\xbf\xbd"}}) {
+        const auto identity = identify(factsOf(test.commandLine, test.executable,
+                                               {windowOf(1, test.instance, test.className)}),
+                                       DesktopEntryIndex());
+        EXPECT_EQ(identity.bundleIdentifier, test.identifier);
+        EXPECT_EQ(identity.localizedName, test.name);
+        EXPECT_EQ(identity.desktopId, std::nullopt);
+    }
+    EXPECT_FALSE(identify(ApplicationFacts{}, debian()).bundleIdentifier.empty());
+    EXPECT_FALSE(identify(ApplicationFacts{}, debian()).localizedName.empty());
+}
+
+TEST(ApplicationIdentifier, NamesWindowlessProgramsOnlyByAnEntry) {
+    EXPECT_EQ(identifyWindowless(factsOf({"hexchat"}, "", {}).process, debian())->desktopId,
+              "io.github.Hexchat");
+    EXPECT_FALSE(
+        identifyWindowless(factsOf({"python3.11"}, "/usr/bin/python3.11", {}).process, debian()));
+    EXPECT_FALSE(identifyWindowless(ProcessDetails{}, debian()));
+}
+
+} // namespace
+} // namespace calmora

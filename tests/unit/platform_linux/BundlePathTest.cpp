@@ -1,0 +1,136 @@
+#include "platform/linux/identity/BundlePath.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+ProcessDetails programAt(const std::string& executable) {
+    ProcessDetails process;
+    process.pid = 4711;
+    if (!executable.empty()) {
+        process.executable = executable;
+    }
+    return process;
+}
+
+ApplicationIdentity entryWith(const std::string& id, const std::string& execKey = {}) {
+    ApplicationIdentity identity;
+    identity.desktopId = id;
+    identity.execKey = execKey;
+    identity.entryPath = "/usr/share/applications/" + id + ".desktop";
+    return identity;
+}
+
+struct Case {
+    const char* executable;
+    const char* id;
+    const char* execKey;
+    /// Null for none.
+    const char* folder;
+};
+
+TEST(BundlePath, IsAFolderThatIsTheApplicationsAlone) {
+    for (const auto& [executable, id, execKey, folder] : std::vector<Case>{
+             {"/usr/bin/xterm", "debian-xterm", "xterm", nullptr},
+             {"/usr/bin/python3.11", "org.gnome.Meld", "meld", nullptr},
+             {"", "org.pwmt.zathura", "zathura", nullptr},
+             {"/bin/x", "x", "x", nullptr},
+             {"/x", "x", "x", nullptr},
+             {"/usr/lib/firefox-esr/firefox-esr", "firefox-esr", "firefox-esr",
+              "/usr/lib/firefox-esr/"},
+             {"/usr/lib/libreoffice/program/soffice.bin", "libreoffice-calc", "libreoffice",
+              "/usr/lib/libreoffice/"},
+             {"/usr/lib/chromium/chromium", "chromium", "chromium", "/usr/lib/chromium/"},
+             {"/usr/lib/x86_64-linux-gnu/foo/bin/foo", "foo", "foo",
+              "/usr/lib/x86_64-linux-gnu/foo/"},
+             {"/usr/local/share/Foo/foo", "foo", "foo", "/usr/local/share/Foo/"},
+             {"/usr/share/code/code", "code", "code", "/usr/share/code/"},
+             {"/usr/libexec/foo", "foo", "foo", nullptr},
+             {"/usr/lib/xfce4/panel/wrapper-2.0", "panel", "xfce4", nullptr},
+             {"/usr/lib/systemd/systemd", "systemd", "systemd", nullptr},
+             {"/usr/lib/jvm/java-17/bin/foo", "jvm", "foo", nullptr},
+             {"/usr/lib/other/foo", "foo", "foo", nullptr},
+             {"/usr/lib/electron25/electron", "electron25", "electron25", nullptr},
+             {"/usr/lib/foo", "foo", "foo", nullptr},
+             {"/opt/google/chrome/chrome", "google-chrome", "google-chrome-stable",
+              "/opt/google/chrome/"},
+             {"/opt/foo/bin/foo", "foo", "foo", "/opt/foo/"},
+             {"/opt/bin/foo", "foo", "foo", nullptr},
+             {"/opt/local/bin/foo", "foo", "foo", nullptr},
+             {"/opt/jdk/bin/java", "foo", "foo", nullptr},
+             {"/home/u/Apps/tool/libexec/tool-helper/bin/run", "org.example.Tool", "x",
+              "/home/u/Apps/tool/"},
+             {"/home/u/tool/tool/tool", "tool", "tool", "/home/u/tool/tool/"},
+             {"/home/u/bin/bin", "bin", "bin", nullptr},
+             {"/home/u/.local/bin/tool", "tool", "tool", nullptr},
+             {"/home/u/u", "u", "u", nullptr},
+             {"/home/user2/tool/tool", "tool", "tool", nullptr},
+             {"/app/bin/maps", "org.gnome.Maps", "maps", nullptr},
+             {"/srv/foo/foo", "foo", "foo", nullptr}}) {
+        const auto identity = entryWith(id, execKey);
+        const auto found = privateFolder(programAt(executable), identity, "/home/u", {});
+        EXPECT_EQ(found, folder ? std::optional<std::string>(folder) : std::nullopt) << executable;
+        EXPECT_EQ(bundlePath(programAt(executable), identity, "/home/u", {}),
+                  folder ? std::string(folder) : identity.entryPath.string() + "/");
+    }
+}
+
+TEST(BundlePath, IsNeverAFolderThatHoldsAnotherRunningApplication) {
+    const auto steam = programAt("/home/u/.steam/steam");
+    const auto game = programAt("/home/u/.steam/common/quake/quake");
+    const std::vector<std::string> others = {"/home/u/.steam/common/quake/quake",
+                                             "/home/u/.steam/steam"};
+    EXPECT_EQ(privateFolder(steam, entryWith("steam", "steam"), "/home/u", others), std::nullopt);
+    EXPECT_EQ(privateFolder(game, entryWith("quake", "quake"), "/home/u", others),
+              "/home/u/.steam/common/quake/");
+    // The whole folder is shared, the executable's own is not.
+    const auto editor = programAt("/opt/suite/editor/bin2/editor");
+    const std::vector<std::string> viewer = {"/opt/suite/editor/viewer"};
+    EXPECT_EQ(privateFolder(editor, entryWith("editor"), "/home/u", viewer),
+              "/opt/suite/editor/bin2/");
+    // Another instance of the same program shares nothing with others.
+    EXPECT_EQ(privateFolder(editor, entryWith("editor"), "/home/u",
+                            std::vector<std::string>{"/opt/suite/editor/bin2/editor"}),
+              "/opt/suite/editor/bin2/");
+    EXPECT_EQ(privateFolder(programAt("/home/u/tool/tool"), entryWith("tool"), "/home/u",
+                            std::vector<std::string>{"/home/u/tool/other"}),
+              std::nullopt);
+}
+
+TEST(BundlePath, KnowsSnapsAppImagesAndFlatpaks) {
+    auto snap = programAt("/snap/firefox/42/usr/lib/firefox/firefox");
+    snap.cgroup = "/x/snap.firefox.firefox-1.scope";
+    EXPECT_EQ(privateFolder(snap, entryWith("firefox_firefox"), "/home/u", {}),
+              "/snap/firefox/42/");
+    snap.executable = "/snap/core22/1/usr/bin/dbus-daemon"; // A base snap is everybody's.
+    EXPECT_EQ(privateFolder(snap, entryWith("firefox_firefox"), "/home/u", {}), std::nullopt);
+
+    auto image = programAt("/tmp/.mount_Krita1/usr/bin/krita");
+    image.environment.appDir = "/tmp/.mount_Krita1";
+    EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), "/tmp/.mount_Krita1/");
+    image.environment.appDir = "/";
+    EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), std::nullopt);
+
+    auto flatpak = programAt("/usr/lib/foo/foo");
+    flatpak.flatpak = FlatpakInfo{"org.foo", "1"};
+    EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), std::nullopt);
+}
+
+TEST(BundlePath, OtherwiseLeadsWhereNoExecutableCanLie) {
+    const ApplicationIdentity unnamed;
+    auto script = programAt("/usr/bin/python3.11");
+    script.commandLine = {"python3", "/home/u/clock.py"};
+    EXPECT_EQ(bundlePath(script, unnamed, "", {}), "/home/u/clock.py/");
+    EXPECT_EQ(bundlePath(programAt("/usr/bin/xcalc"), unnamed, "", {}), "/usr/bin/xcalc/");
+    const std::string unreadable = bundlePath(programAt(""), unnamed, "", {});
+    EXPECT_TRUE(unreadable.starts_with("/proc/4711/") && unreadable.ends_with('/'));
+    // A home that is the root makes nothing private.
+    EXPECT_EQ(privateFolder(programAt("/tool/tool"), unnamed, "/", {}), std::nullopt);
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,157 @@
+#include "platform/linux/xdg/DesktopEntry.h"
+#include "platform/linux/xdg/BaseDirectories.h"
+#include "platform/linux/xdg/DisplayText.h"
+#include "platform/linux/xdg/ExecKey.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+using Words = std::vector<std::string>;
+
+const Words german = {"de_AT", "de"};
+
+TEST(DesktopEntry, TakesTheMostWantedLanguageWhateverTheOrder) {
+    const std::string head = "[Desktop Entry]\nType=Application\n";
+    for (const std::string lines : {"Name=Files\nName[de]=Dateien\nName[de_AT]=Akten\nName[fr]=F\n",
+                                    "Name[de_AT]=Akten\nName[de]=Dateien\nName=Files\n"}) {
+        const auto entry = parseDesktopEntry(head + lines, german);
+        ASSERT_TRUE(entry);
+        EXPECT_EQ(entry->name, "Akten");
+        EXPECT_EQ(entry->unlocalizedName, "Files");
+        EXPECT_EQ(parseDesktopEntry(head + lines, {})->name, "Files");
+    }
+}
+
+TEST(DesktopEntry, ReadsOnlyItsOwnGroup) {
+    const auto entry = parseDesktopEntry(
+        "\xEF\xBB\xBF# comment\nName=Before\n[Desktop Entry]\r\n Type = Application\r\n"
+        "Name = A\\sB\\\\C \r\nExec = env X=1 /opt/tool/run.sh --flag %U\nIcon=tool.png\n"
+        "NoDisplay=true\nStartupWMClass=Tool\nCategories=Utility;FileManager;\nbroken line\n=x\n"
+        "[Desktop Action New]\nName=New\nExec=other\nNoDisplay=false\n",
+        german);
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->name, "A B\\C");
+    EXPECT_EQ(entry->execKey, "run");
+    EXPECT_EQ(entry->startupWmClass, "Tool");
+    EXPECT_EQ(entry->categories, (Words{"Utility", "FileManager"}));
+    EXPECT_FALSE(entry->isVisible);
+    EXPECT_EQ(iconImage(entry->icon).themeName, "tool");
+    EXPECT_EQ(iconImage("/usr/share/x.png").file, "/usr/share/x.png");
+}
+
+TEST(DesktopEntry, IsNothingWithoutNameOrForOtherTypes) {
+    for (const char* text :
+         {"", "[Desktop Entry", "[Desktop Entry]\nType=Application\n", "Name=x\nType=Application\n",
+          "[Desktop Entry]\nType=Link\nName=x\n", "[Desktop Entry]\nName=x\n",
+          "[Desktop Entry]\nType=Application\nName=\x01\n", "\xff\xfe\x00[[[]]]===\n"}) {
+        EXPECT_FALSE(parseDesktopEntry(text, german)) << text;
+    }
+    EXPECT_TRUE(parseDesktopEntry("[Desktop Entry]\nHidden=true\n", {})->hidden);
+}
+
+TEST(DesktopEntry, MakesEveryNameOneValidLine) {
+    const std::string longName(10'000, 'n');
+    EXPECT_EQ(displayLine(longName), longName);
+
+    struct Case {
+        const char* given;
+        const char* shown;
+    };
+
+    for (const auto& [given, shown] :
+         {Case{" a\tb\nc\x7f ", "a b c"}, Case{"\xd7\xa9\xd7\x9c", "\xd7\xa9\xd7\x9c"},
+          Case{"\xf0\x9f\x98\x80!", "\xf0\x9f\x98\x80!"},
+          Case{"a\xff"
+               "b",
+               "a\xef\xbf\xbd"
+               "b"},
+          Case{"\xc0\xaf", "\xef\xbf\xbd\xef\xbf\xbd"},
+          Case{"\xed\xa0\x80", "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd"},
+          Case{"cut \xe2\x82", "cut \xef\xbf\xbd\xef\xbf\xbd"}, Case{"\xc2\x9bx", "x"},
+          Case{"\n\n", ""}}) {
+        EXPECT_EQ(displayLine(given), shown);
+    }
+}
+
+TEST(DesktopEntry, SplitsExecAlongItsQuotes) {
+    EXPECT_EQ(execWords("foo --x=%f \"two words\" \"a\\\\\"b\" 100%% %U"),
+              (Words{"foo", "--x=", "two words", "a\"b", "100%"}));
+    EXPECT_EQ(execWords("\"unterminated %u"), (Words{"unterminated "}));
+    EXPECT_EQ(execWords(""), Words{});
+}
+
+TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
+    struct Case {
+        Words words;
+        const char* key;
+    };
+
+    const std::vector<Case> cases = {
+        {{"xterm", "-class", "Foo"}, "xterm"},
+        {{"/usr/bin/python3.11", "/usr/bin/idle-python3.11"}, "idle-python3.11"},
+        {{"/usr/bin/python3", "-W", "ignore", "-u", "/opt/a/tool.py", "x"}, "tool"},
+        {{"python3", "-m", "idlelib"}, "idlelib"},
+        {{"python3", "-c", "import x"}, ""},
+        {{"/usr/bin/python3.11"}, ""},
+        {{"/bin/sh", "/usr/bin/start.sh"}, "start"},
+        {{"/bin/sh", "-c", "xterm & wait"}, ""},
+        {{"-bash"}, ""},
+        {{"bash", "--login"}, ""},
+        {{"env", "GDK_BACKEND=x11", "-u", "FOO", "/usr/bin/app"}, "app"},
+        {{"env", "BAMF_DESKTOP_FILE_HINT=/x.desktop", "/snap/bin/firefox"}, "firefox"},
+        {{"nice", "-n", "5", "nohup", "app.bin"}, "app"},
+        {{"pkexec", "/usr/sbin/gparted"}, "gparted"},
+        {{"java", "-Xmx1g", "-cp", "/a:/b", "-jar", "/usr/share/jedit/jedit.jar"}, "jedit"},
+        {{"java", "-cp", "/a.jar", "org.foo.Main"}, ""},
+        {{"/usr/bin/flatpak", "run", "--command=gimp", "org.gimp.GIMP"}, ""},
+        {{"/usr/lib/libreoffice/program/soffice.bin", "--calc"}, "soffice"},
+        {{"/usr/lib/chromium/chromium --type=renderer --x"}, "chromium --type=renderer --x"},
+        {{""}, ""},
+        {{}, ""}};
+    for (const Case& test : cases) {
+        EXPECT_EQ(execKey(test.words), test.key) << (test.words.empty() ? "" : test.words.front());
+    }
+    EXPECT_EQ(programKey("/usr/bin/python3.11"), "");
+    EXPECT_EQ(programKey("/usr/lib/electron25/electron"), "");
+    EXPECT_EQ(programKey("/usr/bin/kate"), "kate");
+    EXPECT_EQ(scriptOf(Words{"/usr/bin/python3", "./a.py"}), "./a.py");
+    EXPECT_EQ(scriptOf(Words{"xterm", "-e", "vi"}), "");
+}
+
+TEST(BaseDirectories, IgnoreRelativePathsAndAddTheExportsOnce) {
+    const auto directories = BaseDirectories::fromEnvironment([](const char* name) -> const char* {
+        const std::string_view variable = name;
+        return variable == "HOME"            ? "/home/u"
+               : variable == "XDG_DATA_HOME" ? "relative"
+               : variable == "XDG_DATA_DIRS" ? "/usr/share/:/var/lib/flatpak/exports/share:rel:"
+               : variable == "XDG_CURRENT_DESKTOP" ? "ubuntu:GNOME"
+                                                   : nullptr;
+    });
+    EXPECT_EQ(directories.dataHome, "/home/u/.local/share");
+    EXPECT_EQ(directories.configHome, "/home/u/.config");
+    using Paths = std::vector<std::filesystem::path>;
+    EXPECT_EQ(directories.dataDirs,
+              (Paths{"/usr/share", "/var/lib/flatpak/exports/share",
+                     "/home/u/.local/share/flatpak/exports/share", "/var/lib/snapd/desktop"}));
+    EXPECT_EQ(directories.currentDesktops, (Words{"ubuntu", "gnome"}));
+}
+
+TEST(BaseDirectories, TryLocalesFromSpecialToGeneral) {
+    EXPECT_EQ(localeCandidates("sr_YU.UTF-8@Latn"),
+              (Words{"sr_YU@Latn", "sr_YU", "sr@Latn", "sr"}));
+    EXPECT_EQ(localeCandidates("de"), (Words{"de"}));
+    EXPECT_EQ(localeCandidates("C.UTF-8"), Words{});
+    const auto locales = messageLocales([](const char* name) -> const char* {
+        const std::string_view variable = name;
+        return variable == "LANGUAGE" ? "fr:de_AT" : variable == "LANG" ? "en_GB.UTF-8" : nullptr;
+    });
+    EXPECT_EQ(locales, (Words{"fr", "de_AT", "de", "en_GB", "en"}));
+}
+
+} // namespace
+} // namespace calmora

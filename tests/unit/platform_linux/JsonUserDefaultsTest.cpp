@@ -1,0 +1,215 @@
+#include "platform/linux/xdg/JsonUserDefaults.h"
+#include "TempFolder.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeRunLoop.h"
+#include "platform/linux/xdg/InstalledBundle.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace calmora {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class JsonUserDefaultsTest : public testing::Test {
+  protected:
+    TempFolder folder;
+    std::filesystem::path file = folder.path() / "calmora/preferences.json";
+    FakeClock clock;
+    FakeRunLoop loop{clock};
+};
+
+TEST_F(JsonUserDefaultsTest, KeepsEachValueWithItsType) {
+    {
+        JsonUserDefaults defaults(file, loop);
+        defaults.set("yes", true);
+        defaults.set("number", std::int64_t{-5});
+        defaults.set("zero", std::int64_t{0});
+        defaults.set("text", std::string("Grüße \"\\\n"));
+        defaults.set("list", Strings{"a", ""});
+        defaults.set("empty", Strings{});
+        defaults.set("broken", std::string("a\xff"));
+        EXPECT_FALSE(std::filesystem::exists(file));
+        loop.turn();
+        EXPECT_TRUE(std::filesystem::exists(file));
+    }
+    const JsonUserDefaults again(file, loop);
+    EXPECT_EQ(again.value("yes"), DefaultsValue(true));
+    EXPECT_EQ(again.value("number"), DefaultsValue(std::int64_t{-5}));
+    EXPECT_EQ(again.value("zero"), DefaultsValue(std::int64_t{0}));
+    EXPECT_EQ(again.string("text"), "Grüße \"\\\n");
+    EXPECT_EQ(again.stringArray("list"), (Strings{"a", ""}));
+    EXPECT_EQ(again.stringArray("empty"), Strings{});
+    EXPECT_EQ(again.string("broken"), "a\xef\xbf\xbd");
+    struct stat info{};
+    EXPECT_EQ(stat(file.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777, 0600U);
+}
+
+TEST_F(JsonUserDefaultsTest, ReadsTheRegisteredDefaultForAnotherTypeAndNeverWritesIt) {
+    folder.write("calmora/preferences.json",
+                 R"({"flag": "true", "count": 1.5, "big": 18446744073709551615, "list": ["a", 1],
+                     "name": null})");
+    JsonUserDefaults defaults(file, loop);
+    defaults.registerDefaults({{"flag", true},
+                               {"count", std::int64_t{7}},
+                               {"big", std::int64_t{8}},
+                               {"list", Strings{"d"}},
+                               {"name", std::string("n")}});
+    EXPECT_TRUE(defaults.boolean("flag"));
+    EXPECT_EQ(defaults.integer("count"), 7);
+    EXPECT_EQ(defaults.integer("big"), 8);
+    EXPECT_EQ(defaults.stringArray("list"), Strings{"d"});
+    EXPECT_EQ(defaults.string("name"), "n");
+    EXPECT_EQ(defaults.string("flag"), "true");
+    EXPECT_FALSE(defaults.boolean("unknown"));
+    EXPECT_EQ(defaults.integer("unknown"), 0);
+    EXPECT_EQ(defaults.string("unknown"), std::nullopt);
+    defaults.set("other", false);
+    EXPECT_TRUE(defaults.flush());
+    EXPECT_EQ(TempFolder::read(file).find("\"n\""), std::string::npos);
+    EXPECT_NE(TempFolder::read(file).find("18446744073709551615"), std::string::npos);
+    defaults.set("name", std::string("mine"));
+    defaults.remove("name");
+    EXPECT_EQ(defaults.string("name"), "n");
+}
+
+TEST_F(JsonUserDefaultsTest, MergesItsKeysIntoTheFileAsItIsNow) {
+    JsonUserDefaults defaults(file, loop);
+    defaults.set("ours", true);
+    defaults.set("dropped", true);
+    loop.turn();
+    folder.write("calmora/preferences.json",
+                 R"({"ours": false, "theirs": {"deep": [1, 2.5]}, "dropped": 1})");
+    defaults.set("more", std::int64_t{1});
+    defaults.remove("dropped");
+    loop.turn();
+    JsonUserDefaults again(file, loop);
+    EXPECT_EQ(again.value("ours"), DefaultsValue(false));
+    EXPECT_EQ(again.value("more"), DefaultsValue(std::int64_t{1}));
+    EXPECT_EQ(again.value("dropped"), std::nullopt);
+    EXPECT_NE(TempFolder::read(file).find("2.5"), std::string::npos);
+}
+
+TEST_F(JsonUserDefaultsTest, WritesWhatIsPendingWhenItEnds) {
+    {
+        JsonUserDefaults(file, loop).set("late", true);
+    }
+    EXPECT_TRUE(JsonUserDefaults(file, loop).boolean("late"));
+}
+
+TEST_F(JsonUserDefaultsTest, KeepsADamagedFileAside) {
+    for (const std::string damaged : {"{\"a\": tru", "", "[1, 2]", "\xff\xfe\x00", "null"}) {
+        folder.write("calmora/preferences.json", damaged);
+        testing::internal::CaptureStderr();
+        JsonUserDefaults defaults(file, loop);
+        const std::string said = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+        EXPECT_FALSE(std::filesystem::exists(file));
+        bool isKept = false;
+        for (const auto& kept : std::filesystem::directory_iterator(file.parent_path())) {
+            isKept = isKept || (kept.path().string().find(".damaged-20") != std::string::npos &&
+                                said.find(kept.path().string()) != std::string::npos &&
+                                TempFolder::read(kept.path()) == damaged);
+        }
+        EXPECT_TRUE(isKept) << said;
+        defaults.set("a", true);
+        EXPECT_TRUE(defaults.flush());
+        EXPECT_TRUE(JsonUserDefaults(file, loop).boolean("a"));
+    }
+}
+
+TEST_F(JsonUserDefaultsTest, WritesEverythingAgainWhenTheFileIsDamagedMeanwhile) {
+    JsonUserDefaults defaults(file, loop);
+    defaults.set("first", true);
+    loop.turn();
+    folder.write("calmora/preferences.json", "{");
+    defaults.set("second", true);
+    testing::internal::CaptureStderr();
+    loop.turn();
+    testing::internal::GetCapturedStderr();
+    const JsonUserDefaults again(file, loop);
+    EXPECT_TRUE(again.boolean("first") && again.boolean("second"));
+}
+
+TEST_F(JsonUserDefaultsTest, NeverCutsTheOldFileWhenTheDiskIsFull) {
+    JsonUserDefaults defaults(file, loop);
+    defaults.set("old", std::string(100, 'o'));
+    loop.turn();
+    const std::string before = TempFolder::read(file);
+    // A limit on the size of files ends a write half way, as a full disk does.
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = limit;
+    small.rlim_cur = 150;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    defaults.set("new", std::string(100, 'n'));
+    const bool isWritten = defaults.flush();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(isWritten);
+    EXPECT_EQ(TempFolder::read(file), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1);
+    EXPECT_EQ(defaults.string("new"), std::string(100, 'n'));
+    // There is room again: the next change takes it along.
+    defaults.set("next", true);
+    loop.turn();
+    EXPECT_EQ(JsonUserDefaults(file, loop).string("new"), std::string(100, 'n'));
+}
+
+TEST_F(JsonUserDefaultsTest, LivesOnWhereNothingCanBeWritten) {
+    const std::filesystem::path taken = folder.path() / "taken";
+    std::filesystem::create_directories(taken);
+    mkfifo((folder.path() / "pipe").c_str(), 0600);
+    std::filesystem::create_symlink("loop", folder.path() / "loop");
+    for (const std::filesystem::path& target :
+         {std::filesystem::path("/proc/calmora/preferences.json"), taken, folder.path() / "pipe",
+          folder.path() / "loop"}) {
+        JsonUserDefaults defaults(target, loop);
+        defaults.set("a", true);
+        loop.turn();
+        EXPECT_FALSE(defaults.flush()) << target;
+        EXPECT_TRUE(defaults.boolean("a"));
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(taken));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.path() / "pipe"));
+}
+
+TEST_F(JsonUserDefaultsTest, WritesThroughALinkAndKeepsPermissions) {
+    const auto target = folder.write("dotfiles/calmora.json", "{}");
+    chmod(target.c_str(), 0640);
+    std::filesystem::create_directories(file.parent_path());
+    std::filesystem::create_symlink("../dotfiles/calmora.json", file);
+    {
+        JsonUserDefaults defaults(file, loop);
+        defaults.set("a", true);
+    }
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_NE(TempFolder::read(target).find("\"a\""), std::string::npos);
+    struct stat info{};
+    EXPECT_EQ(stat(target.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777, 0640U);
+}
+
+TEST_F(JsonUserDefaultsTest, InstalledBundleFindsResourcesBesideTheExecutable) {
+    const auto sound = folder.write("share/calmora/quit-sound.wav", "RIFF");
+    std::filesystem::create_directories(folder.path() / "share/calmora/folder.wav");
+    const InstalledBundle bundle("app.example", "1.2", folder.path() / "bin");
+    EXPECT_EQ(bundle.resource("quit-sound", "wav"), sound);
+    EXPECT_EQ(bundle.resource("folder", "wav"), std::nullopt);
+    EXPECT_EQ(bundle.resource("missing", "wav"), std::nullopt);
+    EXPECT_EQ(bundle.bundleIdentifier(), "app.example");
+    EXPECT_EQ(InstalledBundle("app.example", "").shortVersion(), std::nullopt);
+}
+
+} // namespace
+} // namespace calmora
