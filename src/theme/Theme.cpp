@@ -62,9 +62,9 @@ QColor Theme::color(ThemeColor color) const {
     case ThemeColor::primary:
         return text_;
     case ThemeColor::secondary:
-        return withAlpha(text_, dark ? 0.72 : 0.70);
+        return withAlpha(text_, dark ? 0.74 : 0.76);
     case ThemeColor::tertiary:
-        return withAlpha(text_, dark ? 0.55 : 0.58);
+        return withAlpha(text_, dark ? 0.56 : 0.64);
     case ThemeColor::separator:
         return withAlpha(text_, dark ? 0.14 : 0.11);
     case ThemeColor::fill:
@@ -139,7 +139,7 @@ QPalette themePalette(Appearance appearance) {
     palette.setColor(QPalette::Base, base);
     palette.setColor(QPalette::AlternateBase, window);
     palette.setColor(QPalette::ToolTipBase, button);
-    palette.setColor(QPalette::PlaceholderText, withAlpha(text, dark ? 0.55 : 0.58));
+    palette.setColor(QPalette::PlaceholderText, withAlpha(text, dark ? 0.56 : 0.64));
     palette.setColor(QPalette::Highlight, accent);
     palette.setColor(QPalette::HighlightedText, QColor(0xff, 0xff, 0xff));
     palette.setColor(QPalette::Link, accent);

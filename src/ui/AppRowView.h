@@ -15,18 +15,18 @@ namespace calmora {
 
 /// What an AppRowView shows and whom it tells of the user's actions.
 struct AppRow {
-    AppInfo app;
+    AppInfo app = {};
     /// Force mode of the popover.
     bool isForceQuit = false;
     ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
     /// The application is protected: a badge stands in place of figures and quit button.
     bool isWhitelisted = false;
     /// The tick box was clicked.
-    std::function<void()> onToggle;
+    std::function<void()> onToggle = nullptr;
     /// The quit button was clicked.
-    std::function<void()> onQuit;
+    std::function<void()> onQuit = nullptr;
     /// The protection item of the context menu was chosen.
-    std::function<void()> onToggleWhitelist;
+    std::function<void()> onToggleWhitelist = nullptr;
 };
 
 /// One application: tick box, icon, name, figures and quit button. Holds no model: it shows the

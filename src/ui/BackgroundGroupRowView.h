@@ -15,17 +15,17 @@ namespace calmora {
 /// process id of the member.
 struct BackgroundGroupRow {
     /// The group; its `childProcesses` are the members.
-    AppInfo app;
+    AppInfo app = {};
     /// Force mode of the popover.
     bool isForceQuit = false;
     /// Handed on to the members' rows.
     ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
     /// A member's tick box was clicked.
-    std::function<void(ProcessId)> onToggle;
+    std::function<void(ProcessId)> onToggle = nullptr;
     /// A member's quit button was clicked.
-    std::function<void(ProcessId)> onQuit;
+    std::function<void(ProcessId)> onQuit = nullptr;
     /// A member's protection item was chosen; may be absent.
-    std::function<void(ProcessId)> onToggleWhitelist;
+    std::function<void(ProcessId)> onToggleWhitelist = nullptr;
 };
 
 /// A group of background applications: a header that opens and closes it, and one AppRowView per

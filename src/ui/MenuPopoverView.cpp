@@ -86,6 +86,9 @@ class MenuPopoverView::ListArea final : public QScrollArea {
     }
 
   protected:
+    /// The arrows move the keyboard from row to row, which is the view's affair.
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+
     void resizeEvent(QResizeEvent* event) override {
         QScrollArea::resizeEvent(event);
         if (stack_) {

@@ -39,7 +39,7 @@ struct MenuPopoverSurroundings {
     /// Told after each quit: it blocks the loop, and a click that waited would hit another row.
     InputGate& inputGate;
     /// Opens the settings window.
-    std::function<void()> openSettings;
+    std::function<void()> openSettings = nullptr;
 };
 
 /// The content of the popover: Quit All, select-all and search, the list of applications with the

@@ -1,3 +1,5 @@
+#include "theme/Theme.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -6,7 +8,8 @@
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    calmora::installTheme(application);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

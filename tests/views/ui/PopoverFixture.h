@@ -28,7 +28,7 @@ struct PopoverFixture {
     /// Starts an application that ends at once when it is asked to.
     void launch(ProcessId pid, const std::string& name,
                 ActivationPolicy policy = ActivationPolicy::regular,
-                std::optional<ProcessId> parent = 1) {
+                std::optional<ProcessId> parent = {}) {
         FakeApplication application;
         application.pid = pid;
         application.name = name;

@@ -1,0 +1,123 @@
+#include "theme/Theme.h"
+#include "theme/Pictures.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+
+#include <cmath>
+
+namespace calmora {
+namespace {
+
+/// Relative luminance. Source: WCAG 2.1.
+double luminance(const QColor& color) {
+    const auto linear = [](double c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& text, const QColor& ground) {
+    QImage pixel(1, 1, QImage::Format_RGB32);
+    pixel.fill(ground);
+    QPainter(&pixel).fillRect(pixel.rect(), text);
+    const double a = luminance(pixel.pixelColor(0, 0));
+    const double b = luminance(ground);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST(Theme, FollowsThePaletteAndStaysReadable) {
+    for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
+        const QPalette palette = themePalette(appearance);
+        const Theme theme(palette);
+        EXPECT_EQ(theme.appearance(), appearance);
+        for (const ThemeColor color : {ThemeColor::primary, ThemeColor::secondary,
+                                       ThemeColor::tertiary, ThemeColor::teal, ThemeColor::red}) {
+            EXPECT_GE(contrast(theme.color(color), palette.color(QPalette::Window)), 4.5)
+                << static_cast<int>(color) << (appearance == Appearance::dark ? " dark" : " light");
+        }
+        for (const bool harmful : {false, true}) {
+            for (const auto& [place, color] :
+                 theme.buttonFace(QRectF(0, 0, 10, 36), harmful).stops()) {
+                EXPECT_GE(contrast(theme.color(ThemeColor::onAccent), color), 3.5) << place;
+            }
+        }
+    }
+}
+
+TEST(Theme, ScalesTextsWithTheDesktopsFontButNeverBelowTheirSize) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(8);
+    QApplication::setFont(font);
+    EXPECT_EQ(Theme::font(TextStyle::body).pixelSize(), 13);
+    EXPECT_EQ(Theme::font(TextStyle::caption2).pixelSize(), 10);
+    font.setPointSize(20);
+    QApplication::setFont(font);
+    EXPECT_GE(Theme::font(TextStyle::body).pixelSize(), 25);
+    QApplication::setFont(before);
+}
+
+TEST(Pictures, EverySymbolIsSharpInItsColour) {
+    const QStringList files = QDir(":/calmora/symbols").entryList();
+    ASSERT_EQ(files.size(), 18);
+    for (const QString& file : files) {
+        for (const double ratio : {1.0, 1.5, 2.0}) {
+            const QPixmap symbol = symbolPixmap(file.chopped(4), 12, Qt::red, ratio);
+            EXPECT_EQ(symbol.width(), 12 * ratio) << qPrintable(file);
+            const QImage image = symbol.toImage();
+            int drawn = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QColor pixel = image.pixelColor(x, y);
+                    drawn += pixel.alpha() > 128;
+                    ASSERT_TRUE(pixel.alpha() < 8 || (pixel.red() > 240 && pixel.green() < 16));
+                }
+            }
+            EXPECT_GT(drawn, 8) << qPrintable(file);
+        }
+    }
+    EXPECT_TRUE(symbolPixmap("no-such-symbol", 12, Qt::red, 1).isNull());
+}
+
+TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(name); };
+    QImage wide(64, 16, QImage::Format_ARGB32);
+    wide.fill(Qt::blue);
+    ASSERT_TRUE(wide.save(path("wide.png")));
+    QFile broken(path("broken.png"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("not a picture");
+    broken.close();
+    ASSERT_EQ(mkfifo(qPrintable(path("pipe")), 0600), 0);
+    const auto file = [&](const char* name) { return Image{{}, path(name).toStdString(), {}}; };
+    const auto pixels = std::make_shared<ImagePixels>(ImagePixels{2, 1, {0xff00ff00, 0xff00ff00}});
+
+    EXPECT_EQ(imagePixmap(file("wide.png"), 24, 2).size(), QSize(48, 12));
+    for (const char* name : {"broken.png", "pipe", "missing.png", ""}) {
+        EXPECT_TRUE(imagePixmap(file(name), 24, 1).isNull()) << name;
+        EXPECT_TRUE(imagePixmap(file(name), 24, 1).isNull()) << name << ", remembered";
+        Image image = file(name);
+        image.themeName = "no-such-icon";
+        image.pixels = pixels;
+        EXPECT_EQ(imagePixmap(image, 24, 1).size(), QSize(2, 1)) << name;
+    }
+    for (const ImagePixels& wrong :
+         {ImagePixels{3, 1, {1, 2}}, ImagePixels{-1, -2, {1, 2}}, ImagePixels{0, 0, {}}}) {
+        EXPECT_TRUE(imagePixmap({{}, {}, std::make_shared<ImagePixels>(wrong)}, 24, 1).isNull());
+    }
+    // Other pixels are another picture, also where they took the place of the old ones.
+    *pixels = {2, 1, {0xffff0000, 0xffff0000}};
+    EXPECT_EQ(imagePixmap({{}, {}, pixels}, 24, 1).toImage().pixelColor(0, 0), QColor(Qt::red));
+}
+
+} // namespace
+} // namespace calmora

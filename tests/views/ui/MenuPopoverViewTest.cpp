@@ -1,0 +1,427 @@
+#include "ui/PopoverFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPaintEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include <algorithm>
+#include <map>
+
+namespace calmora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using namespace std::chrono_literals;
+
+constexpr auto accessory = ActivationPolicy::accessory;
+
+class MenuPopoverViewTest : public testing::Test, public PopoverFixture {
+  protected:
+    void show() {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    static void settle() { QCoreApplication::processEvents(); }
+
+    /// Lets every motion end.
+    static void rest() { QTest::qWait(320); }
+
+    QAbstractButton& button(const char* name) { return *view->findChild<QAbstractButton*>(name); }
+
+    QLineEdit& search() { return *view->findChild<QLineEdit*>("search"); }
+
+    QString status() { return view->findChild<QLabel*>("status")->text(); }
+
+    /// The shown rows from top to bottom.
+    std::vector<QWidget*> rowWidgets() {
+        std::map<int, QWidget*> rows;
+        for (auto* row : view->findChildren<QWidget*>("appRow")) {
+            if (row->isVisible()) {
+                rows.emplace(row->mapTo(view, QPoint()).y(), row);
+            }
+        }
+        std::vector<QWidget*> sorted;
+        for (const auto& [y, row] : rows) {
+            sorted.push_back(row);
+        }
+        return sorted;
+    }
+
+    /// What the rows say, without their figures.
+    std::vector<std::string> rows() {
+        std::vector<std::string> names;
+        for (const QWidget* row : rowWidgets()) {
+            names.push_back(row->accessibleName().section(", ", 0, 0).toStdString());
+        }
+        return names;
+    }
+
+    QAbstractButton& rowButton(const std::string& name, const char* what) {
+        for (QWidget* row : rowWidgets()) {
+            if (row->accessibleName().section(", ", 0, 0).toStdString() == name) {
+                return *row->findChild<QAbstractButton*>(what);
+            }
+        }
+        throw std::out_of_range("no row " + name);
+    }
+
+    void hold(std::uint32_t keys) { machine.events.flags.emit({keys}); }
+
+    void launchThree() {
+        launch(1, "Alpha");
+        launch(2, "Beta");
+        launch(3, "Gamma");
+    }
+};
+
+TEST_F(MenuPopoverViewTest, WorksOnlyWhileItIsShown) {
+    launchThree();
+    settle();
+    EXPECT_EQ(machine.workspace.lists, 0);
+    EXPECT_FALSE(machine.workspace.launched.hasListeners());
+    machine.popover.willShow.emit();
+    EXPECT_THAT(model.apps(), SizeIs(3));
+    EXPECT_THAT(machine.runLoop.timers(), IsEmpty());
+
+    show();
+    EXPECT_THAT(machine.runLoop.timers(), ElementsAre(3s));
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma"));
+    launch(4, "Delta");
+    machine.processes.end(2);
+    machine.runLoop.turn();
+    settle();
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Delta", "Gamma"));
+    hold(ModifierFlags::option | ModifierFlags::shift);
+    settle();
+    EXPECT_TRUE(view->isForceQuit());
+
+    window.hide();
+    EXPECT_THAT(machine.runLoop.timers(), IsEmpty());
+    EXPECT_FALSE(machine.workspace.launched.hasListeners());
+    EXPECT_FALSE(machine.workspace.terminated.hasListeners());
+    EXPECT_FALSE(machine.events.flags.hasListeners());
+    show();
+    EXPECT_FALSE(view->isForceQuit());
+    EXPECT_EQ(button("quitAll").text(), "Quit All");
+}
+
+TEST_F(MenuPopoverViewTest, ShowsSelectionAndCounts) {
+    launchThree();
+    show();
+    EXPECT_EQ(status(), "apps_running_count 3");
+    EXPECT_TRUE(button("selectAll").isChecked());
+    QTest::mouseClick(&button("selectAll"), Qt::LeftButton);
+    settle();
+    EXPECT_FALSE(button("selectAll").isChecked());
+    EXPECT_FALSE(button("quitAll").isEnabled());
+    QTest::mouseClick(&rowButton("Beta", "tick"), Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(button("quitAll").isEnabled());
+    EXPECT_TRUE(rowButton("Beta", "tick").isChecked());
+    EXPECT_FALSE(button("selectAll").isChecked());
+
+    settings.addToNeverQuit("org.example.Gamma");
+    QTest::mouseClick(&button("selectAll"), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(status(), "3 apps · 1 protected");
+    EXPECT_FALSE(button("selectAll").isChecked());
+    EXPECT_TRUE(rowButton("Alpha", "tick").isChecked());
+    EXPECT_FALSE(rowButton("Gamma", "tick").isEnabled());
+}
+
+TEST_F(MenuPopoverViewTest, QuitsPolitelyWithoutAQuestion) {
+    launchThree();
+    machine.workspace.at(2).endsAfterTerminate.reset();
+    show();
+    QTest::mouseClick(&button("quitAll"), Qt::LeftButton);
+    settle();
+    EXPECT_THAT(machine.alerts.shown, IsEmpty());
+    EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(1, 2, 3));
+    EXPECT_THAT(machine.workspace.forceRequests, IsEmpty());
+    EXPECT_EQ(inputGate.discards, 1);
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Beta"));
+    QTest::mouseClick(&rowButton("Beta", "quit"), Qt::LeftButton);
+    settle();
+    EXPECT_THAT(rows(), ElementsAre("Beta"));
+    EXPECT_EQ(inputGate.discards, 2);
+}
+
+TEST_F(MenuPopoverViewTest, AsksBeforeForceAndKeepsTheModeOfThePress) {
+    launchThree();
+    machine.workspace.at(2).icon = Image{"mail", {}, {}};
+    show();
+    hold(ModifierFlags::option);
+    settle();
+    EXPECT_EQ(button("quitAll").text(), "Force Quit All");
+    QTest::mouseClick(&button("quitAll"), Qt::LeftButton);
+    QTest::mouseClick(&rowButton("Beta", "quit"), Qt::LeftButton);
+    ASSERT_THAT(machine.alerts.shown, SizeIs(2));
+    EXPECT_EQ(machine.alerts.shown[0].messageText, "Do you want to force quit 3 selected apps?");
+    EXPECT_EQ(machine.alerts.shown[1].messageText, "Do you want to force \"Beta\" to quit?");
+    EXPECT_EQ(machine.alerts.shown[1].icon, (Image{"mail", {}, {}}));
+    EXPECT_THAT(machine.workspace.forceRequests, IsEmpty());
+    EXPECT_THAT(machine.workspace.terminateRequests, IsEmpty());
+
+    // Option is let go while the question is open: it stays a forced quit.
+    machine.alerts.answers = {0, 0};
+    machine.alerts.onShow = [this] {
+        hold(0);
+        settle();
+    };
+    QTest::mouseClick(&rowButton("Beta", "quit"), Qt::LeftButton);
+    EXPECT_THAT(machine.workspace.forceRequests, ElementsAre(2));
+
+    // It is let go between press and release.
+    hold(ModifierFlags::option);
+    settle();
+    QTest::mousePress(&button("quitAll"), Qt::LeftButton);
+    hold(0);
+    settle();
+    EXPECT_EQ(button("quitAll").text(), "Force Quit All");
+    QTest::mouseRelease(&button("quitAll"), Qt::LeftButton);
+    EXPECT_THAT(machine.workspace.forceRequests, ElementsAre(2, 1, 3));
+    EXPECT_THAT(machine.workspace.terminateRequests, IsEmpty());
+    settle();
+    EXPECT_EQ(button("quitAll").text(), "Quit All");
+}
+
+TEST_F(MenuPopoverViewTest, AClickActsOnTheRowThatWasDrawnAtThePress) {
+    launchThree();
+    show();
+    QAbstractButton& quit = rowButton("Alpha", "quit");
+    QTest::mousePress(&quit, Qt::LeftButton);
+    launch(4, "Aardvark");
+    machine.runLoop.turn();
+    settle();
+    EXPECT_EQ(rows().front(), "Alpha");
+    QTest::mouseRelease(&quit, Qt::LeftButton);
+    EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(1));
+    settle();
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Aardvark", "Beta", "Gamma"));
+}
+
+TEST_F(MenuPopoverViewTest, GroupsBackgroundApplications) {
+    launchThree();
+    launch(21, "Helper", accessory, 1);
+    launch(22, "Agent", accessory, 1);
+    launch(30, "Zed", accessory);
+    show();
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma"));
+    EXPECT_FALSE(view->findChild<QWidget*>("backgroundHeader"));
+    settings.setViewBackgroundApps(true);
+    settle();
+    rest();
+    EXPECT_TRUE(view->findChild<QWidget*>("backgroundHeader")->isVisible());
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma", "Zed"));
+    QTest::mouseClick(&button("groupHeader"), Qt::LeftButton);
+    settle();
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma", "Agent", "Helper", "Zed"));
+    // An open group stays open through searches and refreshes.
+    search().setText("agent");
+    settle();
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Agent", "Helper"));
+    search().clear();
+    settle();
+    rest();
+
+    hold(ModifierFlags::option);
+    settle();
+    QTest::mouseClick(&rowButton("Helper", "quit"), Qt::LeftButton);
+    QAbstractButton& gone = rowButton("Helper", "quit");
+    settings.setViewBackgroundApps(false);
+    QTest::mouseClick(&gone, Qt::LeftButton);
+    ASSERT_THAT(machine.alerts.shown, SizeIs(2));
+    EXPECT_EQ(machine.alerts.shown[0].messageText, "Do you want to force \"Helper\" to quit?");
+    EXPECT_EQ(machine.alerts.shown[1].messageText, "Do you want to force \"this app\" to quit?");
+
+    // A group that was gone starts closed.
+    settings.setViewBackgroundApps(true);
+    for (const ProcessId pid : {21, 22}) {
+        machine.processes.end(pid);
+    }
+    model.refresh();
+    settle();
+    launch(21, "Helper", accessory, 1);
+    model.refresh();
+    settle();
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma", "Zed"));
+}
+
+TEST_F(MenuPopoverViewTest, SearchesWhereverTheUserTypes) {
+    launchThree();
+    show();
+    EXPECT_FALSE(button("clearSearch").isVisible());
+    QTest::keyClicks(view, "g");
+    QTest::keyClicks(QApplication::focusWidget(), "am");
+    settle();
+    EXPECT_EQ(model.searchText(), "gam");
+    rest();
+    EXPECT_THAT(rows(), ElementsAre("Gamma"));
+    QTest::keyClicks(QApplication::focusWidget(), "x");
+    settle();
+    rest();
+    EXPECT_TRUE(view->findChild<QWidget*>("emptyState")->isVisible());
+    QTest::mouseClick(&button("clearSearch"), Qt::LeftButton);
+    settle();
+    rest();
+    EXPECT_FALSE(button("clearSearch").isVisible());
+    EXPECT_FALSE(view->findChild<QWidget*>("emptyState")->isVisible());
+    EXPECT_THAT(rows(), SizeIs(3));
+    // The text survives closing.
+    search().setText("beta");
+    window.hide();
+    show();
+    EXPECT_EQ(search().text(), "beta");
+    EXPECT_THAT(rows(), ElementsAre("Beta"));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&search(), &escape);
+    EXPECT_FALSE(escape.isAccepted());
+}
+
+TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
+    launchThree();
+    settings.addToNeverQuit("org.example.Gamma");
+    show();
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    const auto focus = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+    std::vector<std::string> way;
+    for (int i = 0; i < 7; ++i) {
+        press(Qt::Key_Tab);
+        way.push_back(focus());
+    }
+    EXPECT_THAT(way, ElementsAre("quitAll", "selectAll", "search", "tick", "quit", "openSettings",
+                                 "quitAll"));
+    press(Qt::Key_Backtab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(settingsOpened, 1);
+
+    search().setFocus();
+    press(Qt::Key_Down);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(model.apps()[0].isSelected);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), &rowButton("Beta", "quit"));
+    // The row goes, its neighbour gets the keyboard; it is protected and takes it as a whole.
+    press(Qt::Key_Return);
+    EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(2));
+    settle();
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Gamma, Protected");
+    press(Qt::Key_Up);
+    EXPECT_EQ(QApplication::focusWidget(), &rowButton("Alpha", "tick"));
+    press(Qt::Key_Up);
+    EXPECT_EQ(focus(), "search");
+    for (QWidget* child : view->findChildren<QWidget*>()) {
+        if (child->focusPolicy() != Qt::NoFocus && child->isVisible()) {
+            EXPECT_FALSE(
+                QAccessible::queryAccessibleInterface(child)->text(QAccessible::Name).isEmpty())
+                << qPrintable(child->objectName());
+        }
+    }
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(rowWidgets().front())->role(),
+              QAccessible::ListItem);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&rowButton("Alpha", "quit"))->role(),
+              QAccessible::Button);
+}
+
+TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
+    for (ProcessId pid = 1000; pid < 1500; ++pid) {
+        launch(pid, "App " + std::to_string(pid));
+    }
+    show();
+    auto* bar = view->findChild<QScrollArea*>("list")->verticalScrollBar();
+    for (int value = 0; value <= bar->maximum(); value += 333) {
+        bar->setValue(value);
+    }
+    bar->setValue(bar->maximum());
+    EXPECT_EQ(rows().back(), "App 1499");
+    EXPECT_LT(view->findChildren<QWidget*>("appRow").size(), 14);
+
+    // The row with the keyboard stays while it is out of sight, and the arrows bring it back.
+    bar->setValue(0);
+    QTest::keyClick(view, Qt::Key_Down);
+    bar->setValue(bar->maximum());
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "App 1000");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "App 1001");
+    EXPECT_LT(bar->value(), 60);
+}
+
+TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
+    launchThree();
+    settings.setSortOrder(SortOrder::cpuUsage);
+    show();
+    const auto gammaAt = [this] { return rowWidgets().back()->mapTo(view, QPoint()).y(); };
+    const int before = gammaAt();
+    QTest::mouseClick(&rowButton("Alpha", "quit"), Qt::LeftButton);
+    settle();
+    EXPECT_NEAR(gammaAt(), before, 12);
+    int between = before;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            between = gammaAt();
+            return between < before - 10;
+        },
+        1000));
+    EXPECT_GT(between, before - 46);
+    rest();
+    EXPECT_EQ(gammaAt(), before - 46);
+
+    machine.clock.advance(1s);
+    use(3, 50, 10);
+    model.updateResourceUsage();
+    settle();
+    EXPECT_THAT(rows(), ElementsAre("Gamma", "Beta"));
+    EXPECT_EQ(gammaAt(), before - 46);
+}
+
+TEST_F(MenuPopoverViewTest, RepaintsOnlyTheRowsWhoseTextChanged) {
+    launchThree();
+    show();
+    machine.clock.advance(1s);
+    model.updateResourceUsage();
+    settle();
+
+    class Watch final : public QObject {
+      public:
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) {
+                painted.insert(static_cast<QWidget*>(watched)->accessibleName().toStdString());
+            }
+            return false;
+        }
+
+        std::set<std::string> painted;
+    };
+
+    Watch watch;
+    for (QWidget* widget : view->findChildren<QWidget*>()) {
+        widget->installEventFilter(&watch);
+    }
+    machine.clock.advance(1s);
+    use(2, 5, 0);
+    model.updateResourceUsage();
+    settle();
+    settle();
+    watch.painted.erase("");
+    EXPECT_THAT(watch.painted, ElementsAre("Beta, 5.0%"));
+}
+
+} // namespace
+} // namespace calmora

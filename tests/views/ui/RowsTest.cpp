@@ -1,0 +1,233 @@
+#include "ui/AppRowView.h"
+#include "ui/BackgroundGroupRowView.h"
+#include "ui/DisplayText.h"
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPaintEvent>
+#include <QTest>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+using testing::ElementsAre;
+
+AppInfo app(ProcessId pid, std::string name) {
+    AppInfo info;
+    info.pid = pid;
+    info.name = std::move(name);
+    info.bundleIdentifier = "org.example." + info.name;
+    return info;
+}
+
+QAbstractButton& button(QWidget& view, const char* name) {
+    return *view.findChild<QAbstractButton*>(name);
+}
+
+/// The area that an action makes a shown widget paint.
+QRegion painted(QWidget& widget, const std::function<void()>& action) {
+    class Watch final : public QObject {
+      public:
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) {
+                region += static_cast<QPaintEvent*>(event)->region();
+            }
+            return false;
+        }
+
+        QRegion region;
+    };
+
+    QCoreApplication::processEvents();
+    Watch watch;
+    widget.installEventFilter(&watch);
+    action();
+    QCoreApplication::processEvents();
+    return watch.region;
+}
+
+QMenu* openMenu(QWidget& row) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(80, 20), QPoint(80, 20));
+    QCoreApplication::sendEvent(&row, &event);
+    return row.findChild<QMenu*>("rowMenu");
+}
+
+TEST(AppRowView, ShowsTheStateOfItsApplication) {
+    struct Case {
+        const char* what;
+        std::function<void(AppRow&)> change;
+        const char* says;
+        bool isTicked;
+        bool canTick;
+        bool canQuit;
+    };
+
+    const std::vector<Case> cases{
+        {"unsampled", [](AppRow& r) { r.resourceDisplay = ResourceDisplay::both; }, "Mail, —, —",
+         true, true, true},
+        {"CPU alone", [](AppRow& r) { r.app.cpuUsage = 180; }, "Mail, 180.0%", true, true, true},
+        {"memory alone",
+         [](AppRow& r) {
+             r.resourceDisplay = ResourceDisplay::memoryOnly;
+             r.app.memoryMB = 1023.6;
+         },
+         "Mail, 1024 MB", true, true, true},
+        {"zero and no number",
+         [](AppRow& r) {
+             r.resourceDisplay = ResourceDisplay::both;
+             r.app.cpuUsage = 0.0;
+             r.app.memoryMB = std::numeric_limits<double>::infinity();
+         },
+         "Mail, 0.0%, —", true, true, true},
+        {"no figures", [](AppRow& r) { r.resourceDisplay = ResourceDisplay::none; }, "Mail", true,
+         true, true},
+        {"unticked", [](AppRow& r) { r.app.isSelected = false; }, "Mail, —", false, true, true},
+        {"protected", [](AppRow& r) { r.isWhitelisted = true; }, "Mail, Protected", false, false,
+         false},
+        {"background", [](AppRow& r) { r.app.isBackgroundApp = true; }, "Mail, —", false, false,
+         true},
+    };
+    // One row for all: what one case showed must not stay.
+    AppRowView view;
+    for (const Case& c : cases) {
+        AppRow row{.app = app(7, "Mail")};
+        c.change(row);
+        view.setRow(row);
+        EXPECT_EQ(view.accessibleName().toStdString(), c.says) << c.what;
+        EXPECT_EQ(button(view, "tick").isChecked(), c.isTicked) << c.what;
+        EXPECT_EQ(button(view, "tick").isEnabled(), c.canTick) << c.what;
+        EXPECT_EQ(button(view, "quit").isVisibleTo(&view), c.canQuit) << c.what;
+        EXPECT_EQ(button(view, "quit").toolTip(), "Quit") << c.what;
+        row.isForceQuit = true;
+        view.setRow(row);
+        EXPECT_EQ(button(view, "quit").toolTip(), "Force Quit") << c.what;
+        EXPECT_EQ(button(view, "quit").accessibleName(), "Force Quit Mail") << c.what;
+    }
+}
+
+TEST(AppRowView, ReportsActionsAndChangesNothingItself) {
+    std::string heard;
+    AppRow row{.app = app(7, "Mail")};
+    row.onToggle = [&] { heard += "toggle "; };
+    row.onQuit = [&] { heard += "quit "; };
+    row.onToggleWhitelist = [&] { heard += "protect "; };
+    AppRowView view(row);
+    view.resize(360, 44);
+    view.show();
+    QTest::mouseClick(&button(view, "tick"), Qt::LeftButton);
+    EXPECT_TRUE(button(view, "tick").isChecked());
+    QTest::mouseClick(&button(view, "quit"), Qt::LeftButton);
+    QMenu* menu = openMenu(view);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions().front()->text(), "Never Quit This App");
+    menu->actions().front()->trigger();
+    EXPECT_EQ(heard, "toggle quit protect ");
+    delete menu;
+
+    row.isWhitelisted = true;
+    view.setRow(row);
+    menu = openMenu(view);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions().front()->text(), "Remove Protection");
+    delete menu;
+    row.isWhitelisted = false;
+    row.app.isBackgroundApp = true;
+    view.setRow(row);
+    EXPECT_FALSE(openMenu(view));
+}
+
+TEST(AppRowView, RepaintsOnlyWhatChanged) {
+    AppRow row{.app = app(7, "Mail"), .resourceDisplay = ResourceDisplay::both};
+    row.app.cpuUsage = 1;
+    row.app.memoryMB = 100;
+    AppRowView view(row);
+    view.resize(360, 44);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    row.app.cpuUsage = 1.04;
+    row.app.memoryMB = 100.3;
+    EXPECT_TRUE(painted(view, [&] { view.setRow(row); }).isEmpty());
+    row.app.cpuUsage = 2;
+    const QRect figure = painted(view, [&] { view.setRow(row); }).boundingRect();
+    EXPECT_TRUE(figure.isValid());
+    EXPECT_LT(figure.width(), 60);
+    row.app.cpuUsage = 1234.5;
+    EXPECT_GT(painted(view, [&] { view.setRow(row); }).boundingRect().width(), 300);
+}
+
+TEST(AppRowView, MakesAnyNameFitToShow) {
+    const std::string emoji = "\xF0\x9F\x8E\x89";
+    const std::vector<std::pair<std::string, QString>> names{
+        {"two\nlines\tand\x1b[31m", "two lines and [31m"},
+        {"evil\u202Egnp.exe", "evil gnp.exe"},
+        {"broken \xff\xfe", QStringLiteral("broken \uFFFD\uFFFD")},
+        {emoji, QString::fromUtf8(emoji.c_str())},
+        {"\u0645\u062F\u064A\u0631", QStringLiteral("\u0645\u062F\u064A\u0631")},
+        {"", ""},
+    };
+    for (const auto& [name, shown] : names) {
+        EXPECT_EQ(displayName(name), shown) << name;
+    }
+    std::string endless;
+    for (int i = 0; i < 10'000; ++i) {
+        endless += emoji;
+    }
+    AppRowView view(AppRow{.app = app(1, endless)});
+    view.resize(360, 44);
+    EXPECT_LT(view.accessibleName().size(), 300);
+    EXPECT_FALSE(view.accessibleName()
+                     .at(view.accessibleName().indexOf(QChar(0x2026)) - 1)
+                     .isHighSurrogate());
+    EXPECT_FALSE(view.grab().isNull());
+}
+
+TEST(BackgroundGroupRowView, OpensToOneIndentedRowPerMember) {
+    std::vector<std::pair<std::string, ProcessId>> heard;
+    BackgroundGroupRow row{.app = app(11, "Browser")};
+    row.app.childProcesses = {app(11, "Helper"), app(12, "Renderer"), app(13, "Sync")};
+    for (AppInfo& member : *row.app.childProcesses) {
+        member.isBackgroundApp = true;
+    }
+    row.onQuit = [&](ProcessId pid) { heard.emplace_back("quit", pid); };
+    BackgroundGroupRowView view(row);
+    view.setOnExpandedChanged([&](bool) { view.resize(360, view.sizeHint().height()); });
+    view.resize(view.sizeHint());
+    view.show();
+    auto& header = button(view, "groupHeader");
+    EXPECT_EQ(header.accessibleName(), "Browser, 3");
+    EXPECT_EQ(view.height(), 32);
+    EXPECT_TRUE(view.findChildren<QWidget*>("appRow").isEmpty());
+
+    QTest::mouseClick(&header, Qt::LeftButton);
+    EXPECT_TRUE(view.isExpanded());
+    EXPECT_EQ(view.height(), 32 + 3 * 44);
+    std::map<int, QString> members;
+    for (auto* member : view.findChildren<QWidget*>("appRow")) {
+        const QPoint place = member->mapTo(&view, QPoint());
+        EXPECT_EQ(place.x(), 20);
+        EXPECT_EQ(member->width(), 340);
+        members.emplace(place.y(), member->accessibleName());
+        if (place.y() == 32 + 44) {
+            QTest::mouseClick(&button(*member, "quit"), Qt::LeftButton);
+        }
+    }
+    EXPECT_THAT(members, ElementsAre(std::pair(32, "Helper, —"), std::pair(76, "Renderer, —"),
+                                     std::pair(120, "Sync, —")));
+    EXPECT_THAT(heard, ElementsAre(std::pair("quit", 12)));
+
+    QTest::mouseClick(&header, Qt::LeftButton);
+    for (const auto* member : view.findChildren<QWidget*>("appRow")) {
+        EXPECT_FALSE(member->isVisible());
+    }
+}
+
+} // namespace
+} // namespace calmora
