@@ -10,14 +10,22 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <chrono>
 #include <utility>
 
 namespace calmora {
+namespace {
+
+/// After this time a tray has painted itself around the icon.
+constexpr std::chrono::milliseconds settleTime{100};
+
+} // namespace
 
 TrayIcon::TrayIcon(const QString& title, std::function<void(StatusEvent)> onClick)
     : onClick_(std::move(onClick)),
       color_(glyphColorOn(QApplication::palette().color(QPalette::Window))) {
     icon_.setToolTip(title);
+    qApp->installEventFilter(this);
     connect(&icon_, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 switch (reason) {
@@ -39,16 +47,6 @@ void TrayIcon::setGlyph(const std::optional<Image>& glyph) {
     glyph_ = glyph;
     draw();
     icon_.show();
-    if (window_) {
-        return;
-    }
-    // Qt tells nothing of its icon's place; its window in the tray does.
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->inherits("QSystemTrayIconSys")) {
-            window_ = widget;
-            widget->installEventFilter(this);
-        }
-    }
 }
 
 std::optional<Rect> TrayIcon::geometry() const {
@@ -60,10 +58,11 @@ std::optional<Rect> TrayIcon::geometry() const {
 }
 
 bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == window_ && event->type() == QEvent::Paint && !isAdapting_) {
+    // Qt tells nothing of its icon's place, but the window that it puts into a tray does.
+    if (event->type() == QEvent::Paint && !isAdapting_ && watched->isWidgetType() &&
+        watched->inherits("QSystemTrayIconSys")) {
         isAdapting_ = true;
-        // After the paint has reached the screen.
-        QTimer::singleShot(50, this, [this] {
+        QTimer::singleShot(settleTime, this, [this] {
             adaptColor();
             isAdapting_ = false;
         });

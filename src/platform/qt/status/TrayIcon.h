@@ -6,7 +6,6 @@
 
 #include <QColor>
 #include <QObject>
-#include <QPointer>
 #include <QSystemTrayIcon>
 
 #include <functional>
@@ -39,8 +38,6 @@ class TrayIcon : public QObject {
     std::function<void(StatusEvent)> onClick_;
     std::optional<Image> glyph_;
     QColor color_;
-    /// Qt's own window in the tray.
-    QPointer<QObject> window_;
     bool isAdapting_ = false;
 };
 
