@@ -160,7 +160,7 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
         right -= wide + spacing;
     };
     if (showsMemory(row_.resourceDisplay)) {
-        add("memorychip", memoryText(row_.app.memoryMB), QStringLiteral("888 MB"));
+        add("memorychip", memoryText(row_.app.memoryMB), QStringLiteral("8888 MB"));
     }
     if (showsCPU(row_.resourceDisplay)) {
         add("cpu", cpuText(row_.app.cpuUsage), QStringLiteral("88.8%"));

@@ -109,20 +109,6 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
     setAccessibleName("Calmora");
     setFocusPolicy(Qt::StrongFocus);
     installRowAccessibility();
-    layOut();
-
-    connect(quitAll_, &QAbstractButton::clicked, this,
-            [this] { quitAll(quitAll_->isForceQuit()); });
-    connect(selectAll_, &QAbstractButton::clicked, this,
-            [this] { viewModel_.setAllSelected(!selectAll_->isChecked()); });
-    connect(&search_->field(), &QLineEdit::textChanged, this,
-            [this](const QString& text) { viewModel_.setSearchText(text.toStdString()); });
-    connect(gear_, &QAbstractButton::clicked, this, [this] {
-        if (const auto open = surroundings_.openSettings) {
-            open();
-        }
-    });
-
     modelChanges_ = viewModel_.observe([this](const AppListChange& change) {
         if (change.reason == AppListChange::Reason::removedAfterQuit) {
             removedAfterQuit_ = true;
@@ -142,7 +128,18 @@ MenuPopoverView::~MenuPopoverView() {
     }
 }
 
-void MenuPopoverView::layOut() {
+bool MenuPopoverView::event(QEvent* event) {
+    // Comes once, just before the first showing.
+    if (event->type() == QEvent::Polish) {
+        build();
+    }
+    return QWidget::event(event);
+}
+
+void MenuPopoverView::build() {
+    if (quitAll_) {
+        return;
+    }
     quitAll_ = new QuitAllButton(this);
     selectAll_ = new CheckBox(this);
     selectAll_->setObjectName("selectAll");
@@ -188,6 +185,18 @@ void MenuPopoverView::layOut() {
     footer->addWidget(status_, 1);
     footer->addWidget(gear_);
     column->addLayout(footer);
+
+    connect(quitAll_, &QAbstractButton::clicked, this,
+            [this] { quitAll(quitAll_->isForceQuit()); });
+    connect(selectAll_, &QAbstractButton::clicked, this,
+            [this] { viewModel_.setAllSelected(!selectAll_->isChecked()); });
+    connect(&search_->field(), &QLineEdit::textChanged, this,
+            [this](const QString& text) { viewModel_.setSearchText(text.toStdString()); });
+    connect(gear_, &QAbstractButton::clicked, this, [this] {
+        if (const auto open = surroundings_.openSettings) {
+            open();
+        }
+    });
 }
 
 QSize MenuPopoverView::sizeHint() const {
@@ -195,6 +204,7 @@ QSize MenuPopoverView::sizeHint() const {
 }
 
 void MenuPopoverView::prepare() {
+    build();
     stack_->prepare(RowKind::app, preparedRows);
 }
 

@@ -54,7 +54,8 @@ class MenuPopoverView final : public QWidget {
                     MenuPopoverSurroundings surroundings, QWidget* parent = nullptr);
     ~MenuPopoverView() override;
 
-    /// Makes the row widgets ahead of the first showing, which is then as fast as the later ones.
+    /// Makes the widgets ahead of the first showing, which makes them otherwise. Saves a few
+    /// milliseconds then and costs 7 MiB, mostly fonts, from now on.
     void prepare();
 
     /// Whether the popover is in force mode.
@@ -63,6 +64,7 @@ class MenuPopoverView final : public QWidget {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void hideEvent(QHideEvent* event) override;
@@ -73,7 +75,8 @@ class MenuPopoverView final : public QWidget {
   private:
     class ListArea;
 
-    void layOut();
+    /// Makes the widgets, once.
+    void build();
     void appear();
     void disappear();
 

@@ -1,5 +1,6 @@
 // Draws the popover with sample data into pictures, for people to look at.
-// Usage: gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+// Usage: calmora_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+//        calmora_gallery --time prints what showing the popover costs.
 
 #include "platform/qt/QtLocalizedStrings.h"
 #include "theme/Pictures.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QIcon>
 #include <QLineEdit>
 #include <QPainter>
@@ -18,6 +20,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -168,17 +171,105 @@ void renderSymbols(const QDir& folder, const QString& suffix) {
     for (const QString& file : symbols.entryList()) {
         const QString name = file.chopped(4);
         int y = 4;
-        for (const int side : {11, 16, 19, 40}) {
+        for (const int side : {12, 18, 20}) {
             drawSymbol(painter, QRect(x, y, side, side), name, side, Qt::black);
             y += side + 8;
-            if (side == 19) {
-                y = 70 + (x / 20 % 2) * 0;
-            }
         }
         x += 19;
     }
     painter.end();
     picture.save(folder.filePath("symbols" + suffix));
+}
+
+/// Counts the paints of a widget.
+class PaintWatch final : public QObject {
+  public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+
+    int count = 0;
+};
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double residentMiB() {
+    QFile status("/proc/self/status");
+    if (!status.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:")) {
+            return line.simplified().split(' ')[1].toDouble() / 1024;
+        }
+    }
+    return 0;
+}
+
+/// Prints what showing and updating the popover with 30 applications costs.
+void measure() {
+    constexpr int rounds = 50;
+    const double atStart = residentMiB();
+    PopoverFixture popover;
+    for (ProcessId pid = 100; pid < 130; ++pid) {
+        popover.launch(pid, "Application " + std::to_string(pid));
+        popover.machine.workspace.at(pid).icon =
+            Image{samples[static_cast<std::size_t>(pid) % samples.size()].icon, {}, {}};
+    }
+    const auto milliseconds = [](const QElapsedTimer& timer) {
+        return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    };
+    popover.settings.setResourceDisplay(ResourceDisplay::both);
+    QElapsedTimer timer;
+    timer.start();
+    const double atRest = residentMiB();
+    popover.view->prepare();
+    std::printf("prepared in              %6.2f ms\n", milliseconds(timer));
+    PaintWatch watch;
+    popover.view->findChild<QWidget*>("openSettings")->installEventFilter(&watch);
+    std::vector<double> showing;
+    for (int i = 0; i <= rounds; ++i) {
+        timer.start();
+        watch.count = 0;
+        popover.window.show();
+        while (watch.count == 0 || popover.window.testAttribute(Qt::WA_PendingUpdate)) {
+            QCoreApplication::processEvents();
+        }
+        if (i == 0) {
+            std::printf("first showing            %6.2f ms\n", milliseconds(timer));
+        } else {
+            showing.push_back(milliseconds(timer));
+        }
+        settle(5);
+        popover.window.hide();
+    }
+    std::printf("later showings, median   %6.2f ms\n", median(showing));
+    popover.window.show();
+    settle();
+    std::vector<double> sampling;
+    std::vector<double> updating;
+    for (int i = 0; i < rounds; ++i) {
+        popover.machine.clock.advance(std::chrono::seconds(3));
+        for (ProcessId pid = 100; pid < 130; ++pid) {
+            popover.use(pid, i % 7 + 0.1 * (pid % 10), 50 + i % 5);
+        }
+        timer.start();
+        popover.model.updateResourceUsage();
+        sampling.push_back(milliseconds(timer));
+        timer.start();
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents();
+        updating.push_back(milliseconds(timer));
+        settle(2);
+    }
+    std::printf("a sample, every figure new: list %.2f ms, paint %.2f ms\n", median(sampling),
+                median(updating));
+    std::printf("resident: %.1f MiB without the popover, %.1f with it at rest, %.1f after use\n",
+                atStart, atRest, residentMiB());
 }
 
 } // namespace
@@ -189,15 +280,19 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     if (argc != 2) {
-        std::fprintf(stderr, "usage: gallery FOLDER\n");
+        std::fprintf(stderr, "usage: calmora_gallery FOLDER | --time\n");
         return 2;
     }
-    const QDir folder(QString::fromLocal8Bit(argv[1]));
-    folder.mkpath(".");
     QIcon::setThemeSearchPaths({"/usr/share/icons"});
     QIcon::setThemeName("Adwaita");
     installTheme(application);
     const QtLocalizedStrings strings{QLocale(QLocale::English)};
+    if (qstrcmp(argv[1], "--time") == 0) {
+        measure();
+        return 0;
+    }
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(".");
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
     render(folder, Appearance::light, QStringLiteral("-light-%1x.png").arg(scale));
     render(folder, Appearance::dark, QStringLiteral("-dark-%1x.png").arg(scale));
