@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace calmora {
+
+/// A key as the X server numbers it: evdev's code plus 8. Physical keys, whatever they write.
+using X11KeyCode = std::uint8_t;
+
+/// The X keycode of a virtual key code; absent for a key that never reaches X (Fn).
+/// Source: linux/input-event-codes.h, xkeyboard-config keycodes/evdev.
+[[nodiscard]] std::optional<X11KeyCode> x11KeyCode(std::int64_t keyCode);
+
+/// The virtual key code of an X keycode; absent for a key that has none.
+[[nodiscard]] std::optional<std::int64_t> virtualKeyCode(X11KeyCode keyCode);
+
+/// Whether the key with this virtual key code locks a modifier, so that it can be no hot key:
+/// Caps Lock, and Num Lock, which is where other keyboards have the keypad's Clear.
+[[nodiscard]] constexpr bool isLockKey(std::int64_t keyCode) {
+    return keyCode == 57 || keyCode == 71;
+}
+
+} // namespace calmora

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/linux/hotkeys/X11Modifiers.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "support/Signal.h"
+#include "support/Subscription.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <xcb/xinput.h>
+
+namespace calmora {
+
+class EventPoll;
+
+/// The keyboard of the X server over a connection of its own, so that what is asked of it (XKB,
+/// raw keys) changes nothing for the toolkit's connection. A connection that breaks ends
+/// everything here quietly. Main thread.
+class X11Keyboard {
+  public:
+    /// Connects to `display`; empty means the one that the environment names. `poll` must outlive
+    /// the keyboard.
+    explicit X11Keyboard(EventPoll& poll, const std::string& display = {});
+    X11Keyboard(const X11Keyboard&) = delete;
+    X11Keyboard& operator=(const X11Keyboard&) = delete;
+    ~X11Keyboard();
+
+    /// Whether there is a connection, with XKB and XInput 2.1 at its other end.
+    [[nodiscard]] bool isAlive() const;
+
+    [[nodiscard]] const X11Connection& connection() const;
+
+    /// The modifiers as they are mapped now.
+    [[nodiscard]] const X11Modifiers& modifiers() const;
+
+    /// Sends what waits, and makes sure that events which arrived meanwhile are told.
+    void flush();
+
+    /// Which raw key events are told.
+    void selectRawKeys(bool presses, bool releases);
+
+    /// Throws away the key presses that have arrived and were not told yet. To be called after a
+    /// time in which no key may act.
+    void discardKeyPresses();
+
+    /// A grabbed key was pressed.
+    [[nodiscard]] Subscription onKeyPress(std::function<void(const xcb_key_press_event_t&)> slot);
+
+    /// A key went down or up anywhere, while such events are selected.
+    [[nodiscard]] Subscription onRawKey(std::function<void(X11KeyCode, bool isDown)> slot);
+
+    /// The modifiers are mapped differently now.
+    [[nodiscard]] Subscription onModifiersChanged(std::function<void()> slot);
+
+    /// The keys write something else now: another layout, or another one of several is active.
+    [[nodiscard]] Subscription onLayoutChanged(std::function<void()> slot);
+
+    /// The connection has broken.
+    [[nodiscard]] Subscription onClosed(std::function<void()> slot);
+
+  private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+} // namespace calmora

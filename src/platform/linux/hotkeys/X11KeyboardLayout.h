@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/KeyboardLayout.h"
+
+#include <memory>
+
+namespace calmora {
+
+class X11Keyboard;
+
+/// What the keys write, by the X server's keymap: the active layout if it can write ASCII, else
+/// the first of the user's layouts that can, else a US layout. The keymap is read when a key is
+/// first asked for and again after a change.
+class X11KeyboardLayout final : public KeyboardLayout {
+  public:
+    /// `keyboard` must outlive the layout.
+    explicit X11KeyboardLayout(X11Keyboard& keyboard);
+    ~X11KeyboardLayout() override;
+
+    [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace calmora
