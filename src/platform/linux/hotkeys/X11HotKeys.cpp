@@ -70,11 +70,13 @@ class Grabs {
             XCB_INPUT_DEVICE_ALL_MASTER, count, 1, XCB_INPUT_GRAB_TYPE_KEYCODE,
             XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER,
             &eventMask, modifiers.data());
+        // Sent along with it, and waited for: a key pressed meanwhile would be lost to the probe.
+        const auto undo = xcb_input_xi_passive_ungrab_device_checked(
+            connection(), root(), combination.key, XCB_INPUT_DEVICE_ALL_MASTER, count,
+            XCB_INPUT_GRAB_TYPE_KEYCODE, modifiers.data());
         const X11Reply<xcb_input_xi_passive_grab_device_reply_t> reply(
             xcb_input_xi_passive_grab_device_reply(connection(), cookie, nullptr));
-        xcb_input_xi_passive_ungrab_device(connection(), root(), combination.key,
-                                           XCB_INPUT_DEVICE_ALL_MASTER, count,
-                                           XCB_INPUT_GRAB_TYPE_KEYCODE, modifiers.data());
+        const X11Reply<xcb_generic_error_t> undone(xcb_request_check(connection(), undo));
         // The answer lists the combinations that failed.
         return !reply || reply->num_modifiers > 0;
     }
@@ -114,7 +116,8 @@ struct X11HotKeys::State {
     std::uint64_t nextEntry = 0;
     /// Keys that are down, with the hot keys that they fired.
     std::map<X11KeyCode, std::vector<HotKeyIdentifier>> held;
-    std::set<X11KeyCode> rawHeld;
+    /// Followed while raw keys are told; their events say nothing of modifiers.
+    std::set<X11KeyCode> down;
     Handler handler;
     bool tellsHotKeys = false;
     bool tellsRawKeys = false;
@@ -195,10 +198,7 @@ struct X11HotKeys::State {
         }
         held.emplace(key, fired);
         selectRawKeys();
-        const X11Reply<xcb_query_keymap_reply_t> keymap(
-            xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr));
-        const bool isUp = keymap && (keymap->keys[key / 8] & (1U << (key % 8U))) == 0;
-        keyboard.flush();
+        const bool isUp = !keyboard.keysDown().contains(key);
         for (const HotKeyIdentifier identifier : fired) {
             tell(HotKeyEventKind::hotKeyPressed, identifier);
         }
@@ -224,22 +224,16 @@ struct X11HotKeys::State {
         if (!isDown) {
             release(key);
         }
-        const bool isNews = isDown ? rawHeld.insert(key).second : rawHeld.erase(key) == 1;
+        const bool isNews = isDown ? down.insert(key).second : down.erase(key) == 1;
         const auto keyCode = virtualKeyCode(key);
         if (!tellsRawKeys || !handler || !isNews || !keyCode) {
-            return;
-        }
-        xcb_connection_t* connection = keyboard.connection().get();
-        const X11Reply<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
-            connection, xcb_query_pointer(connection, keyboard.connection().root()), nullptr));
-        keyboard.flush();
-        if (!pointer) {
             return;
         }
         HotKeyEvent event;
         event.kind = isDown ? HotKeyEventKind::rawKeyDown : HotKeyEventKind::rawKeyUp;
         event.keyCode = static_cast<std::uint32_t>(*keyCode);
-        event.keyModifiers = keyboard.modifiers().toCarbon(pointer->mask);
+        event.keyModifiers =
+            keyboard.modifiers().toCarbon(heldModifiers(keyboard.modifierKeys(), down));
         const Handler copy = handler;
         copy(event);
     }
@@ -320,13 +314,16 @@ Subscription X11HotKeys::installEventHandler(Handler handler) {
 }
 
 void X11HotKeys::addEventTypes(HotKeyEventTypes types) {
-    (types == HotKeyEventTypes::hotKeys ? state_->tellsHotKeys : state_->tellsRawKeys) = true;
-    state_->selectRawKeys();
+    if (types == HotKeyEventTypes::hotKeys) {
+        state_->tellsHotKeys = true;
+    } else if (!std::exchange(state_->tellsRawKeys, true)) {
+        state_->selectRawKeys();
+        state_->down = state_->keyboard.keysDown();
+    }
 }
 
 void X11HotKeys::removeEventTypes(HotKeyEventTypes types) {
     (types == HotKeyEventTypes::hotKeys ? state_->tellsHotKeys : state_->tellsRawKeys) = false;
-    state_->rawHeld.clear();
     state_->selectRawKeys();
 }
 

@@ -9,7 +9,12 @@
 namespace calmora {
 namespace {
 
-X11Modifiers readModifiers(xcb_connection_t* connection) {
+struct ModifierMap {
+    X11ModifierKeys keys;
+    X11Modifiers modifiers;
+};
+
+ModifierMap readModifiers(xcb_connection_t* connection) {
     const xcb_setup_t* setup = xcb_get_setup(connection);
     const X11KeyCode first = setup->min_keycode;
     const auto modifierCookie = xcb_get_modifier_mapping(connection);
@@ -22,22 +27,23 @@ X11Modifiers readModifiers(xcb_connection_t* connection) {
     if (!modifiers || !mapping) {
         return {};
     }
-    X11ModifierKeys keys;
+    ModifierMap result;
     const xcb_keycode_t* keyCodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    for (std::size_t bit = 0; bit < keys.size(); ++bit) {
+    for (std::size_t bit = 0; bit < result.keys.size(); ++bit) {
         for (std::size_t i = 0; i < modifiers->keycodes_per_modifier; ++i) {
             const X11KeyCode key = keyCodes[bit * modifiers->keycodes_per_modifier + i];
             if (key >= first) {
-                keys.at(bit).push_back(key);
+                result.keys.at(bit).push_back(key);
             }
         }
     }
     const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(mapping.get());
     const std::size_t perKey = mapping->keysyms_per_keycode;
-    return x11Modifiers(keys, [&](X11KeyCode key) {
+    result.modifiers = x11Modifiers(result.keys, [&](X11KeyCode key) {
         const xcb_keysym_t* begin = keysyms + (key - first) * perKey;
         return std::vector<std::uint32_t>(begin, begin + perKey);
     });
+    return result;
 }
 
 template <typename Event>
@@ -53,7 +59,7 @@ struct X11Keyboard::State {
     bool isUsable = false;
     std::uint8_t xkbEvent = 0;
     std::uint8_t xinputOpcode = 0;
-    X11Modifiers modifiers;
+    ModifierMap map;
     std::uint32_t rawMask = 0;
     bool isStale = false;
     Subscription watch;
@@ -94,7 +100,7 @@ struct X11Keyboard::State {
             return false;
         }
         selectXkbEvents();
-        modifiers = readModifiers(c);
+        map = readModifiers(c);
         return connection.isAlive();
     }
 
@@ -151,11 +157,12 @@ struct X11Keyboard::State {
     /// Also told by a key from another keyboard, so it is looked up what really changed.
     void refresh() {
         isStale = false;
-        const X11Modifiers now = readModifiers(connection.get());
+        const ModifierMap now = readModifiers(connection.get());
         if (!connection.isAlive()) {
             return;
         }
-        if (std::exchange(modifiers, now) != now) {
+        const ModifierMap before = std::exchange(map, now);
+        if (before.modifiers != now.modifiers) {
             modifiersChanged.emit();
         }
         layoutChanged.emit();
@@ -211,7 +218,28 @@ const X11Connection& X11Keyboard::connection() const {
 }
 
 const X11Modifiers& X11Keyboard::modifiers() const {
-    return state_->modifiers;
+    return state_->map.modifiers;
+}
+
+const X11ModifierKeys& X11Keyboard::modifierKeys() const {
+    return state_->map.keys;
+}
+
+std::set<X11KeyCode> X11Keyboard::keysDown() {
+    std::set<X11KeyCode> down;
+    if (!isAlive()) {
+        return down;
+    }
+    xcb_connection_t* c = state_->connection.get();
+    const X11Reply<xcb_query_keymap_reply_t> keymap(
+        xcb_query_keymap_reply(c, xcb_query_keymap(c), nullptr));
+    flush();
+    for (unsigned key = 0; keymap && key < 256; ++key) {
+        if ((keymap->keys[key / 8] & (1U << (key % 8))) != 0) {
+            down.insert(static_cast<X11KeyCode>(key));
+        }
+    }
+    return down;
 }
 
 void X11Keyboard::flush() {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <xcb/xinput.h>
 
@@ -34,6 +35,12 @@ class X11Keyboard {
 
     /// The modifiers as they are mapped now.
     [[nodiscard]] const X11Modifiers& modifiers() const;
+
+    /// The keys that set each modifier bit now.
+    [[nodiscard]] const X11ModifierKeys& modifierKeys() const;
+
+    /// The keys that are down at this moment. One round trip.
+    [[nodiscard]] std::set<X11KeyCode> keysDown();
 
     /// Sends what waits, and makes sure that events which arrived meanwhile are told.
     void flush();

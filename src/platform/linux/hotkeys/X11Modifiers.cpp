@@ -70,6 +70,15 @@ std::vector<X11ModifierMask> X11Modifiers::lockVariants() const {
     return variants;
 }
 
+X11ModifierMask heldModifiers(const X11ModifierKeys& keys, const std::set<X11KeyCode>& down) {
+    unsigned mask = 0;
+    for (std::size_t bit = 0; bit < keys.size(); ++bit) {
+        const auto isDown = [&](X11KeyCode key) { return down.contains(key); };
+        mask |= std::ranges::any_of(keys.at(bit), isDown) ? 1U << bit : 0U;
+    }
+    return static_cast<X11ModifierMask>(mask);
+}
+
 X11Modifiers x11Modifiers(const X11ModifierKeys& keys,
                           const std::function<std::vector<std::uint32_t>(X11KeyCode)>& keysyms) {
     X11Modifiers result;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace calmora {
@@ -44,6 +45,10 @@ struct X11Modifiers {
 
 /// The X keycodes that set each modifier bit, from Shift to Mod5.
 using X11ModifierKeys = std::array<std::vector<X11KeyCode>, 8>;
+
+/// The modifier bits that are set while these keys are down.
+[[nodiscard]] X11ModifierMask heldModifiers(const X11ModifierKeys& keys,
+                                            const std::set<X11KeyCode>& down);
 
 /// Looks the modifiers up; `keysyms` gives all keysyms of a key.
 /// Source: X protocol, GetModifierMapping and GetKeyboardMapping.

@@ -1,0 +1,78 @@
+#include "platform/linux/hotkeys/X11KeyboardLayout.h"
+
+#include "platform/linux/hotkeys/X11Keyboard.h"
+#include "platform/linux/hotkeys/XcbXkb.h"
+#include "support/KeyPresser.h"
+#include "support/VirtualDesktop.h"
+#include "support/Waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+TEST(X11KeyboardLayout, FollowsTheUsersLayouts) {
+    VirtualDesktop desktop;
+    EventPoll events;
+    KeyPresser other(desktop.display());
+    xcb_xkb_use_extension(other.connection(), 1, 0);
+    X11Keyboard keyboard(events, desktop.display());
+    X11KeyboardLayout layout(keyboard);
+    int changes = 0;
+    const auto watching = layout.onChanged([&] { ++changes; });
+    const auto text = [&](std::int64_t keyCode) { return layout.character(keyCode).value_or("-"); };
+
+    const struct {
+        std::vector<std::string> layouts;
+        std::uint8_t active;
+        /// The keys where a US keyboard has q, z, ;, -, `, =, /, and the one left of z.
+        const char* texts;
+    } rows[] = {
+        {{"us"}, 0, "q z ; - ` = / <"},    {{"us,ru"}, 1, "q z ; - ` = / <"},
+        {{"ru,us"}, 0, "q z ; - ` = / <"}, {{"ru"}, 0, "q z ; - ` = / <"},
+        {{"de"}, 0, "q y ö ß ^ ´ - <"},    {{"fr"}, 0, "a w m ) ² = ! <"},
+        {{"us,de"}, 1, "q y ö ß ^ ´ - <"}, {{"us", "-variant", "dvorak"}, 0, "' ; s [ ` ] z <"},
+    };
+
+    for (const auto& row : rows) {
+        std::vector<std::string> command{"setxkbmap", "-layout"};
+        command.insert(command.end(), row.layouts.begin(), row.layouts.end());
+        // An empty option would keep the variant of the row before.
+        if (row.layouts.size() == 1) {
+            command.insert(command.end(), {"-variant", ""});
+        }
+        changes = 0;
+        ASSERT_EQ(desktop.run(command), 0) << desktop.log();
+        xcb_xkb_latch_lock_state(other.connection(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, row.active,
+                                 0, 0, 0);
+        other.sync();
+        std::string found;
+        const bool isRight = pumpUntil(
+            events,
+            [&] {
+                found.clear();
+                for (const std::int64_t code : {12, 6, 41, 27, 50, 24, 44, 10}) {
+                    found += (found.empty() ? "" : " ") + text(code);
+                }
+                return found == row.texts;
+            },
+            std::chrono::seconds(3));
+        EXPECT_TRUE(isRight) << row.layouts.front() << ": " << found;
+    }
+    EXPECT_EQ(text(36), "-") << "Return writes nothing to see";
+    EXPECT_EQ(text(63), "-");
+    EXPECT_EQ(text(-1), "-");
+}
+
+TEST(X11KeyboardLayout, IsAmericanWithoutAServer) {
+    EventPoll events;
+    X11Keyboard keyboard(events, ":4242");
+    const X11KeyboardLayout layout(keyboard);
+    EXPECT_EQ(layout.character(40), "k");
+}
+
+} // namespace
+} // namespace calmora
