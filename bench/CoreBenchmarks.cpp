@@ -121,9 +121,21 @@ class BareSampling {
     std::vector<std::pair<clockid_t, FileDescriptor>> entries_;
 };
 
-void sampling(benchmark::State& state) {
+/// Allows this program so many open files, at most what the system gives.
+void setOpenFileLimit(rlim_t files) {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = std::min(files, limit.rlim_max);
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+/// `openFiles` is what the table of processes finds when it is made: its files are bounded by it.
+void sampling(benchmark::State& state, rlim_t openFiles) {
     const Children children(static_cast<std::size_t>(state.range(0)));
+    setOpenFileLimit(openFiles);
     Machine machine;
+    setOpenFileLimit(RLIM_INFINITY);
     ResourceMonitor monitor(machine.platform());
     BareSampling bare(children.processes());
     compare(
@@ -196,25 +208,16 @@ void catalogueLookup(benchmark::State& state) {
         });
 }
 
-/// As many open files as the system allows, as the program itself asks for when it starts.
-void raiseOpenFileLimit() {
-    rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
-        limit.rlim_cur = limit.rlim_max;
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
-}
-
 } // namespace
 } // namespace calmora
 
 int main(int argc, char** argv) {
     using namespace calmora;
-    raiseOpenFileLimit();
     const auto atEachSize = [](benchmark::internal::Benchmark* benchmark) {
         benchmark->Arg(50)->Arg(500)->Arg(2000)->UseManualTime()->Unit(benchmark::kMicrosecond);
     };
-    atEachSize(benchmark::RegisterBenchmark("sampling", sampling));
+    atEachSize(benchmark::RegisterBenchmark("sampling", sampling, RLIM_INFINITY));
+    atEachSize(benchmark::RegisterBenchmark("sampling, 1024 open files", sampling, rlim_t{1024}));
     atEachSize(benchmark::RegisterBenchmark("refresh, 50 applications among", refresh));
     atEachSize(
         benchmark::RegisterBenchmark("list by name", filterAndSort, SortOrder::alphabetical, ""));
