@@ -1,0 +1,62 @@
+#include "settings/CandidateRow.h"
+
+#include "settings/form/AppIconView.h"
+#include "settings/form/BorderedButton.h"
+#include "settings/form/FormMetrics.h"
+#include "ui/Controls.h"
+#include "ui/DisplayText.h"
+
+#include <QFontMetrics>
+#include <QHBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr int iconSide = 24;
+constexpr int padding = 5;
+
+} // namespace
+
+CandidateRow::CandidateRow(const WorkspaceApplication& app, std::function<void()> onAdd,
+                           QWidget* parent)
+    : QWidget(parent),
+      added_(new Label(TextStyle::caption, QFont::Normal, ThemeColor::secondary, this)),
+      add_(new BorderedButton(uiText("Add"), TextStyle::caption, this)) {
+    setObjectName("candidate");
+    auto* name = new Label(TextStyle::body, QFont::Normal, ThemeColor::primary, this);
+    name->setObjectName("appName");
+    name->setText(app.localizedName ? displayName(*app.localizedName) : uiText("Unknown"));
+    added_->setObjectName("added");
+    added_->setText(uiText("Added"));
+    added_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    add_->setObjectName("add");
+    add_->setAccessibleDescription(name->text());
+    connect(add_, &QAbstractButton::clicked, this, std::move(onAdd));
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(metrics::formMargin, 0, metrics::formMargin, 0);
+    layout->setSpacing(metrics::rowSpacing);
+    layout->addWidget(new AppIconView(app.icon, iconSide, this));
+    layout->addWidget(name, 1);
+    layout->addWidget(added_);
+    layout->addWidget(add_);
+}
+
+void CandidateRow::setAdded(bool isAdded) {
+    added_->setVisible(isAdded);
+    add_->setVisible(!isAdded);
+}
+
+QWidget* CandidateRow::addButton() const {
+    return add_;
+}
+
+int CandidateRow::rowHeight() {
+    const int text = QFontMetrics(Theme::font(TextStyle::body)).height();
+    return std::max(iconSide, text + padding) + 2 * padding;
+}
+
+} // namespace calmora

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace calmora {
+
+class BorderedButton;
+class Label;
+
+/// A running application that can be put on the never-quit list.
+class CandidateRow final : public QWidget {
+  public:
+    CandidateRow(const WorkspaceApplication& app, std::function<void()> onAdd, QWidget* parent);
+
+    /// Whether it is on the list, which is shown in the button's place.
+    void setAdded(bool isAdded);
+
+    /// The button that adds it.
+    [[nodiscard]] QWidget* addButton() const;
+
+    [[nodiscard]] static int rowHeight();
+
+  private:
+    Label* added_;
+    BorderedButton* add_;
+};
+
+} // namespace calmora

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "settings/OpenAtLogin.h"
+#include "support/Subscription.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace calmora {
+
+class AppSettings;
+class FormSection;
+class LoginItem;
+class PickerRow;
+class SwitchRow;
+class Updater;
+
+/// The General pane of the settings window: every preference in ten sections. Each control shows
+/// the settings and writes through to them at once; the pane holds no copy. While the pane exists
+/// the login item follows its preference.
+class GeneralSettingsView final : public QWidget {
+  public:
+    /// All references must outlive the pane.
+    GeneralSettingsView(AppSettings& settings, Updater& updater, LoginItem& loginItem,
+                        const Platform& platform, QWidget* parent = nullptr);
+
+    /// Whether the sheet that adds an application to the never-quit list is shown.
+    [[nodiscard]] bool showingAddAppSheet() const { return showingAddAppSheet_; }
+
+  private:
+    void build(QWidget* form);
+    SwitchRow* addSwitch(FormSection& section, const char* name, const char* title,
+                         bool (AppSettings::*get)() const, void (AppSettings::*set)(bool));
+    void addUpdates(FormSection& section);
+    void addDisplay(FormSection& section);
+    void addAutoQuit(FormSection& section);
+    /// Brings every control to what the settings say.
+    void refresh();
+    void showAddAppSheet();
+
+    AppSettings& settings_;
+    Updater& updater_;
+    Platform platform_;
+    bool showingAddAppSheet_ = false;
+    OpenAtLogin openAtLogin_;
+    /// Bring one control each to what the settings say.
+    std::vector<std::function<void()>> bindings_;
+    Subscription changes_;
+};
+
+} // namespace calmora

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "settings/form/FormRows.h"
+#include "support/Subscription.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QAbstractButton;
+class QLabel;
+
+namespace calmora {
+
+class AppSettings;
+class BorderedButton;
+
+/// The never-quit list: how many there are, a button to add one, and a row per application with a
+/// button that takes it off. Follows the settings.
+class NeverQuitListEditor final : public FormRows {
+  public:
+    /// `onAddApp` is called when the user wants to add an application. `settings` and the
+    /// platform must outlive the editor.
+    NeverQuitListEditor(AppSettings& settings, const Platform& platform,
+                        std::function<void()> onAddApp, QWidget* parent = nullptr);
+
+  private:
+    void rebuild();
+    [[nodiscard]] QWidget* makeHeader(std::function<void()> onAddApp);
+    /// The row of one application; its button is appended to removeButtons_.
+    [[nodiscard]] QWidget* makeRow(const std::string& bundleIdentifier,
+                                   const std::string& displayName);
+    [[nodiscard]] int focusedRow() const;
+    void focusRow(int index);
+
+    AppSettings& settings_;
+    Platform platform_;
+    QLabel* count_ = nullptr;
+    BorderedButton* addApp_ = nullptr;
+    QWidget* emptyText_ = nullptr;
+    std::vector<QWidget*> rows_;
+    std::vector<QAbstractButton*> removeButtons_;
+    Subscription change_;
+};
+
+} // namespace calmora

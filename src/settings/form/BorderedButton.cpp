@@ -1,0 +1,93 @@
+#include "settings/form/BorderedButton.h"
+
+#include "settings/form/FormMetrics.h"
+#include "theme/Pictures.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace calmora {
+namespace {
+
+constexpr int sideInset = 10;
+constexpr int verticalPadding = 4;
+constexpr int symbolGap = 4;
+constexpr int symbolPoints = 9;
+
+QFont fontOf(TextStyle style) {
+    return Theme::font(style, QFont::Medium);
+}
+
+} // namespace
+
+BorderedButton::BorderedButton(const QString& text, TextStyle style, QWidget* parent)
+    : QPushButton(text, parent), style_(style) {
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void BorderedButton::setSymbol(const QString& symbol) {
+    symbol_ = symbol;
+    updateGeometry();
+    update();
+}
+
+int BorderedButton::symbolSide() const {
+    return symbol_.isEmpty() ? 0 : Theme::symbolSide(symbolPoints);
+}
+
+QSize BorderedButton::sizeHint() const {
+    const QFontMetrics font(fontOf(style_));
+    const int symbol = symbol_.isEmpty() ? 0 : symbolSide() + symbolGap;
+    return {font.horizontalAdvance(text()) + symbol + 2 * sideInset,
+            font.height() + 2 * verticalPadding};
+}
+
+void BorderedButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+void BorderedButton::paintEvent(QPaintEvent*) {
+    const Theme theme = Theme::of(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : metrics::disabledOpacity);
+    const QRectF face = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(theme.color(ThemeColor::controlBorder));
+    painter.setBrush(theme.color(ThemeColor::controlFace));
+    painter.drawRoundedRect(face, metrics::buttonCorner, metrics::buttonCorner);
+    if (isDown() || (underMouse() && isEnabled())) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.color(ThemeColor::fill));
+        for (int pass = 0; pass < (isDown() ? 2 : 1); ++pass) {
+            painter.drawRoundedRect(face, metrics::buttonCorner, metrics::buttonCorner);
+        }
+    }
+
+    const Qt::LayoutDirection direction = layoutDirection();
+    QRect label = rect().adjusted(sideInset, 0, -sideInset, 0);
+    if (!symbol_.isEmpty()) {
+        const int side = symbolSide();
+        const QRect place(label.x(), 0, side, height());
+        drawSymbol(painter, QStyle::visualRect(direction, rect(), place), symbol_, side,
+                   theme.color(ThemeColor::primary));
+        label.setLeft(label.left() + side + symbolGap);
+    }
+    painter.setFont(fontOf(style_));
+    painter.setPen(theme.color(ThemeColor::primary));
+    painter.drawText(QStyle::visualRect(direction, rect(), label), Qt::AlignCenter, text());
+    if (showsFocus(*this)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));
+        painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), metrics::buttonCorner,
+                                metrics::buttonCorner);
+    }
+}
+
+} // namespace calmora

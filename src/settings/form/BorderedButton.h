@@ -1,0 +1,33 @@
+#pragma once
+
+#include "theme/Theme.h"
+
+#include <QPushButton>
+#include <QString>
+
+namespace calmora {
+
+/// A small button with an outline: a text, with a symbol before it where one is named.
+class BorderedButton final : public QPushButton {
+  public:
+    BorderedButton(const QString& text, TextStyle style, QWidget* parent = nullptr);
+
+    /// Names the symbol; empty means none.
+    void setSymbol(const QString& symbol);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    [[nodiscard]] int symbolSide() const;
+
+    TextStyle style_;
+    QString symbol_;
+};
+
+} // namespace calmora

@@ -1,0 +1,27 @@
+#pragma once
+
+/// Measures of a settings form, in device-independent pixels.
+namespace calmora::metrics {
+
+/// Left and right of the cards, and above the first section.
+inline constexpr int formMargin = 20;
+/// Between two sections.
+inline constexpr int sectionGap = 18;
+/// Between a section's title and its card.
+inline constexpr int titleGap = 7;
+inline constexpr int cardRadius = 10;
+/// Left and right in a row of a card.
+inline constexpr int rowInset = 12;
+/// Above and below what stands in a row.
+inline constexpr int rowPadding = 6;
+/// The least height of a row.
+inline constexpr int formRow = 38;
+/// Between what stands side by side in a row.
+inline constexpr int rowSpacing = 8;
+
+/// Corners of buttons and pickers.
+inline constexpr int buttonCorner = 6;
+/// How strongly a control that is off limits is drawn.
+inline constexpr double disabledOpacity = 0.45;
+
+} // namespace calmora::metrics

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QComboBox>
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace calmora {
+
+/// One of the values that a picker offers.
+struct PickerOption {
+    QString title;
+    std::int64_t value = 0;
+};
+
+/// A button that shows the chosen option and opens the list of them. The wheel scrolls what it
+/// stands in and never changes it.
+class Picker final : public QComboBox {
+  public:
+    explicit Picker(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    void showPopup() override;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A row of a form with a title and, at its end, a picker.
+class PickerRow final : public QWidget {
+  public:
+    /// `onPick` is called when the user picks an option, with its value.
+    PickerRow(const QString& title, const std::vector<PickerOption>& options,
+              std::function<void(std::int64_t)> onPick, QWidget* parent = nullptr);
+
+    /// Shows the option with this value, or none where there is none.
+    void setValue(std::int64_t value);
+
+    [[nodiscard]] QComboBox& picker() { return *picker_; }
+
+  private:
+    Picker* picker_;
+};
+
+} // namespace calmora

@@ -1,0 +1,91 @@
+#include "settings/NeverQuitEditing.h"
+#include "settings/OpenAtLogin.h"
+
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakePlatform.h"
+#include "settings/AppSettings.h"
+
+#include <gtest/gtest.h>
+
+namespace calmora {
+namespace {
+
+TEST(NeverQuitEditing, NamesWhatNeedNotRun) {
+    FakePlatform machine;
+    machine.workspace.installed["org.gnome.Calculator"] = {"Taschenrechner", Image{"calc", {}, {}},
+                                                           "/usr/share/applications/c.desktop"};
+    machine.workspace.installed["com.jetbrains.fleet"] = {"Fleet IDE", std::nullopt, {}};
+
+    struct Case {
+        const char* identifier;
+        const char* name;
+        bool hasIcon;
+    };
+
+    for (const Case& c : {
+             Case{"com.apple.Safari", "Safari", false},
+             Case{"com.jetbrains.fleet", "fleet", false},
+             Case{"org.gnome.Calculator", "Taschenrechner", true},
+             Case{"org.example.Unknown", "org.example.Unknown", false},
+             Case{"", "", false},
+         }) {
+        EXPECT_EQ(appDisplayName(c.identifier, machine.workspace), c.name);
+        EXPECT_EQ(appIcon(c.identifier, machine.workspace).has_value(), c.hasIcon) << c.name;
+    }
+
+    AppSettings settings(machine.defaults);
+    settings.setNeverQuitApps(
+        {"org.gnome.Calculator", "com.apple.Safari", "zebra", "Äpfel", "ant"});
+    const std::vector<ProtectedApp> expected{{"ant", "ant"},
+                                             {"com.apple.Safari", "Safari"},
+                                             {"org.gnome.Calculator", "Taschenrechner"},
+                                             {"zebra", "zebra"},
+                                             {"Äpfel", "Äpfel"}};
+    EXPECT_EQ(protectedApps(settings, machine.platform()), expected);
+}
+
+TEST(NeverQuitEditing, OffersRegularApplicationsWithAnIdentifier) {
+    FakePlatform machine;
+    machine.workspace.launch({.pid = 1, .name = "beta", .bundleIdentifier = "b"});
+    machine.workspace.launch({.pid = 2, .name = "Alpha", .bundleIdentifier = "a"});
+    machine.workspace.launch(
+        {.pid = 3, .name = "Tray", .bundleIdentifier = "t", .policy = ActivationPolicy::accessory});
+    machine.workspace.launch({.pid = 4, .name = "Nobody"});
+    machine.workspace.launch({.pid = 5, .bundleIdentifier = "nameless"});
+    std::vector<ProcessId> listed;
+    for (const WorkspaceApplication& app : addAppCandidates(machine.platform())) {
+        listed.push_back(app.processIdentifier);
+    }
+    EXPECT_EQ(listed, (std::vector<ProcessId>{5, 2, 1}));
+}
+
+TEST(OpenAtLogin, FollowsThePreferenceAndPutsItBackOnceWhenItCannot) {
+    FakePlatform machine;
+    AppSettings settings(machine.defaults);
+    FakeLoginItem item;
+    item.enabled = true;
+    {
+        const OpenAtLogin handler(settings, item);
+        EXPECT_TRUE(settings.openAtLogin()) << "the real state, set elsewhere";
+        EXPECT_TRUE(item.requests.empty()) << "which is no change to carry over";
+        settings.setOpenAtLogin(false);
+        settings.setOpenAtLogin(true);
+        settings.resetToDefaults();
+        EXPECT_EQ(item.requests, (std::vector<bool>{false, true, false}));
+        EXPECT_FALSE(item.enabled);
+
+        item.isRefusing = true;
+        item.requests.clear();
+        settings.setOpenAtLogin(true);
+        EXPECT_FALSE(settings.openAtLogin());
+        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "no try of the opposite, no end";
+        settings.setOpenAtLogin(true);
+        EXPECT_EQ(item.requests.size(), 2U) << "the next change is carried over again";
+    }
+    item.requests.clear();
+    settings.setOpenAtLogin(true);
+    EXPECT_TRUE(item.requests.empty());
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,355 @@
+#include "settings/SettingsFixture.h"
+
+#include "settings/form/PickerRow.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace calmora {
+namespace {
+
+using Property = AppSettings::Property;
+
+struct GeneralSettingsTest : testing::Test, SettingsFixture {
+    /// A child of the window, or of the sheet on it, that must be there.
+    template <typename Widget>
+    Widget& child(const char* name) const {
+        auto* found = window.findChild<Widget*>(name);
+        if (!found) {
+            throw std::runtime_error(name);
+        }
+        return *found;
+    }
+
+    [[nodiscard]] QAbstractButton& button(const char* name) const {
+        return child<QAbstractButton>(name);
+    }
+
+    [[nodiscard]] QComboBox& picker(const char* name) const { return child<QComboBox>(name); }
+
+    static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+
+    /// Lets rows that were taken away be deleted.
+    static void settle() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    /// The names of the applications in rows of this kind.
+    [[nodiscard]] QStringList names(const char* rows) const {
+        QStringList texts;
+        for (const QWidget* row : window.findChildren<QWidget*>(rows)) {
+            texts += row->findChild<QLabel*>("appName")->text();
+        }
+        return texts;
+    }
+};
+
+TEST_F(GeneralSettingsTest, HasItsTenSectionsInOrder) {
+    open();
+    QStringList shown;
+    for (const QObject* child : window.findChild<QScrollArea*>()->widget()->children()) {
+        if (const auto* section = qobject_cast<const QWidget*>(child)) {
+            shown += "[" + section->accessibleName() + "]";
+            for (const QWidget* part : section->findChildren<QWidget*>()) {
+                if (const auto* control = qobject_cast<const QAbstractButton*>(part)) {
+                    shown += control->text();
+                } else if (qobject_cast<const QComboBox*>(part)) {
+                    shown += part->accessibleName();
+                }
+            }
+        }
+    }
+    EXPECT_EQ(shown.join("|").toStdString(),
+              "[Startup]|Open Calmora at login|[Updates]|Automatically check for updates|[Sounds]|"
+              "Play sound on quit|[Protection]|Never quit music apps|Deselect apps by default|"
+              "[Never-Quit List]|Add App|[Extras]|Include Finder in app list|View background apps|"
+              "Group background instances|[Display]|Sort by|Show resources|[Quit]|"
+              "Default quit mode|[Auto Quit]|Auto-quit inactive apps|After|[]|Reset All Settings");
+}
+
+TEST_F(GeneralSettingsTest, EverySwitchEditsItsPreferenceAndFollowsIt) {
+    struct Case {
+        const char* name;
+        bool (AppSettings::*get)() const;
+        void (AppSettings::*set)(bool);
+    };
+
+    settings.setViewBackgroundApps(true);
+    open();
+    for (const Case& c : {
+             Case{"openAtLogin", &AppSettings::openAtLogin, &AppSettings::setOpenAtLogin},
+             Case{"playSounds", &AppSettings::playSounds, &AppSettings::setPlaySounds},
+             Case{"neverQuitMusicApps", &AppSettings::neverQuitMusicApps,
+                  &AppSettings::setNeverQuitMusicApps},
+             Case{"deselectAppsByDefault", &AppSettings::deselectAppsByDefault,
+                  &AppSettings::setDeselectAppsByDefault},
+             Case{"includeFinderWindows", &AppSettings::includeFinderWindows,
+                  &AppSettings::setIncludeFinderWindows},
+             Case{"groupBackgroundInstances", &AppSettings::groupBackgroundInstances,
+                  &AppSettings::setGroupBackgroundInstances},
+             Case{"viewBackgroundApps", &AppSettings::viewBackgroundApps,
+                  &AppSettings::setViewBackgroundApps},
+             Case{"autoQuitEnabled", &AppSettings::autoQuitEnabled,
+                  &AppSettings::setAutoQuitEnabled},
+         }) {
+        QAbstractButton& control = button(c.name);
+        const bool before = (settings.*c.get)();
+        EXPECT_EQ(control.isChecked(), before) << c.name;
+        click(control);
+        EXPECT_EQ((settings.*c.get)(), !before) << c.name;
+        EXPECT_EQ(machine.defaults.stored.at(c.name), DefaultsValue(!before));
+        QTest::keyClick(&control, Qt::Key_Space);
+        QTest::keyClick(&control, Qt::Key_Return);
+        EXPECT_EQ((settings.*c.get)(), !before) << c.name;
+        (settings.*c.set)(before);
+        EXPECT_EQ(control.isChecked(), before) << c.name;
+    }
+}
+
+TEST_F(GeneralSettingsTest, EveryPickerOffersItsOptionsAndEditsItsPreference) {
+    struct Case {
+        const char* name;
+        const char* options;
+        std::vector<DefaultsValue> stored;
+    };
+
+    settings.setAutoQuitEnabled(true);
+    open();
+    using namespace std::string_literals;
+    for (const Case& c : {
+             Case{"sortOrder",
+                  "Name (A-Z)|CPU Usage|Memory Usage",
+                  {"alphabetical"s, "cpuUsage"s, "memoryUsage"s}},
+             Case{"resourceDisplay",
+                  "CPU Only|Memory Only|Both|None",
+                  {"cpuOnly"s, "memoryOnly"s, "both"s, "none"s}},
+             Case{"defaultQuitMode", "Normal|Force", {"normal"s, "force"s}},
+             Case{"autoQuitMinutes",
+                  "5 minutes|10 minutes|15 minutes|30 minutes|1 hour|2 hours|4 hours|8 hours",
+                  {std::int64_t{5}, std::int64_t{10}, std::int64_t{15}, std::int64_t{30},
+                   std::int64_t{60}, std::int64_t{120}, std::int64_t{240}, std::int64_t{480}}},
+         }) {
+        QComboBox& control = picker(c.name);
+        QStringList titles;
+        for (int index = 0; index < control.count(); ++index) {
+            titles += control.itemText(index);
+        }
+        EXPECT_EQ(titles.join("|").toStdString(), c.options);
+        EXPECT_EQ(control.currentText().toStdString(),
+                  c.name == "autoQuitMinutes"s ? "30 minutes" : titles.front().toStdString());
+        QTest::keyClick(&control, Qt::Key_Home);
+        for (std::size_t index = 1; index < c.stored.size(); ++index) {
+            QTest::keyClick(&control, Qt::Key_Down);
+            EXPECT_EQ(machine.defaults.stored.at(c.name), c.stored[index]) << c.name;
+        }
+        const int last = control.currentIndex();
+        QWheelEvent wheel(QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&control, &wheel);
+        EXPECT_EQ(control.currentIndex(), last) << "scrolling the pane changes nothing";
+    }
+    settings.resetToDefaults();
+    EXPECT_EQ(picker("resourceDisplay").currentText(), "CPU Only");
+}
+
+TEST_F(GeneralSettingsTest, KeepsMinutesThatItDoesNotOffer) {
+    settings.setAutoQuitMinutes(45);
+    open();
+    EXPECT_EQ(picker("autoQuitMinutes").currentIndex(), -1);
+    EXPECT_FALSE(picker("autoQuitMinutes").isEnabled());
+    click(button("autoQuitEnabled"));
+    EXPECT_TRUE(picker("autoQuitMinutes").isEnabled());
+    EXPECT_EQ(settings.autoQuitMinutes(), 45);
+    QTest::keyClick(&picker("autoQuitMinutes"), Qt::Key_Down);
+    EXPECT_EQ(settings.autoQuitMinutes(), 5);
+}
+
+TEST_F(GeneralSettingsTest, GreysOutWhatIsGovernedByAnotherSwitch) {
+    open();
+    EXPECT_FALSE(button("groupBackgroundInstances").isEnabled());
+    EXPECT_TRUE(button("groupBackgroundInstances").isChecked()) << "it keeps its value";
+    click(button("groupBackgroundInstances"));
+    EXPECT_TRUE(settings.groupBackgroundInstances());
+    click(button("viewBackgroundApps"));
+    EXPECT_TRUE(button("groupBackgroundInstances").isEnabled());
+}
+
+TEST_F(GeneralSettingsTest, SpringsBackWhenTheLoginItemCannotBeChanged) {
+    loginItem.isRefusing = true;
+    open();
+    click(button("openAtLogin"));
+    EXPECT_FALSE(button("openAtLogin").isChecked());
+    EXPECT_FALSE(settings.openAtLogin());
+    loginItem.isRefusing = false;
+    click(button("openAtLogin"));
+    EXPECT_TRUE(loginItem.enabled);
+    click(button("resetAllSettings"));
+    EXPECT_FALSE(loginItem.enabled);
+}
+
+TEST_F(GeneralSettingsTest, SwitchesTheUpdatersOwnChecks) {
+    updater.isAutomatic = true;
+    open();
+    QAbstractButton& control = button("automaticallyChecksForUpdates");
+    EXPECT_TRUE(control.isChecked());
+    click(control);
+    EXPECT_FALSE(updater.isAutomatic);
+    settings.resetToDefaults();
+    EXPECT_FALSE(updater.isAutomatic);
+}
+
+TEST_F(GeneralSettingsTest, CannotSwitchAnUpdaterThatIsNotThere) {
+    UnavailableUpdater none;
+    open(none);
+    EXPECT_FALSE(button("automaticallyChecksForUpdates").isEnabled());
+    EXPECT_FALSE(button("automaticallyChecksForUpdates").toolTip().isEmpty());
+}
+
+TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
+    machine.workspace.installed["org.example.Two"] = {"bravo", std::nullopt, {}};
+    open();
+    EXPECT_TRUE(child<QWidget>("neverQuitEmpty").isVisible());
+    EXPECT_FALSE(child<QWidget>("neverQuitCount").isVisible());
+    for (const char* identifier : {"com.jetbrains.charlie", "org.example.Two", "Alpha"}) {
+        settings.addToNeverQuit(identifier);
+    }
+    settle();
+    EXPECT_EQ(names("neverQuitRow"), (QStringList{"Alpha", "bravo", "charlie"}));
+    EXPECT_EQ(child<QLabel>("neverQuitCount").text(), "3");
+    EXPECT_TRUE(child<QLabel>("neverQuitCount").isVisible());
+    EXPECT_FALSE(child<QWidget>("neverQuitEmpty").isVisible());
+
+    // By keyboard: the next button takes the keyboard over, and at the end "Add App".
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.findChildren<QAbstractButton*>("removeFromNeverQuit").value(1)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(settings.neverQuitApps(), (std::set<std::string>{"Alpha", "com.jetbrains.charlie"}));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(settings.neverQuitApps(), std::set<std::string>{"Alpha"});
+    EXPECT_EQ(button("removeFromNeverQuit").toolTip(), "Remove from never-quit list");
+    click(button("removeFromNeverQuit"));
+    settle();
+    EXPECT_TRUE(settings.neverQuitApps().empty());
+    EXPECT_TRUE(child<QWidget>("neverQuitEmpty").isVisible());
+    EXPECT_FALSE(child<QWidget>("neverQuitCount").isVisible());
+}
+
+TEST_F(GeneralSettingsTest, TabFollowsTheEyeThroughTheList) {
+    for (const char* identifier : {"a", "b", "c"}) {
+        settings.addToNeverQuit(identifier);
+    }
+    open();
+    settings.addToNeverQuit("aa");
+    settle();
+    QString visited;
+    QWidget* at = &button("addApp");
+    do {
+        at = at->nextInFocusChain();
+        if (at->objectName() == "removeFromNeverQuit") {
+            visited += at->accessibleDescription() + " ";
+        }
+    } while (at->objectName() != "includeFinderWindows" && at != &button("addApp"));
+    EXPECT_EQ(visited, "a aa b c ");
+}
+
+TEST_F(GeneralSettingsTest, AddsRunningApplicationsInASheet) {
+    settings.addToNeverQuit("org.example.Known");
+    machine.workspace.launch({.pid = 1, .name = "zoo", .bundleIdentifier = "org.example.Zoo"});
+    machine.workspace.launch({.pid = 2, .bundleIdentifier = "nameless"});
+    machine.workspace.launch({.pid = 3, .name = "Known", .bundleIdentifier = "org.example.Known"});
+    open();
+    EXPECT_FALSE(view->showingAddAppSheet());
+    click(button("addApp"));
+    ASSERT_TRUE(view->showingAddAppSheet());
+    auto& sheet = child<QDialog>("addAppSheet");
+    EXPECT_EQ(sheet.size(), QSize(360, 400));
+    EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
+    EXPECT_EQ(names("candidate"), (QStringList{"Unknown", "Known", "zoo"}));
+    const auto isAdded = [&](int row) {
+        const QWidget* candidate = sheet.findChildren<QWidget*>("candidate").value(row);
+        const bool added = candidate->findChild<QWidget*>("added")->isVisible();
+        EXPECT_NE(added, candidate->findChild<QWidget*>("add")->isVisible());
+        return added;
+    };
+    EXPECT_FALSE(isAdded(0));
+    EXPECT_TRUE(isAdded(1));
+    click(*sheet.findChildren<QWidget*>("add").value(2));
+    EXPECT_TRUE(isAdded(2));
+    EXPECT_TRUE(settings.neverQuitApps().contains("org.example.Zoo"));
+    settings.removeFromNeverQuit("org.example.Known");
+    EXPECT_FALSE(isAdded(1));
+    EXPECT_TRUE(sheet.isVisible()) << "it stays open";
+
+    const QPointer<QDialog> watched(&sheet);
+    click(button("done"));
+    settle();
+    EXPECT_TRUE(watched.isNull());
+    EXPECT_FALSE(view->showingAddAppSheet());
+    click(button("addApp"));
+    QTest::keyClick(&child<QDialog>("addAppSheet"), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(view->showingAddAppSheet());
+}
+
+TEST_F(GeneralSettingsTest, SaysWhenNothingRuns) {
+    open();
+    click(button("addApp"));
+    EXPECT_TRUE(child<QWidget>("noCandidates").isVisible());
+    EXPECT_EQ(child<QWidget>("noCandidates").findChild<QLabel*>()->text(), "No running apps found");
+}
+
+TEST_F(GeneralSettingsTest, MakesOnlyTheCandidatesInSight) {
+    for (ProcessId process = 1; process <= 500; ++process) {
+        const std::string name = "app " + std::to_string(1000 + process);
+        machine.workspace.launch({.pid = process, .name = name, .bundleIdentifier = name});
+    }
+    open();
+    click(button("addApp"));
+    EXPECT_LT(names("candidate").size(), 20);
+    auto* bar = child<QDialog>("addAppSheet").findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    EXPECT_TRUE(names("candidate").contains("app 1500"));
+    EXPECT_LT(names("candidate").size(), 40);
+}
+
+TEST_F(GeneralSettingsTest, ClipsNothingWithLargerTexts) {
+    const QFont usual = QApplication::font();
+    for (const int points : {10, 15, 20}) {
+        QFont larger = usual;
+        larger.setPointSize(points);
+        QApplication::setFont(larger);
+        SettingsFixture pane;
+        pane.settings.addToNeverQuit(std::string(300, 'm'));
+        pane.open();
+        settle();
+        QWidget* form = pane.window.findChild<QScrollArea*>()->widget();
+        EXPECT_LE(form->width(), pane.window.width()) << points;
+        for (const QWidget* part : form->findChildren<QWidget*>()) {
+            if (part->isVisible() && part->window() == &pane.window) {
+                EXPECT_GE(part->width(), part->minimumSizeHint().width())
+                    << points << part->objectName().toStdString();
+                EXPECT_TRUE(!part->sizePolicy().hasHeightForWidth() ||
+                            part->height() >= part->heightForWidth(part->width()))
+                    << points << part->objectName().toStdString();
+            }
+        }
+    }
+    QApplication::setFont(usual);
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/FakeUpdater.h"
+#include "settings/AppSettings.h"
+#include "settings/GeneralSettingsView.h"
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+namespace calmora {
+
+/// A General pane over a machine in memory, in a window of the settings window's size.
+struct SettingsFixture {
+    SettingsFixture() { window.resize(450, 560); }
+
+    /// Makes the pane; the login item and the settings may be prepared before.
+    GeneralSettingsView& open(Updater& updates) {
+        view = new GeneralSettingsView(settings, updates, loginItem, machine.platform(), &window);
+        auto* layout = new QVBoxLayout(&window);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(view);
+        window.show();
+        return *view;
+    }
+
+    GeneralSettingsView& open() { return open(updater); }
+
+    FakePlatform machine;
+    FakeUpdater updater;
+    FakeLoginItem loginItem;
+    AppSettings settings{machine.defaults};
+    QWidget window;
+    GeneralSettingsView* view = nullptr;
+};
+
+} // namespace calmora

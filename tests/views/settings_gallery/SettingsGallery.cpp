@@ -1,0 +1,181 @@
+// Draws the General pane and its sheet into pictures, for people to look at.
+// Usage: settings gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+
+#include "platform/qt/QtLocalizedStrings.h"
+#include "settings/SettingsFixture.h"
+#include "theme/Theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QIcon>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTranslator>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+using namespace calmora;
+
+/// German texts, which are long.
+class German final : public QTranslator {
+  public:
+    [[nodiscard]] QString translate(const char*, const char* source, const char*,
+                                    int) const override {
+        static const QHash<QString, QString> texts{
+            {"Open Calmora at login", "Calmora automatisch bei der Anmeldung öffnen"},
+            {"Automatically check for updates", "Automatisch nach neuen Versionen suchen"},
+            {"Include Finder in app list", "Dateiverwaltung in der Programmliste anzeigen"},
+            {"Group background instances", "Hintergrundprogramme desselben Programms "
+                                           "zusammenfassen"},
+            {"Default quit mode", "Standardverhalten beim Beenden"},
+            {"Memory Usage", "Arbeitsspeicherverbrauch"},
+            {"Protected Apps", "Geschützte Programme"},
+            {"Add App", "Programm hinzufügen"},
+            {"Add App to Never-Quit List", "Programm zur Liste der nie beendeten hinzufügen"},
+            {"Done", "Fertig"},
+            {"Add", "Hinzufügen"},
+            {"Added", "Hinzugefügt"},
+            {"Reset All Settings", "Alle Einstellungen zurücksetzen"},
+        };
+        return texts.value(QString::fromUtf8(source));
+    }
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+};
+
+void settle(int milliseconds = 200) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+}
+
+void save(QWidget& widget, const QString& path) {
+    settle();
+    if (!widget.grab().save(path)) {
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    }
+}
+
+void fill(SettingsFixture& pane) {
+    const auto install = [&](const char* identifier, const char* name, const char* icon) {
+        pane.machine.workspace.installed[identifier] = {name, Image{icon, {}, {}}, {}};
+    };
+    install("org.gnome.Calculator", "Calculator", "accessories-calculator");
+    install("org.mozilla.firefox", "Firefox", "web-browser");
+    ProcessId pid = 10;
+    const auto run = [&](const char* identifier, const char* name, const char* icon) {
+        FakeApplication app{.pid = ++pid, .name = name, .bundleIdentifier = identifier};
+        app.icon = Image{icon, {}, {}};
+        pane.machine.workspace.launch(std::move(app));
+    };
+    run("org.gnome.Calculator", "Calculator", "accessories-calculator");
+    run("org.mozilla.firefox", "Firefox", "web-browser");
+    run("org.xfce.mousepad", "Mousepad", "accessories-text-editor");
+    run("xterm", "XTerm", "no-such-icon");
+    run("gimp", "GNU Image Manipulation Program with an Uncommonly Long Name", "image-x-generic");
+    for (int more = 0; more < 12; ++more) {
+        run("org.example.more", ("Program " + std::to_string(more)).c_str(), "text-x-generic");
+    }
+}
+
+void protect(SettingsFixture& pane) {
+    for (const char* identifier : {"org.gnome.Calculator", "org.mozilla.firefox",
+                                   "com.jetbrains.fleet", "org.example.NotInstalled"}) {
+        pane.settings.addToNeverQuit(identifier);
+    }
+}
+
+void render(const QDir& folder, const QString& suffix) {
+    SettingsFixture pane;
+    fill(pane);
+    UnavailableUpdater noUpdates;
+    pane.open(noUpdates);
+    save(pane.window, folder.filePath("top" + suffix));
+    auto* bar = pane.view->findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    save(pane.window, folder.filePath("bottom" + suffix));
+    bar->setValue(0);
+
+    protect(pane);
+    pane.settings.setAutoQuitEnabled(true);
+    pane.settings.setViewBackgroundApps(true);
+    pane.settings.setOpenAtLogin(true);
+    pane.window.setAttribute(Qt::WA_KeyboardFocusChange);
+    pane.window.activateWindow();
+    pane.view->findChild<QAbstractButton*>("playSounds")->setFocus();
+    pane.window.resize(450, 1320);
+    save(pane.window, folder.filePath("all" + suffix));
+
+    pane.view->findChild<QAbstractButton*>("addApp")->click();
+    settle();
+    auto* sheet = pane.window.findChild<QDialog*>("addAppSheet");
+    save(*sheet, folder.filePath("sheet" + suffix));
+    sheet->close();
+    settle();
+
+    auto* picker = pane.view->findChild<QComboBox*>("autoQuitMinutes");
+    picker->showPopup();
+    settle();
+    save(*picker->findChild<QWidget*>()->window(), folder.filePath("popup" + suffix));
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget != &pane.window) {
+            save(*widget, folder.filePath("popup" + suffix));
+        }
+    }
+    picker->hidePopup();
+}
+
+void renderEmptySheet(const QDir& folder, const QString& suffix) {
+    SettingsFixture pane;
+    pane.open();
+    pane.view->findChild<QAbstractButton*>("addApp")->click();
+    settle();
+    save(*pane.window.findChild<QDialog*>("addAppSheet"), folder.filePath("no-apps" + suffix));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: settings gallery FOLDER\n");
+        return 2;
+    }
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(".");
+    QIcon::setThemeSearchPaths({"/usr/share/icons"});
+    QIcon::setThemeName("Adwaita");
+    installTheme(application);
+    const QtLocalizedStrings strings{QLocale(QLocale::English)};
+    setAppearance(Appearance::light);
+    render(folder, "-light.png");
+    renderEmptySheet(folder, "-light.png");
+    setAppearance(Appearance::dark);
+    render(folder, "-dark.png");
+    renderEmptySheet(folder, "-dark.png");
+
+    setAppearance(Appearance::light);
+    German german;
+    QCoreApplication::installTranslator(&german);
+    render(folder, "-german.png");
+    QFont font = QApplication::font();
+    font.setPointSize(15);
+    QApplication::setFont(font);
+    render(folder, "-german-larger.png");
+    QCoreApplication::removeTranslator(&german);
+    render(folder, "-larger.png");
+    return 0;
+}
