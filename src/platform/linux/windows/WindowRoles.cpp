@@ -40,6 +40,7 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
         role.isShell = window.type == WindowType::dock || window.type == WindowType::desktop;
         const bool isPlain = isApplicationType(window.type) && !role.isTransient;
         role.isRegular = isPlain && !window.skipsTaskbar;
+        role.isHidden = isPlain && window.skipsTaskbar;
         role.mayBeAsked = isPlain && window.canBeAsked;
         roles.push_back(role);
     }

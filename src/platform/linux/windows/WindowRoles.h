@@ -14,6 +14,8 @@ struct WindowRole {
     bool isTransient = false;
     /// A window that makes its process an application that users switch to.
     bool isRegular = false;
+    /// It would do so if it did not stay out of task bars.
+    bool isHidden = false;
     /// A window that a polite quit may ask to close.
     bool mayBeAsked = false;
     /// A panel or a desktop background: part of the desktop, whatever else its process shows.

@@ -1,0 +1,66 @@
+#include "platform/linux/workspace/ActivationRules.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+#include <utility>
+
+namespace calmora {
+
+ActivationPolicy activationPolicy(const ActivationFacts& facts) {
+    if (facts.isProtected || facts.isShell) {
+        return ActivationPolicy::prohibited;
+    }
+    if (facts.hasRegularWindow) {
+        return ActivationPolicy::regular;
+    }
+    return facts.hasHiddenWindow || facts.hasTrayIcon || facts.wasRegular || facts.isAgent
+               ? ActivationPolicy::accessory
+               : ActivationPolicy::prohibited;
+}
+
+std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
+                                     const std::set<ProcessId>& applications,
+                                     const std::function<ProcessId(ProcessId)>& parentOf) {
+    std::map<ProcessId, const AgentCandidate*> byProcess;
+    std::map<std::string, std::pair<std::uint64_t, ProcessId>> firstOfUnit;
+    for (const AgentCandidate& candidate : candidates) {
+        byProcess.emplace(candidate.process, &candidate);
+        if (!candidate.unit.empty()) {
+            const std::pair age{candidate.startTime, candidate.process};
+            const auto [first, isNew] = firstOfUnit.emplace(candidate.unit, age);
+            first->second = std::min(first->second, age);
+        }
+    }
+    const auto isInstalled = [&](ProcessId process) {
+        const auto found = byProcess.find(process);
+        return found != byProcess.end() && found->second->isInstalled;
+    };
+    const auto isHelper = [&](const AgentCandidate& candidate) {
+        if (!candidate.unit.empty() &&
+            firstOfUnit.at(candidate.unit).second != candidate.process) {
+            return true;
+        }
+        // Bounded, since the tree may change while it is climbed.
+        ProcessId ancestor = parentOf(candidate.process);
+        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
+            const auto found = byProcess.find(ancestor);
+            if (applications.contains(ancestor) || isInstalled(ancestor) ||
+                (found != byProcess.end() && found->second->identifier == candidate.identifier)) {
+                return true;
+            }
+            ancestor = parentOf(ancestor);
+        }
+        return false;
+    };
+    std::vector<ProcessId> agents;
+    for (const AgentCandidate& candidate : candidates) {
+        if (candidate.identifier && candidate.isInstalled &&
+            !applications.contains(candidate.process) && !isHelper(candidate)) {
+            agents.push_back(candidate.process);
+        }
+    }
+    return agents;
+}
+
+} // namespace calmora

@@ -1,0 +1,199 @@
+#include "platform/linux/workspace/ApplicationList.h"
+
+#include "platform/linux/bus/BusApplications.h"
+#include "platform/linux/identity/ApplicationIdentifier.h"
+#include "platform/linux/proc/ProcessReader.h"
+#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/windows/WindowRoles.h"
+#include "platform/linux/xdg/InstalledApplications.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+bool namesNothing(const Image& image) {
+    return image.themeName.empty() && image.file.empty() && !image.pixels;
+}
+
+/// Windows of other processes in the window groups of `own`.
+std::vector<TopLevelWindow> groupWindows(const std::vector<TopLevelWindow>& own,
+                                         const std::vector<TopLevelWindow>& all) {
+    std::set<WindowId> groups;
+    for (const TopLevelWindow& window : own) {
+        if (window.group != 0) {
+            groups.insert(window.group);
+        }
+    }
+    std::vector<TopLevelWindow> result;
+    if (!groups.empty()) {
+        std::ranges::copy_if(all, std::back_inserter(result), [&](const TopLevelWindow& window) {
+            return groups.contains(window.group) && window.process != own.front().process;
+        });
+    }
+    return result;
+}
+
+} // namespace
+
+ApplicationList::ApplicationList(WorkspaceSources sources)
+    : sources_(std::move(sources)), background_(sources_.reader) {}
+
+void ApplicationList::refreshInstalled() {
+    if (sources_.installed.refresh()) {
+        byProcess_.clear();
+        background_.forget();
+    }
+}
+
+void ApplicationList::scanBackground() {
+    refreshInstalled();
+    background_.scan(sources_.installed.index());
+    const auto icons = sources_.windows.trayIconProcesses();
+    trayIcons_ = std::set<ProcessId>(icons.begin(), icons.end());
+}
+
+ApplicationList::Candidates ApplicationList::candidates() {
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    const auto roles = windowRoles(windows);
+    Candidates found;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const TopLevelWindow& window = windows[i];
+        if (!window.process) {
+            continue;
+        }
+        Candidate& candidate = found[*window.process];
+        ActivationFacts& facts = candidate.facts;
+        facts.isShell = facts.isShell || roles[i].isShell;
+        facts.hasRegularWindow = facts.hasRegularWindow || roles[i].isRegular;
+        facts.hasHiddenWindow = facts.hasHiddenWindow || roles[i].isHidden;
+        candidate.windows.push_back(window);
+    }
+    for (const ProcessId process : sources_.bus.statusItemProcesses()) {
+        found[process].facts.hasTrayIcon = true;
+    }
+    for (const ProcessId process : trayIcons_) {
+        found[process].facts.hasTrayIcon = true;
+    }
+    for (const auto& [process, startTime] : wereRegular_) {
+        found[process].facts.wasRegular = true;
+    }
+    std::set<ProcessId> applications;
+    for (const auto& [process, candidate] : found) {
+        if (activationPolicy(candidate.facts) != ActivationPolicy::prohibited) {
+            applications.insert(process);
+        }
+    }
+    for (const ProcessId process : background_.agents(applications)) {
+        found[process].facts.isAgent = true;
+    }
+    return found;
+}
+
+const ApplicationList::Applications& ApplicationList::update() {
+    refreshInstalled();
+    Candidates found = candidates();
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
+    std::map<ProcessId, std::uint64_t> regular;
+    for (auto& [process, candidate] : found) {
+        if (auto application = listed(process, candidate, windows)) {
+            if (application->policy == ActivationPolicy::regular || candidate.facts.wasRegular) {
+                regular.emplace(process, application->process.startTime);
+            }
+            current.emplace(process, std::move(application));
+        }
+    }
+    wereRegular_ = std::move(regular);
+    byProcess_ = std::move(current);
+    applications_.clear();
+    for (const auto& [process, application] : byProcess_) {
+        applications_.push_back(application);
+    }
+    std::ranges::stable_sort(applications_, {}, [](const auto& application) {
+        return application->process.startTime;
+    });
+    return applications_;
+}
+
+std::shared_ptr<const ListedApplication>
+ApplicationList::listed(ProcessId process, Candidate& candidate,
+                        const std::vector<TopLevelWindow>& windows) {
+    if (activationPolicy(candidate.facts) == ActivationPolicy::prohibited) {
+        return nullptr;
+    }
+    const auto stat = sources_.reader.stat(process);
+    if (!stat || stat->isGone()) {
+        return nullptr;
+    }
+    if (const auto was = wereRegular_.find(process);
+        was != wereRegular_.end() && was->second != stat->startTime) {
+        // The id passed to another process, which starts anew.
+        wereRegular_.erase(was);
+        candidate.facts.wasRegular = false;
+    }
+    candidate.facts.isProtected = sources_.protection.isProtected(process);
+    const ActivationPolicy policy = activationPolicy(candidate.facts);
+    if (policy == ActivationPolicy::prohibited) {
+        return nullptr;
+    }
+    const auto known = byProcess_.find(process);
+    const bool isKnown = known != byProcess_.end() &&
+                         known->second->process.startTime == stat->startTime;
+    if (isKnown && known->second->policy == policy &&
+        known->second->windows == candidate.windows && known->second->icon) {
+        return known->second;
+    }
+    auto application = std::make_shared<ListedApplication>();
+    application->policy = policy;
+    application->windows = std::move(candidate.windows);
+    if (isKnown && (application->windows.empty() ||
+                    application->windows == known->second->windows)) {
+        // Its windows told best who it is, also after they are gone.
+        application->process = known->second->process;
+        application->identity = known->second->identity;
+        application->icon = known->second->icon;
+    } else {
+        auto details = sources_.reader.details(process);
+        if (!details) {
+            return nullptr;
+        }
+        ApplicationFacts facts;
+        facts.process = *std::move(details);
+        facts.parent = sources_.reader.details(facts.process.parent);
+        facts.windows = application->windows;
+        facts.groupWindows = groupWindows(facts.windows, windows);
+        application->identity = identify(facts, sources_.installed.index());
+        application->process = std::move(facts.process);
+    }
+    if (!application->icon) {
+        application->icon = iconOf(application->identity, application->windows);
+    }
+    const bool mayHide = candidate.facts.hasTrayIcon || sources_.bus.isMediaPlayer(process);
+    for (const TopLevelWindow& window : application->windows) {
+        if (mayHide && !window.gtkBusName.empty()) {
+            sources_.bus.learnActions({window.gtkBusName, window.gtkObjectPath});
+        }
+    }
+    return application;
+}
+
+std::optional<Image> ApplicationList::iconOf(const ApplicationIdentity& identity,
+                                             const std::vector<TopLevelWindow>& windows) {
+    if (!namesNothing(identity.icon)) {
+        return identity.icon;
+    }
+    for (const TopLevelWindow& window : windows) {
+        if (auto pixels = sources_.windows.icon(window.id)) {
+            Image image;
+            image.pixels = std::move(pixels);
+            return image;
+        }
+    }
+    return {};
+}
+
+} // namespace calmora

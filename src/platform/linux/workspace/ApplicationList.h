@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/linux/identity/ApplicationFacts.h"
+#include "platform/linux/identity/ApplicationIdentity.h"
+#include "platform/linux/workspace/BackgroundScan.h"
+#include "platform/linux/workspace/WorkspaceSources.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace calmora {
+
+/// One process that is an application, at one moment.
+struct ListedApplication {
+    ProcessDetails process;
+    ApplicationIdentity identity;
+    ActivationPolicy policy = ActivationPolicy::prohibited;
+    /// All its windows, oldest first.
+    std::vector<TopLevelWindow> windows;
+    /// The desktop entry's picture, else the window's own; absent where there is neither.
+    std::optional<Image> icon;
+
+    /// Whether both are the same process: process ids are reused.
+    [[nodiscard]] bool isSameProcess(const ListedApplication& other) const {
+        return process.pid == other.process.pid && process.startTime == other.process.startTime;
+    }
+};
+
+/// Puts windows, processes and desktop entries together to the list of running applications.
+/// Whatever has not changed since the last time is not read or worked out again. Main thread.
+class ApplicationList {
+  public:
+    using Applications = std::vector<std::shared_ptr<const ListedApplication>>;
+
+    explicit ApplicationList(WorkspaceSources sources);
+
+    /// Looks for applications that only the processes tell of; update() finds those of the last
+    /// scan.
+    void scanBackground();
+
+    /// Brings the list up to date. By ascending start time, then process id.
+    const Applications& update();
+
+    /// As of the last update().
+    [[nodiscard]] const Applications& applications() const { return applications_; }
+
+  private:
+    struct Candidate {
+        std::vector<TopLevelWindow> windows;
+        ActivationFacts facts;
+    };
+
+    using Candidates = std::map<ProcessId, Candidate>;
+
+    void refreshInstalled();
+    [[nodiscard]] Candidates candidates();
+    [[nodiscard]] std::shared_ptr<const ListedApplication>
+    listed(ProcessId process, Candidate& candidate, const std::vector<TopLevelWindow>& windows);
+    [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
+                                              const std::vector<TopLevelWindow>& windows);
+
+    WorkspaceSources sources_;
+    BackgroundScan background_;
+    std::set<ProcessId> trayIcons_;
+    /// Start times of the processes that had a window that users switch to.
+    std::map<ProcessId, std::uint64_t> wereRegular_;
+    Applications applications_;
+    std::map<ProcessId, std::shared_ptr<const ListedApplication>> byProcess_;
+};
+
+} // namespace calmora

@@ -1,0 +1,120 @@
+#include "platform/linux/workspace/BackgroundScan.h"
+
+#include "platform/linux/identity/ApplicationIdentifier.h"
+#include "platform/linux/proc/ProcessReader.h"
+
+#include <charconv>
+#include <dirent.h>
+#include <memory>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+constexpr std::size_t mostProcesses = 4096;
+/// How long after its start a process may still replace its program: launcher scripts do.
+constexpr std::chrono::seconds settlingTime{15};
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// The folders of the user's processes in /proc with their numbers. `isKnown` spares asking for
+/// the owner.
+template <typename IsKnown>
+std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& isKnown) {
+    std::vector<std::pair<ProcessId, std::uint64_t>> result;
+    const std::unique_ptr<DIR, CloseFolder> proc(::opendir("/proc"));
+    if (!proc) {
+        return result;
+    }
+    const uid_t user = ::getuid();
+    while (const dirent* entry = ::readdir(proc.get())) {
+        const std::string_view name(entry->d_name);
+        ProcessId process = 0;
+        const auto [end, error] =
+            std::from_chars(name.data(), name.data() + name.size(), process);
+        if (error != std::errc() || end != name.data() + name.size()) {
+            continue;
+        }
+        if (!isKnown(process, entry->d_ino)) {
+            struct stat status {};
+            if (::fstatat(::dirfd(proc.get()), entry->d_name, &status, 0) != 0 ||
+                status.st_uid != user) {
+                continue;
+            }
+        }
+        result.emplace_back(process, entry->d_ino);
+        if (result.size() >= mostProcesses) {
+            break;
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+void BackgroundScan::scan(const DesktopEntryIndex& index) {
+    const auto folders = processFolders([&](ProcessId process, std::uint64_t inode) {
+        const auto known = known_.find(process);
+        return known != known_.end() && known->second.inode == inode;
+    });
+    const auto now = std::chrono::steady_clock::now();
+    std::map<ProcessId, Known> current;
+    for (const auto& [process, inode] : folders) {
+        Known known;
+        const auto found = known_.find(process);
+        if (found != known_.end() && found->second.inode == inode) {
+            known = std::move(found->second);
+        } else {
+            known.inode = inode;
+            known.firstSeen = now;
+        }
+        if (!known.isSettled) {
+            read(process, known, index);
+            known.isSettled = now - known.firstSeen >= settlingTime;
+        }
+        current.emplace_hint(current.end(), process, std::move(known));
+    }
+    known_ = std::move(current);
+}
+
+void BackgroundScan::read(ProcessId process, Known& known, const DesktopEntryIndex& index) const {
+    const auto stat = reader_.stat(process);
+    if (!stat || stat->isKernelThread || stat->comm == known.comm) {
+        known.isSettled = stat && stat->isKernelThread;
+        return;
+    }
+    const auto details = reader_.details(process);
+    if (!details) {
+        return;
+    }
+    known.comm = details->comm;
+    known.candidate = {process, details->startTime, {}, false, {}};
+    if (const auto identity = identifyWindowless(*details, index)) {
+        known.candidate.identifier = identity->bundleIdentifier;
+        known.candidate.isInstalled = identity->isVisible || identity->isAutostart;
+    }
+    if (!desktopIdsOfCgroup(details->cgroup).empty() || snapOfCgroup(details->cgroup)) {
+        known.candidate.unit = details->cgroup;
+    }
+}
+
+std::vector<ProcessId> BackgroundScan::agents(const std::set<ProcessId>& applications) const {
+    std::vector<AgentCandidate> candidates;
+    for (const auto& [process, known] : known_) {
+        if (known.candidate.identifier || !known.candidate.unit.empty()) {
+            candidates.push_back(known.candidate);
+        }
+    }
+    return topmostAgents(candidates, applications, [&](ProcessId process) {
+        const auto stat = reader_.stat(process);
+        return stat ? stat->parent : ProcessId{0};
+    });
+}
+
+} // namespace calmora

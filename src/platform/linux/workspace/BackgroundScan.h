@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+#include "platform/linux/workspace/ActivationRules.h"
+#include "platform/linux/xdg/DesktopEntryIndex.h"
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace calmora {
+
+class ProcessReader;
+
+/// Finds the user's processes that were started as an installed application. Reads each process
+/// once, and those that have just started again: they may still turn into another program.
+/// Main thread.
+class BackgroundScan {
+  public:
+    /// `reader` outlives the scan.
+    explicit BackgroundScan(const ProcessReader& reader) : reader_(reader) {}
+
+    /// Looks at all processes again. Cost: about 1 µs for each process that is known.
+    void scan(const DesktopEntryIndex& index);
+
+    /// Forgets what processes were taken for, because the installed applications changed.
+    void forget() { known_.clear(); }
+
+    /// The background applications of the last scan(), see topmostAgents().
+    [[nodiscard]] std::vector<ProcessId>
+    agents(const std::set<ProcessId>& applications) const;
+
+  private:
+    struct Known {
+        /// Number of the process's folder: a later process with the same id has another one.
+        std::uint64_t inode = 0;
+        std::chrono::steady_clock::time_point firstSeen;
+        std::string comm;
+        AgentCandidate candidate;
+        bool isSettled = false;
+    };
+
+    void read(ProcessId process, Known& known, const DesktopEntryIndex& index) const;
+
+    const ProcessReader& reader_;
+    std::map<ProcessId, Known> known_;
+};
+
+} // namespace calmora

@@ -1,0 +1,158 @@
+#include "platform/linux/workspace/LinuxRunningApplication.h"
+
+#include "platform/ProcessTable.h"
+#include "platform/linux/bus/BusApplications.h"
+#include "platform/linux/proc/ProcessMemory.h"
+#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/windows/WindowRoles.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <set>
+#include <thread>
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+/// How long an application may take to hide all its windows, and how often that is looked at.
+constexpr std::chrono::milliseconds hidingTime{300};
+constexpr std::chrono::milliseconds hidingStep{20};
+
+} // namespace
+
+LinuxRunningApplication::LinuxRunningApplication(
+    const WorkspaceSources& sources, QuitRequests& requests,
+    std::shared_ptr<const ListedApplication> application, std::string bundle)
+    : sources_(sources), requests_(requests), application_(std::move(application)),
+      bundle_(std::move(bundle)) {}
+
+std::optional<std::string> LinuxRunningApplication::bundleIdentifier() const {
+    return application_->identity.bundleIdentifier;
+}
+
+std::optional<std::string> LinuxRunningApplication::bundleURL() const { return bundle_; }
+
+std::optional<std::filesystem::path> LinuxRunningApplication::executableURL() const {
+    return application_->process.executable;
+}
+
+ProcessId LinuxRunningApplication::processIdentifier() const { return application_->process.pid; }
+
+bool LinuxRunningApplication::isTerminated() const {
+    const ProcessId process = processIdentifier();
+    return sources_.memory.startTime(process) != application_->process.startTime ||
+           sources_.memory.isGone(process);
+}
+
+bool LinuxRunningApplication::terminate() {
+    const ProcessId process = processIdentifier();
+    if (isTerminated() || sources_.protection.isProtected(process)) {
+        return false;
+    }
+    const std::vector<TopLevelWindow> before = sources_.windows.windows();
+    if (requests_.isAsking(process, application_->process.startTime, before)) {
+        return false;
+    }
+    requests_.remember(process, application_->process.startTime, before);
+
+    const bool hides = hidesWhenClosed();
+    if (hides && quitOverBus()) {
+        return true;
+    }
+    if (requestClose()) {
+        if (hides) {
+            endOnceHidden();
+        }
+        return true;
+    }
+    return quitOverBus() || sources_.processes.sendSignal(process, SIGTERM) == 0;
+}
+
+bool LinuxRunningApplication::forceTerminate() {
+    if (isTerminated()) {
+        return false;
+    }
+    const bool sent = sources_.processes.sendSignal(processIdentifier(), SIGTERM) == 0;
+    if (sent) {
+        // Fails when the process is gone already, which is well.
+        sources_.processes.sendSignal(processIdentifier(), SIGCONT);
+    }
+    return sent;
+}
+
+std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    const auto roles = windowRoles(windows);
+    std::vector<WindowId> result;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i].process == processIdentifier() && roles[i].mayBeAsked) {
+            result.push_back(windows[i].id);
+        }
+    }
+    return result;
+}
+
+bool LinuxRunningApplication::hidesWhenClosed() const {
+    const ProcessId process = processIdentifier();
+    const auto icons = sources_.windows.trayIconProcesses();
+    return sources_.bus.ownsStatusItem(process) || sources_.bus.isMediaPlayer(process) ||
+           std::ranges::find(icons, process) != icons.end();
+}
+
+bool LinuxRunningApplication::quitOverBus() {
+    bool sent = sources_.bus.quitMediaPlayer(processIdentifier());
+    for (const TopLevelWindow& window : application_->windows) {
+        sent = sent || (!window.gtkBusName.empty() &&
+                        sources_.bus.activateQuit({window.gtkBusName, window.gtkObjectPath}));
+    }
+    if (sent) {
+        sources_.bus.flush();
+    }
+    return sent;
+}
+
+bool LinuxRunningApplication::requestClose() {
+    bool sent = false;
+    for (const WindowId window : askableWindows()) {
+        sent = sources_.windows.requestClose(window) || sent;
+    }
+    // The caller sleeps from here on, and nothing else would send what waits.
+    sources_.windows.flush();
+    return sent;
+}
+
+/// The wait stands here and not in the main loop, which does not turn while an application is
+/// being quit. It takes no longer in sum: the caller waits for the end of the process anyway, and
+/// an application that does end stops the wait.
+void LinuxRunningApplication::endOnceHidden() {
+    const ProcessId process = processIdentifier();
+    std::set<WindowId> before;
+    for (const TopLevelWindow& window : sources_.windows.windows()) {
+        before.insert(window.id);
+    }
+    const auto deadline = std::chrono::steady_clock::now() + hidingTime;
+    bool hasWindow = true;
+    while (std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(hidingStep);
+        if (isTerminated()) {
+            return;
+        }
+        hasWindow = false;
+        for (const TopLevelWindow& window : sources_.windows.windows()) {
+            if (window.process == process) {
+                hasWindow = true;
+                if (!before.contains(window.id)) {
+                    return; // It asks something.
+                }
+            }
+        }
+    }
+    if (!hasWindow && sources_.windows.isAlive()) {
+        sources_.processes.sendSignal(process, SIGTERM);
+    }
+}
+
+} // namespace calmora

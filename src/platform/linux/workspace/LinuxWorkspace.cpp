@@ -1,0 +1,327 @@
+#include "platform/linux/workspace/LinuxWorkspace.h"
+
+#include "platform/linux/bus/BusApplications.h"
+#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/identity/BundlePath.h"
+#include "platform/linux/identity/KnownIds.h"
+#include "platform/linux/proc/PidFd.h"
+#include "platform/linux/proc/ProcessMemory.h"
+#include "platform/linux/proc/ProcessReader.h"
+#include "platform/linux/windows/WindowRoles.h"
+#include "platform/linux/xdg/InstalledApplications.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+constexpr std::chrono::seconds scanInterval{2};
+/// Ends beyond these are noticed when the windows go.
+constexpr std::size_t mostEndWatches = 256;
+constexpr std::string_view fileManagerIdentifier = "com.apple.finder";
+
+WorkspaceApplication valueOf(const ListedApplication& application) {
+    WorkspaceApplication value;
+    value.processIdentifier = application.process.pid;
+    value.bundleIdentifier = application.identity.bundleIdentifier;
+    value.localizedName = application.identity.localizedName;
+    value.icon = application.icon;
+    value.activationPolicy = application.policy;
+    return value;
+}
+
+/// The same process in another list; null when it is not there.
+std::shared_ptr<const ListedApplication> counterpart(const ListedApplication& application,
+                                                     const ApplicationList::Applications& list) {
+    const auto found = std::ranges::find_if(
+        list, [&](const auto& other) { return other->isSameProcess(application); });
+    return found == list.end() ? nullptr : *found;
+}
+
+} // namespace
+
+LinuxWorkspace::LinuxWorkspace(WorkspaceSources sources)
+    : sources_(sources), list_(std::move(sources)),
+      launched_([this](bool) { listenersChanged(); }),
+      terminated_([this](bool) { listenersChanged(); }),
+      activated_([this](bool) { listenersChanged(); }),
+      lookers_([this](bool) { scanWhileLookedAt(); }) {}
+
+LinuxWorkspace::~LinuxWorkspace() = default;
+
+std::vector<WorkspaceApplication> LinuxWorkspace::runningApplications() {
+    if (!scanning_) {
+        list_.scanBackground();
+    }
+    std::vector<WorkspaceApplication> result;
+    for (const Application& application : list_.update()) {
+        // From now on this id means this process to whoever quits what they were shown.
+        sources_.memory.hold(application->process.pid);
+        result.push_back(valueOf(*application));
+    }
+    tellSoon();
+    return result;
+}
+
+LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
+    const auto active = sources_.windows.activeWindow();
+    if (!active) {
+        return nullptr;
+    }
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    const WindowId top = topmostParent(windows, *active);
+    const auto window = std::ranges::find(windows, top, &TopLevelWindow::id);
+    if (window == windows.end() || !window->process) {
+        return nullptr;
+    }
+    const ProcessId process = *window->process;
+    for (const Application& application : list_.update()) {
+        if (application->process.pid == process) {
+            return application;
+        }
+    }
+    return nullptr;
+}
+
+std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {
+    const Application application = activeApplication();
+    tellSoon();
+    return application ? std::optional(valueOf(*application)) : std::nullopt;
+}
+
+std::unique_ptr<RunningApplication> LinuxWorkspace::runningApplication(ProcessId process) {
+    for (const Application& application : list_.update()) {
+        if (application->process.pid == process) {
+            return bound(application);
+        }
+    }
+    return nullptr;
+}
+
+std::vector<std::unique_ptr<RunningApplication>>
+LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) {
+    std::vector<std::unique_ptr<RunningApplication>> result;
+    // A copy: binding one asks for more than the list.
+    const ApplicationList::Applications applications = list_.update();
+    for (const Application& application : applications) {
+        if (application->identity.bundleIdentifier == bundleIdentifier) {
+            if (auto running = bound(application)) {
+                result.push_back(std::move(running));
+            }
+        }
+    }
+    return result;
+}
+
+std::unique_ptr<RunningApplication> LinuxWorkspace::bound(const Application& application) {
+    const ProcessId process = application->process.pid;
+    if (!sources_.memory.startTime(process)) {
+        sources_.memory.hold(process);
+    }
+    if (sources_.memory.startTime(process) != application->process.startTime ||
+        sources_.memory.isGone(process)) {
+        return nullptr;
+    }
+    std::vector<std::string> others;
+    for (const Application& other : list_.applications()) {
+        if (other->identity.bundleIdentifier != application->identity.bundleIdentifier &&
+            other->process.executable) {
+            others.push_back(*other->process.executable);
+        }
+    }
+    return std::make_unique<LinuxRunningApplication>(
+        sources_, requests_, application,
+        bundlePath(application->process, application->identity, sources_.home, others));
+}
+
+std::string LinuxWorkspace::canonicalIdentifier(const std::string& identifier) const {
+    sources_.installed.refresh();
+    const std::string& fileManager = sources_.installed.index().fileManager();
+    if (!fileManager.empty() && identifier == fileManager) {
+        return std::string(fileManagerIdentifier);
+    }
+    return wellKnownIdentifier(identifier);
+}
+
+std::optional<InstalledApplication>
+LinuxWorkspace::installedApplication(const std::string& bundleIdentifier) const {
+    sources_.installed.refresh();
+    const DesktopEntryIndex& index = sources_.installed.index();
+    const DesktopEntry* entry = index.withId(
+        bundleIdentifier == fileManagerIdentifier ? index.fileManager() : bundleIdentifier);
+    for (const KnownId& known : knownIds()) {
+        if (entry != nullptr) {
+            break;
+        }
+        if (known.wellKnown == bundleIdentifier) {
+            entry = index.withId(known.desktopId);
+        }
+    }
+    if (entry == nullptr) {
+        return {};
+    }
+    InstalledApplication application{entry->name, {}, entry->path};
+    if (!entry->icon.empty()) {
+        application.icon = iconImage(entry->icon);
+    }
+    return application;
+}
+
+Subscription LinuxWorkspace::onLaunched(Handler handler) {
+    return launched_.connect(std::move(handler));
+}
+
+Subscription LinuxWorkspace::onTerminated(Handler handler) {
+    return terminated_.connect(std::move(handler));
+}
+
+Subscription LinuxWorkspace::onActivated(Handler handler) {
+    return activated_.connect(std::move(handler));
+}
+
+Subscription LinuxWorkspace::lookAtList() {
+    return lookers_.connect([] {});
+}
+
+bool LinuxWorkspace::isListening() const {
+    return launched_.hasListeners() || terminated_.hasListeners();
+}
+
+void LinuxWorkspace::listenersChanged() {
+    if (isListening() && !windowsChanged_) {
+        windowsChanged_ = sources_.windows.onWindowsChanged([this] { changed(); });
+        busChanged_ = sources_.bus.onChanged([this] { changed(); });
+        // What runs already is no news.
+        told_ = list_.update();
+        watchEnds();
+    } else if (!isListening()) {
+        windowsChanged_.reset();
+        busChanged_.reset();
+        telling_.reset();
+        ends_.clear();
+        told_.clear();
+    }
+    if (activated_.hasListeners() && !activeChanged_) {
+        activeChanged_ = sources_.windows.onActiveWindowChanged([this] { activeChanged(); });
+        lastActive_ = activeApplication();
+    } else if (!activated_.hasListeners()) {
+        activeChanged_.reset();
+        unknownWindow_.reset();
+        lastActive_.reset();
+    }
+    scanWhileLookedAt();
+}
+
+void LinuxWorkspace::scanWhileLookedAt() {
+    const bool wanted = lookers_.hasListeners() && isListening();
+    if (wanted && !scanning_) {
+        list_.scanBackground();
+        scanning_ = sources_.events.every(scanInterval, [this] {
+            list_.scanBackground();
+            changed();
+        });
+        tellSoon();
+    } else if (!wanted) {
+        scanning_.reset();
+    }
+}
+
+void LinuxWorkspace::watchEnds() {
+    std::map<ProcessId, EndWatch> watches;
+    for (const Application& application : told_) {
+        const ProcessId process = application->process.pid;
+        if (watches.size() >= mostEndWatches) {
+            break;
+        }
+        const auto known = ends_.find(process);
+        if (known != ends_.end() && !known->second.process->hasExited()) {
+            watches.insert(ends_.extract(known));
+            continue;
+        }
+        EndWatch watch;
+        watch.process = sources_.memory.startTime(process) == application->process.startTime
+                            ? sources_.memory.descriptor(process)
+                            : nullptr;
+        if (!watch.process) {
+            if (auto opened = PidFd::open(process)) {
+                watch.process = std::make_shared<const PidFd>(*std::move(opened));
+            }
+        }
+        if (watch.process) {
+            watch.subscription =
+                sources_.events.watch(watch.process->descriptor(), [this, process] {
+                    // It stays readable for good.
+                    ends_.erase(process);
+                    changed();
+                });
+            watches.emplace(process, std::move(watch));
+        }
+    }
+    ends_ = std::move(watches);
+}
+
+void LinuxWorkspace::changed() {
+    telling_.reset();
+    if (!isListening()) {
+        return;
+    }
+    const ApplicationList::Applications before = std::exchange(told_, list_.update());
+    const ApplicationList::Applications after = told_;
+    watchEnds();
+    for (const Application& application : before) {
+        const Application now = counterpart(*application, after);
+        const bool wasRegular = application->policy == ActivationPolicy::regular;
+        if (!now || (wasRegular && now->policy != ActivationPolicy::regular)) {
+            terminated_.emit(valueOf(*application));
+        }
+    }
+    for (const Application& application : after) {
+        const Application was = counterpart(*application, before);
+        const bool isRegular = application->policy == ActivationPolicy::regular;
+        if (!was || (isRegular && was->policy != ActivationPolicy::regular)) {
+            launched_.emit(valueOf(*application));
+        }
+    }
+}
+
+void LinuxWorkspace::tellSoon() {
+    if (!isListening() || telling_) {
+        return;
+    }
+    const auto& current = list_.applications();
+    const bool isSame =
+        current.size() == told_.size() &&
+        std::ranges::equal(current, told_, [](const Application& a, const Application& b) {
+            return a->isSameProcess(*b) && a->policy == b->policy;
+        });
+    if (!isSame) {
+        telling_ = sources_.events.later([this] { changed(); });
+    }
+}
+
+void LinuxWorkspace::activeChanged() {
+    const auto active = sources_.windows.activeWindow();
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    const bool isListed =
+        !active || std::ranges::find(windows, *active, &TopLevelWindow::id) != windows.end();
+    if (!isListed) {
+        // Some managers name the active window before they list it.
+        if (!unknownWindow_) {
+            unknownWindow_ = sources_.windows.onWindowsChanged([this] { activeChanged(); });
+        }
+        return;
+    }
+    unknownWindow_.reset();
+    const Application application = activeApplication();
+    tellSoon();
+    // Nothing and the desktop itself take no turn: coming back from there is no activation.
+    if (application && !(lastActive_ && lastActive_->isSameProcess(*application))) {
+        lastActive_ = application;
+        activated_.emit(valueOf(*application));
+    }
+}
+
+} // namespace calmora

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/linux/workspace/ApplicationList.h"
+#include "platform/linux/workspace/LinuxRunningApplication.h"
+#include "platform/linux/workspace/QuitRequests.h"
+#include "platform/linux/workspace/WorkspaceSources.h"
+#include "support/Signal.h"
+#include "support/Subscription.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class PidFd;
+
+/// The running applications of a Linux desktop. An application is a process; what makes it one is
+/// in ActivationRules.h, which one it is in ApplicationIdentifier.h.
+///
+/// Works only while someone listens for notices, by events alone: windows, the bus, and a pidfd
+/// for each application. Applications without windows, which no event announces, are looked for
+/// whenever the list is asked for, and every two seconds while lookAtList() says that somebody
+/// has it before their eyes. Main thread.
+class LinuxWorkspace final : public Workspace {
+  public:
+    explicit LinuxWorkspace(WorkspaceSources sources);
+    LinuxWorkspace(const LinuxWorkspace&) = delete;
+    LinuxWorkspace& operator=(const LinuxWorkspace&) = delete;
+    ~LinuxWorkspace() override;
+
+    [[nodiscard]] std::vector<WorkspaceApplication> runningApplications() override;
+    [[nodiscard]] std::optional<WorkspaceApplication> frontmostApplication() override;
+    [[nodiscard]] std::unique_ptr<RunningApplication>
+    runningApplication(ProcessId processIdentifier) override;
+    [[nodiscard]] std::vector<std::unique_ptr<RunningApplication>>
+    runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) override;
+    [[nodiscard]] std::string canonicalIdentifier(const std::string& identifier) const override;
+    [[nodiscard]] std::optional<InstalledApplication>
+    installedApplication(const std::string& bundleIdentifier) const override;
+    [[nodiscard]] Subscription onLaunched(Handler handler) override;
+    [[nodiscard]] Subscription onTerminated(Handler handler) override;
+    [[nodiscard]] Subscription onActivated(Handler handler) override;
+
+    /// Says that the list is on screen until the token ends.
+    [[nodiscard]] Subscription lookAtList();
+
+  private:
+    using Application = std::shared_ptr<const ListedApplication>;
+
+    /// Tells the end of one listed process.
+    struct EndWatch {
+        std::shared_ptr<const PidFd> process;
+        Subscription subscription;
+    };
+
+    void listenersChanged();
+    void scanWhileLookedAt();
+    void watchEnds();
+    void changed();
+    void activeChanged();
+    void tellSoon();
+    [[nodiscard]] bool isListening() const;
+    [[nodiscard]] Application activeApplication();
+    [[nodiscard]] std::unique_ptr<RunningApplication> bound(const Application& application);
+
+    WorkspaceSources sources_;
+    ApplicationList list_;
+    QuitRequests requests_;
+    Signal<const WorkspaceApplication&> launched_;
+    Signal<const WorkspaceApplication&> terminated_;
+    Signal<const WorkspaceApplication&> activated_;
+    Signal<> lookers_;
+
+    /// What the listeners have been told of.
+    ApplicationList::Applications told_;
+    Application lastActive_;
+    std::map<ProcessId, EndWatch> ends_;
+    Subscription windowsChanged_;
+    Subscription busChanged_;
+    Subscription activeChanged_;
+    Subscription unknownWindow_;
+    Subscription scanning_;
+    Subscription telling_;
+};
+
+} // namespace calmora

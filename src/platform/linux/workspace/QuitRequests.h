@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/ProcessId.h"
+#include "platform/linux/windows/WindowSystem.h"
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <span>
+
+namespace calmora {
+
+/// Remembers what was open when an application was last asked to quit. A dialog that has appeared
+/// since then is its question to the user, and must not be disturbed: closing it means Cancel.
+class QuitRequests {
+  public:
+    /// Whether the application has such a dialog open now.
+    [[nodiscard]] bool isAsking(ProcessId process, std::uint64_t startTime,
+                                std::span<const TopLevelWindow> windows) const;
+
+    /// The application is asked now, with these windows open.
+    void remember(ProcessId process, std::uint64_t startTime,
+                  std::span<const TopLevelWindow> windows);
+
+  private:
+    struct Request {
+        std::uint64_t startTime = 0;
+        std::set<WindowId> windows;
+    };
+
+    std::map<ProcessId, Request> requests_;
+};
+
+} // namespace calmora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace calmora {
+
+class BusApplications;
+class EventPoll;
+class InstalledApplications;
+class ProcessMemory;
+class ProcessReader;
+class ProcessTable;
+class ProtectedProcesses;
+class WindowSystem;
+
+/// What the workspace puts together. Everything outlives it.
+struct WorkspaceSources {
+    EventPoll& events;
+    WindowSystem& windows;
+    const ProcessReader& reader;
+    /// Shared with `processes`.
+    ProcessMemory& memory;
+    ProcessTable& processes;
+    InstalledApplications& installed;
+    ProtectedProcesses& protection;
+    BusApplications& bus;
+    /// The user's home folder; empty when it is not known.
+    std::string home;
+};
+
+} // namespace calmora
