@@ -300,6 +300,13 @@ pid_t VirtualDesktop::spawn(const std::vector<std::string>& command, int reportD
         return child;
     }
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // Whatever ran the test may have ignored or blocked signals, which children inherit.
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGCHLD}) {
+        std::signal(signal, SIG_DFL);
+    }
+    sigset_t none;
+    ::sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
     const int null = ::open("/dev/null", O_RDONLY);
     const int output = ::open(logFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
     ::dup2(null, 0);

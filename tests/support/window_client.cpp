@@ -59,11 +59,13 @@ class Client {
         if (options_.isTrayIcon) {
             dock(open(XCB_NONE, false));
         }
+        const xcb_atom_t deleteWindow = atom("WM_DELETE_WINDOW");
         xcb_flush(connection_);
         while (std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{
             xcb_wait_for_event(connection_), std::free}) {
+            const auto* message = reinterpret_cast<xcb_client_message_event_t*>(event.get());
             if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
-                !close(reinterpret_cast<xcb_client_message_event_t*>(event.get())->window)) {
+                message->data.data32[0] == deleteWindow && !close(message->window)) {
                 return 0;
             }
         }

@@ -103,6 +103,9 @@ TEST(WindowRoles, FollowTypeStateAndParents) {
     TopLevelWindow modal = window(2, 10, WindowType::dialog);
     modal.isModal = true;
     EXPECT_EQ(rolesOf({window(1, 10), modal}), "ra- t-") << "a modal dialog without a parent";
+    modal.skipsTaskbar = true;
+    EXPECT_EQ(rolesOf({modal}), "ra-") << "a program that starts with a question";
+    modal.skipsTaskbar = false;
     EXPECT_EQ(rolesOf({window(1, 20), modal}), "ra- ra-") << "the plain window is another's";
 }
 

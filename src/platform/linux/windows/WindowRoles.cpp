@@ -39,8 +39,10 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
             (window.isModal && hasPlainSibling);
         role.isShell = window.type == WindowType::dock || window.type == WindowType::desktop;
         const bool isPlain = isApplicationType(window.type) && !role.isTransient;
-        role.isRegular = isPlain && !window.skipsTaskbar;
-        role.isHidden = isPlain && window.skipsTaskbar;
+        // Some toolkits keep modal dialogs out of task bars, also one that is all there is.
+        const bool isHidden = window.skipsTaskbar && !window.isModal;
+        role.isRegular = isPlain && !isHidden;
+        role.isHidden = isPlain && isHidden;
         role.mayBeAsked = isPlain && window.canBeAsked;
         roles.push_back(role);
     }

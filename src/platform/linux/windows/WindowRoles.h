@@ -12,7 +12,8 @@ namespace calmora {
 struct WindowRole {
     /// It belongs to another window of the application, such as a question about unsaved work.
     bool isTransient = false;
-    /// A window that makes its process an application that users switch to.
+    /// A window that makes its process an application that users switch to. So does a modal
+    /// dialog where it is all that the process shows.
     bool isRegular = false;
     /// It would do so if it did not stay out of task bars.
     bool isHidden = false;

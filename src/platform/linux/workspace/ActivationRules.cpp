@@ -37,8 +37,7 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
         return found != byProcess.end() && found->second->isInstalled;
     };
     const auto isHelper = [&](const AgentCandidate& candidate) {
-        if (!candidate.unit.empty() &&
-            firstOfUnit.at(candidate.unit).second != candidate.process) {
+        if (!candidate.unit.empty() && firstOfUnit.at(candidate.unit).second != candidate.process) {
             return true;
         }
         // Bounded, since the tree may change while it is climbed.

@@ -113,9 +113,8 @@ const ApplicationList::Applications& ApplicationList::update() {
     for (const auto& [process, application] : byProcess_) {
         applications_.push_back(application);
     }
-    std::ranges::stable_sort(applications_, {}, [](const auto& application) {
-        return application->process.startTime;
-    });
+    std::ranges::stable_sort(
+        applications_, {}, [](const auto& application) { return application->process.startTime; });
     return applications_;
 }
 
@@ -141,17 +140,17 @@ ApplicationList::listed(ProcessId process, Candidate& candidate,
         return nullptr;
     }
     const auto known = byProcess_.find(process);
-    const bool isKnown = known != byProcess_.end() &&
-                         known->second->process.startTime == stat->startTime;
-    if (isKnown && known->second->policy == policy &&
-        known->second->windows == candidate.windows && known->second->icon) {
+    const bool isKnown =
+        known != byProcess_.end() && known->second->process.startTime == stat->startTime;
+    if (isKnown && known->second->policy == policy && known->second->windows == candidate.windows &&
+        known->second->icon) {
         return known->second;
     }
     auto application = std::make_shared<ListedApplication>();
     application->policy = policy;
     application->windows = std::move(candidate.windows);
-    if (isKnown && (application->windows.empty() ||
-                    application->windows == known->second->windows)) {
+    if (isKnown &&
+        (application->windows.empty() || application->windows == known->second->windows)) {
         // Its windows told best who it is, also after they are gone.
         application->process = known->second->process;
         application->identity = known->second->identity;

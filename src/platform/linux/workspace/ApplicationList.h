@@ -39,6 +39,10 @@ class ApplicationList {
 
     explicit ApplicationList(WorkspaceSources sources);
 
+    /// Reads the installed applications again where they have changed. What is known of running
+    /// ones is then worked out afresh, so nobody else may do that.
+    void refreshInstalled();
+
     /// Looks for applications that only the processes tell of; update() finds those of the last
     /// scan.
     void scanBackground();
@@ -57,7 +61,6 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
-    void refreshInstalled();
     [[nodiscard]] Candidates candidates();
     [[nodiscard]] std::shared_ptr<const ListedApplication>
     listed(ProcessId process, Candidate& candidate, const std::vector<TopLevelWindow>& windows);

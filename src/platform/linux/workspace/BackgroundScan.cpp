@@ -36,13 +36,12 @@ std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& i
     while (const dirent* entry = ::readdir(proc.get())) {
         const std::string_view name(entry->d_name);
         ProcessId process = 0;
-        const auto [end, error] =
-            std::from_chars(name.data(), name.data() + name.size(), process);
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
         if (error != std::errc() || end != name.data() + name.size()) {
             continue;
         }
         if (!isKnown(process, entry->d_ino)) {
-            struct stat status {};
+            struct stat status{};
             if (::fstatat(::dirfd(proc.get()), entry->d_name, &status, 0) != 0 ||
                 status.st_uid != user) {
                 continue;

@@ -30,8 +30,7 @@ class BackgroundScan {
     void forget() { known_.clear(); }
 
     /// The background applications of the last scan(), see topmostAgents().
-    [[nodiscard]] std::vector<ProcessId>
-    agents(const std::set<ProcessId>& applications) const;
+    [[nodiscard]] std::vector<ProcessId> agents(const std::set<ProcessId>& applications) const;
 
   private:
     struct Known {

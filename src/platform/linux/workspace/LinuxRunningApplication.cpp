@@ -33,13 +33,17 @@ std::optional<std::string> LinuxRunningApplication::bundleIdentifier() const {
     return application_->identity.bundleIdentifier;
 }
 
-std::optional<std::string> LinuxRunningApplication::bundleURL() const { return bundle_; }
+std::optional<std::string> LinuxRunningApplication::bundleURL() const {
+    return bundle_;
+}
 
 std::optional<std::filesystem::path> LinuxRunningApplication::executableURL() const {
     return application_->process.executable;
 }
 
-ProcessId LinuxRunningApplication::processIdentifier() const { return application_->process.pid; }
+ProcessId LinuxRunningApplication::processIdentifier() const {
+    return application_->process.pid;
+}
 
 bool LinuxRunningApplication::isTerminated() const {
     const ProcessId process = processIdentifier();

@@ -44,8 +44,7 @@ std::shared_ptr<const ListedApplication> counterpart(const ListedApplication& ap
 } // namespace
 
 LinuxWorkspace::LinuxWorkspace(WorkspaceSources sources)
-    : sources_(sources), list_(std::move(sources)),
-      launched_([this](bool) { listenersChanged(); }),
+    : sources_(sources), list_(std::move(sources)), launched_([this](bool) { listenersChanged(); }),
       terminated_([this](bool) { listenersChanged(); }),
       activated_([this](bool) { listenersChanged(); }),
       lookers_([this](bool) { scanWhileLookedAt(); }) {}
@@ -138,7 +137,7 @@ std::unique_ptr<RunningApplication> LinuxWorkspace::bound(const Application& app
 }
 
 std::string LinuxWorkspace::canonicalIdentifier(const std::string& identifier) const {
-    sources_.installed.refresh();
+    list_.refreshInstalled();
     const std::string& fileManager = sources_.installed.index().fileManager();
     if (!fileManager.empty() && identifier == fileManager) {
         return std::string(fileManagerIdentifier);
@@ -148,7 +147,7 @@ std::string LinuxWorkspace::canonicalIdentifier(const std::string& identifier) c
 
 std::optional<InstalledApplication>
 LinuxWorkspace::installedApplication(const std::string& bundleIdentifier) const {
-    sources_.installed.refresh();
+    list_.refreshInstalled();
     const DesktopEntryIndex& index = sources_.installed.index();
     const DesktopEntry* entry = index.withId(
         bundleIdentifier == fileManagerIdentifier ? index.fileManager() : bundleIdentifier);

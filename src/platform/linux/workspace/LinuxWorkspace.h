@@ -67,7 +67,8 @@ class LinuxWorkspace final : public Workspace {
     [[nodiscard]] std::unique_ptr<RunningApplication> bound(const Application& application);
 
     WorkspaceSources sources_;
-    ApplicationList list_;
+    /// Looking something up may find that the installed applications have changed.
+    mutable ApplicationList list_;
     QuitRequests requests_;
     Signal<const WorkspaceApplication&> launched_;
     Signal<const WorkspaceApplication&> terminated_;

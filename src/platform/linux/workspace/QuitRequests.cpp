@@ -12,20 +12,28 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
     if (found == requests_.end() || found->second.startTime != startTime) {
         return false;
     }
+    const auto& before = found->second.windows;
     const auto roles = windowRoles(windows);
+    bool hasOldWindow = false;
+    bool hasNewDialog = false;
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const TopLevelWindow& window = windows[i];
         // The question may be another process's, for a window of this one.
-        const auto parent = std::ranges::find(windows, topmostParent(windows, window.id),
-                                              &TopLevelWindow::id);
-        const bool isOfApplication =
-            window.process == process || (parent != windows.end() && parent->process == process);
-        const bool isQuestion = roles[i].isTransient || window.type == WindowType::dialog;
-        if (isOfApplication && isQuestion && !found->second.windows.contains(window.id)) {
+        const auto parent =
+            std::ranges::find(windows, topmostParent(windows, window.id), &TopLevelWindow::id);
+        if (window.process != process && (parent == windows.end() || parent->process != process)) {
+            continue;
+        }
+        const bool isNew = !before.contains(window.id);
+        if (isNew && roles[i].isTransient) {
             return true;
         }
+        hasNewDialog = hasNewDialog || (isNew && window.type == WindowType::dialog);
+        hasOldWindow = hasOldWindow || !isNew;
     }
-    return false;
+    // A dialog that names no parent is a question only beside what was to be closed; alone it is
+    // what the application shows next.
+    return hasNewDialog && hasOldWindow;
 }
 
 void QuitRequests::remember(ProcessId process, std::uint64_t startTime,

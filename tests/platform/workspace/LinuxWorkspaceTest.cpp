@@ -1,0 +1,183 @@
+#include "WorkspaceTest.h"
+
+#include "platform/linux/workspace/ActivationRules.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+using testing::ElementsAre;
+using testing::IsEmpty;
+namespace fs = std::filesystem;
+
+/// Writes down what the workspace tells, in order.
+struct Notices {
+    explicit Notices(LinuxWorkspace& workspace)
+        : launched(workspace.onLaunched([this](const auto& a) { note("+", a); })),
+          terminated(workspace.onTerminated([this](const auto& a) { note("-", a); })),
+          activated(workspace.onActivated([this](const auto& a) { note("*", a); })) {}
+
+    void note(const char* kind, const WorkspaceApplication& application) {
+        const bool isRegular = application.activationPolicy == ActivationPolicy::regular;
+        heard.push_back(kind + application.localizedName.value_or("?") +
+                        (isRegular ? "" : " in the background"));
+    }
+
+    [[nodiscard]] bool has(const std::string& notice) const {
+        return std::ranges::find(heard, notice) != heard.end();
+    }
+
+    std::vector<std::string> heard;
+    Subscription launched;
+    Subscription terminated;
+    Subscription activated;
+};
+
+TEST(LinuxWorkspaceTest, TellsWhatStartsAndEndsWithoutPolling) {
+    LinuxDesktop machine;
+    const pid_t old = machine.shown(machine.client({"--class", "Old"}));
+    Notices notices(machine.workspace);
+    const pid_t process = machine.client({"--class", "Young"});
+    EXPECT_TRUE(pumpUntil(machine.events, [&] {
+        return notices.has("+Young") && notices.has("*Young");
+    })) << testing::PrintToString(notices.heard);
+    EXPECT_FALSE(notices.has("+Old")) << "what runs already is no news";
+    EXPECT_EQ(machine.workspace.frontmostApplication()->processIdentifier, process);
+
+    // The window is up: from here on the time counts.
+    ::kill(process, SIGKILL);
+    const auto killed = steady_clock::now();
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Young"); }));
+    EXPECT_LT(steady_clock::now() - killed, 200ms);
+
+    notices.heard.clear();
+    const auto mapped = steady_clock::now();
+    const pid_t next = machine.client({"--class", "Next"});
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Next"); }));
+    EXPECT_LT(steady_clock::now() - mapped, 200ms) << "its start included";
+
+    // Back and forth: none, and the same application again, is no activation.
+    const auto windowOf = [&](pid_t owner) {
+        for (const TopLevelWindow& window : machine.windows.windows()) {
+            if (window.process == owner) {
+                return std::to_string(window.id);
+            }
+        }
+        return std::string("0");
+    };
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowactivate", "--sync", windowOf(next)}), 0);
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("*Next"); }));
+    notices.heard.clear();
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowactivate", "--sync", windowOf(old)}), 0);
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("*Old"); }));
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowminimize", "--sync", windowOf(next)}), 0);
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowminimize", "--sync", windowOf(old)}), 0);
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowactivate", "--sync", windowOf(old)}), 0);
+    pumpUntil(machine.events, [] { return false; }, 100ms);
+    EXPECT_THAT(notices.heard, ElementsAre("*Old"));
+
+    // An idle desktop wakes nobody.
+    int turns = 0;
+    pumpUntil(machine.events, [] { return false; }, 300ms, &turns);
+    EXPECT_EQ(turns, 0);
+}
+
+TEST(LinuxWorkspaceTest, BecomingRegularAndCeasingToBeCount) {
+    LinuxDesktop machine;
+    const pid_t process = machine.client({"--class", "Shy", "--skip-taskbar", "--hide-on-close"});
+    EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }));
+    EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory);
+    Notices notices(machine.workspace);
+    const WindowId window = machine.windows.windows().front().id;
+    EXPECT_EQ(machine.desktop.run({"xprop", "-id", std::to_string(window), "-f", "_NET_WM_STATE",
+                                   "32a", "-remove", "_NET_WM_STATE"}),
+              0);
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Shy"); }))
+        << testing::PrintToString(notices.heard);
+    EXPECT_TRUE(machine.windows.requestClose(window));
+    machine.windows.flush();
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Shy"); }));
+    EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory) << "it still runs";
+    ::kill(process, SIGKILL);
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Shy in the background"); }))
+        << "the end of what has no window is noticed too";
+}
+
+TEST(LinuxWorkspaceTest, ListsWindowsByProcessAndAge) {
+    LinuxDesktop machine;
+    const pid_t first = machine.shown(machine.client({"--class", "Beta", "--windows", "2"}));
+    const pid_t second = machine.shown(machine.client({"--class", "Alpha", "--transient"}));
+    machine.client({"--class", "Panel", "--type", "DOCK"});
+    machine.client({"--class", "Message", "--type", "NOTIFICATION"});
+    machine.client({"--class", "Remote", "--machine", "elsewhere", "--pid", "1"});
+    EXPECT_TRUE(waitFor([&] { return machine.windows.windows().size() == 7; }));
+    std::vector<pid_t> processes;
+    for (const auto& application : machine.workspace.runningApplications()) {
+        processes.push_back(application.processIdentifier);
+    }
+    EXPECT_THAT(processes, ElementsAre(first, second));
+
+    const std::string longName(10'000, 'n');
+    const pid_t odd = machine.shown(machine.client({"--class", longName + "\n\x1b[0m\xff"}));
+    const auto application = machine.listed(odd);
+    ASSERT_TRUE(application && application->localizedName);
+    EXPECT_LT(application->localizedName->size(), 2'000U);
+    EXPECT_EQ(application->localizedName->find_first_of("\n\x1b"), std::string::npos);
+}
+
+TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
+    LinuxDesktop machine;
+    const fs::path entries = machine.desktop.home() / "data" / "applications";
+    const fs::path program = machine.desktop.home() / "tidy-agent";
+    fs::create_directories(entries);
+    fs::copy_file(CALMORA_WINDOW_CLIENT, program);
+    std::ofstream(entries / "org.example.Tidy.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Tidy Agent\nIcon=tidy\nExec="
+        << program.string() << " %U\n";
+    // The agent has a helper that runs the same program.
+    const pid_t agent = machine.desktop.start(
+        {"/bin/sh", "-c",
+         "'" + program.string() + "' --helper & exec '" + program.string() + "' --helper"});
+    EXPECT_TRUE(waitFor([&] { return machine.listed(agent).has_value(); }))
+        << machine.desktop.log();
+    EXPECT_EQ(machine.policyOf(agent), ActivationPolicy::accessory);
+    EXPECT_EQ(machine.listed(agent)->localizedName, "Tidy Agent");
+    EXPECT_EQ(machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy").size(),
+              1U);
+    const auto installed = machine.workspace.installedApplication("org.example.Tidy");
+    ASSERT_TRUE(installed);
+    EXPECT_EQ(installed->displayName, "Tidy Agent");
+    EXPECT_FALSE(machine.workspace.installedApplication("org.example.Absent"));
+
+    // Somebody looks at the list: one that starts is found within a scan.
+    Notices notices(machine.workspace);
+    const Subscription looking = machine.workspace.lookAtList();
+    machine.desktop.end(agent);
+    machine.desktop.start({program.string(), "--helper"});
+    EXPECT_TRUE(pumpUntil(machine.events, [&] {
+        return notices.has("-Tidy Agent in the background") &&
+               notices.has("+Tidy Agent in the background");
+    })) << testing::PrintToString(notices.heard);
+}
+
+TEST(LinuxWorkspaceTest, WorksWithoutAWindowManagerAndAfterTheServer) {
+    LinuxDesktop machine({.windowManager = ""});
+    Notices notices(machine.workspace);
+    const pid_t process = machine.client({"--class", "Alone"});
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Alone"); }));
+    EXPECT_TRUE(machine.quitter.quitApp(process, false));
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Alone"); }));
+    machine.desktop.end(machine.desktop.server());
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return !machine.windows.isAlive(); }));
+    EXPECT_THAT(machine.workspace.runningApplications(), IsEmpty());
+    EXPECT_FALSE(machine.workspace.frontmostApplication());
+}
+
+} // namespace
+} // namespace calmora

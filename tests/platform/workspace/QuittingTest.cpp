@@ -1,0 +1,196 @@
+#include "WorkspaceTest.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+TEST(QuittingTest, AsksEachWindowThatTakesPartOnce) {
+    LinuxDesktop machine;
+    const pid_t process = machine.client({"--windows", "3", "--skip-taskbar"});
+    const pid_t visible = machine.shown(machine.client({"--windows", "2"}));
+    EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 3; }));
+    EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory);
+    EXPECT_TRUE(machine.quitter.quitApp(visible, false));
+    EXPECT_TRUE(machine.quitter.quitApp(process, false));
+    EXPECT_EQ(machine.desktop.exitStatus(process), 0) << "it ended by itself";
+}
+
+TEST(QuittingTest, LeavesAQuestionAlone) {
+    for (const char* manager : {"openbox", ""}) {
+        LinuxDesktop machine({.windowManager = manager});
+        const pid_t process = machine.shown(machine.client({"--ask-on-close"}));
+        const auto application = machine.workspace.runningApplication(process);
+        ASSERT_TRUE(application);
+        EXPECT_TRUE(application->terminate());
+        EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 2; }));
+        EXPECT_FALSE(machine.workspace.runningApplication(process)->terminate());
+        const std::string window = std::to_string(machine.windows.windows().front().id);
+        EXPECT_NE(machine.desktop.run(
+                      {"/bin/sh", "-c",
+                       "xprop -id " + window + " CALMORA_TEST_DISMISSED | grep -q '= 1'"}),
+                  0);
+        EXPECT_EQ(machine.windowCount(process), 2U);
+        EXPECT_TRUE(machine.isRunning(process));
+    }
+}
+
+TEST(QuittingTest, EndsByTheSignalWhatCannotBeAsked) {
+    LinuxDesktop machine;
+    const pid_t deaf = machine.shown(machine.client({"--no-delete"}));
+    EXPECT_TRUE(machine.quitter.quitApp(deaf, false));
+    EXPECT_EQ(machine.desktop.exitStatus(deaf), SIGTERM) << "and not by a broken connection";
+
+    const pid_t stubborn = machine.shown(machine.client({"--ignore-close", "--ignore-term"}));
+    EXPECT_FALSE(machine.quitter.quitApp(stubborn, false));
+    EXPECT_TRUE(machine.isRunning(stubborn));
+    EXPECT_TRUE(machine.quitter.quitApp(stubborn, true));
+    EXPECT_EQ(machine.desktop.exitStatus(stubborn), SIGKILL);
+}
+
+TEST(QuittingTest, EndsWhatHidesInTheTray) {
+    LinuxDesktop machine({.tray = true});
+    const auto inTray = [&](pid_t process) {
+        machine.shown(process);
+        EXPECT_TRUE(waitFor([&] {
+            return testing::Value(machine.windows.trayIconProcesses(), testing::Contains(process));
+        })) << machine.desktop.log();
+        return process;
+    };
+    const pid_t hiding = inTray(machine.client({"--tray", "--hide-on-close"}));
+    EXPECT_TRUE(machine.quitter.quitApp(hiding, false));
+    EXPECT_EQ(machine.desktop.exitStatus(hiding), SIGTERM);
+
+    const pid_t asking = inTray(machine.client({"--tray", "--ask-on-close"}));
+    EXPECT_FALSE(machine.quitter.quitApp(asking, false));
+    EXPECT_TRUE(machine.isRunning(asking));
+    EXPECT_EQ(machine.windowCount(asking), 2U);
+
+    // A status item on the bus counts as well, and a player is asked over the bus alone.
+    const pid_t item = machine.shown(machine.client({"--hide-on-close"}));
+    machine.bus.items = {item};
+    EXPECT_TRUE(machine.quitter.quitApp(item, false));
+    const pid_t player = machine.shown(machine.client());
+    machine.bus.players = {player};
+    machine.bus.canQuit = true;
+    EXPECT_FALSE(machine.quitter.quitApp(player, false)) << "this bus only pretends";
+    EXPECT_THAT(machine.bus.quits, testing::Contains(player));
+    EXPECT_TRUE(machine.isRunning(player));
+
+    // Without a tray icon an application that stays without windows is left alone, and is still
+    // an application.
+    const pid_t server = machine.shown(machine.client({"--hide-on-close"}));
+    EXPECT_FALSE(machine.quitter.quitApp(server, false));
+    EXPECT_EQ(machine.policyOf(server), ActivationPolicy::accessory);
+}
+
+TEST(QuittingTest, ForcesWhatIsStopped) {
+    LinuxDesktop machine;
+    const pid_t process = machine.shown(machine.client());
+    ::kill(process, SIGSTOP);
+    EXPECT_FALSE(machine.quitter.quitApp(process, false));
+    EXPECT_TRUE(machine.quitter.quitApp(process, true));
+    EXPECT_EQ(machine.desktop.exitStatus(process), SIGTERM) << "it was continued to take it";
+}
+
+TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
+    LinuxDesktop machine;
+    const fs::path folder = machine.desktop.home() / "Apps" / "paintbox";
+    fs::create_directories(folder);
+    for (const char* name : {"paintbox", "paintbox-helper"}) {
+        fs::copy_file(CALMORA_WINDOW_CLIENT, folder / name);
+    }
+    // A neighbour whose name begins alike.
+    fs::create_directories(folder.string() + "-tools");
+    fs::copy_file(CALMORA_WINDOW_CLIENT, folder.string() + "-tools/neighbour");
+    const pid_t neighbour =
+        machine.desktop.start({folder.string() + "-tools/neighbour", "--helper"});
+    const std::string helper = (folder / "paintbox-helper").string();
+    const pid_t process =
+        machine.shown(machine.desktop.start({(folder / "paintbox").string(), "--class", "Paintbox",
+                                             "--child", helper, "--orphan", helper}));
+    const auto running = [&](const std::string& program) {
+        std::vector<ProcessId> found;
+        for (const ProcessId candidate : machine.table.allProcesses()) {
+            if (machine.table.executablePath(candidate) == program &&
+                machine.isRunning(candidate)) {
+                found.push_back(candidate);
+            }
+        }
+        return found;
+    };
+    EXPECT_TRUE(waitFor([&] { return running(helper).size() == 2; }));
+    EXPECT_EQ(machine.workspace.runningApplication(process)->bundleURL(), folder.string() + "/");
+    EXPECT_TRUE(machine.quitter.quitApp(process, true));
+    EXPECT_FALSE(machine.isRunning(process));
+    EXPECT_THAT(running(helper), testing::IsEmpty());
+    EXPECT_TRUE(machine.isRunning(neighbour));
+}
+
+TEST(QuittingTest, NeverTouchesAnothersProcess) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root can start a process of another user";
+    }
+    LinuxDesktop machine;
+    fs::permissions(machine.desktop.home(), fs::perms::all);
+    const std::string program = (machine.desktop.home() / "client").string();
+    fs::copy_file(CALMORA_WINDOW_CLIENT, program);
+    const pid_t process = machine.desktop.start(
+        {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", program});
+    EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }))
+        << machine.desktop.log();
+    EXPECT_FALSE(machine.listed(process));
+    EXPECT_FALSE(machine.quitter.quitApp(process, true));
+    EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
+    EXPECT_TRUE(machine.isRunning(process));
+}
+
+/// Starts a process under an id that is free.
+pid_t startWithId(pid_t wanted) {
+    std::ofstream("/proc/sys/kernel/ns_last_pid") << wanted - 1;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::pause();
+        ::_exit(0);
+    }
+    return child;
+}
+
+TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
+    if (::access("/proc/sys/kernel/ns_last_pid", W_OK) != 0) {
+        GTEST_SKIP() << "choosing process ids needs root";
+    }
+    LinuxDesktop machine;
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        const pid_t process = machine.shown(machine.client());
+        const auto held = machine.workspace.runningApplication(process);
+        ASSERT_TRUE(held);
+        machine.desktop.end(process);
+        const pid_t later = startWithId(process);
+        if (later == process) {
+            EXPECT_TRUE(held->isTerminated());
+            EXPECT_FALSE(held->terminate());
+            EXPECT_FALSE(held->forceTerminate());
+            EXPECT_FALSE(machine.quitter.quitApp(process, true));
+            EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
+            int status = 0;
+            EXPECT_EQ(::waitpid(later, &status, WNOHANG), 0) << "the later process lives";
+        }
+        ::kill(later, SIGKILL);
+        ::waitpid(later, nullptr, 0);
+        if (later == process) {
+            return;
+        }
+    }
+    FAIL() << "no process id could be had again";
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,183 @@
+#include "WorkspaceTest.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+struct RealApplication {
+    const char* name;
+    std::vector<std::string> command;
+    /// What the identifier begins with.
+    const char* identifier;
+    const char* displayName;
+    const char* executable;
+    /// The entry names a picture.
+    bool hasThemeIcon = true;
+};
+
+void PrintTo(const RealApplication& application, std::ostream* out) {
+    *out << application.name;
+}
+
+class RealApplicationsTest : public testing::TestWithParam<RealApplication> {};
+
+/// xterm passes a request to close on to its shell, which must have started for that.
+bool hasShell(LinuxDesktop& machine, pid_t terminal) {
+    return std::ranges::any_of(machine.table.allProcesses(), [&](ProcessId process) {
+        const auto stat = machine.reader.stat(process);
+        return stat && stat->parent == terminal && stat->comm == "bash" && stat->state == 'S';
+    });
+}
+
+/// Whether any process of the user's runs from below the path, as a forced quit looks for them.
+std::vector<std::string> executablesBelow(LinuxDesktop& machine, const std::string& path) {
+    std::vector<std::string> found;
+    for (const ProcessId process : machine.table.allProcesses()) {
+        const auto executable = machine.table.executablePath(process);
+        if (executable && executable->starts_with(path)) {
+            found.push_back(*executable);
+        }
+    }
+    return found;
+}
+
+TEST_P(RealApplicationsTest, IsRecognisedAndQuitsWhenAsked) {
+    const RealApplication& expected = GetParam();
+    LinuxDesktop machine({.sessionBus = true});
+    const pid_t process = machine.desktop.start(expected.command);
+    machine.shown(process);
+    const auto application = machine.listed(process);
+    ASSERT_TRUE(application);
+    EXPECT_THAT(application->bundleIdentifier.value_or(""),
+                testing::StartsWith(expected.identifier));
+    EXPECT_EQ(application->localizedName, expected.displayName);
+    if (expected.hasThemeIcon) {
+        ASSERT_TRUE(application->icon);
+        EXPECT_TRUE(!application->icon->themeName.empty() || !application->icon->file.empty());
+    }
+
+    const auto running = machine.workspace.runningApplication(process);
+    ASSERT_TRUE(running);
+    EXPECT_EQ(running->processIdentifier(), process);
+    if (const auto executable = running->executableURL()) {
+        EXPECT_EQ(executable->string(), expected.executable);
+    }
+    // All of them live in folders that they share: nothing may run below what is given out.
+    const std::string bundle = running->bundleURL().value_or("");
+    EXPECT_TRUE(bundle.ends_with('/')) << bundle;
+    EXPECT_THAT(executablesBelow(machine, bundle), testing::IsEmpty()) << bundle;
+
+    if (expected.executable == std::string("/usr/bin/xterm")) {
+        EXPECT_TRUE(waitFor([&] { return hasShell(machine, process); }));
+    }
+    if (expected.name == std::string("hexchat") && ::geteuid() == 0) {
+        // It warns root first; what it shows next is no question about the request.
+        EXPECT_FALSE(machine.quitter.quitApp(process, false));
+    }
+    EXPECT_TRUE(machine.quitter.quitApp(process, false));
+    EXPECT_FALSE(machine.isRunning(process));
+    EXPECT_FALSE(machine.listed(process));
+    EXPECT_TRUE(machine.isRunning(machine.desktop.windowManager()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Debian, RealApplicationsTest,
+    testing::Values(
+        RealApplication{"xterm", {"xterm"}, "debian-xterm", "XTerm", "/usr/bin/xterm"},
+        RealApplication{"uxterm", {"uxterm"}, "debian-uxterm", "UXTerm", "/usr/bin/xterm"},
+        RealApplication{"renamed_xterm",
+                        {"xterm", "-class", "Foo", "-name", "foo"},
+                        "debian-xterm",
+                        "XTerm",
+                        "/usr/bin/xterm"},
+        RealApplication{"xcalc", {"xcalc"}, "exe:/usr/bin/xcalc", "XCalc", "/usr/bin/xcalc", false},
+        RealApplication{
+            "galculator", {"galculator"}, "galculator", "Galculator", "/usr/bin/galculator"},
+        RealApplication{
+            "mousepad", {"mousepad"}, "org.xfce.mousepad", "Mousepad", "/usr/bin/mousepad"},
+        RealApplication{"qpdfview", {"qpdfview"}, "qpdfview", "qpdfview", "/usr/bin/qpdfview"},
+        RealApplication{
+            "pcmanfm", {"pcmanfm"}, "com.apple.finder", "File Manager PCManFM", "/usr/bin/pcmanfm"},
+        RealApplication{
+            "lxterminal", {"lxterminal"}, "lxterminal", "LXTerminal", "/usr/bin/lxterminal"},
+        RealApplication{"zathura", {"zathura"}, "org.pwmt.zathura", "Zathura", "/usr/bin/zathura"},
+        RealApplication{"hexchat", {"hexchat"}, "io.github.Hexchat", "HexChat", "/usr/bin/hexchat"},
+        RealApplication{"meld", {"meld"}, "org.gnome.Meld", "Meld", "/usr/bin/python3.11"},
+        RealApplication{"idle",
+                        {"idle-python3.11"},
+                        "idle-python3.11",
+                        "IDLE (using Python-3.11)",
+                        "/usr/bin/python3.11"},
+        RealApplication{"feh",
+                        {"feh", "/usr/share/icons/hicolor/48x48/apps/galculator.png"},
+                        "feh",
+                        "Feh",
+                        "/usr/bin/feh"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST(RealDesktopTest, TheDesktopBackgroundIsNoApplication) {
+    LinuxDesktop machine({.sessionBus = true});
+    const pid_t process = machine.desktop.start({"pcmanfm", "--desktop"});
+    ASSERT_TRUE(waitFor([&] { return machine.windowCount(process) > 0; })) << machine.desktop.log();
+    EXPECT_FALSE(machine.listed(process));
+    EXPECT_FALSE(machine.workspace.runningApplication(process));
+    EXPECT_THAT(machine.workspace.runningApplicationsWithBundleIdentifier("com.apple.finder"),
+                testing::IsEmpty());
+    EXPECT_FALSE(machine.quitter.quitApp(process, true));
+    EXPECT_TRUE(machine.isRunning(process));
+}
+
+TEST(RealDesktopTest, UnsavedWorkIsAskedForAndNotDisturbed) {
+    LinuxDesktop machine({.sessionBus = true});
+    const pid_t editor = machine.shown(machine.desktop.start({"mousepad"}));
+    EXPECT_EQ(machine.desktop.run({"xdotool", "search", "--sync", "--onlyvisible", "--class",
+                                   "Mousepad", "windowfocus", "--sync", "type", "unsaved words"}),
+              0);
+    // The title tells that the text has arrived.
+    EXPECT_TRUE(waitFor([&] {
+        return machine.desktop.run({"xdotool", "search", "--name", "^\\*"}) == 0;
+    })) << machine.desktop.log();
+    const std::size_t before = machine.windowCount(editor);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
+    EXPECT_EQ(machine.windowCount(editor), before + 1) << "the question about the text";
+    EXPECT_TRUE(machine.isRegular(editor)) << "the row stays";
+
+    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
+    EXPECT_FALSE(waitFor([&] { return machine.windowCount(editor) != before + 1; },
+                         std::chrono::milliseconds(300)))
+        << "the question stays as it is";
+
+    // Whoever answers it with Cancel can be asked again.
+    const auto question = machine.windows.windows().back();
+    EXPECT_NE(question.transientFor, 0U);
+    EXPECT_EQ(machine.desktop.run({"xdotool", "windowfocus", "--sync", std::to_string(question.id),
+                                   "key", "Escape"}),
+              0);
+    EXPECT_TRUE(waitFor([&] { return machine.windowCount(editor) == before; }));
+    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
+    EXPECT_EQ(machine.windowCount(editor), before + 1);
+}
+
+TEST(RealDesktopTest, ForcingOneEndsAllOfItAndNothingElse) {
+    LinuxDesktop machine;
+    const pid_t first = machine.shown(machine.desktop.start({"xterm"}));
+    const pid_t second = machine.shown(machine.desktop.start({"xterm"}));
+    const pid_t other = machine.shown(machine.desktop.start({"xcalc"}));
+    const pid_t bystander = machine.desktop.start({"/usr/bin/sleep", "60"});
+    EXPECT_EQ(machine.workspace.runningApplicationsWithBundleIdentifier("debian-xterm").size(), 2U);
+    EXPECT_TRUE(machine.quitter.quitApp(first, true));
+    EXPECT_FALSE(machine.isRunning(first));
+    EXPECT_FALSE(machine.isRunning(second)) << "another instance of the same application";
+    for (const pid_t process :
+         {other, bystander, machine.desktop.windowManager(), machine.desktop.server()}) {
+        EXPECT_TRUE(machine.isRunning(process));
+    }
+}
+
+} // namespace
+} // namespace calmora

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "fakes/FakePlatform.h"
+#include "model/AppQuitter.h"
+#include "platform/linux/bus/BusApplications.h"
+#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/proc/LinuxClock.h"
+#include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/linux/proc/SignalFence.h"
+#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/workspace/LinuxWorkspace.h"
+#include "platform/linux/x11/X11WindowSystem.h"
+#include "platform/linux/xdg/InstalledApplications.h"
+#include "support/VirtualDesktop.h"
+#include "support/Waiting.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+/// A session bus as a test wants it.
+struct FakeBus final : BusApplications {
+    bool ownsStatusItem(ProcessId process) const override { return items.contains(process); }
+
+    std::vector<ProcessId> statusItemProcesses() const override {
+        return {items.begin(), items.end()};
+    }
+
+    bool isMediaPlayer(ProcessId process) const override { return players.contains(process); }
+
+    bool quitMediaPlayer(ProcessId process) override {
+        quits.push_back(process);
+        return canQuit && players.contains(process);
+    }
+
+    void learnActions(const ExportedActions&) override {}
+
+    bool activateQuit(const ExportedActions&) override { return false; }
+
+    std::vector<ProcessId> protectedProcesses() const override { return {}; }
+
+    Subscription onChanged(std::function<void()> handler) override {
+        return changed.connect(std::move(handler));
+    }
+
+    void flush() override {}
+
+    std::set<ProcessId> items;
+    std::set<ProcessId> players;
+    bool canQuit = false;
+    std::vector<ProcessId> quits;
+    Signal<> changed;
+};
+
+/// The basic fence and the display's own processes.
+struct DisplayFence final : ProtectedProcesses {
+    DisplayFence(const ProcessReader& processReader, WindowSystem& windowSystem)
+        : reader(processReader), windows(windowSystem) {}
+
+    bool isProtected(ProcessId process) override {
+        const auto display = windows.displayProcesses();
+        return isBehindBasicFence(reader, process) ||
+               std::ranges::find(display, process) != display.end();
+    }
+
+    const ProcessReader& reader;
+    WindowSystem& windows;
+};
+
+/// The Linux layer on a virtual desktop, as the program composes it.
+struct LinuxDesktop {
+    explicit LinuxDesktop(const VirtualDesktopOptions& options = {}) : desktop(options) {}
+
+    VirtualDesktop desktop;
+    EventPoll events;
+    X11WindowSystem windows{events, desktop.display()};
+    ProcessReader reader;
+    ProcessMemory memory{reader};
+    DisplayFence fence{reader, windows};
+    LinuxProcessTable table{reader, memory,
+                            [this](ProcessId process) { return !fence.isProtected(process); }};
+    InstalledApplications installed{BaseDirectories::fromEnvironment([this](const char* name) {
+                                        return desktop.variable(name);
+                                    }),
+                                    {}};
+    FakeBus bus;
+    LinuxWorkspace workspace{
+        {events, windows, reader, memory, table, installed, fence, bus, desktop.home().string()}};
+    LinuxClock clock;
+    FakePlatform rest;
+    AppQuitter quitter{Platform{workspace, table, clock, rest.runLoop, rest.bundle, rest.text,
+                                rest.strings, rest.sounds, rest.alerts}};
+
+    /// Starts the test program with the habits that `options` name.
+    pid_t client(std::vector<std::string> options = {}) {
+        options.insert(options.begin(), CALMORA_WINDOW_CLIENT);
+        return desktop.start(options);
+    }
+
+    /// The listed application with this process id.
+    std::optional<WorkspaceApplication> listed(pid_t process) {
+        for (auto& application : workspace.runningApplications()) {
+            if (application.processIdentifier == process) {
+                return application;
+            }
+        }
+        return {};
+    }
+
+    std::optional<ActivationPolicy> policyOf(pid_t process) {
+        const auto application = listed(process);
+        return application ? std::optional(application->activationPolicy) : std::nullopt;
+    }
+
+    bool isRegular(pid_t process) { return policyOf(process) == ActivationPolicy::regular; }
+
+    /// Waits until the process is an application with windows; gives its id.
+    pid_t shown(pid_t process) {
+        EXPECT_TRUE(waitFor([&] { return isRegular(process); })) << desktop.log();
+        return process;
+    }
+
+    /// How many windows the process has.
+    std::size_t windowCount(pid_t process) {
+        const auto& all = windows.windows();
+        return static_cast<std::size_t>(
+            std::ranges::count(all, std::optional<ProcessId>(process), &TopLevelWindow::process));
+    }
+
+    bool isRunning(pid_t process) { return !memory.isGone(process); }
+};
+
+} // namespace calmora

@@ -1,0 +1,85 @@
+#include "platform/linux/workspace/ActivationRules.h"
+#include "platform/linux/workspace/QuitRequests.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+TEST(ActivationRules, TheFirstThatAppliesDecides) {
+    EXPECT_EQ(activationPolicy({}), ActivationPolicy::prohibited);
+    for (bool ActivationFacts::* reason :
+         {&ActivationFacts::hasHiddenWindow, &ActivationFacts::hasTrayIcon,
+          &ActivationFacts::wasRegular, &ActivationFacts::isAgent}) {
+        ActivationFacts facts;
+        facts.*reason = true;
+        EXPECT_EQ(activationPolicy(facts), ActivationPolicy::accessory);
+        facts.hasRegularWindow = true;
+        EXPECT_EQ(activationPolicy(facts), ActivationPolicy::regular);
+        facts.isShell = true;
+        EXPECT_EQ(activationPolicy(facts), ActivationPolicy::prohibited);
+        facts.isShell = false;
+        facts.isProtected = true;
+        EXPECT_EQ(activationPolicy(facts), ActivationPolicy::prohibited);
+    }
+}
+
+TEST(TopmostAgents, AreTheApplicationsOfTheirTreesAndUnits) {
+    // 10 browser -> 11 renderer -> 12 renderer's own child; 20 terminal with a window -> 21 shell
+    // -> 22 tool; 30 launcher script that is nothing -> 31 agent; 40 and 41 in one unit.
+    const std::vector<AgentCandidate> candidates{
+        {10, 1, "browser", true, ""},   {11, 2, "browser", true, ""}, {12, 3, "other", true, ""},
+        {22, 4, "tool", true, ""},      {31, 5, "agent", true, ""},   {41, 6, "late", true, "unit"},
+        {40, 5, "first", true, "unit"}, {50, 7, "hidden", false, ""}, {60, 8, {}, false, ""}};
+    const std::map<ProcessId, ProcessId> parents{{10, 1},  {11, 10}, {12, 11}, {20, 1},
+                                                 {21, 20}, {22, 21}, {30, 1},  {31, 30},
+                                                 {40, 1},  {41, 1},  {50, 1},  {60, 1}};
+    const auto parentOf = [&](ProcessId process) {
+        const auto found = parents.find(process);
+        return found == parents.end() ? 0 : found->second;
+    };
+    EXPECT_EQ(topmostAgents(candidates, {20}, parentOf), (std::vector<ProcessId>{10, 31, 40}));
+    EXPECT_EQ(topmostAgents(candidates, {10, 20, 40}, parentOf), (std::vector<ProcessId>{31}))
+        << "what has a window is no agent besides";
+    const auto circle = [](ProcessId process) { return process == 31 ? 30 : 31; };
+    EXPECT_TRUE(topmostAgents(candidates, {20}, circle).empty()) << "a circle comes to an end";
+}
+
+TEST(QuitRequests, RecogniseTheQuestionThatARequestBrought) {
+    TopLevelWindow main;
+    main.id = 1;
+    main.process = 10;
+    main.type = WindowType::normal;
+    TopLevelWindow dialog = main;
+    dialog.id = 2;
+    dialog.transientFor = 1;
+    dialog.type = WindowType::dialog;
+    TopLevelWindow second = main;
+    second.id = 3;
+    TopLevelWindow foreign = dialog;
+    foreign.process = 20;
+
+    QuitRequests requests;
+    const std::vector<TopLevelWindow> asking{main, dialog};
+    EXPECT_FALSE(requests.isAsking(10, 5, asking)) << "nobody has asked it to quit";
+    requests.remember(10, 5, std::vector{main});
+    EXPECT_TRUE(requests.isAsking(10, 5, asking));
+    EXPECT_TRUE(requests.isAsking(10, 5, std::vector{main, foreign})) << "by another process";
+    EXPECT_FALSE(requests.isAsking(10, 6, asking)) << "another process with the same id";
+    EXPECT_FALSE(requests.isAsking(10, 5, std::vector{main})) << "it was answered";
+    EXPECT_FALSE(requests.isAsking(10, 5, std::vector{main, second})) << "a window is no question";
+    TopLevelWindow loose = dialog;
+    loose.transientFor = 0;
+    EXPECT_TRUE(requests.isAsking(10, 5, std::vector{main, loose})) << "it names no parent";
+    EXPECT_FALSE(requests.isAsking(10, 5, std::vector{loose})) << "it took the window's place";
+    requests.remember(10, 5, asking);
+    EXPECT_FALSE(requests.isAsking(10, 5, asking)) << "it was open before";
+}
+
+} // namespace
+} // namespace calmora
