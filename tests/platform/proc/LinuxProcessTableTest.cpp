@@ -1,0 +1,421 @@
+#include "platform/linux/proc/LinuxProcessTable.h"
+#include "RealProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mman.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+/// A table of its own for each test.
+struct Table {
+    explicit Table(std::optional<std::size_t> descriptors = {}) : memory(reader, descriptors) {}
+
+    /// 0 for success, else errno.
+    int signal(ProcessId process, int number) {
+        return table.sendSignal(process, number) == 0 ? 0 : errno;
+    }
+
+    ProcessReader reader;
+    ProcessMemory memory;
+    LinuxProcessTable table{reader, memory};
+};
+
+bool isAlive(ProcessId process) {
+    siginfo_t info{};
+    return waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           info.si_pid == 0;
+}
+
+void burnCpu(std::chrono::milliseconds duration) {
+    timespec time{};
+    const auto used = [&time] {
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+    };
+    while (used() < duration) {
+    }
+}
+
+TEST(LinuxProcessTable, CountsAZombieThatNobodyReapsAsGone) {
+    auto* shared = static_cast<ProcessId*>(mmap(nullptr, sizeof(ProcessId), PROT_READ | PROT_WRITE,
+                                                MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    ASSERT_NE(shared, MAP_FAILED);
+    const RealProcess parent([shared] {
+        const pid_t child = fork();
+        if (child == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            pause();
+        }
+        *shared = child;
+    });
+    const ProcessId zombie = *shared;
+    munmap(shared, sizeof(ProcessId));
+    ASSERT_GT(zombie, 2);
+    Table held;
+    Table heldByTime(0);
+    Table unheld;
+    ASSERT_TRUE(held.table.hold(zombie) && heldByTime.table.hold(zombie));
+    EXPECT_EQ(held.signal(zombie, 0), 0);
+    ASSERT_EQ(held.signal(zombie, SIGKILL), 0);
+    for (Table* table : {&held, &heldByTime, &unheld}) {
+        EXPECT_TRUE(holdsSoon([&] { return table->signal(zombie, 0) == ESRCH; }));
+        EXPECT_EQ(table->signal(zombie, SIGKILL), ESRCH);
+        EXPECT_FALSE(table->table.hold(zombie));
+        EXPECT_FALSE(table->table.counters(zombie));
+    }
+    EXPECT_EQ(kill(zombie, 0), 0) << "it was reaped, so this test tells nothing";
+}
+
+TEST(LinuxProcessTable, KeepsAProcessWhoseMainThreadEndedFirst) {
+    const RealProcess process([] {
+        std::thread([] {
+            while (true) {
+                pause();
+            }
+        }).detach();
+        // The closed pipe tells that it is ready.
+        for (int descriptor = 3; descriptor < 64; ++descriptor) {
+            close(descriptor);
+        }
+        syscall(SYS_exit, 0);
+    });
+    const ProcessId id = process.id();
+    Table held;
+    Table heldByTime(0);
+    Table unheld;
+    ASSERT_TRUE(held.table.hold(id) && heldByTime.table.hold(id));
+    ASSERT_TRUE(holdsSoon([&] { return held.reader.stat(id)->state == 'Z'; }));
+    for (Table* table : {&held, &heldByTime, &unheld}) {
+        EXPECT_EQ(table->signal(id, 0), 0);
+    }
+    EXPECT_EQ(held.signal(id, SIGKILL), 0);
+    EXPECT_TRUE(holdsSoon([&] { return heldByTime.signal(id, 0) == ESRCH; }));
+}
+
+TEST(LinuxProcessTable, EndsAStoppedProcessOnlyWhenItContinues) {
+    RealProcess process;
+    Table table;
+    ASSERT_TRUE(table.table.hold(process.id()));
+    ASSERT_EQ(table.signal(process.id(), SIGSTOP), 0);
+    ASSERT_TRUE(holdsSoon([&] { return table.reader.stat(process.id())->state == 'T'; }));
+    EXPECT_EQ(table.signal(process.id(), SIGTERM), 0);
+    EXPECT_TRUE(table.table.counters(process.id()));
+    EXPECT_EQ(table.signal(process.id(), 0), 0);
+    EXPECT_EQ(table.signal(process.id(), SIGCONT), 0);
+    EXPECT_TRUE(holdsSoon([&] { return table.signal(process.id(), 0) == ESRCH; }));
+}
+
+TEST(LinuxProcessTable, ReapsOneChildAndNoOther) {
+    RealProcess first;
+    RealProcess second;
+    const auto descriptor = PidFd::open(first.id());
+    ASSERT_TRUE(descriptor);
+    EXPECT_FALSE(descriptor->reap());
+    first.kill();
+    second.kill();
+    EXPECT_TRUE(descriptor->hasExited());
+    EXPECT_TRUE(descriptor->reap());
+    EXPECT_EQ(waitpid(first.id(), nullptr, WNOHANG), -1);
+    EXPECT_EQ(waitpid(second.id(), nullptr, WNOHANG), second.id());
+}
+
+TEST(LinuxProcessTable, NeverSignalsInitItselfItsAncestorsOrTheKernel) {
+    Table table;
+    EXPECT_EQ(table.signal(0, SIGCONT), ESRCH);
+    EXPECT_EQ(table.signal(-1, SIGCONT), ESRCH);
+    // SIGCONT does no harm where the fence fails.
+    EXPECT_EQ(table.signal(1, SIGCONT), EPERM);
+    EXPECT_EQ(table.signal(getpid(), SIGCONT), EPERM);
+    EXPECT_EQ(table.signal(getppid(), SIGCONT), EPERM);
+    const auto grandparent = table.table.parent(getppid());
+    if (grandparent && *grandparent > 2) {
+        EXPECT_EQ(table.signal(*grandparent, SIGCONT), EPERM);
+    }
+    for (const ProcessId process : table.reader.processesOf(0, 4096)) {
+        if (const auto stat = table.reader.stat(process); stat && stat->isKernelThread) {
+            EXPECT_EQ(table.signal(process, SIGCONT), EPERM) << process;
+            EXPECT_FALSE(table.table.counters(process));
+        }
+    }
+}
+
+TEST(LinuxProcessTable, AsksTheGuardOfEverySignal) {
+    const RealProcess spared;
+    const RealProcess other;
+    ProcessReader reader;
+    ProcessMemory memory(reader);
+    LinuxProcessTable table(reader, memory, [&](ProcessId id) { return id != spared.id(); });
+    EXPECT_EQ(table.sendSignal(spared.id(), SIGKILL), -1);
+    EXPECT_EQ(errno, EPERM);
+    EXPECT_EQ(table.sendSignal(other.id(), SIGKILL), 0);
+    EXPECT_TRUE(holdsSoon([&] { return !isAlive(other.id()); }));
+    EXPECT_TRUE(isAlive(spared.id()));
+}
+
+TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
+    if (getuid() != 0) {
+        GTEST_SKIP() << "only root can be other users";
+    }
+    const RealProcess theirs([] {
+        if (setuid(nobody) != 0) {
+            _exit(1);
+        }
+    });
+    // Its owner is somebody else, its rights are not: it is not the user's alone either.
+    const RealProcess mixed([] {
+        if (setresuid(0, nobody, 0) != 0) {
+            _exit(1);
+        }
+    });
+    Table table;
+    EXPECT_EQ(table.signal(theirs.id(), SIGKILL), EPERM);
+    EXPECT_EQ(table.signal(theirs.id(), 0), EPERM);
+    EXPECT_EQ(table.signal(mixed.id(), SIGKILL), EPERM);
+    EXPECT_TRUE(isAlive(theirs.id()) && isAlive(mixed.id()));
+    const auto all = table.table.allProcesses();
+    EXPECT_EQ(std::ranges::find(all, theirs.id()), all.end());
+
+    const RealProcess roots;
+    EXPECT_EQ(asNobody([&]() -> std::string {
+                  Table seen;
+                  if (seen.signal(roots.id(), SIGKILL) != EPERM) {
+                      return "a process of root was not refused";
+                  }
+                  const auto listed = seen.table.allProcesses();
+                  return std::ranges::find(listed, roots.id()) == listed.end() ? ""
+                                                                               : "it was listed";
+              }),
+              "");
+    EXPECT_TRUE(isAlive(roots.id()));
+}
+
+TEST(LinuxProcessTable, ReadsAProcessThatHidesFromItsOwnUser) {
+    if (getuid() != 0) {
+        GTEST_SKIP() << "only root can be other users";
+    }
+    EXPECT_EQ(asNobody([]() -> std::string {
+                  const RealProcess hidden([] { prctl(PR_SET_DUMPABLE, 0); });
+                  Table table;
+                  const auto all = table.table.allProcesses();
+                  const auto details = table.reader.details(hidden.id());
+                  return table.table.executablePath(hidden.id())            ? "it does not hide"
+                         : std::ranges::find(all, hidden.id()) == all.end() ? "not listed"
+                         : !table.table.counters(hidden.id())               ? "no counters"
+                         : !details || details->owner != nobody || details->commandLine.empty()
+                             ? "no details"
+                         : table.signal(hidden.id(), SIGKILL) != 0 ? "cannot be ended"
+                                                                   : "";
+              }),
+              "");
+}
+
+TEST(LinuxProcessTable, IsNotFooledByANastyName) {
+    const RealProcess process([] { prctl(PR_SET_NAME, ") Z 1 2 3 4 (("); });
+    Table table;
+    EXPECT_EQ(table.table.parent(process.id()), getpid());
+    EXPECT_EQ(table.reader.stat(process.id())->comm, ") Z 1 2 3 4 ((");
+    EXPECT_EQ(table.signal(process.id(), 0), 0);
+}
+
+TEST(LinuxProcessTable, CountsEndedThreadsAndOnlyMemoryOfItsOwn) {
+    constexpr std::size_t mebibyte = 1024 * 1024;
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    const RealProcess process([&] {
+        std::thread first(burnCpu, std::chrono::milliseconds(60));
+        std::thread second(burnCpu, std::chrono::milliseconds(60));
+        first.join();
+        second.join();
+        auto* own = static_cast<char*>(mmap(nullptr, 64 * mebibyte, PROT_READ | PROT_WRITE,
+                                            MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        std::fill_n(own, 64 * mebibyte, 'x');
+        // Pages of files and shared ones are not the process's own.
+        auto* shared = static_cast<char*>(mmap(nullptr, 32 * mebibyte, PROT_READ | PROT_WRITE,
+                                               MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+        std::fill_n(shared, 32 * mebibyte, 'x');
+    });
+    Table table;
+    table.table.retainCounters({process.id()});
+    for (int sample = 0; sample < 2; ++sample) { // Opened, then kept open.
+        const auto counters = table.table.counters(process.id());
+        ASSERT_TRUE(counters);
+        EXPECT_GE(counters->userTime, 120'000'000U);
+        EXPECT_LE(counters->userTime, 2'000'000'000U);
+        EXPECT_EQ(counters->systemTime, 0U);
+        EXPECT_GE(counters->physFootprint, 64 * mebibyte);
+        EXPECT_LE(counters->physFootprint, 64 * mebibyte + 24 * mebibyte);
+        const auto status = table.reader.status(process.id());
+        const auto exact = status->rssAnon + status->vmSwap;
+        EXPECT_NEAR(static_cast<double>(counters->physFootprint), static_cast<double>(exact),
+                    static_cast<double>(mebibyte));
+    }
+}
+
+TEST(LinuxProcessTable, WorksOnWhenDescriptorsAreScarce) {
+    EXPECT_EQ(inFork([]() -> std::string {
+                  constexpr rlim_t files = 48;
+                  rlimit limit{};
+                  getrlimit(RLIMIT_NOFILE, &limit);
+                  limit.rlim_cur = files;
+                  setrlimit(RLIMIT_NOFILE, &limit);
+                  Table table;
+                  std::vector<std::unique_ptr<RealProcess>> processes;
+                  std::vector<ProcessId> ids;
+                  for (int count = 0; count < 60; ++count) {
+                      processes.push_back(std::make_unique<RealProcess>());
+                      ids.push_back(processes.back()->id());
+                  }
+                  table.table.retainCounters(ids);
+                  for (int round = 0; round < 2; ++round) {
+                      for (const ProcessId id : ids) {
+                          if (!table.table.hold(id) || !table.table.counters(id)) {
+                              return "not held or not counted: " + std::to_string(id - ids.front());
+                          }
+                      }
+                  }
+                  for (const ProcessId id : ids) {
+                      if (table.signal(id, SIGKILL) != 0) {
+                          return "not signalled: " + std::to_string(id - ids.front());
+                      }
+                  }
+                  const int spare = dup(STDOUT_FILENO);
+                  return spare >= 0 ? "" : "nothing was left for others";
+              }),
+              "");
+}
+
+TEST(LinuxProcessTable, DropsWhatItKeptOpenForTheRest) {
+    const RealProcess process;
+    Table table;
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    const auto before = openFiles();
+    EXPECT_TRUE(table.table.counters(process.id()));
+    EXPECT_EQ(openFiles(), before);
+    table.table.retainCounters({process.id()});
+    EXPECT_TRUE(table.table.counters(process.id()));
+    EXPECT_EQ(openFiles(), before + 1);
+    table.table.retainCounters({});
+    EXPECT_EQ(openFiles(), before);
+}
+
+/// Writes what /proc tells of a process under another root, with another start time.
+void writeRecord(const std::filesystem::path& root, ProcessId process, const std::string& started) {
+    const auto folder = root / std::to_string(process);
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "stat")
+        << process << " (x) S 2 1 1 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 " << started << " 0 0\n";
+    std::ofstream(folder / "status") << "Uid:\t" << getuid() << "\t" << getuid() << "\t0\t0\n";
+    std::ofstream(folder / "statm") << "10 5 1 0 0 0 0\n";
+}
+
+TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdAsRecorded) {
+    const RealProcess process;
+    std::string name = (std::filesystem::temp_directory_path() / "calmora-XXXXXX").string();
+    ASSERT_TRUE(mkdtemp(name.data()));
+    writeRecord(name, process.id(), "1000");
+    ProcessReader reader(name);
+    ProcessMemory memory(reader, 0);
+    LinuxProcessTable table(reader, memory);
+    EXPECT_TRUE(table.hold(process.id()));
+    EXPECT_EQ(table.sendSignal(process.id(), 0), 0);
+    EXPECT_TRUE(table.counters(process.id()));
+    writeRecord(name, process.id(), "1001");
+    EXPECT_FALSE(table.counters(process.id()));
+    EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), -1);
+    EXPECT_EQ(errno, ESRCH);
+    EXPECT_TRUE(isAlive(process.id()));
+    // The id is dead until it is held again.
+    writeRecord(name, process.id(), "1000");
+    EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), -1);
+    EXPECT_TRUE(table.hold(process.id()));
+    EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), 0);
+    std::filesystem::remove_all(name);
+}
+
+constexpr const char* noRight = "no right to make a namespace";
+
+/// The first process of a process id namespace of its own, where ids can be chosen.
+std::string reuseAnId() {
+    if (unshare(CLONE_NEWPID | CLONE_NEWNS) != 0) {
+        return noRight;
+    }
+    return inFork([]() -> std::string {
+        if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("proc", "/proc", "proc", 0, nullptr) != 0) {
+            return "no proc file system";
+        }
+        for (const std::optional<std::size_t> descriptors :
+             {std::optional<std::size_t>(), std::optional<std::size_t>(0)}) {
+            // Id 2 is fenced off as the kernel's.
+            const RealProcess filler;
+            auto first = std::make_unique<RealProcess>();
+            const ProcessId id = first->id();
+            Table table(descriptors);
+            table.table.retainCounters({id});
+            if (!table.table.hold(id) || !table.table.counters(id)) {
+                return "the first process was not held";
+            }
+            first->kill();
+            first->reap();
+            // Start times are counted in ticks of 10 ms.
+            std::this_thread::sleep_for(std::chrono::milliseconds(30));
+            std::ofstream("/proc/sys/kernel/ns_last_pid") << id - 1;
+            const RealProcess second;
+            if (second.id() != id) {
+                return "the id was not given again";
+            }
+            if (table.table.counters(id)) {
+                return "counters of the other process";
+            }
+            if (table.signal(id, SIGKILL) != ESRCH || table.signal(id, 0) != ESRCH) {
+                return "the other process was taken for the first";
+            }
+            if (!isAlive(second.id())) {
+                return "the other process was hit";
+            }
+            Table fresh;
+            if (fresh.signal(id, 0) != 0) {
+                return "the other process cannot be signalled at all";
+            }
+            if (!table.table.hold(id) || !table.table.counters(id) ||
+                table.signal(id, SIGKILL) != 0) {
+                return "the other process was not held";
+            }
+        }
+        return "";
+    });
+}
+
+TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdForReal) {
+    const std::string wrong = inFork(reuseAnId);
+    if (wrong == noRight) {
+        GTEST_SKIP() << wrong;
+    }
+    EXPECT_EQ(wrong, "");
+}
+
+} // namespace
+} // namespace calmora
