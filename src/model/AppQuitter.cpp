@@ -115,9 +115,9 @@ bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milli
     const Timebase timebase = clock_.timebase();
     std::chrono::microseconds slept{0};
     while (anyExists(pids)) {
-        const double elapsed =
-            static_cast<double>(clock_.ticks() - start) * timebase.numer / timebase.denom;
-        if (slept >= timeout || elapsed >= std::chrono::nanoseconds(timeout).count()) {
+        const std::chrono::duration<double, std::nano> elapsed(
+            static_cast<double>(clock_.ticks() - start) * timebase.numer / timebase.denom);
+        if (slept >= timeout || elapsed >= timeout) {
             return false;
         }
         operations_.sleep(pollInterval);
