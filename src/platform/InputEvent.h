@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/Geometry.h"
 
 #include <cstdint>
 
@@ -19,10 +20,15 @@ enum class InputEventType : std::uint32_t {
 /// One event of the keyboard or the pointer that reached this program.
 struct InputEvent {
     InputEventType type = InputEventType::keyDown;
-    /// Virtual key code of the physical key; meaningful for key events only.
+    /// Virtual key code of the physical key, negative when it has none; meaningful for key events
+    /// only.
     std::int64_t keyCode = 0;
     /// The modifiers that were down.
     ModifierFlags modifiers;
+    /// A held key that comes again.
+    bool isRepeat = false;
+    /// Of the pointer, in the coordinates of whoever is told of the event.
+    Point location;
 };
 
 } // namespace calmora

@@ -19,6 +19,10 @@ class KeyboardLayout {
     /// there is no layout, no such key, or the key gives no text.
     [[nodiscard]] virtual std::optional<std::string> character(std::int64_t keyCode) const = 0;
 
+    /// The virtual key code of a key as the window system numbers it in its events; absent when
+    /// the key has none.
+    [[nodiscard]] virtual std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const = 0;
+
     /// Tells that character() may answer differently now.
     [[nodiscard]] virtual Subscription onChanged(std::function<void()> handler) = 0;
 };

@@ -16,6 +16,11 @@ class FakeKeyboardLayout final : public KeyboardLayout {
         return found != characters.end() ? std::optional(found->second) : std::nullopt;
     }
 
+    /// A native key is its virtual key code plus 1000.
+    [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override {
+        return nativeKey >= 1000 ? std::optional<std::int64_t>(nativeKey - 1000) : std::nullopt;
+    }
+
     [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
         return changed.connect(std::move(handler));
     }

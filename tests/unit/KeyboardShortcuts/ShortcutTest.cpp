@@ -30,7 +30,8 @@ TEST(Modifiers, ConvertBitByBitAndDropTheRest) {
 TEST(Shortcut, ComesFromKeyEventsWithoutFunction) {
     const ModifierFlags held{0xFFFFFFFFU};
     for (std::uint32_t type = 0; type < 32; ++type) {
-        const auto shortcut = Shortcut::fromEvent({static_cast<InputEventType>(type), 126, held});
+        const auto shortcut =
+            Shortcut::fromEvent({static_cast<InputEventType>(type), 126, held, false, {}});
         const bool isKey = type == 10 || type == 11;
         EXPECT_EQ(shortcut, isKey ? std::optional(Shortcut{126, control | option | shift | command})
                                   : std::nullopt)

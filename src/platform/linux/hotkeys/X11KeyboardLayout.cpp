@@ -80,6 +80,11 @@ std::optional<std::string> X11KeyboardLayout::character(std::int64_t keyCode) co
     return characterOf(*state_->keymap, state_->layout, *key);
 }
 
+std::optional<std::int64_t> X11KeyboardLayout::keyCode(std::uint32_t nativeKey) const {
+    constexpr std::uint32_t lastKey = 255;
+    return nativeKey <= lastKey ? virtualKeyCode(static_cast<X11KeyCode>(nativeKey)) : std::nullopt;
+}
+
 Subscription X11KeyboardLayout::onChanged(std::function<void()> handler) {
     return state_->changed.connect(std::move(handler));
 }

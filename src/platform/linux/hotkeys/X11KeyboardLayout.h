@@ -18,6 +18,7 @@ class X11KeyboardLayout final : public KeyboardLayout {
     ~X11KeyboardLayout() override;
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
+    [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override;
     [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
 
   private:

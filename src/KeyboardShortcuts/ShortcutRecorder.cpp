@@ -1,0 +1,218 @@
+#include "KeyboardShortcuts/ShortcutRecorder.h"
+
+#include "KeyboardShortcuts/SpecialKey.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/LocalizedStrings.h"
+#include "platform/NotificationCenter.h"
+#include "platform/SystemShortcuts.h"
+
+#include <utility>
+
+namespace calmora {
+namespace {
+
+/// How far from the control a click still counts as one on it.
+constexpr int clickMargin = 3;
+
+constexpr std::size_t forceButton = 1;
+
+bool isOutside(Point point, Size size) {
+    return point.x < -clickMargin || point.y < -clickMargin ||
+           point.x >= size.width + clickMargin || point.y >= size.height + clickMargin;
+}
+
+/// The modifiers that count: neither Caps Lock nor the keypad's own flag.
+std::uint32_t countingModifiers(const InputEvent& event) {
+    constexpr std::uint32_t deviceIndependent = 0xFFFF0000;
+    return event.modifiers.mask & deviceIndependent &
+           ~(ModifierFlags::capsLock | ModifierFlags::numericPad);
+}
+
+/// Keys that change a modifier when they are pressed and are no key press otherwise.
+bool isModifierKey(std::int64_t keyCode) {
+    return keyCode >= Key::rightCommand.rawValue && keyCode <= Key::function.rawValue;
+}
+
+/// Whether no hot key can be made of it: a key without a number, or Num Lock.
+bool isImpossible(std::int64_t keyCode) {
+    return keyCode < 0 || keyCode == Key::keypadClear.rawValue;
+}
+
+bool isFunctionKey(std::int64_t keyCode) {
+    const auto special = specialKey(keyCode);
+    return special && functionKeyNumber(*special);
+}
+
+} // namespace
+
+ShortcutRecorder::ShortcutRecorder(const RecorderEnvironment& environment, RecorderControl& control,
+                                   KeyboardShortcuts::Name name, OnChange onChange)
+    : environment_(environment), control_(control), name_(std::move(name)),
+      onChange_(std::move(onChange)) {
+    control_.setPlaceholder(environment_.strings.text("record_shortcut"));
+    setStoredText();
+    nameChanges_ = environment_.notifications.observe(
+        KeyboardShortcuts::shortcutByNameDidChange, [this](const Notification& notification) {
+            const auto* changed = notification.info<KeyboardShortcuts::Name>("name");
+            if (changed && *changed == name_) {
+                setStoredText();
+            }
+        });
+    layoutChanges_ = environment_.layout.onChanged([this] { setStoredText(); });
+}
+
+ShortcutRecorder::~ShortcutRecorder() {
+    if (isRecording_) {
+        endRecording();
+    }
+}
+
+void ShortcutRecorder::setShortcutName(const KeyboardShortcuts::Name& name) {
+    const bool isSame = name == name_;
+    name_ = name;
+    if (!isSame) {
+        setStoredText();
+    }
+}
+
+void ShortcutRecorder::startRecording() {
+    if (isRecording_ || !control_.isInWindow()) {
+        return;
+    }
+    isRecording_ = true;
+    control_.setPlaceholder(environment_.strings.text("press_shortcut"));
+    control_.showClearButton(!text_.empty());
+    environment_.shortcuts.setHandlersPaused(true);
+    environment_.notifications.post({activeStatusDidChange, {{"isActive", true}}});
+    control_.monitorEvents(true);
+}
+
+void ShortcutRecorder::endRecording() {
+    if (!std::exchange(isRecording_, false)) {
+        return;
+    }
+    control_.monitorEvents(false);
+    control_.setPlaceholder(environment_.strings.text("record_shortcut"));
+    control_.showClearButton(!text_.empty());
+    environment_.shortcuts.setHandlersPaused(false);
+    environment_.notifications.post({activeStatusDidChange, {{"isActive", false}}});
+}
+
+void ShortcutRecorder::textDidChange(const std::string& text) {
+    const std::weak_ptr life = life_;
+    text_ = text;
+    if (text.empty()) {
+        environment_.shortcuts.setShortcut({}, name_);
+        if (!life.expired() && onChange_) {
+            onChange_({});
+        }
+        if (life.expired()) {
+            return;
+        }
+    }
+    control_.showClearButton(!text_.empty());
+    if (text.empty()) {
+        control_.focus();
+    }
+}
+
+RecorderVerdict ShortcutRecorder::handle(const InputEvent& event) {
+    using enum InputEventType;
+    const bool isMouseUp = event.type == leftMouseUp || event.type == rightMouseUp;
+    if (isMouseUp && isOutside(event.location, control_.size())) {
+        control_.blur();
+        return RecorderVerdict::pass;
+    }
+    if (event.type != keyDown && event.type != keyUp) {
+        return RecorderVerdict::swallow;
+    }
+    if (event.isRepeat || isModifierKey(event.keyCode)) {
+        return RecorderVerdict::swallow;
+    }
+    return handleKey(event);
+}
+
+void ShortcutRecorder::setStoredText() {
+    showText(environment_.shortcuts.getShortcut(name_));
+}
+
+void ShortcutRecorder::showText(const std::optional<Shortcut>& shortcut) {
+    const ShortcutText& text = environment_.shortcuts.text();
+    text_ = shortcut ? text.description(*shortcut) : std::string();
+    control_.setText(text_, shortcut ? text.spokenDescription(*shortcut) : std::string());
+    control_.showClearButton(!text_.empty());
+}
+
+RecorderVerdict ShortcutRecorder::handleKey(const InputEvent& event) {
+    const std::uint32_t modifiers = countingModifiers(event);
+    const Key key{event.keyCode};
+    if (modifiers == 0 && key == Key::tab) {
+        control_.blur();
+        return RecorderVerdict::pass;
+    }
+    if (modifiers == 0 && key == Key::escape) {
+        control_.blur();
+        return RecorderVerdict::swallow;
+    }
+    if (modifiers == 0 && (key == Key::delete_ || key == Key::deleteForward)) {
+        control_.clickClearButton();
+        return RecorderVerdict::swallow;
+    }
+    const bool hasModifier = (modifiers & ~(ModifierFlags::shift | ModifierFlags::function)) != 0;
+    if (isImpossible(key.rawValue) || (!hasModifier && !isFunctionKey(key.rawValue))) {
+        return refuse();
+    }
+    const auto shortcut = Shortcut::fromEvent(event);
+    return shortcut ? record(*shortcut) : refuse();
+}
+
+RecorderVerdict ShortcutRecorder::record(const Shortcut& shortcut) {
+    const LocalizedStrings& strings = environment_.strings;
+    const ShortcutText& text = environment_.shortcuts.text();
+    if (const auto title = menuConflict(shortcut, environment_.mainMenu, text)) {
+        ask({fillPlaceholders(strings.text("keyboard_shortcut_used_by_menu_item"), {*title}),
+             {},
+             {}});
+        return RecorderVerdict::swallow;
+    }
+    if (isDisallowed(shortcut, environment_.host)) {
+        ask({strings.text("keyboard_shortcut_disallowed"), {}, {}});
+        return RecorderVerdict::swallow;
+    }
+    if (isTakenBySystem(shortcut, environment_.systemShortcuts.copySymbolicHotKeys())) {
+        const auto answer = ask({strings.text("keyboard_shortcut_used_by_system"),
+                                 strings.text("keyboard_shortcuts_can_be_changed"),
+                                 {strings.text("ok"), strings.text("force_use_shortcut")}});
+        if (answer != forceButton) {
+            return RecorderVerdict::swallow;
+        }
+    }
+    const std::weak_ptr life = life_;
+    showText(shortcut);
+    environment_.shortcuts.setShortcut(shortcut, name_);
+    if (!life.expired() && onChange_) {
+        onChange_(shortcut);
+    }
+    if (!life.expired()) {
+        control_.blur();
+    }
+    return RecorderVerdict::swallow;
+}
+
+std::optional<std::size_t> ShortcutRecorder::ask(const RecorderAlert& alert) {
+    const std::weak_ptr life = life_;
+    control_.blur();
+    const std::size_t answer = control_.runAlert(alert);
+    if (life.expired()) {
+        return std::nullopt;
+    }
+    control_.focus();
+    return answer;
+}
+
+RecorderVerdict ShortcutRecorder::refuse() {
+    control_.beep();
+    return RecorderVerdict::swallow;
+}
+
+} // namespace calmora

@@ -1,0 +1,311 @@
+#include "unit/KeyboardShortcuts/ShortcutsFixture.h"
+
+#include "KeyboardShortcuts/ShortcutRecorder.h"
+#include "fakes/FakeSystemShortcuts.h"
+
+#include <memory>
+
+namespace calmora {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr std::uint32_t control = ModifierFlags::control;
+constexpr std::uint32_t option = ModifierFlags::option;
+constexpr std::uint32_t shift = ModifierFlags::shift;
+constexpr std::uint32_t command = ModifierFlags::command;
+constexpr std::uint32_t function = ModifierFlags::function;
+
+/// A control in memory: the focus works as on screen.
+class FakeControl final : public RecorderControl {
+  public:
+    [[nodiscard]] Size size() const override { return {130, 24}; }
+
+    [[nodiscard]] bool isInWindow() const override { return hasWindow; }
+
+    void setText(const std::string& newText, const std::string& newSpoken) override {
+        text = newText;
+        spoken = newSpoken;
+    }
+
+    void setPlaceholder(const std::string& newPlaceholder) override {
+        placeholder = newPlaceholder;
+    }
+
+    void showClearButton(bool isShown) override { hasClearButton = isShown; }
+
+    void clickClearButton() override {
+        text.clear();
+        recorder->textDidChange(text);
+    }
+
+    void monitorEvents(bool nowMonitoring) override { isMonitoring = nowMonitoring; }
+
+    void blur() override {
+        if (std::exchange(isFocused, false)) {
+            recorder->endRecording();
+        }
+    }
+
+    void focus() override {
+        isFocused = true;
+        recorder->startRecording();
+    }
+
+    void beep() override { ++beeps; }
+
+    std::size_t runAlert(const RecorderAlert& alert) override {
+        std::string line = alert.messageText + "|" + alert.informativeText;
+        for (const std::string& button : alert.buttons) {
+            line += "|" + button;
+        }
+        alerts.push_back(line + (recorder->isRecording() ? " while recording" : ""));
+        if (onAlert) {
+            onAlert();
+        }
+        return answer;
+    }
+
+    std::unique_ptr<ShortcutRecorder> recorder;
+    std::string text;
+    std::string spoken;
+    std::string placeholder;
+    bool hasClearButton = false;
+    bool isMonitoring = false;
+    bool isFocused = false;
+    bool hasWindow = true;
+    int beeps = 0;
+    std::size_t answer = 0;
+    std::function<void()> onAlert;
+    Lines alerts;
+};
+
+class RecorderTest : public ShortcutsFixture {
+  protected:
+    RecorderTest() {
+        strings.texts.emplace("keyboard_shortcut_used_by_menu_item", "used by %@");
+        box.recorder = makeRecorder(box, "a");
+    }
+
+    std::unique_ptr<ShortcutRecorder> makeRecorder(FakeControl& target, const std::string& name) {
+        return std::make_unique<ShortcutRecorder>(
+            environment, target, shortcuts.name(name),
+            [this](const std::optional<Shortcut>& shortcut) {
+                heard += shortcut ? shortcuts.text().description(*shortcut) : "cleared";
+            });
+    }
+
+    RecorderVerdict press(std::int64_t keyCode, std::uint32_t modifiers = 0,
+                          bool isRepeat = false) {
+        return box.recorder->handle({InputEventType::keyDown, keyCode, {modifiers}, isRepeat, {}});
+    }
+
+    /// One line: everything that the last key may have changed.
+    std::string outcome() {
+        std::string line = box.isFocused ? "recording" : "idle";
+        line += " " + stored("a");
+        line += std::exchange(box.beeps, 0) > 0 ? " beep" : "";
+        for (const std::string& alert : std::exchange(box.alerts, {})) {
+            line += " [" + alert + "]";
+        }
+        return line + (heard.empty() ? "" : " " + std::exchange(heard, {}));
+    }
+
+    FakeSystemShortcuts desktop;
+    RecorderEnvironment environment{
+        shortcuts,
+        notifications,
+        desktop,
+        layout,
+        strings,
+        MainMenu{{"File", {}, {{"Close", {{"w"}}, {}}, {"Close All", {{"W"}}, {}}}},
+                 {"Quit", {{"q"}, {"q", {control}}}, {}}},
+        {},
+        {}};
+    FakeControl box;
+    Lines statuses;
+    Subscription statusObserver = notifications.observe(
+        "KeyboardShortcuts_recorderActiveStatusDidChange", [this](const Notification& n) {
+            const bool* isActive = n.info<bool>("isActive");
+            statuses.push_back(!isActive ? "?" : *isActive ? "on" : "off");
+        });
+};
+
+TEST_F(RecorderTest, RecordsAndRests) {
+    EXPECT_EQ(box.placeholder + box.text, "record_shortcut");
+    box.hasWindow = false;
+    box.recorder->startRecording();
+    EXPECT_FALSE(box.recorder->isRecording());
+    box.hasWindow = true;
+
+    box.focus();
+    EXPECT_EQ(box.placeholder, "press_shortcut");
+    EXPECT_TRUE(box.isMonitoring && shortcuts.handlersPaused());
+    EXPECT_EQ(press(40, control | option), RecorderVerdict::swallow);
+    EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":40,"carbonModifiers":6144} ⌃⌥K)");
+    EXPECT_EQ(box.text + box.placeholder, "⌃⌥Krecord_shortcut");
+    EXPECT_EQ(box.spoken, "Control+Alt+K");
+    EXPECT_TRUE(!box.isMonitoring && box.hasClearButton);
+    EXPECT_FALSE(shortcuts.handlersPaused());
+    EXPECT_EQ(statuses, (Lines{"on", "off"}));
+    box.recorder->endRecording();
+    EXPECT_EQ(statuses.size(), 2U) << "it was over";
+
+    box.focus();
+    box.recorder.reset();
+    EXPECT_FALSE(shortcuts.handlersPaused()) << "nothing stays paused";
+    EXPECT_EQ(statuses.back(), "off");
+}
+
+TEST_F(RecorderTest, StepsComeInTheirOrder) {
+    environment.host = {{{15, 1}}, true};
+    desktop.entries = {
+        {true, 46, CarbonModifiers::command},          {true, 111, 0},
+        {true, 111, CarbonModifiers::command | 0x400}, {false, 40, CarbonModifiers::command},
+        {std::nullopt, 40, CarbonModifiers::command},  {true, 40, std::nullopt},
+        {true, 12, CarbonModifiers::command}};
+    const std::string none = " none";
+    const std::string taken = " [keyboard_shortcut_used_by_system|"
+                              "keyboard_shortcuts_can_be_changed|ok|force_use_shortcut]";
+    const auto accepted = [](int code, int mask, const std::string& change) {
+        return "idle {\"carbonKeyCode\":" + std::to_string(code) +
+               ",\"carbonModifiers\":" + std::to_string(mask) + "} " + change;
+    };
+
+    const struct {
+        std::int64_t keyCode;
+        std::uint32_t modifiers;
+        std::string expected;
+        RecorderVerdict verdict = RecorderVerdict::swallow;
+    } rows[] = {
+        {48, 0, "idle" + none, RecorderVerdict::pass},
+        {48, ModifierFlags::capsLock, "idle" + none, RecorderVerdict::pass},
+        {48, shift, "recording none beep"},
+        {53, 0, "idle" + none},
+        {53, command, accepted(53, 256, "⌘⎋")},
+        {0, 0, "recording none beep"},
+        {0, shift, "recording none beep"},
+        {123, function | ModifierFlags::numericPad, "recording none beep"},
+        {87, ModifierFlags::numericPad, "recording none beep"},
+        {96, 0, accepted(96, 0, "F5")},
+        {96, shift | function, accepted(96, 512, "⇧F5")},
+        {51, command, accepted(51, 256, "⌘⌫")},
+        {71, command, "recording none beep"},
+        {-1, command, "recording none beep"},
+        {55, command, "recording none"},
+        {57, 0, "recording none"},
+        {13, command, "recording none [used by Close|]"},
+        {13, command | shift, "recording none [used by Close All|]"},
+        {13, command | control, accepted(13, 0x1100, "⌃⌘W")},
+        {12, control, "recording none [used by Quit|]"},
+        {12, command, "recording none [used by Quit|]"},
+        {40, option, "recording none [keyboard_shortcut_disallowed|]"},
+        {40, option | shift, "recording none [keyboard_shortcut_disallowed|]"},
+        {40, option | control, accepted(40, 0x1800, "⌃⌥K")},
+        {46, command, "recording none" + taken},
+        {111, 0, accepted(111, 0, "F12")},
+        {111, command, "recording none" + taken},
+        {40, command, accepted(40, 256, "⌘K")},
+    };
+
+    for (const auto& row : rows) {
+        defaults.stored.clear();
+        box.focus();
+        EXPECT_EQ(press(row.keyCode, row.modifiers), row.verdict) << row.keyCode;
+        EXPECT_EQ(outcome(), row.expected) << row.keyCode << "/" << row.modifiers;
+    }
+    box.answer = 1;
+    box.focus();
+    press(46, command);
+    EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":46,"carbonModifiers":256})" + taken + " ⌘M")
+        << "forced";
+}
+
+TEST_F(RecorderTest, OnlyTwoReleasesDisallowAnything) {
+    const Shortcut optionK{40, CarbonModifiers::option};
+    const std::pair<HostSystem, bool> rows[] = {
+        {{}, false},
+        {{{}, true}, false},
+        {{{{15, 0}}, true}, true},
+        {{{{15, 1}}, true}, true},
+        {{{{15, 1}}, false}, false},
+        {{{{15, 2}}, true}, false},
+        {{{{14, 1}}, true}, false},
+        {{{{16, 0}}, true}, false},
+    };
+    for (const auto& [host, expected] : rows) {
+        EXPECT_EQ(isDisallowed(optionK, host), expected);
+        EXPECT_FALSE(isDisallowed({40, CarbonModifiers::option | CarbonModifiers::control}, host));
+        EXPECT_FALSE(isDisallowed({96, CarbonModifiers::shift}, host));
+    }
+}
+
+TEST_F(RecorderTest, AHeldKeyDecidesOnce) {
+    box.focus();
+    EXPECT_EQ(press(12, command, true), RecorderVerdict::swallow);
+    EXPECT_EQ(press(48, 0, true), RecorderVerdict::swallow);
+    EXPECT_EQ(outcome(), "recording none");
+}
+
+TEST_F(RecorderTest, ClicksOutsideEndRecordingAndReachTheirTarget) {
+    using enum InputEventType;
+
+    const struct {
+        InputEventType type;
+        Point location;
+        bool isOutside;
+    } rows[] = {
+        {leftMouseUp, {-3, -3}, false}, {leftMouseUp, {132, 26}, false},
+        {leftMouseUp, {133, 0}, true},  {rightMouseUp, {0, 27}, true},
+        {rightMouseUp, {-4, 0}, true},  {leftMouseDown, {500, 0}, false},
+    };
+
+    for (const auto& row : rows) {
+        box.focus();
+        const auto verdict = box.recorder->handle({row.type, 0, {}, false, row.location});
+        EXPECT_EQ(verdict == RecorderVerdict::pass, row.isOutside);
+        EXPECT_EQ(box.isFocused, !row.isOutside);
+    }
+}
+
+TEST_F(RecorderTest, DeleteClearsAndGoesOn) {
+    for (const std::int64_t key : {51, 117}) {
+        shortcuts.setShortcut(commandK, shortcuts.name("a"));
+        box.focus();
+        EXPECT_TRUE(box.hasClearButton);
+        EXPECT_EQ(press(key), RecorderVerdict::swallow);
+        EXPECT_EQ(outcome(), "recording none cleared");
+        EXPECT_TRUE(box.text.empty() && !box.hasClearButton);
+        EXPECT_EQ(box.placeholder, "press_shortcut");
+        press(key);
+        EXPECT_EQ(outcome(), "recording none cleared") << "also when there was nothing";
+    }
+}
+
+TEST_F(RecorderTest, FollowsTheStoreTheNameAndTheLayout) {
+    FakeControl second;
+    second.recorder = makeRecorder(second, "a");
+    box.focus();
+    press(40, command);
+    EXPECT_EQ(second.text, "⌘K");
+    EXPECT_TRUE(second.hasClearButton);
+    shortcuts.setShortcut(optionS, shortcuts.name("b"));
+    EXPECT_EQ(second.text, "⌘K") << "another name's";
+    second.recorder->setShortcutName(shortcuts.name("b"));
+    EXPECT_EQ(second.text, "⌥S");
+    layout.characters[1] = "o";
+    layout.changed.emit();
+    EXPECT_EQ(second.text, "⌥O");
+    shortcuts.setShortcut({}, shortcuts.name("a"));
+    EXPECT_EQ(box.text + second.text, "⌥O");
+}
+
+TEST_F(RecorderTest, MayEndWhileItsAlertIsOpen) {
+    box.onAlert = [&] { box.recorder.reset(); };
+    box.focus();
+    EXPECT_EQ(press(12, command), RecorderVerdict::swallow);
+    EXPECT_FALSE(shortcuts.handlersPaused());
+}
+
+} // namespace
+} // namespace calmora
