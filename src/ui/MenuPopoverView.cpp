@@ -249,6 +249,17 @@ void MenuPopoverView::disappear() {
     terminated_.reset();
     isForceQuit_ = false;
     isDirty_ = true;
+    // A press that the closing cut short is no press any more.
+    for (auto* button : findChildren<QAbstractButton*>()) {
+        button->setDown(false);
+    }
+}
+
+void MenuPopoverView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        markDirty();
+    }
+    QWidget::changeEvent(event);
 }
 
 void MenuPopoverView::markDirty() {

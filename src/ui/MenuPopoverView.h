@@ -64,6 +64,7 @@ class MenuPopoverView final : public QWidget {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
