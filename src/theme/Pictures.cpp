@@ -9,6 +9,7 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -75,6 +76,10 @@ QImage decoded(const Image& image, int pixels) {
     if (!image.themeName.empty()) {
         const QIcon icon = QIcon::fromTheme(QString::fromStdString(image.themeName));
         QImage found = icon.pixmap(QSize(pixels, pixels), 1.0).toImage();
+        if (!found.isNull() && std::max(found.width(), found.height()) < pixels) {
+            // The theme has only a smaller one near this size; a larger one looks better.
+            found = icon.pixmap(QSize(2 * pixels, 2 * pixels), 1.0).toImage();
+        }
         if (!found.isNull()) {
             return found;
         }
@@ -131,7 +136,7 @@ QPixmap imagePixmap(const Image& image, int side, qreal devicePixelRatio) {
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         QImage picture = decoded(image, pixels);
-        if (picture.width() > pixels || picture.height() > pixels) {
+        if (!picture.isNull() && std::max(picture.width(), picture.height()) != pixels) {
             picture = picture.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         }
         if (picture.isNull()) {

@@ -108,7 +108,7 @@ TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
         Image image = file(name);
         image.themeName = "no-such-icon";
         image.pixels = pixels;
-        EXPECT_EQ(imagePixmap(image, 24, 1).size(), QSize(2, 1)) << name;
+        EXPECT_EQ(imagePixmap(image, 24, 1).size(), QSize(24, 12)) << name;
     }
     for (const ImagePixels& wrong :
          {ImagePixels{3, 1, {1, 2}}, ImagePixels{-1, -2, {1, 2}}, ImagePixels{0, 0, {}}}) {
