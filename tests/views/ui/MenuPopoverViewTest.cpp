@@ -204,7 +204,7 @@ TEST_F(MenuPopoverViewTest, AClickActsOnTheRowThatWasDrawnAtThePress) {
     QTest::mousePress(&quit, Qt::LeftButton);
     launch(4, "Aardvark");
     machine.runLoop.turn();
-    settle();
+    rest();
     EXPECT_EQ(rows().front(), "Alpha");
     QTest::mouseRelease(&quit, Qt::LeftButton);
     EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(1));
@@ -263,7 +263,7 @@ TEST_F(MenuPopoverViewTest, GroupsBackgroundApplications) {
     }
     model.refresh();
     settle();
-    launch(21, "Helper", accessory, 1);
+    launch(22, "Agent", accessory, 1);
     model.refresh();
     settle();
     rest();
