@@ -4,9 +4,12 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QScreen>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
+#include <map>
 
 namespace calmora {
 namespace {
@@ -53,6 +56,35 @@ QColor backgroundOf(const QImage& icon) {
     }
     constexpr int count = corners.size();
     return {red / count, green / count, blue / count};
+}
+
+QColor barColor(QScreen& screen) {
+    const QRect whole = screen.geometry();
+    const QRect free = screen.availableGeometry();
+    const std::array strips = {
+        QRect(whole.topLeft(), QPoint(whole.right(), free.top() - 1)),
+        QRect(QPoint(whole.left(), free.bottom() + 1), whole.bottomRight()),
+        QRect(whole.topLeft(), QPoint(free.left() - 1, whole.bottom())),
+        QRect(QPoint(free.right() + 1, whole.top()), whole.bottomRight()),
+    };
+    const QRect bar = *std::ranges::max_element(
+        strips, {}, [](const QRect& strip) { return std::min(strip.width(), strip.height()); });
+    if (bar.isEmpty()) {
+        return {};
+    }
+    const QPoint origin = bar.topLeft() - whole.topLeft();
+    const QImage seen =
+        screen.grabWindow(0, origin.x(), origin.y(), bar.width(), bar.height()).toImage();
+    // Most of a bar is empty: its colour is the one that is there most often.
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < seen.height(); y += 3) {
+        for (int x = 0; x < seen.width(); x += 3) {
+            ++counts[seen.pixel(x, y)];
+        }
+    }
+    const auto most =
+        std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; });
+    return most == counts.end() ? QColor() : QColor(most->first);
 }
 
 QIcon glyphIcon(const Image& image, const QColor& color) {

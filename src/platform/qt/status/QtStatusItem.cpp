@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -22,6 +23,8 @@ namespace {
 constexpr auto title = "Calmora";
 /// An icon in a panel is about this wide.
 constexpr int usualSide = 22;
+/// After this time a panel that starts has painted itself.
+constexpr std::chrono::milliseconds paintTime{1000};
 
 /// The name under which a panel finds the picture and knows that it may draw it in its own colour:
 /// "-symbolic" at the end, beside the picture's own file. Empty where there is none.
@@ -35,6 +38,14 @@ QString recolorableName(const Image& image) {
 
 bool isX11() {
     return QGuiApplication::platformName() == "xcb";
+}
+
+/// Whether the desktop's panel shows an icon as it is drawn, also a symbolic one on a dark bar.
+/// There, where the bar can be looked at, the glyph comes as pixels in the colour that fits it.
+bool drawsNamesAsTheyAre() {
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':');
+    return isX11() && QGuiApplication::primaryScreen() &&
+           (desktops.contains("LXQt") || desktops.contains("MATE"));
 }
 
 } // namespace
@@ -119,6 +130,10 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
     trayIcon_.reset();
     menu_.update();
     item_.announce();
+    if (drawsNamesAsTheyAre()) {
+        // A panel that has just come is not painted yet.
+        QTimer::singleShot(paintTime, this, [this] { publishIcon(); });
+    }
 }
 
 void QtStatusItem::clicked(StatusEvent event, Point place) {
@@ -142,9 +157,16 @@ void QtStatusItem::act(StatusEvent event) {
 void QtStatusItem::publishIcon() {
     NotifierItem::Icon icon;
     if (image_) {
-        icon.name = recolorableName(*image_);
-        icon.themePath = QString::fromStdString(image_->file.parent_path().string());
-        icon.pixmaps = glyphPixmaps(*image_, QApplication::palette().color(QPalette::WindowText));
+        QColor color = QApplication::palette().color(QPalette::WindowText);
+        if (drawsNamesAsTheyAre()) {
+            if (const QColor bar = barColor(*QGuiApplication::primaryScreen()); bar.isValid()) {
+                color = glyphColorOn(bar);
+            }
+        } else {
+            icon.name = recolorableName(*image_);
+            icon.themePath = QString::fromStdString(image_->file.parent_path().string());
+        }
+        icon.pixmaps = glyphPixmaps(*image_, color);
     }
     item_.setIcon(icon);
     if (trayIcon_) {

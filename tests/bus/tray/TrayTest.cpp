@@ -1,0 +1,176 @@
+#include "platform/LocalizedStrings.h"
+#include "platform/qt/status/QtStatusItem.h"
+#include "support/VirtualDesktop.h"
+
+#include "../PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QTimer>
+
+#include <memory>
+
+namespace calmora {
+namespace {
+
+std::unique_ptr<VirtualDesktop> desktop;
+
+struct KeysAsTexts : LocalizedStrings {
+    std::string text(std::string_view key, std::optional<std::int64_t>) const override {
+        return std::string(key);
+    }
+};
+
+bool contains(const Rect& rect, Point point) {
+    return rect.x <= point.x && point.x < rect.x + rect.width && rect.y <= point.y &&
+           point.y < rect.y + rect.height;
+}
+
+class TrayTest : public testing::Test {
+  protected:
+    TrayTest() {
+        item.setTemplateImage(Image{{}, RESOURCES "/MenuBarIcon.svg", {}}, 19);
+        item.setAction([this](StatusEvent event) { events.push_back(event); });
+        item.setMenu([] { return std::vector<StatusMenuItem>{{"Quit", "q", true, {}}}; });
+    }
+
+    pid_t startTray(const char* tint) {
+        return desktop->start({"trayer", "--edge", "top", "--align", "right", "--widthtype",
+                               "request", "--height", "24", "--transparent", "true", "--alpha", "0",
+                               "--tint", tint});
+    }
+
+    /// Moves the real pointer and clicks.
+    void click(Point place, std::vector<std::string> buttons) {
+        std::vector<std::string> command = {"xdotool", "mousemove", std::to_string(place.x),
+                                            std::to_string(place.y), "click"};
+        command.insert(command.end(), buttons.begin(), buttons.end());
+        ASSERT_EQ(desktop->run(command), 0);
+    }
+
+    [[nodiscard]] bool isInTray() const {
+        const auto frame = item.frame();
+        return frame && contains(*frame, {1268, 12});
+    }
+
+    /// Whether Qt's window in the tray is there.
+    [[nodiscard]] static bool hasTrayWindow() {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* widget) {
+            return widget->inherits("QSystemTrayIconSys") && widget->isVisible();
+        });
+    }
+
+    /// The lightness of the darkest and of the lightest pixel where the icon is.
+    [[nodiscard]] std::pair<int, int> lightness() const {
+        const Rect at = item.frame().value_or(Rect{});
+        const QImage seen = QGuiApplication::primaryScreen()
+                                ->grabWindow(0, at.x, at.y, at.width, at.height)
+                                .toImage();
+        std::pair<int, int> range{255, 0};
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < seen.width(); ++x) {
+                const int gray = qGray(seen.pixel(x, y));
+                range = {std::min(range.first, gray), std::max(range.second, gray)};
+            }
+        }
+        return range;
+    }
+
+    PrivateBus bus;
+    KeysAsTexts strings;
+    std::vector<StatusEvent> events;
+    QtStatusItem item{bus.connect(), "org.example.Item", strings};
+};
+
+TEST_F(TrayTest, takesClicksInATrayThatComesLateAndGoesForAPanel) {
+    EXPECT_FALSE(waitFor([&] { return item.frame().has_value(); }, std::chrono::milliseconds(100)));
+    const pid_t tray = startTray("0x202020");
+    ASSERT_TRUE(waitFor([&] { return isInTray(); }));
+
+    click({1268, 12}, {"1"});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
+    click({1268, 12}, {"--repeat", "2", "--delay", "40", "1"});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 3; })) << "a fast second click counts";
+    click({1268, 12}, {"3"});
+    EXPECT_TRUE(waitFor([&] { return events.size() == 4; }));
+    using enum StatusEvent;
+    EXPECT_EQ(events, (std::vector{leftMouseUp, leftMouseUp, leftMouseUp, rightMouseUp}));
+
+    QDBusConnection panel = bus.connect();
+    ScriptedObject watcher(panel, "/StatusNotifierWatcher");
+    ASSERT_TRUE(panel.registerService("org.kde.StatusNotifierWatcher"));
+    EXPECT_TRUE(waitFor([&] { return !hasTrayWindow(); }));
+    EXPECT_TRUE(waitFor([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
+    ASSERT_TRUE(panel.unregisterService("org.kde.StatusNotifierWatcher"));
+    EXPECT_TRUE(waitFor([&] { return hasTrayWindow() && isInTray(); })) << "the panel went away";
+    desktop->end(tray);
+}
+
+TEST_F(TrayTest, drawsTheGlyphInAColorThatStandsOut) {
+    for (const auto& [tint, isDark] : {std::pair("0x202020", true), std::pair("0xf0f0f0", false)}) {
+        const pid_t tray = startTray(tint);
+        ASSERT_TRUE(waitFor([&] { return isInTray(); }));
+        EXPECT_TRUE(waitFor([&] {
+            const auto [darkest, lightest] = lightness();
+            return isDark ? lightest > 230 && darkest > 20 : darkest < 30 && lightest < 250;
+        })) << tint
+            << ": " << lightness().first << " to " << lightness().second;
+        desktop->end(tray);
+        ASSERT_TRUE(waitFor([&] { return !isInTray(); }));
+    }
+}
+
+TEST_F(TrayTest, remembersThePointerWherePanelsTellNothing) {
+    QDBusConnection panel = bus.connect();
+    ScriptedObject watcher(panel, "/StatusNotifierWatcher");
+    ASSERT_TRUE(panel.registerService("org.kde.StatusNotifierWatcher"));
+    ASSERT_TRUE(waitFor([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
+    const QString name = watcher.calls.back().arguments().value(0).toString();
+    click({300, 700}, {"1"});
+    const QDBusMessage answer = callAndWait(panel, name, NotifierItem::path,
+                                            NotifierItem::interfaceName, "Activate", {0, 0});
+    EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage);
+    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(item.frame());
+    EXPECT_TRUE(contains(*item.frame(), {300, 700}));
+
+    // The menu opens there and blocks until it is closed.
+    QPoint corner;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        if (QWidget* menu = QApplication::activePopupWidget()) {
+            corner = menu->geometry().topLeft();
+            menu->close();
+        }
+    });
+    poll.start(10);
+    item.popUpMenu();
+    EXPECT_EQ(corner, QPoint(300, 700));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+} // namespace
+} // namespace calmora
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (testing::GTEST_FLAG(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    calmora::desktop = std::make_unique<calmora::VirtualDesktop>();
+    for (const auto& [name, value] : calmora::desktop->environment()) {
+        qputenv(name.c_str(), value.c_str());
+    }
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    int result = 1;
+    {
+        const QApplication application(argc, argv);
+        result = RUN_ALL_TESTS();
+    }
+    calmora::desktop.reset();
+    return result;
+}
