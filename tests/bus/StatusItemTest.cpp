@@ -1,4 +1,5 @@
 #include "platform/LocalizedStrings.h"
+#include "platform/linux/dbus/BusSignal.h"
 #include "platform/qt/status/Glyph.h"
 #include "platform/qt/status/QtStatusItem.h"
 #include "platform/qt/status/StatusMenu.h"
@@ -117,7 +118,7 @@ TEST_F(StatusItemTest, answersThePanel) {
     EXPECT_EQ(item.frame(), std::nullopt);
 
     call(NotifierItem::path, itemInterface, "Activate", {700, 20});
-    EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
     EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
     const std::optional<Rect> frame = item.frame();
     ASSERT_TRUE(frame);
@@ -127,7 +128,7 @@ TEST_F(StatusItemTest, answersThePanel) {
     EXPECT_EQ(call(NotifierItem::path, itemInterface, "SecondaryActivate", {1, 1}).type(),
               QDBusMessage::ReplyMessage);
     call(NotifierItem::path, itemInterface, "ContextMenu", {0, 0});
-    EXPECT_TRUE(waitFor([&] { return events.size() == 2; }));
+    ASSERT_TRUE(waitFor([&] { return events.size() == 2; }));
     EXPECT_EQ(events.back(), StatusEvent::rightMouseUp);
     EXPECT_EQ(item.frame(), frame) << "a panel that gives no place keeps the last one";
 
@@ -181,12 +182,22 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     EXPECT_TRUE(waitFor([&] { return abouts == 1; }));
     EXPECT_EQ(click(4711), QDBusMessage::ErrorMessage);
 
+    int notices = 0;
     // What changed is known when the menu opens, and told to the panel.
     click(update);
     canUpdate = true;
     EXPECT_EQ(callMenu("AboutToShow", {0}).arguments().value(0), true);
     EXPECT_EQ(callMenu("AboutToShow", {0}).arguments().value(0), false);
     EXPECT_EQ(updates, 0) << "a click on a disabled entry";
+    canUpdate = false;
+    const BusSignal listener(panel, {MenuObject::path, menuInterface, "ItemsPropertiesUpdated", {}},
+                             [&](const QDBusMessage&) { ++notices; });
+    const auto open = QVariantList{0, "opened", QVariant::fromValue(QDBusVariant(0)), 0U};
+    callMenu("Event", open);
+    EXPECT_TRUE(waitFor([&] { return notices == 1; })) << "a panel that only says it has opened";
+    canUpdate = true;
+    callMenu("Event", open);
+    EXPECT_TRUE(waitFor([&] { return notices == 2; }));
     const auto properties = qdbus_cast<QList<DbusMenuProperties>>(
         callMenu("GetGroupProperties",
                  {QVariant::fromValue(QList<int>{update, 4711}), QStringList{"enabled", "label"}})
@@ -219,7 +230,7 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
     EXPECT_EQ(menu.children.back().id, quit) << "a click under way must not hit another entry";
     callMenu("Event",
              {menu.children.front().id, "clicked", QVariant::fromValue(QDBusVariant(0)), 0U});
-    EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
     EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
 }
 
