@@ -79,6 +79,12 @@ class TrayTest : public testing::Test {
         return range;
     }
 
+    /// A tray takes clicks for the icon once it shows it.
+    [[nodiscard]] bool isDrawn() const {
+        const auto [darkest, lightest] = lightness();
+        return lightest - darkest > 150;
+    }
+
     PrivateBus bus;
     KeysAsTexts strings;
     std::vector<StatusEvent> events;
@@ -88,7 +94,7 @@ class TrayTest : public testing::Test {
 TEST_F(TrayTest, takesClicksInATrayThatComesLateAndGoesForAPanel) {
     EXPECT_FALSE(waitFor([&] { return item.frame().has_value(); }, std::chrono::milliseconds(100)));
     const pid_t tray = startTray("0x202020");
-    ASSERT_TRUE(waitFor([&] { return isInTray(); }));
+    ASSERT_TRUE(waitFor([&] { return isInTray() && isDrawn(); }));
 
     click({1268, 12}, {"1"});
     EXPECT_TRUE(waitFor([&] { return events.size() == 1; }));
