@@ -62,23 +62,17 @@ bool QtInputGate::discards(const QEvent& event) {
                    *until_);
     const bool isPress =
         event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
-    if (isOld) {
-        if (isPress) {
-            pressesDiscarded_ |= static_cast<const QMouseEvent&>(event).button();
-        }
-        return true;
-    }
-    if (event.type() == QEvent::MouseButtonRelease) {
+    bool isDiscarded = isOld;
+    if (isPress || event.type() == QEvent::MouseButtonRelease) {
         const Qt::MouseButton button = static_cast<const QMouseEvent&>(event).button();
-        if (pressesDiscarded_.testFlag(button)) {
-            pressesDiscarded_.setFlag(button, false);
-            return true;
-        }
+        const bool lostItsPress = !isPress && pressesDiscarded_.testFlag(button);
+        isDiscarded = isOld || lostItsPress;
+        pressesDiscarded_.setFlag(button, isPress && isOld);
     }
-    if (!pressesDiscarded_) {
+    if (!isOld && !pressesDiscarded_) {
         setShut(false);
     }
-    return false;
+    return isDiscarded;
 }
 
 bool QtInputGate::Filter::eventFilter(QObject* watched, QEvent* event) {

@@ -46,6 +46,7 @@ X11Input::X11Input() {
     qtResourceMask_ = setup->resource_id_mask;
     compositor_ = atomNamed(connection, "_NET_WM_CM_S" + std::to_string(screenNumber));
 
+    clockProperty_ = atomNamed(connection, "_CALMORA_CLOCK");
     clockWindow_ = xcb_generate_id(connection);
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, clockWindow_, root_, -1, -1, 1, 1, 0,
@@ -69,10 +70,33 @@ xcb_window_t X11Input::keyboardOwner() const {
 }
 
 void X11Input::giveKeyboard(xcb_window_t window) const {
+    setKeyboardOwner(window, XCB_CURRENT_TIME);
+    // Window managers give the keyboard with the time of the last event that they saw, and the
+    // server ignores what is older than our request. This event brings them up to date.
+    touchClock(root_);
+    xcb_flush(connection_.get());
+}
+
+void X11Input::passKeyboard(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const {
+    // Nobody may take it between the question and the answer.
+    xcb_grab_server(connection_.get());
+    if (keyboardOwner() == from) {
+        setKeyboardOwner(isViewable(to) ? to : xcb_window_t{XCB_NONE}, time);
+        touchClock(root_);
+    }
+    xcb_ungrab_server(connection_.get());
+    xcb_flush(connection_.get());
+}
+
+void X11Input::setKeyboardOwner(xcb_window_t window, xcb_timestamp_t time) const {
     xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_POINTER_ROOT,
                         window == XCB_NONE ? xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT} : window,
-                        XCB_CURRENT_TIME);
-    xcb_flush(connection_.get());
+                        time);
+}
+
+void X11Input::touchClock(xcb_window_t window) const {
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, window, clockProperty_,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
 }
 
 bool X11Input::isViewable(xcb_window_t window) const {
@@ -149,13 +173,14 @@ void X11Input::selectScreenEvents() const {
     xcb_flush(connection);
 }
 
-std::optional<std::uint32_t> X11Input::rawButton(const xcb_generic_event_t& event) const {
+std::optional<X11Input::RawPress> X11Input::rawPress(const xcb_generic_event_t& event) const {
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
     if ((event.response_type & ~generatedEvent) != XCB_GE_GENERIC ||
         generic.extension != inputExtension_ || generic.event_type != XCB_INPUT_RAW_BUTTON_PRESS) {
         return std::nullopt;
     }
-    return reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
+    const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+    return RawPress{press.detail, press.time};
 }
 
 std::optional<ModifierFlags> X11Input::modifiers() {
@@ -180,8 +205,7 @@ std::optional<ModifierFlags> X11Input::modifiers() {
 
 std::optional<xcb_timestamp_t> X11Input::serverTime() {
     xcb_connection_t* connection = connection_.get();
-    xcb_change_property(connection, XCB_PROP_MODE_APPEND, clockWindow_, XCB_ATOM_WM_NAME,
-                        XCB_ATOM_STRING, 8, 0, nullptr);
+    touchClock(clockWindow_);
     xcb_flush(connection);
     while (const XcbReply<xcb_generic_event_t> event{xcb_wait_for_event(connection)}) {
         if ((event->response_type & ~generatedEvent) == XCB_PROPERTY_NOTIFY) {

@@ -50,6 +50,10 @@ class X11Input {
     /// Gives the keyboard to a window that is on screen, or to whatever the pointer is over.
     void giveKeyboard(xcb_window_t window) const;
 
+    /// Passes the keyboard from one window to another, if the first still has it. `time` is when
+    /// the user made it so: whoever acts upon a later event wins.
+    void passKeyboard(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const;
+
     /// Whether the window exists and can be seen on some desktop.
     [[nodiscard]] bool isViewable(xcb_window_t window) const;
 
@@ -78,8 +82,17 @@ class X11Input {
     /// Source: XInput 2.1, RawButtonPress.
     [[nodiscard]] Subscription watchScreen();
 
-    /// The button of a raw press that watchScreen() selected; absent for every other event.
-    [[nodiscard]] std::optional<std::uint32_t> rawButton(const xcb_generic_event_t& event) const;
+    /// A mouse button that went down somewhere.
+    struct RawPress {
+        std::uint32_t button = 0;
+        xcb_timestamp_t time = XCB_CURRENT_TIME;
+    };
+
+    /// The raw press that watchScreen() selected; absent for every other event.
+    [[nodiscard]] std::optional<RawPress> rawPress(const xcb_generic_event_t& event) const;
+
+    /// Tells the events that have arrived along with replies.
+    void dispatchQueued();
 
     /// Tells every event of this connection.
     [[nodiscard]] Subscription onEvent(std::function<void(const xcb_generic_event_t&)> handler) {
@@ -88,9 +101,10 @@ class X11Input {
 
   private:
     void dispatch();
-    void dispatchQueued();
     void handle(const xcb_generic_event_t& event);
     void readModifierMap();
+    void setKeyboardOwner(xcb_window_t window, xcb_timestamp_t time) const;
+    void touchClock(xcb_window_t window) const;
     void selectScreenEvents() const;
 
     struct ModifierMasks {
@@ -101,7 +115,9 @@ class X11Input {
     std::unique_ptr<xcb_connection_t, XcbDisconnect> connection_;
     xcb_window_t root_ = XCB_NONE;
     xcb_atom_t compositor_ = XCB_NONE;
-    /// Never shown; its property tells the time.
+    /// A property without content whose changes tell the time.
+    xcb_atom_t clockProperty_ = XCB_NONE;
+    /// Never shown.
     xcb_window_t clockWindow_ = XCB_NONE;
     std::uint32_t qtResourceBase_ = 0;
     std::uint32_t qtResourceMask_ = 0;

@@ -2,6 +2,8 @@
 
 #include "platform/qt/window/FocusMove.h"
 
+#include <QTimer>
+
 #include <utility>
 
 namespace calmora {
@@ -39,10 +41,7 @@ X11KeyboardLoan::X11KeyboardLoan(X11Input& input, xcb_window_t borrower,
 
 X11KeyboardLoan::~X11KeyboardLoan() {
     selectFocus(input_, borrower_, false);
-    if (input_.keyboardOwner() == borrower_) {
-        input_.giveKeyboard(input_.isViewable(formerOwner_) ? formerOwner_
-                                                            : xcb_window_t{XCB_NONE});
-    }
+    input_.passKeyboard(borrower_, formerOwner_, leftAt_);
 }
 
 void X11KeyboardLoan::renew() {
@@ -50,7 +49,10 @@ void X11KeyboardLoan::renew() {
 }
 
 void X11KeyboardLoan::check() {
+    isCheckDue_ = false;
     const xcb_window_t owner = input_.keyboardOwner();
+    // Windows that appeared before it got the keyboard are in the queue by now.
+    input_.dispatchQueued();
     FocusMove move{.isStillHere = owner == borrower_, .isAlertOpen = isAlertOpen_()};
     if (!move.isStillHere && !move.isAlertOpen) {
         move.isOwnerOurs = input_.isOurs(owner);
@@ -72,9 +74,10 @@ void X11KeyboardLoan::check() {
 }
 
 void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
-    if (const auto button = input_.rawButton(event)) {
-        if ((*button < firstWheelButton || *button > lastWheelButton) && !isAlertOpen_() &&
-            !input_.isOurs(input_.topLevelUnderPointer())) {
+    if (const auto press = input_.rawPress(event)) {
+        if ((press->button < firstWheelButton || press->button > lastWheelButton) &&
+            !isAlertOpen_() && !input_.isOurs(input_.topLevelUnderPointer())) {
+            leftAt_ = press->time;
             leave(Leaving::pressedOutside);
         }
         return;
@@ -84,7 +87,9 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         const auto& out = as<xcb_focus_out_event_t>(event);
         if (out.event == borrower_) {
             userActed_ = userActed_ || out.mode == XCB_NOTIFY_MODE_GRAB;
-            check();
+            if (!std::exchange(isCheckDue_, true)) {
+                QTimer::singleShot(0, &context_, [this] { check(); });
+            }
         }
         break;
     }

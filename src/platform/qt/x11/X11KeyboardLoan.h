@@ -3,6 +3,8 @@
 #include "platform/qt/window/TransientWindows.h"
 #include "platform/qt/x11/X11Input.h"
 
+#include <QObject>
+
 #include <set>
 
 namespace calmora {
@@ -32,10 +34,14 @@ class X11KeyboardLoan final : public KeyboardLoan {
     std::function<void(Leaving)> onLeft_;
     /// Who gets the keyboard back.
     xcb_window_t formerOwner_;
+    /// When the press was made that ends the loan.
+    xcb_timestamp_t leftAt_ = XCB_CURRENT_TIME;
     /// Top-level windows that appeared meanwhile.
     std::set<xcb_window_t> appeared_;
     /// A grab since a window last vanished: a combination of the window manager.
     bool userActed_ = false;
+    bool isCheckDue_ = false;
+    QObject context_;
     Subscription screen_;
     Subscription events_;
 };
