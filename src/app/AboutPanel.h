@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Image.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <string>
+
+namespace calmora {
+
+class LocalizedStrings;
+
+/// The small window with icon, name and version. Deletes itself when it is closed.
+class AboutPanel final : public QWidget {
+  public:
+    /// Without a version the panel shows "1.0.0".
+    AboutPanel(const LocalizedStrings& strings, const Image& icon,
+               const std::optional<std::string>& version);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+} // namespace calmora

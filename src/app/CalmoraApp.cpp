@@ -1,0 +1,136 @@
+#include "app/CalmoraApp.h"
+
+#include "app/AboutPanel.h"
+#include "app/Identity.h"
+#include "app/SettingsWindow.h"
+#include "platform/linux/xdg/BaseDirectories.h"
+#include "platform/qt/popover/QtPopover.h"
+#include "platform/qt/status/QtStatusItem.h"
+#include "platform/qt/window/ManagedTransientWindows.h"
+#include "platform/qt/x11/X11TransientWindows.h"
+#include "theme/Theme.h"
+#include "ui/AppListViewModel.h"
+#include "ui/MenuPopoverView.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace calmora {
+
+namespace {
+
+std::unique_ptr<TransientWindows> makeTransientWindows() {
+    if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        return std::make_unique<X11TransientWindows>();
+    }
+    return std::make_unique<ManagedTransientWindows>();
+}
+
+/// The popover's content together with the model that it shows.
+class ListContent final : public QWidget {
+  public:
+    ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings)
+        : viewModel_(settings, surroundings.platform),
+          view_(settings, viewModel_, std::move(surroundings), this) {
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(&view_);
+    }
+
+  private:
+    AppListViewModel viewModel_;
+    MenuPopoverView view_;
+};
+
+void showWindow(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
+
+CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
+                       EndingSignals& signals)
+    : sessionBus_(sessionBus), machine_(sessionBus_, alertSession_),
+      defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
+                runLoop_),
+      transientWindows_(makeTransientWindows()), alerts_(*transientWindows_, alertSession_, icon()),
+      eventMonitor_(*transientWindows_),
+      inputGate_(*transientWindows_, [this] { eventMonitor_.reread(); }),
+      delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, machine_.bundle,
+                strings_) {
+    appearance_ = colorScheme_.onChanged(
+        [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
+    activated_ = instance.onActivated([this] { delegate_.openPopover(); });
+    signals.onSignal([] { QCoreApplication::quit(); });
+}
+
+CalmoraApp::~CalmoraApp() {
+    delete aboutPanel_;
+    delete settingsWindow_;
+}
+
+int CalmoraApp::run() {
+    delegate_.applicationDidFinishLaunching();
+    return QApplication::exec();
+}
+
+std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
+    auto popover = std::make_unique<QtPopover>(*transientWindows_, alertSession_);
+    auto list = std::make_unique<ListContent>(
+        settings, MenuPopoverSurroundings{.platform = platform(),
+                                          .eventMonitor = eventMonitor_,
+                                          .popover = *popover,
+                                          .inputGate = inputGate_,
+                                          .openSettings = [this] { openSettings(); }});
+    willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
+    didClose_ = popover->onDidClose([this] { looking_.reset(); });
+    popover->setContent(std::move(list));
+    return popover;
+}
+
+std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
+    return std::make_unique<QtStatusItem>(sessionBus_, identity::identifier, strings_);
+}
+
+void CalmoraApp::orderFrontAboutPanel() {
+    if (!aboutPanel_) {
+        aboutPanel_ = new AboutPanel(strings_, icon(), machine_.bundle.shortVersion());
+    }
+    showWindow(*aboutPanel_);
+}
+
+void CalmoraApp::openSettings() {
+    if (!settingsWindow_) {
+        settingsWindow_ = new SettingsWindow(strings_);
+    }
+    showWindow(*settingsWindow_);
+}
+
+void CalmoraApp::terminate() {
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+Image CalmoraApp::icon() const {
+    Image image;
+    image.file = machine_.bundle.resource("AppIcon", "svg").value_or(std::filesystem::path());
+    return image;
+}
+
+Platform CalmoraApp::platform() {
+    return {.workspace = machine_.workspace,
+            .processes = machine_.processes,
+            .clock = machine_.clock,
+            .runLoop = runLoop_,
+            .bundle = machine_.bundle,
+            .text = machine_.text,
+            .strings = strings_,
+            .sounds = machine_.sounds,
+            .alerts = alerts_};
+}
+
+} // namespace calmora

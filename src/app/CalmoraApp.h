@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/AppToolkit.h"
+#include "app/LinuxMachine.h"
+#include "platform/linux/xdg/JsonUserDefaults.h"
+#include "platform/qt/AlertSession.h"
+#include "platform/qt/EndingSignals.h"
+#include "platform/qt/QtLocalizedStrings.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/alerts/QtAlerts.h"
+#include "platform/qt/appearance/DesktopColorScheme.h"
+#include "platform/qt/input/QtEventMonitor.h"
+#include "platform/qt/input/QtInputGate.h"
+#include "platform/qt/single_instance/SingleInstance.h"
+#include "platform/qt/window/TransientWindows.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class QWidget;
+
+namespace calmora {
+
+/// The root of the program: owns the platform and the delegate, in the order of lifetimes, and
+/// makes for the delegate what needs the toolkit. One at a time, while there is a QApplication.
+class CalmoraApp final : private AppToolkit {
+  public:
+    /// `instance` is the first of the session and outlives this object, like `signals`.
+    CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance, EndingSignals& signals);
+
+    ~CalmoraApp() override;
+
+    /// Shows the status item and runs until the program ends: its exit status.
+    int run();
+
+  private:
+    std::unique_ptr<Popover> makePopover(AppSettings& settings) override;
+    std::unique_ptr<StatusItem> makeStatusItem() override;
+    void orderFrontAboutPanel() override;
+    void terminate() override;
+    void openSettings();
+    [[nodiscard]] Image icon() const;
+    [[nodiscard]] Platform platform();
+
+    QDBusConnection sessionBus_;
+    AlertSession alertSession_;
+    QtRunLoop runLoop_{alertSession_};
+    QtLocalizedStrings strings_;
+    LinuxMachine machine_;
+    JsonUserDefaults defaults_;
+    std::unique_ptr<TransientWindows> transientWindows_;
+    QtAlerts alerts_;
+    QtEventMonitor eventMonitor_;
+    QtInputGate inputGate_;
+    DesktopColorScheme colorScheme_;
+
+    QPointer<QWidget> aboutPanel_;
+    QPointer<QWidget> settingsWindow_;
+    /// While the popover is shown the workspace also looks for what no event announces.
+    Subscription looking_;
+    AppDelegate delegate_;
+    Subscription willShow_;
+    Subscription didClose_;
+    Subscription appearance_;
+    Subscription activated_;
+};
+
+} // namespace calmora

@@ -1,0 +1,30 @@
+#include "app/LinuxMachine.h"
+
+#include "app/Identity.h"
+#include "platform/linux/xdg/BaseDirectories.h"
+
+#include <cstdlib>
+
+namespace calmora {
+
+LinuxMachine::LinuxMachine(const QDBusConnection& sessionBus, AlertSession& alertSession)
+    : bundle(identity::identifier, identity::version), sounds(identity::name, identity::identifier),
+      windows(events), bus(sessionBus), memory(reader),
+      fence(reader, {.display = [this] { return windows.displayProcesses(); },
+                     .busOwners = [this] { return bus.protectedProcesses(); },
+                     .environment = {}}),
+      processes(reader, memory, [this](ProcessId process) { return !fence.isProtected(process); }),
+      installed(BaseDirectories::fromEnvironment(),
+                messageLocales([](const char* name) { return std::getenv(name); })),
+      workspace({.events = events,
+                 .windows = windows,
+                 .reader = reader,
+                 .memory = memory,
+                 .processes = processes,
+                 .installed = installed,
+                 .protection = fence,
+                 .bus = bus,
+                 .home = BaseDirectories::fromEnvironment().home.string()}),
+      watch(events.descriptor(), alertSession, [this] { events.dispatch(); }) {}
+
+} // namespace calmora

@@ -1,0 +1,26 @@
+#include "app/SettingsWindow.h"
+
+#include "platform/LocalizedStrings.h"
+
+#include <QKeyEvent>
+
+namespace calmora {
+
+SettingsWindow::SettingsWindow(const LocalizedStrings& strings)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setObjectName("settingsWindow");
+    setWindowTitle(QString::fromStdString(strings.text("Calmora Settings")));
+    setFixedSize(450, 560);
+}
+
+void SettingsWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace calmora

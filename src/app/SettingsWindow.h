@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QWidget>
+
+namespace calmora {
+
+class LocalizedStrings;
+
+/// The frame of the settings. Deletes itself when it is closed.
+class SettingsWindow final : public QWidget {
+  public:
+    explicit SettingsWindow(const LocalizedStrings& strings);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+} // namespace calmora

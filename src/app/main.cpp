@@ -1,0 +1,60 @@
+#include "app/CalmoraApp.h"
+#include "app/Identity.h"
+#include "theme/Theme.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+/// Whether the command line asked for a text instead of the program.
+bool printsText(int argc, char** argv) {
+    using namespace calmora;
+    for (int index = 1; index < argc; ++index) {
+        if (std::strcmp(argv[index], "--version") == 0) {
+            std::printf("%s %s\n", identity::name, identity::version);
+            return true;
+        }
+        if (std::strcmp(argv[index], "--help") == 0) {
+            std::printf("Usage: calmora [--version | --help]\n"
+                        "Puts %s into the status bar; started again, it opens its popover.\n",
+                        identity::name);
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (printsText(argc, argv)) {
+        return 0;
+    }
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        std::fprintf(stderr, "calmora: there is no display to show anything on\n");
+        return 1;
+    }
+    // On a Wayland session only an X11 client may place its popover beside the icon.
+    if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+    calmora::EndingSignals signals;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(calmora::identity::name);
+    QApplication::setApplicationVersion(calmora::identity::version);
+    QApplication::setDesktopFileName(calmora::identity::identifier);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const QDBusConnection sessionBus = QDBusConnection::sessionBus();
+    calmora::SingleInstance instance(sessionBus, calmora::identity::identifier);
+    if (!instance.isFirst()) {
+        return 0;
+    }
+    calmora::installTheme(application);
+    return calmora::CalmoraApp(sessionBus, instance, signals).run();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "support/FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace calmora {
+
+/// Turns SIGTERM, SIGINT and SIGHUP into a call from the main loop, so that the program ends as
+/// after its own Quit command. Source: signalfd(2).
+class EndingSignals {
+  public:
+    /// Holds the signals back from now on. To be called before the program has other threads.
+    EndingSignals();
+
+    /// Calls `action` for each signal, those included that came before.
+    void onSignal(std::function<void()> action);
+
+  private:
+    FileDescriptor descriptor_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+} // namespace calmora
