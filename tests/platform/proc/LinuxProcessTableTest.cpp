@@ -183,17 +183,23 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
             _exit(1);
         }
     });
-    // Its owner is somebody else, its rights are not: it is not the user's alone either.
-    const RealProcess mixed([] {
+    // Of its two users only one is ours: it is not ours alone.
+    const RealProcess halfTheirs([] {
         if (setresuid(0, nobody, 0) != 0) {
+            _exit(1);
+        }
+    });
+    const RealProcess halfOurs([] {
+        if (setresuid(nobody, 0, 0) != 0) {
             _exit(1);
         }
     });
     Table table;
     EXPECT_EQ(table.signal(theirs.id(), SIGKILL), EPERM);
     EXPECT_EQ(table.signal(theirs.id(), 0), EPERM);
-    EXPECT_EQ(table.signal(mixed.id(), SIGKILL), EPERM);
-    EXPECT_TRUE(isAlive(theirs.id()) && isAlive(mixed.id()));
+    EXPECT_EQ(table.signal(halfTheirs.id(), SIGKILL), EPERM);
+    EXPECT_EQ(table.signal(halfOurs.id(), SIGKILL), EPERM);
+    EXPECT_TRUE(isAlive(theirs.id()) && isAlive(halfTheirs.id()) && isAlive(halfOurs.id()));
     const auto all = table.table.allProcesses();
     EXPECT_EQ(std::ranges::find(all, theirs.id()), all.end());
 
@@ -327,7 +333,8 @@ void writeRecord(const std::filesystem::path& root, ProcessId process, const std
     std::filesystem::create_directories(folder);
     std::ofstream(folder / "stat")
         << process << " (x) S 2 1 1 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 " << started << " 0 0\n";
-    std::ofstream(folder / "status") << "Uid:\t" << getuid() << "\t" << getuid() << "\t0\t0\n";
+    std::ofstream(folder / "status")
+        << "Uid:\t" << getuid() << "\t" << getuid() << "\t0\t0\nVmRSS:\t20 kB\n";
     std::ofstream(folder / "statm") << "10 5 1 0 0 0 0\n";
 }
 
