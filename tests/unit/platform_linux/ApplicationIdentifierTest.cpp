@@ -252,10 +252,13 @@ TEST(ApplicationIdentifier, GivesWellKnownIdentifiersLast) {
         identify(factsOf({"pcmanfm"}, "", {windowOf(1, "pcmanfm", "Pcmanfm")}), debian());
     EXPECT_EQ(files.bundleIdentifier, "com.apple.finder");
     EXPECT_EQ(files.desktopId, "pcmanfm");
+    EXPECT_EQ(bundleIdentifierOf("pcmanfm", debian()), "com.apple.finder");
+    EXPECT_EQ(bundleIdentifierOf("pcmanfm", DesktopEntryIndex()), "pcmanfm");
+    EXPECT_EQ(bundleIdentifierOf("", DesktopEntryIndex()), "");
 }
 
 TEST(ApplicationIdentifier, CountsATransientWindowAsItsParents) {
-    TopLevelWindow tip = windowOf(1, "libreoffice", "Soffice");
+    TopLevelWindow tip = windowOf(1, "feh", "feh");
     tip.transientFor = 2;
     auto facts = factsOf({"soffice.bin"}, "",
                          {tip, windowOf(2, "libreoffice", "libreoffice-writer"),

@@ -379,9 +379,7 @@ ApplicationIdentity identityOf(const Match& match, const ApplicationFacts& facts
     ApplicationIdentity identity;
     identity.desktopId = match.id;
     identity.rule = match.rule;
-    identity.bundleIdentifier = !index.fileManager().empty() && match.id == index.fileManager()
-                                    ? "com.apple.finder"
-                                    : wellKnownIdentifier(match.id);
+    identity.bundleIdentifier = bundleIdentifierOf(match.id, index);
     if (match.entry) {
         identity.localizedName = match.entry->name;
         identity.icon = iconImage(match.entry->icon);
@@ -438,6 +436,11 @@ std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& proc
     ApplicationFacts facts;
     facts.process = process;
     return identityOf(*found, facts, index);
+}
+
+std::string bundleIdentifierOf(std::string_view desktopId, const DesktopEntryIndex& index) {
+    const bool opensFolders = !desktopId.empty() && desktopId == index.fileManager();
+    return opensFolders ? "com.apple.finder" : wellKnownIdentifier(desktopId);
 }
 
 std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup) {

@@ -21,6 +21,12 @@ namespace calmora {
 [[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                                     const DesktopEntryIndex& index);
 
+/// The identifier that is given out for a desktop id: "com.apple.finder" for the application that
+/// opens folders, else the well-known one where there is one, else the id itself. An identifier
+/// that was stored as a desktop id means this one. Pure.
+[[nodiscard]] std::string bundleIdentifierOf(std::string_view desktopId,
+                                             const DesktopEntryIndex& index);
+
 /// The desktop ids that the name of a systemd unit of an application may mean, most likely first:
 /// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`.
 /// Source: systemd "Desktop Environment Integration".
