@@ -106,10 +106,11 @@ QPixmap symbolPixmap(const QString& name, int side, const QColor& color, qreal d
         QStringLiteral("symbol:%1:%2:%3").arg(name).arg(pixels).arg(color.rgba(), 0, 16);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        QSvgRenderer renderer(QStringLiteral(":/calmora/symbols/%1.svg").arg(name));
-        if (!renderer.isValid() || pixels <= 0) {
+        const QString file = QStringLiteral(":/calmora/symbols/%1.svg").arg(name);
+        if (pixels <= 0 || !QFileInfo::exists(file)) {
             return {};
         }
+        QSvgRenderer renderer(file);
         QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);

@@ -72,6 +72,11 @@ void AppRowView::setRow(AppRow row) {
                          old.isWhitelisted != row_.isWhitelisted ||
                          old.app.isBackgroundApp != row_.app.isBackgroundApp ||
                          old.resourceDisplay != row_.resourceDisplay;
+    if (old.app.pid != row_.app.pid) {
+        // Another application: whether the pointer is over it is found out when it is in place.
+        hoverFade_.stop();
+        isHovered_ = false;
+    }
     if (old.app.icon != row_.app.icon) {
         icon_.reset();
         update(iconBounds_);

@@ -1,3 +1,4 @@
+#include "theme/Theme.h"
 #include "ui/PopoverFixture.h"
 
 #include <gmock/gmock.h>
@@ -345,6 +346,22 @@ TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
               QAccessible::ListItem);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&rowButton("Alpha", "quit"))->role(),
               QAccessible::Button);
+}
+
+TEST_F(MenuPopoverViewTest, TurnsDarkWhileItIsShown) {
+    const auto brightness = [this] {
+        const QImage one =
+            window.grab().toImage().scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        return one.pixelColor(0, 0).lightnessF();
+    };
+    launchThree();
+    show();
+    EXPECT_GT(brightness(), 0.8);
+    setAppearance(Appearance::dark);
+    settle();
+    EXPECT_LT(brightness(), 0.3);
+    EXPECT_GT(search().palette().color(QPalette::Text).lightnessF(), 0.8);
+    setAppearance(Appearance::light);
 }
 
 TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
