@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 #include <xcb/xcb.h>
@@ -238,6 +239,13 @@ int main(int argc, char** argv) {
             options.hidesOnClosing = true;
         } else if (option == "--ignore-term") {
             options.ignoresTerm = true;
+        } else if (option == "--busy") {
+            std::thread([] {
+                volatile unsigned rounds = 0;
+                while (true) {
+                    rounds = rounds + 1;
+                }
+            }).detach();
         } else if (option == "--tray") {
             options.isTrayIcon = true;
         } else if (option == "--helper") {
