@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/AppToolkit.h"
+#include "autoquit/AutoQuitManager.h"
 
 #include <utility>
 
@@ -10,6 +11,8 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
                          AppToolkit& toolkit, const Bundle& bundle, const LocalizedStrings& strings)
     : settings_(defaults), updaterController_(std::move(updater)), toolkit_(toolkit),
       bundle_(bundle), strings_(strings) {}
+
+AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     popover_ = toolkit_.makePopover(settings_);
@@ -23,6 +26,11 @@ void AppDelegate::applicationDidFinishLaunching() {
     statusItem_->setTemplateImage(image, statusIconPoints);
     statusItem_->setAction([this](StatusEvent event) { togglePopover(event); });
     statusItem_->setMenu([this] { return contextMenu(); });
+
+    // Also while auto-quit is off: switched on later, it knows since when nothing was used.
+    autoQuitManager_ = toolkit_.makeAutoQuitManager(settings_);
+    autoQuitManager_->activityTracker().startTracking();
+    autoQuitManager_->start();
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {

@@ -14,6 +14,7 @@
 namespace calmora {
 
 class AppToolkit;
+class AutoQuitManager;
 class UserDefaults;
 
 /// The program's presence in the status bar: one icon, whose left click opens and closes the
@@ -26,8 +27,10 @@ class AppDelegate {
     /// Nothing is on screen yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
                 const Bundle& bundle, const LocalizedStrings& strings);
+    ~AppDelegate();
 
-    /// Makes the popover and the status item. Call once, when the main loop is about to run.
+    /// Makes the popover and the status item and starts watching for idle applications. Call once,
+    /// when the main loop is about to run.
     void applicationDidFinishLaunching();
 
     /// The action of the status item: the menu after a right click, else the popover opens or
@@ -49,6 +52,9 @@ class AppDelegate {
     /// The preferences.
     [[nodiscard]] AppSettings& settings() { return settings_; }
 
+    /// What looks for new versions.
+    [[nodiscard]] Updater& updater() { return *updaterController_; }
+
   private:
     void togglePopover();
     [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
@@ -57,6 +63,7 @@ class AppDelegate {
     std::unique_ptr<Updater> updaterController_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
+    std::unique_ptr<AutoQuitManager> autoQuitManager_;
 
     AppToolkit& toolkit_;
     const Bundle& bundle_;

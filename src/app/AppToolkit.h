@@ -5,6 +5,7 @@
 namespace calmora {
 
 class AppSettings;
+class AutoQuitManager;
 class Popover;
 class StatusItem;
 
@@ -18,6 +19,10 @@ class AppToolkit {
 
     /// A status item without picture, action and menu.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
+
+    /// The manager that quits idle applications; it has not started yet.
+    [[nodiscard]] virtual std::unique_ptr<AutoQuitManager>
+    makeAutoQuitManager(AppSettings& settings) = 0;
 
     /// Shows the About panel, or raises the one there is.
     virtual void orderFrontAboutPanel() = 0;

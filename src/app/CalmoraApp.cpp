@@ -3,11 +3,13 @@
 #include "app/AboutPanel.h"
 #include "app/Identity.h"
 #include "app/SettingsWindow.h"
+#include "autoquit/AutoQuitManager.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
 #include "platform/qt/status/QtStatusItem.h"
 #include "platform/qt/window/ManagedTransientWindows.h"
 #include "platform/qt/x11/X11TransientWindows.h"
+#include "settings/GeneralSettingsView.h"
 #include "theme/Theme.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
@@ -61,6 +63,9 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       transientWindows_(makeTransientWindows()), alerts_(*transientWindows_, alertSession_, icon()),
       eventMonitor_(*transientWindows_),
       inputGate_(*transientWindows_, [this] { eventMonitor_.reread(); }),
+      notifications_(sessionBus_, identity::identifier),
+      loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
+                 QCoreApplication::applicationFilePath().toStdString()),
       delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, machine_.bundle,
                 strings_) {
     appearance_ = colorScheme_.onChanged(
@@ -97,6 +102,10 @@ std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
     return std::make_unique<QtStatusItem>(sessionBus_, identity::identifier, strings_);
 }
 
+std::unique_ptr<AutoQuitManager> CalmoraApp::makeAutoQuitManager(AppSettings& settings) {
+    return std::make_unique<AutoQuitManager>(settings, platform(), notifications_, inputGate_);
+}
+
 void CalmoraApp::orderFrontAboutPanel() {
     if (!aboutPanel_) {
         aboutPanel_ = new AboutPanel(strings_, icon(), machine_.bundle.shortVersion());
@@ -106,7 +115,10 @@ void CalmoraApp::orderFrontAboutPanel() {
 
 void CalmoraApp::openSettings() {
     if (!settingsWindow_) {
-        settingsWindow_ = new SettingsWindow(strings_);
+        auto* window = new SettingsWindow(strings_);
+        window->setContent(new GeneralSettingsView(delegate_.settings(), delegate_.updater(),
+                                                   loginItem_, platform(), window));
+        settingsWindow_ = window;
     }
     showWindow(*settingsWindow_);
 }

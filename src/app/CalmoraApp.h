@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/AppToolkit.h"
 #include "app/LinuxMachine.h"
+#include "platform/linux/xdg/AutostartLoginItem.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
 #include "platform/qt/AlertSession.h"
 #include "platform/qt/EndingSignals.h"
@@ -12,6 +13,7 @@
 #include "platform/qt/appearance/DesktopColorScheme.h"
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/input/QtInputGate.h"
+#include "platform/qt/notifications/DesktopNotifications.h"
 #include "platform/qt/single_instance/SingleInstance.h"
 #include "platform/qt/window/TransientWindows.h"
 
@@ -38,6 +40,7 @@ class CalmoraApp final : private AppToolkit {
   private:
     std::unique_ptr<Popover> makePopover(AppSettings& settings) override;
     std::unique_ptr<StatusItem> makeStatusItem() override;
+    std::unique_ptr<AutoQuitManager> makeAutoQuitManager(AppSettings& settings) override;
     void orderFrontAboutPanel() override;
     void terminate() override;
     void openSettings();
@@ -55,6 +58,8 @@ class CalmoraApp final : private AppToolkit {
     QtEventMonitor eventMonitor_;
     QtInputGate inputGate_;
     DesktopColorScheme colorScheme_;
+    DesktopNotifications notifications_;
+    AutostartLoginItem loginItem_;
 
     QPointer<QWidget> aboutPanel_;
     QPointer<QWidget> settingsWindow_;

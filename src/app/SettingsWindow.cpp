@@ -3,6 +3,7 @@
 #include "platform/LocalizedStrings.h"
 
 #include <QKeyEvent>
+#include <QVBoxLayout>
 
 namespace calmora {
 
@@ -13,6 +14,12 @@ SettingsWindow::SettingsWindow(const LocalizedStrings& strings)
     setObjectName("settingsWindow");
     setWindowTitle(QString::fromStdString(strings.text("Calmora Settings")));
     setFixedSize(450, 560);
+}
+
+void SettingsWindow::setContent(QWidget* content) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(content);
 }
 
 void SettingsWindow::keyPressEvent(QKeyEvent* event) {

@@ -11,6 +11,9 @@ class SettingsWindow final : public QWidget {
   public:
     explicit SettingsWindow(const LocalizedStrings& strings);
 
+    /// Fills the window with `content`, which it owns.
+    void setContent(QWidget* content);
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 };

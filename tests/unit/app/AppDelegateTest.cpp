@@ -1,7 +1,10 @@
 #include "app/AppDelegate.h"
 
 #include "app/AppToolkit.h"
+#include "autoquit/AutoQuitManager.h"
+#include "fakes/FakeInputGate.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/FakeUserNotifications.h"
 
 #include <gtest/gtest.h>
 
@@ -52,11 +55,20 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
         return item;
     }
 
+    std::unique_ptr<AutoQuitManager> makeAutoQuitManager(AppSettings& settings) override {
+        EXPECT_EQ(&settings, &delegate_.settings());
+        calls_ += "auto-quit ";
+        return std::make_unique<AutoQuitManager>(settings, fakes_.platform(), notifications_,
+                                                 input_);
+    }
+
     void orderFrontAboutPanel() override { calls_ += "about "; }
 
     void terminate() override { calls_ += "terminate "; }
 
     FakePlatform fakes_;
+    FakeUserNotifications notifications_;
+    FakeInputGate input_;
     bool canCheck_ = false;
     std::string calls_;
     FakePopover* popover_ = nullptr;
@@ -71,11 +83,23 @@ TEST_F(AppDelegateTest, NothingHappensBeforeLaunchHasFinished) {
     delegate_.openPopover();
     EXPECT_EQ(calls_, "");
     delegate_.applicationDidFinishLaunching();
-    EXPECT_EQ(calls_, "popover item ");
+    EXPECT_EQ(calls_, "popover item auto-quit ");
     EXPECT_EQ(popover_->size, (Size{360, 500}));
     EXPECT_EQ(item_->points, 19);
     ASSERT_TRUE(item_->image);
     EXPECT_EQ(item_->image->file, "/share/MenuBarIcon.svg");
+}
+
+TEST_F(AppDelegateTest, WatchesForIdleApplicationsFromTheLaunchOn) {
+    fakes_.workspace.launch({.pid = 1, .bundleIdentifier = "org.example.Idle"});
+    fakes_.workspace.activate(1);
+    delegate_.applicationDidFinishLaunching();
+    fakes_.runLoop.advance(std::chrono::minutes(20));
+    EXPECT_TRUE(fakes_.workspace.terminateRequests.empty());
+    delegate_.settings().setAutoQuitMinutes(15);
+    delegate_.settings().setAutoQuitEnabled(true);
+    fakes_.runLoop.advance(std::chrono::minutes(1));
+    EXPECT_EQ(fakes_.workspace.terminateRequests, std::vector<ProcessId>{1});
 }
 
 TEST_F(AppDelegateTest, AMissingGlyphLeavesTheItemUsable) {
