@@ -22,14 +22,14 @@ class RecorderControl {
   public:
     virtual ~RecorderControl() = default;
 
-    [[nodiscard]] virtual Size size() const = 0;
+    [[nodiscard]] virtual Size bounds() const = 0;
 
     /// Whether it stands in a window.
     [[nodiscard]] virtual bool isInWindow() const = 0;
 
     /// `spoken` says the same in words, for tooltip and screen reader. No change of the text by
     /// this counts as editing.
-    virtual void setText(const std::string& text, const std::string& spoken) = 0;
+    virtual void showText(const std::string& text, const std::string& spoken) = 0;
 
     virtual void setPlaceholder(const std::string& text) = 0;
     virtual void showClearButton(bool isShown) = 0;

@@ -119,7 +119,7 @@ void ShortcutRecorder::textDidChange(const std::string& text) {
 RecorderVerdict ShortcutRecorder::handle(const InputEvent& event) {
     using enum InputEventType;
     const bool isMouseUp = event.type == leftMouseUp || event.type == rightMouseUp;
-    if (isMouseUp && isOutside(event.location, control_.size())) {
+    if (isMouseUp && isOutside(event.location, control_.bounds())) {
         control_.blur();
         return RecorderVerdict::pass;
     }
@@ -139,7 +139,7 @@ void ShortcutRecorder::setStoredText() {
 void ShortcutRecorder::showText(const std::optional<Shortcut>& shortcut) {
     const ShortcutText& text = environment_.shortcuts.text();
     text_ = shortcut ? text.description(*shortcut) : std::string();
-    control_.setText(text_, shortcut ? text.spokenDescription(*shortcut) : std::string());
+    control_.showText(text_, shortcut ? text.spokenDescription(*shortcut) : std::string());
     control_.showClearButton(!text_.empty());
 }
 

@@ -18,13 +18,14 @@ constexpr const char* folder = ":/calmora/translations";
 
 } // namespace
 
-QtLocalizedStrings::QtLocalizedStrings(const QLocale& locale) {
+QtLocalizedStrings::QtLocalizedStrings(const QLocale& locale, StringCatalogue catalogue)
+    : catalogue_(catalogue) {
     loadTables();
-    if (english_.load("calmora_en", folder)) {
+    if (english_.load(QString(catalogue.name) + "_en", folder)) {
         QCoreApplication::installTranslator(&english_);
     }
     // The translator that was installed last is asked first.
-    if (locale.language() != QLocale::English && local_.load(locale, "calmora", "_", folder)) {
+    if (locale.language() != QLocale::English && local_.load(locale, catalogue.name, "_", folder)) {
         QCoreApplication::installTranslator(&local_);
     }
 }
@@ -37,8 +38,8 @@ QtLocalizedStrings::~QtLocalizedStrings() {
 std::string QtLocalizedStrings::text(std::string_view key,
                                      std::optional<std::int64_t> count) const {
     const std::string source(key);
-    const auto translated = [&source](int number) {
-        return QCoreApplication::translate("Calmora", source.c_str(), nullptr, number)
+    const auto translated = [this, &source](int number) {
+        return QCoreApplication::translate(catalogue_.context, source.c_str(), nullptr, number)
             .toStdString();
     };
     if (count) {

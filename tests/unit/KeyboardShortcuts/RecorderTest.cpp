@@ -19,11 +19,11 @@ constexpr std::uint32_t function = ModifierFlags::function;
 /// A control in memory: the focus works as on screen.
 class FakeControl final : public RecorderControl {
   public:
-    [[nodiscard]] Size size() const override { return {130, 24}; }
+    [[nodiscard]] Size bounds() const override { return {130, 24}; }
 
     [[nodiscard]] bool isInWindow() const override { return hasWindow; }
 
-    void setText(const std::string& newText, const std::string& newSpoken) override {
+    void showText(const std::string& newText, const std::string& newSpoken) override {
         text = newText;
         spoken = newSpoken;
     }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+
+#include <functional>
+#include <memory>
+
+namespace calmora {
+
+/// The raw names of the program's three shortcuts. None has a default.
+struct ProgramShortcuts {
+    static constexpr const char* activateMenu = "activateMenu";
+    static constexpr const char* quitAll = "quitAll";
+    static constexpr const char* forceQuitAll = "forceQuitAll";
+};
+
+/// Binds the program's three shortcuts to what they do. The callbacks may be set and replaced at
+/// any time; an empty one does nothing. Main thread.
+class HotKeyManager {
+  public:
+    /// `shortcuts` must outlive the manager; its actions may outlive it.
+    explicit HotKeyManager(KeyboardShortcuts& shortcuts) : shortcuts_(shortcuts) {}
+
+    HotKeyManager(const HotKeyManager&) = delete;
+    HotKeyManager& operator=(const HotKeyManager&) = delete;
+
+    /// Runs the callbacks from now on when their shortcuts are pressed. Call once.
+    void registerShortcuts();
+
+    std::function<void()> onActivateMenu;
+    std::function<void()> onQuitAll;
+    std::function<void()> onForceQuitAll;
+
+  private:
+    KeyboardShortcuts& shortcuts_;
+    std::shared_ptr<HotKeyManager*> self_ = std::make_shared<HotKeyManager*>(this);
+};
+
+} // namespace calmora
