@@ -14,7 +14,6 @@ Recorder::Recorder(const RecorderEnvironment& environment, const QString& title,
       control_(new RecorderCocoa(environment, std::move(name), title, std::move(onChange), this)) {
     auto* label = new QLabel(title, this);
     label->setTextFormat(Qt::PlainText);
-    control_->setFont(label->font());
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(label);

@@ -129,19 +129,13 @@ bool RecorderCocoa::event(QEvent* event) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;
     }
-    return QLineEdit::event(event);
-}
-
-void RecorderCocoa::changeEvent(QEvent* event) {
-    QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && recorder_) {
-        if (isActiveWindow()) {
-            preventBecomingKey();
-        } else if (recorder_->isRecording()) {
-            recorder_->endRecording();
-            clearFocus();
-        }
+    if (event->type() == QEvent::WindowActivate) {
+        preventBecomingKey();
+    } else if (event->type() == QEvent::WindowDeactivate && recorder_ && recorder_->isRecording()) {
+        recorder_->endRecording();
+        clearFocus();
     }
+    return QLineEdit::event(event);
 }
 
 void RecorderCocoa::contextMenuEvent(QContextMenuEvent* event) {
@@ -187,6 +181,9 @@ void RecorderCocoa::mouseMoveEvent(QMouseEvent* event) {
 
 void RecorderCocoa::mousePressEvent(QMouseEvent* event) {
     event->accept();
+    if (hasFocus()) {
+        recorder_->startRecording();
+    }
 }
 
 void RecorderCocoa::mouseReleaseEvent(QMouseEvent* event) {
@@ -271,6 +268,10 @@ void RecorderCocoa::blur() {
 void RecorderCocoa::focus() {
     window()->activateWindow();
     setFocus(Qt::OtherFocusReason);
+    if (hasFocus()) {
+        // It had it all the time, and nothing tells of it.
+        recorder_->startRecording();
+    }
 }
 
 void RecorderCocoa::beep() {

@@ -45,7 +45,6 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
 
   protected:
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

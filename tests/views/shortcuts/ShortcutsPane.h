@@ -1,0 +1,51 @@
+#pragma once
+
+#include "KeyboardShortcuts/Modifiers.h"
+#include "KeyboardShortcuts/RecorderCocoa.h"
+#include "app/HotKeyManager.h"
+#include "app/ProgramMenu.h"
+#include "app/ShortcutsSettingsView.h"
+#include "fakes/FakeHotKeys.h"
+#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeLocalizedStrings.h"
+#include "fakes/FakeSystemShortcuts.h"
+#include "fakes/FakeText.h"
+#include "fakes/FakeUserDefaults.h"
+#include "platform/NotificationCenter.h"
+#include "platform/qt/QtLocalizedStrings.h"
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <string>
+
+namespace calmora {
+
+/// The Shortcuts pane over a machine in memory, in a window.
+struct ShortcutsPane {
+    ShortcutsPane() {
+        window.resize(450, 300);
+        auto* column = new QVBoxLayout(&window);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(new ShortcutsSettingsView(environment, &window));
+    }
+
+    [[nodiscard]] RecorderCocoa& recorder(const char* name) {
+        return *window.findChild<QWidget*>(name)->findChild<RecorderCocoa*>();
+    }
+
+    FakeUserDefaults defaults;
+    NotificationCenter notifications;
+    FakeHotKeys hotKeys;
+    FakeKeyboardLayout layout;
+    FakeText text;
+    FakeLocalizedStrings programStrings;
+    QtLocalizedStrings strings{QLocale::c(), keyboardShortcutsCatalogue};
+    FakeSystemShortcuts desktop;
+    KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
+    RecorderEnvironment environment{
+        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {}};
+    QWidget window;
+};
+
+} // namespace calmora

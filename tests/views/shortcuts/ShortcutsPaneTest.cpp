@@ -1,0 +1,207 @@
+#include "ShortcutsPane.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <memory>
+#include <set>
+
+namespace calmora {
+namespace {
+
+class ShortcutsPaneTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        other = new QLineEdit(&pane->window);
+        pane->window.layout()->addWidget(other);
+        pane->window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&pane->window));
+        QCoreApplication::processEvents();
+    }
+
+    void press(RecorderCocoa& recorder, int virtualKey, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, modifiers,
+                        1000U + static_cast<unsigned>(virtualKey), 0, 0);
+        QApplication::sendEvent(&recorder, &event);
+    }
+
+    std::string stored(const std::string& name) {
+        return pane->defaults.string("KeyboardShortcuts_" + name).value_or("none");
+    }
+
+    std::unique_ptr<ShortcutsPane> pane = std::make_unique<ShortcutsPane>();
+    QLineEdit* other = nullptr;
+};
+
+TEST_F(ShortcutsPaneTest, NothingRecordsByItselfAndTabLeadsThrough) {
+    RecorderCocoa& first = pane->recorder("activateMenu");
+    RecorderCocoa& second = pane->recorder("quitAll");
+    EXPECT_FALSE(first.isRecording());
+    EXPECT_TRUE(first.canBecomeKeyView()) << "Tab may choose it by now";
+    EXPECT_EQ(first.placeholderText(), "Record Shortcut");
+    EXPECT_EQ(first.accessibleName(), "Show/Hide Calmora:");
+    EXPECT_FALSE(first.findChild<QToolButton*>("cancelButton")->isVisible());
+    EXPECT_EQ(first.width(), 130);
+
+    QTest::mouseClick(&first, Qt::LeftButton);
+    EXPECT_TRUE(first.isRecording());
+    EXPECT_EQ(first.placeholderText(), "Press Shortcut");
+    press(first, 48);
+    EXPECT_FALSE(first.isRecording());
+    EXPECT_TRUE(second.isRecording());
+    EXPECT_TRUE(pane->shortcuts.handlersPaused());
+    press(second, 53);
+    EXPECT_FALSE(second.isRecording() || second.hasFocus());
+    EXPECT_FALSE(pane->shortcuts.handlersPaused());
+}
+
+TEST_F(ShortcutsPaneTest, RecordsShowsAndClears) {
+    RecorderCocoa& recorder = pane->recorder("quitAll");
+    QTest::mouseClick(&recorder, Qt::LeftButton);
+    press(recorder, 40, Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    EXPECT_EQ(stored("quitAll"), R"({"carbonKeyCode":40,"carbonModifiers":6400})");
+    EXPECT_EQ(recorder.text(), "⌃⌥⌘K");
+    EXPECT_EQ(recorder.toolTip(), "Control+Alt+Super+K");
+    EXPECT_EQ(recorder.accessibleName(), "Quit all: Control+Alt+Super+K");
+    EXPECT_FALSE(recorder.isRecording());
+
+    auto* clear = recorder.findChild<QToolButton*>("cancelButton");
+    ASSERT_TRUE(clear->isVisible());
+    QTest::mouseClick(clear, Qt::LeftButton);
+    EXPECT_EQ(stored("quitAll"), "none");
+    EXPECT_TRUE(recorder.text().isEmpty() && !clear->isVisible());
+    EXPECT_TRUE(recorder.isRecording()) << "goes on for another one";
+    press(recorder, 40, Qt::GroupSwitchModifier);
+    EXPECT_TRUE(recorder.isRecording()) << "AltGr is no modifier";
+    press(recorder, 49, Qt::ControlModifier);
+    EXPECT_EQ(recorder.text(), "⌃Space");
+}
+
+TEST_F(ShortcutsPaneTest, ClicksElsewhereEndRecordingAndAct) {
+    RecorderCocoa& recorder = pane->recorder("quitAll");
+    QTest::mouseClick(&recorder, Qt::LeftButton);
+    ASSERT_TRUE(recorder.isRecording()) << "its own click";
+    QTest::mouseClick(other, Qt::LeftButton);
+    EXPECT_FALSE(recorder.isRecording());
+    EXPECT_TRUE(other->hasFocus());
+    QTest::mouseClick(&recorder, Qt::LeftButton);
+    QTest::mouseClick(&pane->window, Qt::LeftButton, {}, {2, 2});
+    EXPECT_FALSE(recorder.isRecording());
+}
+
+TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
+    RecorderCocoa& recorder = pane->recorder("quitAll");
+    pane->desktop.entries = {{true, 40, CarbonModifiers::control}};
+    int waiting = 0;
+    pane->environment.beginAlert = [&] {
+        ++waiting;
+        return Subscription([&] { --waiting; });
+    };
+    std::vector<std::string> seen;
+    const auto answer = [&](auto act) {
+        QTimer::singleShot(0, &recorder, [&, act] {
+            auto* sheet = pane->window.findChild<QMessageBox*>("recorderAlert");
+            ASSERT_NE(sheet, nullptr);
+            seen.push_back(sheet->text().toStdString());
+            EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+            EXPECT_EQ(waiting, 1);
+            EXPECT_FALSE(recorder.isRecording());
+            EXPECT_EQ(sheet->defaultButton(), sheet->buttons().front());
+            act(*sheet);
+        });
+    };
+    const auto escape = [](QMessageBox& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); };
+
+    const struct {
+        int key;
+        std::function<void(QMessageBox&)> act;
+        std::string expected;
+    } rows[] = {
+        {12, escape, "none"},
+        {40, escape, "none"},
+        {40, [](QMessageBox& sheet) { sheet.buttons().front()->click(); }, "none"},
+        {40, [](QMessageBox& sheet) { sheet.buttons().back()->click(); },
+         R"({"carbonKeyCode":40,"carbonModifiers":4096})"},
+    };
+
+    for (const auto& row : rows) {
+        QTest::mouseClick(&recorder, Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return recorder.isRecording(); }));
+        answer(row.act);
+        press(recorder, row.key, Qt::ControlModifier);
+        EXPECT_EQ(stored("quitAll"), row.expected);
+        EXPECT_EQ(waiting, 0);
+    }
+    ASSERT_EQ(seen.size(), 4U);
+    EXPECT_NE(seen.front().find("“Quit Calmora”"), std::string::npos) << seen.front();
+}
+
+TEST_F(ShortcutsPaneTest, SurvivesItsWindow) {
+    QTest::mouseClick(&pane->recorder("quitAll"), Qt::LeftButton);
+    ASSERT_TRUE(pane->shortcuts.handlersPaused());
+    pane->window.hide();
+    EXPECT_FALSE(pane->shortcuts.handlersPaused());
+
+    pane->window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&pane->window));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(pane->recorder("quitAll").isRecording());
+    QTest::mouseClick(&pane->recorder("quitAll"), Qt::LeftButton);
+    QTimer::singleShot(0, qApp, [&] { delete pane->window.findChild<ShortcutsSettingsView*>(); });
+    press(pane->recorder("quitAll"), 12, Qt::ControlModifier);
+    EXPECT_FALSE(pane->shortcuts.handlersPaused());
+}
+
+TEST(HotKeyManager, RunsWhatIsSetWhenTheKeyIsPressed) {
+    ShortcutsPane pane;
+    auto manager = std::make_unique<HotKeyManager>(pane.shortcuts);
+    std::string heard;
+    manager->onQuitAll = [&] { heard += "q"; };
+    manager->registerShortcuts();
+    EXPECT_TRUE(pane.hotKeys.takeCalls().empty()) << "none has a default";
+    std::uint32_t id = 0;
+    for (const char* name : {"activateMenu", "quitAll", "forceQuitAll"}) {
+        pane.shortcuts.setShortcut(Shortcut{++id, CarbonModifiers::control},
+                                   pane.shortcuts.name(name));
+    }
+    const auto fireAll = [&] {
+        for (std::uint32_t key : {1U, 2U, 3U}) {
+            pane.hotKeys.fire(key);
+        }
+        return std::exchange(heard, {});
+    };
+    EXPECT_EQ(fireAll(), "q");
+    manager->onActivateMenu = [&] { heard += "a"; };
+    manager->onForceQuitAll = [&] { heard += "f"; };
+    manager->onQuitAll = [&] {
+        heard += "1";
+        manager->onQuitAll = [&] { heard += "2"; };
+    };
+    EXPECT_EQ(fireAll(), "a1f");
+    EXPECT_EQ(fireAll(), "a2f");
+    manager.reset();
+    EXPECT_EQ(fireAll(), "");
+}
+
+TEST(ShortcutTexts, EverySymbolicKeyHasAText) {
+    const QtLocalizedStrings strings(QLocale::c(), keyboardShortcutsCatalogue);
+    std::set<std::string> texts;
+    for (const char* key : {"record_shortcut", "press_shortcut", "clear_shortcut",
+                            "keyboard_shortcut_used_by_menu_item", "keyboard_shortcut_disallowed",
+                            "keyboard_shortcut_used_by_system", "keyboard_shortcuts_can_be_changed",
+                            "ok", "force_use_shortcut", "space_key"}) {
+        EXPECT_NE(strings.text(key), key);
+        texts.insert(strings.text(key));
+    }
+    EXPECT_EQ(texts.size(), 10U);
+}
+
+} // namespace
+} // namespace calmora
