@@ -1,4 +1,6 @@
 #include "Children.h"
+#include "Compare.h"
+#include "WorkspaceBenchmarks.h"
 
 #include "autoquit/KnownAppTable.h"
 #include "autoquit/KnownApps.h"
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <ctime>
 #include <string>
 #include <unordered_map>
@@ -26,44 +29,6 @@
 
 namespace calmora {
 namespace {
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
-
-/// CPU time of this thread in seconds: what others do on the machine does not count.
-double cpuSeconds() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-/// Times two things by turns, so that both meet the same disturbances: the medians of their CPU
-/// time in microseconds and their ratio.
-template <typename Ours, typename Floor>
-void compare(benchmark::State& state, Ours ours, Floor floor) {
-    std::vector<double> oursTook;
-    std::vector<double> floorTook;
-    ours();
-    floor();
-    for ([[maybe_unused]] auto round : state) {
-        const double start = cpuSeconds();
-        floor();
-        const double between = cpuSeconds();
-        ours();
-        const double end = cpuSeconds();
-        floorTook.push_back(between - start);
-        oursTook.push_back(end - between);
-        state.SetIterationTime(oursTook.back());
-    }
-    const double oursMedian = median(oursTook);
-    const double floorMedian = median(floorTook);
-    state.counters["us"] = oursMedian * 1e6;
-    state.counters["floor_us"] = floorMedian * 1e6;
-    state.counters["ratio"] = oursMedian / floorMedian;
-}
 
 /// The fake machine, with the real table of processes, the real clock and real texts.
 struct Machine {
@@ -225,7 +190,11 @@ int main(int argc, char** argv) {
     };
     atEachSize(benchmark::RegisterBenchmark("sampling", sampling, RLIM_INFINITY));
     atEachSize(benchmark::RegisterBenchmark("sampling, 1024 open files", sampling, rlim_t{1024}));
-    atEachSize(benchmark::RegisterBenchmark("refresh, 50 applications among", refresh));
+    atEachSize(benchmark::RegisterBenchmark("refresh over a fake workspace", refresh));
+    atEachSize(benchmark::RegisterBenchmark("refresh over the real workspace",
+                                            refreshOverTheRealWorkspace, std::chrono::seconds(16)));
+    atEachSize(benchmark::RegisterBenchmark("refresh among young processes",
+                                            refreshOverTheRealWorkspace, std::chrono::seconds(0)));
     atEachSize(
         benchmark::RegisterBenchmark("list by name", filterAndSort, SortOrder::alphabetical, ""));
     atEachSize(benchmark::RegisterBenchmark("list by CPU", filterAndSort, SortOrder::cpuUsage, ""));

@@ -1,0 +1,136 @@
+#include "WorkspaceBenchmarks.h"
+
+#include "Children.h"
+#include "Compare.h"
+
+#include "fakes/FakePlatform.h"
+#include "platform/linux/bus/BusApplications.h"
+#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/proc/LinuxClock.h"
+#include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/text/IcuText.h"
+#include "platform/linux/windows/WindowSystem.h"
+#include "platform/linux/workspace/LinuxWorkspace.h"
+#include "platform/linux/xdg/InstalledApplications.h"
+#include "settings/AppSettings.h"
+#include "ui/AppListViewModel.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <dirent.h>
+
+namespace calmora {
+namespace {
+
+/// Windows that stand still.
+struct StillWindows final : WindowSystem {
+    bool isAlive() const override { return true; }
+
+    const std::vector<TopLevelWindow>& windows() override { return all; }
+
+    std::optional<WindowId> activeWindow() override { return {}; }
+
+    Subscription onWindowsChanged(std::function<void()>) override { return {}; }
+
+    Subscription onActiveWindowChanged(std::function<void()>) override { return {}; }
+
+    Subscription onClosed(std::function<void()>) override { return {}; }
+
+    bool requestClose(WindowId) override { return false; }
+
+    std::shared_ptr<const ImagePixels> icon(WindowId) override { return nullptr; }
+
+    std::vector<ProcessId> displayProcesses() override { return {}; }
+
+    std::vector<ProcessId> trayIconProcesses() override { return {}; }
+
+    void flush() override {}
+
+    std::vector<TopLevelWindow> all;
+};
+
+struct SilentBus final : BusApplications {
+    bool ownsStatusItem(ProcessId) const override { return false; }
+
+    std::vector<ProcessId> statusItemProcesses() const override { return {}; }
+
+    bool isMediaPlayer(ProcessId) const override { return false; }
+
+    bool quitMediaPlayer(ProcessId) override { return false; }
+
+    void learnActions(const ExportedActions&) override {}
+
+    bool activateQuit(const ExportedActions&) override { return false; }
+
+    std::vector<ProcessId> protectedProcesses() const override { return {}; }
+
+    Subscription onChanged(std::function<void()>) override { return {}; }
+
+    void flush() override {}
+};
+
+struct NoProtection final : ProtectedProcesses {
+    bool isProtected(ProcessId) override { return false; }
+};
+
+std::size_t nameProcesses() {
+    const std::unique_ptr<DIR, decltype([](DIR* folder) { closedir(folder); })> processes(
+        opendir("/proc"));
+    std::size_t count = 0;
+    while (processes && readdir(processes.get())) {
+        ++count;
+    }
+    return count;
+}
+
+} // namespace
+
+void refreshOverTheRealWorkspace(benchmark::State& state, std::chrono::seconds age) {
+    const Children children(static_cast<std::size_t>(state.range(0)));
+    FakePlatform fakes;
+    EventPoll events;
+    StillWindows windows;
+    for (std::size_t i = 0; i < std::min<std::size_t>(50, children.processes().size()); ++i) {
+        TopLevelWindow window;
+        window.id = i + 1;
+        window.process = children.processes()[i];
+        window.certainty = ProcessCertainty::certain;
+        window.instance = "program" + std::to_string(i);
+        window.className = "Program" + std::to_string(i);
+        window.type = WindowType::normal;
+        window.canBeAsked = true;
+        windows.all.push_back(window);
+    }
+    ProcessReader reader;
+    ProcessMemory memory{reader};
+    LinuxProcessTable processes{reader, memory};
+    InstalledApplications installed{BaseDirectories::fromEnvironment(), {}};
+    NoProtection protection;
+    SilentBus bus;
+    LinuxWorkspace workspace{
+        {events, windows, reader, memory, processes, installed, protection, bus, {}}};
+    LinuxClock clock;
+    IcuText text{"en_US.UTF-8"};
+    AppSettings settings{fakes.defaults};
+    AppListViewModel model(settings, {workspace, processes, clock, fakes.runLoop, fakes.bundle,
+                                      text, fakes.strings, fakes.sounds, fakes.alerts});
+    // Listened to, but not yet on screen: each list looks through /proc by itself.
+    const Subscription launches = workspace.onLaunched([](const WorkspaceApplication&) {});
+    const Subscription ends = workspace.onTerminated([](const WorkspaceApplication&) {});
+    model.refresh();
+    std::this_thread::sleep_for(age);
+    compare(
+        state, [&] { model.refresh(); },
+        [&] {
+            benchmark::DoNotOptimize(nameProcesses());
+            benchmark::DoNotOptimize(nameProcesses());
+        });
+    state.counters["listed"] = static_cast<double>(model.apps().size());
+}
+
+} // namespace calmora
