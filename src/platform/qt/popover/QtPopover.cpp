@@ -88,6 +88,9 @@ void QtPopover::performClose() {
 }
 
 void QtPopover::userLeft(Leaving how) {
+    if (how == Leaving::covered) {
+        return; // Only an alert insists on being on top.
+    }
     if (how == Leaving::pressedOutside && anchor_ && toQRect(*anchor_).contains(QCursor::pos())) {
         return; // The icon's own action follows.
     }

@@ -14,12 +14,14 @@ class QWindow;
 
 namespace calmora {
 
-/// How the user left a transient window.
+/// What took a transient window out of the user's attention.
 enum class Leaving {
     /// A mouse button went down outside the program's windows.
     pressedOutside,
     /// Another window got the keyboard.
     turnedAway,
+    /// Another program's window moved and may lie above now. Told at most every 50 ms.
+    covered,
 };
 
 /// The keyboard, lent to one transient window. Its end gives the keyboard back to the window that
@@ -49,7 +51,7 @@ class TransientWindows {
     /// Lets the pointer through outside of `inner`, given in device pixels within the window.
     virtual void setInputArea(QWindow& window, const QRect& inner) = 0;
 
-    /// Gives the keyboard to `window`, which is on screen, and tells once when the user leaves it.
+    /// Gives the keyboard to `window`, which is on screen, and tells whenever the user leaves it.
     /// `isAlertOpen` is asked whenever the keyboard moves: it may go to an alert.
     [[nodiscard]] virtual std::unique_ptr<KeyboardLoan>
     lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,

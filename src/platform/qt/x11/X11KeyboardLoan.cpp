@@ -4,6 +4,7 @@
 
 #include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 namespace calmora {
@@ -14,6 +15,8 @@ constexpr std::uint8_t generatedEvent = 0x80;
 /// Turning the wheel presses the buttons 4 to 7.
 constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
+/// Two programs that both want to be on top must not fight without pause.
+constexpr std::chrono::milliseconds coverDelay{50};
 
 template <typename Event>
 const Event& as(const xcb_generic_event_t& event) {
@@ -45,6 +48,7 @@ X11KeyboardLoan::~X11KeyboardLoan() {
 }
 
 void X11KeyboardLoan::renew() {
+    leftAt_ = XCB_CURRENT_TIME;
     input_.giveKeyboard(borrower_);
 }
 
@@ -93,6 +97,15 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         }
         break;
     }
+    case XCB_CONFIGURE_NOTIFY:
+        if (!input_.isOurs(as<xcb_configure_notify_event_t>(event).window) &&
+            !std::exchange(isCoverDue_, true)) {
+            QTimer::singleShot(coverDelay, &context_, [this] {
+                isCoverDue_ = false;
+                leave(Leaving::covered);
+            });
+        }
+        break;
     case XCB_MAP_NOTIFY:
         appeared_.insert(as<xcb_map_notify_event_t>(event).window);
         break;

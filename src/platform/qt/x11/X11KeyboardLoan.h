@@ -41,6 +41,7 @@ class X11KeyboardLoan final : public KeyboardLoan {
     /// A grab since a window last vanished: a combination of the window manager.
     bool userActed_ = false;
     bool isCheckDue_ = false;
+    bool isCoverDue_ = false;
     QObject context_;
     Subscription screen_;
     Subscription events_;

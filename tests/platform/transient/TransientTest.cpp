@@ -1,0 +1,295 @@
+#include "Hands.h"
+#include "platform/qt/alerts/QtAlerts.h"
+#include "platform/qt/input/QtEventMonitor.h"
+#include "platform/qt/input/QtInputGate.h"
+#include "platform/qt/popover/QtPopover.h"
+#include "platform/qt/x11/X11TransientWindows.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::uint32_t altL = 0xffe9;
+constexpr std::uint32_t escape = 0xff1b;
+constexpr std::uint32_t letterA = 'a';
+
+/// Long enough for Qt to notice that a window lost the keyboard.
+constexpr milliseconds settling{250};
+
+class TransientTest : public testing::Test {
+  protected:
+    TransientTest() {
+        auto content = std::make_unique<QWidget>();
+        auto* layout = new QVBoxLayout(content.get());
+        field_ = new QLineEdit;
+        button_ = new QPushButton("Quit");
+        layout->addWidget(field_);
+        layout->addWidget(button_);
+        QObject::connect(button_, &QPushButton::clicked, button_, [this] { ++clicks_; });
+        popover_.setContent(std::move(content));
+        popover_.setContentSize({360, 500});
+        first_ = openActive(600, 100, "first");
+        second_ = openActive(600, 400, "second");
+    }
+
+    ~TransientTest() override {
+        hands_.keyUp(altL);
+        popover_.performClose();
+        for (const xcb_window_t window : {first_, second_}) {
+            hands_.closeWindow(window);
+        }
+        hands_.move(1000, 700);
+        loopFor(milliseconds{50});
+    }
+
+    /// A window of another program that has the keyboard.
+    xcb_window_t openActive(int x, int y, const std::string& title) {
+        const xcb_window_t window = hands_.openWindow(x, y, title);
+        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == window; })) << title;
+        return window;
+    }
+
+    void show() {
+        popover_.show(icon_);
+        ASSERT_TRUE(loopUntil([&] {
+            return ownsKeyboard(field_) && QApplication::focusWindow() &&
+                   field_->window()->windowHandle()->isExposed();
+        }));
+        field_->setFocus();
+    }
+
+    bool ownsKeyboard(const QWidget* widget) {
+        return hands_.keyboardOwner() == widget->window()->winId();
+    }
+
+    static QPoint middle(const QWidget* widget) {
+        return widget->mapToGlobal(widget->rect().center());
+    }
+
+    void clickOn(const QWidget* widget) { hands_.click(middle(widget).x(), middle(widget).y()); }
+
+    /// Shows an alert of two buttons and runs `act` while it is open.
+    std::size_t ask(const std::function<void(QWidget& alert)>& act) {
+        QTimer::singleShot(0, button_, [&] {
+            QWidget* alert = nullptr;
+            loopUntil([&] {
+                for (QWidget* widget : QApplication::topLevelWidgets()) {
+                    QWidget* found = widget->findChild<QWidget*>("alert");
+                    if (found && found->isVisible() && hands_.keyboardOwner() == widget->winId()) {
+                        alert = found;
+                    }
+                }
+                return alert != nullptr;
+            });
+            ASSERT_NE(alert, nullptr);
+            loopUntil(
+                [&] { return QApplication::focusWindow() == alert->window()->windowHandle(); });
+            act(*alert);
+        });
+        return alerts_.runModal({.messageText = "Force?",
+                                 .informativeText = "Unsaved changes are lost.",
+                                 .style = AlertStyle::critical,
+                                 .icon = {},
+                                 .buttons = {{"Force Quit", true}, {"Cancel", false}}});
+    }
+
+    Hands hands_;
+    X11TransientWindows windows_;
+    AlertSession session_;
+    QtAlerts alerts_{windows_, session_, Image{}};
+    QtPopover popover_{windows_, session_};
+    std::optional<Rect> icon_ = Rect{100, 0, 24, 24};
+    QLineEdit* field_ = nullptr;
+    QPushButton* button_ = nullptr;
+    int clicks_ = 0;
+    xcb_window_t first_ = 0;
+    xcb_window_t second_ = 0;
+};
+
+TEST_F(TransientTest, BorrowsTheKeyboardAndGivesItBack) {
+    show();
+    hands_.keyDown(letterA);
+    hands_.keyUp(letterA);
+    EXPECT_TRUE(loopUntil([&] { return field_->text() == "a"; }));
+    hands_.keyDown(escape);
+    hands_.keyUp(escape);
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    EXPECT_EQ(hands_.keyboardOwner(), second_);
+}
+
+TEST_F(TransientTest, ClicksWithOptionHeldReachPopoverAndAlert) {
+    show();
+    hands_.keyDown(altL);
+    clickOn(button_);
+    EXPECT_TRUE(loopUntil([&] { return clicks_ == 1; }));
+    EXPECT_TRUE(popover_.isShown());
+    const std::size_t answer = ask([&](QWidget& alert) {
+        EXPECT_TRUE(popover_.isShown());
+        clickOn(alert.findChild<QWidget*>("alertButton0"));
+    });
+    EXPECT_EQ(answer, 0U);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown());
+    EXPECT_TRUE(ownsKeyboard(field_));
+}
+
+TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
+    show();
+    const std::size_t answer = ask([&](QWidget& alert) {
+        hands_.click(700, 480); // The second window.
+        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+        loopFor(settling);
+        EXPECT_EQ(hands_.topmost(), alert.window()->winId()) << "nothing covers an alert";
+        const QPoint title = middle(alert.findChild<QWidget*>("messageText"));
+        hands_.click(title.x(), title.y());
+        EXPECT_TRUE(loopUntil([&] { return ownsKeyboard(&alert); }));
+        hands_.keyDown(escape);
+        hands_.keyUp(escape);
+    });
+    EXPECT_EQ(answer, 1U);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown());
+    EXPECT_TRUE(ownsKeyboard(field_));
+}
+
+TEST_F(TransientTest, TakesTheKeyboardBackWhenTheActiveWindowVanishes) {
+    show();
+    hands_.closeWindow(second_);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown());
+    EXPECT_TRUE(ownsKeyboard(field_));
+    hands_.closeWindow(first_);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown());
+    EXPECT_TRUE(ownsKeyboard(field_));
+}
+
+TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
+    show();
+    const xcb_window_t dialog = hands_.openWindow(300, 300, "save?");
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == dialog; }));
+    hands_.closeWindow(dialog);
+    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+
+    loopFor(ReopenGuard::span);
+    show();
+    hands_.closeWindow(second_);
+    std::this_thread::sleep_for(milliseconds{50});
+    const xcb_window_t other = hands_.openWindow(300, 300, "save?");
+    for (int turn = 0; turn < 100 && hands_.keyboardOwner() != other; ++turn) {
+        std::this_thread::sleep_for(milliseconds{10});
+    }
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    EXPECT_EQ(hands_.keyboardOwner(), other);
+    hands_.closeWindow(other);
+}
+
+TEST_F(TransientTest, ClosesForTheSettingsWindow) {
+    show();
+    QWidget settings;
+    settings.resize(450, 560);
+    settings.show();
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown() && ownsKeyboard(&settings); }));
+}
+
+TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
+    const xcb_window_t icon = hands_.openIcon(icon_->x, icon_->y, icon_->width);
+    show();
+    hands_.click(icon_->x + 3, icon_->y + 3);
+    loopFor(settling);
+    hands_.click(middle(field_).x(), middle(field_).y());
+    hands_.press(5);
+    hands_.release(5);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown());
+
+    const xcb_window_t panel = hands_.openIcon(1200, 700, 24);
+    hands_.move(1210, 710);
+    hands_.press(5);
+    hands_.release(5);
+    loopFor(settling);
+    EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
+    hands_.move(1200, 780); // The bare root.
+    hands_.press();
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    hands_.release();
+    popover_.show({});
+    EXPECT_FALSE(popover_.isShown());
+
+    loopFor(ReopenGuard::span);
+    show();
+    hands_.click(700, 480); // The second window, which also gets the click.
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+    hands_.closeWindow(icon);
+    hands_.closeWindow(panel);
+}
+
+TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
+    QtEventMonitor monitor(windows_);
+    std::vector<std::uint32_t> heard;
+    show();
+    const Subscription listening =
+        monitor.onModifierFlagsChanged([&](ModifierFlags flags) { heard.push_back(flags.mask); });
+    const auto hears = [&](std::size_t count, std::uint32_t last) {
+        return loopUntil([&] { return heard.size() == count && heard.back() == last; });
+    };
+    hands_.keyDown(altL);
+    EXPECT_TRUE(hears(1, ModifierFlags::option));
+    hands_.keyUp(altL);
+    EXPECT_TRUE(hears(2, 0));
+    hands_.keyDown(0xfe03); // ISO_Level3_Shift, AltGr: sits on a modifier of its own.
+    hands_.keyUp(0xfe03);
+    loopFor(milliseconds{50});
+    EXPECT_EQ(heard.size(), 2U);
+
+    hands_.keyDown(altL);
+    EXPECT_TRUE(hears(3, ModifierFlags::option));
+    ask([&](QWidget&) {
+        hands_.click(700, 480);
+        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+        hands_.keyUp(altL);
+        loopFor(settling);
+        EXPECT_EQ(heard.size(), 3U) << "nobody sees this release";
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (const auto* cancel = widget->findChild<QWidget*>("alertButton1")) {
+                clickOn(cancel);
+            }
+        }
+    });
+    EXPECT_TRUE(hears(4, 0));
+}
+
+TEST_F(TransientTest, DiscardsWhatWasClickedAndTypedWhileTheLoopWasBlocked) {
+    QtInputGate gate(windows_);
+    show();
+    clickOn(button_);
+    hands_.keyDown(letterA);
+    hands_.keyUp(letterA);
+    hands_.press();
+    gate.discardQueuedInput();
+    hands_.release();
+    loopFor(settling);
+    EXPECT_EQ(clicks_, 0);
+    EXPECT_EQ(field_->text(), "");
+    clickOn(button_);
+    EXPECT_TRUE(loopUntil([&] { return clicks_ == 1; }));
+}
+
+} // namespace
+} // namespace calmora
