@@ -118,7 +118,10 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
     settingsChanges_ = settings_.observeAny([this](AppSettings::Property) { markDirty(); });
     neverQuitChanges_ = settings_.observe(AppSettings::Property::neverQuitApps,
                                           [this] { viewModel_.applyWhitelist(); });
-    willShow_ = surroundings_.popover.onWillShow([this] { viewModel_.refresh(); });
+    willShow_ = surroundings_.popover.onWillShow([this] {
+        build();
+        viewModel_.refresh();
+    });
 }
 
 MenuPopoverView::~MenuPopoverView() {
@@ -126,14 +129,6 @@ MenuPopoverView::~MenuPopoverView() {
     if (eventMonitor_) {
         viewModel_.stopPolling();
     }
-}
-
-bool MenuPopoverView::event(QEvent* event) {
-    // Comes once, just before the first showing.
-    if (event->type() == QEvent::Polish) {
-        build();
-    }
-    return QWidget::event(event);
 }
 
 void MenuPopoverView::build() {
@@ -211,6 +206,14 @@ void MenuPopoverView::prepare() {
 void MenuPopoverView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!event->spontaneous()) {
+        if (!quitAll_) {
+            // Shown by nobody's popover: what is made this late has to be shown one by one.
+            build();
+            layout()->activate();
+            for (auto* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                child->show();
+            }
+        }
         appear();
     }
 }

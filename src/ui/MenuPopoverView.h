@@ -65,7 +65,6 @@ class MenuPopoverView final : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
-    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void hideEvent(QHideEvent* event) override;

@@ -27,7 +27,9 @@ constexpr auto accessory = ActivationPolicy::accessory;
 
 class MenuPopoverViewTest : public testing::Test, public PopoverFixture {
   protected:
+    /// Shows the window as a popover does.
     void show() {
+        machine.popover.willShow.emit();
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
@@ -89,6 +91,7 @@ TEST_F(MenuPopoverViewTest, WorksOnlyWhileItIsShown) {
     launchThree();
     settle();
     EXPECT_EQ(machine.workspace.lists, 0);
+    EXPECT_THAT(view->findChildren<QWidget*>(), IsEmpty());
     EXPECT_FALSE(machine.workspace.launched.hasListeners());
     machine.popover.willShow.emit();
     EXPECT_THAT(model.apps(), SizeIs(3));
