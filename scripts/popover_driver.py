@@ -63,6 +63,12 @@ class PopoverDriver:
         self.desktop.wait_until(lambda: not any(row.startswith(name) for row in self.rows()),
                                 f"no row “{name}”", seconds)
 
+    def protect(self, name):
+        """Puts a row's application on the never-quit list, by its context menu."""
+        self.desktop.click_node(self.wait_for_row(name), button=3)
+        # A screen reader is not told of a popup menu before a key moves in it.
+        self.desktop.xdotool("key", "Down", "Return")
+
     def hold_option(self):
         """Presses Option and keeps it down."""
         self.desktop.xdotool("keydown", "Alt_L")

@@ -21,14 +21,10 @@ class DesktopCase(unittest.TestCase):
     def open_desktop(self, **options):
         """The test's desktop, ended with the test."""
         self.desktop = VirtualDesktop(**options)
-        self.enterContext(self.desktop)
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.__exit__)
+        self.addCleanup(self.keep_evidence)
         return self.desktop
-
-    def enterContext(self, context):
-        """As in later versions of unittest."""
-        result = context.__enter__()
-        self.addCleanup(context.__exit__, None, None, None)
-        return result
 
     def start_calmora(self):
         """Calmora on the test's desktop."""
@@ -62,18 +58,14 @@ class DesktopCase(unittest.TestCase):
         self.desktop.wait_until(lambda: child.poll() is not None, f"end of {child.args[0]}",
                                 seconds)
 
-    def _callTestMethod(self, method):
-        try:
-            super()._callTestMethod(method)
-        except Exception:
-            desktop = getattr(self, "desktop", None)
-            if desktop:
-                picture = pathlib.Path(os.environ.get("CALMORA_FAILURES", "."),
-                                       f"{self.id()}.png")
-                picture.parent.mkdir(parents=True, exist_ok=True)
-                desktop.screenshot(picture)
-                print(f"{self.id()}: screen in {picture}\n{desktop.logs()}", file=sys.stderr)
-            raise
+    def keep_evidence(self):
+        """The screen and the logs of a test that failed."""
+        if self._outcome.success:
+            return
+        picture = pathlib.Path(os.environ.get("CALMORA_FAILURES", "."), f"{self.id()}.png")
+        picture.parent.mkdir(parents=True, exist_ok=True)
+        self.desktop.screenshot(picture)
+        print(f"{self.id()}: screen in {picture}\n{self.desktop.logs()}", file=sys.stderr)
 
 
 __all__ = ["DesktopCase", "PROGRAM", "PopoverDriver", "Timeout", "VirtualDesktop",
