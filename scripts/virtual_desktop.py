@@ -182,8 +182,11 @@ class VirtualDesktop:
     def accessible(self, child):
         """Every node that a screen reader sees of a program, the program itself first."""
         script = pathlib.Path(__file__).with_name("accessible_tree.py")
-        text = self.output("/usr/bin/python3", str(script), str(child.pid))
-        nodes, queue = [], [json.loads(text)] if text else []
+        # While a quit blocks the program it does not answer; that is no empty window.
+        text = self.wait_until(
+            lambda: self.output("/usr/bin/python3", str(script), str(child.pid)),
+            f"{child.args[0]} on the accessibility bus")
+        nodes, queue = [], [json.loads(text)]
         while queue:
             node = queue.pop(0)
             nodes.append(node)

@@ -58,9 +58,13 @@ class DesktopCase(unittest.TestCase):
         self.desktop.wait_until(lambda: child.poll() is not None, f"end of {child.args[0]}",
                                 seconds)
 
+    def run(self, result=None):
+        self.result = result
+        return super().run(result)
+
     def keep_evidence(self):
         """The screen and the logs of a test that failed."""
-        if self._outcome.success:
+        if not any(test is self for test, _ in self.result.failures + self.result.errors):
             return
         picture = pathlib.Path(os.environ.get("CALMORA_FAILURES", "."), f"{self.id()}.png")
         picture.parent.mkdir(parents=True, exist_ok=True)

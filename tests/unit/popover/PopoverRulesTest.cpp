@@ -75,6 +75,12 @@ TEST(FocusMove, ClosesOnlyWhenSomeoneTurnedAway) {
         {"it asks to save", {.isOwnerNew = true}, FocusVerdict::close},
         {"the settings window", {.isOwnerOurs = true}, FocusVerdict::close},
         {"the user switched windows after a quit", {.userActed = true}, FocusVerdict::close},
+        {"a window was quit that was not active",
+         {.formerOwnerExists = true, .windowVanished = true},
+         FocusVerdict::takeBack},
+        {"a quit made another one ask",
+         {.isOwnerNew = true, .formerOwnerExists = true, .windowVanished = true},
+         FocusVerdict::close},
     };
 
     for (const auto& row : rows) {

@@ -15,6 +15,8 @@ struct FocusMove {
     bool isOwnerNew = false;
     /// The former owner is still on screen.
     bool formerOwnerExists = false;
+    /// A window vanished a moment ago, the former owner or not.
+    bool windowVanished = false;
     /// The user pressed a combination of the window manager since a window last vanished.
     bool userActed = false;
 };
@@ -24,7 +26,8 @@ enum class FocusVerdict { stay, takeBack, close };
 
 /// Close when the user or another program turned to another window. Stay while the keyboard never
 /// really left, or an alert of ours has it. Take it back when the window manager only moved it
-/// because the window that it held for active vanished, which a quit does all the time.
+/// because a window vanished, which a quit does all the time: which one it held for active is its
+/// own affair.
 [[nodiscard]] FocusVerdict judge(const FocusMove& move);
 
 } // namespace calmora

@@ -2,9 +2,12 @@
 
 #include "platform/qt/window/FocusMove.h"
 
+#include <QGuiApplication>
+#include <QInputEvent>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <utility>
 
 namespace calmora {
@@ -17,6 +20,8 @@ constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
 /// Two programs that both want to be on top must not fight without pause.
 constexpr std::chrono::milliseconds coverDelay{50};
+/// How long a window manager may take to give the keyboard to another window.
+constexpr std::chrono::milliseconds settling{500};
 
 template <typename Event>
 const Event& as(const xcb_generic_event_t& event) {
@@ -30,6 +35,23 @@ void selectFocus(const X11Input& input, xcb_window_t window, bool isWatching) {
 }
 
 } // namespace
+
+X11KeyboardLoan::OwnPresses::OwnPresses() {
+    qGuiApp->installEventFilter(this);
+}
+
+bool X11KeyboardLoan::OwnPresses::covers(xcb_timestamp_t time) const {
+    // Time stamps wrap around after 49 days.
+    return latest_ && static_cast<std::int32_t>(time - *latest_) <= 0;
+}
+
+bool X11KeyboardLoan::OwnPresses::eventFilter(QObject* watched, QEvent* event) {
+    if (watched->isWindowType() && (event->type() == QEvent::MouseButtonPress ||
+                                    event->type() == QEvent::MouseButtonDblClick)) {
+        latest_ = static_cast<xcb_timestamp_t>(static_cast<QInputEvent*>(event)->timestamp());
+    }
+    return false;
+}
 
 X11KeyboardLoan::X11KeyboardLoan(X11Input& input, xcb_window_t borrower,
                                  std::function<bool()> isAlertOpen,
@@ -62,6 +84,7 @@ void X11KeyboardLoan::check() {
         move.isOwnerOurs = input_.isOurs(owner);
         move.isOwnerNew = appeared_.contains(input_.topLevel(owner));
         move.formerOwnerExists = input_.isViewable(formerOwner_);
+        move.windowVanished = vanishedAt_ && Steady::now() - *vanishedAt_ < settling;
         move.userActed = userActed_;
     }
     switch (judge(move)) {
@@ -80,7 +103,8 @@ void X11KeyboardLoan::check() {
 void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
     if (const auto press = input_.rawPress(event)) {
         if ((press->button < firstWheelButton || press->button > lastWheelButton) &&
-            !isAlertOpen_() && !input_.isOurs(input_.topLevelUnderPointer())) {
+            !isAlertOpen_() && !ownPresses_.covers(press->time) &&
+            !input_.isOurs(input_.topLevelUnderPointer())) {
             leftAt_ = press->time;
             leave(Leaving::pressedOutside);
         }
@@ -114,7 +138,10 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         // Both events name the window in the same place.
         const xcb_window_t window = as<xcb_unmap_notify_event_t>(event).window;
         appeared_.erase(window);
-        userActed_ = userActed_ && input_.isOurs(window);
+        if (!input_.isOurs(window)) {
+            userActed_ = false;
+            vanishedAt_ = Steady::now();
+        }
         break;
     }
     default:

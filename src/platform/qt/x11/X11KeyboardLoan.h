@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <chrono>
+#include <optional>
 #include <set>
 
 namespace calmora {
@@ -25,6 +27,24 @@ class X11KeyboardLoan final : public KeyboardLoan {
     void check() override;
 
   private:
+    using Steady = std::chrono::steady_clock;
+
+    /// Remembers when a mouse button last went down in a window of ours. By the time that the raw
+    /// press arrives the window may be gone, and what is under the pointer is somebody else's.
+    class OwnPresses final : public QObject {
+      public:
+        OwnPresses();
+
+        /// Whether the press was made in a window of ours, or before one that was.
+        [[nodiscard]] bool covers(xcb_timestamp_t time) const;
+
+      protected:
+        bool eventFilter(QObject* watched, QEvent* event) override;
+
+      private:
+        std::optional<xcb_timestamp_t> latest_;
+    };
+
     void handle(const xcb_generic_event_t& event);
     void leave(Leaving how);
 
@@ -40,9 +60,12 @@ class X11KeyboardLoan final : public KeyboardLoan {
     std::set<xcb_window_t> appeared_;
     /// A grab since a window last vanished: a combination of the window manager.
     bool userActed_ = false;
+    /// When a window of another program last vanished.
+    std::optional<std::chrono::steady_clock::time_point> vanishedAt_;
     bool isCheckDue_ = false;
     bool isCoverDue_ = false;
     QObject context_;
+    OwnPresses ownPresses_;
     Subscription screen_;
     Subscription events_;
 };
