@@ -6,8 +6,7 @@
 #include "platform/linux/events/EventPoll.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "platform/linux/proc/SignalFence.h"
-#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/protection/SessionFence.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/x11/X11WindowSystem.h"
 #include "platform/linux/xdg/InstalledApplications.h"
@@ -58,21 +57,6 @@ struct FakeBus final : BusApplications {
     Signal<> changed;
 };
 
-/// The basic fence and the display's own processes.
-struct DisplayFence final : ProtectedProcesses {
-    DisplayFence(const ProcessReader& processReader, WindowSystem& windowSystem)
-        : reader(processReader), windows(windowSystem) {}
-
-    bool isProtected(ProcessId process) override {
-        const auto display = windows.displayProcesses();
-        return isBehindBasicFence(reader, process) ||
-               std::ranges::find(display, process) != display.end();
-    }
-
-    const ProcessReader& reader;
-    WindowSystem& windows;
-};
-
 /// The Linux layer on a virtual desktop, as the program composes it.
 struct LinuxDesktop {
     explicit LinuxDesktop(const VirtualDesktopOptions& options = {}) : desktop(options) {}
@@ -82,7 +66,11 @@ struct LinuxDesktop {
     X11WindowSystem windows{events, desktop.display()};
     ProcessReader reader;
     ProcessMemory memory{reader};
-    DisplayFence fence{reader, windows};
+    SessionFence fence{
+        reader,
+        {.display = [this] { return windows.displayProcesses(); },
+         .busOwners = [] { return std::vector<ProcessId>(); },
+         .environment = [this](const char* name) { return desktop.variable(name); }}};
     LinuxProcessTable table{reader, memory,
                             [this](ProcessId process) { return !fence.isProtected(process); }};
     InstalledApplications installed{BaseDirectories::fromEnvironment([this](const char* name) {

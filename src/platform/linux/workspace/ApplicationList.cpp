@@ -15,6 +15,9 @@ namespace calmora {
 
 namespace {
 
+/// One refresh of the popover asks for the list several times.
+constexpr std::chrono::milliseconds scanLifetime{100};
+
 bool namesNothing(const Image& image) {
     return image.themeName.empty() && image.file.empty() && !image.pixels;
 }
@@ -46,18 +49,24 @@ void ApplicationList::refreshInstalled() {
     if (sources_.installed.refresh()) {
         byProcess_.clear();
         background_.forget();
+        scanned_ = {};
     }
 }
 
 void ApplicationList::scanBackground() {
     refreshInstalled();
+    const auto now = std::chrono::steady_clock::now();
+    if (now - scanned_ < scanLifetime) {
+        return;
+    }
+    scanned_ = now;
     background_.scan(sources_.installed.index());
     const auto icons = sources_.windows.trayIconProcesses();
     trayIcons_ = std::set<ProcessId>(icons.begin(), icons.end());
 }
 
-ApplicationList::Candidates ApplicationList::candidates() {
-    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+ApplicationList::Candidates
+ApplicationList::candidates(const std::vector<TopLevelWindow>& windows) {
     const auto roles = windowRoles(windows);
     Candidates found;
     for (std::size_t i = 0; i < windows.size(); ++i) {
@@ -95,8 +104,9 @@ ApplicationList::Candidates ApplicationList::candidates() {
 
 const ApplicationList::Applications& ApplicationList::update() {
     refreshInstalled();
-    Candidates found = candidates();
-    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    // A copy: what is asked below may bring the window system's own list up to date.
+    const std::vector<TopLevelWindow> windows = sources_.windows.windows();
+    Candidates found = candidates(windows);
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
     std::map<ProcessId, std::uint64_t> regular;
     for (auto& [process, candidate] : found) {

@@ -6,6 +6,7 @@
 #include "platform/linux/workspace/BackgroundScan.h"
 #include "platform/linux/workspace/WorkspaceSources.h"
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -43,8 +44,8 @@ class ApplicationList {
     /// ones is then worked out afresh, so nobody else may do that.
     void refreshInstalled();
 
-    /// Looks for applications that only the processes tell of; update() finds those of the last
-    /// scan.
+    /// Looks for applications that only the processes tell of, unless it has just done so;
+    /// update() lists those of the last scan.
     void scanBackground();
 
     /// Brings the list up to date. By ascending start time, then process id.
@@ -61,7 +62,7 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
-    [[nodiscard]] Candidates candidates();
+    [[nodiscard]] Candidates candidates(const std::vector<TopLevelWindow>& windows);
     [[nodiscard]] std::shared_ptr<const ListedApplication>
     listed(ProcessId process, Candidate& candidate, const std::vector<TopLevelWindow>& windows);
     [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
@@ -69,6 +70,7 @@ class ApplicationList {
 
     WorkspaceSources sources_;
     BackgroundScan background_;
+    std::chrono::steady_clock::time_point scanned_{};
     std::set<ProcessId> trayIcons_;
     /// Start times of the processes that had a window that users switch to.
     std::map<ProcessId, std::uint64_t> wereRegular_;

@@ -3,6 +3,7 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/proc/ProcessReader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <dirent.h>
 #include <memory>
@@ -18,6 +19,7 @@ namespace {
 constexpr std::size_t mostProcesses = 4096;
 /// How long after its start a process may still replace its program: launcher scripts do.
 constexpr std::chrono::seconds settlingTime{15};
+constexpr std::chrono::milliseconds firstInterval{300};
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -73,9 +75,12 @@ void BackgroundScan::scan(const DesktopEntryIndex& index) {
             known.inode = inode;
             known.firstSeen = now;
         }
-        if (!known.isSettled) {
+        if (!known.isSettled && now >= known.nextLook) {
+            const auto age = now - known.firstSeen;
+            known.nextLook =
+                now + std::max<std::chrono::steady_clock::duration>(firstInterval, age);
+            known.isSettled = age >= settlingTime;
             read(process, known, index);
-            known.isSettled = now - known.firstSeen >= settlingTime;
         }
         current.emplace_hint(current.end(), process, std::move(known));
     }
@@ -85,7 +90,7 @@ void BackgroundScan::scan(const DesktopEntryIndex& index) {
 void BackgroundScan::read(ProcessId process, Known& known, const DesktopEntryIndex& index) const {
     const auto stat = reader_.stat(process);
     if (!stat || stat->isKernelThread || stat->comm == known.comm) {
-        known.isSettled = stat && stat->isKernelThread;
+        known.isSettled = known.isSettled || (stat && stat->isKernelThread);
         return;
     }
     const auto details = reader_.details(process);

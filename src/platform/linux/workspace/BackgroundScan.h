@@ -15,8 +15,9 @@ namespace calmora {
 
 class ProcessReader;
 
-/// Finds the user's processes that were started as an installed application. Reads each process
-/// once, and those that have just started again: they may still turn into another program.
+/// Finds the user's processes that were started as an installed application. Each process is read
+/// when it is first seen and, since it may still turn into another program as launcher scripts do,
+/// a few times more at growing intervals.
 /// Main thread.
 class BackgroundScan {
   public:
@@ -37,6 +38,7 @@ class BackgroundScan {
         /// Number of the process's folder: a later process with the same id has another one.
         std::uint64_t inode = 0;
         std::chrono::steady_clock::time_point firstSeen;
+        std::chrono::steady_clock::time_point nextLook;
         std::string comm;
         AgentCandidate candidate;
         bool isSettled = false;
