@@ -119,6 +119,10 @@ std::vector<pid_t> children() {
 
 } // namespace
 
+std::string windowClient() {
+    return (fs::read_symlink("/proc/self/exe").parent_path() / "calmora_window_client").string();
+}
+
 VirtualDesktop::VirtualDesktop(const VirtualDesktopOptions& options) {
     std::string pattern = (fs::temp_directory_path() / "calmora-test-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr) {

@@ -10,6 +10,9 @@
 
 namespace calmora {
 
+/// The test program with real windows, see window_client.cpp; it lies beside the running one.
+[[nodiscard]] std::string windowClient();
+
 /// What a virtual desktop consists of beside its X server.
 struct VirtualDesktopOptions {
     /// "openbox", "xfwm4" (which brings a session bus), or empty for none.

@@ -82,9 +82,12 @@ TEST(LinuxWorkspaceTest, TellsWhatStartsAndEndsWithoutPolling) {
     pumpUntil(machine.events, [] { return false; }, 100ms);
     EXPECT_THAT(notices.heard, ElementsAre("*Old"));
 
-    // An idle desktop wakes nobody.
-    int turns = 0;
-    pumpUntil(machine.events, [] { return false; }, 300ms, &turns);
+    // An idle desktop wakes nobody, once what was still under way has arrived.
+    int turns = 1;
+    for (int attempt = 0; attempt < 10 && turns > 0; ++attempt) {
+        turns = 0;
+        pumpUntil(machine.events, [] { return false; }, 300ms, &turns);
+    }
     EXPECT_EQ(turns, 0);
 }
 
@@ -131,12 +134,36 @@ TEST(LinuxWorkspaceTest, ListsWindowsByProcessAndAge) {
     EXPECT_EQ(application->localizedName->find_first_of("\n\x1b"), std::string::npos);
 }
 
+TEST(LinuxWorkspaceTest, ListsFiveHundredProcessesWithAWindowEach) {
+    LinuxDesktop machine({.windowManager = ""});
+    const Subscription listening = machine.workspace.onLaunched([](const auto&) {});
+    std::set<pid_t> expected;
+    for (int i = 0; i < 500; ++i) {
+        expected.insert(machine.client({"--class", "App" + std::to_string(i)}));
+    }
+    std::set<pid_t> listed;
+    EXPECT_TRUE(pumpUntil(
+        machine.events,
+        [&] {
+            listed.clear();
+            for (const auto& application : machine.workspace.runningApplications()) {
+                listed.insert(application.processIdentifier);
+            }
+            return listed.size() == expected.size();
+        },
+        40s));
+    EXPECT_EQ(listed, expected);
+    const auto start = steady_clock::now();
+    static_cast<void>(machine.workspace.runningApplications());
+    RecordProperty("microseconds", std::to_string((steady_clock::now() - start) / 1us));
+}
+
 TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     LinuxDesktop machine;
     const fs::path entries = machine.desktop.home() / "data" / "applications";
     const fs::path program = machine.desktop.home() / "tidy-agent";
     fs::create_directories(entries);
-    fs::copy_file(CALMORA_WINDOW_CLIENT, program);
+    fs::copy_file(windowClient(), program);
     std::ofstream(entries / "org.example.Tidy.desktop")
         << "[Desktop Entry]\nType=Application\nName=Tidy Agent\nIcon=tidy\nExec="
         << program.string() << " %U\n";
@@ -150,6 +177,14 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     EXPECT_EQ(machine.listed(agent)->localizedName, "Tidy Agent");
     EXPECT_EQ(machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy").size(),
               1U);
+    // One of another session of the same user is not ours.
+    machine.desktop.start({program.string(), "--helper"}, {{"DISPLAY", ":32767"}});
+    EXPECT_FALSE(waitFor(
+        [&] {
+            return machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy")
+                       .size() != 1;
+        },
+        800ms));
     const auto installed = machine.workspace.installedApplication("org.example.Tidy");
     ASSERT_TRUE(installed);
     EXPECT_EQ(installed->displayName, "Tidy Agent");

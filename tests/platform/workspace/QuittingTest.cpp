@@ -105,11 +105,11 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
     const fs::path folder = machine.desktop.home() / "Apps" / "paintbox";
     fs::create_directories(folder);
     for (const char* name : {"paintbox", "paintbox-helper"}) {
-        fs::copy_file(CALMORA_WINDOW_CLIENT, folder / name);
+        fs::copy_file(windowClient(), folder / name);
     }
     // A neighbour whose name begins alike.
     fs::create_directories(folder.string() + "-tools");
-    fs::copy_file(CALMORA_WINDOW_CLIENT, folder.string() + "-tools/neighbour");
+    fs::copy_file(windowClient(), folder.string() + "-tools/neighbour");
     const pid_t neighbour =
         machine.desktop.start({folder.string() + "-tools/neighbour", "--helper"});
     const std::string helper = (folder / "paintbox-helper").string();
@@ -141,7 +141,7 @@ TEST(QuittingTest, NeverTouchesAnothersProcess) {
     LinuxDesktop machine;
     fs::permissions(machine.desktop.home(), fs::perms::all);
     const std::string program = (machine.desktop.home() / "client").string();
-    fs::copy_file(CALMORA_WINDOW_CLIENT, program);
+    fs::copy_file(windowClient(), program);
     const pid_t process = machine.desktop.start(
         {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", program});
     EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }))
@@ -152,19 +152,14 @@ TEST(QuittingTest, NeverTouchesAnothersProcess) {
     EXPECT_TRUE(machine.isRunning(process));
 }
 
-/// Starts a process under an id that is free.
-pid_t startWithId(pid_t wanted) {
-    std::ofstream("/proc/sys/kernel/ns_last_pid") << wanted - 1;
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::pause();
-        ::_exit(0);
-    }
-    return child;
+/// Makes the kernel continue after this process id; false when it may not be told.
+bool setLastProcessId(pid_t last) {
+    std::ofstream file("/proc/sys/kernel/ns_last_pid");
+    return static_cast<bool>(file << last << std::flush);
 }
 
 TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
-    if (::access("/proc/sys/kernel/ns_last_pid", W_OK) != 0) {
+    if (!setLastProcessId(::getpid())) {
         GTEST_SKIP() << "choosing process ids needs root";
     }
     LinuxDesktop machine;
@@ -173,7 +168,12 @@ TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
         const auto held = machine.workspace.runningApplication(process);
         ASSERT_TRUE(held);
         machine.desktop.end(process);
-        const pid_t later = startWithId(process);
+        setLastProcessId(process - 1);
+        const pid_t later = ::fork();
+        if (later == 0) {
+            ::pause();
+            ::_exit(0);
+        }
         if (later == process) {
             EXPECT_TRUE(held->isTerminated());
             EXPECT_FALSE(held->terminate());

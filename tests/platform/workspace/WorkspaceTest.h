@@ -87,7 +87,7 @@ struct LinuxDesktop {
 
     /// Starts the test program with the habits that `options` name.
     pid_t client(std::vector<std::string> options = {}) {
-        options.insert(options.begin(), CALMORA_WINDOW_CLIENT);
+        options.insert(options.begin(), windowClient());
         return desktop.start(options);
     }
 

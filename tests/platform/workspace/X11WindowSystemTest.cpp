@@ -29,7 +29,7 @@ class X11WindowSystemTest : public testing::Test {
     }
 
     pid_t client(std::vector<std::string> options = {}) {
-        options.insert(options.begin(), CALMORA_WINDOW_CLIENT);
+        options.insert(options.begin(), windowClient());
         return desktop->start(options);
     }
 

@@ -79,6 +79,10 @@ class WindowSystem {
     /// else answers with nothing.
     [[nodiscard]] virtual bool isAlive() const = 0;
 
+    /// The display without its screen, such as ":0", as programs that draw on it have it in the
+    /// variable DISPLAY; empty when the window system goes by no such name.
+    [[nodiscard]] virtual std::string displayName() const { return {}; }
+
     /// The managed top-level windows, oldest first, those of docks and desktops included. Valid
     /// until the next call. Costs nothing when nothing has changed while onWindowsChanged() has a
     /// listener; otherwise a few round trips, whatever the number of windows.

@@ -17,6 +17,7 @@ namespace {
 
 /// One refresh of the popover asks for the list several times.
 constexpr std::chrono::milliseconds scanLifetime{100};
+constexpr std::chrono::milliseconds updateLifetime{250};
 
 bool namesNothing(const Image& image) {
     return image.themeName.empty() && image.file.empty() && !image.pixels;
@@ -60,17 +61,16 @@ void ApplicationList::scanBackground() {
         return;
     }
     scanned_ = now;
-    background_.scan(sources_.installed.index());
+    background_.scan(sources_.installed.index(), sources_.windows.displayName());
     const auto icons = sources_.windows.trayIconProcesses();
     trayIcons_ = std::set<ProcessId>(icons.begin(), icons.end());
 }
 
-ApplicationList::Candidates
-ApplicationList::candidates(const std::vector<TopLevelWindow>& windows) {
-    const auto roles = windowRoles(windows);
+ApplicationList::Candidates ApplicationList::candidates() {
+    const auto roles = windowRoles(windows_);
     Candidates found;
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        const TopLevelWindow& window = windows[i];
+    for (std::size_t i = 0; i < windows_.size(); ++i) {
+        const TopLevelWindow& window = windows_[i];
         if (!window.process) {
             continue;
         }
@@ -105,12 +105,13 @@ ApplicationList::candidates(const std::vector<TopLevelWindow>& windows) {
 const ApplicationList::Applications& ApplicationList::update() {
     refreshInstalled();
     // A copy: what is asked below may bring the window system's own list up to date.
-    const std::vector<TopLevelWindow> windows = sources_.windows.windows();
-    Candidates found = candidates(windows);
+    windows_ = sources_.windows.windows();
+    updated_ = std::chrono::steady_clock::now();
+    Candidates found = candidates();
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
     std::map<ProcessId, std::uint64_t> regular;
     for (auto& [process, candidate] : found) {
-        if (auto application = listed(process, candidate, windows)) {
+        if (auto application = listed(process, candidate)) {
             if (application->policy == ActivationPolicy::regular || candidate.facts.wasRegular) {
                 regular.emplace(process, application->process.startTime);
             }
@@ -128,9 +129,13 @@ const ApplicationList::Applications& ApplicationList::update() {
     return applications_;
 }
 
-std::shared_ptr<const ListedApplication>
-ApplicationList::listed(ProcessId process, Candidate& candidate,
-                        const std::vector<TopLevelWindow>& windows) {
+const ApplicationList::Applications& ApplicationList::recent() {
+    const bool isRecent = std::chrono::steady_clock::now() - updated_ < updateLifetime;
+    return isRecent && sources_.windows.windows() == windows_ ? applications_ : update();
+}
+
+std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId process,
+                                                                 Candidate& candidate) {
     if (activationPolicy(candidate.facts) == ActivationPolicy::prohibited) {
         return nullptr;
     }
@@ -174,7 +179,7 @@ ApplicationList::listed(ProcessId process, Candidate& candidate,
         facts.process = *std::move(details);
         facts.parent = sources_.reader.details(facts.process.parent);
         facts.windows = application->windows;
-        facts.groupWindows = groupWindows(facts.windows, windows);
+        facts.groupWindows = groupWindows(facts.windows, windows_);
         application->identity = identify(facts, sources_.installed.index());
         application->process = std::move(facts.process);
     }

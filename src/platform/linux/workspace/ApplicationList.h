@@ -51,6 +51,10 @@ class ApplicationList {
     /// Brings the list up to date. By ascending start time, then process id.
     const Applications& update();
 
+    /// The list of an update() a moment ago if the windows are still the same, else of a new one:
+    /// for looking up one application after another. Some of them may have ended since.
+    const Applications& recent();
+
     /// As of the last update().
     [[nodiscard]] const Applications& applications() const { return applications_; }
 
@@ -62,15 +66,18 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
-    [[nodiscard]] Candidates candidates(const std::vector<TopLevelWindow>& windows);
-    [[nodiscard]] std::shared_ptr<const ListedApplication>
-    listed(ProcessId process, Candidate& candidate, const std::vector<TopLevelWindow>& windows);
+    [[nodiscard]] Candidates candidates();
+    [[nodiscard]] std::shared_ptr<const ListedApplication> listed(ProcessId process,
+                                                                  Candidate& candidate);
     [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
                                               const std::vector<TopLevelWindow>& windows);
 
     WorkspaceSources sources_;
     BackgroundScan background_;
     std::chrono::steady_clock::time_point scanned_{};
+    std::chrono::steady_clock::time_point updated_{};
+    /// As of the last update().
+    std::vector<TopLevelWindow> windows_;
     std::set<ProcessId> trayIcons_;
     /// Start times of the processes that had a window that users switch to.
     std::map<ProcessId, std::uint64_t> wereRegular_;

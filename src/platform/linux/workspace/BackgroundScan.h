@@ -9,13 +9,15 @@
 #include <map>
 #include <set>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace calmora {
 
 class ProcessReader;
 
-/// Finds the user's processes that were started as an installed application. Each process is read
+/// Finds the processes that were started as an installed application on our display: the user may
+/// have other sessions, and programs in them are not ours to list. Each process is read
 /// when it is first seen and, since it may still turn into another program as launcher scripts do,
 /// a few times more at growing intervals.
 /// Main thread.
@@ -24,8 +26,9 @@ class BackgroundScan {
     /// `reader` outlives the scan.
     explicit BackgroundScan(const ProcessReader& reader) : reader_(reader) {}
 
-    /// Looks at all processes again. Cost: about 1 µs for each process that is known.
-    void scan(const DesktopEntryIndex& index);
+    /// Looks at all processes again. `display` is WindowSystem::displayName(); empty takes those
+    /// of any display. Cost: about 1 µs for each process that is known.
+    void scan(const DesktopEntryIndex& index, const std::string& display);
 
     /// Forgets what processes were taken for, because the installed applications changed.
     void forget() { known_.clear(); }
@@ -44,7 +47,9 @@ class BackgroundScan {
         bool isSettled = false;
     };
 
-    void read(ProcessId process, Known& known, const DesktopEntryIndex& index) const;
+    void read(ProcessId process, Known& known, const DesktopEntryIndex& index,
+              const std::string& display) const;
+    [[nodiscard]] bool isOnDisplay(ProcessId process, const std::string& display) const;
 
     const ProcessReader& reader_;
     std::map<ProcessId, Known> known_;

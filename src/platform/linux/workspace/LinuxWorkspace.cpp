@@ -77,7 +77,7 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
         return nullptr;
     }
     const ProcessId process = *window->process;
-    for (const Application& application : list_.update()) {
+    for (const Application& application : list_.recent()) {
         if (application->process.pid == process) {
             return application;
         }
@@ -92,7 +92,7 @@ std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {
 }
 
 std::unique_ptr<RunningApplication> LinuxWorkspace::runningApplication(ProcessId process) {
-    for (const Application& application : list_.update()) {
+    for (const Application& application : list_.recent()) {
         if (application->process.pid == process) {
             return bound(application);
         }
@@ -104,7 +104,7 @@ std::vector<std::unique_ptr<RunningApplication>>
 LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) {
     std::vector<std::unique_ptr<RunningApplication>> result;
     // A copy: binding one asks for more than the list.
-    const ApplicationList::Applications applications = list_.update();
+    const ApplicationList::Applications applications = list_.recent();
     for (const Application& application : applications) {
         if (application->identity.bundleIdentifier == bundleIdentifier) {
             if (auto running = bound(application)) {

@@ -21,6 +21,19 @@ void addUnique(std::vector<ProcessId>& processes, std::optional<ProcessId> proce
     }
 }
 
+/// ":0" for ":0", ":0.0" and "unix:0", and for nothing, where the environment says one of them.
+std::string displayWithoutScreen(const std::string& display) {
+    char* host = nullptr;
+    int number = 0;
+    if (xcb_parse_display(display.empty() ? nullptr : display.c_str(), &host, &number, nullptr) ==
+        0) {
+        return {};
+    }
+    const X11Reply<char> owned(host);
+    const std::string name(host);
+    return (name == "unix" ? std::string() : name) + ':' + std::to_string(number);
+}
+
 template <typename Event>
 const Event& as(const xcb_generic_event_t& event) {
     return reinterpret_cast<const Event&>(event);
@@ -33,6 +46,7 @@ X11WindowSystem::X11WindowSystem(EventPoll& events, const std::string& display, 
       isAlive_(connection_.isAlive()), windowsChanged_([this](bool) { listenersChanged(); }),
       activeWindowChanged_([this](bool) { listenersChanged(); }) {
     if (isAlive_) {
+        displayName_ = displayWithoutScreen(display);
         watch_ = events_.watch(connection_.descriptor(), [this] { readable(); });
     }
 }

@@ -27,6 +27,8 @@ class X11WindowSystem final : public WindowSystem {
 
     [[nodiscard]] bool isAlive() const override { return isAlive_; }
 
+    [[nodiscard]] std::string displayName() const override { return displayName_; }
+
     [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
@@ -65,6 +67,7 @@ class X11WindowSystem final : public WindowSystem {
     EventPoll& events_;
     X11Connection connection_;
     X11WindowReader reader_;
+    std::string displayName_;
     bool isAlive_;
     Signal<> windowsChanged_;
     Signal<> activeWindowChanged_;
