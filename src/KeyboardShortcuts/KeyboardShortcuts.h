@@ -101,6 +101,11 @@ class KeyboardShortcuts {
     /// Whether the name has a shortcut that is registered, the module being enabled.
     [[nodiscard]] bool isEnabled(const Name& name) const;
 
+    /// Whether the module has registered the shortcut, refused or not.
+    [[nodiscard]] bool isRegistered(const Shortcut& shortcut) const {
+        return registeredShortcuts_.contains(shortcut);
+    }
+
     /// Tells the presses and releases of the name's shortcut until the token ends. Registers
     /// nothing by itself.
     [[nodiscard]] Subscription events(const Name& name,

@@ -1,0 +1,234 @@
+// The recorder, the hot keys and Qt's own keyboard on one X server with a window manager.
+#include "KeyboardShortcuts/Recorder.h"
+#include "app/HotKeyManager.h"
+#include "fakes/FakeLocalizedStrings.h"
+#include "fakes/FakeSystemShortcuts.h"
+#include "fakes/FakeText.h"
+#include "fakes/FakeUserDefaults.h"
+#include "platform/NotificationCenter.h"
+#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/hotkeys/X11HotKeys.h"
+#include "platform/linux/hotkeys/X11Keyboard.h"
+#include "platform/linux/hotkeys/X11KeyboardLayout.h"
+#include "platform/qt/AlertSession.h"
+#include "platform/qt/DescriptorWatch.h"
+#include "platform/qt/menus/QtMenuTracking.h"
+#include "support/KeyPresser.h"
+#include "support/VirtualDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCursor>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <memory>
+#include <string>
+
+namespace calmora {
+namespace {
+
+constexpr std::uint8_t controlKey = 37;
+constexpr std::uint8_t altKey = 64;
+constexpr std::uint8_t kKey = 45;
+constexpr std::uint8_t jKey = 44;
+constexpr std::uint8_t tabKey = 23;
+constexpr std::uint8_t escapeKey = 9;
+constexpr std::uint8_t backspaceKey = 22;
+
+constexpr const char* controlOptionK = R"({"carbonKeyCode":40,"carbonModifiers":6144})";
+
+VirtualDesktop* desktop = nullptr;
+
+class RecorderOnX11 : public testing::Test {
+  protected:
+    void SetUp() override {
+        auto* layoutBox = new QVBoxLayout(&window);
+        for (const char* name : {"activateMenu", "quitAll"}) {
+            layoutBox->addWidget(
+                new Recorder(environment, name, shortcuts.name(name), nullptr, &window));
+        }
+        window.resize(300, 200);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        manager.onActivateMenu = [this] { heard += "a"; };
+        manager.onQuitAll = [this] { heard += "q"; };
+        manager.registerShortcuts();
+        settle();
+    }
+
+    RecorderCocoa& recorder(int index) { return *window.findChildren<RecorderCocoa*>().at(index); }
+
+    /// A real click in the middle of a place.
+    void click(QPoint place) {
+        QCursor::setPos(place);
+        settle();
+        keys.button(1, true);
+        keys.button(1, false);
+        settle();
+    }
+
+    void click(QWidget& widget) { click(widget.mapToGlobal(widget.rect().center())); }
+
+    void tap(std::initializer_list<std::uint8_t> codes) {
+        keys.tap(codes);
+        settle();
+    }
+
+    /// Lets what was pressed arrive on both connections. Every use is followed by a check of what
+    /// must be, so that a wait too short shows as a failure.
+    static void settle() { QTest::qWait(150); }
+
+    std::string takeHeard() { return std::exchange(heard, {}); }
+
+    std::string stored(const std::string& name) {
+        return defaults.string("KeyboardShortcuts_" + name).value_or("none");
+    }
+
+    AlertSession alerts;
+    EventPoll events;
+    KeyPresser keys{desktop->display()};
+    X11Keyboard keyboard{events, desktop->display()};
+    X11HotKeys hotKeys{keyboard};
+    X11KeyboardLayout layout{keyboard};
+    DescriptorWatch watch{events.descriptor(), alerts, [this] { events.dispatch(); }};
+    FakeUserDefaults defaults;
+    NotificationCenter notifications;
+    FakeLocalizedStrings strings;
+    FakeText text;
+    FakeSystemShortcuts system;
+    KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
+    RecorderEnvironment environment{shortcuts, notifications,           system, layout,
+                                    strings,   {{"Quit", {{"q"}}, {}}}, {},     {}};
+    QtMenuTracking menus{notifications, [this](std::uint32_t key, ModifierFlags modifiers) {
+                             const auto code = layout.keyCode(key);
+                             return code &&
+                                    shortcuts.isRegistered(Shortcut::of(Key{*code}, modifiers));
+                         }};
+    HotKeyManager manager{shortcuts};
+    std::string heard;
+    QWidget window;
+};
+
+TEST_F(RecorderOnX11, RecordsWhatThenWorksFromAnywhere) {
+    EXPECT_FALSE(recorder(0).isRecording());
+    click(recorder(0));
+    ASSERT_TRUE(recorder(0).isRecording());
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(stored("activateMenu"), controlOptionK);
+    EXPECT_EQ(recorder(0).text(), "⌃⌥K");
+    EXPECT_EQ(takeHeard(), "") << "the press that was recorded";
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "a");
+
+    click(recorder(1));
+    ASSERT_TRUE(recorder(1).isRecording());
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(stored("quitAll"), controlOptionK) << "our own shortcut reaches the recorder";
+    EXPECT_EQ(takeHeard(), "");
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "aq");
+    EXPECT_TRUE(window.isActiveWindow()) << "a hot key takes the keyboard from nobody";
+}
+
+TEST_F(RecorderOnX11, RecordingEndsAsItShould) {
+    click(recorder(0));
+    tap({escapeKey});
+    EXPECT_FALSE(recorder(0).isRecording());
+    click(recorder(0));
+    tap({kKey});
+    EXPECT_TRUE(recorder(0).isRecording()) << "refused";
+    tap({tabKey});
+    EXPECT_TRUE(recorder(1).isRecording());
+    shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
+    tap({backspaceKey});
+    EXPECT_EQ(stored("quitAll"), "none");
+    EXPECT_TRUE(recorder(1).isRecording());
+    click(window.mapToGlobal(QPoint(5, 5)));
+    EXPECT_FALSE(recorder(1).isRecording()) << "a click beside it";
+
+    click(recorder(0));
+    ASSERT_TRUE(recorder(0).isRecording());
+    const pid_t terminal = desktop->start({"xterm", "-geometry", "20x5+700+500"});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isActiveWindow(); }, 10000));
+    EXPECT_FALSE(recorder(0).isRecording()) << "another window has the keyboard";
+    EXPECT_FALSE(shortcuts.handlersPaused());
+    desktop->end(terminal);
+}
+
+TEST_F(RecorderOnX11, TakesEvenWhatTheWindowManagerHas) {
+    click(recorder(0));
+    testing::internal::CaptureStdout();
+    tap({altKey, tabKey});
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌥⇥: 10\n");
+    EXPECT_EQ(stored("activateMenu"), R"({"carbonKeyCode":48,"carbonModifiers":2048})");
+}
+
+TEST_F(RecorderOnX11, AlertsGiveTheKeyboardBack) {
+    shortcuts.setShortcut(Shortcut{38, 0x1800}, shortcuts.name("quitAll"));
+    bool isAnswered = false;
+    environment.beginAlert = [&] {
+        QTimer::singleShot(300, &window, [&] {
+            EXPECT_FALSE(recorder(0).isRecording());
+            tap({controlKey, altKey, jKey});
+            tap({escapeKey});
+        });
+        return Subscription([&, session = std::make_shared<Subscription>(alerts.begin())] {
+            keyboard.discardKeyPresses();
+            session->reset();
+            isAnswered = true;
+        });
+    };
+    click(recorder(0));
+    keys.tap({133, 24}); // Super and Q
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isAnswered; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return recorder(0).isRecording(); })) << "and goes on";
+    settle();
+    EXPECT_EQ(takeHeard(), "") << "a shortcut pressed meanwhile";
+    EXPECT_EQ(stored("activateMenu"), "none");
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(stored("activateMenu"), controlOptionK);
+}
+
+TEST_F(RecorderOnX11, ShortcutsWorkWhileAMenuIsOpen) {
+    shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
+    QMenu menu;
+    menu.addAction("One");
+    menu.addAction("Two");
+    menu.popup(window.mapToGlobal(QPoint(20, 20)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    settle();
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "q");
+    EXPECT_TRUE(menu.isVisible()) << "Alt does not close it";
+    tap({controlKey, altKey, jKey});
+    EXPECT_EQ(takeHeard(), "");
+    tap({escapeKey});
+    EXPECT_FALSE(menu.isVisible());
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "q") << "registered again";
+}
+
+} // namespace
+} // namespace calmora
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    calmora::VirtualDesktopOptions options;
+    options.windowManager = "openbox";
+    calmora::VirtualDesktop someDesktop(options);
+    calmora::desktop = &someDesktop;
+    for (const auto& [name, value] : someDesktop.environment()) {
+        qputenv(name.c_str(), value.c_str());
+    }
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
