@@ -21,7 +21,7 @@ namespace {
 constexpr int padding = 20;
 constexpr int iconSide = 48;
 constexpr int badgeSide = 20;
-constexpr int textWidth = 270;
+constexpr int textWidth = 300;
 constexpr int longestText = 400;
 
 /// A text of any program's making, fit for a label.
