@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calmora {
+
+/// A key combination as a desktop's settings write it.
+struct Accelerator {
+    /// Carbon modifier mask.
+    std::uint32_t modifiers = 0;
+    /// X keysym name, such as "t", "F4" or "Left".
+    std::string key;
+
+    friend bool operator==(const Accelerator&, const Accelerator&) = default;
+};
+
+/// Reads "<Primary><Alt>t". Absent when it is empty, broken, or has a modifier that no shortcut
+/// of ours can have.
+/// Source: gtk_accelerator_parse().
+[[nodiscard]] std::optional<Accelerator> gtkAccelerator(std::string_view text);
+
+/// Reads "C-A-Left".
+/// Source: openbox.org/wiki/Help:Bindings.
+[[nodiscard]] std::optional<Accelerator> openboxAccelerator(std::string_view text);
+
+/// The combinations bound in an openbox configuration; of a chain, the first. What cannot be read
+/// is left out.
+[[nodiscard]] std::vector<Accelerator> openboxAccelerators(std::string_view xml);
+
+/// A property of xfconf's channel "xfce4-keyboard-shortcuts".
+struct XfceProperty {
+    /// The path, whose last part is the combination: "/commands/custom/<Primary><Alt>t".
+    std::string name;
+    /// The value where it is a Boolean.
+    std::optional<bool> flag;
+};
+
+/// The combinations of Xfce's window manager and commands. What the desktop came with counts only
+/// while the user has not set up an own list.
+[[nodiscard]] std::vector<Accelerator>
+xfceAccelerators(const std::vector<XfceProperty>& properties);
+
+} // namespace calmora
