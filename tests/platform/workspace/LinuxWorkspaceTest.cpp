@@ -181,8 +181,9 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     machine.desktop.start({program.string(), "--helper"}, {{"DISPLAY", ":32767"}});
     EXPECT_FALSE(waitFor(
         [&] {
-            return machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy")
-                       .size() != 1;
+            return std::ranges::count(machine.workspace.runningApplications(),
+                                      std::optional<std::string>("org.example.Tidy"),
+                                      &WorkspaceApplication::bundleIdentifier) != 1;
         },
         800ms));
     const auto installed = machine.workspace.installedApplication("org.example.Tidy");

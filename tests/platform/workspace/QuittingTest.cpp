@@ -16,7 +16,8 @@ TEST(QuittingTest, AsksEachWindowThatTakesPartOnce) {
     LinuxDesktop machine;
     const pid_t process = machine.client({"--windows", "3", "--skip-taskbar"});
     const pid_t visible = machine.shown(machine.client({"--windows", "2"}));
-    EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 3; }));
+    EXPECT_TRUE(waitFor(
+        [&] { return machine.windowCount(process) == 3 && machine.windowCount(visible) == 2; }));
     EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory);
     EXPECT_TRUE(machine.quitter.quitApp(visible, false));
     EXPECT_TRUE(machine.quitter.quitApp(process, false));
