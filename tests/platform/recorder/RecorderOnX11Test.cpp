@@ -158,6 +158,9 @@ TEST_F(RecorderOnX11, RecordingEndsAsItShould) {
     EXPECT_FALSE(recorder(0).isRecording()) << "another window has the keyboard";
     EXPECT_FALSE(shortcuts.handlersPaused());
     desktop->end(terminal);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }, 10000));
+    settle();
+    EXPECT_FALSE(recorder(0).isRecording()) << "the keyboard coming back is no wish to record";
 }
 
 TEST_F(RecorderOnX11, TakesEvenWhatTheWindowManagerHas) {
