@@ -6,7 +6,10 @@
 #include <QDBusConnection>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -28,6 +31,24 @@ bool printsText(int argc, char** argv) {
     return false;
 }
 
+/// One file is kept open for every listed application; the usual soft limit, a thousand, is for
+/// programs that use select(2).
+void raiseOpenFileLimit() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = limit.rlim_max;
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+/// A display that cannot be reached is no crash: the message, an exit status, no core file.
+void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    std::fprintf(stderr, "calmora: %s\n", qUtf8Printable(message));
+    if (type == QtFatalMsg) {
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -43,8 +64,11 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
+    raiseOpenFileLimit();
     calmora::EndingSignals signals;
+    const QtMessageHandler usualHandler = qInstallMessageHandler(endOnFatalMessage);
     QApplication application(argc, argv);
+    qInstallMessageHandler(usualHandler);
     QApplication::setApplicationName(calmora::identity::name);
     QApplication::setApplicationVersion(calmora::identity::version);
     QApplication::setDesktopFileName(calmora::identity::identifier);

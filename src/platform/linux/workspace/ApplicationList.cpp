@@ -18,6 +18,8 @@ namespace {
 /// One refresh of the popover asks for the list several times.
 constexpr std::chrono::milliseconds scanLifetime{100};
 constexpr std::chrono::milliseconds updateLifetime{250};
+/// Asking the fence costs more than all else that the list of an unchanged process takes.
+constexpr std::chrono::seconds verdictLifetime{10};
 
 bool namesNothing(const Image& image) {
     return image.themeName.empty() && image.file.empty() && !image.pixels;
@@ -119,6 +121,7 @@ const ApplicationList::Applications& ApplicationList::update() {
         }
     }
     wereRegular_ = std::move(regular);
+    std::erase_if(verdicts_, [&](const auto& verdict) { return !found.contains(verdict.first); });
     byProcess_ = std::move(current);
     applications_.clear();
     for (const auto& [process, application] : byProcess_) {
@@ -132,6 +135,14 @@ const ApplicationList::Applications& ApplicationList::update() {
 const ApplicationList::Applications& ApplicationList::recent() {
     const bool isRecent = std::chrono::steady_clock::now() - updated_ < updateLifetime;
     return isRecent && sources_.windows.windows() == windows_ ? applications_ : update();
+}
+
+bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime) {
+    Verdict& verdict = verdicts_[process];
+    if (verdict.startTime != startTime || updated_ - verdict.askedAt >= verdictLifetime) {
+        verdict = {startTime, sources_.protection.isProtected(process), updated_};
+    }
+    return verdict.isProtected;
 }
 
 std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId process,
@@ -149,7 +160,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
         wereRegular_.erase(was);
         candidate.facts.wasRegular = false;
     }
-    candidate.facts.isProtected = sources_.protection.isProtected(process);
+    candidate.facts.isProtected = isProtected(process, stat->startTime);
     const ActivationPolicy policy = activationPolicy(candidate.facts);
     if (policy == ActivationPolicy::prohibited) {
         return nullptr;

@@ -66,7 +66,15 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
+    /// What the fence said of a process: only for the list, it is asked again before each signal.
+    struct Verdict {
+        std::uint64_t startTime = 0;
+        bool isProtected = false;
+        std::chrono::steady_clock::time_point askedAt;
+    };
+
     [[nodiscard]] Candidates candidates();
+    [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime);
     [[nodiscard]] std::shared_ptr<const ListedApplication> listed(ProcessId process,
                                                                   Candidate& candidate);
     [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
@@ -81,6 +89,7 @@ class ApplicationList {
     std::set<ProcessId> trayIcons_;
     /// Start times of the processes that had a window that users switch to.
     std::map<ProcessId, std::uint64_t> wereRegular_;
+    std::map<ProcessId, Verdict> verdicts_;
     Applications applications_;
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> byProcess_;
 };
