@@ -362,7 +362,7 @@ TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdAsRecorded) {
     std::filesystem::remove_all(name);
 }
 
-constexpr const char* noRight = "no right to make a namespace";
+constexpr const char* noRight = "no right to make a namespace with its own /proc";
 
 /// The first process of a process id namespace of its own, where ids can be chosen.
 std::string reuseAnId() {
@@ -372,7 +372,7 @@ std::string reuseAnId() {
     return inFork([]() -> std::string {
         if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("proc", "/proc", "proc", 0, nullptr) != 0) {
-            return "no proc file system";
+            return noRight;
         }
         for (const std::optional<std::size_t> descriptors :
              {std::optional<std::size_t>(), std::optional<std::size_t>(0)}) {

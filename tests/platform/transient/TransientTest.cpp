@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -260,16 +261,18 @@ TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
 
     hands_.keyDown(altL);
     EXPECT_TRUE(hears(3, ModifierFlags::option));
-    ask([&](QWidget&) {
+    ask([&](QWidget& alert) {
         hands_.click(700, 480);
         EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
         hands_.keyUp(altL);
         loopFor(settling);
         EXPECT_EQ(heard.size(), 3U) << "nobody sees this release";
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (const auto* cancel = widget->findChild<QWidget*>("alertButton1")) {
-                clickOn(cancel);
-            }
+        // A window manager that took the first click for the start of a move also takes the next
+        // one, for its end.
+        const QPointer<QWidget> cancel = alert.findChild<QWidget*>("alertButton1");
+        for (int attempt = 0; attempt < 3 && alert.isVisible(); ++attempt) {
+            clickOn(cancel);
+            loopFor(settling);
         }
     });
     EXPECT_TRUE(hears(4, 0));
