@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -78,162 +80,67 @@ ApplicationFacts factsOf(std::vector<std::string> commandLine, const std::string
     return facts;
 }
 
+/// The words of a command line.
+std::vector<std::string> words(const std::string& line) {
+    std::istringstream stream(line);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
+
+/// A program with one window. Its executable is the first word in /usr/bin where none is given,
+/// and cannot be read where it is empty.
 struct Recorded {
-    std::vector<std::string> commandLine;
-    const char* executable;
-    const char* instance;
-    const char* className;
-    const char* gtkId;
     const char* desktopId;
     const char* name;
     IdentityRule rule;
+    const char* instance;
+    const char* className;
+    const char* commandLine;
+    std::optional<std::string> executable = {};
+    const char* gtkId = "";
 };
 
 TEST(ApplicationIdentifier, RecognisesTheRecordedPrograms) {
     using enum IdentityRule;
     const std::vector<Recorded> programs = {
-        {{"xterm"},
-         "/usr/bin/xterm",
-         "xterm",
-         "XTerm",
-         "",
-         "debian-xterm",
-         "XTerm",
-         startupWmClass},
-        {{"xterm", "-class", "UXTerm", "-u8"},
-         "/usr/bin/xterm",
-         "xterm",
-         "UXTerm",
-         "",
-         "debian-uxterm",
-         "UXTerm",
-         startupWmClass},
-        {{"xterm", "-class", "Foo", "-name", "foo"},
-         "/usr/bin/xterm",
-         "foo",
-         "Foo",
-         "",
-         "debian-xterm",
-         "XTerm",
-         execKey},
-        {{"galculator"},
-         "/usr/bin/galculator",
-         "galculator",
-         "Galculator",
-         "",
-         "galculator",
-         "Galculator",
-         desktopIdOfClass},
-        {{"mousepad"},
-         "/usr/bin/mousepad",
+        {"debian-xterm", "XTerm", startupWmClass, "xterm", "XTerm", "xterm"},
+        {"debian-uxterm", "UXTerm", startupWmClass, "xterm", "UXTerm", "xterm -class UXTerm -u8"},
+        {"debian-xterm", "XTerm", execKey, "foo", "Foo", "xterm -class Foo -name foo"},
+        {"galculator", "Galculator", desktopIdOfClass, "galculator", "Galculator", "galculator"},
+        {"org.xfce.mousepad",
+         "Mousepad",
+         windowHint,
          "mousepad",
          "Mousepad",
-         "org.xfce.mousepad",
-         "org.xfce.mousepad",
-         "Mousepad",
-         windowHint},
-        {{"qpdfview"},
-         "/usr/bin/qpdfview",
-         "qpdfview",
-         "qpdfview",
-         "",
-         "qpdfview",
-         "qpdfview",
-         desktopIdOfClass},
-        {{"pcmanfm"},
-         "/usr/bin/pcmanfm",
-         "pcmanfm",
-         "Pcmanfm",
-         "",
-         "pcmanfm",
-         "File Manager PCManFM",
-         desktopIdOfClass},
-        {{"/usr/bin/python3", "/usr/bin/meld"},
-         "/usr/bin/python3.11",
-         "org.gnome.Meld",
-         "Meld",
-         "org.gnome.Meld",
-         "org.gnome.Meld",
-         "Meld",
-         windowHint},
-        {{"gedit"},
-         "/usr/bin/gedit",
-         "gedit",
-         "Gedit",
-         "org.gnome.gedit",
-         "org.gnome.gedit",
-         "gedit",
-         windowHint},
-        {{"/usr/lib/firefox-esr/firefox-esr"},
-         "/usr/lib/firefox-esr/firefox-esr",
-         "Navigator",
-         "firefox-esr",
-         "",
-         "firefox-esr",
-         "Firefox ESR",
-         startupWmClass},
-        {{"zathura"},
-         "",
-         "org.pwmt.zathura",
-         "Zathura",
-         "",
-         "org.pwmt.zathura",
-         "Zathura",
-         desktopIdOfClass},
-        {{"hexchat"},
-         "/usr/bin/hexchat",
-         "hexchat",
-         "Hexchat",
-         "",
-         "io.github.Hexchat",
-         "HexChat",
-         startupWmClass},
-        {{"/usr/lib/libreoffice/program/soffice.bin", "--calc"},
-         "/usr/lib/libreoffice/program/soffice.bin",
-         "libreoffice",
-         "libreoffice-calc",
-         "org.libreoffice",
-         "libreoffice-calc",
-         "LibreOffice Calc",
-         startupWmClass},
-        {{"keepassxc"},
-         "",
-         "keepassxc",
-         "KeePassXC",
-         "",
-         "org.keepassxc.KeePassXC",
-         "KeePassXC",
-         startupWmClass},
-        {{"/usr/bin/python3.11", "/usr/bin/idle-python3.11"},
-         "/usr/bin/python3.11",
-         "!listedtoplevel",
-         "Toplevel",
-         "",
-         "idle-python3.11",
-         "IDLE (using Python-3.11)",
-         execKey},
-        {{"feh", "x.png"}, "/usr/bin/feh", "feh", "feh", "", "feh", "Feh", desktopIdOfClass},
-        {{"lxterminal"},
-         "/usr/bin/lxterminal",
-         "lxterminal",
-         "Lxterminal",
-         "",
-         "lxterminal",
-         "LXTerminal",
-         desktopIdOfClass},
-        {{"kcalc"}, "/usr/bin/kcalc", "kcalc", "kcalc", "", "org.kde.kcalc", "KCalc", desktopIdEnd},
-        {{"java", "-cp", "x", "org.gjt.sp.jedit.jEdit"},
-         "/usr/lib/jvm/java-17/bin/java",
-         "sun-awt-X11-XFramePeer",
-         "org-gjt-sp-jedit-jEdit",
-         "",
-         "jedit",
-         "jEdit",
-         javaClass},
-        {{"ft"}, "/usr/bin/ft", "ft", "Fine Tool", "", "org.example.Tool", "Fine Tool", entryName}};
+         "mousepad",
+         {},
+         "org.xfce.mousepad"},
+        {"qpdfview", "qpdfview", desktopIdOfClass, "qpdfview", "qpdfview", "qpdfview"},
+        {"pcmanfm", "File Manager PCManFM", desktopIdOfClass, "pcmanfm", "Pcmanfm", "pcmanfm"},
+        {"org.gnome.Meld", "Meld", windowHint, "org.gnome.Meld", "Meld",
+         "/usr/bin/python3 /usr/bin/meld", "/usr/bin/python3.11", "org.gnome.Meld"},
+        {"org.gnome.gedit", "gedit", windowHint, "gedit", "Gedit", "gedit", {}, "org.gnome.gedit"},
+        {"firefox-esr", "Firefox ESR", startupWmClass, "Navigator", "firefox-esr",
+         "/usr/lib/firefox-esr/firefox-esr", "/usr/lib/firefox-esr/firefox-esr"},
+        {"org.pwmt.zathura", "Zathura", desktopIdOfClass, "org.pwmt.zathura", "Zathura", "zathura",
+         ""},
+        {"io.github.Hexchat", "HexChat", startupWmClass, "hexchat", "Hexchat", "hexchat"},
+        {"libreoffice-calc", "LibreOffice Calc", startupWmClass, "libreoffice", "libreoffice-calc",
+         "/usr/lib/libreoffice/program/soffice.bin --calc",
+         "/usr/lib/libreoffice/program/soffice.bin", "org.libreoffice"},
+        {"org.keepassxc.KeePassXC", "KeePassXC", startupWmClass, "keepassxc", "KeePassXC",
+         "keepassxc", ""},
+        {"idle-python3.11", "IDLE (using Python-3.11)", execKey, "!listedtoplevel", "Toplevel",
+         "/usr/bin/python3.11 /usr/bin/idle-python3.11", "/usr/bin/python3.11"},
+        {"feh", "Feh", desktopIdOfClass, "feh", "feh", "feh x.png"},
+        {"lxterminal", "LXTerminal", desktopIdOfClass, "lxterminal", "Lxterminal", "lxterminal"},
+        {"org.kde.kcalc", "KCalc", desktopIdEnd, "kcalc", "kcalc", "kcalc"},
+        {"jedit", "jEdit", javaClass, "sun-awt-X11-XFramePeer", "org-gjt-sp-jedit-jEdit",
+         "java -cp x org.gjt.sp.jedit.jEdit", "/usr/lib/jvm/java-17/bin/java"},
+        {"org.example.Tool", "Fine Tool", entryName, "ft", "Fine Tool", "ft"}};
     for (const Recorded& program : programs) {
+        const auto command = words(program.commandLine);
         const auto identity =
-            identify(factsOf(program.commandLine, program.executable,
+            identify(factsOf(command, program.executable.value_or("/usr/bin/" + command.front()),
                              {windowOf(1, program.instance, program.className, program.gtkId)}),
                      debian());
         EXPECT_EQ(identity.desktopId, program.desktopId);
@@ -368,38 +275,28 @@ TEST(ApplicationIdentifier, FindsTheScriptThatStartedTheProcess) {
 
 TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
     struct Case {
-        std::vector<std::string> commandLine;
-        const char* executable;
-        const char* instance;
-        const char* className;
         const char* identifier;
         const char* name;
+        const char* commandLine;
+        const char* executable;
+        const char* instance = "";
+        const char* className = "";
     };
 
-    for (const Case& test : std::vector<Case>{
-             {{"xcalc"}, "/usr/bin/xcalc", "xcalc", "XCalc", "exe:/usr/bin/xcalc.xcalc", "XCalc"},
-             {{"x"}, "/opt/a.b/my.tool", "", "", "exe:/opt/a.b/my.tool.my-tool", "my-tool"},
-             {{"python3", "/home/u/clock.py"},
-              "/usr/bin/python3.11",
-              "tk",
-              "Tk",
-              "script:/home/u/clock.py.clock",
-              "clock"},
-             {{"C:\\windows\\notepad.exe"},
-              "/usr/lib/wine/wine64-preloader",
-              "notepad.exe",
-              "notepad.exe",
-              "wine:notepad.exe.notepad",
-              "notepad.exe"},
-             {{"java", "-cp", "a", "org.foo.Main"},
-              "/usr/lib/jvm/j/bin/java",
-              "sun-awt-X11-XFramePeer",
-              "org-foo-Viewer",
-              "exe:/usr/lib/jvm/j/bin/java:org-foo-Viewer.Viewer",
-              "org-foo-Viewer"},
-             {{"relative"}, "", "", "", "exe:comm.comm", "comm"},
-             {{"x"}, "/usr/bin/x", "a\nb", "\x01\xff", "exe:/usr/bin/x.x", "\xef\xbf\xbd"}}) {
-        const auto identity = identify(factsOf(test.commandLine, test.executable,
+    for (const Case& test : {
+             Case{"exe:/usr/bin/xcalc.xcalc", "XCalc", "xcalc", "/usr/bin/xcalc", "xcalc", "XCalc"},
+             Case{"exe:/opt/a.b/my.tool.my-tool", "my-tool", "x", "/opt/a.b/my.tool"},
+             Case{"script:/home/u/clock.py.clock", "clock", "python3 /home/u/clock.py",
+                  "/usr/bin/python3.11", "tk", "Tk"},
+             Case{"wine:notepad.exe.notepad", "notepad.exe", "C:\\windows\\notepad.exe",
+                  "/usr/lib/wine/wine64-preloader", "notepad.exe", "notepad.exe"},
+             Case{"exe:/usr/lib/jvm/j/bin/java:org-foo-Viewer.Viewer", "org-foo-Viewer",
+                  "java -cp a org.foo.Main", "/usr/lib/jvm/j/bin/java", "sun-awt-X11-XFramePeer",
+                  "org-foo-Viewer"},
+             Case{"exe:comm.comm", "comm", "relative", ""},
+             Case{"exe:/usr/bin/x.x", "\xef\xbf\xbd", "x", "/usr/bin/x", "a\nb", "\x01\xff"},
+         }) {
+        const auto identity = identify(factsOf(words(test.commandLine), test.executable,
                                                {windowOf(1, test.instance, test.className)}),
                                        DesktopEntryIndex());
         EXPECT_EQ(identity.bundleIdentifier, test.identifier);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "fakes/FakeInputGate.h"
 #include "fakes/FakePlatform.h"
-#include "platform/InputGate.h"
 #include "settings/AppSettings.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
@@ -12,14 +12,6 @@
 #include <string>
 
 namespace calmora {
-
-/// Counts how often input was discarded.
-class FakeInputGate final : public InputGate {
-  public:
-    void discardQueuedInput() override { ++discards; }
-
-    int discards = 0;
-};
 
 /// A popover over a machine in memory, in a window of its size.
 struct PopoverFixture {

@@ -1,7 +1,7 @@
 // Draws the Shortcuts pane, the recorder's states and its alerts into pictures.
 // Usage: calmora_shortcuts_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
 
-#include "ShortcutsPane.h"
+#include "shortcuts/ShortcutsPane.h"
 #include "theme/Theme.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // Draws the General pane and its sheet into pictures, for people to look at.
-// Usage: settings gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+// Usage: calmora_settings_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
 
 #include "platform/qt/QtLocalizedStrings.h"
 #include "settings/SettingsFixture.h"
