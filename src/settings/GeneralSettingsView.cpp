@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <functional>
 #include <utility>
 
 namespace calmora {
@@ -152,7 +153,8 @@ SwitchRow* GeneralSettingsView::addSwitch(FormSection& section, const char* name
                                           void (AppSettings::*set)(bool)) {
     auto* row = new SwitchRow(uiText(title));
     row->setObjectName(name);
-    connect(row, &QCheckBox::clicked, this, [this, set](bool isOn) { (settings_.*set)(isOn); });
+    connect(row, &QCheckBox::clicked, this,
+            [this, set](bool isOn) { std::invoke(set, settings_, isOn); });
     bindings_.emplace_back([this, row, get] { row->setChecked((settings_.*get)()); });
     section.addRow(row);
     return row;
