@@ -1,9 +1,8 @@
 #include "PrivateBus.h"
 
-#include <QCoreApplication>
 #include <QDBusPendingCall>
-#include <QDeadlineTimer>
 #include <QFile>
+#include <QTest>
 
 #include <algorithm>
 #include <utility>
@@ -87,15 +86,7 @@ int ScriptedObject::count(const QString& member) const {
 }
 
 bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds atMost) {
-    const QDeadlineTimer deadline(atMost);
-    while (!condition()) {
-        if (deadline.hasExpired()) {
-            return false;
-        }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
+    return QTest::qWaitFor(condition, static_cast<int>(atMost.count()));
 }
 
 QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,

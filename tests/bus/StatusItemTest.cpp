@@ -1,4 +1,4 @@
-#include "platform/LocalizedStrings.h"
+#include "fakes/FakeLocalizedStrings.h"
 #include "platform/linux/dbus/BusSignal.h"
 #include "platform/qt/status/Glyph.h"
 #include "platform/qt/status/QtStatusItem.h"
@@ -20,12 +20,6 @@ namespace {
 constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
 constexpr auto menuInterface = MenuObject::interfaceName;
 constexpr auto itemInterface = NotifierItem::interfaceName;
-
-struct KeysAsTexts : LocalizedStrings {
-    std::string text(std::string_view key, std::optional<std::int64_t>) const override {
-        return std::string(key);
-    }
-};
 
 class StatusItemTest : public testing::Test {
   protected:
@@ -93,7 +87,7 @@ class StatusItemTest : public testing::Test {
     PrivateBus bus;
     QDBusConnection own = bus.connect();
     QDBusConnection panel = bus.connect();
-    KeysAsTexts strings;
+    FakeLocalizedStrings strings;
     bool canUpdate = false;
     int abouts = 0;
     int updates = 0;
@@ -235,7 +229,7 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
 }
 
 TEST(StatusItemWithoutBus, existsAllTheSame) {
-    const KeysAsTexts strings;
+    const FakeLocalizedStrings strings;
     QtStatusItem item(QDBusConnection("no such connection"), "org.example.Item", strings);
     item.setAction([](StatusEvent) {});
     item.setMenu([] { return std::vector<StatusMenuItem>{}; });

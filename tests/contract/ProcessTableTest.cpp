@@ -1,13 +1,14 @@
 #include "fakes/FakeProcessTable.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/proc/RealProcess.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <csignal>
-#include <stdexcept>
+#include <map>
+#include <memory>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace calmora {
@@ -34,36 +35,17 @@ class FakeProcesses {
     ProcessId last_ = 100;
 };
 
-/// Children of this process.
+/// Children of this process. An ended one stays a zombie, which counts as gone.
 class LinuxProcesses {
   public:
-    ~LinuxProcesses() {
-        for (const ProcessId process : children_) {
-            kill(process, SIGKILL);
-            waitpid(process, nullptr, 0);
-        }
-    }
-
     ProcessId start() {
-        const ProcessId process = fork();
-        if (process == 0) {
-            while (true) {
-                pause();
-            }
-        }
-        if (process < 0) {
-            throw std::runtime_error("no process");
-        }
-        children_.push_back(process);
+        auto child = std::make_unique<RealProcess>();
+        const ProcessId process = child->id();
+        children_.emplace(process, std::move(child));
         return process;
     }
 
-    /// Leaves a zombie behind, which counts as gone.
-    static void end(ProcessId process) {
-        kill(process, SIGKILL);
-        siginfo_t info{};
-        waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT);
-    }
+    void end(ProcessId process) { children_.at(process)->kill(); }
 
     static constexpr ProcessId nobody = 0x7ffffffe;
     const ProcessId own = getpid();
@@ -71,7 +53,7 @@ class LinuxProcesses {
   private:
     ProcessReader reader_;
     ProcessMemory memory_{reader_};
-    std::vector<ProcessId> children_;
+    std::map<ProcessId, std::unique_ptr<RealProcess>> children_;
 
   public:
     LinuxProcessTable table{reader_, memory_};

@@ -1,12 +1,9 @@
 #include "fakes/FakeRunLoop.h"
 #include "fakes/FakeUserDefaults.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <stdexcept>
 
 namespace calmora {
 namespace {
@@ -17,31 +14,11 @@ struct FakeStore {
     FakeUserDefaults defaults;
 };
 
-class JsonStore {
-  public:
-    JsonStore() {
-        if (!mkdtemp(path_.data())) {
-            throw std::runtime_error("no temporary folder");
-        }
-        defaults_.emplace(std::filesystem::path(path_) / "preferences.json", runLoop_);
-    }
-
-    ~JsonStore() {
-        defaults_.reset();
-        std::filesystem::remove_all(path_);
-    }
-
-    JsonStore(const JsonStore&) = delete;
-    JsonStore& operator=(const JsonStore&) = delete;
-
-  private:
-    std::string path_ = std::filesystem::temp_directory_path() / "calmora-XXXXXX";
-    FakeClock clock_;
-    FakeRunLoop runLoop_{clock_};
-    std::optional<JsonUserDefaults> defaults_;
-
-  public:
-    JsonUserDefaults& defaults = *defaults_;
+struct JsonStore {
+    TempFolder folder;
+    FakeClock clock;
+    FakeRunLoop runLoop{clock};
+    JsonUserDefaults defaults{folder.path() / "preferences.json", runLoop};
 };
 
 template <typename Store>

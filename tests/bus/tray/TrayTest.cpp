@@ -1,4 +1,4 @@
-#include "platform/LocalizedStrings.h"
+#include "fakes/FakeLocalizedStrings.h"
 #include "platform/qt/status/QtStatusItem.h"
 #include "support/VirtualDesktop.h"
 
@@ -17,12 +17,6 @@ namespace calmora {
 namespace {
 
 std::unique_ptr<VirtualDesktop> desktop;
-
-struct KeysAsTexts : LocalizedStrings {
-    std::string text(std::string_view key, std::optional<std::int64_t>) const override {
-        return std::string(key);
-    }
-};
 
 bool contains(const Rect& rect, Point point) {
     return rect.x <= point.x && point.x < rect.x + rect.width && rect.y <= point.y &&
@@ -86,7 +80,7 @@ class TrayTest : public testing::Test {
     }
 
     PrivateBus bus;
-    KeysAsTexts strings;
+    FakeLocalizedStrings strings;
     std::vector<StatusEvent> events;
     QtStatusItem item{bus.connect(), "org.example.Item", strings};
 };

@@ -5,7 +5,6 @@
 #include "fakes/FakeUserNotifications.h"
 #include "settings/AppSettings.h"
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -103,24 +102,6 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
     EXPECT_EQ(machine.windowCount(editor), editorWindows + 1);
     EXPECT_EQ(manager.activityTracker().lastActiveTime().size(), 2U) << "both stay eligible";
     EXPECT_EQ(notifications.added.size(), 1U);
-}
-
-TEST_F(AutoQuitOnADesktop, WaitsNoLongerForAStoppedOne) {
-    // In front before the tracking starts.
-    const pid_t stopped = machine.shown(machine.desktop.start({"xcalc"}));
-    EXPECT_TRUE(waitFor([&] { return machine.workspace.frontmostApplication().has_value(); }));
-    manager.activityTracker().startTracking();
-    ASSERT_EQ(manager.activityTracker().lastActiveTime().size(), 1U);
-    settings.setAutoQuitMinutes(0);
-    settings.setAutoQuitEnabled(true);
-    ASSERT_EQ(kill(stopped, SIGSTOP), 0);
-    const auto slept = check();
-    EXPECT_GT(slept, 0us) << "it was waited for";
-    EXPECT_LE(slept, AutoQuitManager::quitTimeout + AppQuitter::pollInterval);
-    EXPECT_TRUE(machine.isRunning(stopped));
-    EXPECT_TRUE(notifications.added.empty());
-    ASSERT_EQ(kill(stopped, SIGCONT), 0);
-    EXPECT_TRUE(waitFor([&] { return !machine.isRunning(stopped); })) << "it was asked";
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "Hands.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <QTest>
 
 #include <cstdlib>
 #include <stdexcept>
@@ -11,16 +10,11 @@
 namespace calmora {
 
 bool loopUntil(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(10'000);
-    while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return condition();
+    return QTest::qWaitFor(condition, 10'000);
 }
 
 void loopFor(std::chrono::milliseconds duration) {
-    const QDeadlineTimer deadline(duration);
-    loopUntil([&] { return deadline.hasExpired(); });
+    QTest::qWait(static_cast<int>(duration.count()));
 }
 
 Hands::Hands() : connection_(xcb_connect(nullptr, nullptr)) {

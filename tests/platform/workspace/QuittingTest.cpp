@@ -97,7 +97,10 @@ TEST(QuittingTest, ForcesWhatIsStopped) {
     const pid_t process = machine.shown(machine.client());
     ::kill(process, SIGSTOP);
     EXPECT_FALSE(machine.quitter.quitApp(process, false));
+    EXPECT_TRUE(machine.isRunning(process));
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(machine.quitter.quitApp(process, true));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1600ms);
     EXPECT_EQ(machine.desktop.exitStatus(process), SIGTERM) << "it was continued to take it";
 }
 
@@ -129,7 +132,9 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
     };
     EXPECT_TRUE(waitFor([&] { return running(helper).size() == 2; }));
     EXPECT_EQ(machine.workspace.runningApplication(process)->bundleURL(), folder.string() + "/");
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(machine.quitter.quitApp(process, true));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1600ms);
     EXPECT_FALSE(machine.isRunning(process));
     EXPECT_THAT(running(helper), testing::IsEmpty());
     EXPECT_TRUE(machine.isRunning(neighbour));

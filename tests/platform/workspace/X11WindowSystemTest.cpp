@@ -236,23 +236,6 @@ TEST_F(X11WindowSystemTest, ToleratesWindowsThatVanishAndNamesThatAreOdd) {
     EXPECT_EQ(listed, 300U) << "a window that stays is in every list";
 }
 
-TEST_F(X11WindowSystemTest, ListsManyWindows) {
-    open({.windowManager = ""});
-    const pid_t process = client({"--windows", "500"});
-    EXPECT_TRUE(waitFor([&] { return windowsOf(process).size() == 500; }));
-    const auto microseconds = [&] {
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_GE(system->windows().size(), 500U);
-        return std::to_string(std::chrono::duration_cast<std::chrono::microseconds>(
-                                  std::chrono::steady_clock::now() - start)
-                                  .count());
-    };
-    RecordProperty("microseconds_read", microseconds());
-    const Subscription listening = system->onWindowsChanged([] {});
-    static_cast<void>(system->windows());
-    RecordProperty("microseconds_kept", microseconds());
-}
-
 TEST_F(X11WindowSystemTest, OutlivesTheServer) {
     open();
     const WindowId window = windowOf(client()).id;

@@ -162,19 +162,6 @@ TEST_F(AutoQuitManagerTest, TakesAnyStoredMinutes) {
     EXPECT_EQ(notices(), Names{"App 1 after 1 minute"});
 }
 
-TEST_F(AutoQuitManagerTest, FollowsAClockThatIsSet) {
-    launch(1, "a");
-    launch(2, "b");
-    manager.activityTracker().startTracking();
-    activate(1);
-    machine.clock.wall -= 2h;
-    activate(2);
-    machine.clock.advance(1h);
-    EXPECT_EQ(check(), Pids{2}) << "1 was active in what is now the future";
-    machine.clock.wall += 90min;
-    EXPECT_EQ(check(), Pids{1});
-}
-
 TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
     settings.setNeverQuitApps({"listed", "desktop-name"});
     machine.workspace.canonicalIdentifiers["desktop-name"] = "known.name";

@@ -2,10 +2,10 @@
 
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/TextFile.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -16,13 +16,9 @@ namespace fs = std::filesystem;
 
 struct AutostartLoginItemTest : testing::Test {
     AutostartLoginItemTest() {
-        std::string name = fs::temp_directory_path() / "calmora-login-XXXXXX";
-        folder = mkdtemp(name.data());
         directories.configHome = folder / "home";
         directories.configDirs = {folder / "site", folder / "system"};
     }
-
-    ~AutostartLoginItemTest() override { fs::remove_all(folder); }
 
     [[nodiscard]] fs::path file(const char* where) const {
         return folder / where / "autostart" / "org.example.Tool.desktop";
@@ -37,7 +33,8 @@ struct AutostartLoginItemTest : testing::Test {
         return {directories, "org.example.Tool", program};
     }
 
-    fs::path folder;
+    const TempFolder temporary;
+    const fs::path& folder = temporary.path();
     BaseDirectories directories;
 };
 

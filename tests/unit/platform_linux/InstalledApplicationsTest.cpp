@@ -1,6 +1,6 @@
 #include "platform/linux/xdg/InstalledApplications.h"
-#include "TempFolder.h"
 #include "platform/linux/xdg/MimeDefaults.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

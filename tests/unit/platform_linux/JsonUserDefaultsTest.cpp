@@ -1,8 +1,8 @@
 #include "platform/linux/xdg/JsonUserDefaults.h"
-#include "TempFolder.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
 #include "platform/linux/xdg/InstalledBundle.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

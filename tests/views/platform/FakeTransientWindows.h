@@ -17,7 +17,6 @@ class FakeTransientWindows final : public TransientWindows {
     std::string calls;
     std::function<bool()> isAlertOpen;
     std::function<void(Leaving)> onLeft;
-    std::optional<ModifierFlags> keyboard;
     std::optional<std::uint32_t> time;
 
     [[nodiscard]] Qt::WindowFlags transientFlags() const override {
@@ -37,7 +36,7 @@ class FakeTransientWindows final : public TransientWindows {
         return std::make_unique<Loan>(*this);
     }
 
-    [[nodiscard]] std::optional<ModifierFlags> modifiers() override { return keyboard; }
+    [[nodiscard]] std::optional<ModifierFlags> modifiers() override { return {}; }
 
     [[nodiscard]] std::optional<std::uint32_t> eventTime() override { return time; }
 

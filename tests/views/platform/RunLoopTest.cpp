@@ -4,11 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <QTest>
 
 #include <fcntl.h>
-#include <functional>
 #include <string>
 #include <unistd.h>
 
@@ -16,20 +14,6 @@ namespace calmora {
 namespace {
 
 using std::chrono::milliseconds;
-
-/// Runs the loop until the condition holds, at most two seconds.
-bool waitFor(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(2000);
-    while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return condition();
-}
-
-void runLoopFor(milliseconds duration) {
-    const QDeadlineTimer deadline(duration);
-    waitFor([&] { return deadline.hasExpired(); });
-}
 
 TEST(RunLoop, RunsEachKindAsOftenAsItsTokenAllows) {
     AlertSession alerts;
@@ -51,8 +35,8 @@ TEST(RunLoop, RunsEachKindAsOftenAsItsTokenAllows) {
     });
     EXPECT_EQ(heard, "") << "nothing runs before the loop turns";
     cancelled.reset();
-    ASSERT_TRUE(waitFor([&] { return ticks >= 3 && heard.ends_with("later"); }));
-    runLoopFor(milliseconds{10});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= 3 && heard.ends_with("later"); }));
+    QTest::qWait(10);
     EXPECT_EQ(heard, "next nested later");
     EXPECT_EQ(ticks, 3);
 }
@@ -77,12 +61,12 @@ TEST(RunLoop, HoldsTimersAndDescriptorsBackWhileAnAlertIsOpen) {
     Subscription inner = alerts.begin();
     ASSERT_EQ(write(writing.get(), "d", 1), 1);
     inner.reset();
-    runLoopFor(milliseconds{50});
+    QTest::qWait(50);
     EXPECT_EQ(heard, "");
 
     outer.reset();
     EXPECT_EQ(heard, "") << "not in the middle of whoever showed the alert";
-    ASSERT_TRUE(waitFor([&] { return heard.size() >= 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return heard.size() >= 2; }));
     EXPECT_NE(heard.find('d'), std::string::npos);
     EXPECT_NE(heard.find('t'), std::string::npos);
 }

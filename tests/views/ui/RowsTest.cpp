@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QPaintEvent>
 #include <QTest>
 
 #include <functional>
@@ -30,28 +29,6 @@ AppInfo app(ProcessId pid, std::string name) {
 
 QAbstractButton& button(QWidget& view, const char* name) {
     return *view.findChild<QAbstractButton*>(name);
-}
-
-/// The area that an action makes a shown widget paint.
-QRegion painted(QWidget& widget, const std::function<void()>& action) {
-    class Watch final : public QObject {
-      public:
-        bool eventFilter(QObject*, QEvent* event) override {
-            if (event->type() == QEvent::Paint) {
-                region += static_cast<QPaintEvent*>(event)->region();
-            }
-            return false;
-        }
-
-        QRegion region;
-    };
-
-    QCoreApplication::processEvents();
-    Watch watch;
-    widget.installEventFilter(&watch);
-    action();
-    QCoreApplication::processEvents();
-    return watch.region;
 }
 
 QMenu* openMenu(QWidget& row) {
@@ -142,25 +119,6 @@ TEST(AppRowView, ReportsActionsAndChangesNothingItself) {
     row.app.isBackgroundApp = true;
     view.setRow(row);
     EXPECT_FALSE(openMenu(view));
-}
-
-TEST(AppRowView, RepaintsOnlyWhatChanged) {
-    AppRow row{.app = app(7, "Mail"), .resourceDisplay = ResourceDisplay::both};
-    row.app.cpuUsage = 1;
-    row.app.memoryMB = 100;
-    AppRowView view(row);
-    view.resize(360, 44);
-    view.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    row.app.cpuUsage = 1.04;
-    row.app.memoryMB = 100.3;
-    EXPECT_TRUE(painted(view, [&] { view.setRow(row); }).isEmpty());
-    row.app.cpuUsage = 2;
-    const QRect figure = painted(view, [&] { view.setRow(row); }).boundingRect();
-    EXPECT_TRUE(figure.isValid());
-    EXPECT_LT(figure.width(), 60);
-    row.app.cpuUsage = 1234.5;
-    EXPECT_GT(painted(view, [&] { view.setRow(row); }).boundingRect().width(), 300);
 }
 
 TEST(AppRowView, MakesAnyNameFitToShow) {

@@ -45,12 +45,6 @@ class TempFolder {
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    /// The names in the folder.
-    [[nodiscard]] std::size_t fileCount() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_),
-                                                      std::filesystem::directory_iterator()));
-    }
-
   private:
     std::filesystem::path path_;
 };
