@@ -2,15 +2,22 @@
 
 #include "app/AppToolkit.h"
 #include "autoquit/AutoQuitManager.h"
+#include "platform/Bundle.h"
+#include "platform/LocalizedStrings.h"
+#include "ui/AppListViewModel.h"
+#include "ui/ForceQuitConfirmation.h"
 
+#include <cstddef>
+#include <optional>
 #include <utility>
 
 namespace calmora {
 
 AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
-                         AppToolkit& toolkit, const Bundle& bundle, const LocalizedStrings& strings)
-    : settings_(defaults), updaterController_(std::move(updater)), toolkit_(toolkit),
-      bundle_(bundle), strings_(strings) {}
+                         AppToolkit& toolkit, const Platform& platform,
+                         KeyboardShortcuts& shortcuts)
+    : settings_(defaults), updaterController_(std::move(updater)), hotKeyManager_(shortcuts),
+      toolkit_(toolkit), platform_(platform) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -20,17 +27,46 @@ void AppDelegate::applicationDidFinishLaunching() {
 
     statusItem_ = toolkit_.makeStatusItem();
     std::optional<Image> image;
-    if (const auto file = bundle_.resource("MenuBarIcon", "svg")) {
+    if (const auto file = platform_.bundle.resource("MenuBarIcon", "svg")) {
         image.emplace().file = *file;
     }
     statusItem_->setTemplateImage(image, statusIconPoints);
     statusItem_->setAction([this](StatusEvent event) { togglePopover(event); });
     statusItem_->setMenu([this] { return contextMenu(); });
 
+    wireShortcuts();
+
     // Also while auto-quit is off: switched on later, it knows since when nothing was used.
     autoQuitManager_ = toolkit_.makeAutoQuitManager(settings_);
     autoQuitManager_->activityTracker().startTracking();
     autoQuitManager_->start();
+}
+
+void AppDelegate::wireShortcuts() {
+    // The manager is ours, and forgets the callbacks when we end.
+    hotKeyManager_.onActivateMenu = [this] {
+        if (statusItem_) {
+            togglePopover();
+        }
+    };
+    hotKeyManager_.onQuitAll = [this] { quitAll(); };
+    hotKeyManager_.onForceQuitAll = [this] { forceQuitAll(); };
+    hotKeyManager_.registerShortcuts();
+}
+
+void AppDelegate::quitAll() {
+    AppListViewModel applications(settings_, platform_);
+    applications.refresh();
+    applications.quitSelected(/*force=*/false);
+}
+
+void AppDelegate::forceQuitAll() {
+    AppListViewModel applications(settings_, platform_);
+    applications.refresh();
+    const std::size_t count = applications.selectedCount();
+    if (count > 0 && confirmForceQuitAll(platform_.alerts, platform_.strings, count)) {
+        applications.quitSelected(/*force=*/true);
+    }
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {
@@ -62,16 +98,16 @@ void AppDelegate::showContextMenu() {
 }
 
 std::vector<StatusMenuItem> AppDelegate::contextMenu() {
-    return {{.title = strings_.text("About Calmora"),
+    return {{.title = platform_.strings.text("About Calmora"),
              .keyEquivalent = "",
              .isEnabled = true,
              .action = [this] { showAbout(); }},
-            {.title = strings_.text("Check for Updates…"),
+            {.title = platform_.strings.text("Check for Updates…"),
              .keyEquivalent = "",
              .isEnabled = updaterController_->canCheckForUpdates(),
              .action = [this] { updaterController_->checkForUpdates(); }},
             {},
-            {.title = strings_.text("Quit Calmora"),
+            {.title = platform_.strings.text("Quit Calmora"),
              .keyEquivalent = "q",
              .isEnabled = true,
              .action = [this] { quitApp(); }}};

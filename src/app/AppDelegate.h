@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Bundle.h"
+#include "app/HotKeyManager.h"
 #include "platform/Geometry.h"
-#include "platform/LocalizedStrings.h"
+#include "platform/Platform.h"
 #include "platform/Popover.h"
 #include "platform/StatusItem.h"
 #include "platform/Updater.h"
@@ -18,7 +18,7 @@ class AutoQuitManager;
 class UserDefaults;
 
 /// The program's presence in the status bar: one icon, whose left click opens and closes the
-/// popover and whose right click opens the menu. Main thread.
+/// popover and whose right click opens the menu; and what the global shortcuts do. Main thread.
 class AppDelegate {
   public:
     static constexpr Size popoverSize{360, 500};
@@ -26,11 +26,11 @@ class AppDelegate {
 
     /// Nothing is on screen yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
-                const Bundle& bundle, const LocalizedStrings& strings);
+                const Platform& platform, KeyboardShortcuts& shortcuts);
     ~AppDelegate();
 
-    /// Makes the popover and the status item and starts watching for idle applications. Call once,
-    /// when the main loop is about to run.
+    /// Makes the popover and the status item, registers the shortcuts and starts watching for idle
+    /// applications. Call once, when the main loop is about to run.
     void applicationDidFinishLaunching();
 
     /// The action of the status item: the menu after a right click, else the popover opens or
@@ -58,16 +58,19 @@ class AppDelegate {
   private:
     void togglePopover();
     [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
+    void wireShortcuts();
+    void quitAll();
+    void forceQuitAll();
 
     AppSettings settings_;
     std::unique_ptr<Updater> updaterController_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
+    HotKeyManager hotKeyManager_;
     std::unique_ptr<AutoQuitManager> autoQuitManager_;
 
     AppToolkit& toolkit_;
-    const Bundle& bundle_;
-    const LocalizedStrings& strings_;
+    Platform platform_;
 };
 
 } // namespace calmora

@@ -2,6 +2,7 @@
 
 #include "app/AboutPanel.h"
 #include "app/Identity.h"
+#include "app/SettingsView.h"
 #include "app/SettingsWindow.h"
 #include "autoquit/AutoQuitManager.h"
 #include "platform/linux/xdg/BaseDirectories.h"
@@ -9,7 +10,6 @@
 #include "platform/qt/status/QtStatusItem.h"
 #include "platform/qt/window/ManagedTransientWindows.h"
 #include "platform/qt/x11/X11TransientWindows.h"
-#include "settings/GeneralSettingsView.h"
 #include "theme/Theme.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
@@ -60,14 +60,19 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
     : sessionBus_(sessionBus), machine_(sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
+      globalShortcuts_(machine_.events, sessionBus_, defaults_, machine_.text, strings_,
+                       alertSession_),
       transientWindows_(makeTransientWindows()), alerts_(*transientWindows_, alertSession_, icon()),
-      eventMonitor_(*transientWindows_),
-      inputGate_(*transientWindows_, [this] { eventMonitor_.reread(); }),
+      eventMonitor_(*transientWindows_), inputGate_(*transientWindows_,
+                                                    [this] {
+                                                        eventMonitor_.reread();
+                                                        globalShortcuts_.discardKeyPresses();
+                                                    }),
       notifications_(sessionBus_, identity::identifier),
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
-      delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, machine_.bundle,
-                strings_) {
+      delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, platform(),
+                globalShortcuts_.shortcuts()) {
     appearance_ = colorScheme_.onChanged(
         [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
@@ -99,7 +104,9 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
 }
 
 std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
-    return std::make_unique<QtStatusItem>(sessionBus_, identity::identifier, strings_);
+    return std::make_unique<QtStatusItem>(
+        sessionBus_, identity::identifier, strings_,
+        [this](bool isOpen) { globalShortcuts_.setPanelMenuOpen(isOpen); });
 }
 
 std::unique_ptr<AutoQuitManager> CalmoraApp::makeAutoQuitManager(AppSettings& settings) {
@@ -116,8 +123,12 @@ void CalmoraApp::orderFrontAboutPanel() {
 void CalmoraApp::openSettings() {
     if (!settingsWindow_) {
         auto* window = new SettingsWindow(strings_);
-        window->setContent(new GeneralSettingsView(delegate_.settings(), delegate_.updater(),
-                                                   loginItem_, platform(), window));
+        window->setContent(new SettingsView(delegate_.settings(), delegate_.updater(),
+                                            {.platform = platform(),
+                                             .loginItem = loginItem_,
+                                             .recorders = globalShortcuts_.recorders(),
+                                             .icon = icon()},
+                                            window));
         settingsWindow_ = window;
     }
     showWindow(*settingsWindow_);

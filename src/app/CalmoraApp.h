@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/AppToolkit.h"
+#include "app/GlobalShortcuts.h"
 #include "app/LinuxMachine.h"
 #include "platform/linux/xdg/AutostartLoginItem.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
@@ -53,6 +54,7 @@ class CalmoraApp final : private AppToolkit {
     QtLocalizedStrings strings_;
     LinuxMachine machine_;
     JsonUserDefaults defaults_;
+    GlobalShortcuts globalShortcuts_;
     std::unique_ptr<TransientWindows> transientWindows_;
     QtAlerts alerts_;
     QtEventMonitor eventMonitor_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/MainMenu.h"
+
 #include <QWidget>
 
 namespace calmora {
@@ -11,11 +13,15 @@ class SettingsWindow final : public QWidget {
   public:
     explicit SettingsWindow(const LocalizedStrings& strings);
 
-    /// Fills the window with `content`, which it owns.
+    /// Fills the window, which takes its size from it, with `content`, which it owns.
     void setContent(QWidget* content);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    /// Answers to the keys of an item and of those below it.
+    void answer(const MainMenuItem& item);
 };
 
 } // namespace calmora

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "support/Subscription.h"
+
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,6 +19,10 @@ class Updater {
 
     /// Whether a check can be started now.
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
+
+    /// Tells canCheckForUpdates() at once and after each change, until the token ends.
+    [[nodiscard]] virtual Subscription
+    observeCanCheckForUpdates(std::function<void(bool)> handler) = 0;
 
     /// Starts a check that the user asked for; does nothing while none can be started.
     virtual void checkForUpdates() = 0;
@@ -34,6 +41,12 @@ class UnavailableUpdater final : public Updater {
     }
 
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
+
+    [[nodiscard]] Subscription
+    observeCanCheckForUpdates(std::function<void(bool)> handler) override {
+        handler(false);
+        return {};
+    }
 
     void checkForUpdates() override {}
 

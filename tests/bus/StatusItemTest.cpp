@@ -93,8 +93,10 @@ class StatusItemTest : public testing::Test {
     int updates = 0;
     int quits = 0;
     std::vector<StatusEvent> events;
+    std::vector<bool> menuOpen;
     std::unique_ptr<ScriptedObject> panelObject;
-    QtStatusItem item{own, "org.example.Item", strings};
+    QtStatusItem item{own, "org.example.Item", strings,
+                      [this](bool isOpen) { menuOpen.push_back(isOpen); }};
 };
 
 TEST_F(StatusItemTest, isRegisteredWheneverAPanelAppears) {
@@ -192,6 +194,19 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     canUpdate = true;
     callMenu("Event", open);
     EXPECT_TRUE(waitFor([&] { return notices == 2; }));
+    EXPECT_TRUE(menuOpen.back());
+    callMenu("Event", {0, "closed", QVariant::fromValue(QDBusVariant(0)), 0U});
+    EXPECT_FALSE(menuOpen.back());
+    for (const bool vanishes : {false, true}) {
+        callMenu("Event", open);
+        ASSERT_TRUE(menuOpen.back());
+        if (vanishes) {
+            stopPanel();
+        } else {
+            call(NotifierItem::path, itemInterface, "Activate", {3, 4});
+        }
+        EXPECT_TRUE(waitFor([&] { return !menuOpen.back(); })) << "a panel that tells no close";
+    }
     const auto properties = qdbus_cast<QList<DbusMenuProperties>>(
         callMenu("GetGroupProperties",
                  {QVariant::fromValue(QList<int>{update, 4711}), QStringList{"enabled", "label"}})

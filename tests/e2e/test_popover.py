@@ -157,6 +157,34 @@ class Preferences(DesktopCase):
         self.assertEqual(desktop.logs().count(kept[0].name), 1, "said once on standard error")
 
 
+class Shortcuts(DesktopCase):
+    def test_a_stored_shortcut_works_from_another_application(self):
+        desktop = self.open_desktop()
+        # ⌃⌥K: the virtual key code of K, and Carbon's masks of Control and Option.
+        self.write_preferences({"KeyboardShortcuts_activateMenu":
+                                '{"carbonKeyCode":40,"carbonModifiers":6144}'})
+        terminal = self.start_application("xterm")
+        driver = self.start_calmora()
+        desktop.wait_until(driver.icon, "status icon")
+        desktop.xdotool("windowfocus", "--sync", desktop.windows_of(terminal.pid)[0])
+        desktop.xdotool("key", "ctrl+alt+k")
+        driver.wait_for_row("XTerm")
+        desktop.xdotool("key", "ctrl+alt+k")
+        desktop.wait_until(lambda: not driver.is_open(), "closed popover")
+
+        desktop.xdotool("key", "ctrl+alt+k")
+        driver.press("Settings")
+        for name, content in (("Shortcuts", "Shortcuts work from any application."),
+                              ("About", "Check for Updates…"), ("General", "Open Calmora")):
+            desktop.click_node(desktop.wait_for_node(driver.calmora, "page tab", name))
+            desktop.wait_until(lambda: any(node["name"].startswith(content)
+                                           and "showing" in node["states"] for node
+                                           in desktop.accessible(driver.calmora)), content)
+        desktop.xdotool("key", "ctrl+w")
+        desktop.wait_until(lambda: not driver.nodes("page tab"), "closed settings window")
+        self.assert_alive(driver.calmora, terminal)
+
+
 class Surroundings(DesktopCase):
     def test_a_second_start_opens_the_popover_of_the_first(self):
         desktop = self.open_desktop(tray=False)

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Updater.h"
+#include "support/Signal.h"
+
+#include <utility>
 
 namespace calmora {
 
@@ -13,6 +16,18 @@ class FakeUpdater final : public Updater {
 
     [[nodiscard]] bool canCheckForUpdates() const override { return canCheck; }
 
+    [[nodiscard]] Subscription
+    observeCanCheckForUpdates(std::function<void(bool)> handler) override {
+        handler(canCheck);
+        return changed.connect(std::move(handler));
+    }
+
+    /// As if a check had begun or ended.
+    void setCanCheck(bool value) {
+        canCheck = value;
+        changed.emit(value);
+    }
+
     void checkForUpdates() override { checks += canCheck ? 1 : 0; }
 
     [[nodiscard]] bool automaticallyChecksForUpdates() const override { return isAutomatic; }
@@ -23,6 +38,7 @@ class FakeUpdater final : public Updater {
     bool isAutomatic = false;
     /// The checks that were started.
     int checks = 0;
+    Signal<bool> changed;
 };
 
 } // namespace calmora

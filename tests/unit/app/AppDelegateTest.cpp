@@ -2,35 +2,21 @@
 
 #include "app/AppToolkit.h"
 #include "autoquit/AutoQuitManager.h"
+#include "fakes/FakeHotKeys.h"
 #include "fakes/FakeInputGate.h"
+#include "fakes/FakeKeyboardLayout.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/FakeUpdater.h"
 #include "fakes/FakeUserNotifications.h"
+#include "platform/NotificationCenter.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace calmora {
 namespace {
-
-class FakeUpdater final : public Updater {
-  public:
-    FakeUpdater(bool& canCheck, std::string& calls) : canCheck_(canCheck), calls_(calls) {}
-
-    [[nodiscard]] bool canCheckForUpdates() const override { return canCheck_; }
-
-    void checkForUpdates() override { calls_ += "check "; }
-
-    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return {}; }
-
-    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return false; }
-
-    void setAutomaticallyChecksForUpdates(bool) override {}
-
-  private:
-    bool& canCheck_;
-    std::string& calls_;
-};
 
 class AppDelegateTest : public testing::Test, protected AppToolkit {
   protected:
@@ -66,15 +52,32 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
 
     void terminate() override { calls_ += "terminate "; }
 
+    /// The user has recorded ⌃⌥ with A, S and C for the three shortcuts.
+    void recordShortcuts() {
+        const std::pair<const char*, int> rows[] = {{ProgramShortcuts::activateMenu, 0},
+                                                    {ProgramShortcuts::quitAll, 1},
+                                                    {ProgramShortcuts::forceQuitAll, 8}};
+        for (const auto& [name, key] : rows) {
+            fakes_.defaults.set(KeyboardShortcuts::defaultsKeyPrefix + std::string(name),
+                                "{\"carbonKeyCode\":" + std::to_string(key) +
+                                    ",\"carbonModifiers\":6144}");
+        }
+    }
+
     FakePlatform fakes_;
     FakeUserNotifications notifications_;
     FakeInputGate input_;
-    bool canCheck_ = false;
+    NotificationCenter center_;
+    FakeHotKeys hotKeys_;
+    FakeKeyboardLayout layout_;
+    KeyboardShortcuts shortcuts_{
+        {fakes_.defaults, center_, hotKeys_, layout_, fakes_.strings, fakes_.text}};
     std::string calls_;
     FakePopover* popover_ = nullptr;
     FakeStatusItem* item_ = nullptr;
-    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(canCheck_, calls_), *this,
-                          fakes_.bundle, fakes_.strings};
+    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(), *this,
+                          fakes_.platform(), shortcuts_};
+    FakeUpdater& updater_ = static_cast<FakeUpdater&>(delegate_.updater());
 };
 
 TEST_F(AppDelegateTest, NothingHappensBeforeLaunchHasFinished) {
@@ -82,6 +85,8 @@ TEST_F(AppDelegateTest, NothingHappensBeforeLaunchHasFinished) {
     delegate_.togglePopover(StatusEvent::rightMouseUp);
     delegate_.openPopover();
     EXPECT_EQ(calls_, "");
+    recordShortcuts();
+    EXPECT_TRUE(hotKeys_.calls->empty());
     delegate_.applicationDidFinishLaunching();
     EXPECT_EQ(calls_, "popover item auto-quit ");
     EXPECT_EQ(popover_->size, (Size{360, 500}));
@@ -130,8 +135,53 @@ TEST_F(AppDelegateTest, ClicksTogglePopoverOrOpenTheMenu) {
     EXPECT_FALSE(popover_->anchors.back());
 }
 
+TEST_F(AppDelegateTest, WithoutARecordedShortcutNoKeyIsTaken) {
+    delegate_.applicationDidFinishLaunching();
+    EXPECT_TRUE(hotKeys_.calls->empty());
+}
+
+TEST_F(AppDelegateTest, AShortcutTogglesThePopover) {
+    recordShortcuts();
+    delegate_.applicationDidFinishLaunching();
+    hotKeys_.fire(1);
+    EXPECT_TRUE(popover_->isShown());
+    EXPECT_EQ(popover_->anchors.back(), (Rect{1200, 0, 24, 24}));
+    hotKeys_.fire(1);
+    EXPECT_FALSE(popover_->isShown());
+}
+
+TEST_F(AppDelegateTest, ShortcutsQuitWhatWouldBeTicked) {
+    recordShortcuts();
+    delegate_.applicationDidFinishLaunching();
+    hotKeys_.fire(3);
+    EXPECT_TRUE(fakes_.alerts.shown.empty()) << "nothing runs";
+
+    for (const ProcessId pid : {1, 2, 3}) {
+        fakes_.workspace.launch({.pid = pid,
+                                 .name = "App " + std::to_string(pid),
+                                 .bundleIdentifier = "org.example." + std::to_string(pid)});
+    }
+    delegate_.settings().addToNeverQuit("org.example.2");
+    hotKeys_.fire(3);
+    ASSERT_EQ(fakes_.alerts.shown.size(), 1U);
+    EXPECT_EQ(fakes_.alerts.shown[0].messageText, "Do you want to force quit 2 selected apps?");
+    EXPECT_TRUE(fakes_.workspace.forceRequests.empty()) << "the answer was Cancel";
+    EXPECT_TRUE(fakes_.workspace.terminateRequests.empty());
+
+    hotKeys_.fire(2);
+    EXPECT_EQ(fakes_.workspace.terminateRequests, (std::vector<ProcessId>{1, 3}));
+    EXPECT_EQ(fakes_.alerts.shown.size(), 1U) << "no question";
+
+    fakes_.workspace.launch({.pid = 4, .name = "App 4", .bundleIdentifier = "org.example.4"});
+    fakes_.alerts.answers = {0};
+    hotKeys_.fire(3);
+    EXPECT_EQ(fakes_.workspace.forceRequests, std::vector<ProcessId>{4});
+    EXPECT_FALSE(popover_->isShown());
+}
+
 TEST_F(AppDelegateTest, TheMenuHasFourEntriesThatDoWhatTheySay) {
     delegate_.applicationDidFinishLaunching();
+    updater_.canCheck = false;
     auto menu = item_->menu();
     ASSERT_EQ(menu.size(), 4U);
     EXPECT_EQ(menu[0].title, "About Calmora");
@@ -140,14 +190,15 @@ TEST_F(AppDelegateTest, TheMenuHasFourEntriesThatDoWhatTheySay) {
     EXPECT_EQ(menu[2].title, "");
     EXPECT_EQ(menu[3].title, "Quit Calmora");
     EXPECT_EQ(menu[3].keyEquivalent, "q");
-    canCheck_ = true;
+    updater_.canCheck = true;
     menu = item_->menu();
     EXPECT_TRUE(menu[1].isEnabled);
     calls_.clear();
     menu[0].action();
     menu[1].action();
     menu[3].action();
-    EXPECT_EQ(calls_, "about check terminate ");
+    EXPECT_EQ(calls_, "about terminate ");
+    EXPECT_EQ(updater_.checks, 1);
 }
 
 } // namespace

@@ -50,8 +50,9 @@ QVariant inVariant(const QVariant& value) {
 } // namespace
 
 MenuObject::MenuObject(const QDBusConnection& connection,
-                       std::function<std::vector<StatusMenuItem>()> build)
-    : connection_(connection), build_(std::move(build)) {
+                       std::function<std::vector<StatusMenuItem>()> build,
+                       std::function<void(bool)> onOpen)
+    : connection_(connection), build_(std::move(build)), onOpen_(std::move(onOpen)) {
     registerStatusTypes();
     connection_.registerVirtualObject(path, this);
 }
@@ -141,6 +142,9 @@ bool MenuObject::handleEvent(const DbusMenuEvent& event) {
     if (event.id == 0) {
         if (event.event == "opened") {
             update();
+            onOpen_(true);
+        } else if (event.event == "closed") {
+            onOpen_(false);
         }
         return true;
     }

@@ -22,8 +22,10 @@ class MenuObject : public QDBusVirtualObject {
     static constexpr auto interfaceName = "com.canonical.dbusmenu";
 
     /// `build` gives the entries each time that the menu opens.
+    /// `onOpen` is told when the panel opens its drawing of the menu and when it closes it.
     MenuObject(const QDBusConnection& connection,
-               std::function<std::vector<StatusMenuItem>()> build);
+               std::function<std::vector<StatusMenuItem>()> build,
+               std::function<void(bool)> onOpen);
     ~MenuObject() override;
 
     /// Builds the entries again and tells the panel what is different. True when anything is.
@@ -49,6 +51,7 @@ class MenuObject : public QDBusVirtualObject {
 
     QDBusConnection connection_;
     std::function<std::vector<StatusMenuItem>()> build_;
+    std::function<void(bool)> onOpen_;
     std::map<std::string, int> ids_;
     int lastId_ = 0;
     std::vector<Entry> entries_;

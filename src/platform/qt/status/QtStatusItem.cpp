@@ -51,8 +51,10 @@ bool drawsNamesAsTheyAre() {
 } // namespace
 
 QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
-                           const LocalizedStrings& strings)
-    : strings_(strings), menu_(bus, [this] { return buildMenu(); }),
+                           const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu)
+    : strings_(strings), onPanelMenu_(std::move(onPanelMenu)),
+      menu_(
+          bus, [this] { return buildMenu(); }, [this](bool isOpen) { setPanelMenuOpen(isOpen); }),
       item_(bus, QString::fromStdString(applicationId), title, MenuObject::path,
             {.activate = [this](Point place) { clicked(StatusEvent::leftMouseUp, place); },
              .contextMenu = [this](Point place) { clicked(StatusEvent::rightMouseUp, place); }}),
@@ -113,7 +115,14 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+void QtStatusItem::setPanelMenuOpen(bool isOpen) {
+    if (onPanelMenu_) {
+        onPanelMenu_(isOpen);
+    }
+}
+
 void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
+    setPanelMenuOpen(false);
     if (panel == PanelWatcher::Panel::absent) {
         if (!trayIcon_ && isX11()) {
             trayIcon_ = std::make_unique<TrayIcon>(title, [this](StatusEvent event) {
@@ -137,6 +146,7 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
 }
 
 void QtStatusItem::clicked(StatusEvent event, Point place) {
+    setPanelMenuOpen(false);
     // What panels give as the place differs: the pointer's, the icon's, nothing at all. On X11
     // the pointer can be asked.
     if (isX11()) {

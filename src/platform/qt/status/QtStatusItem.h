@@ -25,8 +25,10 @@ class LocalizedStrings;
 class QtStatusItem final : public QObject, public StatusItem {
   public:
     /// `applicationId` names the item to panels. `strings` must outlive it.
+    /// `onPanelMenu` is told when a panel opens and closes its drawing of the menu; the close also
+    /// when the panel vanishes or sends a click instead.
     QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
-                 const LocalizedStrings& strings);
+                 const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu = {});
     ~QtStatusItem() override;
 
     /// Where a file "NAME-symbolic.svg" lies beside the image's file "NAME.svg", its name goes to
@@ -45,6 +47,7 @@ class QtStatusItem final : public QObject, public StatusItem {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void setPanelMenuOpen(bool isOpen);
     void panelChanged(PanelWatcher::Panel panel);
     void clicked(StatusEvent event, Point place);
     void act(StatusEvent event);
@@ -56,6 +59,7 @@ class QtStatusItem final : public QObject, public StatusItem {
     const LocalizedStrings& strings_;
     std::optional<Image> image_;
     int points_ = 0;
+    std::function<void(bool)> onPanelMenu_;
     std::function<void(StatusEvent)> action_;
     std::function<std::vector<StatusMenuItem>()> build_;
     std::optional<Point> lastClick_;

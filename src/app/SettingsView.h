@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/Platform.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace calmora {
+
+class AppSettings;
+class LoginItem;
+struct RecorderEnvironment;
+class Updater;
+
+/// What the settings are shown with. Everything behind it outlives the view.
+struct SettingsSurroundings {
+    Platform platform;
+    LoginItem& loginItem;
+    /// What the recorders of the shortcuts meet.
+    const RecorderEnvironment& recorders;
+    /// The program's icon; absent means none.
+    std::optional<Image> icon;
+};
+
+/// The content of the settings window: three panes behind tabs.
+class SettingsView final : public QWidget {
+  public:
+    static constexpr QSize size{450, 560};
+
+    /// Starts with the first pane.
+    SettingsView(AppSettings& settings, Updater& updater, const SettingsSurroundings& surroundings,
+                 QWidget* parent = nullptr);
+};
+
+} // namespace calmora
