@@ -158,15 +158,34 @@ class Preferences(DesktopCase):
 
 
 class Shortcuts(DesktopCase):
-    def test_a_stored_shortcut_works_from_another_application(self):
+    def start(self):
+        """Calmora with recorded shortcuts, behind a terminal that has the keyboard."""
         desktop = self.open_desktop()
-        # ⌃⌥K: the virtual key code of K, and Carbon's masks of Control and Option.
-        self.write_preferences({"KeyboardShortcuts_activateMenu":
-                                '{"carbonKeyCode":40,"carbonModifiers":6144}'})
+        # Virtual key codes, and Carbon's masks of Control and Option.
+        self.write_preferences({f"KeyboardShortcuts_{name}":
+                                f'{{"carbonKeyCode":{key},"carbonModifiers":6144}}'
+                                for name, key in (("activateMenu", 40), ("quitAll", 12),
+                                                  ("forceQuitAll", 3))})
         terminal = self.start_application("xterm")
         driver = self.start_calmora()
         desktop.wait_until(driver.icon, "status icon")
         desktop.xdotool("windowfocus", "--sync", desktop.windows_of(terminal.pid)[0])
+        return desktop, driver, terminal
+
+    def test_quitting_from_another_application(self):
+        desktop, driver, terminal = self.start()
+        desktop.xdotool("key", "ctrl+alt+f")
+        driver.button("Cancel")
+        desktop.xdotool("key", "ctrl+alt+k")
+        desktop.xdotool("key", "Escape")
+        time.sleep(0.5)
+        self.assertFalse(driver.is_open(), "a press from the time of the question acted later")
+        self.assert_alive(terminal)
+        desktop.xdotool("key", "ctrl+alt+q")
+        self.wait_for_exit(terminal)
+
+    def test_a_stored_shortcut_works_from_another_application(self):
+        desktop, driver, terminal = self.start()
         desktop.xdotool("key", "ctrl+alt+k")
         driver.wait_for_row("XTerm")
         desktop.xdotool("key", "ctrl+alt+k")
