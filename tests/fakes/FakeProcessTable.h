@@ -74,10 +74,7 @@ class FakeProcessTable final : public ProcessTable {
         if (onHold) {
             onHold(process);
         }
-        held_.try_emplace(process, serial(process));
-        if (held_.at(process) == serial(process) || !isRunning(process, held_.at(process))) {
-            held_.at(process) = serial(process);
-        }
+        held_[process] = serial(process);
         return serial(process) != 0;
     }
 

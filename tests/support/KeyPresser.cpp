@@ -47,6 +47,11 @@ void KeyPresser::button(std::uint8_t number, bool isDown) {
     sync();
 }
 
+void KeyPresser::move(int x, int y) {
+    fake(XCB_MOTION_NOTIFY, 0, x, y);
+    sync();
+}
+
 xcb_window_t KeyPresser::root() const {
     return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
 }
@@ -55,8 +60,9 @@ void KeyPresser::sync() {
     std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
 }
 
-void KeyPresser::fake(std::uint8_t type, std::uint8_t detail) {
-    xcb_test_fake_input(connection_, type, detail, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+void KeyPresser::fake(std::uint8_t type, std::uint8_t detail, int x, int y) {
+    xcb_test_fake_input(connection_, type, detail, XCB_CURRENT_TIME, XCB_NONE,
+                        static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
 }
 
 } // namespace calmora

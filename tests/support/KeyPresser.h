@@ -27,6 +27,9 @@ class KeyPresser {
     /// Presses or releases a pointer button where the pointer is.
     void button(std::uint8_t number, bool isDown);
 
+    /// Moves the pointer there.
+    void move(int x, int y);
+
     /// A connection that belongs to another client than the one under test.
     [[nodiscard]] xcb_connection_t* connection() const { return connection_; }
 
@@ -36,7 +39,7 @@ class KeyPresser {
     void sync();
 
   private:
-    void fake(std::uint8_t type, std::uint8_t detail);
+    void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0);
 
     xcb_connection_t* connection_;
     bool isHeld_[256] = {};

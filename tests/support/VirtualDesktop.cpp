@@ -26,6 +26,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The descriptor that a program reports its address to.
+constexpr char reportTarget[] = "9";
+
 /// The first line that arrives at the descriptor, or nothing at the deadline.
 std::string readLine(int descriptor, std::chrono::milliseconds timeout) {
     std::string line;
@@ -183,23 +186,27 @@ const char* VirtualDesktop::variable(const char* name) const {
     return found == environment_.end() ? nullptr : found->second.c_str();
 }
 
-void VirtualDesktop::startServer(const std::string& screen) {
+std::string VirtualDesktop::startReporting(pid_t& process,
+                                           const std::vector<std::string>& command) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
         throw std::runtime_error("no pipe");
     }
     const FileDescriptor reading(ends[0]);
     FileDescriptor writing(ends[1]);
-    constexpr int target = 9;
-    server_ = spawn({"Xvfb", "-displayfd", std::to_string(target), "-screen", "0", screen,
-                     "-nolisten", "tcp", "-noreset", "-ac", "-maxclients", "1024"},
-                    writing.get(), target, {});
+    process = spawn(command, writing.get(), {});
     writing.reset();
-    const std::string number = readLine(reading.get(), patience);
-    if (number.empty()) {
-        throw std::runtime_error("Xvfb does not start");
+    const std::string report = readLine(reading.get(), patience);
+    if (report.empty()) {
+        throw std::runtime_error(command.front() + " does not start");
     }
-    display_ = ":" + number;
+    return report;
+}
+
+void VirtualDesktop::startServer(const std::string& screen) {
+    display_ = ":" + startReporting(server_,
+                                    {"Xvfb", "-displayfd", reportTarget, "-screen", "0", screen,
+                                     "-nolisten", "tcp", "-noreset", "-ac", "-maxclients", "1024"});
     environment_["DISPLAY"] = display_;
 }
 
@@ -210,23 +217,9 @@ void VirtualDesktop::startBus() {
         << "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
            "<allow send_destination=\"*\" eavesdrop=\"true\"/><allow eavesdrop=\"true\"/>"
            "<allow own=\"*\"/></policy></busconfig>\n";
-    std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-        throw std::runtime_error("no pipe");
-    }
-    const FileDescriptor reading(ends[0]);
-    FileDescriptor writing(ends[1]);
-    constexpr int target = 9;
-    sessionBus_ =
-        spawn({"dbus-daemon", "--nofork", "--nopidfile", "--config-file=" + config.string(),
-               "--print-address=" + std::to_string(target)},
-              writing.get(), target, {});
-    writing.reset();
-    const std::string address = readLine(reading.get(), patience);
-    if (address.empty()) {
-        throw std::runtime_error("dbus-daemon does not start");
-    }
-    environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
+    environment_["DBUS_SESSION_BUS_ADDRESS"] = startReporting(
+        sessionBus_, {"dbus-daemon", "--nofork", "--nopidfile", "--config-file=" + config.string(),
+                      std::string("--print-address=") + reportTarget});
 }
 
 void VirtualDesktop::startWindowManager(const std::string& name) {
@@ -270,11 +263,11 @@ void VirtualDesktop::startTray() {
 }
 
 pid_t VirtualDesktop::start(const std::vector<std::string>& command, const Environment& extra) {
-    return spawn(command, -1, -1, extra);
+    return spawn(command, -1, extra);
 }
 
 pid_t VirtualDesktop::spawn(const std::vector<std::string>& command, int reportDescriptor,
-                            int reportTarget, const Environment& extra) {
+                            const Environment& extra) {
     Environment all = environment_;
     for (const auto& [name, value] : extra) {
         all[name] = value;
@@ -317,7 +310,7 @@ pid_t VirtualDesktop::spawn(const std::vector<std::string>& command, int reportD
     ::dup2(output, 1);
     ::dup2(output, 2);
     if (reportDescriptor >= 0) {
-        ::dup2(reportDescriptor, reportTarget);
+        ::dup2(reportDescriptor, reportTarget[0] - '0');
     }
     if (::chdir(folder.c_str()) == 0) {
         ::setenv("PATH", path.c_str(), 1);

@@ -81,8 +81,9 @@ class VirtualDesktop {
     [[nodiscard]] std::string log() const;
 
   private:
-    pid_t spawn(const std::vector<std::string>& command, int reportDescriptor, int reportTarget,
+    pid_t spawn(const std::vector<std::string>& command, int reportDescriptor,
                 const Environment& extra);
+    std::string startReporting(pid_t& process, const std::vector<std::string>& command);
     void startServer(const std::string& screen);
     void startBus();
     void startSettingsDaemon();

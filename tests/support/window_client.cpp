@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,7 +25,7 @@ struct Options {
     std::vector<std::string> children;
     long process = ::getpid();
     int windows = 1;
-    bool takesPartInClosing = true;
+    bool hasNoDelete = false;
     bool skipsTaskbar = false;
     bool hasTransient = false;
     // What a request to close a window does.
@@ -112,7 +113,7 @@ class Client {
             set(window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL,
                 {static_cast<std::uint32_t>(options_.process)});
         }
-        if (options_.takesPartInClosing) {
+        if (!options_.hasNoDelete) {
             set(window, atom("WM_PROTOCOLS"), XCB_ATOM_ATOM, {atom("WM_DELETE_WINDOW")});
         }
         if (parent != XCB_NONE) {
@@ -202,43 +203,37 @@ void startHelper(const std::string& program, bool orphan) {
 
 int main(int argc, char** argv) {
     Options options;
+    const std::map<std::string_view, std::string Options::*> texts{
+        {"--instance", &Options::instance}, {"--class", &Options::className},
+        {"--title", &Options::title},       {"--type", &Options::type},
+        {"--machine", &Options::machine},   {"--icon", &Options::icon},
+    };
+    const std::map<std::string_view, bool Options::*> habits{
+        {"--skip-taskbar", &Options::skipsTaskbar},
+        {"--transient", &Options::hasTransient},
+        {"--ignore-close", &Options::ignoresClosing},
+        {"--ask-on-close", &Options::asksOnClosing},
+        {"--hide-on-close", &Options::hidesOnClosing},
+        {"--ignore-term", &Options::ignoresTerm},
+        {"--tray", &Options::isTrayIcon},
+        {"--helper", &Options::isHelper},
+        {"--no-delete", &Options::hasNoDelete},
+    };
     for (int i = 1; i < argc; ++i) {
         const std::string_view option = argv[i];
         const auto value = [&] { return std::string(i + 1 < argc ? argv[++i] : ""); };
-        if (option == "--instance") {
-            options.instance = value();
-        } else if (option == "--class") {
-            options.className = value();
-        } else if (option == "--title") {
-            options.title = value();
-        } else if (option == "--type") {
-            options.type = value();
-        } else if (option == "--machine") {
-            options.machine = value();
+        if (texts.contains(option)) {
+            options.*texts.at(option) = value();
+        } else if (habits.contains(option)) {
+            options.*habits.at(option) = true;
         } else if (option == "--pid") {
             options.process = std::stol(value());
-        } else if (option == "--icon") {
-            options.icon = value();
         } else if (option == "--windows") {
             options.windows = std::stoi(value());
         } else if (option == "--child") {
             options.children.push_back(value());
         } else if (option == "--orphan") {
             startHelper(value(), true);
-        } else if (option == "--no-delete") {
-            options.takesPartInClosing = false;
-        } else if (option == "--skip-taskbar") {
-            options.skipsTaskbar = true;
-        } else if (option == "--transient") {
-            options.hasTransient = true;
-        } else if (option == "--ignore-close") {
-            options.ignoresClosing = true;
-        } else if (option == "--ask-on-close") {
-            options.asksOnClosing = true;
-        } else if (option == "--hide-on-close") {
-            options.hidesOnClosing = true;
-        } else if (option == "--ignore-term") {
-            options.ignoresTerm = true;
         } else if (option == "--busy") {
             std::thread([] {
                 volatile unsigned rounds = 0;
@@ -246,10 +241,6 @@ int main(int argc, char** argv) {
                     rounds = rounds + 1;
                 }
             }).detach();
-        } else if (option == "--tray") {
-            options.isTrayIcon = true;
-        } else if (option == "--helper") {
-            options.isHelper = true;
         } else {
             return 2;
         }

@@ -24,9 +24,11 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::uint32_t altL = 0xffe9;
-constexpr std::uint32_t escape = 0xff1b;
-constexpr std::uint32_t letterA = 'a';
+// X keycodes.
+constexpr std::uint8_t altL = 64;
+constexpr std::uint8_t altGr = 92;
+constexpr std::uint8_t escape = 9;
+constexpr std::uint8_t letterA = 38;
 
 /// Long enough for Qt to notice that a window lost the keyboard.
 constexpr milliseconds settling{250};
@@ -48,7 +50,7 @@ class TransientTest : public testing::Test {
     }
 
     ~TransientTest() override {
-        hands_.keyUp(altL);
+        hands_.release({altL});
         popover_.performClose();
         for (const xcb_window_t window : {first_, second_}) {
             hands_.closeWindow(window);
@@ -123,18 +125,16 @@ class TransientTest : public testing::Test {
 
 TEST_F(TransientTest, BorrowsTheKeyboardAndGivesItBack) {
     show();
-    hands_.keyDown(letterA);
-    hands_.keyUp(letterA);
+    hands_.tap({letterA});
     EXPECT_TRUE(loopUntil([&] { return field_->text() == "a"; }));
-    hands_.keyDown(escape);
-    hands_.keyUp(escape);
+    hands_.tap({escape});
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
     EXPECT_EQ(hands_.keyboardOwner(), second_);
 }
 
 TEST_F(TransientTest, ClicksWithOptionHeldReachPopoverAndAlert) {
     show();
-    hands_.keyDown(altL);
+    hands_.press({altL});
     clickOn(button_);
     EXPECT_TRUE(loopUntil([&] { return clicks_ == 1; }));
     EXPECT_TRUE(popover_.isShown());
@@ -158,8 +158,7 @@ TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
         const QPoint title = middle(alert.findChild<QWidget*>("messageText"));
         hands_.click(title.x(), title.y());
         EXPECT_TRUE(loopUntil([&] { return ownsKeyboard(&alert); }));
-        hands_.keyDown(escape);
-        hands_.keyUp(escape);
+        hands_.tap({escape});
     });
     EXPECT_EQ(answer, 1U);
     loopFor(settling);
@@ -214,21 +213,21 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     hands_.click(icon_->x + 3, icon_->y + 3);
     loopFor(settling);
     hands_.click(middle(field_).x(), middle(field_).y());
-    hands_.press(5);
-    hands_.release(5);
+    hands_.button(5, true);
+    hands_.button(5, false);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown());
 
     const xcb_window_t panel = hands_.openIcon(1200, 700, 24);
     hands_.move(1210, 710);
-    hands_.press(5);
-    hands_.release(5);
+    hands_.button(5, true);
+    hands_.button(5, false);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
     hands_.move(1200, 780); // The bare root.
-    hands_.press();
+    hands_.button(1, true);
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    hands_.release();
+    hands_.button(1, false);
     popover_.show({});
     EXPECT_FALSE(popover_.isShown());
 
@@ -250,21 +249,20 @@ TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
     const auto hears = [&](std::size_t count, std::uint32_t last) {
         return loopUntil([&] { return heard.size() == count && heard.back() == last; });
     };
-    hands_.keyDown(altL);
+    hands_.press({altL});
     EXPECT_TRUE(hears(1, ModifierFlags::option));
-    hands_.keyUp(altL);
+    hands_.release({altL});
     EXPECT_TRUE(hears(2, 0));
-    hands_.keyDown(0xfe03); // ISO_Level3_Shift, AltGr: sits on a modifier of its own.
-    hands_.keyUp(0xfe03);
+    hands_.tap({altGr}); // Sits on a modifier of its own.
     loopFor(milliseconds{50});
     EXPECT_EQ(heard.size(), 2U);
 
-    hands_.keyDown(altL);
+    hands_.press({altL});
     EXPECT_TRUE(hears(3, ModifierFlags::option));
     ask([&](QWidget& alert) {
         hands_.click(700, 480);
         EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
-        hands_.keyUp(altL);
+        hands_.release({altL});
         loopFor(settling);
         EXPECT_EQ(heard.size(), 3U) << "nobody sees this release";
         // A window manager that took the first click for the start of a move also takes the next
@@ -282,11 +280,10 @@ TEST_F(TransientTest, DiscardsWhatWasClickedAndTypedWhileTheLoopWasBlocked) {
     QtInputGate gate(windows_);
     show();
     clickOn(button_);
-    hands_.keyDown(letterA);
-    hands_.keyUp(letterA);
-    hands_.press();
+    hands_.tap({letterA});
+    hands_.button(1, true);
     gate.discardQueuedInput();
-    hands_.release();
+    hands_.button(1, false);
     loopFor(settling);
     EXPECT_EQ(clicks_, 0);
     EXPECT_EQ(field_->text(), "");

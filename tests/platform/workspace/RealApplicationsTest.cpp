@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <sstream>
 #include <unistd.h>
 
 namespace calmora {
@@ -9,14 +11,21 @@ namespace {
 
 struct RealApplication {
     const char* name;
-    std::vector<std::string> command;
     /// What the identifier begins with.
     const char* identifier;
     const char* displayName;
     const char* executable;
+    /// Its name where none is given.
+    std::vector<std::string> command = {};
     /// The entry names a picture.
     bool hasThemeIcon = true;
 };
+
+/// The words of a command line.
+std::vector<std::string> words(const std::string& line) {
+    std::istringstream stream(line);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
 
 void PrintTo(const RealApplication& application, std::ostream* out) {
     *out << application.name;
@@ -47,7 +56,8 @@ std::vector<std::string> executablesBelow(LinuxDesktop& machine, const std::stri
 TEST_P(RealApplicationsTest, IsRecognisedAndQuitsWhenAsked) {
     const RealApplication& expected = GetParam();
     LinuxDesktop machine({.sessionBus = true});
-    const pid_t process = machine.desktop.start(expected.command);
+    const pid_t process = machine.desktop.start(
+        expected.command.empty() ? std::vector<std::string>{expected.name} : expected.command);
     machine.shown(process);
     const auto application = machine.listed(process);
     ASSERT_TRUE(application);
@@ -86,36 +96,23 @@ TEST_P(RealApplicationsTest, IsRecognisedAndQuitsWhenAsked) {
 INSTANTIATE_TEST_SUITE_P(
     Debian, RealApplicationsTest,
     testing::Values(
-        RealApplication{"xterm", {"xterm"}, "debian-xterm", "XTerm", "/usr/bin/xterm"},
-        RealApplication{"uxterm", {"uxterm"}, "debian-uxterm", "UXTerm", "/usr/bin/xterm"},
-        RealApplication{"renamed_xterm",
-                        {"xterm", "-class", "Foo", "-name", "foo"},
-                        "debian-xterm",
-                        "XTerm",
-                        "/usr/bin/xterm"},
-        RealApplication{"xcalc", {"xcalc"}, "exe:/usr/bin/xcalc", "XCalc", "/usr/bin/xcalc", false},
-        RealApplication{
-            "galculator", {"galculator"}, "galculator", "Galculator", "/usr/bin/galculator"},
-        RealApplication{
-            "mousepad", {"mousepad"}, "org.xfce.mousepad", "Mousepad", "/usr/bin/mousepad"},
-        RealApplication{"qpdfview", {"qpdfview"}, "qpdfview", "qpdfview", "/usr/bin/qpdfview"},
-        RealApplication{
-            "pcmanfm", {"pcmanfm"}, "com.apple.finder", "File Manager PCManFM", "/usr/bin/pcmanfm"},
-        RealApplication{
-            "lxterminal", {"lxterminal"}, "lxterminal", "LXTerminal", "/usr/bin/lxterminal"},
-        RealApplication{"zathura", {"zathura"}, "org.pwmt.zathura", "Zathura", "/usr/bin/zathura"},
-        RealApplication{"hexchat", {"hexchat"}, "io.github.Hexchat", "HexChat", "/usr/bin/hexchat"},
-        RealApplication{"meld", {"meld"}, "org.gnome.Meld", "Meld", "/usr/bin/python3.11"},
-        RealApplication{"idle",
-                        {"idle-python3.11"},
-                        "idle-python3.11",
-                        "IDLE (using Python-3.11)",
-                        "/usr/bin/python3.11"},
-        RealApplication{"feh",
-                        {"feh", "/usr/share/icons/hicolor/48x48/apps/galculator.png"},
-                        "feh",
-                        "Feh",
-                        "/usr/bin/feh"}),
+        RealApplication{"xterm", "debian-xterm", "XTerm", "/usr/bin/xterm"},
+        RealApplication{"uxterm", "debian-uxterm", "UXTerm", "/usr/bin/xterm"},
+        RealApplication{"renamed_xterm", "debian-xterm", "XTerm", "/usr/bin/xterm",
+                        words("xterm -class Foo -name foo")},
+        RealApplication{"xcalc", "exe:/usr/bin/xcalc", "XCalc", "/usr/bin/xcalc", {}, false},
+        RealApplication{"galculator", "galculator", "Galculator", "/usr/bin/galculator"},
+        RealApplication{"mousepad", "org.xfce.mousepad", "Mousepad", "/usr/bin/mousepad"},
+        RealApplication{"qpdfview", "qpdfview", "qpdfview", "/usr/bin/qpdfview"},
+        RealApplication{"pcmanfm", "com.apple.finder", "File Manager PCManFM", "/usr/bin/pcmanfm"},
+        RealApplication{"lxterminal", "lxterminal", "LXTerminal", "/usr/bin/lxterminal"},
+        RealApplication{"zathura", "org.pwmt.zathura", "Zathura", "/usr/bin/zathura"},
+        RealApplication{"hexchat", "io.github.Hexchat", "HexChat", "/usr/bin/hexchat"},
+        RealApplication{"meld", "org.gnome.Meld", "Meld", "/usr/bin/python3.11"},
+        RealApplication{"idle", "idle-python3.11", "IDLE (using Python-3.11)",
+                        "/usr/bin/python3.11", words("idle-python3.11")},
+        RealApplication{"feh", "feh", "Feh", "/usr/bin/feh",
+                        words("feh /usr/share/icons/hicolor/48x48/apps/galculator.png")}),
     [](const auto& row) { return row.param.name; });
 
 TEST(RealDesktopTest, TheDesktopBackgroundIsNoApplication) {
