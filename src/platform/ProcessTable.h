@@ -27,7 +27,8 @@ class ProcessTable {
     /// The parent of a process; absent when it cannot be read.
     [[nodiscard]] virtual std::optional<ProcessId> parent(ProcessId process) const = 0;
 
-    /// The process ids of the current user's processes, at most 4096 of them.
+    /// The process ids of the current user's processes, at most 4096 of them; those that belong to
+    /// another session of the user are left out where that can be told.
     [[nodiscard]] virtual std::vector<ProcessId> allProcesses() const = 0;
 
     /// The path of the executable that a process runs; absent when it may not be read.

@@ -45,7 +45,17 @@ std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
 
 std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
     constexpr std::size_t most = 4096;
-    return reader_.processesOf(getuid(), most);
+    std::vector<ProcessId> processes = reader_.processesOf(getuid(), most);
+    // The user may be logged in a second time, on a display where nobody asked for anything.
+    // Helpers that name no display, or cannot be read, stay.
+    const auto own = reader_.display(getpid());
+    if (own && !own->empty()) {
+        std::erase_if(processes, [&](ProcessId process) {
+            const auto display = reader_.display(process);
+            return display && !display->empty() && display != own;
+        });
+    }
+    return processes;
 }
 
 std::optional<std::string> LinuxProcessTable::executablePath(ProcessId process) const {

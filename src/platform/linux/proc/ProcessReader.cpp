@@ -161,6 +161,26 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     return details;
 }
 
+std::optional<std::string> ProcessReader::display(ProcessId process) const {
+    const FileDescriptor descriptor = open(process, "environ");
+    if (!descriptor) {
+        return std::nullopt;
+    }
+    constexpr std::string_view key("\0DISPLAY=", 9);
+    const std::string environment = '\0' + readAll(descriptor.get());
+    const auto at = environment.find(key);
+    if (at == std::string::npos) {
+        return "";
+    }
+    std::string_view value(environment.c_str() + at + key.size());
+    if (value.starts_with("unix:")) {
+        value.remove_prefix(std::string_view("unix").size());
+    }
+    const auto colon = value.rfind(':');
+    return std::string(colon == std::string_view::npos ? value
+                                                       : value.substr(0, value.find('.', colon)));
+}
+
 FileDescriptor ProcessReader::open(ProcessId process, const char* file) const {
     if (process < 1) {
         return {};

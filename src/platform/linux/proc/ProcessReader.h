@@ -41,6 +41,10 @@ class ProcessReader {
     /// passed to another process meanwhile.  Cost: about 40 µs.
     [[nodiscard]] std::optional<ProcessDetails> details(ProcessId process) const;
 
+    /// The X display that the process was started for, without the screen: ":0". Empty when its
+    /// environment names none, absent when that cannot be read.
+    [[nodiscard]] std::optional<std::string> display(ProcessId process) const;
+
     /// A file of the process, opened for reading: "statm". None when it cannot be opened.
     [[nodiscard]] FileDescriptor open(ProcessId process, const char* file) const;
 

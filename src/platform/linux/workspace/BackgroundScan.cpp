@@ -4,7 +4,6 @@
 #include "platform/linux/proc/ProcessReader.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <dirent.h>
 #include <memory>
@@ -21,7 +20,6 @@ constexpr std::size_t mostProcesses = 4096;
 /// How long after its start a process may still replace its program: launcher scripts do.
 constexpr std::chrono::seconds settlingTime{15};
 constexpr std::chrono::milliseconds firstInterval{300};
-constexpr std::size_t mostEnvironment = 1U << 18U;
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -104,38 +102,12 @@ void BackgroundScan::read(ProcessId process, Known& known, const DesktopEntryInd
     known.candidate = {process, details->startTime, {}, false, {}};
     if (const auto identity = identifyWindowless(*details, index)) {
         known.candidate.identifier = identity->bundleIdentifier;
-        known.candidate.isInstalled =
-            (identity->isVisible || identity->isAutostart) && isOnDisplay(process, display);
+        known.candidate.isInstalled = (identity->isVisible || identity->isAutostart) &&
+                                      (display.empty() || reader_.display(process) == display);
     }
     if (!desktopIdsOfCgroup(details->cgroup).empty() || snapOfCgroup(details->cgroup)) {
         known.candidate.unit = details->cgroup;
     }
-}
-
-bool BackgroundScan::isOnDisplay(ProcessId process, const std::string& display) const {
-    if (display.empty()) {
-        return true;
-    }
-    // The environment it was started with; one that cannot be read is nobody's.
-    const FileDescriptor file = reader_.open(process, "environ");
-    std::string environment(1, '\0');
-    std::array<char, 4096> buffer{};
-    ssize_t size = 0;
-    while (file && environment.size() < mostEnvironment &&
-           (size = ::read(file.get(), buffer.data(), buffer.size())) > 0) {
-        environment.append(buffer.data(), static_cast<std::size_t>(size));
-    }
-    const std::string_view key("\0DISPLAY=", 9);
-    const auto at = environment.find(key);
-    if (at == std::string::npos) {
-        return false;
-    }
-    std::string_view value(environment.c_str() + at + key.size());
-    if (value.starts_with("unix:")) {
-        value.remove_prefix(4);
-    }
-    const auto colon = value.rfind(':');
-    return colon != std::string_view::npos && value.substr(0, value.find('.', colon)) == display;
 }
 
 std::vector<ProcessId> BackgroundScan::agents(const std::set<ProcessId>& applications) const {

@@ -49,7 +49,6 @@ class BackgroundScan {
 
     void read(ProcessId process, Known& known, const DesktopEntryIndex& index,
               const std::string& display) const;
-    [[nodiscard]] bool isOnDisplay(ProcessId process, const std::string& display) const;
 
     const ProcessReader& reader_;
     std::map<ProcessId, Known> known_;

@@ -20,6 +20,8 @@ namespace {
 /// How long an application may take to hide all its windows, and how often that is looked at.
 constexpr std::chrono::milliseconds hidingTime{300};
 constexpr std::chrono::milliseconds hidingStep{20};
+/// How long a list of windows may be empty while window managers change.
+constexpr std::chrono::milliseconds settlingTime{50};
 
 } // namespace
 
@@ -72,7 +74,13 @@ bool LinuxRunningApplication::terminate() {
         }
         return true;
     }
-    return quitOverBus() || sources_.processes.sendSignal(process, SIGTERM) == 0;
+    if (quitOverBus()) {
+        return true;
+    }
+    if (mayHaveLostSightOfWindows()) {
+        return requestClose();
+    }
+    return sources_.processes.sendSignal(process, SIGTERM) == 0;
 }
 
 bool LinuxRunningApplication::forceTerminate() {
@@ -97,6 +105,19 @@ std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
         }
     }
     return result;
+}
+
+/// Windows that could be asked a moment ago and are out of sight now, with the window system or
+/// because its manager is being replaced, are no reason for a signal: that would not ask.
+bool LinuxRunningApplication::mayHaveLostSightOfWindows() const {
+    if (!sources_.windows.isAlive()) {
+        return true;
+    }
+    if (!std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
+        return false;
+    }
+    std::this_thread::sleep_for(settlingTime);
+    return !askableWindows().empty();
 }
 
 bool LinuxRunningApplication::hidesWhenClosed() const {

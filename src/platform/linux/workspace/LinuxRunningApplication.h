@@ -38,6 +38,7 @@ class LinuxRunningApplication final : public RunningApplication {
   private:
     [[nodiscard]] std::vector<WindowId> askableWindows() const;
     [[nodiscard]] bool hidesWhenClosed() const;
+    [[nodiscard]] bool mayHaveLostSightOfWindows() const;
     bool quitOverBus();
     bool requestClose();
     void endOnceHidden();

@@ -192,7 +192,12 @@ bool LinuxWorkspace::isListening() const {
 void LinuxWorkspace::listenersChanged() {
     if (isListening() && !windowsChanged_) {
         windowsChanged_ = sources_.windows.onWindowsChanged([this] { changed(); });
-        busChanged_ = sources_.bus.onChanged([this] { changed(); });
+        // The bus also tells while an alert is open; what the event poll tells waits for its end.
+        busChanged_ = sources_.bus.onChanged([this] {
+            if (!telling_) {
+                telling_ = sources_.events.later([this] { changed(); });
+            }
+        });
         // What runs already is no news.
         told_ = list_.update();
         watchEnds();

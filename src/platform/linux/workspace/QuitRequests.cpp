@@ -25,7 +25,8 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
             continue;
         }
         const bool isNew = !before.contains(window.id);
-        if (isNew && roles[i].isTransient) {
+        // The window that it belongs to may have been hidden meanwhile.
+        if (isNew && (roles[i].isTransient || before.contains(window.transientFor))) {
             return true;
         }
         hasNewDialog = hasNewDialog || (isNew && window.type == WindowType::dialog);

@@ -65,7 +65,8 @@ void QtPopover::setContentSize(Size size) {
 
 void QtPopover::show(std::optional<Rect> anchor) {
     const auto screens = screenAreas();
-    if (loan_ || screens.empty() || guard_.refuses(std::chrono::steady_clock::now())) {
+    if (loan_ || screens.empty() || alerts_.isOpen() ||
+        guard_.refuses(std::chrono::steady_clock::now())) {
         return;
     }
     willShow_.emit();
@@ -78,7 +79,8 @@ void QtPopover::show(std::optional<Rect> anchor) {
 }
 
 void QtPopover::performClose() {
-    if (!loan_) {
+    // What an alert asks about stays as it is, also for a panel that passes a click on.
+    if (!loan_ || alerts_.isOpen()) {
         return;
     }
     // First the keyboard, then the window: hidden, it could no longer hand it on.
