@@ -10,6 +10,7 @@
 #include "platform/qt/status/QtStatusItem.h"
 #include "platform/qt/window/ManagedTransientWindows.h"
 #include "platform/qt/x11/X11TransientWindows.h"
+#include "theme/Pictures.h"
 #include "theme/Theme.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
@@ -23,6 +24,9 @@
 namespace calmora {
 
 namespace {
+
+/// Title bars and task switchers take what they need from this size.
+constexpr int windowIconSide = 64;
 
 std::unique_ptr<TransientWindows> makeTransientWindows() {
     if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
@@ -47,7 +51,8 @@ class ListContent final : public QWidget {
     MenuPopoverView view_;
 };
 
-void showWindow(QWidget& window) {
+void showWindow(QWidget& window, const Image& icon) {
+    window.setWindowIcon(imagePixmap(icon, windowIconSide, 1));
     window.show();
     window.raise();
     window.activateWindow();
@@ -117,7 +122,7 @@ void CalmoraApp::orderFrontAboutPanel() {
     if (!aboutPanel_) {
         aboutPanel_ = new AboutPanel(strings_, icon(), machine_.bundle.shortVersion());
     }
-    showWindow(*aboutPanel_);
+    showWindow(*aboutPanel_, icon());
 }
 
 void CalmoraApp::openSettings() {
@@ -131,7 +136,7 @@ void CalmoraApp::openSettings() {
                                             window));
         settingsWindow_ = window;
     }
-    showWindow(*settingsWindow_);
+    showWindow(*settingsWindow_, icon());
 }
 
 void CalmoraApp::terminate() {

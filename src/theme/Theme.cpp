@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QIcon>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPixmapCache>
@@ -148,6 +149,11 @@ QPalette themePalette(Appearance appearance) {
 
 void installTheme(QApplication& application) {
     QPixmapCache::setCacheLimit(pictureCacheKiB);
+    if (const QString icons = QIcon::themeName(); icons.isEmpty() || icons == "hicolor") {
+        // A bare window manager names no theme; the names of the Icon Naming Specification, which
+        // many desktop entries use, are not in hicolor.
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    }
     const bool desktopHasStyle = application.style()->name().compare("fusion") != 0;
     QApplication::setStyle(std::make_unique<ThemeStyle>().release());
     if (!desktopHasStyle && Theme(QApplication::palette()).appearance() == Appearance::light) {

@@ -185,8 +185,11 @@ void MenuPopoverView::build() {
             [this] { quitAll(quitAll_->isForceQuit()); });
     connect(selectAll_, &QAbstractButton::clicked, this,
             [this] { viewModel_.setAllSelected(!selectAll_->isChecked()); });
-    connect(&search_->field(), &QLineEdit::textChanged, this,
-            [this](const QString& text) { viewModel_.setSearchText(text.toStdString()); });
+    connect(&search_->field(), &QLineEdit::textChanged, this, [this](const QString& text) {
+        viewModel_.setSearchText(text.toStdString());
+        // What is found is seen from its start, wherever the list had been scrolled to.
+        area_->verticalScrollBar()->setValue(0);
+    });
     connect(gear_, &QAbstractButton::clicked, this, [this] {
         if (const auto open = surroundings_.openSettings) {
             open();

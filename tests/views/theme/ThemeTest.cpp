@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -101,6 +102,11 @@ TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
     const auto file = [&](const char* name) { return Image{{}, path(name).toStdString(), {}}; };
     const auto pixels = std::make_shared<ImagePixels>(ImagePixels{2, 1, {0xff00ff00, 0xff00ff00}});
 
+    // A name that is in the usual theme only, on a desktop that configures none.
+    // What an X11 platform has by itself.
+    QIcon::setThemeSearchPaths({"/usr/share/icons"});
+    QIcon::setThemeName("hicolor");
+    EXPECT_FALSE(imagePixmap({"system-file-manager", {}, {}}, 24, 1).isNull());
     EXPECT_EQ(imagePixmap(file("wide.png"), 24, 2).size(), QSize(48, 12));
     for (const char* name : {"broken.png", "pipe", "missing.png", ""}) {
         EXPECT_TRUE(imagePixmap(file(name), 24, 1).isNull()) << name;

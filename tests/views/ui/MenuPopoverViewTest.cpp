@@ -379,6 +379,12 @@ TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "App 1001");
     EXPECT_LT(bar->value(), 60);
+
+    bar->setValue(bar->maximum());
+    search().setText("app 11");
+    settle();
+    EXPECT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), 0) << "what was found is not seen from its start";
 }
 
 TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
