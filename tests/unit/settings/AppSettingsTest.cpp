@@ -113,15 +113,6 @@ TEST(AppSettings, WriteEveryAssignmentAndTellOfChanges) {
     EXPECT_TRUE(settings.neverQuitApps().empty());
 }
 
-TEST(AppSettings, DisplaysShowTheFiguresTheyName) {
-    std::string shown;
-    for (const ResourceDisplay display : allResourceDisplays) {
-        shown += std::string(rawValue(display)) + (showsCPU(display) ? "+cpu" : "") +
-                 (showsMemory(display) ? "+memory " : " ");
-    }
-    EXPECT_EQ(shown, "cpuOnly+cpu memoryOnly+memory both+cpu+memory none ");
-}
-
 TEST(NeverQuitList, ProtectsUnderStoredAndCanonicalIdentifiers) {
     FakePlatform machine;
     machine.workspace.canonicalIdentifiers = {{"firefox-esr", "org.mozilla.firefox"}};
