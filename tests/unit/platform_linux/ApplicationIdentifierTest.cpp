@@ -209,19 +209,39 @@ TEST(ApplicationIdentifier, BelievesASandboxBeforeTheWindow) {
     EXPECT_EQ(identify(snap, debian()).desktopId, "debian-xterm");
 }
 
-TEST(ApplicationIdentifier, BelievesTheUnitOnlyOfWhatItWasStartedFor) {
-    auto facts = factsOf({"odd"}, "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
-    facts.process.cgroup = "/a/app-org.kde.konsole-0123.scope";
-    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::systemdUnit);
-    facts.parent = ProcessDetails{};
-    facts.parent->cgroup = "/a/session.scope";
-    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.konsole");
-    // A program that was typed into the terminal's shell is not the terminal.
-    facts.parent->cgroup = facts.process.cgroup;
-    facts.parent->commandLine = {"/bin/bash"};
-    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::synthetic);
-    facts.parent->commandLine = {"/bin/sh", "/usr/bin/start-odd"};
-    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.konsole");
+TEST(ApplicationIdentifier, BelievesUnitAndHintOnlyOfTheProgramThatTheyName) {
+    using enum IdentityRule;
+
+    struct Case {
+        const char* commandLine;
+        /// Without one the process is an orphan.
+        const char* parentCommandLine;
+        IdentityRule byUnit;
+        IdentityRule byHint;
+    };
+
+    for (const Case& test : {
+             Case{"konsole -e x", "", systemdUnit, launchEnvironment},
+             Case{"python3 /opt/k/konsole.py", "/usr/bin/fish", systemdUnit, launchEnvironment},
+             Case{"odd", "/bin/sh /usr/bin/konsole", systemdUnit, launchEnvironment},
+             // Typed into the terminal, with and without the terminal still there.
+             Case{"odd", "/bin/bash", synthetic, synthetic},
+             Case{"odd", "/bin/sh /usr/bin/start-odd", synthetic, synthetic},
+             Case{"odd", "", synthetic, synthetic},
+             Case{"python3 /usr/bin/idle-python3.11", "", execKey, execKey},
+         }) {
+        const auto command = words(test.commandLine);
+        auto facts = factsOf(command, "/usr/bin/" + command.front(), {windowOf(1, "odd", "Odd")});
+        if (*test.parentCommandLine != '\0') {
+            facts.parent = ProcessDetails{};
+            facts.parent->commandLine = words(test.parentCommandLine);
+        }
+        facts.process.cgroup = "/a/app-org.kde.konsole-0123.scope";
+        EXPECT_EQ(identify(facts, debian()).rule, test.byUnit) << test.commandLine;
+        facts.process.cgroup.clear();
+        facts.process.environment.bamfDesktopFileHint = "/x/applications/org.kde.konsole.desktop";
+        EXPECT_EQ(identify(facts, debian()).rule, test.byHint) << test.commandLine;
+    }
 }
 
 TEST(ApplicationIdentifier, ReadsTheNamesOfUnitsAndSnaps) {
@@ -248,13 +268,6 @@ TEST(ApplicationIdentifier, BelievesTheEnvironmentOnlyOfTheLaunchedProcess) {
     environment.launchedDesktopFilePid = 4711;
     EXPECT_EQ(identify(facts, debian()).desktopId, "feh");
     environment.launchedDesktopFilePid = 4000; // Inherited.
-    EXPECT_EQ(identify(facts, debian()).desktopId, std::nullopt);
-
-    environment = {};
-    environment.bamfDesktopFileHint = "/var/lib/snapd/desktop/applications/galculator.desktop";
-    EXPECT_EQ(identify(facts, debian()).desktopId, "galculator");
-    facts.parent = ProcessDetails{};
-    facts.parent->environment = environment;
     EXPECT_EQ(identify(facts, debian()).desktopId, std::nullopt);
 
     environment = {};
@@ -313,6 +326,11 @@ TEST(ApplicationIdentifier, NamesWindowlessProgramsOnlyByAnEntry) {
     EXPECT_FALSE(
         identifyWindowless(factsOf({"python3.11"}, "/usr/bin/python3.11", {}).process, debian()));
     EXPECT_FALSE(identifyWindowless(ProcessDetails{}, debian()));
+    auto leftover = factsOf({"tmux"}, "/usr/bin/tmux", {}).process;
+    leftover.cgroup = "/a/app-gnome-debian\\x2dxterm-123.scope";
+    EXPECT_FALSE(identifyWindowless(leftover, debian()));
+    leftover.executable = "/usr/bin/xterm";
+    EXPECT_EQ(identifyWindowless(leftover, debian())->rule, IdentityRule::systemdUnit);
 }
 
 } // namespace

@@ -81,14 +81,27 @@ const DesktopEntry* entryNamed(std::string_view pathOrId, const DesktopEntryInde
     return entry ? entry : index.withId(name);
 }
 
-/// Whether the process is what was launched, and not a program that something else in the same
-/// unit or with the same environment started later. A launcher script is part of the launch.
-bool isLaunchedItself(const ApplicationFacts& facts, bool parentHasTheSame) {
-    if (!facts.parent || !parentHasTheSame) {
-        return true;
+/// The key of the shell script that the process is part of; empty where its parent is none.
+std::string parentScriptKey(const ApplicationFacts& facts) {
+    if (!facts.parent || facts.parent->commandLine.empty() ||
+        !isShell(facts.parent->commandLine.front()) ||
+        scriptOf(facts.parent->commandLine).empty()) {
+        return {};
     }
-    const auto& command = facts.parent->commandLine;
-    return !command.empty() && isShell(command.front()) && !scriptOf(command).empty();
+    return execKey(facts.parent->commandLine);
+}
+
+/// The entry if the process runs what it starts. A unit and an environment pass on to whatever is
+/// started there, and remain when the program that they were made for has ended: what was typed
+/// into a terminal is not the terminal and must not be quit as one.
+const DesktopEntry* ifRunBy(const ApplicationFacts& facts, const DesktopEntry* entry) {
+    if (!entry || entry->execKey.empty()) {
+        return nullptr;
+    }
+    const bool isRun = entry->execKey == execKey(facts.process.commandLine) ||
+                       entry->execKey == programKey(facts.process.executable.value_or("")) ||
+                       entry->execKey == parentScriptKey(facts);
+    return isRun ? entry : nullptr;
 }
 
 Found bySandbox(const ProcessDetails& process, const DesktopEntryIndex& index) {
@@ -147,9 +160,9 @@ Found byIdOfClass(const TopLevelWindow& window, const DesktopEntryIndex& index) 
     return matchOf(entry, IdentityRule::desktopIdOfClass);
 }
 
-Found bySystemdUnit(const ProcessDetails& process, const DesktopEntryIndex& index) {
-    for (const std::string& id : desktopIdsOfCgroup(process.cgroup)) {
-        if (const DesktopEntry* entry = index.withId(id)) {
+Found bySystemdUnit(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
+    for (const std::string& id : desktopIdsOfCgroup(facts.process.cgroup)) {
+        if (const DesktopEntry* entry = ifRunBy(facts, index.withId(id))) {
             return matchOf(entry, IdentityRule::systemdUnit);
         }
     }
@@ -163,11 +176,8 @@ Found byLaunchEnvironment(const ApplicationFacts& facts, const DesktopEntryIndex
     if (environment.launchedDesktopFilePid == process.pid) {
         entry = entryNamed(environment.launchedDesktopFile, index);
     }
-    const std::string& hint = environment.bamfDesktopFileHint;
-    const bool parentHasHint =
-        facts.parent && facts.parent->environment.bamfDesktopFileHint == hint;
-    if (!entry && isLaunchedItself(facts, parentHasHint)) {
-        entry = entryNamed(hint, index);
+    if (!entry) {
+        entry = ifRunBy(facts, entryNamed(environment.bamfDesktopFileHint, index));
     }
     if (!entry && !process.appImageDesktopFile.empty()) {
         const std::string id(withoutEnding(baseName(process.appImageDesktopFile)));
@@ -218,13 +228,7 @@ Found byEntryName(const TopLevelWindow& window, const DesktopEntryIndex& index) 
 }
 
 Found byParentScript(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    if (!facts.parent || facts.parent->commandLine.empty() ||
-        !isShell(facts.parent->commandLine.front()) ||
-        scriptOf(facts.parent->commandLine).empty()) {
-        return std::nullopt;
-    }
-    return matchOf(index.withExecKey(execKey(facts.parent->commandLine)),
-                   IdentityRule::parentScript);
+    return matchOf(index.withExecKey(parentScriptKey(facts)), IdentityRule::parentScript);
 }
 
 /// The first of several ways that gives an answer; later ones are not tried.
@@ -245,14 +249,9 @@ Found byWindowAlone(const TopLevelWindow& window, const DesktopEntryIndex& index
 }
 
 Found byProcess(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    const bool parentIsInUnit = facts.parent && facts.parent->cgroup == facts.process.cgroup;
-    return firstOf(
-        [&] {
-            return isLaunchedItself(facts, parentIsInUnit) ? bySystemdUnit(facts.process, index)
-                                                           : std::nullopt;
-        },
-        [&] { return byLaunchEnvironment(facts, index); },
-        [&] { return byExecKey(facts.process, index); });
+    return firstOf([&] { return bySystemdUnit(facts, index); },
+                   [&] { return byLaunchEnvironment(facts, index); },
+                   [&] { return byExecKey(facts.process, index); });
 }
 
 Found byWindow(const TopLevelWindow& window, const ApplicationFacts& facts,
@@ -427,14 +426,14 @@ ApplicationIdentity identify(const ApplicationFacts& facts, const DesktopEntryIn
 
 std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                       const DesktopEntryIndex& index) {
+    ApplicationFacts facts;
+    facts.process = process;
     const Found found = firstOf([&] { return bySandbox(process, index); },
-                                [&] { return bySystemdUnit(process, index); },
+                                [&] { return bySystemdUnit(facts, index); },
                                 [&] { return byExecKey(process, index); });
     if (!found || !found->entry) {
         return std::nullopt;
     }
-    ApplicationFacts facts;
-    facts.process = process;
     return identityOf(*found, facts, index);
 }
 

@@ -128,9 +128,13 @@ std::size_t privateDepth(const Components& path, const ProcessDetails& process,
     }
     const Components homePath = componentsOf(home);
     if (!homePath.empty() && executable.starts_with(folderOf(homePath, homePath.size()))) {
+        // The tools of ~/.cargo/bin are not one program, though one of them is called cargo.
+        const auto isToolbox = [&](std::size_t depth) {
+            return path[depth - 1].starts_with('.') && path[depth] == "bin";
+        };
         std::size_t depth = folders;
         while (depth > homePath.size() &&
-               (!isNamedLikeIt(path[depth - 1]) || isShared(path[depth - 1]))) {
+               (!isNamedLikeIt(path[depth - 1]) || isShared(path[depth - 1]) || isToolbox(depth))) {
             --depth;
         }
         return depth > homePath.size() ? depth : 0;
@@ -141,7 +145,12 @@ std::size_t privateDepth(const Components& path, const ProcessDetails& process,
                              path[depth - 1] == "program")) {
             --depth;
         }
-        return depth >= 2 && !isShared(path[depth - 1]) ? depth : 0;
+        if (depth < 2 || isShared(path[depth - 1])) {
+            return 0;
+        }
+        // The folder of a vendor may hold several programs side by side in its bin.
+        const bool isVendors = depth == 2 && depth < folders && !isNamedLikeIt(path[1]);
+        return isVendors ? 0 : depth;
     }
     if (path.front() == "usr") {
         std::size_t at = 1;
