@@ -45,6 +45,7 @@ const DesktopEntryIndex& debian() {
                  "Name=IDLE (using Python-3.11)\nExec=/usr/bin/idle-python3.11\n"),
          entryOf("python3.11", "Name=Python (v3.11)\nExec=/usr/bin/python3.11\nNoDisplay=true\n"),
          entryOf("feh", "Name=Feh\nExec=feh %F\nNoDisplay=true\n"),
+         entryOf("vim", "Name=Vim\nExec=vim %F\nTerminal=true\n"),
          entryOf("lxterminal", "Name=LXTerminal\nExec=lxterminal\n"),
          entryOf("org.kde.kcalc", "Name=KCalc\nExec=kcalc-launcher\n"),
          entryOf("org.kde.konsole", "Name=Konsole\nExec=konsole\n"),
@@ -294,12 +295,21 @@ TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
         const char* executable;
         const char* instance = "";
         const char* className = "";
+        std::optional<std::string> workingDirectory = {};
     };
 
     for (const Case& test : {
              Case{"exe:/usr/bin/xcalc.xcalc", "XCalc", "xcalc", "/usr/bin/xcalc", "xcalc", "XCalc"},
              Case{"exe:/opt/a.b/my.tool.my-tool", "my-tool", "x", "/opt/a.b/my.tool"},
              Case{"script:/home/u/clock.py.clock", "clock", "python3 /home/u/clock.py",
+                  "/usr/bin/python3.11", "tk", "Tk"},
+             Case{"script:/home/u/a/main.py.main", "main", "python3 ./x/../main.py",
+                  "/usr/bin/python3.11", "tk", "Tk", "/home/u/a"},
+             Case{"script:main.py:4711:99.main", "main", "python3 main.py", "/usr/bin/python3.11",
+                  "tk", "Tk"},
+             Case{"script:main.py:4711:99.main", "main", "python3 main.py", "/usr/bin/python3.11",
+                  "tk", "Tk", "/"},
+             Case{"exe:/usr/bin/python3.11:4711:99.python3-11", "python3-11", "python3 -c x",
                   "/usr/bin/python3.11", "tk", "Tk"},
              Case{"wine:notepad.exe.notepad", "notepad.exe", "C:\\windows\\notepad.exe",
                   "/usr/lib/wine/wine64-preloader", "notepad.exe", "notepad.exe"},
@@ -309,9 +319,11 @@ TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
              Case{"exe:comm.comm", "comm", "relative", ""},
              Case{"exe:/usr/bin/x.x", "\xef\xbf\xbd", "x", "/usr/bin/x", "a\nb", "\x01\xff"},
          }) {
-        const auto identity = identify(factsOf(words(test.commandLine), test.executable,
-                                               {windowOf(1, test.instance, test.className)}),
-                                       DesktopEntryIndex());
+        auto facts = factsOf(words(test.commandLine), test.executable,
+                             {windowOf(1, test.instance, test.className)});
+        facts.process.startTime = 99;
+        facts.process.workingDirectory = test.workingDirectory;
+        const auto identity = identify(facts, DesktopEntryIndex());
         EXPECT_EQ(identity.bundleIdentifier, test.identifier);
         EXPECT_EQ(identity.localizedName, test.name);
         EXPECT_EQ(identity.desktopId, std::nullopt);
@@ -326,6 +338,7 @@ TEST(ApplicationIdentifier, NamesWindowlessProgramsOnlyByAnEntry) {
     EXPECT_FALSE(
         identifyWindowless(factsOf({"python3.11"}, "/usr/bin/python3.11", {}).process, debian()));
     EXPECT_FALSE(identifyWindowless(ProcessDetails{}, debian()));
+    EXPECT_FALSE(identifyWindowless(factsOf({"vim"}, "/usr/bin/vim", {}).process, debian()));
     auto leftover = factsOf({"tmux"}, "/usr/bin/tmux", {}).process;
     leftover.cgroup = "/a/app-gnome-debian\\x2dxterm-123.scope";
     EXPECT_FALSE(identifyWindowless(leftover, debian()));

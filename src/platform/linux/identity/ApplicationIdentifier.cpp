@@ -8,6 +8,7 @@
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <filesystem>
 
 namespace calmora {
 
@@ -346,20 +347,38 @@ std::string programOf(const ProcessDetails& process) {
     return isPath ? process.commandLine.front() : process.comm;
 }
 
+/// The script of an interpreter, absolute where the folder is known that it was started in; one
+/// that went to the root since then tells none.
+std::string scriptPathOf(const ProcessDetails& process) {
+    const std::string script = scriptOf(process.commandLine);
+    if (script.empty() || script.starts_with('/') ||
+        process.workingDirectory.value_or("/") == "/") {
+        return script;
+    }
+    const std::filesystem::path path(*process.workingDirectory + "/" + script);
+    std::string absolute = path.lexically_normal().string();
+    if (absolute.ends_with('/')) {
+        absolute.pop_back();
+    }
+    return absolute;
+}
+
 ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts) {
     const std::string program = programOf(facts.process);
-    const std::string script = scriptOf(facts.process.commandLine);
+    const std::string script = scriptPathOf(facts.process);
     const std::string windowClass = tellingClass(facts.windows);
     const bool isWine = baseName(program).starts_with("wine");
 
     ApplicationIdentity identity;
     std::string fileName;
+    bool isAmbiguous = false;
     if (isWine && !windowClass.empty()) {
         fileName = withoutLastEnding(windowClass);
         identity.bundleIdentifier = "wine:" + windowClass;
     } else if (!script.empty() && isInterpreter(program)) {
         fileName = withoutLastEnding(baseName(script));
         identity.bundleIdentifier = "script:" + displayLine(script);
+        isAmbiguous = !script.starts_with('/');
     } else if (isInterpreter(program) && !windowClass.empty()) {
         // One file for many programs: only the class tells them apart.
         fileName = windowClass.substr(windowClass.find_last_of("-.") + 1);
@@ -367,6 +386,12 @@ ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts) {
     } else {
         fileName = baseName(program);
         identity.bundleIdentifier = "exe:" + displayLine(program);
+        isAmbiguous = isInterpreter(program);
+    }
+    if (isAmbiguous) {
+        // Two programs of one identifier would be quit together; that is worse than to forget.
+        identity.bundleIdentifier +=
+            ":" + std::to_string(facts.process.pid) + ":" + std::to_string(facts.process.startTime);
     }
     identity.bundleIdentifier += "." + identifierWord(fileName);
     identity.localizedName = windowClass.empty() ? identifierWord(fileName) : windowClass;
@@ -431,7 +456,7 @@ std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& proc
     const Found found = firstOf([&] { return bySandbox(process, index); },
                                 [&] { return bySystemdUnit(facts, index); },
                                 [&] { return byExecKey(process, index); });
-    if (!found || !found->entry) {
+    if (!found || !found->entry || found->entry->needsTerminal) {
         return std::nullopt;
     }
     return identityOf(*found, facts, index);

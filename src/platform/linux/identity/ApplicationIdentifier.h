@@ -17,7 +17,8 @@ namespace calmora {
                                            const DesktopEntryIndex& index);
 
 /// Which application a process without windows was started as: by its sandbox, its systemd unit
-/// or the program it runs. Absent when no desktop entry says so. Pure.
+/// or the program it runs. Absent when no desktop entry says so, or one
+/// whose program runs in a terminal: it belongs to the terminal. Pure.
 [[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                                     const DesktopEntryIndex& index);
 

@@ -43,7 +43,8 @@ struct ApplicationIdentity {
     /// Desktop file id without ".desktop"; absent where nothing named one.
     std::optional<std::string> desktopId;
     /// The identifier that the catalogue, the music list and the never-quit list know, where there
-    /// is one, else the desktop id, else a synthetic one that survives restarts. Never empty.
+    /// is one, else the desktop id, else a synthetic one that survives restarts if anything tells
+    /// the program from others of its interpreter, else one of this process alone. Never empty.
     std::string bundleIdentifier;
     /// Never empty; one line of valid UTF-8.
     std::string localizedName;

@@ -51,6 +51,8 @@ struct ProcessDetails {
     std::vector<std::string> commandLine;
     /// The program file without the kernel's " (deleted)"; absent where it may not be read.
     std::optional<std::string> executable;
+    /// Where it is at work; read only where an interpreter runs a script by a relative path.
+    std::optional<std::string> workingDirectory;
     /// Path below the root of the unified hierarchy; empty where there is none.
     std::string cgroup;
     LaunchEnvironment environment;

@@ -1,5 +1,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 
+#include "platform/linux/xdg/ExecKey.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -115,17 +117,8 @@ std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
 }
 
 std::optional<std::string> ProcessReader::executable(ProcessId process) const {
-    if (process < 1) {
-        return std::nullopt;
-    }
-    std::array<char, 4096> target{};
-    const ssize_t length =
-        readlinkat(root_.get(), ProcPath(process, "exe").get(), target.data(), target.size());
-    if (length < 1 || target.front() != '/') {
-        return std::nullopt;
-    }
-    const std::string_view path(target.data(), static_cast<std::size_t>(length));
-    return std::string(withoutDeletedMark(path));
+    const auto target = linkTarget(process, "exe");
+    return target ? std::optional(std::string(withoutDeletedMark(*target))) : std::nullopt;
 }
 
 std::vector<std::string> ProcessReader::commandLine(ProcessId process) const {
@@ -146,6 +139,10 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     details.comm = before->comm;
     details.commandLine = commandLine(process);
     details.executable = executable(process);
+    if (const std::string script = scriptOf(details.commandLine);
+        !script.empty() && !script.starts_with('/')) {
+        details.workingDirectory = linkTarget(process, "cwd");
+    }
     details.cgroup = parseCgroup(read(process, "cgroup"));
     details.environment = parseLaunchEnvironment(read(process, "environ"));
     details.flatpak = parseFlatpakInfo(readFlatpakInfo(process));
@@ -191,6 +188,19 @@ FileDescriptor ProcessReader::open(ProcessId process, const char* file) const {
 std::string ProcessReader::read(ProcessId process, const char* file) const {
     const FileDescriptor descriptor = open(process, file);
     return descriptor ? readAll(descriptor.get()) : std::string();
+}
+
+std::optional<std::string> ProcessReader::linkTarget(ProcessId process, const char* link) const {
+    if (process < 1) {
+        return std::nullopt;
+    }
+    std::array<char, 4096> target{};
+    const ssize_t length =
+        readlinkat(root_.get(), ProcPath(process, link).get(), target.data(), target.size());
+    if (length < 1 || target.front() != '/') {
+        return std::nullopt;
+    }
+    return std::string(target.data(), static_cast<std::size_t>(length));
 }
 
 std::string ProcessReader::readFlatpakInfo(ProcessId process) const {

@@ -50,6 +50,7 @@ class ProcessReader {
 
   private:
     [[nodiscard]] std::string read(ProcessId process, const char* file) const;
+    [[nodiscard]] std::optional<std::string> linkTarget(ProcessId process, const char* link) const;
     [[nodiscard]] std::string readFlatpakInfo(ProcessId process) const;
 
     FileDescriptor root_;

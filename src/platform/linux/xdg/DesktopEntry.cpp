@@ -100,6 +100,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
             entry.notShowIn = splitList(value);
         } else if (key == "NoDisplay") {
             entry.noDisplay = value == "true";
+        } else if (key == "Terminal") {
+            entry.needsTerminal = value == "true";
         } else if (key == "Hidden") {
             entry.hidden = value == "true";
         }

@@ -35,6 +35,8 @@ struct DesktopEntry {
     bool noDisplay = false;
     /// The entry says that the application counts as not installed.
     bool hidden = false;
+    /// The program runs in a terminal window and has none of its own.
+    bool needsTerminal = false;
     /// The application is in menus of the current desktop.
     bool isVisible = false;
     /// The application is started with the session.
