@@ -2,6 +2,8 @@
 reader sees.
 """
 
+import time
+
 
 class PopoverDriver:
     """One running Calmora on a desktop."""
@@ -24,9 +26,15 @@ class PopoverDriver:
                 return int(x) + int(width) // 2, int(y) + int(height) // 2
         return None
 
+    def settled_icon(self):
+        """The icon's place once the tray has stopped moving it; a click before that is lost."""
+        place = self.icon()
+        time.sleep(0.15)
+        return place if place and place == self.icon() else None
+
     def click_icon(self, button=1):
         """Clicks the icon, waiting for it first."""
-        self.desktop.click(*self.desktop.wait_until(self.icon, "status icon"), button)
+        self.desktop.click(*self.desktop.wait_until(self.settled_icon, "status icon"), button)
 
     def open(self):
         """Opens the popover by a click on the icon and waits for its list."""
