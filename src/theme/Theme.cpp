@@ -150,7 +150,7 @@ QPalette themePalette(Appearance appearance) {
 void installTheme(QApplication& application) {
     QPixmapCache::setCacheLimit(pictureCacheKiB);
     if (const QString icons = QIcon::themeName(); icons.isEmpty() || icons == "hicolor") {
-        // A bare window manager names no theme; the names of the Icon Naming Specification, which
+        // A bare window manager names no theme; the names of the freedesktop icon naming, which
         // many desktop entries use, are not in hicolor.
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     }

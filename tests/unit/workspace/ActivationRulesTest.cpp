@@ -46,6 +46,8 @@ TEST(TopmostAgents, AreTheApplicationsOfTheirTreesAndUnits) {
     EXPECT_EQ(topmostAgents(candidates, {20}, parentOf), (std::vector<ProcessId>{10, 31, 40}));
     EXPECT_EQ(topmostAgents(candidates, {10, 20, 40}, parentOf), (std::vector<ProcessId>{31}))
         << "what has a window is no agent besides";
+    EXPECT_EQ(topmostAgents(candidates, {11, 20, 40}, parentOf), (std::vector<ProcessId>{31}))
+        << "what wraps an application is no second one";
     const auto circle = [](ProcessId process) { return process == 31 ? 30 : 31; };
     EXPECT_TRUE(topmostAgents(candidates, {20}, circle).empty()) << "a circle comes to an end";
 }

@@ -37,7 +37,8 @@ class BusApplications {
     [[nodiscard]] virtual bool isMediaPlayer(ProcessId process) const = 0;
 
     /// Asks the media player to quit. False when the process is none or says that it cannot quit
-    /// (CanQuit). True means that a request went out. Source: MPRIS D-Bus Interface Specification.
+    /// (CanQuit). True means that a request went out. Source: MPRIS D-Bus interface, Quit and
+    /// CanQuit.
     virtual bool quitMediaPlayer(ProcessId process) = 0;
 
     /// Finds out, some time later, whether the application exports the action "quit".

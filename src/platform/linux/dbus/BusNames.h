@@ -16,7 +16,7 @@ namespace calmora {
 
 /// Who owns certain names of the bus, kept current by the bus's own notices about these names
 /// alone: what others do on the bus does not wake us. Main thread.
-/// Source: D-Bus Specification, "Message Bus Messages".
+/// Source: dbus.freedesktop.org, "Message Bus Messages".
 class BusNames {
   public:
     struct Owner {

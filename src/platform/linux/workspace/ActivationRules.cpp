@@ -52,10 +52,24 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
         }
         return false;
     };
+    // A script or sandbox around an application carries its identifier and is no second one.
+    std::set<ProcessId> wrappers;
+    for (const ProcessId application : applications) {
+        const auto own = byProcess.find(application);
+        ProcessId ancestor = own != byProcess.end() ? parentOf(application) : 0;
+        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
+            const auto found = byProcess.find(ancestor);
+            if (found != byProcess.end() && found->second->identifier == own->second->identifier) {
+                wrappers.insert(ancestor);
+            }
+            ancestor = parentOf(ancestor);
+        }
+    }
     std::vector<ProcessId> agents;
     for (const AgentCandidate& candidate : candidates) {
         if (candidate.identifier && candidate.isInstalled &&
-            !applications.contains(candidate.process) && !isHelper(candidate)) {
+            !applications.contains(candidate.process) && !wrappers.contains(candidate.process) &&
+            !isHelper(candidate)) {
             agents.push_back(candidate.process);
         }
     }

@@ -30,7 +30,7 @@ struct BaseDirectories {
     /// PATH.
     std::vector<std::filesystem::path> executableDirs;
 
-    /// From the environment; relative paths are ignored, as the specification wants.
+    /// From the environment; relative paths are ignored, as the XDG Base Directory rules want.
     [[nodiscard]] static BaseDirectories fromEnvironment(const EnvironmentReader& environment);
     /// From this process's own environment.
     [[nodiscard]] static BaseDirectories fromEnvironment();
