@@ -19,7 +19,7 @@ struct ImagePixels {
 };
 
 /// Names a picture without decoding it; whoever draws it decodes it.
-/// The first source that is set and can be drawn is the picture: theme name, file, pixels.
+/// The first source that is set and can be drawn is the picture: the theme's, file, pixels.
 struct Image {
     /// Name to look up in the icon theme (freedesktop Icon Theme); empty means none.
     std::string themeName;
@@ -27,6 +27,8 @@ struct Image {
     std::filesystem::path file;
     /// Shared pixels; null means none.
     std::shared_ptr<const ImagePixels> pixels;
+    /// Looked up where the theme lacks the first name; empty means none.
+    std::string fallbackThemeName = {};
 
     friend bool operator==(const Image&, const Image&) = default;
 };

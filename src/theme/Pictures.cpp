@@ -24,7 +24,8 @@ constexpr qint64 largestFileBytes = 16LL * 1024 * 1024;
 QString cacheKey(const Image& image, int pixels) {
     QString key = QStringLiteral("image:%1:").arg(pixels);
     if (!image.themeName.empty()) {
-        key += QIcon::themeName() + u'/' + QString::fromStdString(image.themeName);
+        key += QIcon::themeName() + u'/' + QString::fromStdString(image.themeName) + u'/' +
+               QString::fromStdString(image.fallbackThemeName);
     }
     if (!image.file.empty()) {
         const QString file = QString::fromStdString(image.file.string());
@@ -74,7 +75,10 @@ QImage fromPixels(const ImagePixels& pixels) {
 /// `pixels` is the side of the square in pixels of the device.
 QImage decoded(const Image& image, int pixels) {
     if (!image.themeName.empty()) {
-        const QIcon icon = QIcon::fromTheme(QString::fromStdString(image.themeName));
+        const QString name = QString::fromStdString(image.themeName);
+        const QString fallback = QString::fromStdString(image.fallbackThemeName);
+        const bool isKnown = fallback.isEmpty() || QIcon::hasThemeIcon(name);
+        const QIcon icon = QIcon::fromTheme(isKnown ? name : fallback);
         QImage found = icon.pixmap(QSize(pixels, pixels), 1.0).toImage();
         if (!found.isNull() && std::max(found.width(), found.height()) < pixels) {
             // The theme has only a smaller one near this size; a larger one looks better.

@@ -107,6 +107,7 @@ TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
     QIcon::setThemeSearchPaths({"/usr/share/icons"});
     QIcon::setThemeName("hicolor");
     EXPECT_FALSE(imagePixmap({"system-file-manager", {}, {}}, 24, 1).isNull());
+    EXPECT_FALSE(imagePixmap({"no-such-icon", {}, {}, "system-file-manager"}, 24, 1).isNull());
     EXPECT_EQ(imagePixmap(file("wide.png"), 24, 2).size(), QSize(48, 12));
     for (const char* name : {"broken.png", "pipe", "missing.png", ""}) {
         EXPECT_TRUE(imagePixmap(file(name), 24, 1).isNull()) << name;

@@ -209,7 +209,10 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
 std::optional<Image> ApplicationList::iconOf(const ApplicationIdentity& identity,
                                              const std::vector<TopLevelWindow>& windows) {
     if (!namesNothing(identity.icon)) {
-        return identity.icon;
+        Image image = identity.icon;
+        // Some entries name an icon that only another desktop's theme has.
+        image.fallbackThemeName = identity.desktopId.value_or("");
+        return image;
     }
     for (const TopLevelWindow& window : windows) {
         if (auto pixels = sources_.windows.icon(window.id)) {

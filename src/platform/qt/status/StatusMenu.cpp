@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 
+#include <array>
+
 namespace calmora {
 namespace {
 
-/// Command, on this system.
-constexpr Qt::KeyboardModifier command = Qt::MetaModifier;
+/// The forms of Command on this system, the one that users know first: it is the one shown.
+constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 
 /// Keys with which a menu would close although they only begin a combination.
 bool beginsCombination(const QKeyEvent& event) {
@@ -28,8 +30,12 @@ StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
         QAction* action = addAction(QString::fromStdString(item.title).replace('&', "&&"));
         action->setEnabled(item.isEnabled);
         if (!item.keyEquivalent.empty()) {
-            const QString key = QString::fromStdString(item.keyEquivalent).toUpper();
-            action->setShortcut(QKeySequence("Meta+" + key));
+            const QKeySequence key(QString::fromStdString(item.keyEquivalent).toUpper());
+            QList<QKeySequence> shortcuts;
+            for (const Qt::KeyboardModifier command : commands) {
+                shortcuts += QKeySequence(QKeyCombination(command, key[0].key()));
+            }
+            action->setShortcuts(shortcuts);
             action->setShortcutVisibleInContextMenu(true);
         }
         if (item.action) {
@@ -43,14 +49,12 @@ void StatusMenu::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    if (event->modifiers().testFlag(command)) {
-        const QKeySequence pressed(event->keyCombination());
-        for (QAction* action : actions()) {
-            if (action->isEnabled() && action->shortcut() == pressed) {
-                hide();
-                action->trigger();
-                return;
-            }
+    const QKeySequence pressed(event->keyCombination());
+    for (QAction* action : actions()) {
+        if (action->isEnabled() && action->shortcuts().contains(pressed)) {
+            hide();
+            action->trigger();
+            return;
         }
     }
     QMenu::keyPressEvent(event);
