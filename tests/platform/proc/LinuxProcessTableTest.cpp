@@ -202,6 +202,29 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
     EXPECT_TRUE(isAlive(roots.id()));
 }
 
+TEST(LinuxProcessTable, LeavesProgramsOfAnotherDisplayOut) {
+    const auto sleeperWith = [](const char* environment) {
+        return [environment] { execlp("env", "env", "-i", environment, "sleep", "60", nullptr); };
+    };
+    const RealProcess ours(sleeperWith("DISPLAY=:4711"));
+    const RealProcess theirs(sleeperWith("DISPLAY=:4712"));
+    const RealProcess nobodys(sleeperWith("LANG=C"));
+    EXPECT_EQ(inFork([&]() -> std::string {
+                  const auto lists = [](ProcessId process) {
+                      const auto all = Table().table.allProcesses();
+                      return std::ranges::find(all, process) != all.end();
+                  };
+                  setenv("DISPLAY", ":4711", 1);
+                  // Until its program runs a process has the environment of this one.
+                  return holdsSoon([&] {
+                      return lists(ours.id()) && lists(nobodys.id()) && !lists(theirs.id());
+                  })
+                             ? ""
+                             : "not the right ones";
+              }),
+              "");
+}
+
 TEST(LinuxProcessTable, ReadsAProcessThatHidesFromItsOwnUser) {
     if (getuid() != 0) {
         GTEST_SKIP() << "only root can be other users";

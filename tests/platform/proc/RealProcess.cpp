@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,7 +16,7 @@ namespace calmora {
 
 RealProcess::RealProcess(const std::function<void()>& body) {
     std::array<int, 2> ready{};
-    if (pipe(ready.data()) != 0) {
+    if (pipe2(ready.data(), O_CLOEXEC) != 0) {
         throw std::runtime_error("no pipe");
     }
     id_ = fork();

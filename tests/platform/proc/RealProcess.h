@@ -12,7 +12,8 @@ namespace calmora {
 /// A child process for one test; its end is the child's.
 class RealProcess {
   public:
-    /// Runs `body` in a fork, which then waits for its end. Returns once `body` has returned.
+    /// Runs `body` in a fork, which then waits for its end. Returns once `body` has returned or
+    /// has become another program.
     explicit RealProcess(const std::function<void()>& body = [] {});
     RealProcess(const RealProcess&) = delete;
     RealProcess& operator=(const RealProcess&) = delete;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <string_view>
@@ -48,11 +49,11 @@ std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
     std::vector<ProcessId> processes = reader_.processesOf(getuid(), most);
     // The user may be logged in a second time, on a display where nobody asked for anything.
     // Helpers that name no display, or cannot be read, stay.
-    const auto own = reader_.display(getpid());
-    if (own && !own->empty()) {
+    const char* own = std::getenv("DISPLAY");
+    if (own && *own != '\0') {
         std::erase_if(processes, [&](ProcessId process) {
             const auto display = reader_.display(process);
-            return display && !display->empty() && display != own;
+            return display && !display->empty() && *display != own;
         });
     }
     return processes;

@@ -24,7 +24,8 @@ QVariantMap describe(const StatusMenuItem& item) {
         {"visible", true},
     };
     if (!item.keyEquivalent.empty()) {
-        const QList<QStringList> shortcut = {{"Control", QString::fromStdString(item.keyEquivalent)}};
+        const QList<QStringList> shortcut = {
+            {"Control", QString::fromStdString(item.keyEquivalent)}};
         properties["shortcut"] = QVariant::fromValue(shortcut);
     }
     return properties;
