@@ -19,6 +19,82 @@
         </translation>
     </message>
     <message>
+        <source>update_available_text %@</source>
+        <translation>You have version %@.</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>Version %@ is available.</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>Looking for updates…</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>Version %@ is the newest one.</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmora is up to date.</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>The address that this version was built with cannot be used for updates.</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>The connection to the server is not secure, so nothing was read from it.</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>The part of Calmora that reaches the network is missing. Installing Calmora again should help.</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>The server sent Calmora on to an address that it does not trust.</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>The server did not hand out the list of releases.</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>The server took too long to answer. Try again later.</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>The list of releases is larger than such a list can be.</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>The server cannot be reached. Check the network connection and try again.</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>The list of releases is damaged or holds what does not belong in it.</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>The list of releases names a version that is none.</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>Calmora could not look for updates.</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>Choose “Check for Updates…” in Calmora’s menu to read what is new.</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>Open Web Page</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>Updates come with your system’s packages.</translation>
+    </message>
+    <message>
         <source>version_label %@</source>
         <translation>Version %@</translation>
     </message>

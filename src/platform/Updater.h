@@ -37,7 +37,7 @@ class Updater {
 class UnavailableUpdater final : public Updater {
   public:
     [[nodiscard]] std::optional<std::string> unavailableReason() const override {
-        return "Updates are not available in this version.";
+        return "update_packaged";
     }
 
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
