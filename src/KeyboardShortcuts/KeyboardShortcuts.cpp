@@ -148,6 +148,10 @@ void KeyboardShortcuts::setEnabled(bool isEnabled) {
     }
 }
 
+std::optional<std::string> KeyboardShortcuts::unavailableReason() const {
+    return platform_.hotKeys.unavailableReason();
+}
+
 void KeyboardShortcuts::setUp() {
     if (std::exchange(isSetUp_, true)) {
         return;

@@ -121,6 +121,10 @@ class KeyboardShortcuts {
 
     void setHandlersPaused(bool paused) { handlersPaused_ = paused; }
 
+    /// Why no shortcut can work here, as a text to show (a key of the program's texts); absent
+    /// where they can.
+    [[nodiscard]] std::optional<std::string> unavailableReason() const;
+
     /// Writes shortcuts out for people.
     [[nodiscard]] const ShortcutText& text() const { return text_; }
 

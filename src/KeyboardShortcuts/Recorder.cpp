@@ -14,10 +14,10 @@ Recorder::Recorder(const RecorderEnvironment& environment, const QString& title,
       control_(new RecorderCocoa(environment, std::move(name), title, std::move(onChange), this)) {
     auto* label = new QLabel(title, this);
     label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(label);
-    row->addStretch();
+    row->addWidget(label, 1);
     row->addWidget(control_);
 }
 

@@ -96,8 +96,12 @@ bool RecorderCocoa::isRecording() const {
 }
 
 QSize RecorderCocoa::sizeHint() const {
-    return {static_cast<int>(std::lround(minimumWidth)),
-            std::max(leastHeight, fontMetrics().height() + 8)};
+    int width = static_cast<int>(std::lround(minimumWidth));
+    for (const char* key : {"record_shortcut", "press_shortcut"}) {
+        const QString placeholder = toQt(environment_.strings.text(key));
+        width = std::max(width, fontMetrics().horizontalAdvance(placeholder) + 3 * clearMargin);
+    }
+    return {width, std::max(leastHeight, fontMetrics().height() + 8)};
 }
 
 /// Sees the clicks of the whole program while recording.

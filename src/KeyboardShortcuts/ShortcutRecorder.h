@@ -30,6 +30,9 @@ struct RecorderEnvironment {
     HostSystem host;
     /// Opens the time of an alert, in which hot keys and timers wait; may be empty.
     std::function<Subscription()> beginAlert;
+    /// What keeps shortcuts from working everywhere here, as a text to show (a key of the
+    /// program's texts); empty where nothing does.
+    std::string limitation;
 };
 
 /// What becomes of an event that the recorder has looked at.

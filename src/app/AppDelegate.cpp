@@ -3,6 +3,7 @@
 #include "app/AppToolkit.h"
 #include "autoquit/AutoQuitManager.h"
 #include "platform/Bundle.h"
+#include "platform/InputGate.h"
 #include "platform/LocalizedStrings.h"
 #include "ui/AppListViewModel.h"
 #include "ui/ForceQuitConfirmation.h"
@@ -15,9 +16,9 @@ namespace calmora {
 
 AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
                          AppToolkit& toolkit, const Platform& platform,
-                         KeyboardShortcuts& shortcuts)
+                         KeyboardShortcuts& shortcuts, InputGate& input)
     : settings_(defaults), updaterController_(std::move(updater)), hotKeyManager_(shortcuts),
-      toolkit_(toolkit), platform_(platform) {}
+      toolkit_(toolkit), platform_(platform), input_(input) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -57,7 +58,7 @@ void AppDelegate::wireShortcuts() {
 void AppDelegate::quitAll() {
     AppListViewModel applications(settings_, platform_);
     applications.refresh();
-    applications.quitSelected(/*force=*/false);
+    quitSelected(applications, /*force=*/false);
 }
 
 void AppDelegate::forceQuitAll() {
@@ -65,8 +66,14 @@ void AppDelegate::forceQuitAll() {
     applications.refresh();
     const std::size_t count = applications.selectedCount();
     if (count > 0 && confirmForceQuitAll(platform_.alerts, platform_.strings, count)) {
-        applications.quitSelected(/*force=*/true);
+        quitSelected(applications, /*force=*/true);
     }
+}
+
+/// Quitting blocks the main loop: what the user presses meanwhile was meant for what stood there.
+void AppDelegate::quitSelected(AppListViewModel& applications, bool force) {
+    applications.quitSelected(force);
+    input_.discardQueuedInput();
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {

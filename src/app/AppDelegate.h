@@ -13,8 +13,10 @@
 
 namespace calmora {
 
+class AppListViewModel;
 class AppToolkit;
 class AutoQuitManager;
+class InputGate;
 class UserDefaults;
 
 /// The program's presence in the status bar: one icon, whose left click opens and closes the
@@ -26,7 +28,7 @@ class AppDelegate {
 
     /// Nothing is on screen yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
-                const Platform& platform, KeyboardShortcuts& shortcuts);
+                const Platform& platform, KeyboardShortcuts& shortcuts, InputGate& input);
     ~AppDelegate();
 
     /// Makes the popover and the status item, registers the shortcuts and starts watching for idle
@@ -61,6 +63,7 @@ class AppDelegate {
     void wireShortcuts();
     void quitAll();
     void forceQuitAll();
+    void quitSelected(AppListViewModel& applications, bool force);
 
     AppSettings settings_;
     std::unique_ptr<Updater> updaterController_;
@@ -71,6 +74,7 @@ class AppDelegate {
 
     AppToolkit& toolkit_;
     Platform platform_;
+    InputGate& input_;
 };
 
 } // namespace calmora

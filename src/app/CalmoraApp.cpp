@@ -77,7 +77,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
       delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, platform(),
-                globalShortcuts_.shortcuts()) {
+                globalShortcuts_.shortcuts(), inputGate_) {
     appearance_ = colorScheme_.onChanged(
         [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });

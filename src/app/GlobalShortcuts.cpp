@@ -1,10 +1,14 @@
 #include "app/GlobalShortcuts.h"
 
 #include "app/ProgramMenu.h"
+#include "platform/linux/desktop_shortcuts/GnomeShortcuts.h"
+#include "platform/linux/desktop_shortcuts/KdeShortcuts.h"
 #include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 
+#include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace calmora {
@@ -20,6 +24,13 @@ std::vector<std::filesystem::path> openboxFiles() {
     return files;
 }
 
+/// A Wayland compositor tells its X server only of keys that go to windows of X11.
+std::string limitation() {
+    return std::getenv("WAYLAND_DISPLAY")
+               ? "On Wayland, shortcuts work only while an X11 application is in front."
+               : "";
+}
+
 } // namespace
 
 GlobalShortcuts::GlobalShortcuts(EventPoll& events, const QDBusConnection& sessionBus,
@@ -27,12 +38,14 @@ GlobalShortcuts::GlobalShortcuts(EventPoll& events, const QDBusConnection& sessi
                                  const LocalizedStrings& programStrings, AlertSession& alertSession)
     : keyboard_(events), hotKeys_(keyboard_), layout_(keyboard_),
       desktop_(layout_, {openboxShortcuts(keyboard_.connection(), openboxFiles()),
-                         xfceShortcuts(sessionBus)}),
+                         gnomeShortcuts(keyboard_.connection()), xfceShortcuts(sessionBus),
+                         kdeShortcuts(sessionBus)}),
       shortcuts_({defaults, notifications_, hotKeys_, layout_, strings_, text}),
-      recorders_{shortcuts_, notifications_,
-                 desktop_,   layout_,
-                 strings_,   programMenu(programStrings),
-                 {},         [&alertSession] { return alertSession.begin(); }},
+      recorders_{shortcuts_,  notifications_,
+                 desktop_,    layout_,
+                 strings_,    programMenu(programStrings),
+                 {},          [&alertSession] { return alertSession.begin(); },
+                 limitation()},
       menus_(notifications_,
              [this](std::uint32_t nativeKey, ModifierFlags modifiers) {
                  const auto key = layout_.keyCode(nativeKey);

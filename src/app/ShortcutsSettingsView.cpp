@@ -2,6 +2,7 @@
 
 #include "KeyboardShortcuts/Recorder.h"
 #include "app/HotKeyManager.h"
+#include "settings/form/FormArea.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/FormSection.h"
 #include "settings/form/Paragraph.h"
@@ -9,6 +10,8 @@
 
 #include <QVBoxLayout>
 
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace calmora {
@@ -17,12 +20,19 @@ ShortcutsSettingsView::ShortcutsSettingsView(const RecorderEnvironment& environm
                                              QWidget* parent)
     : QWidget(parent) {
     setObjectName("shortcutsSettings");
-    auto* layout = new QVBoxLayout(this);
+    auto* form = new QWidget;
+    auto* layout = new QVBoxLayout(form);
     layout->setContentsMargins(metrics::formMargin, metrics::formMargin, metrics::formMargin,
                                metrics::formMargin);
     layout->setSpacing(metrics::sectionGap);
 
-    auto* global = new FormSection(uiText("Global Shortcuts"), this);
+    const std::optional<std::string> unavailable = environment.shortcuts.unavailableReason();
+    std::string hintText = "Shortcuts work from any application.";
+    if (unavailable || !environment.limitation.empty()) {
+        hintText = unavailable.value_or(environment.limitation);
+    }
+
+    auto* global = new FormSection(uiText("Global Shortcuts"), form);
     const std::pair<const char*, const char*> rows[] = {
         {"Show/Hide Calmora:", ProgramShortcuts::activateMenu},
         {"Quit all:", ProgramShortcuts::quitAll},
@@ -35,18 +45,27 @@ ShortcutsSettingsView::ShortcutsSettingsView(const RecorderEnvironment& environm
         row->setFont(Theme::font(TextStyle::body));
         row->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
                                 metrics::rowPadding);
+        if (unavailable) {
+            row->setEnabled(false);
+            row->setToolTip(uiText(unavailable->c_str()));
+            row->control().setToolTip(row->toolTip());
+        }
         global->addRow(row);
     }
     layout->addWidget(global);
 
-    auto* hint = new FormSection(QString(), this);
-    auto* text = new Paragraph(uiText("Shortcuts work from any application."), TextStyle::caption,
-                               ThemeColor::secondary, hint);
+    auto* hint = new FormSection(QString(), form);
+    auto* text =
+        new Paragraph(uiText(hintText.c_str()), TextStyle::caption, ThemeColor::secondary, hint);
     text->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
                              metrics::rowPadding);
     hint->addRow(text);
     layout->addWidget(hint);
     layout->addStretch();
+
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(new FormArea(form));
 }
 
 } // namespace calmora

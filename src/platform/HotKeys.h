@@ -82,7 +82,8 @@ class HotKeys {
 
     virtual ~HotKeys() = default;
 
-    /// Why there can be no hot keys here, in words for the user; absent when there can.
+    /// Why there can be no hot keys here, as a text to show (a key of LocalizedStrings); absent
+    /// where there can.
     [[nodiscard]] virtual std::optional<std::string> unavailableReason() const = 0;
 
     /// Takes a key, given as virtual key code and Carbon modifier mask, for this program, whatever
@@ -105,7 +106,7 @@ class HotKeys {
 /// Stands where no program may take keys: refuses every hot key and says why.
 class UnavailableHotKeys final : public HotKeys {
   public:
-    /// `reason` is fit to show.
+    /// `reason` is a text to show (a key of LocalizedStrings).
     explicit UnavailableHotKeys(std::string reason) : reason_(std::move(reason)) {}
 
     [[nodiscard]] std::optional<std::string> unavailableReason() const override { return reason_; }

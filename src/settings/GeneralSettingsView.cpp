@@ -5,6 +5,7 @@
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitListEditor.h"
 #include "settings/form/BorderedButton.h"
+#include "settings/form/FormArea.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/FormSection.h"
 #include "settings/form/PickerRow.h"
@@ -12,7 +13,6 @@
 #include "ui/DisplayText.h"
 
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <array>
@@ -70,17 +70,11 @@ GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater
                                          QWidget* parent)
     : QWidget(parent), settings_(settings), updater_(updater), platform_(platform),
       openAtLogin_(settings, loginItem) {
-    auto* area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
     auto* form = new QWidget;
     build(form);
-    area->setWidget(form);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(area);
+    layout->addWidget(new FormArea(form));
     refresh();
     changes_ = settings_.observeAny([this](AppSettings::Property) { refresh(); });
 }

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -14,7 +15,7 @@ namespace calmora {
 /// Hot keys in memory. Can refuse, and records every call in order as one short line.
 class FakeHotKeys final : public HotKeys {
   public:
-    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return {}; }
+    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return reason; }
 
     [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                     HotKeyIdentifier identifier) override {
@@ -71,6 +72,7 @@ class FakeHotKeys final : public HotKeys {
     /// Status by key code.
     std::map<std::uint32_t, std::int32_t> refusals;
     bool canInstall = true;
+    std::optional<std::string> reason;
     Handler handler;
     std::set<std::uint32_t> signatures;
     /// Shared, because tokens record their end and may outlive this object.

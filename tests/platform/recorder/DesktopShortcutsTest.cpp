@@ -1,11 +1,14 @@
-// What openbox and Xfce have bound, asked of the real ones.
+// What desktops have bound: openbox and Xfce, asked of the real ones, and GNOME's settings.
 #include "fakes/FakeKeyboardLayout.h"
+#include "platform/linux/desktop_shortcuts/GnomeShortcuts.h"
 #include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "support/VirtualDesktop.h"
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
 
@@ -42,6 +45,57 @@ TEST(DesktopShortcuts, AreThoseOfTheRunningOpenbox) {
     EXPECT_THAT(shortcuts.copySymbolicHotKeys(),
                 testing::ElementsAre(SymbolicHotKey{true, 118, 0x100}))
         << "the user's file goes first";
+}
+
+TEST(DesktopShortcuts, AreThoseOfGnome) {
+    VirtualDesktopOptions options;
+    options.windowManager.clear();
+    VirtualDesktop desktop(options);
+    const X11Connection connection(desktop.display());
+    const FakeKeyboardLayout layout;
+    DesktopShortcuts shortcuts(layout, {gnomeShortcuts(connection)});
+    const auto settings = desktop.home() / "config/glib-2.0/settings";
+    std::filesystem::create_directories(settings);
+    std::ofstream(settings / "keyfile")
+        << "[org/gnome/desktop/wm/keybindings]\nclose=['<Super>F4', '<Alt>Above_Tab']\n"
+           "[org/custom0]\nname='<Super>F7'\nbinding='<Super>F6'\n";
+    std::ofstream(desktop.home() / "x.gschema.xml") << R"(<schemalist>
+        <schema id="org.gnome.settings-daemon.plugins.media-keys" path="/org/media-keys/">
+          <key name="www" type="as"><default>['&lt;Super&gt;F5']</default></key>
+          <key name="active" type="b"><default>true</default></key>
+          <key name="custom-keybindings" type="as"><default>['/org/custom0/', 'x']</default></key>
+        </schema>
+        <schema id="org.gnome.settings-daemon.plugins.media-keys.custom-keybinding">
+          <key name="name" type="s"><default>''</default></key>
+          <key name="binding" type="s"><default>''</default></key>
+        </schema></schemalist>)";
+    ASSERT_EQ(desktop.run({"glib-compile-schemas", desktop.home()}), 0) << desktop.log();
+    ::setenv("GSETTINGS_SCHEMA_DIR", desktop.home().c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", desktop.variable("XDG_CONFIG_HOME"), 1);
+    ::setenv("GSETTINGS_BACKEND", "keyfile", 1);
+    const auto nameWindowManager = [&](const char* name) {
+        const std::string check = "_NET_SUPPORTING_WM_CHECK";
+        ASSERT_EQ(desktop.run({"xprop", "-root", "-f", check, "32x", "-set", check,
+                               std::to_string(connection.root())}),
+                  0);
+        ASSERT_EQ(desktop.run(
+                      {"xprop", "-root", "-f", "_NET_WM_NAME", "8u", "-set", "_NET_WM_NAME", name}),
+                  0);
+    };
+    nameWindowManager("Mutter (Muffin)");
+    EXPECT_THAT(shortcuts.copySymbolicHotKeys(), IsEmpty()) << "another desktop's";
+    EXPECT_EQ(::dlopen("libgio-2.0.so.0", RTLD_NOW | RTLD_NOLOAD), nullptr)
+        << "GIO costs memory only where it is needed";
+    nameWindowManager("GNOME Shell");
+    const auto all = shortcuts.copySymbolicHotKeys();
+    for (const SymbolicHotKey& expected :
+         {SymbolicHotKey{true, 118, 0x100}, SymbolicHotKey{true, 50, 0x800},
+          SymbolicHotKey{true, 96, 0x100}, SymbolicHotKey{true, 97, 0x100},
+          SymbolicHotKey{true, 48, 0x800}}) {
+        EXPECT_THAT(all, Contains(expected));
+    }
+    EXPECT_THAT(all, Not(Contains(altF4))) << "the user has changed it";
+    EXPECT_THAT(all, Not(Contains(SymbolicHotKey{true, 98, 0x100}))) << "a command's name";
 }
 
 TEST(DesktopShortcuts, AreThoseOfXfce) {

@@ -121,6 +121,7 @@ class RecorderTest : public ShortcutsFixture {
         MainMenu{{"File", {}, {{"Close", {{"w"}}, {}}, {"Close All", {{"W"}}, {}}}},
                  {"Quit", {{"q"}, {"q", {control}}}, {}}},
         {},
+        {},
         {}};
     FakeControl box;
     Lines statuses;

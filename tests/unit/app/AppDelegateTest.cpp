@@ -75,8 +75,9 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     std::string calls_;
     FakePopover* popover_ = nullptr;
     FakeStatusItem* item_ = nullptr;
-    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(), *this,
-                          fakes_.platform(), shortcuts_};
+    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
+                          *this,           fakes_.platform(),
+                          shortcuts_,      input_};
     FakeUpdater& updater_ = static_cast<FakeUpdater&>(delegate_.updater());
 };
 
@@ -171,11 +172,13 @@ TEST_F(AppDelegateTest, ShortcutsQuitWhatWouldBeTicked) {
     hotKeys_.fire(2);
     EXPECT_EQ(fakes_.workspace.terminateRequests, (std::vector<ProcessId>{1, 3}));
     EXPECT_EQ(fakes_.alerts.shown.size(), 1U) << "no question";
+    EXPECT_EQ(input_.discards, 1) << "what is pressed meanwhile acts on nothing";
 
     fakes_.workspace.launch({.pid = 4, .name = "App 4", .bundleIdentifier = "org.example.4"});
     fakes_.alerts.answers = {0};
     hotKeys_.fire(3);
     EXPECT_EQ(fakes_.workspace.forceRequests, std::vector<ProcessId>{4});
+    EXPECT_EQ(input_.discards, 2);
     EXPECT_FALSE(popover_->isShown());
 }
 

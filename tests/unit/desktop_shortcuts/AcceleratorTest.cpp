@@ -36,6 +36,38 @@ TEST(Accelerator, ReadsBothSpellings) {
     }
 }
 
+TEST(Accelerator, ReadsKeysOfQt) {
+    const std::pair<std::uint32_t, Found> rows[] = {
+        {0x10000041, Accelerator{0x100, "U0041"}},
+        {0x0E000000 + 0x01000012, Accelerator{0x1A00, "Left"}},
+        {0x08000000 + 0x01000033, Accelerator{0x800, "F4"}},
+        {0x080000E4, Accelerator{0x800, "U00E4"}},
+        {0x08000000 + 0x01000085, {}}, // a key of which we know nothing
+        {0x24000035, {}},              // keypad
+        {0x04000000, {}},
+        {0, {}},
+    };
+    for (const auto& [key, expected] : rows) {
+        EXPECT_EQ(qtAccelerator(key), expected) << key;
+    }
+}
+
+TEST(Accelerator, FindsTheStringsOfGVariants) {
+    const std::pair<const char*, std::vector<std::string>> rows[] = {
+        {"['<Super>l', '<Alt>Above_Tab']", {"<Super>l", "<Alt>Above_Tab"}},
+        {"''", {""}},
+        {"@as []", {}},
+        {"uint32 30", {}},
+        {R"(["it's", 'a\'b\\'])", {"it's", "a'b\\"}},
+        {"'", {""}},
+        {"'\\", {"\\"}},
+        {"", {}},
+    };
+    for (const auto& [text, expected] : rows) {
+        EXPECT_EQ(gvariantStrings(text), expected) << text;
+    }
+}
+
 TEST(Accelerator, ReadsOpenboxFiles) {
     const std::vector<Accelerator> expected{{0x800, "F4"}, {0x100, "e"}, {0x1000, "g"}, {0, "F1"}};
     EXPECT_EQ(openboxAccelerators(R"(<?xml version="1.0"?><keyboard>
@@ -71,7 +103,7 @@ TEST(DesktopShortcuts, FindKeysByNameAndByLayout) {
         {"k", 40},           {"K", 40},     {"y", 6},      {"comma", 43},
         {"Left", 123},       {"left", 123}, {"space", 49}, {"Return", 36},
         {"Tab", 48},         {"F12", 111},  {"KP_5", {}},  {"Print", {}},
-        {"no such key", {}}, {"", {}},
+        {"no such key", {}}, {"", {}},      {"U0041", 0},  {"Above_Tab", 50},
     };
     const KeyNames names(layout);
     for (const auto& [name, expected] : rows) {

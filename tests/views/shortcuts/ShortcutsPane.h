@@ -17,13 +17,19 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace calmora {
 
 /// The Shortcuts pane over a machine in memory, in a window.
 struct ShortcutsPane {
-    ShortcutsPane() {
+    /// `unavailable` is why no key can be taken; `limitation` is where shortcuts do not work.
+    explicit ShortcutsPane(std::optional<std::string> unavailable = {},
+                           const std::string& limitation = {}) {
+        hotKeys.reason = std::move(unavailable);
+        environment.limitation = limitation;
         window.resize(450, 300);
         auto* column = new QVBoxLayout(&window);
         column->setContentsMargins(0, 0, 0, 0);
@@ -44,7 +50,8 @@ struct ShortcutsPane {
     FakeSystemShortcuts desktop;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
     RecorderEnvironment environment{
-        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {}};
+        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {},
+        {}};
     QWidget window;
 };
 

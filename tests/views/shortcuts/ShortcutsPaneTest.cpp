@@ -1,5 +1,8 @@
 #include "ShortcutsPane.h"
 
+#include "settings/form/FormArea.h"
+#include "settings/form/Paragraph.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -145,6 +148,46 @@ TEST_F(ShortcutsPaneTest, SurvivesItsWindow) {
     QTimer::singleShot(0, qApp, [&] { delete pane->window.findChild<ShortcutsSettingsView*>(); });
     press(pane->recorder("quitAll"), 12, Qt::ControlModifier);
     EXPECT_FALSE(pane->shortcuts.handlersPaused());
+}
+
+TEST(ShortcutsPaneHint, SaysWhereShortcutsDoNotWork) {
+    const struct {
+        std::optional<std::string> unavailable;
+        std::string limitation;
+        const char* hint;
+    } rows[] = {{{}, "", "Shortcuts work from any application."},
+                {{}, "Only here.", "Only here."},
+                {"Nowhere.", "Only here.", "Nowhere."}};
+
+    for (const auto& row : rows) {
+        ShortcutsPane pane(row.unavailable, row.limitation);
+        EXPECT_EQ(pane.window.findChildren<Paragraph*>().back()->text(), row.hint);
+        RecorderCocoa& recorder = pane.recorder("quitAll");
+        EXPECT_EQ(recorder.isEnabled(), !row.unavailable);
+        EXPECT_EQ(recorder.toolTip().toStdString(), row.unavailable.value_or(""));
+    }
+}
+
+TEST(ShortcutsPaneHint, NothingIsCutOffInLargeFonts) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(30);
+    QApplication::setFont(large);
+    ShortcutsPane pane;
+    pane.window.show();
+    QApplication::setFont(before);
+    QCoreApplication::processEvents();
+    auto* area = pane.window.findChild<FormArea*>();
+    EXPECT_LE(area->widget()->width(), area->viewport()->width());
+    EXPECT_GT(area->widget()->height(), area->viewport()->height()) << "it scrolls";
+    for (const char* name : {"activateMenu", "forceQuitAll"}) {
+        RecorderCocoa& recorder = pane.recorder(name);
+        EXPECT_GT(recorder.width(),
+                  recorder.fontMetrics().horizontalAdvance(recorder.placeholderText()));
+        recorder.setFocus();
+        EXPECT_TRUE(area->viewport()->rect().contains(
+            recorder.mapTo(area->viewport(), recorder.rect().center())));
+    }
 }
 
 TEST(HotKeyManager, RunsWhatIsSetWhenTheKeyIsPressed) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <utility>
 
 namespace calmora {
@@ -34,6 +35,21 @@ std::optional<std::uint32_t> modifier(const std::array<Modifier, count>& table,
     const auto* found = std::ranges::find(table, std::string_view(lower), &Modifier::first);
     return found != table.end() ? std::optional(found->second) : std::nullopt;
 }
+
+struct QtKey {
+    std::uint32_t key;
+    const char* name;
+};
+
+// What Qt calls keys that write nothing. Both Enter keys have names of their own.
+constexpr std::array qtKeys{
+    QtKey{0x01000000, "Escape"},    QtKey{0x01000001, "Tab"},    QtKey{0x01000002, "Tab"},
+    QtKey{0x01000003, "BackSpace"}, QtKey{0x01000004, "Return"}, QtKey{0x01000005, "KP_Enter"},
+    QtKey{0x01000006, "Insert"},    QtKey{0x01000007, "Delete"}, QtKey{0x01000010, "Home"},
+    QtKey{0x01000011, "End"},       QtKey{0x01000012, "Left"},   QtKey{0x01000013, "Up"},
+    QtKey{0x01000014, "Right"},     QtKey{0x01000015, "Down"},   QtKey{0x01000016, "Prior"},
+    QtKey{0x01000017, "Next"},
+};
 
 /// The text without its XML comments.
 std::string withoutComments(std::string_view xml) {
@@ -128,6 +144,44 @@ std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
             }
             depth += tag.ends_with('/') ? 0 : 1;
         }
+    }
+    return result;
+}
+
+std::vector<std::string> gvariantStrings(std::string_view text) {
+    std::vector<std::string> result;
+    for (std::size_t at = text.find_first_of("'\""); at < text.size();
+         at = text.find_first_of("'\"", at + 1)) {
+        std::string& string = result.emplace_back();
+        const char quote = text[at];
+        for (++at; at < text.size() && text[at] != quote; ++at) {
+            at += text[at] == '\\' && at + 1 < text.size() ? 1 : 0;
+            string += text[at];
+        }
+    }
+    return result;
+}
+
+std::optional<Accelerator> qtAccelerator(std::uint32_t key) {
+    Accelerator result;
+    const std::pair<std::uint32_t, std::uint32_t> modifiers[] = {
+        {0x02000000, shift}, {0x04000000, control}, {0x08000000, option}, {0x10000000, command}};
+    for (const auto& [mask, carbon] : modifiers) {
+        result.modifiers |= (key & mask) != 0 ? carbon : 0;
+        key &= ~mask;
+    }
+    constexpr std::uint32_t firstFunctionKey = 0x01000030;
+    constexpr std::uint32_t lastCharacter = 0x10FFFF;
+    if (const auto* named = std::ranges::find(qtKeys, key, &QtKey::key); named != qtKeys.end()) {
+        result.key = named->name;
+    } else if (key >= firstFunctionKey && key < firstFunctionKey + 35) {
+        result.key = "F" + std::to_string(key - firstFunctionKey + 1);
+    } else if (key >= ' ' && key <= lastCharacter) {
+        std::array<char, 8> name{};
+        std::snprintf(name.data(), name.size(), "U%04X", key);
+        result.key = name.data();
+    } else {
+        return std::nullopt;
     }
     return result;
 }

@@ -12,7 +12,7 @@ namespace calmora {
 struct Accelerator {
     /// Carbon modifier mask.
     std::uint32_t modifiers = 0;
-    /// X keysym name, such as "t", "F4" or "Left".
+    /// X keysym name, such as "t", "F4", "Left" or "U00E4"; or "Above_Tab".
     std::string key;
 
     friend bool operator==(const Accelerator&, const Accelerator&) = default;
@@ -30,6 +30,16 @@ struct Accelerator {
 /// The combinations bound in an openbox configuration; of a chain, the first. What cannot be read
 /// is left out.
 [[nodiscard]] std::vector<Accelerator> openboxAccelerators(std::string_view xml);
+
+/// The strings in a value of GSettings, as GVariant writes it: "['<Super>l', '']". Whatever else
+/// stands there is passed over.
+/// Source: GVariant Text Format.
+[[nodiscard]] std::vector<std::string> gvariantStrings(std::string_view text);
+
+/// Reads a key of Qt with its modifiers, as KDE keeps them: 0x10000041 is Super with A. Absent
+/// when it is none, or has a modifier that no shortcut of ours can have.
+/// Source: Qt::Key and Qt::KeyboardModifier.
+[[nodiscard]] std::optional<Accelerator> qtAccelerator(std::uint32_t key);
 
 /// A property of xfconf's channel "xfce4-keyboard-shortcuts".
 struct XfceProperty {

@@ -33,6 +33,10 @@ KeyNames::KeyNames(const KeyboardLayout& layout) : layout_(layout) {
 }
 
 std::optional<std::int64_t> KeyNames::keyCode(const std::string& name) const {
+    if (name == "Above_Tab") {
+        constexpr std::int64_t keyAboveTab = 50; // whatever it writes
+        return keyAboveTab;
+    }
     xkb_keysym_t symbol = xkb_keysym_from_name(name.c_str(), XKB_KEYSYM_NO_FLAGS);
     if (symbol == XKB_KEY_NoSymbol) {
         symbol = xkb_keysym_from_name(name.c_str(), XKB_KEYSYM_CASE_INSENSITIVE);

@@ -8,7 +8,7 @@ namespace calmora {
 
 DesktopShortcuts::Source xfceShortcuts(const QDBusConnection& bus) {
     return [bus] {
-        constexpr int patience = 250;
+        constexpr int patience = 150;
         QDBusMessage call = QDBusMessage::createMethodCall("org.xfce.Xfconf", "/org/xfce/Xfconf",
                                                            "org.xfce.Xfconf", "GetAllProperties");
         call.setArguments({"xfce4-keyboard-shortcuts", "/"});

@@ -7,7 +7,7 @@
 namespace calmora {
 
 /// Asks Xfce's settings daemon, where it runs, for the combinations of the desktop. Waits for the
-/// answer, for a quarter of a second at most, and never starts the daemon.
+/// answer, for 150 ms at most, and never starts the daemon.
 /// Source: org.xfce.Xfconf, GetAllProperties.
 [[nodiscard]] DesktopShortcuts::Source xfceShortcuts(const QDBusConnection& bus);
 

@@ -176,7 +176,7 @@ struct X11HotKeys::State {
         keyboard.selectRawKeys(tellsRawKeys, tellsRawKeys || !held.empty());
     }
 
-    void press(const xcb_key_press_event_t& event) {
+    void press(const xcb_key_press_event_t& event, bool isTooLate) {
         xcb_connection_t* connection = keyboard.connection().get();
         // The grab of the pressed key would keep the whole keyboard until its release.
         xcb_ungrab_keyboard(connection, event.time);
@@ -188,11 +188,11 @@ struct X11HotKeys::State {
         }
         std::vector<HotKeyIdentifier> fired;
         for (const auto& [id, entry] : entries) {
-            if (entry.grabbed == combination) {
+            if (entry.grabbed == combination && !isTooLate) {
                 fired.push_back(entry.identifier);
             }
         }
-        if (fired.empty()) {
+        if (fired.empty() && !isTooLate) {
             keyboard.flush();
             return;
         }
@@ -254,8 +254,9 @@ X11HotKeys::X11HotKeys(X11Keyboard& keyboard) : state_(std::make_shared<State>(k
         };
     };
     auto& events = state_->keyboardEvents;
-    events.push_back(keyboard.onKeyPress(
-        guarded([](State& state, const xcb_key_press_event_t& event) { state.press(event); })));
+    events.push_back(
+        keyboard.onKeyPress(guarded([](State& state, const xcb_key_press_event_t& event,
+                                       bool isTooLate) { state.press(event, isTooLate); })));
     events.push_back(keyboard.onRawKey(
         guarded([](State& state, X11KeyCode key, bool isDown) { state.rawKey(key, isDown); })));
     events.push_back(keyboard.onModifiersChanged(guarded([](State& state) { state.regrab(); })));
@@ -271,7 +272,7 @@ std::optional<std::string> X11HotKeys::unavailableReason() const {
     if (state_->keyboard.isAlive()) {
         return std::nullopt;
     }
-    return "There is no X server that gives out global shortcuts.";
+    return "Shortcuts are not available, because there is no X server.";
 }
 
 HotKeyRegistration X11HotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,

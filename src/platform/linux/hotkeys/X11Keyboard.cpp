@@ -65,7 +65,7 @@ struct X11Keyboard::State {
     Subscription watch;
     Subscription drainLater;
 
-    Signal<const xcb_key_press_event_t&> keyPress;
+    Signal<const xcb_key_press_event_t&, bool> keyPress;
     Signal<X11KeyCode, bool> rawKey;
     Signal<> modifiersChanged;
     Signal<> layoutChanged;
@@ -122,10 +122,8 @@ struct X11Keyboard::State {
 
     void sort(const xcb_generic_event_t& event, bool dropsPresses) {
         const std::uint8_t type = event.response_type & 0x7FU;
-        if (type == XCB_KEY_PRESS && !dropsPresses) {
-            keyPress.emit(as<xcb_key_press_event_t>(event));
-        } else if (type == XCB_KEY_PRESS) {
-            xcb_ungrab_keyboard(connection.get(), as<xcb_key_press_event_t>(event).time);
+        if (type == XCB_KEY_PRESS) {
+            keyPress.emit(as<xcb_key_press_event_t>(event), dropsPresses);
         } else if (type == XCB_MAPPING_NOTIFY) {
             isStale = true;
         } else if (type == XCB_GE_GENERIC) {
@@ -287,7 +285,7 @@ void X11Keyboard::discardKeyPresses() {
     }
 }
 
-Subscription X11Keyboard::onKeyPress(std::function<void(const xcb_key_press_event_t&)> slot) {
+Subscription X11Keyboard::onKeyPress(std::function<void(const xcb_key_press_event_t&, bool)> slot) {
     return state_->keyPress.connect(std::move(slot));
 }
 

@@ -48,12 +48,13 @@ class X11Keyboard {
     /// Which raw key events are told.
     void selectRawKeys(bool presses, bool releases);
 
-    /// Throws away the key presses that have arrived and were not told yet. To be called after a
-    /// time in which no key may act.
+    /// Tells of the key presses that have arrived and were not told yet as too late. To be called
+    /// after a time in which no key may act.
     void discardKeyPresses();
 
-    /// A grabbed key was pressed.
-    [[nodiscard]] Subscription onKeyPress(std::function<void(const xcb_key_press_event_t&)> slot);
+    /// A grabbed key was pressed. One that comes too late must not act, not even when it repeats.
+    [[nodiscard]] Subscription
+    onKeyPress(std::function<void(const xcb_key_press_event_t&, bool isTooLate)> slot);
 
     /// A key went down or up anywhere, while such events are selected.
     [[nodiscard]] Subscription onRawKey(std::function<void(X11KeyCode, bool isDown)> slot);

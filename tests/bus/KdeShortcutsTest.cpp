@@ -1,0 +1,68 @@
+#include "platform/linux/desktop_shortcuts/KdeShortcuts.h"
+
+#include "PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QThread>
+
+namespace calmora {
+namespace {
+
+/// (ssssssaiai), of which the first list counts.
+struct ShortcutInfo {
+    QList<int> keys;
+};
+
+QDBusArgument& operator<<(QDBusArgument& to, const ShortcutInfo& info) {
+    to.beginStructure();
+    for (const QString name : {"a", "b", "c", "d", "e", "f"}) {
+        to << name;
+    }
+    to << info.keys << QList<int>{0x01000030};
+    to.endStructure();
+    return to;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& from, ShortcutInfo&) {
+    return from;
+}
+
+TEST(KdeShortcuts, AreThoseOfEveryProgram) {
+    qDBusRegisterMetaType<ShortcutInfo>();
+    qDBusRegisterMetaType<QList<ShortcutInfo>>();
+    PrivateBus bus;
+    const auto shortcuts = kdeShortcuts(bus.connect());
+    EXPECT_TRUE(shortcuts().empty()) << "nobody keeps any";
+
+    // The asking thread waits for the answers, so another one gives them.
+    QThread thread;
+    QDBusConnection daemon = bus.connect();
+    ScriptedObject list(daemon, "/kglobalaccel", [](const QDBusMessage&) {
+        const QList<QDBusObjectPath> paths{QDBusObjectPath("/kwin"), QDBusObjectPath("/odd"),
+                                           QDBusObjectPath("/gone"), QDBusObjectPath("/kmix")};
+        return QVariantList{QVariant::fromValue(paths)};
+    });
+    const auto answering = [](QList<ShortcutInfo> infos) {
+        return [infos](const QDBusMessage&) { return QVariantList{QVariant::fromValue(infos)}; };
+    };
+    ScriptedObject kwin(daemon, "/kwin",
+                        answering({{{0x08000000 + 0x01000033, 0x10000041}}, {{0}}, {{}}}));
+    ScriptedObject kmix(daemon, "/kmix", answering({{{0x04000042}}}));
+    ScriptedObject odd(daemon, "/odd", [](const QDBusMessage&) { return QVariantList{"none"}; });
+    for (QObject* object : std::initializer_list<QObject*>{&list, &kwin, &kmix, &odd}) {
+        object->moveToThread(&thread);
+    }
+    thread.start();
+    ASSERT_TRUE(daemon.registerService("org.kde.kglobalaccel"));
+    EXPECT_EQ(shortcuts(),
+              (std::vector<Accelerator>{{0x800, "F4"}, {0x100, "U0041"}, {0x1000, "U0042"}}));
+    thread.quit();
+    thread.wait();
+}
+
+} // namespace
+} // namespace calmora
