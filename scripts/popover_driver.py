@@ -15,6 +15,11 @@ class PopoverDriver:
 
     def icon(self):
         """The middle of Calmora's icon in the tray; None while there is none."""
+        if self.desktop.tray != "trayer":
+            buttons = [node for node in self.desktop.accessible(self.desktop.panel)
+                       if node["role"] == "push button" and node["width"] > 0]
+            return next(((node["x"] + node["width"] // 2, node["y"] + node["height"] // 2)
+                         for node in buttons), None)
         tray = self.desktop.output("xdotool", "search", "--class", "^trayer$").split()
         tree = self.desktop.output("xwininfo", "-id", tray[-1], "-tree") if tray else ""
         for line in tree.splitlines():

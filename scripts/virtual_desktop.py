@@ -25,6 +25,18 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
   </policy>
 </busconfig>
 """
+LXQT_PANEL = """[General]
+panels=panel1
+[panel1]
+panelSize=32
+plugins=statusnotifier
+position=Top
+width=100
+width-percent=true
+[statusnotifier]
+alignment=Right
+type=statusnotifier
+"""
 PR_SET_CHILD_SUBREAPER = 36
 ACCESSIBILITY_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
@@ -48,11 +60,12 @@ def wait_until(condition, what, seconds=10.0, interval=0.02):
 class VirtualDesktop:
     """Use it in a `with` statement.
 
-    window_manager: "openbox", "xfwm4" or None. tray: whether trayer runs. dark: what the desktop's
-    settings portal answers when it is asked for the colour scheme; None runs no portal.
+    window_manager: "openbox", "xfwm4" or None. tray: "trayer" (XEmbed), "lxqt-panel" (a host of
+    StatusNotifierItems) or None. dark: what the desktop's settings portal answers when it is asked
+    for the colour scheme; None runs no portal.
     """
 
-    def __init__(self, window_manager="openbox", tray=True, accessibility=True, dark=None,
+    def __init__(self, window_manager="openbox", tray="trayer", accessibility=True, dark=None,
                  size="1280x800"):
         self.window_manager = window_manager
         self.tray = tray
@@ -96,11 +109,22 @@ class VirtualDesktop:
             self.wait_until(lambda: "window id #" in self.output(
                 "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
         if self.tray:
-            self.trayer = self.start("trayer", "--edge", "top", "--align", "right", "--widthtype",
-                                     "request", "--height", "24", "--transparent", "true",
-                                     "--alpha", "0", "--tint", "0xf0f0f0")
-            self.wait_until(lambda: self.output("xdotool", "search", "--class", "^trayer$"),
-                            "tray")
+            self.start_tray()
+
+    def start_tray(self):
+        """Starts the tray, also one that was ended or that was not there."""
+        self.tray = self.tray or "trayer"
+        if self.tray == "trayer":
+            self.panel = self.start("trayer", "--edge", "top", "--align", "right", "--widthtype",
+                                    "request", "--height", "24", "--transparent", "true",
+                                    "--alpha", "0", "--tint", "0xf0f0f0")
+        else:
+            folder = self.folder / "config" / "lxqt"
+            folder.mkdir(exist_ok=True)
+            (folder / "panel.conf").write_text(LXQT_PANEL)
+            self.panel = self.start(self.tray)
+        self.wait_until(lambda: self.output("xdotool", "search", "--class",
+                                            f"^{self.tray}$"), "tray")
 
     def _start_display(self):
         reader, writer = os.pipe()

@@ -206,7 +206,7 @@ class Shortcuts(DesktopCase):
 
 class Surroundings(DesktopCase):
     def test_a_second_start_opens_the_popover_of_the_first(self):
-        desktop = self.open_desktop(tray=False)
+        desktop = self.open_desktop(tray=None)
         driver = self.start_calmora()
         desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
         second = desktop.start(driver.program)
@@ -230,11 +230,10 @@ class Surroundings(DesktopCase):
         self.assert_alive(driver.calmora)
 
     def test_a_tray_that_comes_late_gets_the_icon(self):
-        desktop = self.open_desktop(tray=False)
+        desktop = self.open_desktop(tray=None)
         driver = self.start_calmora()
         desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
-        desktop.start("trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
-                      "--height", "24")
+        desktop.start_tray()
         driver.open()
 
     def test_a_display_that_dies_ends_it_in_order(self):
