@@ -51,6 +51,7 @@ class CalmoraApp final : private AppToolkit {
     QDBusConnection sessionBus_;
     AlertSession alertSession_;
     QtRunLoop runLoop_{alertSession_};
+    QtLocalizedStrings toolkitStrings_{QLocale(), toolkitCatalogue()};
     QtLocalizedStrings strings_;
     LinuxMachine machine_;
     JsonUserDefaults defaults_;

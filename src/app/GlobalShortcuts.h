@@ -42,7 +42,7 @@ class GlobalShortcuts {
 
   private:
     NotificationCenter notifications_;
-    QtLocalizedStrings strings_{QLocale(), keyboardShortcutsCatalogue};
+    QtLocalizedStrings strings_{QLocale(), keyboardShortcutsCatalogue()};
     X11Keyboard keyboard_;
     X11HotKeys hotKeys_;
     X11KeyboardLayout layout_;

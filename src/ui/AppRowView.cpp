@@ -126,7 +126,7 @@ void AppRowView::showState() {
         }
     };
     say(*check_, name_);
-    say(*quit_, action + u' ' + name_);
+    say(*quit_, uiText(row_.isForceQuit ? "Force Quit %@" : "Quit %@", name_));
     QStringList details;
     if (row_.isWhitelisted) {
         details << uiText("Protected");

@@ -3,6 +3,7 @@
 #include "platform/Alerts.h"
 #include "platform/LocalizedStrings.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace calmora {
@@ -19,8 +20,10 @@ bool confirm(Alerts& alerts, const LocalizedStrings& strings, Alert alert, const
 
 bool confirmForceQuitAll(Alerts& alerts, const LocalizedStrings& strings, std::size_t count) {
     Alert alert;
-    alert.messageText = fillPlaceholders(
-        strings.text("Do you want to force quit %lld selected apps?"), {std::to_string(count)});
+    alert.messageText =
+        fillPlaceholders(strings.text("Do you want to force quit %lld selected apps?",
+                                      static_cast<std::int64_t>(count)),
+                         {std::to_string(count)});
     alert.informativeText = strings.text("You will lose any unsaved changes in these apps.");
     return confirm(alerts, strings, std::move(alert), "Force Quit All");
 }

@@ -387,8 +387,8 @@ void MenuPopoverView::showControls() {
     const QString status = protectedCount == 0
                                ? uiCount("apps_running_count %lld", count)
                                : QString::fromStdString(fillPlaceholders(
-                                     uiText("%lld apps · %lld protected").toStdString(),
-                                     {std::to_string(count), std::to_string(protectedCount)}));
+                                     uiCount("%lld apps · %lld protected", count).toStdString(),
+                                     {std::to_string(protectedCount)}));
     if (status_->text() != status) {
         status_->setText(status);
     }

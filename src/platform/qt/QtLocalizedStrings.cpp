@@ -1,9 +1,12 @@
 #include "platform/qt/QtLocalizedStrings.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QLibraryInfo>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 // A resource in a static library has to be asked for, from outside every namespace.
 static void loadTables() {
@@ -14,19 +17,50 @@ namespace calmora {
 
 namespace {
 
-constexpr const char* folder = ":/calmora/translations";
+/// The language in the name of a table; empty where there can be none.
+QString tableLanguage(const QLocale& locale) {
+    if (locale.language() != QLocale::Chinese) {
+        return QLocale::languageToCode(locale.language());
+    }
+    // Who reads the one script need not read the other.
+    return locale.script() == QLocale::SimplifiedHanScript ? "zh_CN" : QString();
+}
+
+/// The first wanted language that the catalogue has a table of; English if it comes first.
+QString chosenLanguage(const StringCatalogue& catalogue, const QStringList& wanted) {
+    for (const QString& tag : wanted) {
+        const QString language = tableLanguage(QLocale(tag));
+        if (language == "en" ||
+            QFile::exists(catalogue.folder + u'/' + catalogue.name + u'_' + language + ".qm")) {
+            return language;
+        }
+    }
+    return "en";
+}
 
 } // namespace
 
+StringCatalogue keyboardShortcutsCatalogue() {
+    return {"keyboardshortcuts", "KeyboardShortcuts"};
+}
+
+StringCatalogue toolkitCatalogue() {
+    return {"qtbase", "", QLibraryInfo::path(QLibraryInfo::TranslationsPath)};
+}
+
 QtLocalizedStrings::QtLocalizedStrings(const QLocale& locale, StringCatalogue catalogue)
-    : catalogue_(catalogue) {
+    : catalogue_(std::move(catalogue)) {
     loadTables();
-    if (english_.load(QString(catalogue.name) + "_en", folder)) {
-        QCoreApplication::installTranslator(&english_);
-    }
+    const auto install = [this](QTranslator& translator, const QString& language) {
+        if (translator.load(catalogue_.name + u'_' + language, catalogue_.folder)) {
+            QCoreApplication::installTranslator(&translator);
+        }
+    };
+    install(english_, "en");
     // The translator that was installed last is asked first.
-    if (locale.language() != QLocale::English && local_.load(locale, catalogue.name, "_", folder)) {
-        QCoreApplication::installTranslator(&local_);
+    if (const QString language = chosenLanguage(catalogue_, locale.uiLanguages());
+        language != "en") {
+        install(local_, language);
     }
 }
 

@@ -46,7 +46,7 @@ struct ShortcutsPane {
     FakeKeyboardLayout layout;
     FakeText text;
     FakeLocalizedStrings programStrings;
-    QtLocalizedStrings strings{QLocale::c(), keyboardShortcutsCatalogue};
+    QtLocalizedStrings strings{QLocale::c(), keyboardShortcutsCatalogue()};
     FakeSystemShortcuts desktop;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
     RecorderEnvironment environment{

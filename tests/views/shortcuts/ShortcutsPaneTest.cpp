@@ -14,7 +14,6 @@
 #include <QToolButton>
 
 #include <memory>
-#include <set>
 
 namespace calmora {
 namespace {
@@ -219,19 +218,6 @@ TEST(HotKeyManager, RunsWhatIsSetWhenTheKeyIsPressed) {
     EXPECT_EQ(fireAll(), "a2f");
     manager.reset();
     EXPECT_EQ(fireAll(), "");
-}
-
-TEST(ShortcutTexts, EverySymbolicKeyHasAText) {
-    const QtLocalizedStrings strings(QLocale::c(), keyboardShortcutsCatalogue);
-    std::set<std::string> texts;
-    for (const char* key : {"record_shortcut", "press_shortcut", "clear_shortcut",
-                            "keyboard_shortcut_used_by_menu_item", "keyboard_shortcut_disallowed",
-                            "keyboard_shortcut_used_by_system", "keyboard_shortcuts_can_be_changed",
-                            "ok", "force_use_shortcut", "space_key"}) {
-        EXPECT_NE(strings.text(key), key);
-        texts.insert(strings.text(key));
-    }
-    EXPECT_EQ(texts.size(), 10U);
 }
 
 } // namespace

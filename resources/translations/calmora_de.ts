@@ -1,0 +1,427 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Calmora</name>
+    <message numerus="yes">
+        <source>apps_running_count %lld</source>
+        <translation>
+            <numerusform>%lld Programm geöffnet</numerusform>
+            <numerusform>%lld Programme geöffnet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld apps · %lld protected</source>
+        <translation>
+            <numerusform>%lld Programm · %lld geschützt</numerusform>
+            <numerusform>%lld Programme · %lld geschützt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>auto_quit_notification %@ %lld</source>
+        <translation>
+            <numerusform>%@ wurde nach %lld Minute ohne Nutzung beendet.</numerusform>
+            <numerusform>%@ wurde nach %lld Minuten ohne Nutzung beendet.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>version_label %@</source>
+        <translation>Version %@</translation>
+    </message>
+    <message>
+        <source>About Calmora</source>
+        <translation>Über Calmora</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen …</translation>
+    </message>
+    <message>
+        <source>Quit Calmora</source>
+        <translation>Calmora beenden</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora</source>
+        <translation>Calmora ein-/ausblenden</translation>
+    </message>
+    <message>
+        <source>Quit All</source>
+        <translation>Alle beenden</translation>
+    </message>
+    <message>
+        <source>Force Quit All</source>
+        <translation>Alle sofort beenden</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>Suche löschen</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>No apps found</source>
+        <translation>Keine Programme gefunden</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Force Quit</source>
+        <translation>Sofort beenden</translation>
+    </message>
+    <message>
+        <source>Quit %@</source>
+        <translation>%@ beenden</translation>
+    </message>
+    <message>
+        <source>Force Quit %@</source>
+        <translation>%@ sofort beenden</translation>
+    </message>
+    <message>
+        <source>Protected</source>
+        <translation>Geschützt</translation>
+    </message>
+    <message>
+        <source>Never Quit This App</source>
+        <translation>Dieses Programm nie beenden</translation>
+    </message>
+    <message>
+        <source>Remove Protection</source>
+        <translation>Schutz aufheben</translation>
+    </message>
+    <message>
+        <source>Expanded</source>
+        <translation>Ausgeklappt</translation>
+    </message>
+    <message>
+        <source>Collapsed</source>
+        <translation>Eingeklappt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to force quit %lld selected apps?</source>
+        <translation>
+            <numerusform>Möchten Sie %lld ausgewähltes Programm sofort beenden?</numerusform>
+            <numerusform>Möchten Sie %lld ausgewählte Programme sofort beenden?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes in these apps.</source>
+        <translation>Nicht gespeicherte Änderungen in diesen Programmen gehen verloren.</translation>
+    </message>
+    <message>
+        <source>Do you want to force "%@" to quit?</source>
+        <translation>Möchten Sie „%@“ sofort beenden?</translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes.</source>
+        <translation>Nicht gespeicherte Änderungen gehen verloren.</translation>
+    </message>
+    <message>
+        <source>this app</source>
+        <translation>dieses Programm</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Calmora Settings</source>
+        <translation>Calmora-Einstellungen</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Open Calmora at login</source>
+        <translation>Calmora bei der Anmeldung öffnen</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Updates</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Automatisch nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Updates are not available in this version.</source>
+        <translation>In dieser Version sind keine Updates verfügbar.</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Töne</translation>
+    </message>
+    <message>
+        <source>Play sound on quit</source>
+        <translation>Beim Beenden einen Ton abspielen</translation>
+    </message>
+    <message>
+        <source>Protection</source>
+        <translation>Schutz</translation>
+    </message>
+    <message>
+        <source>Never quit music apps</source>
+        <translation>Musikprogramme nie beenden</translation>
+    </message>
+    <message>
+        <source>Deselect apps by default</source>
+        <translation>Programme anfangs nicht auswählen</translation>
+    </message>
+    <message>
+        <source>Never-Quit List</source>
+        <translation>Nie beenden</translation>
+    </message>
+    <message>
+        <source>No apps in the never-quit list. Right-click an app in the menu to protect it, or use "Add App" above.</source>
+        <translation>Die Liste „Nie beenden“ ist leer. Klicken Sie im Menü mit der rechten Maustaste auf ein Programm, um es zu schützen, oder verwenden Sie „Programm hinzufügen“.</translation>
+    </message>
+    <message>
+        <source>Protected Apps</source>
+        <translation>Geschützte Programme</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Programm hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add App to Never-Quit List</source>
+        <translation>Zu „Nie beenden“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove from never-quit list</source>
+        <translation>Aus „Nie beenden“ entfernen</translation>
+    </message>
+    <message>
+        <source>No running apps found</source>
+        <translation>Keine laufenden Programme gefunden</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>Dateiverwaltung in der Liste anzeigen</translation>
+    </message>
+    <message>
+        <source>View background apps</source>
+        <translation>Hintergrundprogramme anzeigen</translation>
+    </message>
+    <message>
+        <source>Group background instances</source>
+        <translation>Hintergrundinstanzen gruppieren</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Anzeige</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>Sortieren nach</translation>
+    </message>
+    <message>
+        <source>Name (A-Z)</source>
+        <translation>Name (A–Z)</translation>
+    </message>
+    <message>
+        <source>CPU Usage</source>
+        <translation>CPU-Auslastung</translation>
+    </message>
+    <message>
+        <source>Memory Usage</source>
+        <translation>Speichernutzung</translation>
+    </message>
+    <message>
+        <source>Show resources</source>
+        <translation>Ressourcen anzeigen</translation>
+    </message>
+    <message>
+        <source>CPU Only</source>
+        <translation>Nur CPU</translation>
+    </message>
+    <message>
+        <source>Memory Only</source>
+        <translation>Nur Speicher</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beides</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Nichts</translation>
+    </message>
+    <message>
+        <source>Default quit mode</source>
+        <translation>Standardmäßig beenden</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Sofort</translation>
+    </message>
+    <message>
+        <source>Auto Quit</source>
+        <translation>Automatisch beenden</translation>
+    </message>
+    <message>
+        <source>Auto-quit inactive apps</source>
+        <translation>Inaktive Programme automatisch beenden</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Nach</translation>
+    </message>
+    <message>
+        <source>5 minutes</source>
+        <translation>5 Minuten</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 Minuten</translation>
+    </message>
+    <message>
+        <source>15 minutes</source>
+        <translation>15 Minuten</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 Minuten</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2 Stunden</translation>
+    </message>
+    <message>
+        <source>4 hours</source>
+        <translation>4 Stunden</translation>
+    </message>
+    <message>
+        <source>8 hours</source>
+        <translation>8 Stunden</translation>
+    </message>
+    <message>
+        <source>Reset All Settings</source>
+        <translation>Alle Einstellungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>Globale Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora:</source>
+        <translation>Calmora ein-/ausblenden:</translation>
+    </message>
+    <message>
+        <source>Quit all:</source>
+        <translation>Alle beenden:</translation>
+    </message>
+    <message>
+        <source>Force quit all:</source>
+        <translation>Alle sofort beenden:</translation>
+    </message>
+    <message>
+        <source>Shortcuts work from any application.</source>
+        <translation>Tastenkürzel wirken in jedem Programm.</translation>
+    </message>
+    <message>
+        <source>Quits your applications. Spares your work.</source>
+        <translation>Beendet Ihre Programme. Schont Ihre Arbeit.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+</context>
+</TS>

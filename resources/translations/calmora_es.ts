@@ -1,0 +1,427 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>Calmora</name>
+    <message numerus="yes">
+        <source>apps_running_count %lld</source>
+        <translation>
+            <numerusform>%lld aplicación abierta</numerusform>
+            <numerusform>%lld aplicaciones abiertas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld apps · %lld protected</source>
+        <translation>
+            <numerusform>%lld aplicación · %lld con protección</numerusform>
+            <numerusform>%lld aplicaciones · %lld con protección</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>auto_quit_notification %@ %lld</source>
+        <translation>
+            <numerusform>La aplicación %@ se ha cerrado tras %lld minuto sin usarse.</numerusform>
+            <numerusform>La aplicación %@ se ha cerrado tras %lld minutos sin usarse.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>version_label %@</source>
+        <translation>Versión %@</translation>
+    </message>
+    <message>
+        <source>About Calmora</source>
+        <translation>Acerca de Calmora</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Buscar actualizaciones…</translation>
+    </message>
+    <message>
+        <source>Quit Calmora</source>
+        <translation>Salir de Calmora</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora</source>
+        <translation>Mostrar/ocultar Calmora</translation>
+    </message>
+    <message>
+        <source>Quit All</source>
+        <translation>Cerrar todas</translation>
+    </message>
+    <message>
+        <source>Force Quit All</source>
+        <translation>Forzar el cierre de todas</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Seleccionar todas</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>Borrar la búsqueda</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Configuración</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>En segundo plano</translation>
+    </message>
+    <message>
+        <source>No apps found</source>
+        <translation>No se ha encontrado ninguna aplicación</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Force Quit</source>
+        <translation>Forzar cierre</translation>
+    </message>
+    <message>
+        <source>Quit %@</source>
+        <translation>Cerrar %@</translation>
+    </message>
+    <message>
+        <source>Force Quit %@</source>
+        <translation>Forzar el cierre de %@</translation>
+    </message>
+    <message>
+        <source>Protected</source>
+        <translation>Protegida</translation>
+    </message>
+    <message>
+        <source>Never Quit This App</source>
+        <translation>No cerrar nunca esta aplicación</translation>
+    </message>
+    <message>
+        <source>Remove Protection</source>
+        <translation>Quitar la protección</translation>
+    </message>
+    <message>
+        <source>Expanded</source>
+        <translation>Desplegado</translation>
+    </message>
+    <message>
+        <source>Collapsed</source>
+        <translation>Contraído</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to force quit %lld selected apps?</source>
+        <translation>
+            <numerusform>¿Desea forzar el cierre de %lld aplicación seleccionada?</numerusform>
+            <numerusform>¿Desea forzar el cierre de %lld aplicaciones seleccionadas?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes in these apps.</source>
+        <translation>Se perderán los cambios sin guardar en estas aplicaciones.</translation>
+    </message>
+    <message>
+        <source>Do you want to force "%@" to quit?</source>
+        <translation>¿Desea forzar el cierre de «%@»?</translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes.</source>
+        <translation>Se perderán los cambios sin guardar.</translation>
+    </message>
+    <message>
+        <source>this app</source>
+        <translation>esta aplicación</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Calmora Settings</source>
+        <translation>Configuración de Calmora</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Atajos</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>Open Calmora at login</source>
+        <translation>Abrir Calmora al iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Actualizaciones</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Buscar actualizaciones automáticamente</translation>
+    </message>
+    <message>
+        <source>Updates are not available in this version.</source>
+        <translation>Las actualizaciones no están disponibles en esta versión.</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Sonidos</translation>
+    </message>
+    <message>
+        <source>Play sound on quit</source>
+        <translation>Reproducir un sonido al cerrar</translation>
+    </message>
+    <message>
+        <source>Protection</source>
+        <translation>Protección</translation>
+    </message>
+    <message>
+        <source>Never quit music apps</source>
+        <translation>No cerrar nunca las aplicaciones de música</translation>
+    </message>
+    <message>
+        <source>Deselect apps by default</source>
+        <translation>No seleccionar las aplicaciones de forma predeterminada</translation>
+    </message>
+    <message>
+        <source>Never-Quit List</source>
+        <translation>No cerrar nunca</translation>
+    </message>
+    <message>
+        <source>No apps in the never-quit list. Right-click an app in the menu to protect it, or use "Add App" above.</source>
+        <translation>La lista «No cerrar nunca» está vacía. Haga clic con el botón derecho en una aplicación del menú para protegerla o utilice «Añadir aplicación».</translation>
+    </message>
+    <message>
+        <source>Protected Apps</source>
+        <translation>Aplicaciones protegidas</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Añadir aplicación</translation>
+    </message>
+    <message>
+        <source>Add App to Never-Quit List</source>
+        <translation>Añadir a «No cerrar nunca»</translation>
+    </message>
+    <message>
+        <source>Remove from never-quit list</source>
+        <translation>Quitar de «No cerrar nunca»</translation>
+    </message>
+    <message>
+        <source>No running apps found</source>
+        <translation>No hay ninguna aplicación en ejecución</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Añadida</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Desconocida</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>Incluir el gestor de archivos en la lista</translation>
+    </message>
+    <message>
+        <source>View background apps</source>
+        <translation>Mostrar las aplicaciones en segundo plano</translation>
+    </message>
+    <message>
+        <source>Group background instances</source>
+        <translation>Agrupar las instancias en segundo plano</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Visualización</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>Ordenar por</translation>
+    </message>
+    <message>
+        <source>Name (A-Z)</source>
+        <translation>Nombre (A–Z)</translation>
+    </message>
+    <message>
+        <source>CPU Usage</source>
+        <translation>Uso de CPU</translation>
+    </message>
+    <message>
+        <source>Memory Usage</source>
+        <translation>Uso de memoria</translation>
+    </message>
+    <message>
+        <source>Show resources</source>
+        <translation>Mostrar recursos</translation>
+    </message>
+    <message>
+        <source>CPU Only</source>
+        <translation>Solo CPU</translation>
+    </message>
+    <message>
+        <source>Memory Only</source>
+        <translation>Solo memoria</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Ambos</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>Default quit mode</source>
+        <translation>Modo de cierre predeterminado</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Forzado</translation>
+    </message>
+    <message>
+        <source>Auto Quit</source>
+        <translation>Cierre automático</translation>
+    </message>
+    <message>
+        <source>Auto-quit inactive apps</source>
+        <translation>Cerrar automáticamente las aplicaciones inactivas</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Después de</translation>
+    </message>
+    <message>
+        <source>5 minutes</source>
+        <translation>5 minutos</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 minutos</translation>
+    </message>
+    <message>
+        <source>15 minutes</source>
+        <translation>15 minutos</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 minutos</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 hora</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2 horas</translation>
+    </message>
+    <message>
+        <source>4 hours</source>
+        <translation>4 horas</translation>
+    </message>
+    <message>
+        <source>8 hours</source>
+        <translation>8 horas</translation>
+    </message>
+    <message>
+        <source>Reset All Settings</source>
+        <translation>Restablecer toda la configuración</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>Atajos globales</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora:</source>
+        <translation>Mostrar/ocultar Calmora:</translation>
+    </message>
+    <message>
+        <source>Quit all:</source>
+        <translation>Cerrar todas:</translation>
+    </message>
+    <message>
+        <source>Force quit all:</source>
+        <translation>Forzar el cierre de todas:</translation>
+    </message>
+    <message>
+        <source>Shortcuts work from any application.</source>
+        <translation>Los atajos funcionan desde cualquier aplicación.</translation>
+    </message>
+    <message>
+        <source>Quits your applications. Spares your work.</source>
+        <translation>Cierra sus aplicaciones. Respeta su trabajo.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rehacer</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cortar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleccionar todo</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Ventana</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimizar</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,427 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>Calmora</name>
+    <message numerus="yes">
+        <source>apps_running_count %lld</source>
+        <translation>
+            <numerusform>%lld application ouverte</numerusform>
+            <numerusform>%lld applications ouvertes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld apps · %lld protected</source>
+        <translation>
+            <numerusform>%lld application · %lld sous protection</numerusform>
+            <numerusform>%lld applications · %lld sous protection</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>auto_quit_notification %@ %lld</source>
+        <translation>
+            <numerusform>L’application %@ a été fermée après %lld minute d’inactivité.</numerusform>
+            <numerusform>L’application %@ a été fermée après %lld minutes d’inactivité.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>version_label %@</source>
+        <translation>Version %@</translation>
+    </message>
+    <message>
+        <source>About Calmora</source>
+        <translation>À propos de Calmora</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Rechercher des mises à jour…</translation>
+    </message>
+    <message>
+        <source>Quit Calmora</source>
+        <translation>Quitter Calmora</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora</source>
+        <translation>Afficher/masquer Calmora</translation>
+    </message>
+    <message>
+        <source>Quit All</source>
+        <translation>Tout quitter</translation>
+    </message>
+    <message>
+        <source>Force Quit All</source>
+        <translation>Forcer à tout quitter</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>En arrière-plan</translation>
+    </message>
+    <message>
+        <source>No apps found</source>
+        <translation>Aucune application trouvée</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Force Quit</source>
+        <translation>Forcer à quitter</translation>
+    </message>
+    <message>
+        <source>Quit %@</source>
+        <translation>Quitter %@</translation>
+    </message>
+    <message>
+        <source>Force Quit %@</source>
+        <translation>Forcer %@ à quitter</translation>
+    </message>
+    <message>
+        <source>Protected</source>
+        <translation>Protégée</translation>
+    </message>
+    <message>
+        <source>Never Quit This App</source>
+        <translation>Ne jamais quitter cette application</translation>
+    </message>
+    <message>
+        <source>Remove Protection</source>
+        <translation>Retirer la protection</translation>
+    </message>
+    <message>
+        <source>Expanded</source>
+        <translation>Développé</translation>
+    </message>
+    <message>
+        <source>Collapsed</source>
+        <translation>Réduit</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to force quit %lld selected apps?</source>
+        <translation>
+            <numerusform>Voulez-vous forcer %lld application sélectionnée à quitter ?</numerusform>
+            <numerusform>Voulez-vous forcer %lld applications sélectionnées à quitter ?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes in these apps.</source>
+        <translation>Les modifications non enregistrées dans ces applications seront perdues.</translation>
+    </message>
+    <message>
+        <source>Do you want to force "%@" to quit?</source>
+        <translation>Voulez-vous forcer « %@ » à quitter ?</translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes.</source>
+        <translation>Les modifications non enregistrées seront perdues.</translation>
+    </message>
+    <message>
+        <source>this app</source>
+        <translation>cette application</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Calmora Settings</source>
+        <translation>Paramètres de Calmora</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Raccourcis</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>Démarrage</translation>
+    </message>
+    <message>
+        <source>Open Calmora at login</source>
+        <translation>Ouvrir Calmora à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Rechercher automatiquement les mises à jour</translation>
+    </message>
+    <message>
+        <source>Updates are not available in this version.</source>
+        <translation>Les mises à jour ne sont pas disponibles dans cette version.</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Sons</translation>
+    </message>
+    <message>
+        <source>Play sound on quit</source>
+        <translation>Émettre un son à la fermeture</translation>
+    </message>
+    <message>
+        <source>Protection</source>
+        <translation>Protection</translation>
+    </message>
+    <message>
+        <source>Never quit music apps</source>
+        <translation>Ne jamais quitter les applications de musique</translation>
+    </message>
+    <message>
+        <source>Deselect apps by default</source>
+        <translation>Ne pas sélectionner les applications par défaut</translation>
+    </message>
+    <message>
+        <source>Never-Quit List</source>
+        <translation>À ne jamais quitter</translation>
+    </message>
+    <message>
+        <source>No apps in the never-quit list. Right-click an app in the menu to protect it, or use "Add App" above.</source>
+        <translation>La liste « À ne jamais quitter » est vide. Cliquez avec le bouton droit sur une application du menu pour la protéger, ou utilisez « Ajouter une application » ci-dessus.</translation>
+    </message>
+    <message>
+        <source>Protected Apps</source>
+        <translation>Applications protégées</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>Ajouter une application</translation>
+    </message>
+    <message>
+        <source>Add App to Never-Quit List</source>
+        <translation>Ajouter à « À ne jamais quitter »</translation>
+    </message>
+    <message>
+        <source>Remove from never-quit list</source>
+        <translation>Retirer de « À ne jamais quitter »</translation>
+    </message>
+    <message>
+        <source>No running apps found</source>
+        <translation>Aucune application en cours d’exécution</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Ajoutée</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Inconnue</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Options supplémentaires</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>Inclure le gestionnaire de fichiers dans la liste</translation>
+    </message>
+    <message>
+        <source>View background apps</source>
+        <translation>Afficher les applications en arrière-plan</translation>
+    </message>
+    <message>
+        <source>Group background instances</source>
+        <translation>Regrouper les instances en arrière-plan</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>Affichage</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>Trier par</translation>
+    </message>
+    <message>
+        <source>Name (A-Z)</source>
+        <translation>Nom (A–Z)</translation>
+    </message>
+    <message>
+        <source>CPU Usage</source>
+        <translation>Utilisation du processeur</translation>
+    </message>
+    <message>
+        <source>Memory Usage</source>
+        <translation>Utilisation de la mémoire</translation>
+    </message>
+    <message>
+        <source>Show resources</source>
+        <translation>Afficher les ressources</translation>
+    </message>
+    <message>
+        <source>CPU Only</source>
+        <translation>Processeur seulement</translation>
+    </message>
+    <message>
+        <source>Memory Only</source>
+        <translation>Mémoire seulement</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Les deux</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucune</translation>
+    </message>
+    <message>
+        <source>Default quit mode</source>
+        <translation>Mode de fermeture par défaut</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Forcé</translation>
+    </message>
+    <message>
+        <source>Auto Quit</source>
+        <translation>Fermeture automatique</translation>
+    </message>
+    <message>
+        <source>Auto-quit inactive apps</source>
+        <translation>Quitter automatiquement les applications inactives</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Après</translation>
+    </message>
+    <message>
+        <source>5 minutes</source>
+        <translation>5 minutes</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 minutes</translation>
+    </message>
+    <message>
+        <source>15 minutes</source>
+        <translation>15 minutes</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 minutes</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 heure</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2 heures</translation>
+    </message>
+    <message>
+        <source>4 hours</source>
+        <translation>4 heures</translation>
+    </message>
+    <message>
+        <source>8 hours</source>
+        <translation>8 heures</translation>
+    </message>
+    <message>
+        <source>Reset All Settings</source>
+        <translation>Réinitialiser tous les paramètres</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>Raccourcis globaux</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora:</source>
+        <translation>Afficher/masquer Calmora :</translation>
+    </message>
+    <message>
+        <source>Quit all:</source>
+        <translation>Tout quitter :</translation>
+    </message>
+    <message>
+        <source>Force quit all:</source>
+        <translation>Forcer à tout quitter :</translation>
+    </message>
+    <message>
+        <source>Shortcuts work from any application.</source>
+        <translation>Les raccourcis fonctionnent dans toutes les applications.</translation>
+    </message>
+    <message>
+        <source>Quits your applications. Spares your work.</source>
+        <translation>Quitte vos applications. Épargne votre travail.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Édition</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Couper</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenêtre</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Réduire</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,423 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>Calmora</name>
+    <message numerus="yes">
+        <source>apps_running_count %lld</source>
+        <translation>
+            <numerusform>%lld個のアプリを実行中</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld apps · %lld protected</source>
+        <translation>
+            <numerusform>%lld個のアプリ · %lld個を保護中</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>auto_quit_notification %@ %lld</source>
+        <translation>
+            <numerusform>%@は%lld分間使用されなかったため終了しました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>version_label %@</source>
+        <translation>バージョン %@</translation>
+    </message>
+    <message>
+        <source>About Calmora</source>
+        <translation>Calmoraについて</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>アップデートを確認…</translation>
+    </message>
+    <message>
+        <source>Quit Calmora</source>
+        <translation>Calmoraを終了</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora</source>
+        <translation>Calmoraを表示/非表示</translation>
+    </message>
+    <message>
+        <source>Quit All</source>
+        <translation>すべて終了</translation>
+    </message>
+    <message>
+        <source>Force Quit All</source>
+        <translation>すべて強制終了</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>検索を消去</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>バックグラウンド</translation>
+    </message>
+    <message>
+        <source>No apps found</source>
+        <translation>アプリが見つかりません</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Force Quit</source>
+        <translation>強制終了</translation>
+    </message>
+    <message>
+        <source>Quit %@</source>
+        <translation>%@を終了</translation>
+    </message>
+    <message>
+        <source>Force Quit %@</source>
+        <translation>%@を強制終了</translation>
+    </message>
+    <message>
+        <source>Protected</source>
+        <translation>保護中</translation>
+    </message>
+    <message>
+        <source>Never Quit This App</source>
+        <translation>このアプリを終了しない</translation>
+    </message>
+    <message>
+        <source>Remove Protection</source>
+        <translation>保護を解除</translation>
+    </message>
+    <message>
+        <source>Expanded</source>
+        <translation>展開済み</translation>
+    </message>
+    <message>
+        <source>Collapsed</source>
+        <translation>折りたたみ済み</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to force quit %lld selected apps?</source>
+        <translation>
+            <numerusform>選択した%lld個のアプリを強制終了しますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes in these apps.</source>
+        <translation>これらのアプリで保存していない変更は失われます。</translation>
+    </message>
+    <message>
+        <source>Do you want to force "%@" to quit?</source>
+        <translation>「%@」を強制終了しますか？</translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes.</source>
+        <translation>保存していない変更は失われます。</translation>
+    </message>
+    <message>
+        <source>this app</source>
+        <translation>このアプリ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Calmora Settings</source>
+        <translation>Calmoraの設定</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>一般</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>ショートカット</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>起動</translation>
+    </message>
+    <message>
+        <source>Open Calmora at login</source>
+        <translation>ログイン時にCalmoraを開く</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>アップデートを自動的に確認</translation>
+    </message>
+    <message>
+        <source>Updates are not available in this version.</source>
+        <translation>このバージョンではアップデートを利用できません。</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>サウンド</translation>
+    </message>
+    <message>
+        <source>Play sound on quit</source>
+        <translation>終了時にサウンドを再生</translation>
+    </message>
+    <message>
+        <source>Protection</source>
+        <translation>保護</translation>
+    </message>
+    <message>
+        <source>Never quit music apps</source>
+        <translation>音楽アプリを終了しない</translation>
+    </message>
+    <message>
+        <source>Deselect apps by default</source>
+        <translation>最初はアプリを選択しない</translation>
+    </message>
+    <message>
+        <source>Never-Quit List</source>
+        <translation>終了しないアプリ</translation>
+    </message>
+    <message>
+        <source>No apps in the never-quit list. Right-click an app in the menu to protect it, or use "Add App" above.</source>
+        <translation>「終了しないアプリ」は空です。メニューのアプリを右クリックして保護するか、上の「アプリを追加」を使用してください。</translation>
+    </message>
+    <message>
+        <source>Protected Apps</source>
+        <translation>保護中のアプリ</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>アプリを追加</translation>
+    </message>
+    <message>
+        <source>Add App to Never-Quit List</source>
+        <translation>「終了しないアプリ」に追加</translation>
+    </message>
+    <message>
+        <source>Remove from never-quit list</source>
+        <translation>「終了しないアプリ」から削除</translation>
+    </message>
+    <message>
+        <source>No running apps found</source>
+        <translation>実行中のアプリが見つかりません</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>追加済み</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>ファイルマネージャーをリストに含める</translation>
+    </message>
+    <message>
+        <source>View background apps</source>
+        <translation>バックグラウンドのアプリを表示</translation>
+    </message>
+    <message>
+        <source>Group background instances</source>
+        <translation>バックグラウンドのインスタンスをまとめる</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>並べ替え</translation>
+    </message>
+    <message>
+        <source>Name (A-Z)</source>
+        <translation>名前（A–Z）</translation>
+    </message>
+    <message>
+        <source>CPU Usage</source>
+        <translation>CPU使用率</translation>
+    </message>
+    <message>
+        <source>Memory Usage</source>
+        <translation>メモリ使用量</translation>
+    </message>
+    <message>
+        <source>Show resources</source>
+        <translation>リソースの表示</translation>
+    </message>
+    <message>
+        <source>CPU Only</source>
+        <translation>CPUのみ</translation>
+    </message>
+    <message>
+        <source>Memory Only</source>
+        <translation>メモリのみ</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Default quit mode</source>
+        <translation>デフォルトの終了方法</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>通常</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>強制</translation>
+    </message>
+    <message>
+        <source>Auto Quit</source>
+        <translation>自動終了</translation>
+    </message>
+    <message>
+        <source>Auto-quit inactive apps</source>
+        <translation>使用していないアプリを自動的に終了</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>終了までの時間</translation>
+    </message>
+    <message>
+        <source>5 minutes</source>
+        <translation>5分</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10分</translation>
+    </message>
+    <message>
+        <source>15 minutes</source>
+        <translation>15分</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30分</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1時間</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2時間</translation>
+    </message>
+    <message>
+        <source>4 hours</source>
+        <translation>4時間</translation>
+    </message>
+    <message>
+        <source>8 hours</source>
+        <translation>8時間</translation>
+    </message>
+    <message>
+        <source>Reset All Settings</source>
+        <translation>すべての設定をリセット</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>グローバルショートカット</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora:</source>
+        <translation>Calmoraを表示/非表示：</translation>
+    </message>
+    <message>
+        <source>Quit all:</source>
+        <translation>すべて終了：</translation>
+    </message>
+    <message>
+        <source>Force quit all:</source>
+        <translation>すべて強制終了：</translation>
+    </message>
+    <message>
+        <source>Shortcuts work from any application.</source>
+        <translation>ショートカットはどのアプリからでも使えます。</translation>
+    </message>
+    <message>
+        <source>Quits your applications. Spares your work.</source>
+        <translation>アプリは終了。作業はそのまま。</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編集</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>やり直す</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>ウインドウ</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,423 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>Calmora</name>
+    <message numerus="yes">
+        <source>apps_running_count %lld</source>
+        <translation>
+            <numerusform>%lld 个应用正在运行</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld apps · %lld protected</source>
+        <translation>
+            <numerusform>%lld 个应用 · %lld 个受保护</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>auto_quit_notification %@ %lld</source>
+        <translation>
+            <numerusform>“%@”闲置 %lld 分钟后已自动退出。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>version_label %@</source>
+        <translation>版本 %@</translation>
+    </message>
+    <message>
+        <source>About Calmora</source>
+        <translation>关于 Calmora</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>检查更新…</translation>
+    </message>
+    <message>
+        <source>Quit Calmora</source>
+        <translation>退出 Calmora</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora</source>
+        <translation>显示/隐藏 Calmora</translation>
+    </message>
+    <message>
+        <source>Quit All</source>
+        <translation>全部退出</translation>
+    </message>
+    <message>
+        <source>Force Quit All</source>
+        <translation>全部强制退出</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>清除搜索</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>后台</translation>
+    </message>
+    <message>
+        <source>No apps found</source>
+        <translation>未找到应用</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Force Quit</source>
+        <translation>强制退出</translation>
+    </message>
+    <message>
+        <source>Quit %@</source>
+        <translation>退出 %@</translation>
+    </message>
+    <message>
+        <source>Force Quit %@</source>
+        <translation>强制退出 %@</translation>
+    </message>
+    <message>
+        <source>Protected</source>
+        <translation>受保护</translation>
+    </message>
+    <message>
+        <source>Never Quit This App</source>
+        <translation>永不退出此应用</translation>
+    </message>
+    <message>
+        <source>Remove Protection</source>
+        <translation>取消保护</translation>
+    </message>
+    <message>
+        <source>Expanded</source>
+        <translation>已展开</translation>
+    </message>
+    <message>
+        <source>Collapsed</source>
+        <translation>已折叠</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to force quit %lld selected apps?</source>
+        <translation>
+            <numerusform>要强制退出所选的 %lld 个应用吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes in these apps.</source>
+        <translation>这些应用中未保存的更改将会丢失。</translation>
+    </message>
+    <message>
+        <source>Do you want to force "%@" to quit?</source>
+        <translation>要强制退出“%@”吗？</translation>
+    </message>
+    <message>
+        <source>You will lose any unsaved changes.</source>
+        <translation>未保存的更改将会丢失。</translation>
+    </message>
+    <message>
+        <source>this app</source>
+        <translation>此应用</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Calmora Settings</source>
+        <translation>Calmora 设置</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>通用</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>启动</translation>
+    </message>
+    <message>
+        <source>Open Calmora at login</source>
+        <translation>登录时打开 Calmora</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>自动检查更新</translation>
+    </message>
+    <message>
+        <source>Updates are not available in this version.</source>
+        <translation>此版本不提供更新功能。</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>声音</translation>
+    </message>
+    <message>
+        <source>Play sound on quit</source>
+        <translation>退出时播放声音</translation>
+    </message>
+    <message>
+        <source>Protection</source>
+        <translation>保护</translation>
+    </message>
+    <message>
+        <source>Never quit music apps</source>
+        <translation>永不退出音乐应用</translation>
+    </message>
+    <message>
+        <source>Deselect apps by default</source>
+        <translation>默认不选中应用</translation>
+    </message>
+    <message>
+        <source>Never-Quit List</source>
+        <translation>永不退出列表</translation>
+    </message>
+    <message>
+        <source>No apps in the never-quit list. Right-click an app in the menu to protect it, or use "Add App" above.</source>
+        <translation>永不退出列表为空。在菜单中右键点击应用即可保护它，也可使用上方的“添加应用”。</translation>
+    </message>
+    <message>
+        <source>Protected Apps</source>
+        <translation>受保护的应用</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>添加应用</translation>
+    </message>
+    <message>
+        <source>Add App to Never-Quit List</source>
+        <translation>将应用添加到永不退出列表</translation>
+    </message>
+    <message>
+        <source>Remove from never-quit list</source>
+        <translation>从永不退出列表中移除</translation>
+    </message>
+    <message>
+        <source>No running apps found</source>
+        <translation>未找到正在运行的应用</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>已添加</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>在应用列表中包含文件管理器</translation>
+    </message>
+    <message>
+        <source>View background apps</source>
+        <translation>显示后台应用</translation>
+    </message>
+    <message>
+        <source>Group background instances</source>
+        <translation>合并后台实例</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>排序方式</translation>
+    </message>
+    <message>
+        <source>Name (A-Z)</source>
+        <translation>名称（A–Z）</translation>
+    </message>
+    <message>
+        <source>CPU Usage</source>
+        <translation>CPU 使用率</translation>
+    </message>
+    <message>
+        <source>Memory Usage</source>
+        <translation>内存使用量</translation>
+    </message>
+    <message>
+        <source>Show resources</source>
+        <translation>显示资源</translation>
+    </message>
+    <message>
+        <source>CPU Only</source>
+        <translation>仅 CPU</translation>
+    </message>
+    <message>
+        <source>Memory Only</source>
+        <translation>仅内存</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>两者</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Default quit mode</source>
+        <translation>默认退出方式</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>正常</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>强制</translation>
+    </message>
+    <message>
+        <source>Auto Quit</source>
+        <translation>自动退出</translation>
+    </message>
+    <message>
+        <source>Auto-quit inactive apps</source>
+        <translation>自动退出闲置应用</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>闲置时长</translation>
+    </message>
+    <message>
+        <source>5 minutes</source>
+        <translation>5 分钟</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 分钟</translation>
+    </message>
+    <message>
+        <source>15 minutes</source>
+        <translation>15 分钟</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 分钟</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 小时</translation>
+    </message>
+    <message>
+        <source>2 hours</source>
+        <translation>2 小时</translation>
+    </message>
+    <message>
+        <source>4 hours</source>
+        <translation>4 小时</translation>
+    </message>
+    <message>
+        <source>8 hours</source>
+        <translation>8 小时</translation>
+    </message>
+    <message>
+        <source>Reset All Settings</source>
+        <translation>重置所有设置</translation>
+    </message>
+    <message>
+        <source>Global Shortcuts</source>
+        <translation>全局快捷键</translation>
+    </message>
+    <message>
+        <source>Show/Hide Calmora:</source>
+        <translation>显示/隐藏 Calmora：</translation>
+    </message>
+    <message>
+        <source>Quit all:</source>
+        <translation>全部退出：</translation>
+    </message>
+    <message>
+        <source>Force quit all:</source>
+        <translation>全部强制退出：</translation>
+    </message>
+    <message>
+        <source>Shortcuts work from any application.</source>
+        <translation>快捷键在任何应用中都有效。</translation>
+    </message>
+    <message>
+        <source>Quits your applications. Spares your work.</source>
+        <translation>退出应用，不伤工作。</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+</context>
+</TS>

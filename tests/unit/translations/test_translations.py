@@ -1,0 +1,93 @@
+"""The tables of texts against the sources: none missing, none stale, none unfinished, and every
+placeholder where the code fills it in.
+"""
+
+import pathlib
+import re
+import unittest
+from xml.etree import ElementTree
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+LANGUAGES = {"en": 2, "de": 2, "es": 2, "fr": 2, "ja": 1, "zh_CN": 1}  # And their plural forms.
+LITERAL = r'"(?:[^"\\\n]|\\.)*"'
+LITERALS = re.compile(rf"{LITERAL}(?:\s*{LITERAL})*")
+CALL = re.compile(r"(?:\buiText|\buiCount|\btext)\(\s*$")
+# Rooms whose literals are texts when they read like one; the others name what texts they show by
+# a call.
+TALKING = re.compile(r"app|autoquit|settings|ui|KeyboardShortcuts|platform/[^/]*\.h")
+SYMBOL = re.compile(r"[a-z]+(_[a-z]+)+( %[@l]+)*|ok")
+READS_LIKE_TEXT = re.compile(r"[A-Z]|\d+ [a-z]")
+NO_TEXTS = re.compile(r"Calmora|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
+                      r"|[A-Z_]*DISPLAY|QT_QPA_PLATFORM|[^\0]*\n")
+SILENT_FILES = {"KnownAppTable.h"}
+PLACEHOLDER = re.compile(r"%(?:\d+\$)?(?:@|lld)|%L?\d+|%n")
+
+
+def keys_of(module):
+    """The keys that the sources use, of the shortcut module or of all the rest."""
+    keys = set()
+    for file in (ROOT / "src").rglob("*.[ch]*"):
+        room = file.relative_to(ROOT / "src").as_posix()
+        if room.startswith("KeyboardShortcuts/") != module or file.name in SILENT_FILES:
+            continue
+        source = re.sub(r"//[^\n]*|#include[^\n]*", "", file.read_text())
+        for match in LITERALS.finditer(source):
+            text = "".join(part[1:-1] for part in re.findall(LITERAL, match[0]))
+            text = text.replace(r"\"", '"').replace(r"\n", "\n")
+            if CALL.search(source, 0, match.start()) or (
+                    TALKING.match(room) and not NO_TEXTS.fullmatch(text)
+                    and (READS_LIKE_TEXT.match(text) or SYMBOL.fullmatch(text))):
+                keys.add(text)
+    return keys
+
+
+def table(catalogue, language):
+    """Key → (state, forms) of one table."""
+    root = ElementTree.parse(ROOT / f"resources/translations/{catalogue}_{language}.ts").getroot()
+    assert root.get("language") == language
+    rows = {}
+    for message in root.iter("message"):
+        translation = message.find("translation")
+        forms = [form.text or "" for form in translation.iter("numerusform")]
+        key = message.findtext("source")
+        assert key not in rows, f"{language}: {key} twice"
+        rows[key] = (translation.get("type"), forms or [translation.text or ""],
+                     message.get("numerus") == "yes")
+    return rows
+
+
+class Translations(unittest.TestCase):
+    def check(self, catalogue, module):
+        keys = keys_of(module)
+        self.assertGreater(len(keys), 40)
+        symbolic = set(filter(SYMBOL.fullmatch, keys))
+        plural = {key for language in LANGUAGES for key, row in table(catalogue, language).items()
+                  if row[2]}
+        for language, forms in LANGUAGES.items():
+            rows = table(catalogue, language)
+            with self.subTest(f"{catalogue}_{language}"):
+                self.assertEqual(set(rows) - keys, set(), "stale")
+                # English says what its key says, but for symbols.
+                self.assertEqual((symbolic if language == "en" else keys) - set(rows), set())
+            for key, (state, texts, is_plural) in rows.items():
+                with self.subTest(f"{language}: {key}"):
+                    self.assertIsNone(state)
+                    self.assertTrue(all(text.strip() for text in texts))
+                    if language != "en":
+                        self.assertEqual(is_plural, key in plural)
+                    self.assertEqual(len(texts), forms if is_plural else 1)
+                    # A symbol may keep silent about what its text takes.
+                    wanted = PLACEHOLDER.findall(key) or PLACEHOLDER.findall(
+                        table(catalogue, "en").get(key, (None, [key]))[1][0])
+                    for text in texts:
+                        self.assertEqual(PLACEHOLDER.findall(text), wanted)
+
+    def test_program(self):
+        self.check("calmora", module=False)
+
+    def test_shortcut_module(self):
+        self.check("keyboardshortcuts", module=True)
+
+
+if __name__ == "__main__":
+    unittest.main()
