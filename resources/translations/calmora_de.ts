@@ -172,10 +172,6 @@
         <translation>Automatisch nach Updates suchen</translation>
     </message>
     <message>
-        <source>Updates are not available in this version.</source>
-        <translation>In dieser Version sind keine Updates verfügbar.</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>Töne</translation>
     </message>
@@ -376,8 +372,92 @@
         <translation>Tastenkürzel wirken in jedem Programm.</translation>
     </message>
     <message>
+        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
+        <translation>Unter Wayland wirken Tastenkürzel nur, solange ein X11-Programm im Vordergrund ist.</translation>
+    </message>
+    <message>
+        <source>Shortcuts are not available, because there is no X server.</source>
+        <translation>Tastenkürzel sind nicht verfügbar, weil es keinen X-Server gibt.</translation>
+    </message>
+    <message>
         <source>Quits your applications. Spares your work.</source>
         <translation>Beendet Ihre Programme. Schont Ihre Arbeit.</translation>
+    </message>
+    <message>
+        <source>update_available_text %@</source>
+        <translation>Sie verwenden Version %@.</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>Version %@ ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>Nach Updates wird gesucht …</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>Version %@ ist die neueste.</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmora ist auf dem neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>Die Adresse, die in diese Version eingebaut ist, eignet sich nicht für Updates.</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>Die Verbindung zum Server ist nicht sicher; deshalb wurde nichts von ihm gelesen.</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>Der Teil von Calmora, der das Netzwerk erreicht, fehlt. Calmora neu zu installieren sollte helfen.</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>Der Server hat Calmora an eine Adresse verwiesen, der es nicht vertraut.</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>Der Server hat die Liste der Versionen nicht herausgegeben.</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>Der Server hat zu lange nicht geantwortet. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>Die Liste der Versionen ist größer, als eine solche Liste sein kann.</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>Der Server ist nicht erreichbar. Prüfen Sie die Netzwerkverbindung und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>Die Liste der Versionen ist beschädigt oder enthält, was nicht hineingehört.</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>Die Liste der Versionen nennt eine Version, die keine ist.</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>Calmora konnte nicht nach Updates suchen.</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>Wählen Sie „Nach Updates suchen …“ im Menü von Calmora, um zu lesen, was neu ist.</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>Webseite öffnen</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>Updates kommen mit den Paketen Ihres Systems.</translation>
     </message>
     <message>
         <source>File</source>

@@ -172,10 +172,6 @@
         <translation>Buscar actualizaciones automáticamente</translation>
     </message>
     <message>
-        <source>Updates are not available in this version.</source>
-        <translation>Las actualizaciones no están disponibles en esta versión.</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>Sonidos</translation>
     </message>
@@ -376,8 +372,92 @@
         <translation>Los atajos funcionan desde cualquier aplicación.</translation>
     </message>
     <message>
+        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
+        <translation>En Wayland, los atajos solo funcionan mientras una aplicación X11 está en primer plano.</translation>
+    </message>
+    <message>
+        <source>Shortcuts are not available, because there is no X server.</source>
+        <translation>Los atajos no están disponibles porque no hay ningún servidor X.</translation>
+    </message>
+    <message>
         <source>Quits your applications. Spares your work.</source>
         <translation>Cierra sus aplicaciones. Respeta su trabajo.</translation>
+    </message>
+    <message>
+        <source>update_available_text %@</source>
+        <translation>Está usando la versión %@.</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>La versión %@ está disponible.</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>Buscando actualizaciones…</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>La versión %@ es la más reciente.</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmora está actualizado.</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>La dirección incluida en esta versión no sirve para buscar actualizaciones.</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>La conexión con el servidor no es segura, por lo que no se ha leído nada de él.</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>Falta la parte de Calmora que accede a la red. Volver a instalar Calmora debería solucionarlo.</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>El servidor ha remitido a Calmora a una dirección que no es de confianza.</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>El servidor no ha entregado la lista de versiones.</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>El servidor ha tardado demasiado en responder. Inténtelo más tarde.</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>La lista de versiones es más larga de lo que puede ser una lista así.</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>No se puede acceder al servidor. Compruebe la conexión de red e inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>La lista de versiones está dañada o contiene datos que no le corresponden.</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>La lista de versiones contiene una versión no válida.</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>Calmora no ha podido buscar actualizaciones.</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>Elija «Buscar actualizaciones…» en el menú de Calmora para ver las novedades.</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>Abrir página web</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>Las actualizaciones llegan con los paquetes de su sistema.</translation>
     </message>
     <message>
         <source>File</source>

@@ -172,10 +172,6 @@
         <translation>Rechercher automatiquement les mises à jour</translation>
     </message>
     <message>
-        <source>Updates are not available in this version.</source>
-        <translation>Les mises à jour ne sont pas disponibles dans cette version.</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>Sons</translation>
     </message>
@@ -376,8 +372,92 @@
         <translation>Les raccourcis fonctionnent dans toutes les applications.</translation>
     </message>
     <message>
+        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
+        <translation>Sous Wayland, les raccourcis ne fonctionnent que lorsqu’une application X11 est au premier plan.</translation>
+    </message>
+    <message>
+        <source>Shortcuts are not available, because there is no X server.</source>
+        <translation>Les raccourcis ne sont pas disponibles, car il n’y a pas de serveur X.</translation>
+    </message>
+    <message>
         <source>Quits your applications. Spares your work.</source>
         <translation>Quitte vos applications. Épargne votre travail.</translation>
+    </message>
+    <message>
+        <source>update_available_text %@</source>
+        <translation>Vous utilisez la version %@.</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>La version %@ est disponible.</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>Recherche de mises à jour…</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>La version %@ est la plus récente.</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmora est à jour.</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>L’adresse prévue dans cette version ne peut pas servir aux mises à jour.</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>La connexion au serveur n’est pas sûre ; rien n’en a donc été lu.</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>La partie de Calmora qui accède au réseau est absente. Réinstaller Calmora devrait résoudre le problème.</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>Le serveur a renvoyé Calmora vers une adresse qui n’est pas de confiance.</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>Le serveur n’a pas fourni la liste des versions.</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>Le serveur a mis trop de temps à répondre. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>La liste des versions est plus longue qu’une telle liste ne peut l’être.</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>Le serveur est injoignable. Vérifiez la connexion réseau et réessayez.</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>La liste des versions est endommagée ou contient des éléments qui n’ont rien à y faire.</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>La liste des versions contient un numéro de version non valide.</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>Calmora n’a pas pu rechercher de mises à jour.</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>Choisissez « Rechercher des mises à jour… » dans le menu de Calmora pour découvrir les nouveautés.</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>Ouvrir la page web</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>Les mises à jour arrivent avec les paquets de votre système.</translation>
     </message>
     <message>
         <source>File</source>

@@ -168,10 +168,6 @@
         <translation>アップデートを自動的に確認</translation>
     </message>
     <message>
-        <source>Updates are not available in this version.</source>
-        <translation>このバージョンではアップデートを利用できません。</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>サウンド</translation>
     </message>
@@ -372,8 +368,92 @@
         <translation>ショートカットはどのアプリからでも使えます。</translation>
     </message>
     <message>
+        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
+        <translation>Waylandでは、X11のアプリが手前にあるときだけショートカットを使えます。</translation>
+    </message>
+    <message>
+        <source>Shortcuts are not available, because there is no X server.</source>
+        <translation>Xサーバーがないため、ショートカットを使用できません。</translation>
+    </message>
+    <message>
         <source>Quits your applications. Spares your work.</source>
         <translation>アプリは終了。作業はそのまま。</translation>
+    </message>
+    <message>
+        <source>update_available_text %@</source>
+        <translation>現在のバージョンは%@です。</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>バージョン%@を利用できます。</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>アップデートを確認中…</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>バージョン%@が最新です。</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmoraは最新です。</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>このバージョンに組み込まれたアドレスはアップデートに使用できません。</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>サーバーへの接続が安全でないため、何も読み込みませんでした。</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>ネットワークに接続するためのCalmoraの部品が見つかりません。Calmoraを再インストールしてみてください。</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>サーバーが信頼できないアドレスに転送しました。</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>サーバーからリリースの一覧を取得できませんでした。</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>サーバーからの応答に時間がかかりすぎました。しばらくしてからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>リリースの一覧が大きすぎます。</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>サーバーに接続できません。ネットワーク接続を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>リリースの一覧が壊れているか、不正な内容が含まれています。</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>リリースの一覧に無効なバージョンが含まれています。</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>アップデートを確認できませんでした。</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>新機能については、Calmoraのメニューから「アップデートを確認…」を選択してください。</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>Webページを開く</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>アップデートはシステムのパッケージとして提供されます。</translation>
     </message>
     <message>
         <source>File</source>

@@ -168,10 +168,6 @@
         <translation>自动检查更新</translation>
     </message>
     <message>
-        <source>Updates are not available in this version.</source>
-        <translation>此版本不提供更新功能。</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>声音</translation>
     </message>
@@ -372,8 +368,92 @@
         <translation>快捷键在任何应用中都有效。</translation>
     </message>
     <message>
+        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
+        <translation>在 Wayland 下，仅当 X11 应用位于前台时快捷键才有效。</translation>
+    </message>
+    <message>
+        <source>Shortcuts are not available, because there is no X server.</source>
+        <translation>没有 X 服务器，因此快捷键不可用。</translation>
+    </message>
+    <message>
         <source>Quits your applications. Spares your work.</source>
         <translation>退出应用，不伤工作。</translation>
+    </message>
+    <message>
+        <source>update_available_text %@</source>
+        <translation>您正在使用版本 %@。</translation>
+    </message>
+    <message>
+        <source>update_available_title %@</source>
+        <translation>版本 %@ 已可用。</translation>
+    </message>
+    <message>
+        <source>update_checking</source>
+        <translation>正在检查更新…</translation>
+    </message>
+    <message>
+        <source>update_current_text %@</source>
+        <translation>版本 %@ 是最新版本。</translation>
+    </message>
+    <message>
+        <source>update_current_title</source>
+        <translation>Calmora 已是最新版本。</translation>
+    </message>
+    <message>
+        <source>update_error_address</source>
+        <translation>此版本内置的地址无法用于更新。</translation>
+    </message>
+    <message>
+        <source>update_error_insecure</source>
+        <translation>与服务器的连接不安全，因此未读取任何内容。</translation>
+    </message>
+    <message>
+        <source>update_error_loader</source>
+        <translation>Calmora 的联网组件缺失。重新安装 Calmora 应可解决此问题。</translation>
+    </message>
+    <message>
+        <source>update_error_redirect</source>
+        <translation>服务器将 Calmora 转到了不受信任的地址。</translation>
+    </message>
+    <message>
+        <source>update_error_refused</source>
+        <translation>服务器未提供版本列表。</translation>
+    </message>
+    <message>
+        <source>update_error_timeout</source>
+        <translation>服务器响应时间过长。请稍后重试。</translation>
+    </message>
+    <message>
+        <source>update_error_too_large</source>
+        <translation>版本列表超出了应有的大小。</translation>
+    </message>
+    <message>
+        <source>update_error_unreachable</source>
+        <translation>无法连接到服务器。请检查网络连接后重试。</translation>
+    </message>
+    <message>
+        <source>update_error_unreadable</source>
+        <translation>版本列表已损坏或包含不应有的内容。</translation>
+    </message>
+    <message>
+        <source>update_error_version</source>
+        <translation>版本列表中包含无效的版本号。</translation>
+    </message>
+    <message>
+        <source>update_failed_title</source>
+        <translation>Calmora 无法检查更新。</translation>
+    </message>
+    <message>
+        <source>update_notification_text</source>
+        <translation>要了解新内容，请在 Calmora 的菜单中选择“检查更新…”。</translation>
+    </message>
+    <message>
+        <source>update_open_page</source>
+        <translation>打开网页</translation>
+    </message>
+    <message>
+        <source>update_packaged</source>
+        <translation>更新随系统软件包提供。</translation>
     </message>
     <message>
         <source>File</source>

@@ -10,10 +10,15 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace calmora {
 namespace {
 
 constexpr int faceHeight = 36;
+constexpr int leastWidth = 200;
+/// Left and right of the text, together.
+constexpr int textInset = 16;
 constexpr double pressedScale = 0.96;
 constexpr int scaleMilliseconds = 100;
 constexpr int farthestMove = 10;
@@ -42,7 +47,9 @@ void QuitAllButton::setForceQuit(bool isForceQuit) {
 }
 
 QSize QuitAllButton::sizeHint() const {
-    return {200, faceHeight + 2 * metrics::focusRing};
+    const int text = QFontMetrics(Theme::font(TextStyle::headline)).horizontalAdvance(this->text());
+    return {std::max(leastWidth, text + textInset + 2 * metrics::focusRing),
+            faceHeight + 2 * metrics::focusRing};
 }
 
 QRect QuitAllButton::face() const {
@@ -130,8 +137,8 @@ void QuitAllButton::paintEvent(QPaintEvent*) {
     painter.setPen(theme.color(ThemeColor::onAccent));
     painter.setFont(Theme::font(TextStyle::headline));
     painter.drawText(bounds, Qt::AlignCenter,
-                     painter.fontMetrics().elidedText(text(), Qt::ElideRight,
-                                                      static_cast<int>(bounds.width()) - 16));
+                     painter.fontMetrics().elidedText(
+                         text(), Qt::ElideRight, static_cast<int>(bounds.width()) - textInset));
     if (showsFocus(*this)) {
         drawFocusRing(painter, bounds, metrics::buttonRadius, theme);
     }

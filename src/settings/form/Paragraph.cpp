@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <limits>
@@ -26,8 +27,11 @@ int wrappedHeight(const QFont& font, const QString& text, int width) {
 
 int longestWord(const QFont& font, const QString& text) {
     const QFontMetrics metrics(font);
+    // Not every script has spaces between its words, or breaks lines only between words.
+    QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
     int longest = 0;
-    for (const QString& word : text.split(u' ')) {
+    for (qsizetype start = 0, end = 0; (end = breaks.toNextBoundary()) >= 0; start = end) {
+        const QString word = text.sliced(start, end - start).trimmed();
         longest = std::max(longest, metrics.horizontalAdvance(word));
     }
     return longest;

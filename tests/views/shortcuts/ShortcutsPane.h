@@ -27,7 +27,8 @@ namespace calmora {
 struct ShortcutsPane {
     /// `unavailable` is why no key can be taken; `limitation` is where shortcuts do not work.
     explicit ShortcutsPane(std::optional<std::string> unavailable = {},
-                           const std::string& limitation = {}) {
+                           const std::string& limitation = {}, const QLocale& locale = QLocale::c())
+        : strings(locale, keyboardShortcutsCatalogue()) {
         hotKeys.reason = std::move(unavailable);
         environment.limitation = limitation;
         window.resize(450, 300);
@@ -46,7 +47,7 @@ struct ShortcutsPane {
     FakeKeyboardLayout layout;
     FakeText text;
     FakeLocalizedStrings programStrings;
-    QtLocalizedStrings strings{QLocale::c(), keyboardShortcutsCatalogue()};
+    QtLocalizedStrings strings;
     FakeSystemShortcuts desktop;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
     RecorderEnvironment environment{

@@ -1,0 +1,152 @@
+// Every window in every language: no text may be cut off.
+
+#include "app/AboutPanel.h"
+#include "app/SettingsView.h"
+#include "platform/qt/alerts/AlertPanel.h"
+#include "settings/SettingsFixture.h"
+#include "shortcuts/ShortcutsPane.h"
+#include "theme/Metrics.h"
+#include "ui/DisplayText.h"
+#include "ui/ForceQuitConfirmation.h"
+#include "ui/PopoverFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QScrollArea>
+#include <QStackedWidget>
+
+namespace calmora {
+namespace {
+
+bool hasText(const QWidget& widget) {
+    return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QTabBar*>(&widget);
+}
+
+/// What a widget needs to show its text: all in one line, or as many lines as its width makes.
+QSize needed(const QWidget& widget) {
+    if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) {
+        return {field->fontMetrics().horizontalAdvance(field->placeholderText()) + 8, 0};
+    }
+    if (widget.objectName() == "backgroundHeader" || widget.objectName() == "emptyState") {
+        return {widget.fontMetrics().horizontalAdvance(widget.accessibleName()), 0};
+    }
+    if (!hasText(widget)) {
+        return {};
+    }
+    return widget.hasHeightForWidth()
+               ? QSize(widget.minimumSizeHint().width(), widget.heightForWidth(widget.width()))
+               : widget.sizeHint();
+}
+
+/// What is below a scroll area may go on downwards.
+void expectWhole(QWidget& window, const std::string& what) {
+    QApplication::processEvents();
+    int seen = 0;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const QSize need = needed(*widget);
+        if (!widget->isVisible() || need.isEmpty()) {
+            continue;
+        }
+        ++seen;
+        const std::string name =
+            what + ", " + widget->metaObject()->className() + " \"" +
+            (widget->property("text").toString() + widget->accessibleName()).toStdString() + "\"";
+        EXPECT_GE(widget->width(), need.width()) << name;
+        EXPECT_GE(widget->height(), need.height()) << name;
+        for (const QWidget* at = widget; at != &window; at = at->parentWidget()) {
+            EXPECT_GE(at->x(), 0) << name;
+            EXPECT_LE(at->geometry().right(), at->parentWidget()->rect().right()) << name;
+        }
+    }
+    EXPECT_GT(seen, 1) << what;
+}
+
+class Clipping : public testing::TestWithParam<const char*> {
+  protected:
+    void SetUp() override {
+        // A script without a font has boxes for letters, and their width says nothing.
+        const QString sample = uiText("Quit All");
+        for (const uint letter : sample.toUcs4()) {
+            ASSERT_TRUE(QFontMetrics(QApplication::font()).inFontUcs4(letter)) << letter;
+        }
+    }
+
+    const QLocale locale{GetParam()};
+    const QtLocalizedStrings strings{locale};
+};
+
+TEST_P(Clipping, Popover) {
+    PopoverFixture popover;
+    popover.launch(100, "Files");
+    popover.launch(101, "Mail");
+    popover.launch(102, "Agent", ActivationPolicy::accessory);
+    popover.settings.setViewBackgroundApps(true);
+    popover.window.show();
+    expectWhole(popover.window, "popover");
+    popover.machine.events.flags.emit({ModifierFlags::option});
+    popover.model.toggleWhitelist(100);
+    expectWhole(popover.window, "popover in force mode");
+    popover.model.setSearchText("zebra");
+    expectWhole(popover.window, "popover that finds nothing");
+}
+
+TEST_P(Clipping, Settings) {
+    SettingsFixture settings;
+    settings.machine.workspace.launch({.pid = 10, .name = "Mail", .bundleIdentifier = "mail"});
+    settings.machine.workspace.launch({.pid = 11, .name = "Files", .bundleIdentifier = "files"});
+    ShortcutsPane shortcuts({}, {}, locale);
+    SettingsView view(settings.settings, settings.updater,
+                      {.platform = settings.machine.platform(),
+                       .loginItem = settings.loginItem,
+                       .recorders = shortcuts.environment,
+                       .icon = {}});
+    view.show();
+    auto* tabs = view.findChild<QTabBar*>();
+    for (int pane = 0; pane < tabs->count(); ++pane) {
+        tabs->setCurrentIndex(pane);
+        expectWhole(view, "settings, pane " + std::to_string(pane));
+    }
+    auto& recorder = *view.findChild<QWidget*>("quitAll")->findChild<RecorderCocoa*>();
+    tabs->setCurrentIndex(1);
+    view.activateWindow();
+    QApplication::processEvents();
+    recorder.setFocus();
+    ASSERT_TRUE(recorder.isRecording());
+    expectWhole(view, "recording");
+
+    tabs->setCurrentIndex(0);
+    view.findChild<QAbstractButton*>("addApp")->click();
+    auto* sheet = view.findChild<QDialog*>("addAppSheet");
+    settings.settings.addToNeverQuit("mail");
+    expectWhole(*sheet, "sheet");
+    expectWhole(view, "settings with a protected application");
+}
+
+TEST_P(Clipping, AboutAndQuestions) {
+    AboutPanel about(strings, {}, {});
+    about.show();
+    expectWhole(about, "about");
+
+    FakeAlerts alerts;
+    EXPECT_FALSE(confirmForceQuitAll(alerts, strings, 23));
+    EXPECT_FALSE(confirmForceQuit(alerts, strings, "GNU Image Manipulation Program", {}));
+    for (const Alert& alert : alerts.shown) {
+        AlertPanel panel(alert, {}, [](std::size_t) {});
+        panel.setFixedWidth(panel.sizeHint().width());
+        panel.show();
+        expectWhole(panel, alert.messageText);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Clipping,
+                         testing::Values("en", "de", "fr", "es", "ja", "zh_CN"));
+
+} // namespace
+} // namespace calmora
