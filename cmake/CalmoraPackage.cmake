@@ -1,0 +1,47 @@
+# What is installed beside program and resources for a system's sake, and the Debian package:
+# `cmake --build BUILD --target package`.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME calmora)
+set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
+set(CPACK_PACKAGE_CONTACT "The Calmora developers <developers@calmora.example>")
+set(CPACK_PACKAGE_VENDOR "The Calmora developers")
+string(TOLOWER "${PROJECT_DESCRIPTION}" CPACK_PACKAGE_DESCRIPTION_SUMMARY)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "Calmora lives as one small icon in the status bar. A click opens the list of
+the applications that run, with their CPU and memory use. It quits one of
+them or all ticked ones: politely, so that unsaved work can be saved, or by
+force. Applications can be protected, or quit by themselves when they were
+not used for a chosen time.")
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# Libraries are found in the binaries. What is opened only at run time, and can be missing, is
+# recommended: the sound, the symbols of applications, Qt's own texts, a bus to be found on.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "adwaita-icon-theme, default-dbus-session-bus | dbus-session-bus, libcanberra-pulse, libcanberra0, qt6-translations-l10n")
+include(CPack)
+
+set(documents "${PROJECT_BINARY_DIR}/documents")
+configure_file(packaging/changelog.in "${documents}/changelog.Debian" @ONLY)
+configure_file(packaging/calmora.1.in "${documents}/calmora.1" @ONLY)
+configure_file(CHANGELOG.md "${documents}/changelog" COPYONLY)
+set(compressed "")
+foreach(document IN ITEMS calmora.1 changelog changelog.Debian)
+    add_custom_command(OUTPUT "${documents}/${document}.gz"
+                       COMMAND gzip -9nkf "${documents}/${document}"
+                       DEPENDS "${documents}/${document}")
+    list(APPEND compressed "${documents}/${document}.gz")
+endforeach()
+add_custom_target(calmora_documents ALL DEPENDS ${compressed})
+install(FILES "${documents}/calmora.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES "${documents}/changelog.gz" "${documents}/changelog.Debian.gz" packaging/copyright
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}")

@@ -1,0 +1,84 @@
+"""The Debian package, unpacked into a root of its own: what it says, and the program in it."""
+
+import os
+import pathlib
+import re
+import struct
+import subprocess
+import tempfile
+import unittest
+
+from desktop_case import DesktopCase, PopoverDriver
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD = pathlib.Path(os.environ["CALMORA_BUILD"])
+APP_ID = "app.calmora.Calmora"
+
+
+class Package(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.deb = max((BUILD / "package").glob("*.deb"), key=lambda file: file.stat().st_mtime)
+        folder = tempfile.TemporaryDirectory(prefix="calmora-package-")
+        cls.addClassCleanup(folder.cleanup)
+        cls.usr = pathlib.Path(folder.name) / "usr"
+        subprocess.run(["dpkg-deb", "-x", cls.deb, folder.name], check=True)
+
+    def test_tells_the_system_what_it_is(self):
+        share = self.usr / "share"
+        desktop = share / f"applications/{APP_ID}.desktop"
+        metainfo = share / f"metainfo/{APP_ID}.metainfo.xml"
+        for command in (["desktop-file-validate", desktop],
+                        ["appstreamcli", "validate", "--no-net", metainfo]):
+            done = subprocess.run(command, capture_output=True, text=True, check=False)
+            self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        tables = (ROOT / "resources/translations").glob("calmora_*.ts")
+        languages = {file.stem.split("_", 1)[1] for file in tables} - {"en"}
+        self.assertGreater(len(languages), 4)
+        for key in ("GenericName", "Comment", "Keywords"):
+            self.assertEqual(set(re.findall(rf"{key}\[(\w+)\]", desktop.read_text())), languages)
+        for tag in ("summary", "p", "li"):
+            found = set(re.findall(rf'<{tag} xml:lang="([\w-]+)"', metainfo.read_text()))
+            self.assertEqual({tag.replace("-", "_") for tag in found}, languages)
+        self.assertIn("<project_license>MIT<", metainfo.read_text())
+        self.assertIn("License: MIT", (share / "doc/calmora/copyright").read_text())
+        for picture in share.glob(f"icons/hicolor/*x*/apps/{APP_ID}.png"):
+            size = struct.unpack(">II", picture.read_bytes()[16:24])
+            self.assertEqual("%dx%d" % size, picture.parts[-3])
+
+        control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
+                                 capture_output=True).stdout
+        for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6", "libxcb1", "libc6")),
+                                ("Recommends", ("libcanberra0", "libcanberra-pulse"))):
+            line = re.search(rf"^{field}: (.*)$", control, re.MULTILINE)[1]
+            self.assertEqual([p for p in packages if p not in re.split(r"[ ,]+", line)], [])
+
+    def test_runs_without_the_source_tree(self):
+        files = [file for file in self.usr.rglob("*") if file.is_file()]
+        for needed in ("bin/calmora", f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
+                       f"share/icons/hicolor/48x48/apps/{APP_ID}.png"):
+            self.assertIn(self.usr / needed, files)
+        # What it cannot name it cannot reach: its environment and its folder are the desktop's.
+        for file in files:
+            for place in (ROOT, BUILD):
+                self.assertNotIn(str(place).encode(), file.read_bytes(), file)
+
+        desktop = self.open_desktop()
+        desktop.environment["LANG"] = "de_DE.UTF-8"
+        terminal = self.start_application("xterm")
+        driver = self.driver = PopoverDriver(desktop, self.usr / "bin/calmora")
+        driver.click_icon()
+        driver.button("Alle beenden")
+        driver.press("XTerm beenden")
+        self.wait_for_exit(terminal)
+        driver.press("Einstellungen")
+        for tab, text in (("Tastenkürzel", "Tastenkürzel wirken"), ("Info", "Version ")):
+            desktop.click_node(desktop.wait_for_node(driver.calmora, "page tab", tab))
+            desktop.wait_for_node(driver.calmora, "label", text)
+        opened = pathlib.Path(f"/proc/{driver.calmora.pid}/maps").read_text()
+        self.assertIn(str(self.usr / "bin/calmora"), opened)
+        self.assertNotIn(str(ROOT), opened)
+
+
+if __name__ == "__main__":
+    unittest.main()
