@@ -53,6 +53,7 @@ class ListContent final : public QWidget {
 
 void showWindow(QWidget& window, const Image& icon) {
     window.setWindowIcon(imagePixmap(icon, windowIconSide, 1));
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
     window.activateWindow();

@@ -28,6 +28,7 @@
 
 #include <memory>
 #include <string>
+#include <sys/socket.h>
 
 namespace calmora {
 namespace {
@@ -48,7 +49,7 @@ class RecorderOnX11 : public testing::Test {
   protected:
     void SetUp() override {
         auto* layoutBox = new QVBoxLayout(&window);
-        for (const char* name : {"activateMenu", "quitAll"}) {
+        for (const char* name : {"activateMenu", "quitAll", "activateMenu"}) {
             layoutBox->addWidget(
                 new Recorder(environment, name, shortcuts.name(name), nullptr, &window));
         }
@@ -121,6 +122,7 @@ TEST_F(RecorderOnX11, RecordsWhatThenWorksFromAnywhere) {
     tap({controlKey, altKey, kKey});
     EXPECT_EQ(stored("activateMenu"), controlOptionK);
     EXPECT_EQ(recorder(0).text(), "⌃⌥K");
+    EXPECT_EQ(recorder(2).text(), "⌃⌥K") << "another recorder of the name";
     EXPECT_EQ(takeHeard(), "") << "the press that was recorded";
     tap({controlKey, altKey, kKey});
     EXPECT_EQ(takeHeard(), "a");
@@ -216,6 +218,20 @@ TEST_F(RecorderOnX11, ShortcutsWorkWhileAMenuIsOpen) {
     EXPECT_EQ(takeHeard(), "q") << "registered again";
 }
 
+TEST_F(RecorderOnX11, OutlivesTheConnectionForHotKeys) {
+    shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
+    ::shutdown(xcb_get_file_descriptor(keyboard.connection().get()), SHUT_RDWR);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !keyboard.isAlive(); }));
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "");
+    EXPECT_NE(shortcuts.unavailableReason(), std::nullopt);
+    click(recorder(0));
+    testing::internal::CaptureStdout();
+    tap({controlKey, altKey, jKey});
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌃⌥J: 1\n");
+    EXPECT_EQ(stored("activateMenu"), R"({"carbonKeyCode":38,"carbonModifiers":6144})");
+}
+
 } // namespace
 } // namespace calmora
 
@@ -225,7 +241,7 @@ int main(int argc, char** argv) {
         return RUN_ALL_TESTS();
     }
     calmora::VirtualDesktopOptions options;
-    options.windowManager = "openbox";
+    options.windowManager = argc > 1 ? argv[1] : "openbox";
     calmora::VirtualDesktop someDesktop(options);
     calmora::desktop = &someDesktop;
     for (const auto& [name, value] : someDesktop.environment()) {

@@ -2,8 +2,8 @@
 
 #include "platform/qt/popover/PopoverPlacement.h"
 
+#include <QApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
 
@@ -68,6 +68,10 @@ void QtPopover::show(std::optional<Rect> anchor) {
     if (loan_ || screens.empty() || alerts_.isOpen() ||
         guard_.refuses(std::chrono::steady_clock::now())) {
         return;
+    }
+    // A menu of ours, from which a shortcut was pressed, would keep the keyboard.
+    for (QWidget* menu = QApplication::activePopupWidget(); menu && menu->close();
+         menu = QApplication::activePopupWidget()) {
     }
     willShow_.emit();
     anchor_ = anchor;
