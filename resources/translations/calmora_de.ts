@@ -372,6 +372,10 @@
         <translation>Tastenkürzel wirken in jedem Programm.</translation>
     </message>
     <message>
+        <source>On Wayland, only X11 applications are listed.</source>
+        <translation>Unter Wayland werden nur X11-Programme aufgeführt.</translation>
+    </message>
+    <message>
         <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
         <translation>Unter Wayland wirken Tastenkürzel nur, solange ein X11-Programm im Vordergrund ist.</translation>
     </message>

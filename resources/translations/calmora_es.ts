@@ -372,6 +372,10 @@
         <translation>Los atajos funcionan desde cualquier aplicación.</translation>
     </message>
     <message>
+        <source>On Wayland, only X11 applications are listed.</source>
+        <translation>En Wayland solo se muestran las aplicaciones X11.</translation>
+    </message>
+    <message>
         <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
         <translation>En Wayland, los atajos solo funcionan mientras una aplicación X11 está en primer plano.</translation>
     </message>

@@ -372,6 +372,10 @@
         <translation>Les raccourcis fonctionnent dans toutes les applications.</translation>
     </message>
     <message>
+        <source>On Wayland, only X11 applications are listed.</source>
+        <translation>Sous Wayland, seules les applications X11 sont affichées.</translation>
+    </message>
+    <message>
         <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
         <translation>Sous Wayland, les raccourcis ne fonctionnent que lorsqu’une application X11 est au premier plan.</translation>
     </message>

@@ -368,6 +368,10 @@
         <translation>ショートカットはどのアプリからでも使えます。</translation>
     </message>
     <message>
+        <source>On Wayland, only X11 applications are listed.</source>
+        <translation>Waylandでは、X11のアプリだけが表示されます。</translation>
+    </message>
+    <message>
         <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
         <translation>Waylandでは、X11のアプリが手前にあるときだけショートカットを使えます。</translation>
     </message>

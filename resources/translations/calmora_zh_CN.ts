@@ -368,6 +368,10 @@
         <translation>快捷键在任何应用中都有效。</translation>
     </message>
     <message>
+        <source>On Wayland, only X11 applications are listed.</source>
+        <translation>在 Wayland 下仅列出 X11 应用。</translation>
+    </message>
+    <message>
         <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
         <translation>在 Wayland 下，仅当 X11 应用位于前台时快捷键才有效。</translation>
     </message>

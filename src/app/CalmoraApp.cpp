@@ -28,6 +28,13 @@ namespace {
 /// Title bars and task switchers take what they need from this size.
 constexpr int windowIconSide = 64;
 
+/// A Wayland compositor tells its X server only of the windows that X11 applications have.
+std::string listLimitation() {
+    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+               ? "On Wayland, only X11 applications are listed."
+               : "";
+}
+
 std::unique_ptr<TransientWindows> makeTransientWindows() {
     if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
         return std::make_unique<X11TransientWindows>();
@@ -102,7 +109,8 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
                                           .eventMonitor = eventMonitor_,
                                           .popover = *popover,
                                           .inputGate = inputGate_,
-                                          .openSettings = [this] { openSettings(); }});
+                                          .openSettings = [this] { openSettings(); },
+                                          .limitation = listLimitation()});
     willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     didClose_ = popover->onDidClose([this] { looking_.reset(); });
     popover->setContent(std::move(list));

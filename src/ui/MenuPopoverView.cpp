@@ -173,6 +173,17 @@ void MenuPopoverView::build() {
     column->addWidget(new Divider(this));
     column->addWidget(area_, 1);
     column->addWidget(new Divider(this));
+    if (!surroundings_.limitation.empty()) {
+        auto* limitation =
+            new Label(TextStyle::caption2, QFont::Normal, ThemeColor::secondary, this);
+        limitation->setObjectName("limitation");
+        limitation->setWordWrap(true);
+        limitation->setText(uiText(surroundings_.limitation.c_str()));
+        auto* line = new QHBoxLayout;
+        line->setContentsMargins(metrics::inset, 6, metrics::inset, 0);
+        line->addWidget(limitation);
+        column->addLayout(line);
+    }
     auto* footer = new QHBoxLayout;
     footer->setContentsMargins(metrics::inset - ring, 8 - ring, metrics::inset - ring, 8 - ring);
     footer->setSpacing(8);

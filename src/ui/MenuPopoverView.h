@@ -40,6 +40,8 @@ struct MenuPopoverSurroundings {
     InputGate& inputGate;
     /// Opens the settings window.
     std::function<void()> openSettings = nullptr;
+    /// Key of the text that says what this desktop keeps from the list; empty means nothing.
+    std::string limitation = {};
 };
 
 /// The content of the popover: Quit All, select-all and search, the list of applications with the

@@ -83,7 +83,7 @@ class Clipping : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(Clipping, Popover) {
-    PopoverFixture popover;
+    PopoverFixture popover("On Wayland, only X11 applications are listed.");
     popover.launch(100, "Files");
     popover.launch(101, "Mail");
     popover.launch(102, "Agent", ActivationPolicy::accessory);

@@ -10,12 +10,16 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 
 namespace calmora {
 
 /// A popover over a machine in memory, in a window of its size.
 struct PopoverFixture {
-    PopoverFixture() { window.resize(360, 500); }
+    explicit PopoverFixture(std::string shownLimitation = {})
+        : limitation(std::move(shownLimitation)) {
+        window.resize(360, 500);
+    }
 
     /// Starts an application that ends at once when it is asked to.
     void launch(ProcessId pid, const std::string& name,
@@ -38,6 +42,7 @@ struct PopoverFixture {
         counters->userTime += static_cast<std::uint64_t>(percent * 1e7);
     }
 
+    std::string limitation;
     FakePlatform machine;
     FakeInputGate inputGate;
     AppSettings settings{machine.defaults};
@@ -49,7 +54,8 @@ struct PopoverFixture {
                                                  .eventMonitor = machine.events,
                                                  .popover = machine.popover,
                                                  .inputGate = inputGate,
-                                                 .openSettings = [this] { ++settingsOpened; }},
+                                                 .openSettings = [this] { ++settingsOpened; },
+                                                 .limitation = limitation},
                                                 &window);
 };
 
