@@ -1,10 +1,10 @@
 #include "settings/form/BorderedButton.h"
 
+#include "settings/form/FormKeys.h"
 #include "settings/form/FormMetrics.h"
 #include "theme/Pictures.h"
 
 #include <QFontMetrics>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -46,9 +46,7 @@ QSize BorderedButton::sizeHint() const {
 }
 
 void BorderedButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!handleFormKey(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }

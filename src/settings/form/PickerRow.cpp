@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QWheelEvent>
@@ -43,6 +44,14 @@ QSize Picker::sizeHint() const {
 void Picker::showPopup() {
     view()->setFont(Theme::font(TextStyle::body));
     QComboBox::showPopup();
+}
+
+void Picker::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        showPopup();
+    } else {
+        QComboBox::keyPressEvent(event);
+    }
 }
 
 void Picker::wheelEvent(QWheelEvent* event) {

@@ -16,8 +16,8 @@ struct PickerOption {
     std::int64_t value = 0;
 };
 
-/// A button that shows the chosen option and opens the list of them. The wheel scrolls what it
-/// stands in and never changes it.
+/// A button that shows the chosen option and opens the list of them, by Return too. The wheel
+/// scrolls what it stands in and never changes it.
 class Picker final : public QComboBox {
   public:
     explicit Picker(QWidget* parent = nullptr);
@@ -29,6 +29,7 @@ class Picker final : public QComboBox {
     void showPopup() override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };

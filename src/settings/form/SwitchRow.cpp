@@ -1,11 +1,11 @@
 #include "settings/form/SwitchRow.h"
 
+#include "settings/form/FormKeys.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/Paragraph.h"
 #include "theme/Theme.h"
 
 #include <QFontMetrics>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -65,9 +65,7 @@ bool SwitchRow::hitButton(const QPoint& position) const {
 }
 
 void SwitchRow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!handleFormKey(*this, *event)) {
         QCheckBox::keyPressEvent(event);
     }
 }

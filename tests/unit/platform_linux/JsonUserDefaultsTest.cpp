@@ -101,7 +101,7 @@ TEST_F(JsonUserDefaultsTest, WritesWhatIsPendingWhenItEnds) {
 }
 
 TEST_F(JsonUserDefaultsTest, KeepsADamagedFileAside) {
-    for (const std::string damaged : {"{\"a\": tru", "", "[1, 2]", "\xff\xfe\x00", "null"}) {
+    for (const std::string damaged : {"{\"a\": tru", "[1, 2]", "\xff\xfe\x00", "null"}) {
         folder.write("calmora/preferences.json", damaged);
         testing::internal::CaptureStderr();
         JsonUserDefaults defaults(file, loop);
@@ -121,17 +121,21 @@ TEST_F(JsonUserDefaultsTest, KeepsADamagedFileAside) {
     }
 }
 
-TEST_F(JsonUserDefaultsTest, WritesEverythingAgainWhenTheFileIsDamagedMeanwhile) {
-    JsonUserDefaults defaults(file, loop);
-    defaults.set("first", true);
-    loop.turn();
-    folder.write("calmora/preferences.json", "{");
-    defaults.set("second", true);
-    testing::internal::CaptureStderr();
-    loop.turn();
-    testing::internal::GetCapturedStderr();
-    const JsonUserDefaults again(file, loop);
-    EXPECT_TRUE(again.boolean("first") && again.boolean("second"));
+TEST_F(JsonUserDefaultsTest, WritesEverythingAgainWhenTheFileIsDamagedOrEmptiedMeanwhile) {
+    for (const std::string left : {"", " \n", "{"}) {
+        testing::internal::CaptureStderr();
+        folder.write("calmora/preferences.json", left == "{" ? "{}" : left);
+        JsonUserDefaults defaults(file, loop);
+        defaults.set("first", true);
+        loop.turn();
+        folder.write("calmora/preferences.json", left);
+        defaults.set("second", true);
+        loop.turn();
+        EXPECT_EQ(testing::internal::GetCapturedStderr().empty(), left != "{")
+            << "an empty file is no loss to speak of";
+        const JsonUserDefaults again(file, loop);
+        EXPECT_TRUE(again.boolean("first") && again.boolean("second")) << left;
+    }
 }
 
 TEST_F(JsonUserDefaultsTest, NeverCutsTheOldFileWhenTheDiskIsFull) {

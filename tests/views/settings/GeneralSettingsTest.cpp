@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -161,6 +162,29 @@ TEST_F(GeneralSettingsTest, EveryPickerOffersItsOptionsAndEditsItsPreference) {
     }
     settings.resetToDefaults();
     EXPECT_EQ(picker("resourceDisplay").currentText(), "CPU Only");
+}
+
+TEST_F(GeneralSettingsTest, ArrowsScrollAndNeverLeadIntoAPicker) {
+    settings.setAutoQuitEnabled(true);
+    open();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* bar = view->findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum() / 2);
+    const auto stored = machine.defaults.stored;
+    for (const char* name : {"viewBackgroundApps", "autoQuitEnabled", "resetAllSettings"}) {
+        QAbstractButton& control = button(name);
+        control.setFocus();
+        for (const auto& [key, moves] : {std::pair(Qt::Key_Up, -1), {Qt::Key_Down, 1}}) {
+            const int before = bar->value();
+            QTest::keyClick(&control, key);
+            EXPECT_TRUE(control.hasFocus()) << name;
+            EXPECT_GT((bar->value() - before) * moves, 0) << name << " " << moves;
+        }
+    }
+    EXPECT_EQ(machine.defaults.stored, stored);
+    QTest::keyClick(&picker("sortOrder"), Qt::Key_Return);
+    EXPECT_TRUE(picker("sortOrder").view()->isVisible());
 }
 
 TEST_F(GeneralSettingsTest, KeepsMinutesThatItDoesNotOffer) {

@@ -19,7 +19,7 @@ namespace {
 using Json = nlohmann::json;
 
 /// What the file holds now.
-enum class FileState { absent, readable, damaged, unreadable };
+enum class FileState { absent, empty, readable, damaged, unreadable };
 
 struct FileContent {
     FileState state = FileState::absent;
@@ -32,6 +32,10 @@ FileContent readFile(const std::filesystem::path& file) {
     const auto text = readTextFile(file);
     if (!text) {
         content.state = errno == ENOENT ? FileState::absent : FileState::unreadable;
+        return content;
+    }
+    if (text->find_first_not_of(" \t\r\n") == std::string::npos) {
+        content.state = FileState::empty;
         return content;
     }
     Json parsed = Json::parse(*text, nullptr, false);
@@ -206,13 +210,12 @@ bool JsonUserDefaults::flush() {
         return false; // Whatever it is, it is not ours to replace.
     }
     if (content.state == FileState::damaged) {
+        isDamagedInPlace_ = isDamagedInPlace_ || !keepAside(file_);
         if (isDamagedInPlace_) {
             return false;
         }
-        isDamagedInPlace_ = !keepAside(file_);
-        if (isDamagedInPlace_) {
-            return false;
-        }
+    }
+    if (content.state == FileState::damaged || content.state == FileState::empty) {
         // All that is known goes into the new file.
         for (const auto& [key, value] : values_) {
             content.object[key] = jsonOf(value);

@@ -19,8 +19,9 @@ namespace calmora {
 /// A change is merged key by key into the file as it is on disk at that time, so that what
 /// another program wrote beside it stays, and reaches the disk whole or not at all (written to a
 /// file beside it, synced, renamed). A file that is no JSON object is kept aside under a name with
-/// a time stamp, with one line on standard error. What cannot be written holds for the life of
-/// the process and is tried again with the next change and at the end. Main thread.
+/// a time stamp, with one line on standard error; an empty one has nothing to keep. What cannot be
+/// written holds for the life of the process and is tried again with the next change and at the
+/// end. Main thread.
 class JsonUserDefaults final : public UserDefaults {
   public:
     /// Reads `file`, which need not exist. Changes are written on the next turn of `runLoop`.
