@@ -1,5 +1,5 @@
-"""Prints, as JSON, what a screen reader sees of a program: role, name, description, states, place
-on the screen, children.
+"""Prints, as JSON, what a screen reader sees of a program: role, name, label, description, states,
+place on the screen, children. The options of a closed picker, which are nowhere, are left out.
 
 Usage: accessible_tree.py PROCESS_ID
 """
@@ -21,19 +21,29 @@ STATES = {
 }
 
 
+def label_of(node):
+    """The name of what labels a node; empty where nothing does."""
+    for relation in node.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            return relation.get_target(0).get_name()
+    return ""
+
+
 def describe(node):
     """One node with its children; None for a node that vanished meanwhile."""
     try:
         states = node.get_state_set()
         place = node.get_extents(Atspi.CoordType.SCREEN)
+        children = 0 if node.get_role() == Atspi.Role.COMBO_BOX else node.get_child_count()
         return {
             "role": node.get_role_name(),
             "name": node.get_name(),
+            "label": label_of(node),
             "description": node.get_description(),
             "states": [name for name, state in STATES.items() if states.contains(state)],
             "x": place.x, "y": place.y, "width": place.width, "height": place.height,
             "children": [child for child in (describe(node.get_child_at_index(i))
-                                             for i in range(node.get_child_count())) if child],
+                                             for i in range(children)) if child],
         }
     except (GLib.Error, AttributeError):
         return None

@@ -8,10 +8,11 @@ import time
 class PopoverDriver:
     """One running Calmora on a desktop."""
 
-    def __init__(self, desktop, program):
+    def __init__(self, desktop, program, *wrapper, **options):
+        """Starts it, by a wrapper that turns into it where one is given."""
         self.desktop = desktop
         self.program = str(program)
-        self.calmora = desktop.start(self.program)
+        self.calmora = desktop.start(*wrapper, self.program, **options)
 
     def icon(self):
         """The middle of Calmora's icon in the tray; None while there is none."""
@@ -65,7 +66,7 @@ class PopoverDriver:
 
     def rows(self):
         """What the rows of the list say, from top to bottom."""
-        return [node["name"] for node in self.nodes("list item")]
+        return [node["name"] for node in sorted(self.nodes("list item"), key=lambda row: row["y"])]
 
     def wait_for_row(self, name, seconds=5.0):
         """Waits until a row begins so."""

@@ -38,11 +38,7 @@ class Quitting(DesktopCase):
 
     def test_unsaved_text_is_asked_for_and_never_lost(self):
         self.open_desktop()
-        editor = self.start_application("mousepad")
-        self.desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
-        self.desktop.xdotool("type", "unsaved")
-        self.desktop.wait_until(lambda: any("*" in title for title in self.titles(editor)),
-                                "an edited document")
+        editor = self.start_unsaved_editor()
         driver = self.start_calmora()
         driver.open()
         driver.press("Quit Mousepad")
@@ -56,10 +52,6 @@ class Quitting(DesktopCase):
         self.assert_alive(editor)
         self.assertEqual(self.desktop.windows_of(editor.pid), dialogs,
                          "the second request disturbed the dialog")
-
-    def titles(self, child):
-        return [self.desktop.output("xdotool", "getwindowname", window)
-                for window in self.desktop.windows_of(child.pid)]
 
 
 class ForceMode(DesktopCase):
@@ -125,25 +117,6 @@ class ForceMode(DesktopCase):
 
 
 class Preferences(DesktopCase):
-    def test_protection_is_kept_and_shields(self):
-        desktop = self.open_desktop()
-        calculator = self.start_application("galculator")
-        driver = self.start_calmora()
-        driver.open()
-        driver.protect("Galculator")
-        desktop.wait_until(lambda: self.preferences().get("neverQuitApps") == ["galculator"],
-                           "the never-quit list on disk")
-        driver.calmora.terminate()
-        self.wait_for_exit(driver.calmora)
-        driver = self.start_calmora()
-        driver.open()
-        driver.wait_for_row("Galculator")
-        self.assertFalse([button for button in driver.nodes("push button")
-                          if button["name"] == "Quit Galculator"])
-        driver.press("Quit All")
-        time.sleep(0.5)
-        self.assert_alive(calculator)
-
     def test_a_corrupt_file_is_kept_aside(self):
         desktop = self.open_desktop()
         self.write_preferences({})

@@ -93,6 +93,7 @@ PickerRow::PickerRow(const QString& title, const std::vector<PickerOption>& opti
     : QWidget(parent), picker_(new Picker(this)) {
     auto* label = new Paragraph(title, TextStyle::body, ThemeColor::primary, this);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setBuddy(picker_); // Screen readers take a picker's name from its label.
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
                                metrics::rowPadding);

@@ -1,0 +1,284 @@
+"""The General pane with real clicks and keys: what its controls change in the popover and on disk."""
+
+import os
+import re
+import signal
+import subprocess
+import unittest
+
+from gi.repository import Gio, GLib
+
+from desktop_case import PROGRAM, WINDOW_CLIENT, DesktopCase, PopoverDriver
+
+DEFAULTS = {"openAtLogin": False, "neverQuitMusicApps": True, "deselectAppsByDefault": False,
+            "includeFinderWindows": False, "sortOrder": "alphabetical",
+            "resourceDisplay": "cpuOnly", "defaultQuitMode": "normal",
+            "viewBackgroundApps": False, "groupBackgroundInstances": True,
+            "autoQuitEnabled": False, "autoQuitMinutes": 30, "playSounds": False,
+            "neverQuitApps": []}
+AT_FIRST = r"^\+Galculator, [\d.]+%\n-Tunes, [\d.]+%$"
+# A control, the option to pick, the key with its new value, what the popover then shows. "+" is a
+# ticked row.
+CHANGES = [
+    ("Include Finder in app list", None, "includeFinderWindows", True, r"^\+File Manager"),
+    ("View background apps", None, "viewBackgroundApps", True, r"-Tunes, .*\n-Client, 1$"),
+    ("Group background instances", None, "groupBackgroundInstances", False,
+     r"-Tunes, .*\n-calmora_window_client, —$"),
+    ("Sort by", 1, "sortOrder", "cpuUsage", r"^-Tunes"),
+    ("Sort by", 2, "sortOrder", "memoryUsage", r"^\+.*\n\+.*\n-Tunes"),
+    ("Show resources", 2, "resourceDisplay", "both", r"Tunes, [\d.]+%, [\d.]+ MB\n"),
+    ("Show resources", 1, "resourceDisplay", "memoryOnly", r"Tunes, [\d.]+ MB\n"),
+    ("Show resources", 3, "resourceDisplay", "none", r"Tunes\n"),
+    ("Never quit music apps", None, "neverQuitMusicApps", False, r"\+Songs"),
+    ("Deselect apps by default", None, "deselectAppsByDefault", True, r"-XTerm"),
+    ("Default quit mode", 1, "defaultQuitMode", "force", ""),
+    ("Auto-quit inactive apps", None, "autoQuitEnabled", True, ""),
+    ("After", 2, "autoQuitMinutes", 15, ""),
+    ("Play sound on quit", None, "playSounds", True, ""),
+    ("Open Calmora at login", None, "openAtLogin", True, ""),
+]
+
+
+class PaneCase(DesktopCase):
+    """Works in the General pane of a Calmora beside which the popover opens and closes."""
+
+    def open_pane(self):
+        """Opens the settings from the popover."""
+        self.driver.open()
+        self.driver.press("Settings")
+        self.frame = self.desktop.wait_for_node(self.driver.calmora, "filler", "Calmora Settings")
+
+    def controls(self):
+        """What can be operated in the settings, with its state."""
+        return [node for node in self.desktop.accessible(self.driver.calmora)
+                if node["role"] in ("check box", "combo box", "push button")
+                and "showing" in node["states"]]
+
+    def states(self):
+        """Every switch and what every picker shows, by label."""
+        return {node["label"] or node["name"]: "checked" in node["states"] or node["name"]
+                for node in self.controls() if node["role"] != "push button"}
+
+    def protected(self):
+        """The applications that the never-quit list offers to remove."""
+        return [node["description"] for node in self.controls()
+                if node["name"] == "Remove from never-quit list"]
+
+    def control(self, name, description=""):
+        """A control, brought into sight by the wheel, which turns over switches and pickers."""
+        frame = self.frame
+        for _ in range(30):
+            node = next(node for node in self.controls() if name in (node["label"], node["name"])
+                        and node["description"].startswith(description))
+            below = node["y"] + node["height"] - (frame["y"] + frame["height"] - 10)
+            if below <= 0 and node["y"] > frame["y"] + 80:
+                return node
+            self.desktop.xdotool("mousemove", frame["x"] + 385, frame["y"] + 300,
+                                 "click", 5 if below > 0 else 4)
+        raise AssertionError(f"{name} cannot be reached")
+
+    def change(self, name, option):
+        """Turns a switch, or picks the option of that index."""
+        node, process = self.control(name), self.driver.calmora.pid
+        windows = len(self.desktop.windows_of(process))
+        self.desktop.click_node(node)
+        if option is not None:
+            self.desktop.wait_until(lambda: len(self.desktop.windows_of(process)) > windows,
+                                    f"options of {name}")
+            self.desktop.xdotool("key", "Home", *["Down"] * option, "Return")
+
+    def assert_popover(self, pattern):
+        """Waits until the rows of the popover, opened for it, match."""
+        self.driver.open()
+
+        def matches():
+            ticked = {node["name"] for node in self.driver.nodes("check box")
+                      if "checked" in node["states"]}
+            groups = [node["name"] for node in self.driver.nodes("push button")
+                      if re.search(r", \d+$", node["name"])]
+            return re.search(pattern, "\n".join(
+                ("+" if row.split(",")[0] in ticked else "-") + row
+                for row in self.driver.rows() + groups))
+        self.desktop.wait_until(matches, pattern)
+        self.driver.click_icon()
+        self.desktop.wait_until(lambda: not self.driver.is_open(), "closed popover")
+
+    def wait_for_preferences(self, expected):
+        self.desktop.wait_until(lambda: self.preferences() == expected, f"{expected} on disk")
+
+    def autostart(self):
+        return list(self.desktop.folder.glob("config/autostart/*.desktop"))
+
+
+class General(PaneCase):
+    def client(self, name, *options):
+        """A program that its desktop entry makes a music player; a busy one is nice to others."""
+        return self.start_application("nice", WINDOW_CLIENT, "--class", name, *options)
+
+    def test_every_control_acts_at_once_and_lasts(self):
+        desktop = self.open_desktop()
+        (desktop.folder / "data/applications").mkdir()
+        for identifier, name in (("spotify", "Tunes"), ("tidal-hifi", "Songs")):
+            (desktop.folder / f"data/applications/{identifier}.desktop").write_text(
+                f"[Desktop Entry]\nType=Application\nName={name}\nExec={name}\n"
+                f"StartupWMClass={name}\n")
+        child = desktop.folder / "child"
+        child.write_text(f"#!/bin/sh\nexec {WINDOW_CLIENT} --windows 0 --tray\n")
+        child.chmod(0o755)
+        for command in ("galculator", "pcmanfm"):
+            self.start_application(command)
+        self.client("Tunes", "--busy", "--child", child)
+        self.start_calmora()
+        self.assert_popover(AT_FIRST)
+        self.open_pane()
+        at_first, stored = self.states(), {"openAtLogin": False}
+        later = {"neverQuitMusicApps": lambda: self.client("Songs"),
+                 "deselectAppsByDefault": lambda: self.start_application("xterm")}
+        for name, option, key, value, pattern in CHANGES:
+            with self.subTest(name, value=value):
+                self.change(name, option)
+                stored[key] = value
+                self.wait_for_preferences(stored)
+                later.get(key, lambda: None)()
+                if pattern:
+                    self.assert_popover(pattern)
+        self.assertEqual(len(self.autostart()), 1)
+        self.assertIn(PROGRAM, self.autostart()[0].read_text())
+
+        changed = self.states()
+        self.driver.calmora.terminate()
+        self.wait_for_exit(self.driver.calmora)
+        self.start_calmora()
+        self.assert_popover(r"^-.*\n-.*\n(-.*\n)*.calmora_window_client$")
+        self.open_pane()
+        self.assertEqual(self.states(), changed)
+
+        desktop.click_node(self.control("Reset All Settings"))
+        self.wait_for_preferences(DEFAULTS)
+        self.assertEqual(self.states(), at_first)
+        self.assertEqual(self.autostart(), [])
+        self.assert_popover(r"^-Galculator, [\d.]+%\n-Songs, [\d.]+%\n-Tunes, [\d.]+%\n-XTerm")
+
+    def test_the_never_quit_list_protects_and_lasts(self):
+        desktop = self.open_desktop()
+        calculator = self.start_application("galculator")
+        terminal = self.start_application("xterm")
+        driver = self.start_calmora()
+        self.open_pane()
+        desktop.click_node(self.control("Add App"))
+        desktop.click_node(desktop.wait_until(
+            lambda: next((node for node in self.controls() if node["name"] == "Add"
+                          and node["description"] == "XTerm"), None), "XTerm in the sheet"))
+        desktop.wait_for_node(driver.calmora, "label", "Added")
+        driver.press("Done")
+        desktop.wait_until(lambda: "Done" not in str(self.controls()), "closed sheet")
+        driver.open()
+        driver.protect("Galculator")
+        desktop.wait_until(lambda: self.protected() == ["Galculator", "XTerm"], "both in the pane")
+
+        driver.calmora.terminate()
+        self.wait_for_exit(driver.calmora)
+        driver = self.start_calmora()
+        self.open_pane()
+        self.assertEqual(self.protected(), ["Galculator", "XTerm"])
+        desktop.click_node(self.control("Remove from never-quit list", "XTerm"))
+        driver.open()
+        driver.button("Quit XTerm")
+        self.assertNotIn("Quit Galculator", str(driver.nodes("push button")))
+        desktop.click_node(driver.nodes("check box")[0])
+        driver.press("Quit All")
+        self.wait_for_exit(terminal)
+        self.assert_alive(calculator)
+
+
+class NotificationServer:
+    """A desktop's notification service that keeps the texts of what it is told."""
+
+    NAME, PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
+    INTERFACE = """<node><interface name="org.freedesktop.Notifications">
+      <method name="GetCapabilities"><arg type="as" direction="out"/></method>
+      <method name="Notify"><arg type="s" direction="in"/><arg type="u" direction="in"/>
+        <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
+        <arg type="as" direction="in"/><arg type="a{sv}" direction="in"/>
+        <arg type="i" direction="in"/><arg type="u" direction="out"/></method>
+    </interface></node>"""
+
+    def __init__(self, bus):
+        flags = Gio.DBusConnectionFlags
+        self.notices = []
+        self.connection = Gio.DBusConnection.new_for_address_sync(
+            bus, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+        self.connection.register_object(
+            self.PATH, Gio.DBusNodeInfo.new_for_xml(self.INTERFACE).interfaces[0], self.answer)
+        Gio.bus_own_name_on_connection(self.connection, self.NAME, Gio.BusNameOwnerFlags.NONE)
+
+    def answer(self, _connection, _sender, _path, _interface, method, parameters, invocation):
+        if method == "Notify":
+            self.notices.append(parameters.unpack()[3:5])
+        invocation.return_value(GLib.Variant("(u)", (1,)) if method == "Notify"
+                                else GLib.Variant("(as)", (["body"],)))
+
+    def heard(self):
+        """Titles and bodies of all notices so far."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.notices
+
+
+class AutoQuit(DesktopCase):
+    def test_what_is_idle_goes_after_a_minute_with_a_notice(self):
+        desktop = self.open_desktop()
+        server = NotificationServer(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.write_preferences({"autoQuitEnabled": True, "autoQuitMinutes": 0})
+        never_in_front = self.start_application("xterm")
+        editor = self.start_unsaved_editor()
+        driver = self.start_calmora()
+        desktop.wait_until(driver.icon, "status icon")
+        calculator = self.start_application("galculator")
+        self.assertEqual(len(desktop.windows_of(editor.pid)), 1)
+        self.wait_for_exit(calculator, seconds=80)
+        desktop.wait_until(server.heard, "a notice")
+        desktop.wait_until(lambda: len(desktop.windows_of(editor.pid)) == 2, "a question")
+        self.assert_alive(editor, never_in_front)
+        self.assertEqual(server.heard(), [
+            ("Calmora", "Galculator was quit after 0 minutes without use.")])
+
+
+class Unwritable(PaneCase):
+    """Neither a folder without write permission nor a full disk harms what is there."""
+
+    def try_to_save(self, *wrapper, mode=0o755, **options):
+        """Turns switches in a Calmora that can write nothing; `mode` is that of the folders."""
+        self.write_preferences({"sortOrder": "cpuUsage", "neverQuitApps": ["x" * 200]})
+        config = self.desktop.folder / "config"
+        (config / "autostart").mkdir(exist_ok=True)
+        before = {file: file.read_bytes() for file in config.rglob("*") if file.is_file()}
+        for folder in ("autostart", "calmora"):
+            (config / folder).chmod(mode)
+        self.driver = PopoverDriver(self.desktop, PROGRAM, *wrapper, **options)
+        self.open_pane()
+        self.change("Open Calmora at login", None)
+        self.change("Play sound on quit", None)
+        self.desktop.wait_until(lambda: self.states()["Play sound on quit"], "a turned switch")
+        self.assertIsNot(self.states()["Open Calmora at login"], True, "not sprung back")
+        self.driver.calmora.send_signal(signal.SIGTERM)
+        self.wait_for_exit(self.driver.calmora)
+        self.assertEqual(self.driver.calmora.returncode, 0)
+        self.assertEqual({file: file.read_bytes() for file in config.rglob("*")
+                          if file.is_file()}, before)
+
+    def test_read_only_folders(self):
+        self.open_desktop()
+        # Root's right to write anywhere hides what users meet.
+        ordinary = ("setpriv", "--bounding-set=-dac_override") if os.geteuid() == 0 else ()
+        self.try_to_save(*ordinary, mode=0o555)
+
+    def test_full_disk(self):
+        self.open_desktop()
+        # As Python itself, it is not killed by the signal that comes with the error.
+        self.try_to_save("prlimit", "--fsize=0", restore_signals=False,
+                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+if __name__ == "__main__":
+    unittest.main()
