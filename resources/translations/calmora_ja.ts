@@ -117,7 +117,7 @@
     </message>
     <message>
         <source>You will lose any unsaved changes in these apps.</source>
-        <translation>これらのアプリで保存していない変更は失われます。</translation>
+        <translation>これらのアプリの未保存の変更は失われます。</translation>
     </message>
     <message>
         <source>Do you want to force "%@" to quit?</source>

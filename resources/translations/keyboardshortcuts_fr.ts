@@ -5,7 +5,7 @@
     <name>KeyboardShortcuts</name>
     <message>
         <source>record_shortcut</source>
-        <translation>Enregistrer</translation>
+        <translation>Définir…</translation>
     </message>
     <message>
         <source>press_shortcut</source>

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QIcon>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,6 +25,7 @@ constexpr int leastHeight = 24;
 constexpr int clearSide = 16;
 constexpr int clearMargin = 4;
 constexpr double radius = 6;
+constexpr int alertIconSide = 48;
 
 /// A cross in a filled disc, in the colours of the field.
 class ClearButton final : public QToolButton {
@@ -290,6 +292,9 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
         QMessageBox::Warning, QString(), toQt(alert.messageText), QMessageBox::NoButton,
         isVisible() ? window() : nullptr, Qt::Dialog | Qt::Sheet);
     sheet->setObjectName("recorderAlert");
+    if (const QIcon icon = window()->windowIcon(); !icon.isNull()) {
+        sheet->setIconPixmap(icon.pixmap(alertIconSide));
+    }
     sheet->setInformativeText(toQt(alert.informativeText));
     sheet->setWindowModality(isVisible() ? Qt::WindowModal : Qt::ApplicationModal);
     std::vector<QPushButton*> buttons;

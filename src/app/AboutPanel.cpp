@@ -13,6 +13,8 @@ namespace calmora {
 namespace {
 
 constexpr int iconSide = 96;
+/// Between the margins; the title bar has room for the title.
+constexpr int leastWidth = 190;
 
 QLabel* addLabel(QVBoxLayout& layout, const char* name, const QString& text, const QFont& font) {
     auto* label = new QLabel(text);
@@ -36,6 +38,7 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(56, 28, 56, 32);
     layout->setSpacing(6);
+    layout->addStrut(leastWidth);
     auto* picture = new QLabel;
     picture->setPixmap(imagePixmap(icon, iconSide, devicePixelRatio()));
     picture->setAlignment(Qt::AlignCenter);

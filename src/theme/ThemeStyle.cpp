@@ -14,6 +14,8 @@ namespace {
 
 constexpr int scrollBarWidth = 10;
 constexpr int shortestHandle = 28;
+/// Around the text of a button, both sides together.
+constexpr int buttonMargin = 14;
 
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     const Theme theme(option.palette);
@@ -140,6 +142,8 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return metrics::checkBox;
+    case PM_ButtonMargin:
+        return buttonMargin;
     case PM_ScrollBarExtent:
         return scrollBarWidth;
     case PM_ScrollBarSliderMin:

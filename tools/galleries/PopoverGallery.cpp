@@ -18,7 +18,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
-#include <QTranslator>
 
 #include <algorithm>
 #include <cstdio>
@@ -29,26 +28,6 @@
 namespace {
 
 using namespace calmora;
-
-/// German texts, which are long.
-class German final : public QTranslator {
-  public:
-    [[nodiscard]] QString translate(const char*, const char* source, const char*,
-                                    int) const override {
-        const QString key = QString::fromUtf8(source);
-        static const QHash<QString, QString> texts{
-            {"Quit All", "Alle ausgewählten Programme beenden"},
-            {"Force Quit All", "Alle ausgewählten Programme sofort beenden"},
-            {"Search", "Programme durchsuchen"},
-            {"Protected", "Geschützt"},
-            {"Background", "Hintergrundprogramme"},
-            {"%lld apps · %lld protected", "%lld Programme geöffnet · %lld davon geschützt"},
-        };
-        return texts.value(key);
-    }
-
-    [[nodiscard]] bool isEmpty() const override { return false; }
-};
 
 struct Sample {
     const char* name;
@@ -326,13 +305,14 @@ int main(int argc, char** argv) {
         settle();
         p.view->findChild<QScrollArea*>("list")->verticalScrollBar()->setValue(5000);
     });
-    German german;
-    QCoreApplication::installTranslator(&german);
-    special("german", [](PopoverFixture& p) {
-        p.settings.setViewBackgroundApps(true);
-        p.model.toggleWhitelist(103);
-    });
-    QCoreApplication::removeTranslator(&german);
+    for (const QLocale& locale : {QLocale(QLocale::German), QLocale(QLocale::Japanese)}) {
+        const QtLocalizedStrings translated(locale);
+        special(qPrintable(QLocale::languageToString(locale.language()).toLower()),
+                [](PopoverFixture& p) {
+                    p.settings.setViewBackgroundApps(true);
+                    p.model.toggleWhitelist(103);
+                });
+    }
     QApplication::setLayoutDirection(Qt::RightToLeft);
     special("right-to-left", [](PopoverFixture& p) {
         p.settings.setViewBackgroundApps(true);

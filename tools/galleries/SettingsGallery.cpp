@@ -11,45 +11,17 @@
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QHash>
 #include <QIcon>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTranslator>
 
 #include <cstdio>
 #include <functional>
+#include <memory>
 
 namespace {
 
 using namespace calmora;
-
-/// German texts, which are long.
-class German final : public QTranslator {
-  public:
-    [[nodiscard]] QString translate(const char*, const char* source, const char*,
-                                    int) const override {
-        static const QHash<QString, QString> texts{
-            {"Open Calmora at login", "Calmora automatisch bei der Anmeldung öffnen"},
-            {"Automatically check for updates", "Automatisch nach neuen Versionen suchen"},
-            {"Include Finder in app list", "Dateiverwaltung in der Programmliste anzeigen"},
-            {"Group background instances", "Hintergrundprogramme desselben Programms "
-                                           "zusammenfassen"},
-            {"Default quit mode", "Standardverhalten beim Beenden"},
-            {"Memory Usage", "Arbeitsspeicherverbrauch"},
-            {"Protected Apps", "Geschützte Programme"},
-            {"Add App", "Programm hinzufügen"},
-            {"Add App to Never-Quit List", "Programm zur Liste der nie beendeten hinzufügen"},
-            {"Done", "Fertig"},
-            {"Add", "Hinzufügen"},
-            {"Added", "Hinzugefügt"},
-            {"Reset All Settings", "Alle Einstellungen zurücksetzen"},
-        };
-        return texts.value(QString::fromUtf8(source));
-    }
-
-    [[nodiscard]] bool isEmpty() const override { return false; }
-};
 
 void settle(int milliseconds = 200) {
     QElapsedTimer timer;
@@ -168,14 +140,15 @@ int main(int argc, char** argv) {
     renderEmptySheet(folder, "-dark.png");
 
     setAppearance(Appearance::light);
-    German german;
-    QCoreApplication::installTranslator(&german);
+    auto translated = std::make_unique<QtLocalizedStrings>(QLocale(QLocale::Japanese));
+    render(folder, "-japanese.png");
+    translated = std::make_unique<QtLocalizedStrings>(QLocale(QLocale::German));
     render(folder, "-german.png");
     QFont font = QApplication::font();
     font.setPointSize(15);
     QApplication::setFont(font);
     render(folder, "-german-larger.png");
-    QCoreApplication::removeTranslator(&german);
+    translated.reset();
     render(folder, "-larger.png");
     return 0;
 }

@@ -1,5 +1,5 @@
 // Draws the Shortcuts pane, the recorder's states and its alerts into pictures.
-// Usage: calmora_shortcuts_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
+// Usage: calmora_shortcuts_gallery FOLDER [LOCALE]; set QT_SCALE_FACTOR for other resolutions.
 
 #include "shortcuts/ShortcutsPane.h"
 #include "theme/Theme.h"
@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QTimer>
@@ -45,13 +46,16 @@ int main(int argc, char** argv) {
     installTheme(application);
     const QDir folder(argc > 1 ? argv[1] : ".");
     folder.mkpath(".");
+    const QLocale locale(argc > 2 ? argv[2] : "C");
+    const QtLocalizedStrings strings(locale);
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         setAppearance(appearance);
         const QString suffix = appearance == Appearance::light ? "light.png" : "dark.png";
-        ShortcutsPane pane;
+        ShortcutsPane pane({}, {}, locale);
         pane.layout.characters[2] = "d";
         pane.shortcuts.setShortcut(Shortcut{40, 0x1900}, pane.shortcuts.name("activateMenu"));
         pane.shortcuts.setShortcut(Shortcut{2, 0x1b00}, pane.shortcuts.name("forceQuitAll"));
+        pane.window.setWindowIcon(QIcon(SOURCE_FOLDER "/resources/icons/AppIcon.svg"));
         pane.window.show();
         save(pane.window, folder.filePath("shortcuts-" + suffix));
         pane.recorder("quitAll").setFocus();
