@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
@@ -37,7 +38,7 @@ class ClearButton final : public QToolButton {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         QColor disc = palette().color(QPalette::Text);
-        disc.setAlphaF(isDown() ? 0.75F : underMouse() ? 0.6F : 0.45F);
+        disc.setAlphaF(!isEnabled() ? 0.2F : isDown() ? 0.75F : underMouse() ? 0.6F : 0.45F);
         const QRectF box = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
         painter.setPen(Qt::NoPen);
         painter.setBrush(disc);
@@ -201,14 +202,15 @@ void RecorderCocoa::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const bool hasRing = hasFocus();
     QColor edge = palette().color(hasRing ? QPalette::Highlight : QPalette::Text);
-    edge.setAlphaF(hasRing ? 1.0F : 0.28F);
+    edge.setAlphaF(hasRing ? 1.0F : isEnabled() ? 0.28F : 0.15F);
     const double half = hasRing ? 1.0 : 0.5;
     painter.setPen(QPen(edge, 2 * half));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), radius, radius);
 
     const bool isEmpty = text().isEmpty();
-    painter.setPen(palette().color(isEmpty ? QPalette::PlaceholderText : QPalette::Text));
+    const bool isFaint = isEmpty && isEnabled();
+    painter.setPen(palette().color(isFaint ? QPalette::PlaceholderText : QPalette::Text));
     const int side = isEmpty ? clearMargin : clearSide + clearMargin;
     const QRect inner = rect().adjusted(side, 0, -side, 0);
     painter.drawText(inner, Qt::AlignCenter,
@@ -296,6 +298,11 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
         sheet->setIconPixmap(icon.pixmap(alertIconSide));
     }
     sheet->setInformativeText(toQt(alert.informativeText));
+    if (auto* message = sheet->findChild<QLabel*>("qt_msgbox_label")) {
+        QFont font = message->font();
+        font.setWeight(QFont::DemiBold);
+        message->setFont(font);
+    }
     sheet->setWindowModality(isVisible() ? Qt::WindowModal : Qt::ApplicationModal);
     std::vector<QPushButton*> buttons;
     const std::vector<std::string> titles =

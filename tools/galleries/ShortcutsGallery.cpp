@@ -58,6 +58,10 @@ int main(int argc, char** argv) {
         pane.window.setWindowIcon(QIcon(SOURCE_FOLDER "/resources/icons/AppIcon.svg"));
         pane.window.show();
         save(pane.window, folder.filePath("shortcuts-" + suffix));
+        auto* clear = pane.recorder("activateMenu").findChild<QWidget*>("cancelButton");
+        clear->setAttribute(Qt::WA_UnderMouse);
+        save(pane.window, folder.filePath("clear-hovered-" + suffix));
+        clear->setAttribute(Qt::WA_UnderMouse, false);
         pane.recorder("quitAll").setFocus();
         save(pane.window, folder.filePath("recording-empty-" + suffix));
         pane.recorder("forceQuitAll").setFocus();
@@ -75,6 +79,12 @@ int main(int argc, char** argv) {
             press(pane.recorder("forceQuitAll"), key);
             settle();
         }
+
+        ShortcutsPane unavailable("Shortcuts are not available, because there is no X server.");
+        unavailable.shortcuts.setShortcut(Shortcut{40, 0x1900},
+                                          unavailable.shortcuts.name("activateMenu"));
+        unavailable.window.show();
+        save(unavailable.window, folder.filePath("unavailable-" + suffix));
     }
     return 0;
 }
