@@ -298,10 +298,12 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
         sheet->setIconPixmap(icon.pixmap(alertIconSide));
     }
     sheet->setInformativeText(toQt(alert.informativeText));
-    if (auto* message = sheet->findChild<QLabel*>("qt_msgbox_label")) {
-        QFont font = message->font();
-        font.setWeight(QFont::DemiBold);
-        message->setFont(font);
+    for (auto* label : sheet->findChildren<QLabel*>()) {
+        if (label->text() == sheet->text()) {
+            QFont font = label->font();
+            font.setWeight(QFont::DemiBold);
+            label->setFont(font);
+        }
     }
     sheet->setWindowModality(isVisible() ? Qt::WindowModal : Qt::ApplicationModal);
     std::vector<QPushButton*> buttons;
