@@ -33,6 +33,8 @@ class ClearButton final : public QToolButton {
   public:
     using QToolButton::QToolButton;
 
+    [[nodiscard]] QSize sizeHint() const override { return {clearSide, clearSide}; }
+
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
@@ -99,11 +101,17 @@ bool RecorderCocoa::isRecording() const {
 }
 
 QSize RecorderCocoa::sizeHint() const {
-    int width = static_cast<int>(std::lround(minimumWidth));
-    for (const char* key : {"record_shortcut", "press_shortcut"}) {
-        const QString placeholder = toQt(environment_.strings.text(key));
-        width = std::max(width, fontMetrics().horizontalAdvance(placeholder) + 3 * clearMargin);
-    }
+    const auto widthOf = [this](const std::string& text) {
+        return fontMetrics().horizontalAdvance(toQt(text));
+    };
+    const Shortcut widest =
+        Shortcut::of(Key::space, {ModifierFlags::control | ModifierFlags::option |
+                                  ModifierFlags::shift | ModifierFlags::command});
+    const int width = std::max(
+        {static_cast<int>(std::lround(minimumWidth)),
+         widthOf(environment_.strings.text("record_shortcut")) + 3 * clearMargin,
+         widthOf(environment_.strings.text("press_shortcut")) + 3 * clearMargin,
+         widthOf(environment_.shortcuts.text().description(widest)) + clearSide + 2 * clearMargin});
     return {width, std::max(leastHeight, fontMetrics().height() + 8)};
 }
 
@@ -211,8 +219,10 @@ void RecorderCocoa::paintEvent(QPaintEvent*) {
     const bool isEmpty = text().isEmpty();
     const bool isFaint = isEmpty && isEnabled();
     painter.setPen(palette().color(isFaint ? QPalette::PlaceholderText : QPalette::Text));
-    const int side = isEmpty ? clearMargin : clearSide + clearMargin;
-    const QRect inner = rect().adjusted(side, 0, -side, 0);
+    const int trailing = isEmpty ? clearMargin : clearSide + clearMargin;
+    // In the middle of the box where there is room, else of what the clear button leaves.
+    const bool isWide = fontMetrics().horizontalAdvance(text()) > width() - 2 * trailing;
+    const QRect inner = rect().adjusted(isWide ? clearMargin : trailing, 0, -trailing, 0);
     painter.drawText(inner, Qt::AlignCenter,
                      fontMetrics().elidedText(isEmpty ? placeholderText() : text(), Qt::ElideRight,
                                               inner.width()));

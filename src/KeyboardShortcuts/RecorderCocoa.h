@@ -18,7 +18,7 @@ namespace calmora {
 /// the focus, and can be cleared. Tooltip and screen-reader name spell the shortcut out.
 class RecorderCocoa final : public QLineEdit, private RecorderControl {
   public:
-    /// It is wider only where a placeholder would not fit.
+    /// It is wider only where a text would not fit.
     static constexpr double minimumWidth = 130.0;
 
     /// `environment` must outlive the control. `title` is what the screen reader says before the

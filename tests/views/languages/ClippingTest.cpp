@@ -21,6 +21,8 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 
+#include <algorithm>
+
 namespace calmora {
 namespace {
 
@@ -32,7 +34,11 @@ bool hasText(const QWidget& widget) {
 /// What a widget needs to show its text: all in one line, or as many lines as its width makes.
 QSize needed(const QWidget& widget) {
     if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) {
-        return {field->fontMetrics().horizontalAdvance(field->placeholderText()) + 8, 0};
+        const QFontMetrics font = field->fontMetrics();
+        // A text has a button beside it.
+        return {std::max(font.horizontalAdvance(field->placeholderText()) + 8,
+                         font.horizontalAdvance(field->text()) + 24),
+                0};
     }
     if (widget.objectName() == "backgroundHeader" || widget.objectName() == "emptyState") {
         return {widget.fontMetrics().horizontalAdvance(widget.accessibleName()), 0};
@@ -102,6 +108,7 @@ TEST_P(Clipping, Settings) {
     settings.machine.workspace.launch({.pid = 10, .name = "Mail", .bundleIdentifier = "mail"});
     settings.machine.workspace.launch({.pid = 11, .name = "Files", .bundleIdentifier = "files"});
     ShortcutsPane shortcuts({}, {}, locale);
+    shortcuts.shortcuts.setShortcut(Shortcut{49, 0x1B00}, shortcuts.shortcuts.name("quitAll"));
     SettingsView view(settings.settings, settings.updater,
                       {.platform = settings.machine.platform(),
                        .loginItem = settings.loginItem,
