@@ -14,9 +14,15 @@
 #include "theme/Theme.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
+#include "updates/FeedSource.h"
+#include "updates/FeedUpdater.h"
+#include "updates/UpdateWindow.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QIcon>
+#include <QLocale>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -58,6 +64,18 @@ class ListContent final : public QWidget {
     MenuPopoverView view_;
 };
 
+/// The user's languages up to English, in which notes are written: such as "de_DE", "de".
+std::vector<std::string> languagesBeforeEnglish() {
+    std::vector<std::string> languages;
+    for (QString tag : QLocale().uiLanguages()) {
+        if (QLocale(tag).language() == QLocale::English) {
+            break;
+        }
+        languages.push_back(tag.replace('-', '_').toStdString());
+    }
+    return languages;
+}
+
 void showWindow(QWidget& window, const Image& icon) {
     window.setWindowIcon(imagePixmap(icon, windowIconSide, 1));
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -84,8 +102,8 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       notifications_(sessionBus_, identity::identifier),
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
-      delegate_(defaults_, std::make_unique<UnavailableUpdater>(), *this, platform(),
-                globalShortcuts_.shortcuts(), inputGate_) {
+      delegate_(defaults_, makeUpdater(), *this, platform(), globalShortcuts_.shortcuts(),
+                inputGate_) {
     appearance_ = colorScheme_.onChanged(
         [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
@@ -125,6 +143,27 @@ std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
 
 std::unique_ptr<AutoQuitManager> CalmoraApp::makeAutoQuitManager(AppSettings& settings) {
     return std::make_unique<AutoQuitManager>(settings, platform(), notifications_, inputGate_);
+}
+
+std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
+    if (*identity::updateFeed == 0) {
+        return std::make_unique<UnavailableUpdater>();
+    }
+    const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
+    releases_ = std::make_unique<FeedSource>(identity::updateFeed,
+                                             program / identity::modules / "calmora_network.so",
+                                             languagesBeforeEnglish(), runLoop_);
+    updateWindow_ = std::make_unique<UpdateWindow>(icon(), [](const std::string& page) {
+        QDesktopServices::openUrl(QUrl(QString::fromStdString(page), QUrl::StrictMode));
+    });
+    return std::make_unique<FeedUpdater>(UpdaterSurroundings{.source = *releases_,
+                                                             .presenter = *updateWindow_,
+                                                             .notifications = notifications_,
+                                                             .defaults = defaults_,
+                                                             .runLoop = runLoop_,
+                                                             .clock = machine_.clock,
+                                                             .strings = strings_,
+                                                             .version = identity::version});
 }
 
 void CalmoraApp::orderFrontAboutPanel() {

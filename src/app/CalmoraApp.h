@@ -17,6 +17,8 @@
 #include "platform/qt/notifications/DesktopNotifications.h"
 #include "platform/qt/single_instance/SingleInstance.h"
 #include "platform/qt/window/TransientWindows.h"
+#include "updates/Release.h"
+#include "updates/UpdatePresenter.h"
 
 #include <QPointer>
 
@@ -42,6 +44,7 @@ class CalmoraApp final : private AppToolkit {
     std::unique_ptr<Popover> makePopover(AppSettings& settings) override;
     std::unique_ptr<StatusItem> makeStatusItem() override;
     std::unique_ptr<AutoQuitManager> makeAutoQuitManager(AppSettings& settings) override;
+    [[nodiscard]] std::unique_ptr<Updater> makeUpdater();
     void orderFrontAboutPanel() override;
     void terminate() override;
     void openSettings();
@@ -63,6 +66,10 @@ class CalmoraApp final : private AppToolkit {
     DesktopColorScheme colorScheme_;
     DesktopNotifications notifications_;
     AutostartLoginItem loginItem_;
+
+    /// Absent where the system's packages bring new versions.
+    std::unique_ptr<ReleaseSource> releases_;
+    std::unique_ptr<UpdatePresenter> updateWindow_;
 
     QPointer<QWidget> aboutPanel_;
     QPointer<QWidget> settingsWindow_;

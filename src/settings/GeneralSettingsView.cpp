@@ -8,6 +8,7 @@
 #include "settings/form/FormArea.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/FormSection.h"
+#include "settings/form/Paragraph.h"
 #include "settings/form/PickerRow.h"
 #include "settings/form/SwitchRow.h"
 #include "ui/DisplayText.h"
@@ -157,10 +158,6 @@ SwitchRow* GeneralSettingsView::addSwitch(FormSection& section, const char* name
 void GeneralSettingsView::addUpdates(FormSection& section) {
     auto* row = new SwitchRow(uiText("Automatically check for updates"));
     row->setObjectName("automaticallyChecksForUpdates");
-    if (const auto reason = updater_.unavailableReason()) {
-        row->setEnabled(false);
-        row->setToolTip(uiText(reason->c_str()));
-    }
     const auto show = [this, row] { row->setChecked(updater_.automaticallyChecksForUpdates()); };
     show();
     connect(row, &QCheckBox::clicked, this, [this, show](bool isOn) {
@@ -168,6 +165,16 @@ void GeneralSettingsView::addUpdates(FormSection& section) {
         show();
     });
     section.addRow(row);
+    if (const auto reason = updater_.unavailableReason()) {
+        auto* explanation =
+            new Paragraph(uiText(reason->c_str()), TextStyle::caption, ThemeColor::secondary);
+        explanation->setObjectName("updatesUnavailable");
+        explanation->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
+                                        metrics::rowPadding);
+        section.addRow(explanation);
+        row->setEnabled(false);
+        row->setToolTip(explanation->text());
+    }
 }
 
 void GeneralSettingsView::addDisplay(FormSection& section) {

@@ -9,6 +9,7 @@
 #include "ui/DisplayText.h"
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverFixture.h"
+#include "updates/UpdatePanel.h"
 
 #include <gtest/gtest.h>
 
@@ -149,6 +150,16 @@ TEST_P(Clipping, AboutAndQuestions) {
         panel.setFixedWidth(panel.sizeHint().width());
         panel.show();
         expectWhole(panel, alert.messageText);
+    }
+
+    UpdatePanel update({}, {}, [] {});
+    for (const char* error :
+         {"update_error_address", "update_error_loader", "update_error_version"}) {
+        update.show({.title = strings.text("update_failed_title"),
+                     .text = strings.text(error),
+                     .notes = "News",
+                     .page = "https://example.org"});
+        expectWhole(update, error);
     }
 }
 

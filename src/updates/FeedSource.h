@@ -1,0 +1,32 @@
+#pragma once
+
+#include "updates/Release.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class RunLoop;
+
+/// Releases from an AppStream file at an address. Qt Network comes with a library that is loaded
+/// when something is first fetched by it, and stays.
+class FeedSource final : public ReleaseSource {
+  public:
+    /// `networkLibrary` is the file that exports StartFeedTransfer; `languages` are those of
+    /// readReleases(). The loop outlives this object and its tokens.
+    FeedSource(std::string address, std::filesystem::path networkLibrary,
+               std::vector<std::string> languages, RunLoop& runLoop);
+
+    [[nodiscard]] Subscription fetch(std::function<void(const ReleaseList&)> done) override;
+
+  private:
+    std::string address_;
+    std::filesystem::path networkLibrary_;
+    std::vector<std::string> languages_;
+    RunLoop& runLoop_;
+};
+
+} // namespace calmora

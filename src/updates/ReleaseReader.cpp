@@ -1,0 +1,285 @@
+#include "updates/ReleaseReader.h"
+
+#include "updates/FeedAddress.h"
+#include "updates/Version.h"
+
+#include <QString>
+#include <QStringDecoder>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr int deepest = 32;
+constexpr std::size_t mostReleases = 1000;
+constexpr std::size_t mostElements = 20000;
+/// The reader compares every attribute of a tag with every other.
+constexpr std::size_t longestTag = 2048;
+constexpr qsizetype longestNotes = 8000;
+
+/// How long the tag, instruction or section is with which `xml` starts; absent when it is too long,
+/// does not end, or declares something, as a document type does.
+std::optional<std::size_t> markupLength(std::string_view xml) {
+    const auto upTo = [xml](std::string_view end) {
+        const std::size_t at = xml.find(end);
+        return at == std::string_view::npos ? std::nullopt : std::optional(at + end.size());
+    };
+    if (xml.starts_with("<!--")) {
+        return upTo("-->");
+    }
+    if (xml.starts_with("<![CDATA[")) {
+        return upTo("]]>");
+    }
+    if (xml.starts_with("<!")) {
+        return std::nullopt;
+    }
+    char quote = 0;
+    for (std::size_t at = 1; at < std::min(xml.size(), longestTag); ++at) {
+        const char c = xml[at];
+        if (c == '>' && quote == 0) {
+            return at + 1;
+        }
+        if (c == quote) {
+            quote = 0;
+        } else if (quote == 0 && (c == '"' || c == '\'')) {
+            quote = c;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether the text can be given to the reader without harm.
+bool isHarmless(std::string_view xml) {
+    for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at)) {
+        const auto length = markupLength(xml.substr(at));
+        if (!length) {
+            return false;
+        }
+        at += *length;
+    }
+    return true;
+}
+
+bool isDirectionControl(QChar c) {
+    return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
+}
+
+/// Text of an element on one line, without what would change how others are shown.
+QString plainLine(QString text) {
+    std::replace_if(
+        text.begin(), text.end(),
+        [](QChar c) { return c.category() == QChar::Other_Control || isDirectionControl(c); },
+        QChar(u' '));
+    return text.simplified();
+}
+
+/// What is new in a release, in every language that is asked for.
+class Notes {
+  public:
+    /// One more paragraph or item of a list. `language` is its place among the languages, and one
+    /// behind them all as it was written.
+    void add(const QString& text, bool isItem, std::size_t language) {
+        Variant& variant = variants_[language];
+        if (!variant.text.isEmpty()) {
+            variant.text += isItem && variant.endsWithItem ? "\n" : "\n\n";
+        }
+        variant.text += (isItem ? "• " : "") + text;
+        variant.endsWithItem = isItem;
+        ++variant.blocks;
+    }
+
+    /// The notes in the first language that nothing is missing in; `written` counts as one.
+    [[nodiscard]] std::string text(std::size_t written) {
+        const std::size_t all = variants_[written].blocks;
+        for (auto& [language, variant] : variants_) {
+            if (variant.blocks >= all) {
+                return shortened(variant.text).toStdString();
+            }
+        }
+        return {};
+    }
+
+  private:
+    struct Variant {
+        QString text;
+        std::size_t blocks = 0;
+        bool endsWithItem = false;
+    };
+
+    static QString shortened(const QString& text) {
+        return text.size() <= longestNotes ? text : text.left(longestNotes) + QChar(0x2026);
+    }
+
+    std::map<std::size_t, Variant> variants_;
+};
+
+class Reader {
+  public:
+    Reader(const QString& xml, const std::vector<std::string>& languages)
+        : xml_(xml), languages_(languages) {}
+
+    ReleaseList read() {
+        while (next()) {
+            if (xml_.isStartElement() && xml_.name() == u"releases" && isInPlace()) {
+                hasList_ = true;
+                readList();
+            }
+        }
+        if (error_) {
+            return *error_;
+        }
+        if (xml_.hasError() || !hasList_) {
+            return UpdateError::unreadable;
+        }
+        return std::move(releases_);
+    }
+
+  private:
+    /// The list is the whole file or belongs to the component that is the whole file.
+    [[nodiscard]] bool isInPlace() const { return depth_ == 1 || (depth_ == 2 && isComponent_); }
+
+    /// Goes on to the next token; false at the end and when the text is refused.
+    bool next() {
+        if (error_ || xml_.atEnd()) {
+            return false;
+        }
+        switch (xml_.readNext()) {
+        case QXmlStreamReader::StartElement:
+            isComponent_ = depth_ == 0 ? xml_.name() == u"component" : isComponent_;
+            if (++depth_ > deepest || ++elements_ > mostElements) {
+                error_ = UpdateError::unreadable;
+            }
+            break;
+        case QXmlStreamReader::EndElement:
+            --depth_;
+            break;
+        case QXmlStreamReader::EntityReference:
+            error_ = UpdateError::unreadable;
+            break;
+        default:
+            break;
+        }
+        return !error_ && !xml_.hasError();
+    }
+
+    [[nodiscard]] QStringView attribute(const char* name) const {
+        return xml_.attributes().value(QLatin1StringView(name));
+    }
+
+    /// Goes on within the element that stands at `level`; false when it has ended.
+    bool nextWithin(int level) { return next() && depth_ >= level; }
+
+    /// The text within the current element, markup left out.
+    QString readText() {
+        const int level = depth_;
+        QString text;
+        while (nextWithin(level)) {
+            if (xml_.isCharacters()) {
+                text += xml_.text();
+            }
+        }
+        return plainLine(text);
+    }
+
+    void readList() {
+        const int level = depth_;
+        while (nextWithin(level)) {
+            if (xml_.isStartElement() && xml_.name() == u"release" && depth_ == level + 1) {
+                readRelease();
+            }
+        }
+    }
+
+    void readRelease() {
+        const int level = depth_;
+        Release release;
+        release.version = attribute("version").trimmed().toString().toStdString();
+        const QStringView type = attribute("type");
+        release.isStable = type.isEmpty() || type == u"stable";
+        if (!isVersion(release.version)) {
+            error_ = UpdateError::version;
+        } else if (releases_.size() == mostReleases) {
+            error_ = UpdateError::unreadable;
+        }
+        Notes notes;
+        while (nextWithin(level)) {
+            if (!xml_.isStartElement() || depth_ != level + 1) {
+                continue;
+            }
+            if (xml_.name() == u"description") {
+                readDescription(notes);
+            } else if (xml_.name() == u"url" && release.page.empty()) {
+                readPage(release);
+            }
+        }
+        release.notes = notes.text(languages_.size());
+        releases_.push_back(std::move(release));
+    }
+
+    void readPage(Release& release) {
+        const QStringView type = attribute("type");
+        const bool isDetails = type.isEmpty() || type == u"details";
+        const std::string page = readText().toStdString();
+        if (isDetails && isWebPage(page)) {
+            release.page = page;
+        }
+    }
+
+    void readDescription(Notes& notes) {
+        const int level = depth_;
+        const std::size_t whole = language(languages_.size());
+        while (nextWithin(level)) {
+            const bool isItem = xml_.name() == u"li";
+            if (xml_.isStartElement() && (isItem || xml_.name() == u"p")) {
+                const std::size_t spoken = language(whole);
+                const QString text = readText();
+                if (spoken <= languages_.size() && !text.isEmpty()) {
+                    notes.add(text, isItem, spoken);
+                }
+            }
+        }
+    }
+
+    /// The place of the current element's language among those wanted; `inherited` when it names
+    /// none, and beyond everything when it is not wanted.
+    [[nodiscard]] std::size_t language(std::size_t inherited) const {
+        const QString name = attribute("xml:lang").toString().replace('-', '_');
+        if (name.isEmpty()) {
+            return inherited;
+        }
+        const auto found = std::find(languages_.begin(), languages_.end(), name.toStdString());
+        return found == languages_.end() ? languages_.size() + 1
+                                         : static_cast<std::size_t>(found - languages_.begin());
+    }
+
+    QXmlStreamReader xml_;
+    const std::vector<std::string>& languages_;
+    int depth_ = 0;
+    std::size_t elements_ = 0;
+    bool isComponent_ = false;
+    bool hasList_ = false;
+    std::optional<UpdateError> error_;
+    std::vector<Release> releases_;
+};
+
+} // namespace
+
+ReleaseList readReleases(std::string_view xml, const std::vector<std::string>& languages) {
+    if (xml.size() > static_cast<std::size_t>(largestFeed)) {
+        return UpdateError::tooLarge;
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(QByteArrayView(xml.data(), static_cast<qsizetype>(xml.size())));
+    if (utf8.hasError() || !isHarmless(xml)) {
+        return UpdateError::unreadable;
+    }
+    return Reader(text, languages).read();
+}
+
+} // namespace calmora

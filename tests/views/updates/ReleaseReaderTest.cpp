@@ -1,0 +1,201 @@
+#include "updates/ReleaseReader.h"
+
+#include "updates/FeedAddress.h"
+#include "updates/Version.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <algorithm>
+#include <random>
+
+namespace calmora {
+namespace {
+
+const std::string feed = R"(<?xml version="1.0" encoding="UTF-8"?>
+<!-- <release version="99"/> -->
+<component type="desktop-application">
+  <id>app.calmora.Calmora</id>
+  <description><p>Not news</p></description>
+  <releases>
+    <release version="1.2" date="2026-11-22">
+      <url type="contact">https://example.org/contact</url>
+      <url type="details"> https://example.org/1.2?a=b&amp;c </url>
+      <description>
+        <p>Quicker   <em>and</em>
+           smaller &lt;b&gt; &amp; more.</p>
+        <p xml:lang="de">Schneller.</p>
+        <ul><li>One</li><li xml:lang="de">Eins</li><li><![CDATA[<i>Two</i>]]></li>
+            <li xml:lang="de">Zwei</li></ul>
+        <p>Last</p><p xml:lang="de">Zuletzt</p><p xml:lang="fr">Fin</p>
+      </description>
+      <issues><issue><release version="none"/></issue></issues>
+    </release>
+    <release type="development" version="2.0~rc1"><url>javascript:alert(1)</url></release>
+  </releases>
+  <releases/>
+</component>)";
+
+/// "version notes page", one line a release, or the number of the error.
+std::string told(const ReleaseList& list) {
+    if (const auto* error = std::get_if<UpdateError>(&list)) {
+        return "error " + std::to_string(static_cast<int>(*error));
+    }
+    std::string result;
+    for (const Release& release : std::get<std::vector<Release>>(list)) {
+        result += release.version + (release.isStable ? "|" : "?|") + release.notes + "|" +
+                  release.page + "\n";
+    }
+    return result;
+}
+
+const std::string unreadable = told(UpdateError::unreadable);
+
+TEST(ReleaseReader, ReadsWhatAppStreamFilesSay) {
+    const std::string rest = "|https://example.org/1.2?a=b&c\n2.0~rc1?||\n";
+    const std::string english =
+        "1.2|Quicker and smaller <b> & more.\n\n• One\n• <i>Two</i>\n\nLast" + rest;
+    EXPECT_EQ(told(readReleases(feed)), english);
+    EXPECT_EQ(told(readReleases(feed, {"de_DE", "de"})),
+              "1.2|Schneller.\n\n• Eins\n• Zwei\n\nZuletzt" + rest);
+    EXPECT_EQ(told(readReleases(feed, {"fr"})), english) << "a part is not French";
+    const std::pair<const char*, const char*> others[] = {
+        {"<releases><release version='1'/></releases>", "1||\n"},
+        {"\xEF\xBB\xBF<releases/>", ""},
+        {"<releases><release version='1'><description xml:lang='pt-BR'><p>Sim</p></description>"
+         "<description><p>Yes</p></description></release></releases>",
+         "1|Sim|\n"},
+        {"<releases><release version='1'><description><p>a\u202Eb&#x9;c\u2028d</p></description>"
+         "</release></releases>",
+         "1|a b c d|\n"}};
+    for (const auto& [xml, expected] : others) {
+        EXPECT_EQ(told(readReleases(xml, {"pt_BR"})), expected) << xml;
+    }
+}
+
+TEST(ReleaseReader, RefusesWhatIsNoList) {
+    const std::string inside = "<releases><release version='1'/>";
+    for (const std::string& xml :
+         {std::string(), std::string("1.2"), std::string("<html></html>"), inside,
+          inside + "</releases><more/>", std::string("<a><b><releases/></b></a>"),
+          std::string("<component><x><releases/></x></component>"),
+          std::string("<releases>\xFF</releases>"), inside + std::string(1, '\0') + "</releases>",
+          std::string("<?xml version='1.0' encoding='UTF-16'?><\0r\0/\0>\0", 47),
+          "<!DOCTYPE releases>" + inside + "</releases>",
+          "<!DOCTYPE r [<!ENTITY a 'b'>]>" + inside + "</releases>",
+          "<!DOCTYPE r SYSTEM 'file:///etc/passwd'>" + inside + "</releases>",
+          inside + "<release version='2'>&unknown;</release></releases>"}) {
+        EXPECT_EQ(told(readReleases(xml)), unreadable) << xml;
+    }
+    for (const char* version :
+         {"", "version=''", "version='new'", "version='1 2'", "Version='1'"}) {
+        EXPECT_EQ(told(readReleases(inside + "<release " + version + "/></releases>")),
+                  told(UpdateError::version))
+            << version;
+    }
+    EXPECT_EQ(told(readReleases(inside + std::string(1024 * 1024, ' ') + "</releases>")),
+              told(UpdateError::tooLarge));
+}
+
+TEST(ReleaseReader, TakesNoLongerForTheHostile) {
+    const auto repeated = [](const std::string& part, const std::string& before = "<releases>",
+                             const std::string& after = "</releases>") {
+        std::string xml = before;
+        while (xml.size() + part.size() + after.size() < 1000 * 1000) {
+            xml += part;
+        }
+        return xml + after;
+    };
+    QElapsedTimer timer;
+    timer.start();
+    int attribute = 0;
+    std::string attributes;
+    while (attributes.size() < 900 * 1000) {
+        attributes += " a" + std::to_string(++attribute) + "='>'";
+    }
+    std::string bomb = "<!DOCTYPE releases [<!ENTITY a0 'lol'>";
+    for (int level = 1; level < 12; ++level) {
+        const std::string below = "&a" + std::to_string(level - 1) + ";";
+        bomb += "<!ENTITY a" + std::to_string(level) + " '" + below + below + below + below + "'>";
+    }
+    for (const std::string& xml :
+         {repeated("<a>"), repeated("<a>", "<releases>", ""), repeated("<a/>"),
+          repeated("<release version='1'/>"), "<releases" + attributes + "/>",
+          "<releases><x" + attributes + "/></releases>", repeated("<"), repeated("a", "<"),
+          repeated("<!--"), repeated("<![CDATA["), repeated("<?a"),
+          bomb + "]><releases>&a11;</releases>"}) {
+        EXPECT_EQ(told(readReleases(xml)), unreadable) << xml.substr(0, 80);
+    }
+    for (const std::string& xml : {repeated("&amp;"), repeated("<!---->"), repeated("<?a ?>")}) {
+        EXPECT_EQ(told(readReleases(xml)), "") << xml.substr(0, 80);
+    }
+    const Release wordy = std::get<std::vector<Release>>(
+        readReleases(repeated("&lt;\u4e16 ", "<releases><release version='1'><description><p>",
+                              "</p></description></release></releases>")))[0];
+    EXPECT_LT(wordy.notes.size(), 30000U);
+    EXPECT_LT(timer.elapsed(), 20000);
+}
+
+TEST(ReleaseReader, SurvivesDamagedLists) {
+    std::mt19937 random(20261122); // NOLINT: the same damage every time.
+    const auto upTo = [&](std::size_t end) { return random() % (end + 1); };
+    const std::string pieces[] = {"<",
+                                  ">",
+                                  "\"",
+                                  "'",
+                                  "&",
+                                  "&#0;",
+                                  "&#x1;",
+                                  "<!--",
+                                  "]]>",
+                                  "<![CDATA[",
+                                  "<?x ",
+                                  "\xC3",
+                                  "\xE2\x80\xAE",
+                                  "</p>",
+                                  "<release version='7'>",
+                                  "</releases>",
+                                  "<!DOCTYPE a>",
+                                  "xml:lang='de'",
+                                  "xmlns='x'",
+                                  std::string(1, '\0')};
+    int readable = 0;
+    for (int round = 0; round < 4000; ++round) {
+        std::string xml = feed;
+        for (std::size_t wounds = upTo(3); wounds <= 3; ++wounds) {
+            const std::size_t at = upTo(xml.size() - 1);
+            switch (upTo(3)) {
+            case 0:
+                xml[at] = static_cast<char>(random());
+                break;
+            case 1:
+                xml.erase(at, upTo(40));
+                break;
+            case 2:
+                xml.insert(at, pieces[upTo(std::size(pieces) - 1)]);
+                break;
+            default:
+                xml.insert(at, xml.substr(upTo(xml.size() - 1), upTo(60)));
+            }
+        }
+        const ReleaseList list = readReleases(xml, {"de"});
+        if (const auto* releases = std::get_if<std::vector<Release>>(&list)) {
+            ++readable;
+            for (const Release& release : *releases) {
+                EXPECT_TRUE(isVersion(release.version)) << xml;
+                EXPECT_TRUE(release.page.empty() || isWebPage(release.page)) << xml;
+                const QString notes = QString::fromStdString(release.notes);
+                EXPECT_TRUE(std::all_of(notes.begin(), notes.end(), [](QChar c) {
+                    return c.isPrint() || c == '\n';
+                })) << xml;
+            }
+        }
+    }
+    EXPECT_GT(readable, 100) << "the damage leaves nothing to test";
+    EXPECT_LT(readable, 3900);
+}
+
+} // namespace
+} // namespace calmora
