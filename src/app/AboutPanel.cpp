@@ -1,5 +1,6 @@
 #include "app/AboutPanel.h"
 
+#include "app/WindowKeys.h"
 #include "platform/LocalizedStrings.h"
 #include "theme/Pictures.h"
 #include "theme/Theme.h"
@@ -34,6 +35,7 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName("aboutPanel");
     setWindowTitle(QString::fromStdString(strings.text("About Calmora")));
+    answerMenuKeys(*this, strings);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(56, 28, 56, 32);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/MainMenu.h"
-
 #include <QWidget>
 
 namespace calmora {
@@ -18,10 +16,6 @@ class SettingsWindow final : public QWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-
-  private:
-    /// Answers to the keys of an item and of those below it.
-    void answer(const MainMenuItem& item);
 };
 
 } // namespace calmora

@@ -185,6 +185,13 @@ class Shortcuts(DesktopCase):
             self.open_settings(desktop, driver)
             desktop.xdotool("key", key)
             desktop.wait_until(lambda: not self.settings_on_screen(desktop), key)
+        driver.click_icon(3)
+        desktop.xdotool("key", "Down", "Return")
+        about = desktop.wait_until(lambda: desktop.output(
+            "xdotool", "search", "--onlyvisible", "--name", "About Calmora"), "About panel")
+        desktop.xdotool("windowfocus", "--sync", about.split()[0], "key", "super+w")
+        desktop.wait_until(lambda: not desktop.output(
+            "xdotool", "search", "--onlyvisible", "--name", "About Calmora"), "closed panel")
         desktop.click_node(self.open_settings(desktop, driver))
         for key, title in (("ctrl+c", "Copy"), ("super+shift+z", "Redo"), ("ctrl+q", "Quit")):
             desktop.click_node(desktop.wait_for_node(driver.calmora, "text", "Quit all:"))
