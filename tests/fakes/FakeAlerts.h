@@ -12,14 +12,12 @@ class FakeAlerts final : public Alerts {
   public:
     std::size_t runModal(const Alert& alert) override {
         shown.push_back(alert);
-        if (onShow) {
-            onShow();
+        onShow();
+        std::size_t answer = alert.buttons.size() - 1;
+        if (!answers.empty()) {
+            answer = answers.front();
+            answers.pop_front();
         }
-        if (answers.empty()) {
-            return alert.buttons.empty() ? 0 : alert.buttons.size() - 1;
-        }
-        const std::size_t answer = answers.front();
-        answers.pop_front();
         return answer;
     }
 
@@ -27,7 +25,7 @@ class FakeAlerts final : public Alerts {
     std::deque<std::size_t> answers;
     std::vector<Alert> shown;
     /// What happens while an alert is open.
-    std::function<void()> onShow;
+    std::function<void()> onShow = [] {};
 };
 
 } // namespace calmora

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/LookUp.h"
 #include "platform/Bundle.h"
 
 #include <map>
@@ -9,20 +10,16 @@ namespace calmora {
 /// An installation in memory.
 class FakeBundle final : public Bundle {
   public:
-    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override {
-        return identifier;
-    }
+    std::optional<std::string> bundleIdentifier() const override { return identifier; }
 
-    [[nodiscard]] std::optional<std::string> shortVersion() const override { return version; }
+    std::optional<std::string> shortVersion() const override { return "1.2.3"; }
 
-    [[nodiscard]] std::optional<std::filesystem::path>
-    resource(const std::string& name, const std::string& extension) const override {
-        const auto found = resources.find(name + "." + extension);
-        return found != resources.end() ? std::optional(found->second) : std::nullopt;
+    std::optional<std::filesystem::path> resource(const std::string& name,
+                                                  const std::string& extension) const override {
+        return lookUp(resources, name + "." + extension);
     }
 
     std::optional<std::string> identifier = "app.calmora.Calmora";
-    std::optional<std::string> version = "1.2.3";
     /// By "name.extension".
     std::map<std::string, std::filesystem::path> resources{{"quit-sound.wav", "quit-sound.wav"}};
 };

@@ -12,13 +12,11 @@ namespace calmora {
 /// Time that stands still until it is moved by hand, or slept away.
 class FakeClock final : public Clock {
   public:
-    [[nodiscard]] std::chrono::system_clock::time_point now() const override { return wall; }
+    std::chrono::system_clock::time_point now() const override { return wall; }
 
-    [[nodiscard]] std::uint64_t ticks() const override {
-        return static_cast<std::uint64_t>(passed_.count());
-    }
+    std::uint64_t ticks() const override { return static_cast<std::uint64_t>(passed_.count()); }
 
-    [[nodiscard]] Timebase timebase() const override { return ratio; }
+    Timebase timebase() const override { return ratio; }
 
     void sleep(std::chrono::microseconds duration) override {
         slept += duration;

@@ -10,8 +10,7 @@ namespace calmora {
 /// Keyboard events made by hand: flags.emit({ModifierFlags::option}).
 class FakeEventMonitor final : public EventMonitor {
   public:
-    [[nodiscard]] Subscription
-    onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override {
+    Subscription onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override {
         return flags.connect(std::move(handler));
     }
 

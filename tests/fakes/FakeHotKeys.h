@@ -15,10 +15,10 @@ namespace calmora {
 /// Hot keys in memory. Can refuse, and records every call in order as one short line.
 class FakeHotKeys final : public HotKeys {
   public:
-    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return reason; }
+    std::optional<std::string> unavailableReason() const override { return reason; }
 
-    [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                                    HotKeyIdentifier identifier) override {
+    HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                      HotKeyIdentifier identifier) override {
         const std::string number = std::to_string(identifier.id);
         calls->push_back("register " + std::to_string(keyCode) + "/" + std::to_string(modifiers) +
                          " as " + number);
@@ -30,7 +30,7 @@ class FakeHotKeys final : public HotKeys {
                 Subscription([calls = calls, number] { calls->push_back("release " + number); })};
     }
 
-    [[nodiscard]] Subscription installEventHandler(Handler newHandler) override {
+    Subscription installEventHandler(Handler newHandler) override {
         calls->push_back("install");
         if (!canInstall) {
             return {};

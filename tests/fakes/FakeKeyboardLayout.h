@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/LookUp.h"
 #include "platform/KeyboardLayout.h"
 #include "support/Signal.h"
 
@@ -11,17 +12,16 @@ namespace calmora {
 /// A few keys of a US layout.
 class FakeKeyboardLayout final : public KeyboardLayout {
   public:
-    [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override {
-        const auto found = characters.find(keyCode);
-        return found != characters.end() ? std::optional(found->second) : std::nullopt;
+    std::optional<std::string> character(std::int64_t keyCode) const override {
+        return lookUp(characters, keyCode);
     }
 
     /// A native key is its virtual key code plus 1000.
-    [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override {
+    std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override {
         return nativeKey >= 1000 ? std::optional<std::int64_t>(nativeKey - 1000) : std::nullopt;
     }
 
-    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
+    Subscription onChanged(std::function<void()> handler) override {
         return changed.connect(std::move(handler));
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/LookUp.h"
 #include "platform/LocalizedStrings.h"
 
 #include <map>
@@ -9,11 +10,9 @@ namespace calmora {
 /// Texts in English: the keys, but for the entries given.
 class FakeLocalizedStrings final : public LocalizedStrings {
   public:
-    [[nodiscard]] std::string text(std::string_view key,
-                                   std::optional<std::int64_t> count = {}) const override {
+    std::string text(std::string_view key, std::optional<std::int64_t> count = {}) const override {
         const auto& chosen = count == 1 && singular.contains(key) ? singular : texts;
-        const auto found = chosen.find(key);
-        return found != chosen.end() ? found->second : std::string(key);
+        return lookUp(chosen, key).value_or(std::string(key));
     }
 
     std::map<std::string, std::string, std::less<>> texts{

@@ -9,7 +9,7 @@ namespace calmora {
 /// A login item in memory.
 class FakeLoginItem final : public LoginItem {
   public:
-    [[nodiscard]] bool isEnabled() const override { return enabled; }
+    bool isEnabled() const override { return enabled; }
 
     bool setEnabled(bool isEnabled) override {
         requests.push_back(isEnabled);

@@ -34,7 +34,7 @@ struct FakePlatform {
     FakePopover popover;
 
     /// What the models are given.
-    [[nodiscard]] Platform platform() {
+    Platform platform() {
         return {workspace, processes, clock, runLoop, bundle, text, strings, sounds, alerts};
     }
 };

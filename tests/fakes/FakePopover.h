@@ -13,7 +13,7 @@ class FakePopover final : public Popover {
   public:
     void setContentSize(Size newSize) override { size = newSize; }
 
-    [[nodiscard]] bool isShown() const override { return shown_; }
+    bool isShown() const override { return shown_; }
 
     void show(std::optional<Rect> anchor) override {
         willShow.emit();
@@ -28,11 +28,11 @@ class FakePopover final : public Popover {
         }
     }
 
-    [[nodiscard]] Subscription onWillShow(std::function<void()> handler) override {
+    Subscription onWillShow(std::function<void()> handler) override {
         return willShow.connect(std::move(handler));
     }
 
-    [[nodiscard]] Subscription onDidClose(std::function<void()> handler) override {
+    Subscription onDidClose(std::function<void()> handler) override {
         return didClose.connect(std::move(handler));
     }
 

@@ -3,13 +3,10 @@
 #include "platform/ProcessTable.h"
 #include "support/Signal.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <map>
 #include <set>
 #include <string>
-#include <utility>
 
 namespace calmora {
 
@@ -44,20 +41,16 @@ class FakeProcessTable final : public ProcessTable {
     }
 
     /// A running process, to be changed; throws where there is none.
-    [[nodiscard]] FakeProcess& at(ProcessId process) { return processes_.at(process); }
+    FakeProcess& at(ProcessId process) { return processes_.at(process); }
 
     /// The serial of the process that has an id now; 0 where there is none.
-    [[nodiscard]] std::uint64_t serial(ProcessId process) const {
-        const auto found = processes_.find(process);
-        return found != processes_.end() ? found->second.serial : 0;
+    std::uint64_t serial(ProcessId process) const { return seen(process).serial; }
+
+    std::optional<ProcessId> parent(ProcessId process) const override {
+        return seen(process).parent;
     }
 
-    [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override {
-        const auto found = processes_.find(process);
-        return found != processes_.end() ? found->second.parent : std::nullopt;
-    }
-
-    [[nodiscard]] std::vector<ProcessId> allProcesses() const override {
+    std::vector<ProcessId> allProcesses() const override {
         std::vector<ProcessId> all;
         for (const auto& [process, description] : processes_) {
             all.push_back(process);
@@ -65,23 +58,19 @@ class FakeProcessTable final : public ProcessTable {
         return all;
     }
 
-    [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override {
-        const auto found = processes_.find(process);
-        return found != processes_.end() ? found->second.executable : std::nullopt;
+    std::optional<std::string> executablePath(ProcessId process) const override {
+        return seen(process).executable;
     }
 
     bool hold(ProcessId process) override {
-        if (onHold) {
-            onHold(process);
-        }
+        onHold(process);
         held_[process] = serial(process);
         return serial(process) != 0;
     }
 
-    [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override {
+    std::optional<ProcessCounters> counters(ProcessId process) override {
         sampled.push_back(process);
-        const auto found = processes_.find(process);
-        return found != processes_.end() ? found->second.counters : std::nullopt;
+        return seen(process).counters;
     }
 
     void retainCounters(const std::vector<ProcessId>& processes) override {
@@ -95,18 +84,14 @@ class FakeProcessTable final : public ProcessTable {
         } else {
             probed.insert(process);
         }
-        const auto found = processes_.find(process);
+        const FakeProcess& found = seen(process);
         const auto holding = held_.find(process);
-        const bool isAnother = holding != held_.end() && !isRunning(process, holding->second);
-        if (process < 1 || found == processes_.end() || isAnother) {
-            errno = ESRCH;
+        const bool isAnother = holding != held_.end() && holding->second != found.serial;
+        if (process < 1 || found.serial == 0 || isAnother || found.isRefused) {
+            errno = found.isRefused && !isAnother ? EPERM : ESRCH;
             return -1;
         }
-        if (found->second.isRefused) {
-            errno = EPERM;
-            return -1;
-        }
-        if (signal != 0 && !found->second.survives.contains(signal)) {
+        if (signal != 0 && !found.survives.contains(signal)) {
             end(process);
         }
         return 0;
@@ -118,18 +103,19 @@ class FakeProcessTable final : public ProcessTable {
     std::set<ProcessId> probed;
     /// Every process whose counters were asked for, in order.
     std::vector<ProcessId> sampled;
-    /// What retainCounters() was last given.
+    /// What retainCounters() was last given, and how often it was called.
     std::set<ProcessId> retained;
-    /// How often it was called.
     int retentions = 0;
     /// Tells of every process that ends.
     Signal<ProcessId> ended;
     /// Runs before a process is held, for what happens between a look and the hold.
-    std::function<void(ProcessId)> onHold;
+    std::function<void(ProcessId)> onHold = [](ProcessId) {};
 
   private:
-    [[nodiscard]] bool isRunning(ProcessId process, std::uint64_t wanted) const {
-        return wanted != 0 && serial(process) == wanted;
+    const FakeProcess& seen(ProcessId process) const {
+        static const FakeProcess none{.parent = {}, .executable = {}, .counters = {}};
+        const auto found = processes_.find(process);
+        return found != processes_.end() ? found->second : none;
     }
 
     std::map<ProcessId, FakeProcess> processes_;

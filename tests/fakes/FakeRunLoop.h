@@ -3,10 +3,9 @@
 #include "fakes/FakeClock.h"
 #include "platform/RunLoop.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <map>
+#include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -14,37 +13,85 @@ namespace calmora {
 /// A main loop that is turned by hand; its timers follow the fake clock.
 class FakeRunLoop final : public RunLoop {
   public:
+    using milliseconds = std::chrono::milliseconds;
+    using nanoseconds = std::chrono::nanoseconds;
+
     explicit FakeRunLoop(FakeClock& clock) : clock_(clock) {}
 
-    [[nodiscard]] Subscription repeat(std::chrono::milliseconds interval,
-                                      std::function<void()> action) override;
-    [[nodiscard]] Subscription after(std::chrono::milliseconds delay,
-                                     std::function<void()> action) override;
-    [[nodiscard]] Subscription nextTurn(std::function<void()> action) override;
+    Subscription repeat(milliseconds interval, std::function<void()> action) override {
+        return add(interval, interval, std::move(action));
+    }
+
+    Subscription after(milliseconds delay, std::function<void()> action) override {
+        return add(delay, {}, std::move(action));
+    }
+
+    Subscription nextTurn(std::function<void()> action) override {
+        return add({}, {}, std::move(action));
+    }
 
     /// One turn: what waits for the next turn and the timers that are due now. A timer that was
     /// missed several times runs once.
-    void turn();
+    void turn() {
+        const nanoseconds now = time();
+        for (const auto& [id, entry] : Entries(*entries_)) {
+            if (entry.due > now || !entries_->contains(id)) {
+                continue;
+            }
+            if (entry.interval > milliseconds(0)) {
+                entries_->at(id).due = time() + entry.interval;
+            } else {
+                entries_->erase(id);
+            }
+            entry.action();
+        }
+    }
 
     /// Lets time pass with the loop running, from timer to timer.
-    void advance(std::chrono::milliseconds duration);
+    void advance(milliseconds duration) {
+        const nanoseconds end = time() + duration;
+        turn();
+        while (time() < end) {
+            nanoseconds next = end;
+            for (const auto& [id, entry] : *entries_) {
+                next = std::min(next, std::max(entry.due, time()));
+            }
+            clock_.advance(next - time());
+            turn();
+        }
+    }
 
     /// The intervals of the repeating timers that run.
-    [[nodiscard]] std::vector<std::chrono::milliseconds> timers() const;
+    std::vector<milliseconds> timers() const {
+        std::vector<milliseconds> intervals;
+        for (const auto& [id, entry] : *entries_) {
+            if (entry.interval > milliseconds(0)) {
+                intervals.push_back(entry.interval);
+            }
+        }
+        return intervals;
+    }
 
   private:
     struct Entry {
-        std::chrono::nanoseconds due;
-        std::chrono::milliseconds interval;
+        nanoseconds due;
+        milliseconds interval;
         std::function<void()> action;
     };
 
     using Entries = std::map<std::uint64_t, Entry>;
 
-    [[nodiscard]] std::chrono::nanoseconds time() const;
-    [[nodiscard]] Subscription add(std::chrono::milliseconds delay,
-                                   std::chrono::milliseconds interval,
-                                   std::function<void()> action);
+    nanoseconds time() const { return nanoseconds(clock_.ticks()); }
+
+    Subscription add(milliseconds delay, milliseconds interval, std::function<void()> action) {
+        const std::uint64_t id = nextId_++;
+        entries_->emplace(id, Entry{time() + delay, interval, std::move(action)});
+        return Subscription([weak = std::weak_ptr(entries_), id] {
+            if (const auto entries = weak.lock()) {
+                entries->erase(id);
+            }
+        });
+    }
 
     FakeClock& clock_;
     std::shared_ptr<Entries> entries_ = std::make_shared<Entries>();

@@ -10,28 +10,22 @@ namespace calmora {
 /// Makes silent sounds.
 class FakeSoundOutput final : public SoundOutput {
   public:
-    [[nodiscard]] std::unique_ptr<Sound> load(const std::filesystem::path& file) override {
-        loaded.push_back(file);
-        return isReadable ? std::make_unique<Silent>(calls) : nullptr;
+    std::unique_ptr<Sound> load(const std::filesystem::path&) override {
+        return std::make_unique<Silent>(calls);
     }
 
-    /// Whether load() makes a sound.
-    bool isReadable = true;
-    std::vector<std::filesystem::path> loaded;
     /// "stop" and "play" of every sound, in order.
     std::vector<std::string> calls;
 
   private:
-    class Silent final : public Sound {
-      public:
-        explicit Silent(std::vector<std::string>& calls) : calls_(calls) {}
+    struct Silent final : Sound {
+        explicit Silent(std::vector<std::string>& all) : heard(all) {}
 
-        void stop() override { calls_.emplace_back("stop"); }
+        void stop() override { heard.emplace_back("stop"); }
 
-        void play() override { calls_.emplace_back("play"); }
+        void play() override { heard.emplace_back("play"); }
 
-      private:
-        std::vector<std::string>& calls_;
+        std::vector<std::string>& heard;
     };
 };
 

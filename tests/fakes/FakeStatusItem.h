@@ -24,7 +24,7 @@ class FakeStatusItem final : public StatusItem {
 
     void popUpMenu() override { opened.push_back(menu ? menu() : std::vector<StatusMenuItem>{}); }
 
-    [[nodiscard]] std::optional<Rect> frame() const override { return rectangle; }
+    std::optional<Rect> frame() const override { return rectangle; }
 
     std::optional<Image> image;
     int points = 0;

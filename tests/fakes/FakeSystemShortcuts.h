@@ -7,7 +7,7 @@ namespace calmora {
 /// A desktop with the shortcuts that it is given.
 class FakeSystemShortcuts final : public SystemShortcuts {
   public:
-    [[nodiscard]] std::vector<SymbolicHotKey> copySymbolicHotKeys() override { return entries; }
+    std::vector<SymbolicHotKey> copySymbolicHotKeys() override { return entries; }
 
     std::vector<SymbolicHotKey> entries;
 };

@@ -9,16 +9,15 @@ namespace calmora {
 /// Rules for texts in ASCII letters, the same everywhere.
 class FakeText final : public Text {
   public:
-    [[nodiscard]] std::weak_ordering compare(std::string_view a,
-                                             std::string_view b) const override {
+    std::weak_ordering compare(std::string_view a, std::string_view b) const override {
         return folded(a) <=> folded(b);
     }
 
-    [[nodiscard]] bool contains(std::string_view text, std::string_view part) const override {
+    bool contains(std::string_view text, std::string_view part) const override {
         return folded(text).find(folded(part)) != std::string::npos;
     }
 
-    [[nodiscard]] std::string capitalized(std::string_view text) const override {
+    std::string capitalized(std::string_view text) const override {
         std::string result = folded(text);
         bool startsWord = true;
         for (char& c : result) {

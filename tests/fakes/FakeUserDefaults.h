@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/LookUp.h"
 #include "platform/UserDefaults.h"
 
 #include <utility>
@@ -13,33 +14,30 @@ class FakeUserDefaults final : public UserDefaults {
         registered = std::move(defaults);
     }
 
-    [[nodiscard]] std::optional<DefaultsValue> value(const std::string& key) const override {
-        const auto found = stored.find(key);
-        return found != stored.end() ? std::optional(found->second) : fallback(key);
+    std::optional<DefaultsValue> value(const std::string& key) const override {
+        return lookUp(stored.contains(key) ? stored : registered, key);
     }
 
-    [[nodiscard]] bool boolean(const std::string& key) const override {
-        return typed<bool>(key).value_or(false);
-    }
+    bool boolean(const std::string& key) const override { return typed<bool>(key).value_or(false); }
 
-    [[nodiscard]] std::int64_t integer(const std::string& key) const override {
+    std::int64_t integer(const std::string& key) const override {
         return typed<std::int64_t>(key).value_or(0);
     }
 
-    [[nodiscard]] std::optional<std::string> string(const std::string& key) const override {
+    std::optional<std::string> string(const std::string& key) const override {
         return typed<std::string>(key);
     }
 
-    [[nodiscard]] std::optional<std::vector<std::string>>
-    stringArray(const std::string& key) const override {
+    std::optional<std::vector<std::string>> stringArray(const std::string& key) const override {
         return typed<std::vector<std::string>>(key);
     }
 
-    [[nodiscard]] std::vector<std::string> keys(const std::string& prefix) const override {
+    std::vector<std::string> keys(const std::string& prefix) const override {
         std::vector<std::string> found;
-        for (auto at = stored.lower_bound(prefix);
-             at != stored.end() && at->first.starts_with(prefix); ++at) {
-            found.push_back(at->first);
+        for (const auto& [key, value] : stored) {
+            if (key.starts_with(prefix)) {
+                found.push_back(key);
+            }
         }
         return found;
     }
@@ -61,14 +59,9 @@ class FakeUserDefaults final : public UserDefaults {
     std::vector<std::string> writes;
 
   private:
-    [[nodiscard]] std::optional<DefaultsValue> fallback(const std::string& key) const {
-        const auto found = registered.find(key);
-        return found != registered.end() ? std::optional(found->second) : std::nullopt;
-    }
-
     template <typename Type>
-    [[nodiscard]] std::optional<Type> typed(const std::string& key) const {
-        for (const auto& candidate : {value(key), fallback(key)}) {
+    std::optional<Type> typed(const std::string& key) const {
+        for (const auto& candidate : {lookUp(stored, key), lookUp(registered, key)}) {
             if (candidate && std::holds_alternative<Type>(*candidate)) {
                 return std::get<Type>(*candidate);
             }

@@ -2,15 +2,8 @@
 
 #include "fakes/FakeProcessTable.h"
 #include "fakes/FakeRunLoop.h"
+#include "fakes/LookUp.h"
 #include "platform/Workspace.h"
-#include "support/Signal.h"
-
-#include <chrono>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace calmora {
 
@@ -37,29 +30,80 @@ struct FakeApplication {
 /// process has ended is no longer listed. Notices come on the next turn of the loop.
 class FakeWorkspace final : public Workspace {
   public:
-    FakeWorkspace(FakeProcessTable& processes, FakeClock& clock, FakeRunLoop& runLoop);
+    FakeWorkspace(FakeProcessTable& processes, FakeClock& clock, FakeRunLoop& runLoop)
+        : processes_(processes), clock_(clock), runLoop_(runLoop) {}
 
     /// Starts an application and its process.
-    void launch(FakeApplication application);
+    void launch(FakeApplication application) {
+        processes_.start(application.pid, application.process);
+        application.process.serial = processes_.serial(application.pid);
+        tell(launched, application);
+        applications_.push_back(std::move(application));
+    }
 
     /// A running application, to be changed; throws where there is none.
-    [[nodiscard]] FakeApplication& at(ProcessId process);
+    FakeApplication& at(ProcessId process) {
+        return applications_.at(static_cast<std::size_t>(find(process) - applications_.begin()));
+    }
 
     /// Brings an application to the front, or none.
-    void activate(std::optional<ProcessId> process);
+    void activate(std::optional<ProcessId> process) {
+        frontmost_ = process;
+        if (const auto found = find(process); found != applications_.end()) {
+            tell(activated, *found);
+        }
+    }
 
-    [[nodiscard]] std::vector<WorkspaceApplication> runningApplications() override;
-    [[nodiscard]] std::optional<WorkspaceApplication> frontmostApplication() override;
-    [[nodiscard]] std::unique_ptr<RunningApplication>
-    runningApplication(ProcessId processIdentifier) override;
-    [[nodiscard]] std::vector<std::unique_ptr<RunningApplication>>
-    runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) override;
-    [[nodiscard]] std::string canonicalIdentifier(const std::string& identifier) const override;
-    [[nodiscard]] std::optional<InstalledApplication>
-    installedApplication(const std::string& bundleIdentifier) const override;
-    [[nodiscard]] Subscription onLaunched(Handler handler) override;
-    [[nodiscard]] Subscription onTerminated(Handler handler) override;
-    [[nodiscard]] Subscription onActivated(Handler handler) override;
+    std::vector<WorkspaceApplication> runningApplications() override {
+        ++lists;
+        std::vector<WorkspaceApplication> listed;
+        for (const FakeApplication& application : applications_) {
+            if (isRunning(application)) {
+                listed.push_back(record(application));
+            }
+        }
+        return listed;
+    }
+
+    std::optional<WorkspaceApplication> frontmostApplication() override {
+        const auto found = find(frontmost_);
+        return found != applications_.end() ? std::optional(record(*found)) : std::nullopt;
+    }
+
+    std::unique_ptr<RunningApplication> runningApplication(ProcessId process) override {
+        lookups.push_back(process);
+        const auto found = find(process);
+        return found != applications_.end() && isRunning(*found)
+                   ? std::make_unique<Live>(*this, *found)
+                   : nullptr;
+    }
+
+    std::vector<std::unique_ptr<RunningApplication>>
+    runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) override {
+        identifierLookups.push_back(bundleIdentifier);
+        std::vector<std::unique_ptr<RunningApplication>> result;
+        for (const FakeApplication& application : applications_) {
+            if (application.bundleIdentifier == bundleIdentifier && isRunning(application)) {
+                result.push_back(std::make_unique<Live>(*this, application));
+            }
+        }
+        return result;
+    }
+
+    std::string canonicalIdentifier(const std::string& identifier) const override {
+        return lookUp(canonicalIdentifiers, identifier).value_or(identifier);
+    }
+
+    std::optional<InstalledApplication>
+    installedApplication(const std::string& bundleIdentifier) const override {
+        return lookUp(installed, bundleIdentifier);
+    }
+
+    Subscription onLaunched(Handler handler) override { return launched.connect(handler); }
+
+    Subscription onTerminated(Handler handler) override { return terminated.connect(handler); }
+
+    Subscription onActivated(Handler handler) override { return activated.connect(handler); }
 
     /// How often the list was asked for.
     int lists = 0;
@@ -78,11 +122,69 @@ class FakeWorkspace final : public Workspace {
     Signal<const WorkspaceApplication&> activated;
 
   private:
-    class Live;
+    class Live final : public RunningApplication {
+      public:
+        Live(FakeWorkspace& workspace, FakeApplication application)
+            : workspace_(workspace), self_(std::move(application)) {}
 
-    void tell(const Signal<const WorkspaceApplication&>& notice,
-              const FakeApplication& application);
-    [[nodiscard]] bool isRunning(const FakeApplication& application) const;
+        std::optional<std::string> bundleIdentifier() const override {
+            return self_.bundleIdentifier;
+        }
+
+        std::optional<std::string> bundleURL() const override { return self_.bundleURL; }
+
+        std::optional<std::filesystem::path> executableURL() const override {
+            return self_.executableURL;
+        }
+
+        ProcessId processIdentifier() const override { return self_.pid; }
+
+        bool isTerminated() const override { return !workspace_.isRunning(self_); }
+
+        bool terminate() override {
+            workspace_.terminateRequests.push_back(self_.pid);
+            return answer(self_.acceptsTerminate, self_.endsAfterTerminate);
+        }
+
+        bool forceTerminate() override {
+            workspace_.forceRequests.push_back(self_.pid);
+            return answer(self_.acceptsForce, self_.endsAfterForce);
+        }
+
+      private:
+        bool answer(bool accepts, std::optional<std::chrono::milliseconds> endsAfter) {
+            accepts = accepts && !isTerminated();
+            if (accepts && endsAfter) {
+                workspace_.clock_.after(*endsAfter, [&workspace = workspace_, self = self_] {
+                    if (workspace.isRunning(self)) {
+                        workspace.processes_.end(self.pid);
+                    }
+                });
+                workspace_.clock_.advance({});
+            }
+            return accepts;
+        }
+
+        FakeWorkspace& workspace_;
+        FakeApplication self_;
+    };
+
+    static WorkspaceApplication record(const FakeApplication& application) {
+        return {application.pid, application.bundleIdentifier, application.name, application.icon,
+                application.policy};
+    }
+
+    std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {
+        return std::ranges::find(applications_, process, &FakeApplication::pid);
+    }
+
+    void tell(const Signal<const WorkspaceApplication&>& notice, const FakeApplication& of) {
+        notices_.push_back(runLoop_.nextTurn([&notice, told = record(of)] { notice.emit(told); }));
+    }
+
+    bool isRunning(const FakeApplication& application) const {
+        return processes_.serial(application.pid) == application.process.serial;
+    }
 
     FakeProcessTable& processes_;
     FakeClock& clock_;
@@ -91,7 +193,12 @@ class FakeWorkspace final : public Workspace {
     std::vector<FakeApplication> applications_;
     std::optional<ProcessId> frontmost_;
     std::vector<Subscription> notices_;
-    Subscription ended_;
+    Subscription ended_ = processes_.ended.connect([this](ProcessId process) {
+        if (const auto found = find(process); found != applications_.end()) {
+            tell(terminated, *found);
+            applications_.erase(found);
+        }
+    });
 };
 
 } // namespace calmora

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "support/TempFolder.h"
+
 #include <chrono>
-#include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
-#include <string>
 #include <sys/types.h>
 #include <vector>
 
@@ -21,8 +22,6 @@ struct VirtualDesktopOptions {
     bool sessionBus = false;
     /// An XEMBED tray along the upper edge, its icons at the right.
     bool tray = false;
-    /// Geometry and depth of the screen.
-    std::string screen = "1280x800x24";
 };
 
 /// A desktop of its own on a free display, with a home folder of its own, for one test. Its end
@@ -42,10 +41,10 @@ class VirtualDesktop {
     [[nodiscard]] const std::string& display() const { return display_; }
 
     /// A temporary folder that is HOME, with the XDG folders in it.
-    [[nodiscard]] const std::filesystem::path& home() const { return home_; }
+    [[nodiscard]] const std::filesystem::path& home() const { return folder_.path(); }
 
-    /// The whole environment of programs on this desktop.
-    [[nodiscard]] const Environment& environment() const { return environment_; }
+    /// Gives this process the environment of programs on this desktop.
+    void enter() const;
 
     /// The value of a variable on this desktop; null when it is not set there.
     [[nodiscard]] const char* variable(const char* name) const;
@@ -54,8 +53,6 @@ class VirtualDesktop {
 
     /// 0 without one.
     [[nodiscard]] pid_t windowManager() const { return windowManager_; }
-
-    [[nodiscard]] pid_t sessionBus() const { return sessionBus_; }
 
     [[nodiscard]] pid_t tray() const { return tray_; }
 
@@ -70,27 +67,29 @@ class VirtualDesktop {
     /// Starts a window manager, which must not be running; returns when it answers.
     void startWindowManager(const std::string& name);
 
-    /// Ends one process that start() gave and collects it.
-    void end(pid_t process, int signal = 9);
+    /// Kills one process that start() gave and collects it.
+    void end(pid_t process);
 
     /// The exit status of a process that start() gave, as waitpid(2) tells it; absent while it
     /// runs. Collects the process.
     std::optional<int> exitStatus(pid_t process);
 
     /// What the programs have written so far.
-    [[nodiscard]] std::string log() const;
+    [[nodiscard]] std::string log() const { return TempFolder::read(home() / "log"); }
 
   private:
-    pid_t spawn(const std::vector<std::string>& command, int reportDescriptor,
-                const Environment& extra);
-    std::string startReporting(pid_t& process, const std::vector<std::string>& command);
-    void startServer(const std::string& screen);
+    struct Bare {};
+
+    /// A desktop without a server.
+    explicit VirtualDesktop(Bare bare);
+    /// Waits for the condition; throws when it does not come true.
+    void require(const std::function<bool()>& condition, const std::string& what);
+    /// Starts a program and gives the line that it writes to descriptor 9.
+    std::string startReporting(pid_t& process, const std::string& command);
     void startBus();
     void startSettingsDaemon();
-    void startTray();
-    void cleanUp() noexcept;
 
-    std::filesystem::path home_;
+    const TempFolder folder_;
     std::string display_;
     Environment environment_;
     std::map<pid_t, std::optional<int>> statuses_;

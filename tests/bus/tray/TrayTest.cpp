@@ -161,9 +161,7 @@ int main(int argc, char** argv) {
         return RUN_ALL_TESTS();
     }
     calmora::desktop = std::make_unique<calmora::VirtualDesktop>();
-    for (const auto& [name, value] : calmora::desktop->environment()) {
-        qputenv(name.c_str(), value.c_str());
-    }
+    calmora::desktop->enter();
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     int result = 1;

@@ -244,9 +244,7 @@ int main(int argc, char** argv) {
     options.windowManager = argc > 1 ? argv[1] : "openbox";
     calmora::VirtualDesktop someDesktop(options);
     calmora::desktop = &someDesktop;
-    for (const auto& [name, value] : someDesktop.environment()) {
-        qputenv(name.c_str(), value.c_str());
-    }
+    someDesktop.enter();
     qputenv("QT_QPA_PLATFORM", "xcb");
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

@@ -8,9 +8,7 @@
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const calmora::VirtualDesktop desktop({.windowManager = argc > 1 ? argv[1] : "openbox"});
-    for (const auto& [name, value] : desktop.environment()) {
-        qputenv(name.c_str(), value.c_str());
-    }
+    desktop.enter();
     qputenv("QT_QPA_PLATFORM", "xcb");
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
