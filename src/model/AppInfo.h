@@ -15,27 +15,27 @@ namespace calmora {
 struct AppInfo {
     /// Of a group row: the process id of its first member.
     ProcessId pid = 0;
-    std::string name;
+    std::string name = {};
     /// Of a group row: the parent application's identifier.
-    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> bundleIdentifier = {};
     /// Of a group row: its first member's icon.
-    std::optional<Image> icon;
+    std::optional<Image> icon = {};
     /// Ticked for quitting the selection.
     bool isSelected = true;
     /// On the never-quit list.
     bool isWhitelisted = false;
     /// Percent of one CPU; absent until sampled.
-    std::optional<double> cpuUsage;
+    std::optional<double> cpuUsage = {};
     /// Mebibytes; absent until sampled.
-    std::optional<double> memoryMB;
+    std::optional<double> memoryMB = {};
     /// Has no window that a user switches to, or is a group row.
     bool isBackgroundApp = false;
     /// Of a background application: the regular application that is its parent process.
-    std::optional<std::string> parentBundleIdentifier;
+    std::optional<std::string> parentBundleIdentifier = {};
     /// Of a group row: its members, in the order in which they were listed. Absent otherwise.
-    std::optional<std::vector<AppInfo>> childProcesses;
+    std::optional<std::vector<AppInfo>> childProcesses = {};
     /// The catalogue's entry for the identifier.
-    std::optional<KnownAppInfo> knownAppInfo;
+    std::optional<KnownAppInfo> knownAppInfo = {};
 };
 
 } // namespace calmora

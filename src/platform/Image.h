@@ -13,7 +13,7 @@ namespace calmora {
 struct ImagePixels {
     int width = 0;
     int height = 0;
-    std::vector<std::uint32_t> argb;
+    std::vector<std::uint32_t> argb = {};
 
     friend bool operator==(const ImagePixels&, const ImagePixels&) = default;
 };
@@ -22,11 +22,11 @@ struct ImagePixels {
 /// The first source that is set and can be drawn is the picture: the theme's, file, pixels.
 struct Image {
     /// Name to look up in the icon theme (freedesktop Icon Theme); empty means none.
-    std::string themeName;
+    std::string themeName = {};
     /// File to read; empty means none.
-    std::filesystem::path file;
+    std::filesystem::path file = {};
     /// Shared pixels; null means none.
-    std::shared_ptr<const ImagePixels> pixels;
+    std::shared_ptr<const ImagePixels> pixels = {};
     /// Looked up where the theme lacks the first name; empty means none.
     std::string fallbackThemeName = {};
 

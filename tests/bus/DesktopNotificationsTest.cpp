@@ -12,16 +12,6 @@ namespace {
 constexpr auto serverName = "org.freedesktop.Notifications";
 constexpr auto serverPath = "/org/freedesktop/Notifications";
 
-/// Hears every call and answers none.
-struct SilentObject : ScriptedObject {
-    using ScriptedObject::ScriptedObject;
-
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
-        calls.push_back(message);
-        return true;
-    }
-};
-
 TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wanted) {
     PrivateBus bus;
     QDBusConnection server = bus.connect();
@@ -34,9 +24,7 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
 
     notifications.add({"lost", "Calmora", "There is no server yet."});
     // Answered after the notice's error, so the notice is over.
-    ASSERT_EQ(
-        callAndWait(server, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId").type(),
-        QDBusMessage::ReplyMessage);
+    callAndWait(server, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
     ASSERT_TRUE(server.registerService(serverName));
 
     const UserNotification notice{"id", "Calmora", "Tom & <b>Jerry</b> was quit"};
@@ -48,33 +36,17 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
         ASSERT_TRUE(waitFor([&] { return daemon.count("Notify") == 1; }));
         const QVariantList arguments = daemon.calls.back().arguments();
         ASSERT_EQ(daemon.calls.back().signature(), "susssasa{sv}i");
-        EXPECT_EQ(arguments[0], "Calmora");
-        EXPECT_EQ(arguments[1], 0U) << "replaces none";
-        EXPECT_EQ(arguments[2], "org.example.Tool");
-        EXPECT_EQ(arguments[3], "Calmora");
-        EXPECT_EQ(arguments[4], body);
-        EXPECT_TRUE(arguments[5].toStringList().isEmpty());
+        EXPECT_EQ(arguments.first(6), (QVariantList{"Calmora", 0U, "org.example.Tool", "Calmora",
+                                                    body, QStringList()}));
         EXPECT_EQ(qdbus_cast<QVariantMap>(arguments[6]),
                   (QVariantMap{{"desktop-entry", "org.example.Tool"}, {"suppress-sound", true}}));
         capabilities = {"body"};
     }
 }
 
-TEST(DesktopNotifications, loses_notices_without_a_bus_or_an_answer) {
+TEST(DesktopNotifications, loses_notices_without_a_bus) {
     DesktopNotifications nowhere(QDBusConnection("not connected"), "org.example.Tool");
     nowhere.add({"id", "Calmora", "body"});
-
-    PrivateBus bus;
-    QDBusConnection server = bus.connect();
-    ASSERT_TRUE(server.registerService(serverName));
-    SilentObject silent(server, serverPath);
-    {
-        DesktopNotifications notifications(bus.connect(), "org.example.Tool");
-        notifications.add({"1", "Calmora", "body"});
-        notifications.add({"2", "Calmora", "body"});
-        ASSERT_TRUE(waitFor([&] { return silent.count("GetCapabilities") == 2; }));
-    }
-    EXPECT_EQ(silent.count("Notify"), 0);
 }
 
 } // namespace

@@ -10,29 +10,18 @@
 namespace calmora {
 namespace {
 
-constexpr auto configuration = R"(<!DOCTYPE busconfig PUBLIC
- "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:tmpdir=%1</listen>
-  <policy context="default">
-    <allow send_destination="*"/>
-    <allow receive_sender="*"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-)";
+constexpr auto configuration =
+    "<busconfig><type>session</type><listen>unix:tmpdir=%1</listen><policy context='default'>"
+    "<allow send_destination='*'/><allow receive_sender='*'/><allow own='*'/></policy></busconfig>";
 
 } // namespace
 
 PrivateBus::PrivateBus() {
     const QString path = folder_.filePath("bus.conf");
     QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(QString(configuration).arg(folder_.path()).toUtf8());
-        file.close();
-    }
+    file.open(QIODevice::WriteOnly);
+    file.write(QString(configuration).arg(folder_.path()).toUtf8());
+    file.close();
     daemon_.start("dbus-daemon", {"--config-file=" + path, "--print-address", "--nofork"});
     while (!daemon_.canReadLine() && daemon_.waitForReadyRead(5000)) {
     }
@@ -55,14 +44,6 @@ QDBusConnection PrivateBus::connect() {
 ScriptedObject::ScriptedObject(QDBusConnection connection, const QString& path, Answer answer)
     : connection_(std::move(connection)), path_(path), answer_(std::move(answer)) {
     connection_.registerVirtualObject(path_, this);
-}
-
-ScriptedObject::~ScriptedObject() {
-    connection_.unregisterObject(path_);
-}
-
-QString ScriptedObject::introspect(const QString&) const {
-    return {};
 }
 
 bool ScriptedObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {

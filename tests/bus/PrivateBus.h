@@ -25,8 +25,6 @@ class PrivateBus {
     /// A new connection; closed with the bus.
     [[nodiscard]] QDBusConnection connect();
 
-    [[nodiscard]] QString address() const { return address_; }
-
     [[nodiscard]] qint64 processId() const { return daemon_.processId(); }
 
   private:
@@ -42,9 +40,11 @@ class ScriptedObject : public QDBusVirtualObject {
     using Answer = std::function<QVariantList(const QDBusMessage&)>;
 
     ScriptedObject(QDBusConnection connection, const QString& path, Answer answer = {});
-    ~ScriptedObject() override;
 
-    [[nodiscard]] QString introspect(const QString& path) const override;
+    ~ScriptedObject() override { connection_.unregisterObject(path_); }
+
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
     /// Emits a signal of this object.
@@ -66,8 +66,8 @@ class ScriptedObject : public QDBusVirtualObject {
                            std::chrono::milliseconds atMost = std::chrono::seconds(5));
 
 /// Calls a method and runs the event loop until the answer is there.
-[[nodiscard]] QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,
-                                       const QString& path, const QString& interface,
-                                       const QString& method, const QVariantList& arguments = {});
+QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,
+                         const QString& path, const QString& interface, const QString& method,
+                         const QVariantList& arguments = {});
 
 } // namespace calmora

@@ -46,13 +46,12 @@ class SessionFenceTest : public testing::Test {
     }
 
     SessionFence fence(std::vector<ProcessId> display = {}, std::vector<ProcessId> owners = {}) {
+        const auto variable = [this](const std::string& name) {
+            return environment.contains(name) ? environment[name].c_str() : nullptr;
+        };
         return SessionFence(reader, {.display = [display] { return display; },
                                      .busOwners = [owners] { return owners; },
-                                     .environment = [this](const char* name) -> const char* {
-                                         const auto found = environment.find(name);
-                                         return found == environment.end() ? nullptr
-                                                                           : found->second.c_str();
-                                     },
+                                     .environment = variable,
                                      .loginSessions = folder});
     }
 
@@ -114,21 +113,14 @@ TEST_F(SessionFenceTest, findsTheLeaderOfTheLoginSession) {
 
 TEST(SocketPeersTest, readNamesOfSockets) {
     using Paths = std::vector<std::string>;
-    const std::pair<const char*, Paths> managers[] = {
-        {"local/h:@/tmp/.ICE-unix/12,unix/h:/tmp/.ICE-unix/12",
-         {"@/tmp/.ICE-unix/12", "/tmp/.ICE-unix/12"}},
-        {"tcp/h:1234,,local/h:,local/h", {}},
-        {"", {}},
-    };
-    for (const auto& [value, expected] : managers) {
-        EXPECT_EQ(sessionManagerSockets(value), expected) << value;
-    }
+    EXPECT_EQ(sessionManagerSockets("local/h:@/tmp/.ICE-unix/12,unix/h:/tmp/.ICE-unix/12"),
+              (Paths{"@/tmp/.ICE-unix/12", "/tmp/.ICE-unix/12"}));
+    EXPECT_EQ(sessionManagerSockets("tcp/h:1234,,local/h:,local/h"), Paths{});
     const std::pair<const char*, const char*> servers[] = {
         {"unix:/run/p/native", "/run/p/native"},
         {"{abc}unix:/a tcp:b", "/a"},
         {"{broken", ""},
         {"tcp:host", ""},
-        {"", ""},
     };
     for (const auto& [value, expected] : servers) {
         EXPECT_EQ(pulseServerSocket(value), expected) << value;

@@ -4,6 +4,7 @@
 #include "platform/qt/input/QtInputGate.h"
 #include "platform/qt/popover/QtPopover.h"
 #include "platform/qt/x11/X11TransientWindows.h"
+#include "support/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -33,6 +35,16 @@ constexpr std::uint8_t letterA = 38;
 /// Long enough for Qt to notice that a window lost the keyboard.
 constexpr milliseconds settling{250};
 
+/// Runs Qt's loop until the condition holds, at most ten seconds.
+bool loopUntil(const std::function<bool()>& condition) {
+    return QTest::qWaitFor(condition, 10'000);
+}
+
+/// Runs Qt's loop for a while, to see that nothing happens.
+void loopFor(milliseconds duration) {
+    QTest::qWait(static_cast<int>(duration.count()));
+}
+
 class TransientTest : public testing::Test {
   protected:
     TransientTest() {
@@ -45,8 +57,8 @@ class TransientTest : public testing::Test {
         QObject::connect(button_, &QPushButton::clicked, button_, [this] { ++clicks_; });
         popover_.setContent(std::move(content));
         popover_.setContentSize({360, 500});
-        first_ = openActive(600, 100, "first");
-        second_ = openActive(600, 400, "second");
+        first_ = openActive(600, 100);
+        second_ = openActive(600, 400);
     }
 
     ~TransientTest() override {
@@ -60,10 +72,15 @@ class TransientTest : public testing::Test {
     }
 
     /// A window of another program that has the keyboard.
-    xcb_window_t openActive(int x, int y, const std::string& title) {
-        const xcb_window_t window = hands_.openWindow(x, y, title);
-        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == window; })) << title;
+    xcb_window_t openActive(int x, int y) {
+        const xcb_window_t window = hands_.openWindow(x, y);
+        EXPECT_TRUE(owns(window));
         return window;
+    }
+
+    /// Whether the keyboard goes to a window, soon.
+    bool owns(xcb_window_t window) {
+        return loopUntil([&] { return hands_.keyboardOwner() == window; });
     }
 
     void show() {
@@ -77,6 +94,13 @@ class TransientTest : public testing::Test {
 
     bool ownsKeyboard(const QWidget* widget) {
         return hands_.keyboardOwner() == widget->window()->winId();
+    }
+
+    /// The popover keeps the keyboard.
+    void expectToStay() {
+        loopFor(settling);
+        EXPECT_TRUE(popover_.isShown());
+        EXPECT_TRUE(ownsKeyboard(field_));
     }
 
     static QPoint middle(const QWidget* widget) {
@@ -143,16 +167,14 @@ TEST_F(TransientTest, ClicksWithOptionHeldReachPopoverAndAlert) {
         clickOn(alert.findChild<QWidget*>("alertButton0"));
     });
     EXPECT_EQ(answer, 0U);
-    loopFor(settling);
-    EXPECT_TRUE(popover_.isShown());
-    EXPECT_TRUE(ownsKeyboard(field_));
+    expectToStay();
 }
 
 TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
     show();
     const std::size_t answer = ask([&](QWidget& alert) {
         hands_.click(700, 480); // The second window.
-        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+        EXPECT_TRUE(owns(second_));
         loopFor(settling);
         EXPECT_EQ(hands_.topmost(), alert.window()->winId()) << "nothing covers an alert";
         const QPoint title = middle(alert.findChild<QWidget*>("messageText"));
@@ -161,36 +183,30 @@ TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
         hands_.tap({escape});
     });
     EXPECT_EQ(answer, 1U);
-    loopFor(settling);
-    EXPECT_TRUE(popover_.isShown());
-    EXPECT_TRUE(ownsKeyboard(field_));
+    expectToStay();
 }
 
 TEST_F(TransientTest, TakesTheKeyboardBackWhenTheActiveWindowVanishes) {
     show();
     hands_.closeWindow(second_);
-    loopFor(settling);
-    EXPECT_TRUE(popover_.isShown());
-    EXPECT_TRUE(ownsKeyboard(field_));
+    expectToStay();
     hands_.closeWindow(first_);
-    loopFor(settling);
-    EXPECT_TRUE(popover_.isShown());
-    EXPECT_TRUE(ownsKeyboard(field_));
+    expectToStay();
 }
 
 TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     show();
-    const xcb_window_t dialog = hands_.openWindow(300, 300, "save?");
+    const xcb_window_t dialog = hands_.openWindow(300, 300);
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == dialog; }));
+    EXPECT_TRUE(owns(dialog));
     hands_.closeWindow(dialog);
-    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+    EXPECT_TRUE(owns(second_));
 
     loopFor(ReopenGuard::span);
     show();
     hands_.closeWindow(second_);
     std::this_thread::sleep_for(milliseconds{50});
-    const xcb_window_t other = hands_.openWindow(300, 300, "save?");
+    const xcb_window_t other = hands_.openWindow(300, 300);
     for (int turn = 0; turn < 100 && hands_.keyboardOwner() != other; ++turn) {
         std::this_thread::sleep_for(milliseconds{10});
     }
@@ -213,15 +229,13 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     hands_.click(icon_->x + 3, icon_->y + 3);
     loopFor(settling);
     hands_.click(middle(field_).x(), middle(field_).y());
-    hands_.button(5, true);
-    hands_.button(5, false);
+    hands_.press(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown());
 
     const xcb_window_t panel = hands_.openIcon(1200, 700, 24);
     hands_.move(1210, 710);
-    hands_.button(5, true);
-    hands_.button(5, false);
+    hands_.press(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
     hands_.move(1200, 780); // The bare root.
@@ -235,7 +249,7 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     show();
     hands_.click(700, 480); // The second window, which also gets the click.
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+    EXPECT_TRUE(owns(second_));
     hands_.closeWindow(icon);
     hands_.closeWindow(panel);
 }
@@ -261,7 +275,7 @@ TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
     EXPECT_TRUE(hears(3, ModifierFlags::option));
     ask([&](QWidget& alert) {
         hands_.click(700, 480);
-        EXPECT_TRUE(loopUntil([&] { return hands_.keyboardOwner() == second_; }));
+        EXPECT_TRUE(owns(second_));
         hands_.release({altL});
         loopFor(settling);
         EXPECT_EQ(heard.size(), 3U) << "nobody sees this release";
@@ -293,3 +307,14 @@ TEST_F(TransientTest, DiscardsWhatWasClickedAndTypedWhileTheLoopWasBlocked) {
 
 } // namespace
 } // namespace calmora
+
+/// Usage: calmora_transient_tests WINDOW_MANAGER [Google Test options]
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const calmora::VirtualDesktop desktop({.windowManager = argc > 1 ? argv[1] : "openbox"});
+    desktop.enter();
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}

@@ -130,27 +130,6 @@ TEST_F(X11WindowSystemTest, TellsChangesAndCostsNothingOtherwise) {
     EXPECT_EQ(windowsOf(unseen).size(), 1U);
 }
 
-TEST_F(X11WindowSystemTest, ClosesOnlyWhatTakesPartInClosing) {
-    for (const char* manager : {"openbox", "xfwm4", ""}) {
-        SCOPED_TRACE(manager);
-        system.reset();
-        desktop.reset();
-        open({.windowManager = manager});
-        const pid_t polite = client();
-        const pid_t deaf = client({"--no-delete"});
-        const WindowId politeWindow = windowOf(polite).id;
-        EXPECT_FALSE(system->requestClose(windowOf(deaf).id));
-        EXPECT_TRUE(system->requestClose(politeWindow));
-        system->flush();
-        EXPECT_TRUE(waitFor([&] { return desktop->exitStatus(polite).has_value(); }));
-        EXPECT_EQ(desktop->exitStatus(polite), 0) << "it ended by itself";
-        EXPECT_FALSE(desktop->exitStatus(deaf)) << "closing it would have killed it";
-        EXPECT_TRUE(waitFor([&] { return !system->requestClose(politeWindow); }))
-            << "a window that is gone";
-        EXPECT_FALSE(system->requestClose(0));
-    }
-}
-
 TEST_F(X11WindowSystemTest, ManagesWithoutAWindowManager) {
     open({.windowManager = ""});
     int changes = 0;

@@ -1,7 +1,6 @@
 #include "platform/linux/xdg/AutostartLoginItem.h"
 
 #include "platform/linux/xdg/DesktopEntry.h"
-#include "platform/linux/xdg/TextFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -24,9 +23,10 @@ struct AutostartLoginItemTest : testing::Test {
         return folder / where / "autostart" / "org.example.Tool.desktop";
     }
 
-    void write(const char* where, const std::string& text) const {
-        fs::create_directories(file(where).parent_path());
-        ASSERT_TRUE(replaceTextFile(file(where), text));
+    void write(const std::string& where, const std::string& text) const {
+        if (!text.empty()) {
+            temporary.write(where + "/autostart/org.example.Tool.desktop", text);
+        }
     }
 
     [[nodiscard]] AutostartLoginItem item(const fs::path& program = "/opt/tool/bin/tool") const {
@@ -65,12 +65,8 @@ TEST_F(AutostartLoginItemTest, ReadsTheUsersFileBeforeTheSystems) {
          }) {
         fs::remove_all(folder / "home");
         fs::remove_all(folder / "system");
-        if (!c.user.empty()) {
-            write("home", c.user);
-        }
-        if (!c.system.empty()) {
-            write("system", c.system);
-        }
+        write("home", c.user);
+        write("system", c.system);
         EXPECT_EQ(item().isEnabled(), c.isEnabled) << c.name;
         for (const bool wanted : {true, true, false, false, true}) {
             EXPECT_TRUE(item().setEnabled(wanted)) << c.name;
@@ -84,19 +80,17 @@ TEST_F(AutostartLoginItemTest, StartsTheRunningProgramWhateverItsPath) {
     const fs::path strange = "/opt/a \"b\" $c `d` \\e 100% %f\n;#'/tool";
     for (const fs::path& program : {fs::path("/usr/bin/tool"), strange}) {
         ASSERT_TRUE(item(program).setEnabled(true));
-        const auto text = readTextFile(file("home"));
-        ASSERT_TRUE(text);
-        const auto entry = parseDesktopEntry(*text, {});
-        ASSERT_TRUE(entry) << *text;
-        EXPECT_EQ(execWords(entry->exec), std::vector{program.string()}) << *text;
+        const std::string text = TempFolder::read(file("home"));
+        const auto entry = parseDesktopEntry(text, {});
+        ASSERT_TRUE(entry) << text;
+        EXPECT_EQ(execWords(entry->exec), std::vector{program.string()}) << text;
         EXPECT_EQ(entry->icon, "org.example.Tool");
         EXPECT_FALSE(entry->hidden);
     }
 }
 
 TEST_F(AutostartLoginItemTest, TellsWhenItCannotWrite) {
-    fs::create_directories(folder / "home");
-    ASSERT_TRUE(replaceTextFile(folder / "home" / "autostart", "a file in the folder's place"));
+    temporary.write("home/autostart", "a file in the folder's place");
     EXPECT_FALSE(item().setEnabled(true));
     EXPECT_FALSE(item().isEnabled());
     EXPECT_TRUE(item().setEnabled(false)) << "it is off";

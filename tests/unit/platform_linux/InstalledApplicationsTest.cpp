@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <thread>
 
@@ -31,105 +32,93 @@ class InstalledApplicationsTest : public testing::Test {
         return result;
     }
 
+    /// Entries below a folder of applications, by file and name or, with a "[", whole text.
+    void write(const std::string& where, const std::map<std::string, std::string>& entries) const {
+        for (const auto& [id, text] : entries) {
+            folder.write(where + "/" + id + ".desktop",
+                         text.starts_with("[") ? text : entryText(text));
+        }
+    }
+
+    /// The index as it is now.
+    const DesktopEntryIndex& index() {
+        installed.refresh();
+        return installed.index();
+    }
+
     TempFolder folder;
+    InstalledApplications installed{directories(), {}};
 };
 
 TEST_F(InstalledApplicationsTest, TakesTheFirstOfEachId) {
-    folder.write("user/applications/a.desktop", entryText("users"));
-    folder.write("system/applications/a.desktop", entryText("systems"));
-    folder.write("system/applications/kde/deep/b.desktop", entryText("deep"));
-    folder.write("user/applications/gone.desktop", "[Desktop Entry]\nHidden=true\n");
-    folder.write("system/applications/gone.desktop", entryText("gone"));
-    folder.write("user/applications/broken.desktop", "no entry at all");
-    folder.write("system/applications/broken.desktop", entryText("whole"));
-    folder.write("system/applications/org.telegram.desktop.desktop", entryText("Telegram"));
-    InstalledApplications installed(directories(), {});
-    EXPECT_TRUE(installed.refresh());
-    const DesktopEntryIndex& index = installed.index();
-    EXPECT_EQ(index.withId("a")->name, "users");
-    EXPECT_EQ(index.withId("kde-deep-b")->name, "deep");
-    EXPECT_EQ(index.withId("gone"), nullptr);
-    EXPECT_EQ(index.withId("broken")->name, "whole");
-    EXPECT_EQ(index.withId("org.telegram.desktop")->name, "Telegram");
-    EXPECT_EQ(index.withPath((folder.path() / "user/applications/a.desktop").string())->id, "a");
+    const std::string hidden = "[Desktop Entry]\nHidden=true\n";
+    write("user/applications", {{"a", "users"}, {"gone", hidden}, {"broken", "[no entry at all"}});
+    write("system/applications",
+          {{"a", "systems"}, {"kde/deep/b", "deep"}, {"gone", "gone"}, {"broken", "whole"}});
+    write("system/applications", {{"org.telegram.desktop", "Telegram"}});
+    EXPECT_EQ(index().withId("a")->name, "users");
+    EXPECT_EQ(index().withId("kde-deep-b")->name, "deep");
+    EXPECT_EQ(index().withId("gone"), nullptr);
+    EXPECT_EQ(index().withId("broken")->name, "whole");
+    EXPECT_EQ(index().withId("org.telegram.desktop")->name, "Telegram");
+    EXPECT_EQ(index().withPath((folder.path() / "user/applications/a.desktop").string())->id, "a");
+
+    write("system/applications", {{"chat", "Chat"}});
+    write("etc/autostart", {{"chat", "Chat"}, {"agent", "Agent"}, {"off", "Off"}});
+    write("config/autostart", {{"off", hidden}});
+    EXPECT_TRUE(index().withId("chat")->isAutostart && index().withId("chat")->isVisible);
+    EXPECT_TRUE(index().withId("agent")->isAutostart && !index().withId("agent")->isVisible);
+    EXPECT_FALSE(index().withId("off"));
 }
 
 TEST_F(InstalledApplicationsTest, LeavesOutWhatCannotStartAndHidesWhatOtherDesktopsShow) {
     chmod(folder.write("bin/there", "x").c_str(), 0755);
-    folder.write("system/applications/there.desktop", entryText("a", "TryExec=there\n"));
-    folder.write("system/applications/missing.desktop", entryText("b", "TryExec=missing\n"));
-    folder.write("system/applications/path.desktop", entryText("c", "TryExec=/no/such/file\n"));
-    folder.write("system/applications/ours.desktop", entryText("d", "OnlyShowIn=XFCE;\n"));
-    folder.write("system/applications/theirs.desktop", entryText("e", "OnlyShowIn=KDE;\n"));
-    folder.write("system/applications/notours.desktop", entryText("f", "NotShowIn=XFCE;\n"));
-    InstalledApplications installed(directories(), {});
-    installed.refresh();
-    const DesktopEntryIndex& index = installed.index();
-    EXPECT_TRUE(index.withId("there"));
-    EXPECT_FALSE(index.withId("missing"));
-    EXPECT_FALSE(index.withId("path"));
-    EXPECT_TRUE(index.withId("ours")->isVisible);
-    EXPECT_FALSE(index.withId("theirs")->isVisible);
-    EXPECT_FALSE(index.withId("notours")->isVisible);
-}
-
-TEST_F(InstalledApplicationsTest, KnowsWhatStartsWithTheSession) {
-    folder.write("system/applications/chat.desktop", entryText("Chat"));
-    folder.write("etc/autostart/chat.desktop", entryText("Chat"));
-    folder.write("etc/autostart/agent.desktop", entryText("Agent"));
-    folder.write("etc/autostart/off.desktop", entryText("Off"));
-    folder.write("config/autostart/off.desktop", "[Desktop Entry]\nHidden=true\n");
-    InstalledApplications installed(directories(), {});
-    installed.refresh();
-    const DesktopEntryIndex& index = installed.index();
-    EXPECT_TRUE(index.withId("chat")->isAutostart && index.withId("chat")->isVisible);
-    EXPECT_TRUE(index.withId("agent")->isAutostart && !index.withId("agent")->isVisible);
-    EXPECT_FALSE(index.withId("off"));
+    write("system/applications", {{"there", entryText("a", "TryExec=there\n")},
+                                  {"missing", entryText("b", "TryExec=missing\n")},
+                                  {"path", entryText("c", "TryExec=/no/such/file\n")},
+                                  {"ours", entryText("d", "OnlyShowIn=XFCE;\n")},
+                                  {"theirs", entryText("e", "OnlyShowIn=KDE;\n")},
+                                  {"notours", entryText("f", "NotShowIn=XFCE;\n")}});
+    EXPECT_TRUE(index().withId("there"));
+    EXPECT_FALSE(index().withId("missing") || index().withId("path"));
+    EXPECT_TRUE(index().withId("ours")->isVisible);
+    EXPECT_FALSE(index().withId("theirs")->isVisible || index().withId("notours")->isVisible);
 }
 
 TEST_F(InstalledApplicationsTest, ScansAgainOnlyWhenSomethingChanged) {
-    folder.write("system/applications/a.desktop", entryText("a"));
-    InstalledApplications installed(directories(), {});
-    installed.refresh();
+    write("system/applications", {{"a", "a"}});
     // Right after a change the time stamps cannot tell; soon they can.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     while (installed.refresh() && std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
     ASSERT_FALSE(installed.refresh());
-    folder.write("system/applications/b.desktop", entryText("b"));
-    EXPECT_TRUE(installed.refresh());
-    EXPECT_TRUE(installed.index().withId("b"));
-    folder.write("user/applications/c.desktop", entryText("c"));
-    EXPECT_TRUE(installed.refresh());
-    EXPECT_TRUE(installed.index().withId("c"));
+    write("system/applications", {{"b", "b"}});
+    EXPECT_TRUE(index().withId("b"));
+    write("user/applications", {{"c", "c"}});
+    EXPECT_TRUE(index().withId("c"));
     std::filesystem::remove(folder.path() / "system/applications/a.desktop");
-    EXPECT_TRUE(installed.refresh());
-    EXPECT_FALSE(installed.index().withId("a"));
+    EXPECT_FALSE(index().withId("a"));
 }
 
 TEST_F(InstalledApplicationsTest, FindsTheFileManager) {
     const std::string manager = "Categories=System;FileManager;\n";
-    folder.write("system/applications/pcmanfm.desktop", entryText("pcmanfm", manager));
-    folder.write("system/applications/thunar.desktop", entryText("thunar", manager));
-    folder.write("system/applications/editor.desktop", entryText("editor"));
+    write("system/applications", {{"pcmanfm", entryText("pcmanfm", manager)},
+                                  {"thunar", entryText("thunar", manager)},
+                                  {"editor", "editor"}});
     folder.write("system/applications/mimeinfo.cache",
                  "[MIME Cache]\ninode/directory=editor.desktop;thunar.desktop;pcmanfm.desktop;\n");
-    InstalledApplications installed(directories(), {});
-    installed.refresh();
-    EXPECT_EQ(installed.index().fileManager(), "thunar");
+    EXPECT_EQ(index().fileManager(), "thunar");
 
     // A default that is no file manager does not play its part, and one that is gone neither.
     folder.write("etc/mimeapps.list",
                  "[Default Applications]\n"
                  "inode/directory=editor.desktop;gone.desktop;pcmanfm.desktop\n");
-    installed.refresh();
-    EXPECT_EQ(installed.index().fileManager(), "pcmanfm");
+    EXPECT_EQ(index().fileManager(), "pcmanfm");
 
     folder.write("config/xfce-mimeapps.list",
                  "[Default Applications]\ninode/directory=thunar.desktop\n");
-    installed.refresh();
-    EXPECT_EQ(installed.index().fileManager(), "thunar");
+    EXPECT_EQ(index().fileManager(), "thunar");
 }
 
 TEST_F(InstalledApplicationsTest, HidesRemovedAssociationsOfLessImportantLists) {
@@ -143,14 +132,13 @@ TEST_F(InstalledApplicationsTest, HidesRemovedAssociationsOfLessImportantLists) 
 
 TEST_F(InstalledApplicationsTest, ChoosesAmongEntriesThatShareAKey) {
     const auto entry = [](const char* id, const char* exec, bool visible) {
-        DesktopEntry result;
-        result.id = id;
-        result.name = result.unlocalizedName = "Same";
-        result.exec = exec;
-        result.execKey = "tool";
-        result.startupWmClass = "Tool";
-        result.isVisible = visible;
-        return result;
+        return DesktopEntry{.id = id,
+                            .name = "Same",
+                            .unlocalizedName = "Same",
+                            .exec = exec,
+                            .execKey = "tool",
+                            .startupWmClass = "Tool",
+                            .isVisible = visible};
     };
     std::vector<DesktopEntry> entries = {entry("a.hidden", "tool", false),
                                          entry("a.long", "tool --preferences", true),

@@ -3,10 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <ostream>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace calmora {
 namespace {
@@ -31,19 +27,14 @@ ProtectionCandidate someApplication() {
             .executable = "mousepad"};
 }
 
-struct Case {
-    const char* name;
-    ProtectionCandidate process;
-    std::optional<ProtectionReason> expected;
-};
-
-std::vector<Case> cases() {
+TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
     using enum ProtectionReason;
-    std::vector<Case> all;
-    const auto add = [&](const char* name, std::optional<ProtectionReason> expected, auto change) {
+    SessionFacts ours = someSession();
+    const auto check = [&](const char* what, std::optional<ProtectionReason> expected,
+                           auto change) {
         ProtectionCandidate facts = someApplication();
         change(facts);
-        all.push_back({name, std::move(facts), expected});
+        EXPECT_EQ(protection(facts, ours), expected) << what;
     };
     const auto withId = [](ProcessId id) {
         return [id](ProtectionCandidate& f) { f.process = id; };
@@ -54,48 +45,35 @@ std::vector<Case> cases() {
     const auto named = [](const char* name, const char* executable) {
         return [=](ProtectionCandidate& f) { f.name = name, f.executable = executable; };
     };
-    add("application", std::nullopt, [](ProtectionCandidate&) {});
-    add("negative id", firstProcesses, withId(-4711));
-    add("kthreadd", firstProcesses, withId(2));
-    add("ourselves", ourselves, withId(100));
-    add("grandparent", ourAncestor, withId(80));
-    add("window manager", display, withId(70));
-    add("session manager", session, withId(60));
-    add("portal", busOwner, withId(50));
-    add("pipewire", audioServer, withId(40));
-    add("unreadable", unreadable, [](ProtectionCandidate& f) { f.user.reset(); });
-    add("root's", anotherUser, [](ProtectionCandidate& f) { f.user = 0; });
-    add("kernel thread", kernelThread, [](ProtectionCandidate& f) { f.isKernelThread = true; });
-    add("user manager", controlGroup,
-        inGroup("/user.slice/user-1000.slice/user@1000.service/init.scope"));
-    add("shell", controlGroup,
-        inGroup("/user.slice/user-1000.slice/user@1000.service/session.slice/gnome.service"));
-    add("daemon", controlGroup, inGroup("/system.slice/cron.service"));
-    add("look-alike group", std::nullopt, inGroup("/user.slice/my-session.slice/x.scope"));
-    add("look-alike group, longer", std::nullopt, inGroup("/a/system.slices/x.scope"));
-    add("no group", std::nullopt, inGroup(""));
-    add("by name", name, named("xfwm4", ""));
-    add("by cut name", name, named("gnome-session-b", ""));
-    add("by executable", name, named("renamed", "dbus-daemon"));
-    add("a longer name", std::nullopt, named("openbox-theme", "openbox-theme"));
-    add("a shorter name", std::nullopt, named("gnome-session-", "gnome-session-"));
-    return all;
-}
-
-TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
-    for (const Case& c : cases()) {
-        EXPECT_EQ(protection(c.process, someSession()), c.expected) << c.name;
-    }
-}
-
-TEST(ProtectionRules, aWholeDesktopInOneServiceIsNoReason) {
-    SessionFacts session = someSession();
-    session.controlGroup = "/system.slice/vnc.service";
-    ProtectionCandidate process = someApplication();
-    process.controlGroup = "/system.slice/vnc.service";
-    EXPECT_EQ(protection(process, session), std::nullopt);
-    process.controlGroup = "/system.slice/cron.service";
-    EXPECT_EQ(protection(process, session), ProtectionReason::controlGroup);
+    check("application", std::nullopt, [](ProtectionCandidate&) {});
+    check("negative id", firstProcesses, withId(-4711));
+    check("kthreadd", firstProcesses, withId(2));
+    check("ourselves", ourselves, withId(100));
+    check("grandparent", ourAncestor, withId(80));
+    check("window manager", display, withId(70));
+    check("session manager", session, withId(60));
+    check("portal", busOwner, withId(50));
+    check("pipewire", audioServer, withId(40));
+    check("unreadable", unreadable, [](ProtectionCandidate& f) { f.user.reset(); });
+    check("root's", anotherUser, [](ProtectionCandidate& f) { f.user = 0; });
+    check("kernel thread", kernelThread, [](ProtectionCandidate& f) { f.isKernelThread = true; });
+    check("user manager", controlGroup,
+          inGroup("/user.slice/user-1000.slice/user@1000.service/init.scope"));
+    check("shell", controlGroup,
+          inGroup("/user.slice/user-1000.slice/user@1000.service/session.slice/gnome.service"));
+    check("daemon", controlGroup, inGroup("/system.slice/cron.service"));
+    check("look-alike group", std::nullopt, inGroup("/user.slice/my-session.slice/x.scope"));
+    check("look-alike group, longer", std::nullopt, inGroup("/a/system.slices/x.scope"));
+    check("no group", std::nullopt, inGroup(""));
+    check("by name", name, named("xfwm4", ""));
+    check("by cut name", name, named("gnome-session-b", ""));
+    check("by executable", name, named("renamed", "dbus-daemon"));
+    check("a longer name", std::nullopt, named("openbox-theme", "openbox-theme"));
+    check("a shorter name", std::nullopt, named("gnome-session-", "gnome-session-"));
+    // A whole desktop in one service is no reason.
+    ours.controlGroup = "/system.slice/vnc.service";
+    check("in our service", std::nullopt, inGroup("/system.slice/vnc.service"));
+    check("in another", controlGroup, inGroup("/system.slice/cron.service"));
 }
 
 } // namespace

@@ -11,9 +11,11 @@ namespace {
 TEST(Signal, CallsSubscribersInOrderUntilTheirTokensEnd) {
     Signal<int> signal;
     std::string heard;
-    Subscription first = signal.connect([&](int value) { heard += "a" + std::to_string(value); });
-    const Subscription second =
-        signal.connect([&](int value) { heard += "b" + std::to_string(value); });
+    const auto say = [&](char who) {
+        return signal.connect([&, who](int value) { heard += who + std::to_string(value); });
+    };
+    Subscription first = say('a');
+    const Subscription second = say('b');
     signal.emit(1);
     first.reset();
     signal.emit(2);

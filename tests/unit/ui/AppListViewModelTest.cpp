@@ -34,15 +34,14 @@ struct AppListViewModelTest : testing::Test {
     FakeApplication& launch(ProcessId pid, std::string name, std::optional<std::string> identifier,
                             ActivationPolicy policy = ActivationPolicy::regular,
                             ProcessId parent = 1) {
-        FakeApplication app;
-        app.pid = pid;
-        app.name = std::move(name);
-        app.bundleIdentifier = std::move(identifier);
-        app.bundleURL = "/opt/" + std::to_string(pid) + "/";
-        app.policy = policy;
-        app.process.parent = parent;
-        app.process.counters = ProcessCounters{0, 0, std::uint64_t(pid) << 20};
-        machine.workspace.launch(app);
+        machine.workspace.launch(
+            {.pid = pid,
+             .name = std::move(name),
+             .bundleIdentifier = std::move(identifier),
+             .policy = policy,
+             .bundleURL = "/opt/" + std::to_string(pid) + "/",
+             .process = {.parent = parent,
+                         .counters = ProcessCounters{0, 0, std::uint64_t(pid) << 20}}});
         return machine.workspace.at(pid);
     }
 
@@ -205,11 +204,8 @@ TEST_F(AppListViewModelTest, DropsTheCountersOfWhatLeftBothLists) {
     machine.processes.end(4);
     machine.workspace.at(7).policy = ActivationPolicy::accessory;
     model.refresh();
-    std::set<ProcessId> kept;
-    for (const auto& [pid, snapshot] : model.snapshots()) {
-        kept.insert(pid);
-    }
-    EXPECT_EQ(kept, (std::set<ProcessId>{2, 3, 7}));
+    EXPECT_EQ(model.snapshots().size(), 3U);
+    EXPECT_TRUE(model.snapshots().contains(7)) << "in the other list by now";
 }
 
 TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
@@ -247,9 +243,8 @@ TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
 
     settings.setPlaySounds(true);
     machine.bundle.resources.clear();
-    AppListViewModel silent(settings, machine.platform());
     launch(9, "Mute", "org.mute");
-    EXPECT_TRUE(silent.quitApp(9, false)) << "without a sound quitting still works";
+    EXPECT_TRUE(AppListViewModel(settings, machine.platform()).quitApp(9, false)) << "no sound";
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
 }
 

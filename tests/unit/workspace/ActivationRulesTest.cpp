@@ -53,18 +53,13 @@ TEST(TopmostAgents, AreTheApplicationsOfTheirTreesAndUnits) {
 }
 
 TEST(QuitRequests, RecogniseTheQuestionThatARequestBrought) {
-    TopLevelWindow main;
-    main.id = 1;
-    main.process = 10;
-    main.type = WindowType::normal;
-    TopLevelWindow dialog = main;
-    dialog.id = 2;
-    dialog.transientFor = 1;
-    dialog.type = WindowType::dialog;
-    TopLevelWindow second = main;
-    second.id = 3;
-    TopLevelWindow foreign = dialog;
-    foreign.process = 20;
+    const TopLevelWindow main{.id = 1, .process = 10, .type = WindowType::normal};
+    const TopLevelWindow second{.id = 3, .process = 10, .type = WindowType::normal};
+    const TopLevelWindow dialog{
+        .id = 2, .process = 10, .transientFor = 1, .type = WindowType::dialog};
+    const TopLevelWindow loose{.id = 2, .process = 10, .type = WindowType::dialog};
+    const TopLevelWindow foreign{
+        .id = 2, .process = 20, .transientFor = 1, .type = WindowType::dialog};
 
     QuitRequests requests;
     const std::vector<TopLevelWindow> asking{main, dialog};
@@ -75,8 +70,6 @@ TEST(QuitRequests, RecogniseTheQuestionThatARequestBrought) {
     EXPECT_FALSE(requests.isAsking(10, 6, asking)) << "another process with the same id";
     EXPECT_FALSE(requests.isAsking(10, 5, std::vector{main})) << "it was answered";
     EXPECT_FALSE(requests.isAsking(10, 5, std::vector{main, second})) << "a window is no question";
-    TopLevelWindow loose = dialog;
-    loose.transientFor = 0;
     EXPECT_TRUE(requests.isAsking(10, 5, std::vector{main, loose})) << "it names no parent";
     EXPECT_FALSE(requests.isAsking(10, 5, std::vector{loose})) << "it took the window's place";
     requests.remember(10, 5, asking);

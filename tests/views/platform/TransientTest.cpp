@@ -1,7 +1,7 @@
-#include "platform/FakeTransientWindows.h"
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtInputGate.h"
 #include "platform/qt/popover/QtPopover.h"
+#include "platform/qt/window/ManagedTransientWindows.h"
 
 #include <gtest/gtest.h>
 
@@ -14,152 +14,132 @@
 namespace calmora {
 namespace {
 
-constexpr Rect icon{100, 0, 24, 24};
-
-class PopoverTest : public testing::Test {
-  protected:
-    PopoverTest() {
-        auto content = std::make_unique<QLineEdit>();
-        field_ = content.get();
-        popover_.setContent(std::move(content));
-        popover_.setContentSize({360, 500});
-    }
-
-    FakeTransientWindows windows_;
-    AlertSession alerts_;
-    QtPopover popover_{windows_, alerts_};
-    QLineEdit* field_ = nullptr;
-};
-
-TEST_F(PopoverTest, TellsOfShowingAndClosingOnce) {
+TEST(QtPopover, TellsOfShowingAndClosingOnce) {
+    ManagedTransientWindows windows;
+    AlertSession alerts;
+    QtPopover popover(windows, alerts);
+    auto content = std::make_unique<QLineEdit>();
+    QLineEdit& field = *content;
+    popover.setContent(std::move(content));
+    popover.setContentSize({360, 500});
     std::string heard;
-    const Subscription shows = popover_.onWillShow([&] {
-        EXPECT_FALSE(field_->isVisible());
+    const Subscription shows = popover.onWillShow([&] {
+        EXPECT_FALSE(field.isVisible());
         heard += "show ";
     });
-    const Subscription closes = popover_.onDidClose([&] { heard += "close "; });
-    popover_.performClose();
-    popover_.show(icon);
-    popover_.show(icon);
-    EXPECT_TRUE(field_->isVisible());
-    EXPECT_EQ(field_->mapToGlobal(QPoint()).x(), popover_.bounds().x + 1);
-    QTest::keyClick(field_, Qt::Key_Escape);
-    EXPECT_FALSE(popover_.isShown());
-    EXPECT_FALSE(field_->isVisible());
+    const Subscription closes = popover.onDidClose([&] { heard += "close "; });
+    popover.performClose();
+    popover.show(Rect{100, 0, 24, 24});
+    popover.show(Rect{100, 0, 24, 24});
+    EXPECT_TRUE(field.isVisible());
+    EXPECT_EQ(field.mapToGlobal(QPoint()).x(), popover.bounds().x + 1);
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_FALSE(popover.isShown() || field.isVisible());
     EXPECT_EQ(heard, "show close ");
-    EXPECT_EQ(windows_.calls, "lend return ");
-    popover_.show({});
-    EXPECT_TRUE(popover_.isShown()) << "closed by its own action, it opens at once";
+    popover.show({});
+    EXPECT_TRUE(popover.isShown()) << "closed by its own action, it opens at once";
 }
 
-class AlertsTest : public testing::Test {
-  protected:
-    /// Shows the alert and runs `act` on it as soon as it is on screen.
-    std::size_t answer(const std::function<void(QWidget&)>& act) {
-        QTimer::singleShot(0, [&] {
-            QWidget* panel = nullptr;
-            for (QWidget* widget : QApplication::topLevelWidgets()) {
-                if (widget->isVisible() && widget->findChild<QWidget*>("alert")) {
-                    panel = widget->findChild<QWidget*>("alert");
-                }
-            }
-            ASSERT_NE(panel, nullptr);
-            wasOpen_ = session_.isOpen();
-            act(*panel);
-        });
-        return alerts_.runModal({.messageText = "Quit <b>everything</b>?",
-                                 .informativeText = "Really.",
-                                 .style = AlertStyle::critical,
-                                 .icon = {},
-                                 .buttons = {{"Force Quit All", true}, {"Cancel", false}}});
-    }
-
-    FakeTransientWindows windows_;
-    AlertSession session_;
-    QtAlerts alerts_{windows_, session_, Image{}};
-    bool wasOpen_ = false;
-};
-
-TEST_F(AlertsTest, AnswersTheChosenButtonAndCancelByDefault) {
-    const auto click = [](const char* name, Qt::KeyboardModifiers modifiers) {
-        return [=](QWidget& panel) {
-            auto* button = panel.findChild<QWidget*>(name);
-            ASSERT_NE(button, nullptr);
-            QTest::mouseClick(button, Qt::LeftButton, modifiers);
+TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
+    ManagedTransientWindows windows;
+    AlertSession session;
+    QtAlerts alerts(windows, session, Image{});
+    const auto click = [](const char* name, Qt::KeyboardModifiers modifiers = {}) {
+        return [=](QWidget& alert) {
+            QTest::mouseClick(alert.findChild<QWidget*>(name), Qt::LeftButton, modifiers);
         };
     };
-    const auto press = [](Qt::Key key) {
-        return [key](QWidget& panel) { QTest::keyClick(panel.window()->focusWidget(), key); };
+    const auto press = [](std::vector<Qt::Key> keys) {
+        return [keys](QWidget& alert) {
+            for (const Qt::Key key : keys) {
+                QTest::keyClick(alert.window()->focusWidget(), key);
+            }
+        };
     };
-    EXPECT_EQ(answer(click("alertButton0", Qt::NoModifier)), 0U);
-    EXPECT_EQ(answer(click("alertButton0", Qt::AltModifier)), 0U);
-    EXPECT_EQ(answer(click("alertButton1", Qt::NoModifier)), 1U);
-    EXPECT_EQ(answer(press(Qt::Key_Return)), 1U) << "Cancel is the default";
-    EXPECT_EQ(answer(press(Qt::Key_Escape)), 1U);
-    EXPECT_TRUE(wasOpen_);
-    EXPECT_FALSE(session_.isOpen());
+    const std::pair<std::size_t, std::function<void(QWidget&)>> rows[] = {
+        {0U, click("alertButton0")},   {0U, click("alertButton0", Qt::AltModifier)},
+        {1U, click("alertButton1")},   {1U, press({Qt::Key_Return})},
+        {1U, press({Qt::Key_Escape})}, {0U, press({Qt::Key_Tab, Qt::Key_Space})},
+    };
+    for (const auto& [expected, act] : rows) {
+        QTimer::singleShot(0, [&] {
+            QWidget* alert = nullptr;
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                alert =
+                    widget->isVisible() && !alert ? widget->findChild<QWidget*>("alert") : alert;
+            }
+            ASSERT_NE(alert, nullptr);
+            EXPECT_TRUE(session.isOpen());
+            EXPECT_EQ(alert->findChild<QLabel*>("messageText")->textFormat(), Qt::PlainText);
+            act(*alert);
+        });
+        EXPECT_EQ(alerts.runModal({.messageText = "Quit <b>everything</b>?",
+                                   .informativeText = "Really.",
+                                   .style = AlertStyle::critical,
+                                   .icon = {},
+                                   .buttons = {{"Force Quit All", true}, {"Cancel", false}}}),
+                  expected);
+        EXPECT_FALSE(session.isOpen());
+    }
 }
 
-TEST_F(AlertsTest, KeepsTheKeyboardAndShowsTextsAsTheyAre) {
-    const std::size_t chosen = answer([&](QWidget& panel) {
-        const auto* message = panel.findChild<QLabel*>("messageText");
-        EXPECT_EQ(message->textFormat(), Qt::PlainText);
-        windows_.onLeft(Leaving::turnedAway);
-        EXPECT_TRUE(panel.isVisible()) << "an alert waits for its answer";
-        QTest::mousePress(panel.window()->windowHandle(), Qt::LeftButton, {}, {40, 40});
-        QTest::keyClick(panel.window()->focusWidget(), Qt::Key_Tab);
-        QTest::keyClick(panel.window()->focusWidget(), Qt::Key_Space);
-    });
-    EXPECT_EQ(chosen, 0U);
-    EXPECT_EQ(windows_.calls, "lend renew return ");
-}
+/// Tells a server's time.
+struct ClockedWindows final : TransientWindows {
+    [[nodiscard]] Qt::WindowFlags transientFlags() const override { return {}; }
 
-class InputTest : public testing::Test {
-  protected:
-    InputTest() {
-        field_.show();
-        field_.windowHandle()->requestActivate();
-        QCoreApplication::processEvents();
+    bool isComposited() override { return false; }
+
+    void setInputArea(QWindow&, const QRect&) override {}
+
+    std::unique_ptr<KeyboardLoan> lendKeyboard(QWindow&, std::function<bool()>,
+                                               std::function<void(Leaving)>) override {
+        return nullptr;
     }
 
-    FakeTransientWindows windows_;
-    QLineEdit field_;
+    std::optional<ModifierFlags> modifiers() override { return {}; }
+
+    std::optional<std::uint32_t> eventTime() override { return time; }
+
+    std::optional<std::uint32_t> time;
 };
 
-TEST_F(InputTest, GateDiscardsWhatHappenedBeforeAndNothingElse) {
+TEST(QtInputGate, DiscardsWhatHappenedBeforeAndNothingElse) {
+    ClockedWindows windows;
     int discards = 0;
-    QtInputGate gate(windows_, [&] { ++discards; });
+    QtInputGate gate(windows, [&] { ++discards; });
+    QLineEdit field("x");
+    field.show();
+    field.windowHandle()->requestActivate();
+    QCoreApplication::processEvents();
     const auto key = [&](std::uint32_t time, QChar letter) {
         QKeyEvent event(QEvent::KeyPress, letter.toUpper().unicode(), {}, letter);
         event.setTimestamp(time);
-        QCoreApplication::sendEvent(field_.windowHandle(), &event);
+        QCoreApplication::sendEvent(field.windowHandle(), &event);
     };
     const auto mouse = [&](std::uint32_t time, QEvent::Type type) {
         QMouseEvent event(type, {5, 5}, {5, 5}, {5, 5}, Qt::LeftButton,
                           type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
         event.setTimestamp(time);
-        QCoreApplication::sendEvent(field_.windowHandle(), &event);
+        QCoreApplication::sendEvent(field.windowHandle(), &event);
     };
-    field_.setReadOnly(false);
-    field_.setText("x");
-    field_.setCursorPosition(1);
+    field.setCursorPosition(1);
     // The server's clock is about to wrap around.
-    windows_.time = 0xffff'fff0U;
+    windows.time = 0xffff'fff0U;
     gate.discardQueuedInput();
     key(0xffff'ffe0U, 'a');
     mouse(0xffff'fff0U, QEvent::MouseButtonPress);
-    EXPECT_EQ(field_.cursorPosition(), 1);
+    EXPECT_EQ(field.cursorPosition(), 1);
     mouse(0x10, QEvent::MouseButtonRelease);
     key(0x10, 'b');
-    EXPECT_EQ(field_.text(), "xb");
+    EXPECT_EQ(field.text(), "xb");
     EXPECT_EQ(discards, 1);
 
-    windows_.time.reset();
+    windows.time.reset();
     gate.discardQueuedInput();
     key(1, 'c');
     QTest::qWait(5);
     key(1, 'd');
-    EXPECT_EQ(field_.text(), "xbd") << "without a clock the next turns decide";
+    EXPECT_EQ(field.text(), "xbd") << "without a clock the next turns decide";
 }
 
 } // namespace

@@ -10,13 +10,13 @@ namespace calmora {
 
 /// Everything that tells which application a process is.
 struct ApplicationFacts {
-    ProcessDetails process;
+    ProcessDetails process = {};
     /// Absent where it is gone or may not be read.
-    std::optional<ProcessDetails> parent;
+    std::optional<ProcessDetails> parent = {};
     /// The windows of the process, oldest first, transient ones included.
-    std::vector<TopLevelWindow> windows;
+    std::vector<TopLevelWindow> windows = {};
     /// Windows of other processes in the window groups of these, oldest first.
-    std::vector<TopLevelWindow> groupWindows;
+    std::vector<TopLevelWindow> groupWindows = {};
 };
 
 } // namespace calmora

@@ -41,19 +41,19 @@ enum class IdentityRule {
 /// Which application a process is.
 struct ApplicationIdentity {
     /// Desktop file id without ".desktop"; absent where nothing named one.
-    std::optional<std::string> desktopId;
+    std::optional<std::string> desktopId = {};
     /// The identifier that the catalogue, the music list and the never-quit list know, where there
     /// is one, else the desktop id, else a synthetic one that survives restarts if anything tells
     /// the program from others of its interpreter, else one of this process alone. Never empty.
-    std::string bundleIdentifier;
+    std::string bundleIdentifier = {};
     /// Never empty; one line of valid UTF-8.
-    std::string localizedName;
+    std::string localizedName = {};
     /// The desktop entry's picture; names nothing where there is none.
-    Image icon;
+    Image icon = {};
     /// The desktop entry's file; empty where there is none.
-    std::filesystem::path entryPath;
+    std::filesystem::path entryPath = {};
     /// The program that the desktop entry starts; empty where there is none.
-    std::string execKey;
+    std::string execKey = {};
     IdentityRule rule = IdentityRule::synthetic;
     /// A desktop entry was found, and it is in the menus of this desktop.
     bool isVisible = false;

@@ -12,9 +12,9 @@ namespace calmora {
 /// What a flatpak sandbox tells of the application in it.
 struct FlatpakInfo {
     /// The application's id, which is also its desktop file id.
-    std::string applicationId;
+    std::string applicationId = {};
     /// The running instance; empty where the file does not say.
-    std::string instanceId;
+    std::string instanceId = {};
 
     friend bool operator==(const FlatpakInfo&, const FlatpakInfo&) = default;
 };
@@ -22,15 +22,15 @@ struct FlatpakInfo {
 /// The environment variables of a process that tell how it was launched; empty means not set.
 struct LaunchEnvironment {
     /// GIO_LAUNCHED_DESKTOP_FILE: path of the entry that was launched.
-    std::string launchedDesktopFile;
+    std::string launchedDesktopFile = {};
     /// GIO_LAUNCHED_DESKTOP_FILE_PID: the process it was launched as; children inherit both.
     ProcessId launchedDesktopFilePid = 0;
     /// BAMF_DESKTOP_FILE_HINT: path of the entry, set by snap's launchers.
-    std::string bamfDesktopFileHint;
+    std::string bamfDesktopFileHint = {};
     /// APPDIR: where an AppImage is mounted.
-    std::string appDir;
+    std::string appDir = {};
     /// APPIMAGE: the AppImage's own file.
-    std::string appImage;
+    std::string appImage = {};
 
     friend bool operator==(const LaunchEnvironment&, const LaunchEnvironment&) = default;
 };
@@ -46,20 +46,20 @@ struct ProcessDetails {
     /// Real user id.
     std::uint32_t owner = 0;
     /// First 15 bytes of the program's name; the process may change it.
-    std::string comm;
+    std::string comm = {};
     /// The arguments, the program's own name first; the process may overwrite them.
-    std::vector<std::string> commandLine;
+    std::vector<std::string> commandLine = {};
     /// The program file without the kernel's " (deleted)"; absent where it may not be read.
-    std::optional<std::string> executable;
+    std::optional<std::string> executable = {};
     /// Where it is at work; read only where an interpreter runs a script by a relative path.
-    std::optional<std::string> workingDirectory;
+    std::optional<std::string> workingDirectory = {};
     /// Path below the root of the unified hierarchy; empty where there is none.
-    std::string cgroup;
-    LaunchEnvironment environment;
+    std::string cgroup = {};
+    LaunchEnvironment environment = {};
     /// Absent outside of a flatpak.
-    std::optional<FlatpakInfo> flatpak;
+    std::optional<FlatpakInfo> flatpak = {};
     /// Path of the desktop file at the root of an AppImage; empty where there is none.
-    std::string appImageDesktopFile;
+    std::string appImageDesktopFile = {};
 };
 
 } // namespace calmora

@@ -36,24 +36,24 @@ struct TopLevelWindow {
     WindowId id = 0;
     /// The local process that owns the window; absent where none can be told, and for remote
     /// windows.
-    std::optional<ProcessId> process;
+    std::optional<ProcessId> process = {};
     ProcessCertainty certainty = ProcessCertainty::unknown;
     /// Drawn by a program elsewhere (ssh -X, another machine). Whatever local process forwards it
     /// is not its application.
     bool isRemote = false;
 
     /// WM_CLASS, first part.
-    std::string instance;
+    std::string instance = {};
     /// WM_CLASS, second part.
-    std::string className;
+    std::string className = {};
     /// _GTK_APPLICATION_ID.
-    std::string gtkApplicationId;
+    std::string gtkApplicationId = {};
     /// _GTK_UNIQUE_BUS_NAME and _GTK_APPLICATION_OBJECT_PATH: where the application exports its
     /// actions on the session bus.
-    std::string gtkBusName;
-    std::string gtkObjectPath;
+    std::string gtkBusName = {};
+    std::string gtkObjectPath = {};
     /// _KDE_NET_WM_DESKTOP_FILE.
-    std::string kdeDesktopFile;
+    std::string kdeDesktopFile = {};
 
     /// The window that this one is transient for; the root window or a group leader are possible.
     WindowId transientFor = 0;

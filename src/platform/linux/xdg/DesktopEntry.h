@@ -15,22 +15,22 @@ namespace calmora {
 /// Source: freedesktop Desktop Entry Specification.
 struct DesktopEntry {
     /// Desktop file id without ".desktop".
-    std::string id;
-    std::filesystem::path path;
+    std::string id = {};
+    std::filesystem::path path = {};
     /// Name in the user's language, one line of valid UTF-8.
-    std::string name;
+    std::string name = {};
     /// Name without a language.
-    std::string unlocalizedName;
+    std::string unlocalizedName = {};
     /// Icon as it is written: a name in the icon theme or an absolute path.
-    std::string icon;
-    std::string exec;
+    std::string icon = {};
+    std::string exec = {};
     /// The name of the program that Exec starts; empty where it names none.
-    std::string execKey;
-    std::string tryExec;
-    std::string startupWmClass;
-    std::vector<std::string> categories;
-    std::vector<std::string> onlyShowIn;
-    std::vector<std::string> notShowIn;
+    std::string execKey = {};
+    std::string tryExec = {};
+    std::string startupWmClass = {};
+    std::vector<std::string> categories = {};
+    std::vector<std::string> onlyShowIn = {};
+    std::vector<std::string> notShowIn = {};
     /// The entry hides the application from menus.
     bool noDisplay = false;
     /// The entry says that the application counts as not installed.
