@@ -12,11 +12,11 @@ class Hands : public KeyPresser {
     /// Moves there, presses and releases.
     void click(int x, int y) {
         move(x, y);
-        press(1);
+        clickHere(1);
     }
 
     /// Presses and releases a button where the pointer is.
-    void press(std::uint8_t number) {
+    void clickHere(std::uint8_t number) {
         button(number, true);
         button(number, false);
     }

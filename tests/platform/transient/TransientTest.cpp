@@ -229,13 +229,13 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     hands_.click(icon_->x + 3, icon_->y + 3);
     loopFor(settling);
     hands_.click(middle(field_).x(), middle(field_).y());
-    hands_.press(5);
+    hands_.clickHere(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown());
 
     const xcb_window_t panel = hands_.openIcon(1200, 700, 24);
     hands_.move(1210, 710);
-    hands_.press(5);
+    hands_.clickHere(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
     hands_.move(1200, 780); // The bare root.
