@@ -133,6 +133,7 @@ void GeneralSettingsView::build(QWidget* form) {
     auto* resetRow = new QWidget;
     auto* reset = new BorderedButton(uiText("Reset All Settings"), TextStyle::body, resetRow);
     reset->setObjectName("resetAllSettings");
+    reset->setWordWrap();
     connect(reset, &QAbstractButton::clicked, this, [this] { settings_.resetToDefaults(); });
     auto* resetLayout = new QHBoxLayout(resetRow);
     resetLayout->setContentsMargins(metrics::rowInset, metrics::rowInset, metrics::rowInset,

@@ -6,6 +6,7 @@
 #include "settings/form/BorderedButton.h"
 #include "settings/form/CountBadge.h"
 #include "settings/form/FormMetrics.h"
+#include "settings/form/PairRow.h"
 #include "settings/form/Paragraph.h"
 #include "settings/form/SymbolView.h"
 #include "ui/Controls.h"
@@ -51,13 +52,16 @@ NeverQuitListEditor::NeverQuitListEditor(AppSettings& settings, const Platform& 
 }
 
 QWidget* NeverQuitListEditor::makeHeader(std::function<void()> onAddApp) {
-    auto* header = new QWidget(this);
-    QHBoxLayout* layout = rowLayout(header);
+    auto* header = new PairRow(this);
+    auto* title = new QWidget(header);
+    auto* layout = new QHBoxLayout(title);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(metrics::rowSpacing);
     layout->addWidget(
-        new SymbolView("checkmark.shield.fill", shieldPoints, ThemeColor::teal, header));
+        new SymbolView("checkmark.shield.fill", shieldPoints, ThemeColor::teal, title));
     layout->addWidget(
-        new Paragraph(uiText("Protected Apps"), TextStyle::body, ThemeColor::primary, header));
-    count_ = new CountBadge(header);
+        new Paragraph(uiText("Protected Apps"), TextStyle::body, ThemeColor::primary, title));
+    count_ = new CountBadge(title);
     count_->setObjectName("neverQuitCount");
     layout->addWidget(count_);
     layout->addStretch(1);
@@ -65,7 +69,7 @@ QWidget* NeverQuitListEditor::makeHeader(std::function<void()> onAddApp) {
     addApp_->setObjectName("addApp");
     addApp_->setSymbol("plus");
     connect(addApp_, &QAbstractButton::clicked, this, std::move(onAddApp));
-    layout->addWidget(addApp_);
+    header->setParts(title, addApp_);
     return header;
 }
 

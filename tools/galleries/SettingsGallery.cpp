@@ -140,15 +140,17 @@ int main(int argc, char** argv) {
     renderEmptySheet(folder, "-dark.png");
 
     setAppearance(Appearance::light);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    render(folder, "-reversed.png");
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     auto translated = std::make_unique<QtLocalizedStrings>(QLocale(QLocale::Japanese));
     render(folder, "-japanese.png");
     translated = std::make_unique<QtLocalizedStrings>(QLocale(QLocale::German));
     render(folder, "-german.png");
     QFont font = QApplication::font();
-    font.setPointSize(15);
+    font.setPointSize(2 * font.pointSize());
     QApplication::setFont(font);
-    render(folder, "-german-larger.png");
-    translated.reset();
-    render(folder, "-larger.png");
+    render(folder, "-german-twice.png");
+    renderEmptySheet(folder, "-german-twice.png");
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "settings/form/FormKeys.h"
 #include "settings/form/FormMetrics.h"
+#include "settings/form/Paragraph.h"
 #include "theme/Pictures.h"
 
 #include <QFontMetrics>
@@ -28,6 +29,12 @@ BorderedButton::BorderedButton(const QString& text, TextStyle style, QWidget* pa
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+void BorderedButton::setWordWrap() {
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
 void BorderedButton::setSymbol(const QString& symbol) {
     symbol_ = symbol;
     updateGeometry();
@@ -38,11 +45,24 @@ int BorderedButton::symbolSide() const {
     return symbol_.isEmpty() ? 0 : Theme::symbolSide(symbolPoints);
 }
 
+int BorderedButton::besideText() const {
+    return 2 * sideInset + (symbol_.isEmpty() ? 0 : symbolSide() + symbolGap);
+}
+
 QSize BorderedButton::sizeHint() const {
     const QFontMetrics font(fontOf(style_));
-    const int symbol = symbol_.isEmpty() ? 0 : symbolSide() + symbolGap;
-    return {font.horizontalAdvance(text()) + symbol + 2 * sideInset,
-            font.height() + 2 * verticalPadding};
+    return {font.horizontalAdvance(text()) + 2 + besideText(), font.height() + 2 * verticalPadding};
+}
+
+QSize BorderedButton::minimumSizeHint() const {
+    const QSize whole = sizeHint();
+    return sizePolicy().hasHeightForWidth()
+               ? QSize(longestWord(fontOf(style_), text()) + besideText(), whole.height())
+               : whole;
+}
+
+int BorderedButton::heightForWidth(int width) const {
+    return wrappedHeight(fontOf(style_), text(), width - besideText()) + 2 * verticalPadding;
 }
 
 void BorderedButton::keyPressEvent(QKeyEvent* event) {
@@ -79,7 +99,8 @@ void BorderedButton::paintEvent(QPaintEvent*) {
     }
     painter.setFont(fontOf(style_));
     painter.setPen(theme.color(ThemeColor::primary));
-    painter.drawText(QStyle::visualRect(direction, rect(), label), Qt::AlignCenter, text());
+    painter.drawText(QStyle::visualRect(direction, rect(), label),
+                     Qt::AlignCenter | Qt::TextWordWrap, text());
     if (showsFocus(*this)) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));

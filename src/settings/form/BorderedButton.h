@@ -15,9 +15,13 @@ class BorderedButton final : public QPushButton {
     /// Names the symbol; empty means none.
     void setSymbol(const QString& symbol);
 
+    /// Breaks the text into lines where there is no room for it in one.
+    void setWordWrap();
+
     [[nodiscard]] QSize sizeHint() const override;
 
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -25,6 +29,8 @@ class BorderedButton final : public QPushButton {
 
   private:
     [[nodiscard]] int symbolSide() const;
+    /// The width of everything but the text.
+    [[nodiscard]] int besideText() const;
 
     TextStyle style_;
     QString symbol_;

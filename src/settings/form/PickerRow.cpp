@@ -5,9 +5,7 @@
 #include "theme/Pictures.h"
 #include "theme/Theme.h"
 
-#include <QAbstractItemView>
 #include <QFontMetrics>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
@@ -42,7 +40,7 @@ QSize Picker::sizeHint() const {
 }
 
 void Picker::showPopup() {
-    view()->setFont(Theme::font(TextStyle::body));
+    setFont(Theme::font(TextStyle::body)); // The list draws its options with it.
     QComboBox::showPopup();
 }
 
@@ -90,21 +88,15 @@ void Picker::paintEvent(QPaintEvent*) {
 
 PickerRow::PickerRow(const QString& title, const std::vector<PickerOption>& options,
                      std::function<void(std::int64_t)> onPick, QWidget* parent)
-    : QWidget(parent), picker_(new Picker(this)) {
+    : PairRow(parent), picker_(new Picker(this)) {
     auto* label = new Paragraph(title, TextStyle::body, ThemeColor::primary, this);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     label->setBuddy(picker_); // Screen readers take a picker's name from its label.
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
-                               metrics::rowPadding);
-    layout->setSpacing(metrics::rowSpacing);
-    layout->addWidget(label, 1);
-    layout->addWidget(picker_);
-    setMinimumHeight(metrics::formRow);
     for (const PickerOption& option : options) {
         picker_->addItem(option.title, static_cast<qlonglong>(option.value));
     }
     picker_->setAccessibleName(title);
+    setParts(label, picker_);
     connect(picker_, &QComboBox::activated, this,
             [picker = picker_, pick = std::move(onPick)](int index) {
                 pick(picker->itemData(index).toLongLong());

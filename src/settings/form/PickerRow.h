@@ -1,8 +1,9 @@
 #pragma once
 
+#include "settings/form/PairRow.h"
+
 #include <QComboBox>
 #include <QString>
-#include <QWidget>
 
 #include <cstdint>
 #include <functional>
@@ -35,7 +36,7 @@ class Picker final : public QComboBox {
 };
 
 /// A row of a form with a title and, at its end, a picker.
-class PickerRow final : public QWidget {
+class PickerRow final : public PairRow {
   public:
     /// `onPick` is called when the user picks an option, with its value.
     PickerRow(const QString& title, const std::vector<PickerOption>& options,

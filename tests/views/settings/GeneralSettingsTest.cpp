@@ -1,5 +1,6 @@
 #include "settings/SettingsFixture.h"
 
+#include "platform/qt/QtLocalizedStrings.h"
 #include "settings/form/PickerRow.h"
 
 #include <gtest/gtest.h>
@@ -351,8 +352,9 @@ TEST_F(GeneralSettingsTest, MakesOnlyTheCandidatesInSight) {
 }
 
 TEST_F(GeneralSettingsTest, ClipsNothingWithLargerTexts) {
+    const QtLocalizedStrings german{QLocale(QLocale::German)}; // Long words.
     const QFont usual = QApplication::font();
-    for (const int points : {10, 15, 20}) {
+    for (const int points : {10, 15, 20, 24}) {
         QFont larger = usual;
         larger.setPointSize(points);
         QApplication::setFont(larger);
@@ -360,6 +362,7 @@ TEST_F(GeneralSettingsTest, ClipsNothingWithLargerTexts) {
         pane.settings.addToNeverQuit(std::string(300, 'm'));
         pane.open();
         settle();
+        settle(); // A row that puts its parts below each other asks for room.
         QWidget* form = pane.window.findChild<QScrollArea*>()->widget();
         EXPECT_LE(form->width(), pane.window.width()) << points;
         for (const QWidget* part : form->findChildren<QWidget*>()) {
