@@ -122,6 +122,8 @@ int CalmoraApp::run() {
 
 std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
     auto popover = std::make_unique<QtPopover>(*transientWindows_, alertSession_);
+    // Before the list asks for what it will show.
+    willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     auto list = std::make_unique<ListContent>(
         settings, MenuPopoverSurroundings{.platform = platform(),
                                           .eventMonitor = eventMonitor_,
@@ -129,7 +131,6 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
                                           .inputGate = inputGate_,
                                           .openSettings = [this] { openSettings(); },
                                           .limitation = listLimitation()});
-    willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     didClose_ = popover->onDidClose([this] { looking_.reset(); });
     popover->setContent(std::move(list));
     return popover;

@@ -300,10 +300,12 @@ TEST(ApplicationIdentifier, NamesWindowlessProgramsOnlyByAnEntry) {
     EXPECT_FALSE(
         identifyWindowless(factsOf("python3.11", "/usr/bin/python3.11", {}).process, debian()));
     EXPECT_FALSE(identifyWindowless(ProcessDetails{}, debian()));
+    EXPECT_FALSE(mayBeInstalled(ProcessDetails{}, debian()));
     EXPECT_FALSE(identifyWindowless(factsOf("vim", "/usr/bin/vim", {}).process, debian()));
     auto leftover = factsOf("tmux", "/usr/bin/tmux", {}).process;
     leftover.cgroup = "/a/app-gnome-debian\\x2dxterm-123.scope";
     EXPECT_FALSE(identifyWindowless(leftover, debian()));
+    EXPECT_TRUE(mayBeInstalled(leftover, debian()));
     leftover.executable = "/usr/bin/xterm";
     EXPECT_EQ(identifyWindowless(leftover, debian())->rule, IdentityRule::systemdUnit);
 }

@@ -462,6 +462,11 @@ std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& proc
     return identityOf(*found, facts, index);
 }
 
+bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& index) {
+    return !desktopIdsOfCgroup(process.cgroup).empty() || snapOfCgroup(process.cgroup) ||
+           byExecKey(process, index);
+}
+
 std::string bundleIdentifierOf(std::string_view desktopId, const DesktopEntryIndex& index) {
     const bool opensFolders = !desktopId.empty() && desktopId == index.fileManager();
     return opensFolders ? "com.apple.finder" : wellKnownIdentifier(desktopId);

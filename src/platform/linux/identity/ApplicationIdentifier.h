@@ -22,6 +22,10 @@ namespace calmora {
 [[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                                     const DesktopEntryIndex& index);
 
+/// Whether identifyWindowless() may find something by unit or program: from arguments, program and
+/// control group alone, which cost little. Pure.
+[[nodiscard]] bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& index);
+
 /// The identifier that is given out for a desktop id: "com.apple.finder" for the application that
 /// opens folders, else the well-known one where there is one, else the id itself. An identifier
 /// that was stored as a desktop id means this one. Pure.

@@ -37,14 +37,13 @@ class ProcPath {
 
 std::string readAll(int descriptor) {
     std::string text;
-    std::array<char, 4096> buffer{};
-    while (text.size() < readLimit) {
-        const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
-        if (count <= 0) {
-            break;
-        }
-        text.append(buffer.data(), static_cast<std::size_t>(count));
-    }
+    std::array<char, 4096> buffer; // Filled as far as it is read.
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor, buffer.data(), buffer.size());
+        text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        // These files come whole: less than was asked for is the end.
+    } while (count == static_cast<ssize_t>(buffer.size()) && text.size() < readLimit);
     return text;
 }
 
@@ -74,7 +73,12 @@ std::string desktopFileIn(const std::string& folder) {
 } // namespace
 
 ProcessReader::ProcessReader(const std::filesystem::path& root)
-    : root_(::open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {}
+    : root_(::open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
+    struct stat info{};
+    if (::stat("/", &info) == 0) {
+        ourRoot_ = {info.st_dev, info.st_ino};
+    }
+}
 
 std::vector<ProcessId> ProcessReader::processesOf(std::uint32_t user, std::size_t limit) const {
     std::vector<ProcessId> processes;
@@ -156,6 +160,27 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
         return std::nullopt;
     }
     return details;
+}
+
+ProcessDetails ProcessReader::outline(ProcessId process) const {
+    ProcessDetails details;
+    details.pid = process;
+    details.comm = comm(process);
+    details.commandLine = commandLine(process);
+    details.executable = executable(process);
+    details.cgroup = parseCgroup(read(process, "cgroup"));
+    return details;
+}
+
+bool ProcessReader::hasOwnRoot(ProcessId process) const {
+    struct stat info{};
+    return fstatat(root_.get(), ProcPath(process, "root").get(), &info, 0) == 0 &&
+           std::pair<std::uint64_t, std::uint64_t>{info.st_dev, info.st_ino} != ourRoot_;
+}
+
+std::string ProcessReader::comm(ProcessId process) const {
+    std::string name = read(process, "comm");
+    return name.substr(0, name.rfind('\n'));
 }
 
 std::optional<std::string> ProcessReader::display(ProcessId process) const {

@@ -6,9 +6,11 @@
 #include "support/FileDescriptor.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -41,6 +43,17 @@ class ProcessReader {
     /// passed to another process meanwhile.  Cost: about 40 µs.
     [[nodiscard]] std::optional<ProcessDetails> details(ProcessId process) const;
 
+    /// The part of details() that tells whether the rest is worth reading: name, arguments,
+    /// program and control group. Empty for a process that is gone.  Cost: about 10 µs.
+    [[nodiscard]] ProcessDetails outline(ProcessId process) const;
+
+    /// Whether the process lives below another root than ours, as in a sandbox; false also where
+    /// that may not be seen.
+    [[nodiscard]] bool hasOwnRoot(ProcessId process) const;
+
+    /// The name alone, without the new line; empty for a process that is gone.  Cost: 1 µs.
+    [[nodiscard]] std::string comm(ProcessId process) const;
+
     /// The X display that the process was started for, without the screen: ":0". Empty when its
     /// environment names none, absent when that cannot be read.
     [[nodiscard]] std::optional<std::string> display(ProcessId process) const;
@@ -54,6 +67,8 @@ class ProcessReader {
     [[nodiscard]] std::string readFlatpakInfo(ProcessId process) const;
 
     FileDescriptor root_;
+    /// Device and number of the folder that "/" is for us.
+    std::pair<std::uint64_t, std::uint64_t> ourRoot_;
 };
 
 } // namespace calmora

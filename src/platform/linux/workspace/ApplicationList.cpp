@@ -2,6 +2,7 @@
 
 #include "platform/linux/bus/BusApplications.h"
 #include "platform/linux/identity/ApplicationIdentifier.h"
+#include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/protection/ProtectedProcesses.h"
 #include "platform/linux/windows/WindowRoles.h"
@@ -49,6 +50,11 @@ ApplicationList::ApplicationList(WorkspaceSources sources)
     : sources_(std::move(sources)), background_(sources_.reader) {}
 
 void ApplicationList::refreshInstalled() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - checkedInstalled_ < scanLifetime) {
+        return;
+    }
+    checkedInstalled_ = now;
     if (sources_.installed.refresh()) {
         byProcess_.clear();
         background_.forget();
@@ -137,6 +143,18 @@ const ApplicationList::Applications& ApplicationList::recent() {
     return isRecent && sources_.windows.windows() == windows_ ? applications_ : update();
 }
 
+std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const {
+    // The descriptor of a listed process tells its end at a tenth of what reading costs.
+    const auto known = byProcess_.find(process);
+    if (known != byProcess_.end() && sources_.memory.descriptor(process) &&
+        sources_.memory.startTime(process) == known->second->process.startTime &&
+        !sources_.memory.isGone(process)) {
+        return known->second->process.startTime;
+    }
+    const auto stat = sources_.reader.stat(process);
+    return stat && !stat->isGone() ? std::optional(stat->startTime) : std::nullopt;
+}
+
 bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime) {
     Verdict& verdict = verdicts_[process];
     if (verdict.startTime != startTime || updated_ - verdict.askedAt >= verdictLifetime) {
@@ -150,24 +168,23 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
     if (activationPolicy(candidate.facts) == ActivationPolicy::prohibited) {
         return nullptr;
     }
-    const auto stat = sources_.reader.stat(process);
-    if (!stat || stat->isGone()) {
+    const auto started = startTime(process);
+    if (!started) {
         return nullptr;
     }
     if (const auto was = wereRegular_.find(process);
-        was != wereRegular_.end() && was->second != stat->startTime) {
+        was != wereRegular_.end() && was->second != *started) {
         // The id passed to another process, which starts anew.
         wereRegular_.erase(was);
         candidate.facts.wasRegular = false;
     }
-    candidate.facts.isProtected = isProtected(process, stat->startTime);
+    candidate.facts.isProtected = isProtected(process, *started);
     const ActivationPolicy policy = activationPolicy(candidate.facts);
     if (policy == ActivationPolicy::prohibited) {
         return nullptr;
     }
     const auto known = byProcess_.find(process);
-    const bool isKnown =
-        known != byProcess_.end() && known->second->process.startTime == stat->startTime;
+    const bool isKnown = known != byProcess_.end() && known->second->process.startTime == *started;
     if (isKnown && known->second->policy == policy && known->second->windows == candidate.windows &&
         known->second->icon) {
         return known->second;

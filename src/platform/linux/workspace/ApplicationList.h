@@ -74,6 +74,7 @@ class ApplicationList {
     };
 
     [[nodiscard]] Candidates candidates();
+    [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
     [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime);
     [[nodiscard]] std::shared_ptr<const ListedApplication> listed(ProcessId process,
                                                                   Candidate& candidate);
@@ -82,6 +83,7 @@ class ApplicationList {
 
     WorkspaceSources sources_;
     BackgroundScan background_;
+    std::chrono::steady_clock::time_point checkedInstalled_{};
     std::chrono::steady_clock::time_point scanned_{};
     std::chrono::steady_clock::time_point updated_{};
     /// As of the last update().

@@ -89,13 +89,23 @@ void BackgroundScan::scan(const DesktopEntryIndex& index, const std::string& dis
 
 void BackgroundScan::read(ProcessId process, Known& known, const DesktopEntryIndex& index,
                           const std::string& display) const {
-    const auto stat = reader_.stat(process);
-    if (!stat || stat->isKernelThread || stat->comm == known.comm) {
+    if (!known.comm.empty() && reader_.comm(process) == known.comm) {
+        return;
+    }
+    ProcessDetails outline = reader_.outline(process);
+    known.comm = std::move(outline.comm);
+    known.candidate = {};
+    if (outline.commandLine.empty() && !outline.executable) {
+        const auto stat = reader_.stat(process);
         known.isSettled = known.isSettled || (stat && stat->isKernelThread);
+    }
+    // Few processes are applications, and all that tells which ones costs four times as much.
+    if (!mayBeInstalled(outline, index) && !reader_.hasOwnRoot(process)) {
         return;
     }
     const auto details = reader_.details(process);
     if (!details) {
+        known.comm.clear();
         return;
     }
     known.comm = details->comm;

@@ -47,7 +47,7 @@ LinuxWorkspace::LinuxWorkspace(WorkspaceSources sources)
     : sources_(sources), list_(std::move(sources)), launched_([this](bool) { listenersChanged(); }),
       terminated_([this](bool) { listenersChanged(); }),
       activated_([this](bool) { listenersChanged(); }),
-      lookers_([this](bool) { scanWhileLookedAt(); }) {}
+      lookers_([this](bool) { listenersChanged(); }) {}
 
 LinuxWorkspace::~LinuxWorkspace() = default;
 
@@ -190,8 +190,14 @@ bool LinuxWorkspace::isListening() const {
 }
 
 void LinuxWorkspace::listenersChanged() {
-    if (isListening() && !windowsChanged_) {
+    // Whoever is about to show the list asks for it several times before listening.
+    const bool followsWindows = isListening() || lookers_.hasListeners();
+    if (followsWindows && !windowsChanged_) {
         windowsChanged_ = sources_.windows.onWindowsChanged([this] { changed(); });
+    } else if (!followsWindows) {
+        windowsChanged_.reset();
+    }
+    if (isListening() && !busChanged_) {
         // The bus also tells while an alert is open; what the event poll tells waits for its end.
         busChanged_ = sources_.bus.onChanged([this] {
             if (!telling_) {
@@ -202,7 +208,6 @@ void LinuxWorkspace::listenersChanged() {
         told_ = list_.update();
         watchEnds();
     } else if (!isListening()) {
-        windowsChanged_.reset();
         busChanged_.reset();
         telling_.reset();
         ends_.clear();
@@ -307,6 +312,8 @@ void LinuxWorkspace::tellSoon() {
 }
 
 void LinuxWorkspace::activeChanged() {
+    // While the windows are followed they are read once, however often they are asked for.
+    const Subscription following = sources_.windows.onWindowsChanged([] {});
     const auto active = sources_.windows.activeWindow();
     const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
     const bool isListed =

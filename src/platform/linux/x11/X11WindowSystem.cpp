@@ -389,13 +389,13 @@ void X11WindowSystem::updateList() {
         if (listed.contains(known->first)) {
             ++known;
         } else {
-            watchWindow(known->first, false);
+            watchWindow(known->first, XCB_EVENT_MASK_NO_EVENT);
             known = known_.erase(known);
         }
     }
     for (const xcb_window_t window : order_) {
         if (known_.try_emplace(window).second) {
-            watchWindow(window, isTracking_);
+            watchWindow(window, windowMask_);
         }
     }
     areFactsStale_ = true;
@@ -470,22 +470,25 @@ void X11WindowSystem::selectEvents() {
         const std::uint32_t structure = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         xcb_change_window_attributes(connection_.get(), manager, XCB_CW_EVENT_MASK, &structure);
     }
-    if (tracks != std::exchange(isTracking_, tracks) || tracks) {
-        for (const auto& [window, known] : known_) {
-            watchWindow(window, tracks);
+    isTracking_ = tracks;
+    std::uint32_t windowMask = XCB_EVENT_MASK_NO_EVENT;
+    if (tracks) {
+        windowMask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        if (manager_ == XCB_NONE) {
+            windowMask |= XCB_EVENT_MASK_FOCUS_CHANGE;
         }
-        forgetEverything();
+    }
+    if (windowMask != std::exchange(windowMask_, windowMask)) {
+        for (const auto& [window, known] : known_) {
+            watchWindow(window, windowMask);
+        }
+        if (tracks) {
+            forgetEverything();
+        }
     }
 }
 
-void X11WindowSystem::watchWindow(xcb_window_t window, bool watch) {
-    std::uint32_t mask = XCB_EVENT_MASK_NO_EVENT;
-    if (watch) {
-        mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-        if (manager_ == XCB_NONE) {
-            mask |= XCB_EVENT_MASK_FOCUS_CHANGE;
-        }
-    }
+void X11WindowSystem::watchWindow(xcb_window_t window, std::uint32_t mask) {
     xcb_change_window_attributes(connection_.get(), window, XCB_CW_EVENT_MASK, &mask);
 }
 

@@ -58,7 +58,7 @@ class X11WindowSystem final : public WindowSystem {
     void handleProperty(const xcb_property_notify_event_t& event);
     void listenersChanged();
     void selectEvents();
-    void watchWindow(xcb_window_t window, bool watch);
+    void watchWindow(xcb_window_t window, std::uint32_t mask);
     void settle();
     void tell();
     void checkConnection();
@@ -86,6 +86,7 @@ class X11WindowSystem final : public WindowSystem {
     // What the server has been asked to report.
     bool isTracking_ = false;
     std::uint32_t rootMask_ = 0;
+    std::uint32_t windowMask_ = 0;
     xcb_window_t watchedManager_ = XCB_NONE;
 
     bool isListStale_ = true;
