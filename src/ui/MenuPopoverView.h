@@ -69,6 +69,12 @@ class MenuPopoverView final : public QWidget {
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+
+    /// It draws nothing of having the keyboard, so nothing is painted again.
+    void focusInEvent(QFocusEvent*) override {}
+
+    void focusOutEvent(QFocusEvent*) override {}
+
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -165,7 +165,6 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
 ProcessDetails ProcessReader::outline(ProcessId process) const {
     ProcessDetails details;
     details.pid = process;
-    details.comm = comm(process);
     details.commandLine = commandLine(process);
     details.executable = executable(process);
     details.cgroup = parseCgroup(read(process, "cgroup"));

@@ -43,8 +43,8 @@ class ProcessReader {
     /// passed to another process meanwhile.  Cost: about 40 µs.
     [[nodiscard]] std::optional<ProcessDetails> details(ProcessId process) const;
 
-    /// The part of details() that tells whether the rest is worth reading: name, arguments,
-    /// program and control group. Empty for a process that is gone.  Cost: about 10 µs.
+    /// The part of details() that tells whether the rest is worth reading: arguments, program and
+    /// control group. Empty for a process that is gone.  Cost: about 10 µs.
     [[nodiscard]] ProcessDetails outline(ProcessId process) const;
 
     /// Whether the process lives below another root than ours, as in a sandbox; false also where

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string_view>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -57,6 +58,16 @@ std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& i
     return result;
 }
 
+/// Since the start of the process.
+std::chrono::steady_clock::duration ageOf(const ProcessStat& stat) {
+    static const auto ticksPerSecond = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
+    timespec now{};
+    ::clock_gettime(CLOCK_BOOTTIME, &now);
+    const auto ticks = stat.startTime * 1000 / ticksPerSecond;
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec) -
+           std::chrono::milliseconds(ticks);
+}
+
 } // namespace
 
 void BackgroundScan::scan(const DesktopEntryIndex& index, const std::string& display) {
@@ -73,42 +84,46 @@ void BackgroundScan::scan(const DesktopEntryIndex& index, const std::string& dis
             known = std::move(found->second);
         } else {
             known.inode = inode;
-            known.firstSeen = now;
         }
         if (!known.isSettled && now >= known.nextLook) {
-            const auto age = now - known.firstSeen;
-            known.nextLook =
-                now + std::max<std::chrono::steady_clock::duration>(firstInterval, age);
-            known.isSettled = age >= settlingTime;
-            read(process, known, index, display);
+            look(process, known, index, display, now);
         }
         current.emplace_hint(current.end(), process, std::move(known));
     }
     known_ = std::move(current);
 }
 
-void BackgroundScan::read(ProcessId process, Known& known, const DesktopEntryIndex& index,
-                          const std::string& display) const {
-    if (!known.comm.empty() && reader_.comm(process) == known.comm) {
+void BackgroundScan::look(ProcessId process, Known& known, const DesktopEntryIndex& index,
+                          const std::string& display,
+                          std::chrono::steady_clock::time_point now) const {
+    std::string comm;
+    if (known.comm.empty()) {
+        const auto stat = reader_.stat(process);
+        known.isSettled = stat && stat->isKernelThread;
+        if (!stat || known.isSettled) {
+            return;
+        }
+        comm = stat->comm;
+        known.started = now - ageOf(*stat);
+    } else {
+        comm = reader_.comm(process);
+    }
+    const auto age = now - known.started;
+    known.nextLook = now + std::max<std::chrono::steady_clock::duration>(firstInterval, age);
+    known.isSettled = age >= settlingTime;
+    if (comm == known.comm) {
         return;
     }
-    ProcessDetails outline = reader_.outline(process);
-    known.comm = std::move(outline.comm);
+    known.comm = std::move(comm);
     known.candidate = {};
-    if (outline.commandLine.empty() && !outline.executable) {
-        const auto stat = reader_.stat(process);
-        known.isSettled = known.isSettled || (stat && stat->isKernelThread);
-    }
     // Few processes are applications, and all that tells which ones costs four times as much.
-    if (!mayBeInstalled(outline, index) && !reader_.hasOwnRoot(process)) {
+    if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
         return;
     }
     const auto details = reader_.details(process);
     if (!details) {
-        known.comm.clear();
         return;
     }
-    known.comm = details->comm;
     known.candidate = {process, details->startTime, {}, false, {}};
     if (const auto identity = identifyWindowless(*details, index)) {
         known.candidate.identifier = identity->bundleIdentifier;

@@ -18,8 +18,8 @@ class ProcessReader;
 
 /// Finds the processes that were started as an installed application on our display: the user may
 /// have other sessions, and programs in them are not ours to list. Each process is read
-/// when it is first seen and, since it may still turn into another program as launcher scripts do,
-/// a few times more at growing intervals.
+/// when it is first seen and, while it is young and may still turn into another program as launcher
+/// scripts do, again at growing intervals if its name has changed.
 /// Main thread.
 class BackgroundScan {
   public:
@@ -40,15 +40,16 @@ class BackgroundScan {
     struct Known {
         /// Number of the process's folder: a later process with the same id has another one.
         std::uint64_t inode = 0;
-        std::chrono::steady_clock::time_point firstSeen;
+        /// As the steady clock would have shown it.
+        std::chrono::steady_clock::time_point started;
         std::chrono::steady_clock::time_point nextLook;
         std::string comm;
         AgentCandidate candidate;
         bool isSettled = false;
     };
 
-    void read(ProcessId process, Known& known, const DesktopEntryIndex& index,
-              const std::string& display) const;
+    void look(ProcessId process, Known& known, const DesktopEntryIndex& index,
+              const std::string& display, std::chrono::steady_clock::time_point now) const;
 
     const ProcessReader& reader_;
     std::map<ProcessId, Known> known_;

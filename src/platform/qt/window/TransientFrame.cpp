@@ -3,6 +3,7 @@
 #include "theme/Metrics.h"
 #include "theme/Theme.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -54,6 +55,8 @@ void TransientFrame::showAt(const QRect& bounds) {
     setFloating(windows_.isComposited());
     setBounds(bounds);
     show();
+    // Otherwise everything is painted by the exposure and then, asked for by show(), once more.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     if (isFloating_ && windowHandle()) {
         const qreal scale = devicePixelRatio();
         const QRect inner = this->bounds();
@@ -116,6 +119,12 @@ void TransientFrame::paintEvent(QPaintEvent* event) {
     const Theme theme = Theme::of(*this);
     QPainter painter(this);
     const QRect inner = bounds();
+    if (!isFloating_) {
+        painter.fillRect(event->rect(), palette().window());
+        painter.setPen(theme.color(ThemeColor::controlBorder));
+        painter.drawRect(inner.adjusted(0, 0, -1, -1));
+        return;
+    }
     const int inset = static_cast<int>(cornerRadius);
     const bool isInside = inner.adjusted(edge, inset, -edge, -inset).contains(event->rect());
     if (isInside) {
@@ -124,21 +133,21 @@ void TransientFrame::paintEvent(QPaintEvent* event) {
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isFloating_) {
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.fillRect(event->rect(), Qt::transparent);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        paintShadow(painter, inner);
-    }
-    const double radius = isFloating_ ? cornerRadius : 0;
-    const QRectF outline = QRectF(inner).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    // Many layers, so only where they are seen.
+    painter.setClipRegion(QRegion(event->rect()) - inner.adjusted(inset, edge, -inset, -edge) -
+                          inner.adjusted(edge, inset, -edge, -inset));
+    paintShadow(painter, inner);
+    painter.setClipping(false);
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().window());
-    painter.drawRoundedRect(inner, radius, radius);
+    painter.drawRoundedRect(inner, cornerRadius, cornerRadius);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        QPen(theme.color(isFloating_ ? ThemeColor::separator : ThemeColor::controlBorder), 1));
-    painter.drawRoundedRect(outline, radius, radius);
+    painter.setPen(QPen(theme.color(ThemeColor::separator), 1));
+    painter.drawRoundedRect(QRectF(inner).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
+                            cornerRadius);
 }
 
 } // namespace calmora
