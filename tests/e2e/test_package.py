@@ -48,14 +48,16 @@ class Package(DesktopCase):
 
         control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
                                  capture_output=True).stdout
-        for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6", "libxcb1", "libc6")),
+        for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6",
+                                             "libqt6network6", "libxcb1")),
                                 ("Recommends", ("libcanberra0", "libcanberra-pulse"))):
             line = re.search(rf"^{field}: (.*)$", control, re.MULTILINE)[1]
             self.assertEqual([p for p in packages if p not in re.split(r"[ ,]+", line)], [])
 
     def test_runs_without_the_source_tree(self):
         files = [file for file in self.usr.rglob("*") if file.is_file()]
-        for needed in ("bin/calmora", f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
+        for needed in ("bin/calmora", "lib/calmora/calmora_network.so",
+                       f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
                        f"share/icons/hicolor/48x48/apps/{APP_ID}.png"):
             self.assertIn(self.usr / needed, files)
         # What it cannot name it cannot reach: its environment and its folder are the desktop's.
