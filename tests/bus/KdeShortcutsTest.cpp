@@ -19,10 +19,8 @@ struct ShortcutInfo {
 
 QDBusArgument& operator<<(QDBusArgument& to, const ShortcutInfo& info) {
     to.beginStructure();
-    for (const QString name : {"a", "b", "c", "d", "e", "f"}) {
-        to << name;
-    }
-    to << info.keys << QList<int>{0x01000030};
+    const QString name = "name";
+    to << name << name << name << name << name << name << info.keys << QList<int>{0x01000030};
     to.endStructure();
     return to;
 }
