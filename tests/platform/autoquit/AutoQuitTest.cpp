@@ -5,6 +5,7 @@
 #include "fakes/FakeUserNotifications.h"
 #include "settings/AppSettings.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -101,6 +102,14 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
     EXPECT_EQ(check(), 0us) << "neither the one that asks nor the busy one is asked again";
     EXPECT_EQ(machine.windowCount(editor), editorWindows + 1);
     EXPECT_EQ(manager.activityTracker().lastActiveTime().size(), 2U) << "both stay eligible";
+    const pid_t stopped = comesToFront(machine.client({"--class", "Stopped"}));
+    ASSERT_EQ(kill(stopped, SIGSTOP), 0);
+    clock.shift *= 2;
+    const auto slept = check();
+    EXPECT_GT(slept, 1s) << "it was asked";
+    EXPECT_LE(slept, AutoQuitManager::quitTimeout + AppQuitter::pollInterval)
+        << "and not waited for any longer";
+    EXPECT_TRUE(machine.isRunning(stopped));
     EXPECT_EQ(notifications.added.size(), 1U);
 }
 
