@@ -15,6 +15,9 @@ inline constexpr int badgeRadius = 4;
 /// Side of a check box.
 inline constexpr int checkBox = 16;
 
+/// How strongly a control that is off limits is drawn.
+inline constexpr double disabledOpacity = 0.5;
+
 /// Room that a focus ring needs around its control.
 inline constexpr int focusRing = 3;
 

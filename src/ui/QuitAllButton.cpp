@@ -22,7 +22,6 @@ constexpr int textInset = 16;
 constexpr double pressedScale = 0.96;
 constexpr int scaleMilliseconds = 100;
 constexpr int farthestMove = 10;
-constexpr double disabledOpacity = 0.5;
 
 } // namespace
 
@@ -123,7 +122,7 @@ void QuitAllButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled()) {
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(metrics::disabledOpacity);
     }
     const double scale = scale_.state() == QAbstractAnimation::Running
                              ? scale_.currentValue().toDouble()

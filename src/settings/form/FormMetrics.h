@@ -1,5 +1,7 @@
 #pragma once
 
+#include "theme/Metrics.h"
+
 /// Measures of a settings form, in device-independent pixels.
 namespace calmora::metrics {
 
@@ -9,7 +11,7 @@ inline constexpr int formMargin = 20;
 inline constexpr int sectionGap = 18;
 /// Between a section's title and its card.
 inline constexpr int titleGap = 7;
-inline constexpr int cardRadius = 10;
+inline constexpr int cardRadius = buttonRadius;
 /// Left and right in a row of a card.
 inline constexpr int rowInset = 12;
 /// Above and below what stands in a row.
@@ -20,8 +22,6 @@ inline constexpr int formRow = 38;
 inline constexpr int rowSpacing = 8;
 
 /// Corners of buttons and pickers.
-inline constexpr int buttonCorner = 6;
-/// How strongly a control that is off limits is drawn.
-inline constexpr double disabledOpacity = 0.45;
+inline constexpr int buttonCorner = rowRadius;
 
 } // namespace calmora::metrics
