@@ -1,8 +1,6 @@
 #include "autoquit/AutoQuitManager.h"
 
-#include "fakes/FakeInputGate.h"
 #include "fakes/FakePlatform.h"
-#include "fakes/FakeUserNotifications.h"
 #include "settings/AppSettings.h"
 
 #include <benchmark/benchmark.h>

@@ -127,7 +127,6 @@ TEST_F(StatusItemTest, answersThePanel) {
     EXPECT_EQ(item.frame(), frame) << "a panel that gives no place keeps the last one";
 
     EXPECT_EQ(property("Id"), "org.example.Item");
-    EXPECT_EQ(property("ItemIsMenu"), false);
     EXPECT_EQ(property("Menu").value<QDBusObjectPath>().path(), MenuObject::path);
     EXPECT_EQ(call(NotifierItem::path, itemInterface, "NoSuchMethod").type(),
               QDBusMessage::ErrorMessage);

@@ -1,15 +1,9 @@
 #pragma once
 
-#include "fakes/FakeAlerts.h"
-#include "fakes/FakeBundle.h"
-#include "fakes/FakeClock.h"
-#include "fakes/FakeEventMonitor.h"
+#include "fakes/FakeDesktop.h"
 #include "fakes/FakeLocalizedStrings.h"
-#include "fakes/FakePopover.h"
 #include "fakes/FakeProcessTable.h"
 #include "fakes/FakeRunLoop.h"
-#include "fakes/FakeSoundOutput.h"
-#include "fakes/FakeStatusItem.h"
 #include "fakes/FakeText.h"
 #include "fakes/FakeUserDefaults.h"
 #include "fakes/FakeWorkspace.h"

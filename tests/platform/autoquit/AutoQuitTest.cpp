@@ -1,8 +1,6 @@
 #include "autoquit/AutoQuitManager.h"
 
 #include "WorkspaceTest.h"
-#include "fakes/FakeInputGate.h"
-#include "fakes/FakeUserNotifications.h"
 #include "settings/AppSettings.h"
 
 #include <csignal>

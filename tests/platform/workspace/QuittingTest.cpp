@@ -143,24 +143,6 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
     EXPECT_TRUE(machine.isRunning(neighbour));
 }
 
-TEST(QuittingTest, NeverTouchesAnothersProcess) {
-    if (::geteuid() != 0) {
-        GTEST_SKIP() << "only root can start a process of another user";
-    }
-    LinuxDesktop machine;
-    fs::permissions(machine.desktop.home(), fs::perms::all);
-    const std::string program = (machine.desktop.home() / "client").string();
-    fs::copy_file(windowClient(), program);
-    const pid_t process = machine.desktop.start(
-        {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups", program});
-    EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }))
-        << machine.desktop.log();
-    EXPECT_FALSE(machine.listed(process));
-    EXPECT_FALSE(machine.quitter.quitApp(process, true));
-    EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
-    EXPECT_TRUE(machine.isRunning(process));
-}
-
 /// Makes the kernel continue after this process id; false when it may not be told.
 bool setLastProcessId(pid_t last) {
     std::ofstream file("/proc/sys/kernel/ns_last_pid");

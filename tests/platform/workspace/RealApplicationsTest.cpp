@@ -115,39 +115,6 @@ TEST(RealDesktopTest, TheDesktopBackgroundIsNoApplication) {
     EXPECT_TRUE(machine.isRunning(process));
 }
 
-TEST(RealDesktopTest, UnsavedWorkIsAskedForAndNotDisturbed) {
-    LinuxDesktop machine({.sessionBus = true});
-    const pid_t editor = machine.shown(machine.desktop.start({"mousepad"}));
-    EXPECT_EQ(machine.desktop.run({"xdotool", "search", "--sync", "--onlyvisible", "--class",
-                                   "Mousepad", "windowfocus", "--sync", "type", "unsaved words"}),
-              0);
-    // The title tells that the text has arrived.
-    EXPECT_TRUE(waitFor([&] {
-        return machine.desktop.run({"xdotool", "search", "--name", "^\\*"}) == 0;
-    })) << machine.desktop.log();
-    const std::size_t before = machine.windowCount(editor);
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
-    EXPECT_EQ(machine.windowCount(editor), before + 1) << "the question about the text";
-    EXPECT_TRUE(machine.isRegular(editor)) << "the row stays";
-
-    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
-    EXPECT_FALSE(waitFor([&] { return machine.windowCount(editor) != before + 1; },
-                         std::chrono::milliseconds(300)))
-        << "the question stays as it is";
-
-    // Whoever answers it with Cancel can be asked again.
-    const auto question = machine.windows.windows().back();
-    EXPECT_NE(question.transientFor, 0U);
-    EXPECT_EQ(machine.desktop.run({"xdotool", "windowfocus", "--sync", std::to_string(question.id),
-                                   "key", "Escape"}),
-              0);
-    EXPECT_TRUE(waitFor([&] { return machine.windowCount(editor) == before; }));
-    EXPECT_FALSE(machine.quitter.quitApp(editor, false));
-    EXPECT_EQ(machine.windowCount(editor), before + 1);
-}
-
 TEST(RealDesktopTest, ForcingOneEndsAllOfItAndNothingElse) {
     LinuxDesktop machine;
     const pid_t first = machine.shown(machine.desktop.start({"xterm"}));

@@ -25,6 +25,10 @@ class JsonUserDefaultsTest : public testing::Test {
     std::filesystem::path file = folder.path() / "calmora/preferences.json";
     FakeClock clock;
     FakeRunLoop loop{clock};
+
+    static unsigned modeOf(const std::filesystem::path& of) {
+        return static_cast<unsigned>(std::filesystem::status(of).permissions());
+    }
 };
 
 TEST_F(JsonUserDefaultsTest, KeepsEachValueWithItsType) {
@@ -45,9 +49,7 @@ TEST_F(JsonUserDefaultsTest, KeepsEachValueWithItsType) {
     EXPECT_EQ(again.string("text"), "Grüße \"\\\n");
     EXPECT_EQ(again.stringArray("list"), (Strings{"a", ""}));
     EXPECT_EQ(again.string("broken"), "a\xef\xbf\xbd");
-    struct stat info{};
-    EXPECT_EQ(stat(file.c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 0777, 0600U);
+    EXPECT_EQ(modeOf(file), 0600U);
 }
 
 TEST_F(JsonUserDefaultsTest, ReadsTheRegisteredDefaultForAnotherTypeAndNeverWritesIt) {
@@ -182,9 +184,7 @@ TEST_F(JsonUserDefaultsTest, WritesThroughALinkAndKeepsPermissions) {
     }
     EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_NE(TempFolder::read(target).find("\"a\""), std::string::npos);
-    struct stat info{};
-    EXPECT_EQ(stat(target.c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 0777, 0640U);
+    EXPECT_EQ(modeOf(target), 0640U);
 }
 
 TEST_F(JsonUserDefaultsTest, InstalledBundleFindsResourcesBesideTheExecutable) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "fakes/FakeInputGate.h"
 #include "fakes/FakePlatform.h"
 #include "settings/AppSettings.h"
 #include "ui/AppListViewModel.h"

@@ -1,0 +1,178 @@
+// What a desktop shows, plays and reports, in memory.
+#pragma once
+
+#include "fakes/LookUp.h"
+#include "platform/Alerts.h"
+#include "platform/Bundle.h"
+#include "platform/EventMonitor.h"
+#include "platform/InputGate.h"
+#include "platform/Popover.h"
+#include "platform/Sound.h"
+#include "platform/StatusItem.h"
+#include "platform/UserNotifications.h"
+#include "support/Signal.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// Answers alerts at once.
+class FakeAlerts final : public Alerts {
+  public:
+    std::size_t runModal(const Alert& alert) override {
+        shown.push_back(alert);
+        onShow();
+        std::size_t answer = alert.buttons.size() - 1;
+        if (!answers.empty()) {
+            answer = answers.front();
+            answers.pop_front();
+        }
+        return answer;
+    }
+
+    /// What the user will choose next, one a time; then always the last button.
+    std::deque<std::size_t> answers;
+    std::vector<Alert> shown;
+    /// What happens while an alert is open.
+    std::function<void()> onShow = [] {};
+};
+
+/// An installation in memory.
+class FakeBundle final : public Bundle {
+  public:
+    std::optional<std::string> bundleIdentifier() const override { return identifier; }
+
+    std::optional<std::string> shortVersion() const override { return "1.2.3"; }
+
+    std::optional<std::filesystem::path> resource(const std::string& name,
+                                                  const std::string& extension) const override {
+        return lookUp(resources, name + "." + extension);
+    }
+
+    std::optional<std::string> identifier = "app.calmora.Calmora";
+    /// By "name.extension".
+    std::map<std::string, std::filesystem::path> resources{{"quit-sound.wav", "quit-sound.wav"}};
+};
+
+/// Keyboard events made by hand: flags.emit({ModifierFlags::option}).
+class FakeEventMonitor final : public EventMonitor {
+  public:
+    Subscription onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override {
+        return flags.connect(std::move(handler));
+    }
+
+    Signal<ModifierFlags> flags;
+};
+
+/// Counts how often queued input was discarded.
+class FakeInputGate final : public InputGate {
+  public:
+    void discardQueuedInput() override { ++discards; }
+
+    int discards = 0;
+};
+
+/// A popover without a window.
+class FakePopover final : public Popover {
+  public:
+    void setContentSize(Size newSize) override { size = newSize; }
+
+    bool isShown() const override { return shown_; }
+
+    void show(std::optional<Rect> anchor) override {
+        willShow.emit();
+        shown_ = true;
+        anchors.push_back(anchor);
+    }
+
+    void performClose() override {
+        if (shown_) {
+            shown_ = false;
+            didClose.emit();
+        }
+    }
+
+    Subscription onWillShow(std::function<void()> handler) override {
+        return willShow.connect(std::move(handler));
+    }
+
+    Subscription onDidClose(std::function<void()> handler) override {
+        return didClose.connect(std::move(handler));
+    }
+
+    Size size;
+    /// The anchor of every showing, in order.
+    std::vector<std::optional<Rect>> anchors;
+    Signal<> willShow;
+    Signal<> didClose;
+
+  private:
+    bool shown_ = false;
+};
+
+/// Makes silent sounds.
+class FakeSoundOutput final : public SoundOutput {
+  public:
+    std::unique_ptr<Sound> load(const std::filesystem::path&) override {
+        return std::make_unique<Silent>(calls);
+    }
+
+    /// "stop" and "play" of every sound, in order.
+    std::vector<std::string> calls;
+
+  private:
+    struct Silent final : Sound {
+        explicit Silent(std::vector<std::string>& all) : heard(all) {}
+
+        void stop() override { heard.emplace_back("stop"); }
+
+        void play() override { heard.emplace_back("play"); }
+
+        std::vector<std::string>& heard;
+    };
+};
+
+/// A status item that is clicked by calling its action.
+class FakeStatusItem final : public StatusItem {
+  public:
+    void setTemplateImage(const std::optional<Image>& newImage, int newPoints) override {
+        image = newImage;
+        points = newPoints;
+    }
+
+    void setAction(std::function<void(StatusEvent)> newAction) override {
+        action = std::move(newAction);
+    }
+
+    void setMenu(std::function<std::vector<StatusMenuItem>()> build) override {
+        menu = std::move(build);
+    }
+
+    void popUpMenu() override { opened.push_back(menu ? menu() : std::vector<StatusMenuItem>{}); }
+
+    std::optional<Rect> frame() const override { return rectangle; }
+
+    std::optional<Image> image;
+    int points = 0;
+    std::function<void(StatusEvent)> action;
+    std::function<std::vector<StatusMenuItem>()> menu;
+    /// The menu of every popUpMenu(), in order.
+    std::vector<std::vector<StatusMenuItem>> opened;
+    std::optional<Rect> rectangle;
+};
+
+/// Notices in memory.
+class FakeUserNotifications final : public UserNotifications {
+  public:
+    void add(const UserNotification& notification) override { added.push_back(notification); }
+
+    /// Every notice, in order.
+    std::vector<UserNotification> added;
+};
+
+} // namespace calmora
