@@ -1,7 +1,7 @@
 #include "updates/FeedUpdater.h"
 
+#include "fakes/FakeDesktop.h"
 #include "fakes/FakePlatform.h"
-#include "fakes/FakeUserNotifications.h"
 #include "updates/UpdatePresenter.h"
 
 #include <gtest/gtest.h>
