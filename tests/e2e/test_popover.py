@@ -220,7 +220,8 @@ class Shortcuts(DesktopCase):
         self.open_menu(desktop, driver)
         desktop.xdotool("key", self.SHOW)
         driver.wait_for_row("XTerm")
-        desktop.xdotool("key", self.SHOW)
+        # Our menu has made way; the panel's takes the first key.
+        desktop.xdotool("key", *["Escape"] * (1 if desktop.tray == "trayer" else 2))
         desktop.wait_until(lambda: not driver.is_open(), "closed popover")
 
 
