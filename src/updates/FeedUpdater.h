@@ -78,7 +78,7 @@ class FeedUpdater final : public Updater {
     void begin(Asker asker);
     /// Ends what runs, with or without an answer.
     void end();
-    void finish(const ReleaseList& list);
+    void finish(const ReleaseList& answer);
     void tellUser(const Release* found, std::optional<UpdateError> error);
     void announce(const Release& release);
     [[nodiscard]] std::chrono::seconds untilDue() const;

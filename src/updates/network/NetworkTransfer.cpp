@@ -15,7 +15,7 @@ constexpr int mostRedirects = 5;
 /// The status of an answer with a content.
 constexpr int isContent = 200;
 /// What is received and not yet looked at, in bytes.
-constexpr qint64 readAhead = 64 * 1024;
+constexpr qint64 readAhead = qint64{64} * 1024;
 
 UpdateError meaningOf(QNetworkReply::NetworkError error) {
     if (error == QNetworkReply::SslHandshakeFailedError) {

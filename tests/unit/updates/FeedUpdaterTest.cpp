@@ -14,11 +14,38 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct FakeSource final : ReleaseSource {
+/// A source that is told what to answer, and a presenter that writes down what it shows.
+struct FakeWorld : ReleaseSource, UpdatePresenter {
     Subscription fetch(std::function<void(const ReleaseList&)> done) override {
         ++fetches;
         waiting = std::move(done);
         return Subscription([this] { waiting = nullptr; });
+    }
+
+    void show(const UpdateReport& report) override {
+        shown += (report.isRunning ? "running " : "") + report.title + "|" + report.text + "|" +
+                 report.notes + report.page + "\n";
+    }
+
+    Subscription onClosed(std::function<void()> handler) override {
+        return closed.connect(std::move(handler));
+    }
+
+    std::function<void(const ReleaseList&)> waiting;
+    int fetches = 0;
+    std::string shown;
+    Signal<> closed;
+};
+
+struct FeedUpdaterTest : testing::Test, FakeWorld {
+    FeedUpdaterTest() { launch(); }
+
+    /// As if the program had been started again.
+    void launch() {
+        updater.reset();
+        updater = std::make_unique<FeedUpdater>(
+            UpdaterSurroundings{*this, *this, notifications, machine.defaults, machine.runLoop,
+                                machine.clock, machine.strings, "1.0"});
     }
 
     void answer(const ReleaseList& list) {
@@ -27,80 +54,47 @@ struct FakeSource final : ReleaseSource {
         done(list);
     }
 
-    std::function<void(const ReleaseList&)> waiting;
-    int fetches = 0;
-};
-
-struct FakePresenter final : UpdatePresenter {
-    void show(const UpdateReport& report) override { shown.push_back(report); }
-
-    Subscription onClosed(std::function<void()> handler) override {
-        return closed.connect(std::move(handler));
+    void answer(const char* version) {
+        answer(std::vector<Release>{{version, "News", " https://a", true}});
     }
 
-    std::vector<UpdateReport> shown;
-    Signal<> closed;
-};
-
-struct FeedUpdaterTest : testing::Test {
-    static ReleaseList list(const char* version) {
-        return std::vector<Release>{{version, "News", "https://example.org", true}};
-    }
-
-    /// As if the program had been started again.
-    void launch() {
-        updater.reset();
-        updater = std::make_unique<FeedUpdater>(
-            UpdaterSurroundings{source, presenter, notifications, machine.defaults, machine.runLoop,
-                                machine.clock, machine.strings, "1.0"});
+    /// What is shown of a check that the user asks for.
+    std::string asked(const ReleaseList& list) {
+        shown.clear();
+        updater->checkForUpdates();
+        answer(list);
+        return shown;
     }
 
     /// Lets time pass until a check begins: how much.
     std::chrono::seconds untilCheck() {
         std::chrono::seconds passed{0};
-        for (; !source.waiting && passed < 48h; passed += 10s) {
+        for (; !waiting && passed < 48h; passed += 10s) {
             machine.runLoop.advance(10s);
         }
         return passed;
     }
 
-    FeedUpdaterTest() { launch(); }
-
     FakePlatform machine;
-    FakeSource source;
-    FakePresenter presenter;
     FakeUserNotifications notifications;
     std::unique_ptr<FeedUpdater> updater;
 };
 
-TEST_F(FeedUpdaterTest, AnswersTheUser) {
-    struct Case {
-        ReleaseList list;
-        const char* title;
-        const char* text;
-        bool hasNews;
-    };
-
-    for (const Case& c :
-         {Case{list("1.0"), "update_current_title", "update_current_text 1.0", false},
-          Case{list("0.9"), "update_current_title", "update_current_text 1.0", false},
-          Case{std::vector<Release>{}, "update_current_title", "update_current_text 1.0", false},
-          Case{list("1.1"), "update_available_title 1.1", "update_available_text 1.0", true},
-          Case{list("1.1"), "update_available_title 1.1", "update_available_text 1.0", true},
-          Case{UpdateError::unreachable, "update_failed_title", "update_error_unreachable", false},
-          Case{UpdateError::version, "update_failed_title", "update_error_version", false}}) {
-        presenter.shown.clear();
-        updater->checkForUpdates();
-        source.answer(c.list);
-        ASSERT_EQ(presenter.shown.size(), 1U) << c.title;
-        EXPECT_EQ(presenter.shown[0].title, c.title);
-        EXPECT_EQ(presenter.shown[0].text, c.text);
-        EXPECT_EQ(presenter.shown[0].notes, c.hasNews ? "News" : "");
-        EXPECT_EQ(presenter.shown[0].page, c.hasNews ? "https://example.org" : "");
-        EXPECT_FALSE(presenter.shown[0].isRunning);
-    }
+TEST_F(FeedUpdaterTest, AnswersTheUserAndIsSilentOtherwise) {
+    const Release older{"0.9", "Old", {}, true};
+    const Release same{"1.0", "News", {}, true};
+    const Release newer{"1.1", "News", " https://a", true};
+    const std::string current = "update_current_title|update_current_text 1.0|\n";
+    const std::string news =
+        "update_available_title 1.1|update_available_text 1.0|News https://a\n";
+    EXPECT_EQ(asked(std::vector<Release>{}), current);
+    EXPECT_EQ(asked(std::vector{same, older}), current);
+    EXPECT_EQ(asked(std::vector{older, newer}), news);
+    EXPECT_EQ(asked(std::vector{newer}), news) << "as often as asked";
+    EXPECT_EQ(asked(UpdateError::redirect), "update_failed_title|update_error_redirect|\n");
+    EXPECT_EQ(asked(UpdateError::version), "update_failed_title|update_error_version|\n");
+    EXPECT_EQ(untilCheck(), 48h);
     EXPECT_TRUE(notifications.added.empty());
-    EXPECT_TRUE(machine.runLoop.timers().empty());
 }
 
 TEST_F(FeedUpdaterTest, RunsOneCheckAtATimeWhichTheUserCanEnd) {
@@ -109,39 +103,24 @@ TEST_F(FeedUpdaterTest, RunsOneCheckAtATimeWhichTheUserCanEnd) {
         updater->observeCanCheckForUpdates([&](bool value) { can += value ? "1" : "0"; });
     updater->checkForUpdates();
     updater->checkForUpdates();
-    EXPECT_EQ(source.fetches, 1);
-    presenter.closed.emit(); // The answer of an earlier check.
-    EXPECT_TRUE(presenter.shown.empty()) << "no flicker";
+    EXPECT_EQ(fetches, 1);
+    closed.emit(); // The answer of an earlier check.
+    EXPECT_EQ(shown, "") << "no flicker";
     machine.runLoop.advance(1s);
-    ASSERT_EQ(presenter.shown.size(), 1U);
-    EXPECT_TRUE(presenter.shown[0].isRunning);
     EXPECT_EQ(can, "10");
-    presenter.closed.emit();
+    closed.emit();
     EXPECT_EQ(can, "101");
-    EXPECT_FALSE(source.waiting);
+    EXPECT_FALSE(waiting);
     machine.runLoop.advance(60s);
-    EXPECT_EQ(presenter.shown.size(), 1U);
+    EXPECT_EQ(std::exchange(shown, ""), "running update_checking||\n");
 
     updater->checkForUpdates();
     machine.runLoop.advance(29s);
     EXPECT_EQ(can, "1010");
     machine.runLoop.advance(2s);
-    EXPECT_EQ(presenter.shown.back().text, "update_error_timeout");
+    EXPECT_TRUE(shown.ends_with("|update_error_timeout|\n"));
     EXPECT_EQ(can, "10101");
-    EXPECT_FALSE(source.waiting);
-}
-
-TEST_F(FeedUpdaterTest, IsSilentUntilItIsSwitchedOn) {
-    EXPECT_FALSE(updater->automaticallyChecksForUpdates());
-    machine.runLoop.advance(48h);
-    EXPECT_EQ(source.fetches, 0);
-    updater->setAutomaticallyChecksForUpdates(true);
-    machine.runLoop.advance(2min);
-    EXPECT_EQ(source.fetches, 1);
-    updater->setAutomaticallyChecksForUpdates(false);
-    EXPECT_FALSE(source.waiting);
-    machine.runLoop.advance(48h);
-    EXPECT_EQ(source.fetches, 1);
+    EXPECT_FALSE(waiting);
 }
 
 TEST_F(FeedUpdaterTest, ChecksOnceADayAcrossLaunches) {
@@ -149,32 +128,33 @@ TEST_F(FeedUpdaterTest, ChecksOnceADayAcrossLaunches) {
     launch();
     EXPECT_TRUE(updater->automaticallyChecksForUpdates());
     EXPECT_EQ(untilCheck(), 60s) << "nothing in the first minute";
-    source.answer(list("1.0"));
+    answer("1.0");
     machine.runLoop.advance(12h);
     launch();
     EXPECT_EQ(untilCheck(), 12h);
-    source.answer(UpdateError::unreachable);
+    answer(UpdateError::unreachable);
     EXPECT_EQ(untilCheck(), 1h) << "tried again";
     machine.runLoop.advance(30s);
-    EXPECT_FALSE(source.waiting) << "nobody answered";
+    EXPECT_FALSE(waiting) << "nobody answered";
     EXPECT_EQ(untilCheck(), 1h);
-    source.answer(list("1.0"));
+    answer("1.0");
     machine.runLoop.advance(23h);
-    updater->checkForUpdates();
-    source.answer(list("1.0"));
+    asked(std::vector<Release>{});
     EXPECT_EQ(untilCheck(), 24h) << "after the user's";
-    source.answer(list("1.0"));
+    answer("1.0");
     machine.clock.wall -= 24h * 365;
     EXPECT_LE(untilCheck(), 1h) << "the clock was put right";
-    EXPECT_EQ(presenter.shown.size(), 1U);
     EXPECT_TRUE(notifications.added.empty());
+    updater->setAutomaticallyChecksForUpdates(false);
+    EXPECT_FALSE(waiting);
+    EXPECT_EQ(untilCheck(), 48h);
 }
 
-TEST_F(FeedUpdaterTest, TellsOfEachVersionOnce) {
+TEST_F(FeedUpdaterTest, TellsOfEachVersionOnceAndLetsTheUserGoFirst) {
     updater->setAutomaticallyChecksForUpdates(true);
     const auto nextDay = [&](const char* version) {
         untilCheck();
-        source.answer(list(version));
+        answer(version);
         return notifications.added.size();
     };
     ASSERT_EQ(nextDay("1.1"), 1U);
@@ -182,25 +162,16 @@ TEST_F(FeedUpdaterTest, TellsOfEachVersionOnce) {
     launch();
     EXPECT_EQ(nextDay("1.1"), 1U);
     EXPECT_EQ(nextDay("1.2"), 2U);
-    updater->checkForUpdates();
-    source.answer(list("1.3"));
-    EXPECT_EQ(nextDay("1.3"), 2U) << "the user has seen it";
-    EXPECT_EQ(presenter.shown.size(), 1U);
-}
-
-TEST_F(FeedUpdaterTest, TheUserComesBeforeTheSchedule) {
-    updater->setAutomaticallyChecksForUpdates(true);
-    machine.runLoop.advance(61s);
-    ASSERT_TRUE(source.waiting);
+    untilCheck();
+    EXPECT_EQ(shown, "");
     EXPECT_TRUE(updater->canCheckForUpdates());
-    updater->checkForUpdates();
-    EXPECT_EQ(source.fetches, 2);
-    source.answer(list("1.1"));
-    EXPECT_EQ(presenter.shown.size(), 1U);
-    EXPECT_TRUE(notifications.added.empty());
+    updater->checkForUpdates(); // In place of the automatic one.
+    answer("1.3");
+    EXPECT_TRUE(shown.starts_with("update_available_title 1.3"));
+    EXPECT_EQ(nextDay("1.3"), 2U) << "the user has seen it";
     updater->checkForUpdates();
     updater.reset();
-    EXPECT_FALSE(source.waiting) << "nobody waits any more";
+    EXPECT_FALSE(waiting) << "nobody waits any more";
 }
 
 } // namespace
