@@ -3,6 +3,7 @@ kept over a restart, automatic quitting switched on; on desktops with unlike tra
 """
 
 import os
+import pathlib
 import signal
 import unittest
 
@@ -117,6 +118,9 @@ class Road(DesktopCase):
 
     def test_no_tray(self):
         self.walk(window_manager="openbox", tray=None)
+        loaded = pathlib.Path(f"/proc/{self.driver.calmora.pid}/maps").read_text()
+        self.assertIn("libQt6Core", loaded)
+        self.assertNotIn("Network", loaded)  # Comes with the first look for updates.
 
     def test_panel_that_is_restarted(self):
         self.walk(window_manager="xfwm4", tray="lxqt-panel")
