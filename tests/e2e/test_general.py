@@ -4,6 +4,7 @@ import os
 import re
 import signal
 import subprocess
+import time
 import unittest
 
 from gi.repository import Gio, GLib
@@ -66,26 +67,36 @@ class PaneCase(DesktopCase):
 
     def control(self, name, description=""):
         """A control, brought into sight by the wheel, which turns over switches and pickers."""
-        frame = self.frame
-        for _ in range(30):
+        frame, place = self.frame, None
+        for _ in range(40):
             node = next(node for node in self.controls() if name in (node["label"], node["name"])
                         and node["description"].startswith(description))
             below = node["y"] + node["height"] - (frame["y"] + frame["height"] - 10)
             if below <= 0 and node["y"] > frame["y"] + 80:
-                return node
+                if place == node["y"]:
+                    return node
+                place = node["y"]  # A turn of the wheel may still be on its way.
+                continue
             self.desktop.xdotool("mousemove", frame["x"] + 385, frame["y"] + 300,
                                  "click", 5 if below > 0 else 4)
         raise AssertionError(f"{name} cannot be reached")
 
     def change(self, name, option):
         """Turns a switch, or picks the option of that index."""
+        if option is None:
+            self.desktop.click_node(self.control(name))
+        else:
+            self.click_for_window(name)
+            self.desktop.xdotool("key", "Home", *["Down"] * option, "Return")
+
+    def click_for_window(self, name):
+        """Clicks a control and waits until the window that it opens is on the screen."""
         node, process = self.control(name), self.driver.calmora.pid
         windows = len(self.desktop.windows_of(process))
         self.desktop.click_node(node)
-        if option is not None:
-            self.desktop.wait_until(lambda: len(self.desktop.windows_of(process)) > windows,
-                                    f"options of {name}")
-            self.desktop.xdotool("key", "Home", *["Down"] * option, "Return")
+        self.desktop.wait_until(lambda: len(self.desktop.windows_of(process)) > windows,
+                                f"the window of {name}")
+        time.sleep(0.5)  # The window manager moves a sheet to its place once it is on the screen.
 
     def assert_popover(self, pattern):
         """Waits until the rows of the popover, opened for it, match."""
@@ -165,7 +176,7 @@ class General(PaneCase):
         terminal = self.start_application("xterm")
         driver = self.start_calmora()
         self.open_pane()
-        desktop.click_node(self.control("Add App"))
+        self.click_for_window("Add App")
         desktop.click_node(desktop.wait_until(
             lambda: next((node for node in self.controls() if node["name"] == "Add"
                           and node["description"] == "XTerm"), None), "XTerm in the sheet"))

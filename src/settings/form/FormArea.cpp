@@ -10,8 +10,12 @@ FormArea::FormArea(QWidget* form, QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     setWidget(form);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now && widget()->isAncestorOf(now)) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        // What is clicked must not move away from under the pointer; a window that the click
+        // activates gets its focus back even before the press arrives.
+        const bool isByKeyboard = before && now && before->window() == now->window() &&
+                                  QGuiApplication::mouseButtons() == Qt::NoButton;
+        if (isByKeyboard && widget()->isAncestorOf(now)) {
             ensureWidgetVisible(now);
         }
     });

@@ -5,7 +5,7 @@
 namespace calmora {
 
 /// Shows a form as wide as there is room and scrolls it where it is higher, also to the control
-/// that gets the focus.
+/// that the keyboard moves to.
 class FormArea final : public QScrollArea {
   public:
     /// Owns the form.
