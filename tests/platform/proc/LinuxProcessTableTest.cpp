@@ -187,7 +187,7 @@ TEST(LinuxProcessTable, LeavesProgramsOfAnotherDisplayOut) {
                       const auto all = Table().table.allProcesses();
                       return std::ranges::find(all, process) != all.end();
                   };
-                  setenv("DISPLAY", ":4711", 1);
+                  setenv("DISPLAY", ":4711.0", 1);
                   // Until its program runs a process has the environment of this one.
                   return holdsSoon([&] {
                       return lists(ours.id()) && lists(nobodys.id()) && !lists(theirs.id());

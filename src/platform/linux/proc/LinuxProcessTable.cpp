@@ -1,11 +1,14 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
 
+#include "platform/linux/proc/ProcFiles.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -49,8 +52,9 @@ std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
     std::vector<ProcessId> processes = reader_.processesOf(getuid(), most);
     // The user may be logged in a second time, on a display where nobody asked for anything.
     // Helpers that name no display, or cannot be read, stay.
-    const char* own = std::getenv("DISPLAY");
-    if (own && *own != '\0') {
+    const char* variable = std::getenv("DISPLAY");
+    const std::string own = displayOf(variable ? variable : "");
+    if (!own.empty()) {
         std::erase_if(processes, [&](ProcessId process) {
             const auto display = reader_.display(process);
             return display && !display->empty() && *display != own;

@@ -168,6 +168,15 @@ LaunchEnvironment parseLaunchEnvironment(std::string_view text) {
     return environment;
 }
 
+std::string displayOf(std::string_view variable) {
+    if (variable.starts_with("unix:")) {
+        variable.remove_prefix(std::string_view("unix").size());
+    }
+    const auto colon = variable.rfind(':');
+    return std::string(
+        colon == std::string_view::npos ? variable : variable.substr(0, variable.find('.', colon)));
+}
+
 std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text) {
     FlatpakInfo info;
     walkKeyFile(text, [&](const KeyFileLine& line) {

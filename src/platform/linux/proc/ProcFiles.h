@@ -60,6 +60,10 @@ struct ProcessStatus {
 /// Parses /proc/PID/environ for the variables that count.
 [[nodiscard]] LaunchEnvironment parseLaunchEnvironment(std::string_view text);
 
+/// The X display that a variable DISPLAY names, without the screen: ":0" for ":0.0" and "unix:0".
+/// Source: X(7), display names.
+[[nodiscard]] std::string displayOf(std::string_view variable);
+
 /// Parses a sandbox's .flatpak-info. Absent without an application name.
 /// Source: flatpak-metadata(5).
 [[nodiscard]] std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text);

@@ -193,13 +193,7 @@ std::optional<std::string> ProcessReader::display(ProcessId process) const {
     if (at == std::string::npos) {
         return "";
     }
-    std::string_view value(environment.c_str() + at + key.size());
-    if (value.starts_with("unix:")) {
-        value.remove_prefix(std::string_view("unix").size());
-    }
-    const auto colon = value.rfind(':');
-    return std::string(colon == std::string_view::npos ? value
-                                                       : value.substr(0, value.find('.', colon)));
+    return displayOf(environment.c_str() + at + key.size());
 }
 
 FileDescriptor ProcessReader::open(ProcessId process, const char* file) const {
