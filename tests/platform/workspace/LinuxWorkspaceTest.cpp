@@ -176,11 +176,15 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     Notices notices(machine.workspace);
     const Subscription looking = machine.workspace.lookAtList();
     machine.desktop.end(agent);
-    machine.desktop.start({program.string(), "--helper"});
+    const pid_t next = machine.desktop.start({program.string(), "--helper"});
     EXPECT_TRUE(pumpUntil(machine.events, [&] {
         return notices.has("-Tidy Agent in the background") &&
                notices.has("+Tidy Agent in the background");
     })) << testing::PrintToString(notices.heard);
+    // What is installed meanwhile takes nothing off it.
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return machine.listed(next).has_value(); }));
+    std::ofstream(entries / "org.example.Other.desktop") << "[Desktop Entry]\nHidden=true\n";
+    EXPECT_FALSE(waitFor([&] { return !machine.listed(next); }, 300ms));
 }
 
 } // namespace

@@ -58,7 +58,10 @@ void ApplicationList::refreshInstalled() {
     if (sources_.installed.refresh()) {
         byProcess_.clear();
         background_.forget();
-        scanned_ = {};
+        // An update that no scan precedes would otherwise list none of the background.
+        if (std::exchange(scanned_, {}) != decltype(scanned_){}) {
+            scanBackground();
+        }
     }
 }
 
