@@ -6,6 +6,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -14,12 +16,16 @@ namespace {
 
 constexpr qsizetype longestName = 256;
 
-/// The number with a point and `decimals` digits behind it, in every language.
+/// The number with a point and `decimals` digits behind it, in every language, rounded as printf(3)
+/// does it: 512.5 is 512.
 QString figure(const std::optional<double>& value, int decimals, const char* unit) {
     if (!value || !std::isfinite(*value)) {
         return QStringLiteral("—");
     }
-    return QString::number(*value, 'f', decimals) + unit;
+    std::array<char, 400> digits{};
+    const auto written =
+        std::to_chars(digits.begin(), digits.end(), *value, std::chars_format::fixed, decimals);
+    return QLatin1String(digits.data(), written.ptr - digits.data()) + QLatin1String(unit);
 }
 
 } // namespace
