@@ -9,7 +9,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 namespace calmora {
@@ -55,8 +54,8 @@ std::vector<AppInfo> ProcessMonitor::getBackgroundApps() const {
     const std::optional<std::string> own = platform_.bundle.bundleIdentifier();
     std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
 
-    // What a background application's parent would contribute; the first with a process id counts.
-    std::unordered_map<ProcessId, std::optional<std::string>> parents;
+    // The first with a process id counts.
+    Parents parents;
     parents.reserve(running.size());
     for (const WorkspaceApplication& application : running) {
         const bool isRegular = application.activationPolicy == ActivationPolicy::regular;
@@ -72,10 +71,7 @@ std::vector<AppInfo> ProcessMonitor::getBackgroundApps() const {
         }
         AppInfo& app = apps.emplace_back(record(std::move(application)));
         app.isBackgroundApp = true;
-        if (const auto parent = parentPID(app.pid)) {
-            const auto found = parents.find(*parent);
-            app.parentBundleIdentifier = found != parents.end() ? found->second : std::nullopt;
-        }
+        app.parentBundleIdentifier = parentAppBundleID(app.pid, parents);
     }
     sortByName(apps);
     return apps;
@@ -112,6 +108,13 @@ std::vector<AppInfo> ProcessMonitor::groupBackgroundApps(std::vector<AppInfo> ap
 std::optional<ProcessId> ProcessMonitor::parentPID(ProcessId process) const {
     const std::optional<ProcessId> parent = platform_.processes.parent(process);
     return parent && *parent >= 1 ? parent : std::nullopt;
+}
+
+std::optional<std::string> ProcessMonitor::parentAppBundleID(ProcessId process,
+                                                             const Parents& parents) const {
+    const auto parent = parentPID(process);
+    const auto found = parent ? parents.find(*parent) : parents.end();
+    return found != parents.end() ? found->second : std::nullopt;
 }
 
 void ProcessMonitor::sortByName(std::vector<AppInfo>& apps) const {

@@ -5,6 +5,8 @@
 #include "platform/ProcessId.h"
 
 #include <optional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace calmora {
@@ -31,6 +33,14 @@ class ProcessMonitor {
   private:
     /// The parent of a process; absent where it cannot be told or is no process.
     [[nodiscard]] std::optional<ProcessId> parentPID(ProcessId process) const;
+
+    /// What applications contribute as parents, by process id: their identifier if they are
+    /// regular.
+    using Parents = std::unordered_map<ProcessId, std::optional<std::string>>;
+
+    /// The identifier of the regular application that is the direct parent of a process.
+    [[nodiscard]] std::optional<std::string> parentAppBundleID(ProcessId process,
+                                                               const Parents& parents) const;
 
     void sortByName(std::vector<AppInfo>& apps) const;
 
