@@ -3,6 +3,10 @@
 // popover_latency click ICON_X ICON_Y PROBE_X PROBE_Y ROUNDS
 //     Clicks a status icon with the real pointer. The popover must be closed at the start and is
 //     closed at the end.
+// popover_latency key KEYCODE,KEYCODE,... PROBE_X PROBE_Y ROUNDS
+//     Presses a global shortcut: key codes of X, the timed one last. Otherwise the same.
+// popover_latency settings ICON_X ICON_Y GEAR_X GEAR_Y PROBE_X PROBE_Y ROUNDS
+//     Opens the popover, times a click on its gear, and closes the settings window with Ctrl+W.
 // popover_latency start PROBE_X PROBE_Y ROUNDS PROGRAM
 //     Starts a program and ends it again.
 //
@@ -16,6 +20,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -27,6 +32,7 @@
 #include <span>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -66,6 +72,17 @@ class Screen {
         xcb_flush(connection_.get());
     }
 
+    /// Presses the keys in this order and lets them go.
+    void press(std::span<const std::uint8_t> keys) {
+        for (const std::uint8_t key : keys) {
+            send(XCB_KEY_PRESS, key, 0, 0);
+        }
+        for (std::size_t i = keys.size(); i > 0; --i) {
+            send(XCB_KEY_RELEASE, keys[i - 1], 0, 0);
+        }
+        xcb_flush(connection_.get());
+    }
+
   private:
     void send(std::uint8_t type, std::uint8_t detail, std::int16_t x, std::int16_t y) {
         xcb_test_fake_input(connection_.get(), type, detail, XCB_CURRENT_TIME, root_, x, y, 0);
@@ -98,31 +115,65 @@ std::int16_t number(std::string_view text) {
     return value;
 }
 
-int measureClicks(Screen& screen, std::span<char*> arguments) {
-    const std::int16_t iconX = number(arguments[0]);
-    const std::int16_t iconY = number(arguments[1]);
-    const std::int16_t probeX = number(arguments[2]);
-    const std::int16_t probeY = number(arguments[3]);
+/// Opens and closes something several times. `rest` is what the arguments still hold: the probed
+/// pixel and the number of rounds.
+template <typename Prepare, typename Open, typename Close>
+int measureOpenings(Screen& screen, std::span<char*> rest, Prepare prepare, Open open,
+                    Close close) {
+    const std::int16_t probeX = number(rest[0]);
+    const std::int16_t probeY = number(rest[1]);
     // Longer than any guard against double clicks, and long enough to become idle.
     constexpr auto pause = std::chrono::milliseconds(600);
-    for (int round = number(arguments[4]); round > 0; --round) {
+    for (int round = number(rest[2]); round > 0; --round) {
+        prepare(pause);
         const std::uint32_t before = screen.pixel(probeX, probeY);
-        screen.click(iconX, iconY);
+        open();
         const auto painted = waitForPixel(screen, probeX, probeY, before, true);
         if (!painted) {
-            std::fputs("the popover did not open\n", stderr);
+            std::fputs("it did not open\n", stderr);
             return EXIT_FAILURE;
         }
         std::printf("%.2f\n", painted->count());
         std::this_thread::sleep_for(pause);
-        screen.click(iconX, iconY);
+        close();
         if (!waitForPixel(screen, probeX, probeY, before, false)) {
-            std::fputs("the popover did not close\n", stderr);
+            std::fputs("it did not close\n", stderr);
             return EXIT_FAILURE;
         }
         std::this_thread::sleep_for(pause);
     }
     return EXIT_SUCCESS;
+}
+
+constexpr auto nothingToPrepare = [](auto) {};
+
+int measureClicks(Screen& screen, std::span<char*> arguments) {
+    const auto toggle = [&] { screen.click(number(arguments[0]), number(arguments[1])); };
+    return measureOpenings(screen, arguments.subspan(2), nothingToPrepare, toggle, toggle);
+}
+
+int measureKeys(Screen& screen, std::span<char*> arguments) {
+    std::vector<std::uint8_t> keys;
+    std::string_view list(arguments[0]);
+    while (!list.empty()) {
+        const std::string_view key = list.substr(0, list.find(','));
+        keys.push_back(static_cast<std::uint8_t>(number(key)));
+        list.remove_prefix(std::min(list.size(), key.size() + 1));
+    }
+    const auto toggle = [&] { screen.press(keys); };
+    return measureOpenings(screen, arguments.subspan(1), nothingToPrepare, toggle, toggle);
+}
+
+int measureSettings(Screen& screen, std::span<char*> arguments) {
+    constexpr std::array<std::uint8_t, 2> controlW{37, 25};
+    return measureOpenings(
+        screen, arguments.subspan(4),
+        [&](auto pause) {
+            screen.click(number(arguments[0]), number(arguments[1]));
+            std::this_thread::sleep_for(pause);
+        },
+        [&] { screen.click(number(arguments[2]), number(arguments[3])); },
+        [&] { screen.press(controlW); });
 }
 
 int measureStarts(Screen& screen, std::span<char*> arguments) {
@@ -160,6 +211,12 @@ int main(int argc, char** argv) {
     }
     if (mode == "click" && argc == 7) {
         return measureClicks(screen, arguments.subspan(2));
+    }
+    if (mode == "key" && argc == 6) {
+        return measureKeys(screen, arguments.subspan(2));
+    }
+    if (mode == "settings" && argc == 9) {
+        return measureSettings(screen, arguments.subspan(2));
     }
     if (mode == "start" && argc == 6) {
         return measureStarts(screen, arguments.subspan(2));

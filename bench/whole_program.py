@@ -3,10 +3,12 @@
 Usage: whole_program.py PROGRAM LATENCY_TOOL WINDOW_CLIENT [--seconds N]
 
 The desktop holds 30 applications with icons among 230 processes. Every figure is printed with the
-limit that it should keep. CPU figures are per minute, scaled from N seconds (60 unless told).
+limit that it should keep. CPU figures are per minute, scaled from N seconds (60 unless told); with
+auto-quit they are always taken over a whole minute, which holds one of its checks.
 """
 
 import argparse
+import json
 import pathlib
 import statistics
 import subprocess
@@ -35,6 +37,28 @@ def status(process, field):
     return 0
 
 
+def waits(process):
+    """How often the threads of a process have waited for something."""
+    return {thread.name: status(f"{process}/task/{thread.name}", "voluntary_ctxt_switches")
+            for thread in pathlib.Path(f"/proc/{process}/task").iterdir()}
+
+
+def count_wakeups(process, seconds):
+    """How often something woke a process in so many seconds. What it does then may wait for
+    answers several times: all within 0.2 s counts once.
+    """
+    count, before, last = 0, waits(process), 0
+    end = time.monotonic() + seconds
+    while (now := time.monotonic()) < end:
+        time.sleep(0.05)
+        after = waits(process)
+        if after != before:
+            count += now - last > 0.2
+            last = now
+        before = after
+    return count
+
+
 def report(name, value, unit, limit):
     """Prints one figure beside its limit."""
     verdict = "" if limit is None else f"   (at most {limit} {unit})"
@@ -48,6 +72,106 @@ def latencies(desktop, *command):
     return [float(value) for value in done.stdout.split()]
 
 
+def report_closed(process, state, seconds, cpu_limit, wakeup_limit):
+    """CPU time and wake-ups while nothing of the program is on screen but its icon."""
+    before = cpu_seconds(process)
+    woken = count_wakeups(process, seconds)
+    report(f"CPU per minute, closed, {state}",
+           (cpu_seconds(process) - before) * 60 / seconds * MILLISECONDS, "ms", cpu_limit)
+    report(f"wake-ups per minute, closed, {state}", woken * 60 / seconds, "", wakeup_limit)
+
+
+class Measured:
+    """One run of Calmora on the desktop, at rest."""
+
+    def __init__(self, desktop, program, preferences):
+        folder = desktop.folder / "config" / "calmora"
+        folder.mkdir(exist_ok=True)
+        (folder / "preferences.json").write_text(json.dumps(preferences))
+        self.desktop = desktop
+        self.driver = PopoverDriver(desktop, program)
+        self.process = self.driver.calmora.pid
+        self.icon = desktop.wait_until(self.driver.settled_icon, "status icon")
+        # The middle of the bar across the popover's top, below the icon: covered by its button.
+        self.probe = (self.icon[0] - 100, self.icon[1] + 12 + 35)
+        time.sleep(3)
+
+    def memory(self):
+        """VmRSS in MiB."""
+        return status(self.process, "VmRSS") / 1024
+
+    def end(self):
+        """Ends it in order."""
+        self.driver.calmora.terminate()
+        self.driver.calmora.wait()
+
+
+def measure_popover(desktop, options, display):
+    """The popover, and the program before and after its use."""
+    scale = 60 / options.seconds
+    run = Measured(desktop, options.program, {})
+    report("memory at rest before the first opening, VmRSS", run.memory(), "MiB", 30)
+    report_closed(run.process, "never opened", options.seconds, 2, 5)
+    first, *warm = latencies(desktop, options.latency_tool, "click", *run.icon, *run.probe, 30)
+    report("click to painted popover, first", first, "ms", 40)
+    report("click to painted popover, warm, p50", statistics.median(warm), "ms", 8)
+    report("click to painted popover, warm, p95", statistics.quantiles(warm, n=20)[-1], "ms", 16)
+
+    run.driver.click_icon()
+    time.sleep(4)
+    before = cpu_seconds(run.process), cpu_seconds(display)
+    time.sleep(options.seconds)
+    own, server = cpu_seconds(run.process) - before[0], cpu_seconds(display) - before[1]
+    report("CPU per minute, popover open, X server included",
+           (own + server) * scale * MILLISECONDS, "ms", 75)
+    report("  of that the program itself", own * scale * MILLISECONDS, "ms", None)
+    run.driver.click_icon()
+    time.sleep(2)
+    report("memory after use with 30 icons, VmRSS", run.memory(), "MiB", 36)
+    report_closed(run.process, "after use", options.seconds, 2, 5)
+    run.end()
+
+
+def measure_shortcut_and_auto_quit(desktop, options):
+    """The global shortcut, and what watching for idle applications costs."""
+    # Control+Option+K: the virtual key code with Carbon's masks, and X's key codes.
+    run = Measured(desktop, options.program,
+                   {"autoQuitEnabled": True, "autoQuitMinutes": 60,
+                    "KeyboardShortcuts_activateMenu": '{"carbonKeyCode":40,"carbonModifiers":6144}'})
+    report_closed(run.process, "with auto-quit", 60, 6, None)
+    _, *presses = latencies(desktop, options.latency_tool, "key", "37,64,45", *run.probe, 30)
+    report("press of the shortcut to painted popover, p50", statistics.median(presses), "ms", 20)
+    run.end()
+
+
+def measure_settings(desktop, options):
+    """The settings window, on a desktop without others: there it opens where another run did."""
+    scout = Measured(desktop, options.program, {})
+    # The gear stands in the corner of the popover, whose right edge is the screen's.
+    gear = 1280 - 24, scout.icon[1] + 12 + 483
+    desktop.click(*scout.icon)
+    time.sleep(1)
+    desktop.click(*gear)
+    time.sleep(2)
+    places = [{name: int(value) for name, value in (line.split("=") for line in desktop.output(
+        "xdotool", "getwindowgeometry", "--shell", window).split())}
+        for window in desktop.windows_of(scout.process)]
+    window = max(places, key=lambda place: place["HEIGHT"])
+    probe = window["X"] + 12, window["Y"] + window["HEIGHT"] // 2
+    scout.end()
+
+    run = Measured(desktop, options.program, {})
+    latencies(desktop, options.latency_tool, "click", *run.icon, *run.probe, 3)
+    time.sleep(1)
+    before = run.memory()
+    openings = latencies(desktop, options.latency_tool, "settings", *run.icon, *gear, *probe, 10)
+    time.sleep(2)
+    report("gear to painted settings window, first", openings[0], "ms", 80)
+    report("gear to painted settings window, p50", statistics.median(openings[1:]), "ms", 80)
+    report("memory kept after ten openings of it, VmRSS", run.memory() - before, "MiB", 3)
+    run.end()
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
@@ -55,61 +179,21 @@ def main():
     parser.add_argument("window_client")
     parser.add_argument("--seconds", type=int, default=60)
     options = parser.parse_args()
-    scale = 60 / options.seconds
 
     with VirtualDesktop(accessibility=False) as desktop:
         display = desktop.children[0].pid
         for number in range(APPLICATIONS):
-            desktop.start(options.window_client, "--class", f"Client{number}", "--icon")
+            desktop.start(options.window_client, "--class", f"Client{number}", "--icon", "64")
         while len(process_table()) < PROCESSES:
             desktop.start("sleep", "3600")
 
         # Where trayer puts the first icon.
         starts = latencies(desktop, options.latency_tool, "start", 1268, 12, 15, options.program)
         report("exec to status item, p50", statistics.median(starts), "ms", 60)
-
-        driver = PopoverDriver(desktop, options.program)
-        process = driver.calmora.pid
-        icon = desktop.wait_until(driver.icon, "status icon")
-        time.sleep(3)
-        report("memory at rest before the first opening, VmRSS", status(process, "VmRSS") / 1024,
-               "MiB", 30)
-
-        before = cpu_seconds(process)
-        woken = status(process, "voluntary_ctxt_switches")
-        time.sleep(options.seconds)
-        report("CPU per minute, closed, never opened",
-               (cpu_seconds(process) - before) * scale * MILLISECONDS, "ms", 2)
-        report("wake-ups per minute, closed, never opened",
-               (status(process, "voluntary_ctxt_switches") - woken) * scale, "", 5)
-
-        # The middle of the bar across the popover's top, below the icon: covered by its button.
-        probe = (icon[0] - 100, icon[1] + 12 + 35)
-        first, *warm = latencies(desktop, options.latency_tool, "click", *icon, *probe, 30)
-        report("click to painted popover, first", first, "ms", 40)
-        report("click to painted popover, warm, p50", statistics.median(warm), "ms", 8)
-        report("click to painted popover, warm, p95",
-               statistics.quantiles(warm, n=20)[-1], "ms", 16)
-
-        driver.click_icon()
-        time.sleep(4)
-        before = cpu_seconds(process), cpu_seconds(display)
-        time.sleep(options.seconds)
-        own, server = cpu_seconds(process) - before[0], cpu_seconds(display) - before[1]
-        report("CPU per minute, popover open, X server included",
-               (own + server) * scale * MILLISECONDS, "ms", 75)
-        report("  of that the program itself", own * scale * MILLISECONDS, "ms", None)
-        driver.click_icon()
-        time.sleep(2)
-        report("memory after use with 30 icons, VmRSS", status(process, "VmRSS") / 1024, "MiB", 36)
-
-        before = cpu_seconds(process)
-        woken = status(process, "voluntary_ctxt_switches")
-        time.sleep(options.seconds)
-        report("CPU per minute, closed, after use",
-               (cpu_seconds(process) - before) * scale * MILLISECONDS, "ms", 2)
-        report("wake-ups per minute, closed, after use",
-               (status(process, "voluntary_ctxt_switches") - woken) * scale, "", 5)
+        measure_popover(desktop, options, display)
+        measure_shortcut_and_auto_quit(desktop, options)
+    with VirtualDesktop(accessibility=False) as desktop:
+        measure_settings(desktop, options)
 
 
 if __name__ == "__main__":

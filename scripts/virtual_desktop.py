@@ -165,11 +165,11 @@ class VirtualDesktop:
         """Starts a program on this desktop; it is ended with the desktop."""
         environment = {**self.environment, **options.pop("environment", {})}
         log = open(self.folder / f"{len(self.children)}-{pathlib.Path(command[0]).name}.log", "wb")
+        options.setdefault("stdin", subprocess.DEVNULL)
         options.setdefault("stdout", log)
         options.setdefault("stderr", log)
         with log:
-            child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
-                                     cwd=self.folder, **options)
+            child = subprocess.Popen(command, env=environment, cwd=self.folder, **options)
         self.children.append(child)
         return child
 

@@ -1,5 +1,6 @@
 #include "app/CalmoraApp.h"
 #include "app/Identity.h"
+#include "platform/linux/proc/OpenFileLimit.h"
 #include "theme/Theme.h"
 
 #include <QApplication>
@@ -8,8 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -29,16 +28,6 @@ bool printsText(int argc, char** argv) {
         }
     }
     return false;
-}
-
-/// One file is kept open for every listed application; the usual soft limit, a thousand, is for
-/// programs that use select(2).
-void raiseOpenFileLimit() {
-    rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
-        limit.rlim_cur = limit.rlim_max;
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
 }
 
 /// A display that cannot be reached is no crash: the message, an exit status, no core file.
@@ -64,7 +53,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
-    raiseOpenFileLimit();
+    calmora::raiseOpenFileLimit();
     calmora::EndingSignals signals;
     const QtMessageHandler usualHandler = qInstallMessageHandler(endOnFatalMessage);
     QApplication application(argc, argv);

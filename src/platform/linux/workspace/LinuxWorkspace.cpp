@@ -52,6 +52,7 @@ LinuxWorkspace::LinuxWorkspace(WorkspaceSources sources)
 LinuxWorkspace::~LinuxWorkspace() = default;
 
 std::vector<WorkspaceApplication> LinuxWorkspace::runningApplications() {
+    const Subscription following = followWindows();
     if (!scanning_) {
         list_.scanBackground();
     }
@@ -63,6 +64,10 @@ std::vector<WorkspaceApplication> LinuxWorkspace::runningApplications() {
     }
     tellSoon();
     return result;
+}
+
+Subscription LinuxWorkspace::followWindows() {
+    return sources_.windows.onWindowsChanged([] {});
 }
 
 LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
@@ -312,8 +317,7 @@ void LinuxWorkspace::tellSoon() {
 }
 
 void LinuxWorkspace::activeChanged() {
-    // While the windows are followed they are read once, however often they are asked for.
-    const Subscription following = sources_.windows.onWindowsChanged([] {});
+    const Subscription following = followWindows();
     const auto active = sources_.windows.activeWindow();
     const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
     const bool isListed =

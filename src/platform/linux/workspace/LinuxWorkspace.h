@@ -63,6 +63,8 @@ class LinuxWorkspace final : public Workspace {
     void activeChanged();
     void tellSoon();
     [[nodiscard]] bool isListening() const;
+    /// While the windows are followed they are read once, however often they are asked for.
+    [[nodiscard]] Subscription followWindows();
     [[nodiscard]] Application activeApplication();
     [[nodiscard]] std::unique_ptr<RunningApplication> bound(const Application& application);
 
