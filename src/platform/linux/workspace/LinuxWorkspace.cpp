@@ -2,6 +2,7 @@
 
 #include "platform/linux/bus/BusApplications.h"
 #include "platform/linux/events/EventPoll.h"
+#include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/identity/BundlePath.h"
 #include "platform/linux/identity/KnownIds.h"
 #include "platform/linux/proc/PidFd.h"
@@ -143,11 +144,7 @@ std::unique_ptr<RunningApplication> LinuxWorkspace::bound(const Application& app
 
 std::string LinuxWorkspace::canonicalIdentifier(const std::string& identifier) const {
     list_.refreshInstalled();
-    const std::string& fileManager = sources_.installed.index().fileManager();
-    if (!fileManager.empty() && identifier == fileManager) {
-        return std::string(fileManagerIdentifier);
-    }
-    return wellKnownIdentifier(identifier);
+    return bundleIdentifierOf(identifier, sources_.installed.index());
 }
 
 std::optional<InstalledApplication>
