@@ -1,6 +1,6 @@
 #include "fakes/FakeProcessTable.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "platform/proc/RealProcess.h"
+#include "support/RealProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ TYPED_TEST(ProcessTableContract, TellsOfARunningProcess) {
     EXPECT_GE(after->userTime, before->userTime);
 
     EXPECT_EQ(this->refusal(process, SIGTERM), 0);
-    EXPECT_TRUE(holdsSoon([&] { return this->refusal(process, 0) == ESRCH; }));
+    EXPECT_TRUE(waitFor([&] { return this->refusal(process, 0) == ESRCH; }));
     EXPECT_EQ(this->refusal(this->processes.own, SIGTERM), EPERM) << "never itself";
 }
 

@@ -1,28 +1,21 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "RealProcess.h"
+#include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace calmora {
 namespace {
@@ -45,6 +38,16 @@ bool isAlive(ProcessId process) {
     siginfo_t info{};
     return waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
            info.si_pid == 0;
+}
+
+/// Runs `body` in a fork, as a user; it gives what is wrong, nothing where all is right.
+void expectInFork(const std::function<std::string()>& body, uid_t user = getuid()) {
+    const auto run = [&] {
+        const std::string wrong = setuid(user) == 0 ? body() : "no right to be another user";
+        std::cerr << wrong;
+        _exit(wrong.empty() ? 0 : 1);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
 }
 
 void burnCpu(std::chrono::milliseconds duration) {
@@ -85,7 +88,7 @@ TEST(LinuxProcessTable, CountsAZombieThatNobodyReapsAsGone) {
     Views views(zombie);
     ASSERT_EQ(views.held.signal(zombie, SIGKILL), 0);
     for (Table* table : views.all) {
-        EXPECT_TRUE(holdsSoon([&] { return table->signal(zombie, 0) == ESRCH; }));
+        EXPECT_TRUE(waitFor([&] { return table->signal(zombie, 0) == ESRCH; }));
         EXPECT_EQ(table->signal(zombie, SIGKILL), ESRCH);
         EXPECT_FALSE(table->table.hold(zombie));
         EXPECT_FALSE(table->table.counters(zombie));
@@ -107,12 +110,12 @@ TEST(LinuxProcessTable, KeepsAProcessWhoseMainThreadEndedFirst) {
         syscall(SYS_exit, 0);
     });
     Views views(process.id());
-    ASSERT_TRUE(holdsSoon([&] { return views.held.reader.stat(process.id())->state == 'Z'; }));
+    ASSERT_TRUE(waitFor([&] { return views.held.reader.stat(process.id())->state == 'Z'; }));
     for (Table* table : views.all) {
         EXPECT_EQ(table->signal(process.id(), 0), 0);
     }
     EXPECT_EQ(views.held.signal(process.id(), SIGKILL), 0);
-    EXPECT_TRUE(holdsSoon([&] { return views.heldByTime.signal(process.id(), 0) == ESRCH; }));
+    EXPECT_TRUE(waitFor([&] { return views.heldByTime.signal(process.id(), 0) == ESRCH; }));
 }
 
 TEST(LinuxProcessTable, ReapsOneChildAndNoOther) {
@@ -162,16 +165,16 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
     EXPECT_EQ(std::ranges::count(table.table.allProcesses(), theirs.id()), 0);
 
     const RealProcess roots;
-    EXPECT_EQ(asNobody([&]() -> std::string {
-                  Table seen;
-                  if (seen.signal(roots.id(), SIGKILL) != EPERM) {
-                      return "a process of root was not refused";
-                  }
-                  return std::ranges::count(seen.table.allProcesses(), roots.id()) == 0
-                             ? ""
-                             : "it was listed";
-              }),
-              "");
+    expectInFork(
+        [&]() -> std::string {
+            Table seen;
+            if (seen.signal(roots.id(), SIGKILL) != EPERM) {
+                return "a process of root was not refused";
+            }
+            return std::ranges::count(seen.table.allProcesses(), roots.id()) == 0 ? ""
+                                                                                  : "it was listed";
+        },
+        nobody);
     EXPECT_TRUE(isAlive(roots.id()));
 }
 
@@ -182,40 +185,38 @@ TEST(LinuxProcessTable, LeavesProgramsOfAnotherDisplayOut) {
     const RealProcess ours(sleeperWith("DISPLAY=:4711"));
     const RealProcess theirs(sleeperWith("DISPLAY=:4712"));
     const RealProcess nobodys(sleeperWith("LANG=C"));
-    EXPECT_EQ(inFork([&]() -> std::string {
-                  const auto lists = [](ProcessId process) {
-                      const auto all = Table().table.allProcesses();
-                      return std::ranges::find(all, process) != all.end();
-                  };
-                  setenv("DISPLAY", ":4711.0", 1);
-                  // Until its program runs a process has the environment of this one.
-                  return holdsSoon([&] {
-                      return lists(ours.id()) && lists(nobodys.id()) && !lists(theirs.id());
-                  })
-                             ? ""
-                             : "not the right ones";
-              }),
-              "");
+    expectInFork([&]() -> std::string {
+        const auto lists = [](ProcessId process) {
+            return std::ranges::count(Table().table.allProcesses(), process) == 1;
+        };
+        setenv("DISPLAY", ":4711.0", 1);
+        // Until its program runs a process has the environment of this one.
+        return waitFor(
+                   [&] { return lists(ours.id()) && lists(nobodys.id()) && !lists(theirs.id()); })
+                   ? ""
+                   : "not the right ones";
+    });
 }
 
 TEST(LinuxProcessTable, ReadsAProcessThatHidesFromItsOwnUser) {
     if (getuid() != 0) {
         GTEST_SKIP() << "only root can be other users";
     }
-    EXPECT_EQ(asNobody([]() -> std::string {
-                  const RealProcess hidden([] { prctl(PR_SET_DUMPABLE, 0); });
-                  Table table;
-                  const auto all = table.table.allProcesses();
-                  const auto details = table.reader.details(hidden.id());
-                  return table.table.executablePath(hidden.id())     ? "it does not hide"
-                         : std::ranges::count(all, hidden.id()) == 0 ? "not listed"
-                         : !table.table.counters(hidden.id())        ? "no counters"
-                         : !details || details->owner != nobody || details->commandLine.empty()
-                             ? "no details"
-                         : table.signal(hidden.id(), SIGKILL) != 0 ? "cannot be ended"
-                                                                   : "";
-              }),
-              "");
+    expectInFork(
+        []() -> std::string {
+            const RealProcess hidden([] { prctl(PR_SET_DUMPABLE, 0); });
+            Table table;
+            const auto all = table.table.allProcesses();
+            const auto details = table.reader.details(hidden.id());
+            return table.table.executablePath(hidden.id())     ? "it does not hide"
+                   : std::ranges::count(all, hidden.id()) == 0 ? "not listed"
+                   : !table.table.counters(hidden.id())        ? "no counters"
+                   : !details || details->owner != nobody || details->commandLine.empty()
+                       ? "no details"
+                   : table.signal(hidden.id(), SIGKILL) != 0 ? "cannot be ended"
+                                                             : "";
+        },
+        nobody);
 }
 
 TEST(LinuxProcessTable, CountsEndedThreadsAndOnlyMemoryOfItsOwn) {
@@ -251,30 +252,29 @@ TEST(LinuxProcessTable, CountsEndedThreadsAndOnlyMemoryOfItsOwn) {
 }
 
 TEST(LinuxProcessTable, WorksOnWhenDescriptorsAreScarce) {
-    EXPECT_EQ(inFork([]() -> std::string {
-                  const rlimit few{48, 48};
-                  setrlimit(RLIMIT_NOFILE, &few);
-                  Table table;
-                  std::vector<std::unique_ptr<RealProcess>> processes;
-                  std::vector<ProcessId> ids;
-                  for (int count = 0; count < 60; ++count) {
-                      processes.push_back(std::make_unique<RealProcess>());
-                      ids.push_back(processes.back()->id());
-                  }
-                  table.table.retainCounters(ids);
-                  for (const ProcessId id : ids) {
-                      if (!table.table.hold(id) || !table.table.counters(id)) {
-                          return "not held or not counted: " + std::to_string(id - ids.front());
-                      }
-                  }
-                  for (const ProcessId id : ids) {
-                      if (!table.table.counters(id) || table.signal(id, SIGKILL) != 0) {
-                          return "not signalled: " + std::to_string(id - ids.front());
-                      }
-                  }
-                  return dup(STDOUT_FILENO) >= 0 ? "" : "nothing was left for others";
-              }),
-              "");
+    expectInFork([]() -> std::string {
+        const rlimit few{48, 48};
+        setrlimit(RLIMIT_NOFILE, &few);
+        Table table;
+        std::vector<std::unique_ptr<RealProcess>> processes;
+        std::vector<ProcessId> ids;
+        for (int count = 0; count < 60; ++count) {
+            processes.push_back(std::make_unique<RealProcess>());
+            ids.push_back(processes.back()->id());
+        }
+        table.table.retainCounters(ids);
+        for (const ProcessId id : ids) {
+            if (!table.table.hold(id) || !table.table.counters(id)) {
+                return "not held or not counted: " + std::to_string(id - ids.front());
+            }
+        }
+        for (const ProcessId id : ids) {
+            if (!table.table.counters(id) || table.signal(id, SIGKILL) != 0) {
+                return "not signalled: " + std::to_string(id - ids.front());
+            }
+        }
+        return dup(STDOUT_FILENO) >= 0 ? "" : "nothing was left for others";
+    });
 }
 
 TEST(LinuxProcessTable, DropsWhatItKeptOpenForTheRest) {

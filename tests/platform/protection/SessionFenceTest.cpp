@@ -1,5 +1,5 @@
 #include "platform/linux/protection/SessionFence.h"
-#include "platform/proc/RealProcess.h"
+#include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -98,7 +98,7 @@ TEST_F(SessionFenceTest, findsServersByTheirSockets) {
         EXPECT_EQ(fence.reason(manager.id()), session);
     }
     const RealProcess next([&] { listenAt(pipewire); });
-    EXPECT_TRUE(holdsSoon([&] { return fence.isProtected(next.id()); }));
+    EXPECT_TRUE(waitFor([&] { return fence.isProtected(next.id()); }));
     EXPECT_EQ(fence.reason(next.id()), audioServer) << "a server that was started again";
 }
 
