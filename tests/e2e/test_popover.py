@@ -226,16 +226,6 @@ class Shortcuts(DesktopCase):
 
 
 class Surroundings(DesktopCase):
-    def test_a_second_start_opens_the_popover_of_the_first(self):
-        desktop = self.open_desktop(tray=None)
-        driver = self.start_calmora()
-        desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
-        second = desktop.start(driver.program)
-        self.wait_for_exit(second)
-        self.assertEqual(second.returncode, 0)
-        driver.button("Quit All")
-        self.assert_alive(driver.calmora)
-
     def test_without_session_bus_or_window_manager(self):
         desktop = self.open_desktop(window_manager=None, accessibility=False)
         del desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
@@ -249,13 +239,6 @@ class Surroundings(DesktopCase):
         self.wait_for_exit(second)
         self.assertEqual(second.returncode, 0)
         self.assert_alive(driver.calmora)
-
-    def test_a_tray_that_comes_late_gets_the_icon(self):
-        desktop = self.open_desktop(tray=None)
-        driver = self.start_calmora()
-        desktop.wait_until(lambda: desktop.accessible(driver.calmora), "Calmora")
-        desktop.start_tray()
-        driver.open()
 
     def test_a_display_that_dies_ends_it_in_order(self):
         desktop = self.open_desktop()

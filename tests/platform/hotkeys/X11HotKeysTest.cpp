@@ -41,9 +41,7 @@ constexpr std::uint32_t command = 0x100;
 class X11HotKeysTest : public testing::Test {
   protected:
     void open(const std::string& windowManager = {}) {
-        VirtualDesktopOptions options;
-        options.windowManager = windowManager;
-        desktop.emplace(options);
+        desktop.emplace(VirtualDesktopOptions{.windowManager = windowManager});
         keys.emplace(desktop->display());
         keyboard.emplace(events, desktop->display());
         hotKeys.emplace(*keyboard);

@@ -25,9 +25,7 @@ using testing::Optional;
 const SymbolicHotKey altF4{true, 118, 0x800};
 
 TEST(DesktopShortcuts, AreThoseOfTheRunningOpenbox) {
-    VirtualDesktopOptions options;
-    options.windowManager.clear();
-    VirtualDesktop desktop(options);
+    VirtualDesktop desktop({.windowManager = ""});
     const X11Connection connection(desktop.display());
     const FakeKeyboardLayout layout;
     const std::filesystem::path own = desktop.home() / "rc.xml";
@@ -48,9 +46,7 @@ TEST(DesktopShortcuts, AreThoseOfTheRunningOpenbox) {
 }
 
 TEST(DesktopShortcuts, AreThoseOfGnome) {
-    VirtualDesktopOptions options;
-    options.windowManager.clear();
-    VirtualDesktop desktop(options);
+    VirtualDesktop desktop({.windowManager = ""});
     const X11Connection connection(desktop.display());
     const FakeKeyboardLayout layout;
     DesktopShortcuts shortcuts(layout, {gnomeShortcuts(connection)});
@@ -99,9 +95,7 @@ TEST(DesktopShortcuts, AreThoseOfGnome) {
 }
 
 TEST(DesktopShortcuts, AreThoseOfXfce) {
-    VirtualDesktopOptions options;
-    options.windowManager = "xfwm4";
-    VirtualDesktop desktop(options);
+    VirtualDesktop desktop({.windowManager = "xfwm4"});
     const auto bus = QDBusConnection::connectToBus(desktop.variable("DBUS_SESSION_BUS_ADDRESS"),
                                                    "shortcuts-test");
     ASSERT_TRUE(bus.isConnected());

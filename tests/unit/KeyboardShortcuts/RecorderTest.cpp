@@ -60,9 +60,7 @@ class FakeControl final : public RecorderControl {
             line += "|" + button;
         }
         alerts.push_back(line + (recorder->isRecording() ? " while recording" : ""));
-        if (onAlert) {
-            onAlert();
-        }
+        onAlert();
         return answer;
     }
 
@@ -76,7 +74,7 @@ class FakeControl final : public RecorderControl {
     bool hasWindow = true;
     int beeps = 0;
     std::size_t answer = 0;
-    std::function<void()> onAlert;
+    std::function<void()> onAlert = [] {};
     Lines alerts;
 };
 
