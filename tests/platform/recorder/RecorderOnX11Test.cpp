@@ -39,7 +39,6 @@ constexpr std::uint8_t kKey = 45;
 constexpr std::uint8_t jKey = 44;
 constexpr std::uint8_t tabKey = 23;
 constexpr std::uint8_t escapeKey = 9;
-constexpr std::uint8_t backspaceKey = 22;
 
 constexpr const char* controlOptionK = R"({"carbonKeyCode":40,"carbonModifiers":6144})";
 
@@ -116,18 +115,8 @@ class RecorderOnX11 : public testing::Test {
 };
 
 TEST_F(RecorderOnX11, RecordingEndsAsItShould) {
-    click(recorder(0));
-    tap({escapeKey});
-    EXPECT_FALSE(recorder(0).isRecording());
-    click(recorder(0));
-    tap({kKey});
-    EXPECT_TRUE(recorder(0).isRecording()) << "refused";
-    tap({tabKey});
-    EXPECT_TRUE(recorder(1).isRecording());
-    shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
-    tap({backspaceKey});
-    EXPECT_EQ(stored("quitAll"), "none");
-    EXPECT_TRUE(recorder(1).isRecording());
+    click(recorder(1));
+    ASSERT_TRUE(recorder(1).isRecording());
     click(window.mapToGlobal(QPoint(5, 5)));
     EXPECT_FALSE(recorder(1).isRecording()) << "a click beside it";
 
