@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
-#include <cstdio>
+#include <fcntl.h>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -207,8 +207,11 @@ pid_t VirtualDesktop::start(const std::vector<std::string>& command, const Envir
     for (const auto& [name, value] : extra) {
         ::setenv(name.c_str(), value.c_str(), 1);
     }
-    if (std::freopen("/dev/null", "r", stdin) && ::chdir(home().c_str()) == 0 &&
-        std::freopen("log", "a", stdout) && ::dup2(1, 2) == 2) {
+    const int null = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    const int output =
+        ::open((home() / "log").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    if (::chdir(home().c_str()) == 0 && ::dup2(null, 0) == 0 && ::dup2(output, 1) == 1 &&
+        ::dup2(output, 2) == 2) {
         ::execvp(arguments.front(), arguments.data());
     }
     ::_exit(127);
