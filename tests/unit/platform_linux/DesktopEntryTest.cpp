@@ -133,11 +133,15 @@ TEST(BaseDirectories, TryLocalesFromSpecialToGeneral) {
               (Words{"sr_YU@Latn", "sr_YU", "sr@Latn", "sr"}));
     EXPECT_EQ(localeCandidates("de"), (Words{"de"}));
     EXPECT_EQ(localeCandidates("C.UTF-8"), Words{});
-    const auto locales = messageLocales([](const char* name) -> const char* {
-        const std::string_view variable = name;
-        return variable == "LANGUAGE" ? "fr:de_AT" : variable == "LANG" ? "en_GB.UTF-8" : nullptr;
-    });
-    EXPECT_EQ(locales, (Words{"fr", "de_AT", "de", "en_GB", "en"}));
+    const auto locales = [](const char* language) {
+        return messageLocales([language](const char* name) -> const char* {
+            const std::string_view variable = name;
+            return variable == "LANGUAGE" ? "fr:de_AT" : variable == "LANG" ? language : nullptr;
+        });
+    };
+    EXPECT_EQ(locales("en_GB.UTF-8"), (Words{"fr", "de_AT", "de", "en_GB", "en"}));
+    EXPECT_EQ(locales("C.UTF-8"), (Words{"fr", "de_AT", "de"}));
+    EXPECT_EQ(locales("C"), Words{});
 }
 
 } // namespace

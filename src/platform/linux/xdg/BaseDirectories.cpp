@@ -111,10 +111,10 @@ std::vector<std::string> messageLocales(const EnvironmentReader& environment) {
             locale = valueOf(environment, name);
         }
     }
-    std::vector<std::string> candidates = localeCandidates(locale);
-    if (candidates.empty()) {
-        return candidates; // The plain locale is not translated, whatever LANGUAGE says.
+    if (locale.empty() || locale == "C" || locale == "POSIX") {
+        return {}; // The plain locale is not translated, whatever LANGUAGE says; C.UTF-8 is.
     }
+    const std::vector<std::string> candidates = localeCandidates(locale);
     std::vector<std::string> all;
     for (const std::string& language : split(valueOf(environment, "LANGUAGE"), ':')) {
         const auto more = localeCandidates(language);
