@@ -131,10 +131,25 @@ void RowStack::arrange() {
         resize(width(), height);
     }
     if (underMouse()) {
-        for (const auto& [key, row] : live_) {
-            row->updateHover();
-        }
+        updateHover();
     }
+}
+
+void RowStack::updateHover() {
+    for (const auto& [key, row] : live_) {
+        row->updateHover();
+    }
+}
+
+void RowStack::leaveEvent(QEvent*) {
+    updateHover();
+}
+
+bool RowStack::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter) {
+        updateHover();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 StackRow& RowStack::realize(const RowKey& key) {
@@ -152,6 +167,7 @@ StackRow& RowStack::realize(const RowKey& key) {
         spare.pop_back();
     }
     StackRow& made = *row;
+    made.installEventFilter(this);
     live_.emplace(key, std::move(row));
     callbacks_.bind(made, key);
     return made;

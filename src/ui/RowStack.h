@@ -59,8 +59,13 @@ class RowStack final : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    /// A row that moved under the resting pointer was never entered, so nothing tells it that the
+    /// pointer has left; the row that is entered next does.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void updateHover();
     /// Makes, places and puts away widgets so that those in sight stand where they are.
     void arrange();
     void bindAll();

@@ -1,3 +1,4 @@
+#include "ui/AppRowView.h"
 #include "ui/PopoverFixture.h"
 
 #include <gmock/gmock.h>
@@ -348,12 +349,31 @@ TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
     show();
     const auto gammaAt = [this] { return rowWidgets().back()->mapTo(view, QPoint()).y(); };
     const int before = gammaAt();
+    const auto moveTo = [](QWidget* target) {
+        QTest::mouseMove(target->window(), target->mapTo(target->window(), QPoint(5, 5)));
+        settle();
+    };
+    moveTo(&rowButton("Alpha", "quit"));
     click(rowButton("Alpha", "quit"));
     EXPECT_NEAR(gammaAt(), before, 12);
     EXPECT_TRUE(QTest::qWaitFor([&] { return gammaAt() < before - 10; }, 1000));
     EXPECT_GT(gammaAt(), before - 46) << "on its way";
     rest();
     EXPECT_EQ(gammaAt(), before - 46);
+    const auto hovered = [this] {
+        std::vector<std::string> names;
+        for (QWidget* row : rowWidgets()) {
+            if (static_cast<AppRowView*>(row)->isHovered()) {
+                names.push_back(nameOf(row));
+            }
+        }
+        return names;
+    };
+    EXPECT_THAT(hovered(), ElementsAre("Beta")) << "slid under the resting pointer";
+    moveTo(rowWidgets().back());
+    EXPECT_THAT(hovered(), ElementsAre("Gamma"));
+    moveTo(&search());
+    EXPECT_THAT(hovered(), IsEmpty());
 
     machine.clock.advance(1s);
     use(3, 50, 10);
