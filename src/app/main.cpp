@@ -12,6 +12,13 @@
 
 namespace {
 
+void printUsage(std::FILE* stream) {
+    std::fprintf(stream,
+                 "Usage: calmora [--version | --help]\n"
+                 "Puts %s into the status bar; started again, it opens its popover.\n",
+                 calmora::identity::name);
+}
+
 /// Whether the command line asked for a text instead of the program.
 bool printsText(int argc, char** argv) {
     using namespace calmora;
@@ -21,9 +28,7 @@ bool printsText(int argc, char** argv) {
             return true;
         }
         if (std::strcmp(argv[index], "--help") == 0) {
-            std::printf("Usage: calmora [--version | --help]\n"
-                        "Puts %s into the status bar; started again, it opens its popover.\n",
-                        identity::name);
+            printUsage(stdout);
             return true;
         }
     }
@@ -58,6 +63,11 @@ int main(int argc, char** argv) {
     const QtMessageHandler usualHandler = qInstallMessageHandler(endOnFatalMessage);
     QApplication application(argc, argv);
     qInstallMessageHandler(usualHandler);
+    if (argc > 1) { // What Qt understands, -style for one, it has taken away.
+        std::fprintf(stderr, "calmora: “%s” is not understood\n", argv[1]);
+        printUsage(stderr);
+        return 2;
+    }
     QApplication::setApplicationName(calmora::identity::name);
     QApplication::setApplicationVersion(calmora::identity::version);
     QApplication::setDesktopFileName(calmora::identity::identifier);

@@ -67,6 +67,9 @@ class Package(DesktopCase):
 
         desktop = self.open_desktop()
         desktop.environment["LANG"] = "de_DE.UTF-8"
+        mistyped = desktop.start(str(self.usr / "bin/calmora"), "--nonsense")
+        self.wait_for_exit(mistyped)
+        self.assertEqual(mistyped.returncode, 2)
         terminal = self.start_application("xterm")
         driver = self.driver = PopoverDriver(desktop, self.usr / "bin/calmora")
         driver.click_icon()
