@@ -1,5 +1,5 @@
 // What desktops have bound: openbox and Xfce, asked of the real ones, and GNOME's settings.
-#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeKeys.h"
 #include "platform/linux/desktop_shortcuts/GnomeShortcuts.h"
 #include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
 #include "platform/linux/x11/X11Connection.h"

@@ -1,8 +1,8 @@
 // The recorder, the hot keys and Qt's own keyboard on one X server with a window manager.
 #include "KeyboardShortcuts/Recorder.h"
 #include "app/HotKeyManager.h"
+#include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
-#include "fakes/FakeSystemShortcuts.h"
 #include "fakes/FakeText.h"
 #include "fakes/FakeUserDefaults.h"
 #include "platform/NotificationCenter.h"

@@ -1,7 +1,7 @@
 #include "unit/KeyboardShortcuts/ShortcutsFixture.h"
 
 #include "KeyboardShortcuts/ShortcutRecorder.h"
-#include "fakes/FakeSystemShortcuts.h"
+#include "fakes/FakeKeys.h"
 
 #include <memory>
 

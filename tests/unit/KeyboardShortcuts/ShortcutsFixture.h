@@ -2,8 +2,7 @@
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "KeyboardShortcuts/Modifiers.h"
-#include "fakes/FakeHotKeys.h"
-#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeText.h"
 #include "fakes/FakeUserDefaults.h"

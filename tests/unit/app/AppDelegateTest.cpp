@@ -2,8 +2,7 @@
 
 #include "app/AppToolkit.h"
 #include "autoquit/AutoQuitManager.h"
-#include "fakes/FakeHotKeys.h"
-#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeKeys.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
 #include "platform/NotificationCenter.h"

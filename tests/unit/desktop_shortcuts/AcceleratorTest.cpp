@@ -1,4 +1,4 @@
-#include "fakes/FakeKeyboardLayout.h"
+#include "fakes/FakeKeys.h"
 #include "platform/linux/desktop_shortcuts/DesktopShortcuts.h"
 
 #include <gtest/gtest.h>

@@ -9,7 +9,9 @@
 #include <QString>
 
 #include <algorithm>
+#include <iterator>
 #include <random>
+#include <sstream>
 
 namespace calmora {
 namespace {
@@ -141,26 +143,11 @@ TEST(ReleaseReader, TakesNoLongerForTheHostile) {
 TEST(ReleaseReader, SurvivesDamagedLists) {
     std::mt19937 random(20261122); // NOLINT: the same damage every time.
     const auto upTo = [&](std::size_t end) { return random() % (end + 1); };
-    const std::string pieces[] = {"<",
-                                  ">",
-                                  "\"",
-                                  "'",
-                                  "&",
-                                  "&#0;",
-                                  "&#x1;",
-                                  "<!--",
-                                  "]]>",
-                                  "<![CDATA[",
-                                  "<?x ",
-                                  "\xC3",
-                                  "\xE2\x80\xAE",
-                                  "</p>",
-                                  "<release version='7'>",
-                                  "</releases>",
-                                  "<!DOCTYPE a>",
-                                  "xml:lang='de'",
-                                  "xmlns='x'",
-                                  std::string(1, '\0')};
+    std::istringstream words(
+        "< > \" ' & &#0; &#x1; <!-- ]]> <![CDATA[ <?x \xC3 \xE2\x80\xAE </p> xmlns='x' "
+        "version='7' <release </releases> <!DOCTYPE xml:lang='de'");
+    std::vector<std::string> pieces{std::istream_iterator<std::string>(words), {}};
+    pieces.insert(pieces.end(), {std::string(1, '\0'), "<release version='7'>", "<!DOCTYPE a>"});
     int readable = 0;
     for (int round = 0; round < 4000; ++round) {
         std::string xml = feed;
@@ -174,7 +161,7 @@ TEST(ReleaseReader, SurvivesDamagedLists) {
                 xml.erase(at, upTo(40));
                 break;
             case 2:
-                xml.insert(at, pieces[upTo(std::size(pieces) - 1)]);
+                xml.insert(at, pieces[upTo(pieces.size() - 1)]);
                 break;
             default:
                 xml.insert(at, xml.substr(upTo(xml.size() - 1), upTo(60)));
