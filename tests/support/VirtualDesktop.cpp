@@ -31,7 +31,13 @@ bool isManaged(const X11Connection& server) {
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     xcb_map_window(server.get(), probe);
     xcb_flush(server.get());
-    const bool managed = waitFor([&] { return isListed(probe); }, std::chrono::milliseconds(100));
+    const auto isTaken = [&] {
+        const X11Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(
+            server.get(), server.requestProperty(probe, server.atom(X11Atom::wmState), 1),
+            nullptr));
+        return isListed(probe) || !words(state).empty();
+    };
+    const bool managed = waitFor(isTaken, std::chrono::milliseconds(100));
     xcb_destroy_window(server.get(), probe);
     return managed && waitFor([&] { return !isListed(probe); });
 }

@@ -42,7 +42,8 @@ TEST(QuittingTest, LeavesAQuestionAlone) {
 }
 
 TEST(QuittingTest, EndsByTheSignalWhatCannotBeAsked) {
-    for (const char* manager : {"openbox", "xfwm4", ""}) {
+    for (const char* manager : {"openbox", "xfwm4", "9wm", ""}) {
+        SCOPED_TRACE(manager);
         LinuxDesktop machine({.windowManager = manager});
         const pid_t deaf = machine.shown(machine.client({"--no-delete"}));
         const WindowId window = machine.windows.windows().front().id;
