@@ -242,38 +242,18 @@ TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
 }
 
 TEST_F(AutoQuitManagerTest, TellsOnlyOfWhatHasGone) {
-    struct Case {
-        const char* name;
-        bool accepts;
-        std::optional<std::chrono::milliseconds> endsAfter;
-        bool isNoticed;
-        std::chrono::milliseconds slept;
-    };
-
+    using Delay = std::optional<std::chrono::milliseconds>;
     settings.setDefaultQuitMode(QuitMode::force);
-    for (const Case& c : {
-             Case{"at once", true, 0ms, true, 0ms},
-             Case{"slow", true, 1300ms, true, 1300ms},
-             Case{"asks to save, or hangs", true, std::nullopt, false, 1500ms},
-             Case{"is asking already", false, std::nullopt, false, 0ms},
-             Case{"too slow", true, 1600ms, false, 1500ms},
-         }) {
-        FakePlatform fresh;
-        AutoQuitManager fresher(settings, fresh.platform(), notifications, input);
-        fresh.workspace.launch({.pid = 1,
-                                .bundleIdentifier = "a",
-                                .acceptsTerminate = c.accepts,
-                                .endsAfterTerminate = c.endsAfter});
-        notifications.added.clear();
-        fresher.activityTracker().recordActivation("a", fresh.clock.wall - 1h);
-        fresher.checkAndQuitInactiveApps();
-        EXPECT_EQ(!notifications.added.empty(), c.isNoticed) << c.name;
-        EXPECT_EQ(fresh.clock.slept, c.slept) << c.name;
-        fresher.checkAndQuitInactiveApps();
-        EXPECT_EQ(fresh.workspace.terminateRequests.size(),
-                  c.isNoticed || c.endsAfter ? 1U + (c.endsAfter > 1500ms) : 2U)
-            << c.name << ": what is still there stays eligible";
+    for (const Delay endsAfter : {Delay(1300ms), Delay()}) {
+        machine.workspace.launch(
+            {.pid = 1, .bundleIdentifier = "a", .endsAfterTerminate = endsAfter});
+        age("a", 1h);
+        EXPECT_EQ(check(), Pids{1});
+        EXPECT_EQ(notices().size(), 1U) << "of the first, while the second asks to save";
     }
+    EXPECT_EQ(check(), Pids{1}) << "what is still there stays eligible";
+    EXPECT_EQ(notices().size(), 1U);
+    EXPECT_TRUE(machine.workspace.forceRequests.empty());
 }
 
 TEST_F(AutoQuitManagerTest, NamesEachNoticeByApplicationAndTime) {
