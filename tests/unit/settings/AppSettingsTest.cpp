@@ -32,7 +32,6 @@ TEST(AppSettings, AreRegisteredButNotWrittenAtFirst) {
     EXPECT_EQ(defaults.registered, initial);
     EXPECT_TRUE(defaults.writes.empty());
     EXPECT_TRUE(settings.neverQuitMusicApps());
-    EXPECT_TRUE(settings.groupBackgroundInstances());
     EXPECT_EQ(settings.autoQuitMinutes(), 30);
     EXPECT_FALSE(settings.openAtLogin() || settings.playSounds() || settings.autoQuitEnabled());
 }

@@ -10,16 +10,8 @@ namespace {
 TEST(LocalizedStrings, ChoosesThePluralFormAndLeavesUnknownKeysAlone) {
     const QtLocalizedStrings strings(QLocale(QLocale::Icelandic));
 
-    const struct {
-        std::int64_t count;
-        std::string text;
-    } rows[] = {{0, "%lld apps running"},
-                {1, "%lld app running"},
-                {2, "%lld apps running"},
-                {INT64_MAX, "%lld apps running"}};
-
-    for (const auto& row : rows) {
-        EXPECT_EQ(strings.text("apps_running_count %lld", row.count), row.text) << row.count;
+    for (const std::int64_t count : {std::int64_t{0}, std::int64_t{2}, INT64_MAX}) {
+        EXPECT_EQ(strings.text("apps_running_count %lld", count), "%lld apps running") << count;
     }
     EXPECT_EQ(fillPlaceholders(strings.text("version_label %@"), {"1.2.3"}), "Version 1.2.3");
     EXPECT_EQ(strings.text("Check for Updates…"), "Check for Updates…");
