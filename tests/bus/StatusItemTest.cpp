@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QDBusVariant>
+#include <QPainter>
 #include <QTest>
 
 #include <memory>
@@ -259,9 +260,11 @@ TEST(GlyphTest, standsOutFromTheBar) {
         {"#000000", Qt::white}, {"#2d2d2d", Qt::white}, {"#3465a4", Qt::white},
     };
     for (const auto& [bar, glyph] : rows) {
-        QImage icon(9, 9, QImage::Format_RGB32);
-        icon.fill(QColor(bar));
-        icon.setPixelColor(4, 4, Qt::red);
+        QImage icon(13, 9, QImage::Format_RGB32);
+        icon.setDevicePixelRatio(1.5);
+        icon.fill(glyph); // The desktop at the edge, where the scale is a fraction.
+        QPainter(&icon).fillRect(QRectF(0, 0, 8, 6), QColor(bar));
+        icon.setPixelColor(5, 4, Qt::red);
         EXPECT_EQ(glyphColorOn(backgroundOf(icon)), QColor(glyph)) << bar;
     }
     EXPECT_FALSE(backgroundOf({}).isValid());

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 
 namespace calmora {
@@ -42,10 +43,13 @@ QColor backgroundOf(const QImage& icon) {
     if (icon.isNull()) {
         return {};
     }
-    const int right = icon.width() - 1;
-    const int bottom = icon.height() - 1;
-    const std::array corners = {icon.pixelColor(0, 0), icon.pixelColor(right, 0),
-                                icon.pixelColor(0, bottom), icon.pixelColor(right, bottom)};
+    // With a fraction as the scale the outermost pixels may lie beside the icon, or the screen.
+    const int edge = static_cast<int>(std::ceil(icon.devicePixelRatio()));
+    const QRect inner = icon.rect().adjusted(edge, edge, -edge, -edge);
+    const QRect area = inner.isEmpty() ? icon.rect() : inner;
+    const std::array corners = {icon.pixelColor(area.topLeft()), icon.pixelColor(area.topRight()),
+                                icon.pixelColor(area.bottomLeft()),
+                                icon.pixelColor(area.bottomRight())};
     int red = 0;
     int green = 0;
     int blue = 0;
