@@ -145,9 +145,11 @@ TEST_P(Clipping, AboutAndQuestions) {
     FakeAlerts alerts;
     EXPECT_FALSE(confirmForceQuitAll(alerts, strings, 23));
     EXPECT_FALSE(confirmForceQuit(alerts, strings, "GNU Image Manipulation Program", {}));
+    EXPECT_FALSE(confirmForceQuit(alerts, strings, std::string(300, 'y'), {}));
     for (const Alert& alert : alerts.shown) {
         AlertPanel panel(alert, {}, [](std::size_t) {});
         panel.setFixedWidth(panel.sizeHint().width());
+        EXPECT_LT(panel.width(), 500);
         panel.show();
         expectWhole(panel, alert.messageText);
     }

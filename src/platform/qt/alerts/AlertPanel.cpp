@@ -23,6 +23,7 @@ constexpr int iconSide = 48;
 constexpr int badgeSide = 20;
 constexpr int textWidth = 300;
 constexpr int longestText = 400;
+constexpr int longestWord = 24;
 
 /// A text of any program's making, fit for a label.
 QString shortened(const std::string& text) {
@@ -30,6 +31,22 @@ QString shortened(const std::string& text) {
     return full.size() <= longestText
                ? full
                : full.left(longestText / 2) + QChar(0x2026) + full.right(longestText / 2);
+}
+
+/// A text that a label can wrap: a word too long for a line would widen the panel beyond the
+/// screen.
+QString wrappable(const QString& text) {
+    QString broken;
+    int run = 0;
+    for (const QChar c : text) {
+        run = c.isSpace() ? 0 : run + 1;
+        if (run > longestWord && !c.isLowSurrogate() && !c.isMark()) {
+            broken.append(QChar(0x200B));
+            run = 1;
+        }
+        broken.append(c);
+    }
+    return broken;
 }
 
 class AlertIcon final : public QWidget {
@@ -123,7 +140,7 @@ class AlertPushButton final : public QAbstractButton {
 };
 
 QLabel* makeText(const std::string& text, TextStyle style, ThemeColor color, const Theme& theme) {
-    auto* label = new QLabel(shortened(text));
+    auto* label = new QLabel(wrappable(shortened(text)));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setFont(Theme::font(style));
