@@ -77,7 +77,8 @@ class Workspace {
         return std::nullopt;
     }
 
-    /// Tells of every application that starts, or that becomes regular.
+    /// Tells of every application that starts, that becomes regular, or that turns out to be
+    /// another one than was thought.
     [[nodiscard]] virtual Subscription onLaunched(Handler handler) = 0;
 
     /// Tells of every application that ends, or that stops being regular.

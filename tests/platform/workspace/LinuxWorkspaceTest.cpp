@@ -99,12 +99,16 @@ TEST(LinuxWorkspaceTest, BecomingRegularAndCeasingToBeCount) {
               0);
     EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Shy"); }))
         << testing::PrintToString(notices.heard);
+    EXPECT_EQ(machine.desktop.run({"xprop", "-id", std::to_string(window), "-f", "WM_CLASS", "8s",
+                                   "-set", "WM_CLASS", "Bold"}),
+              0);
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Bold"); })) << "a late name";
     EXPECT_TRUE(machine.windows.requestClose(window));
     machine.windows.flush();
-    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Shy"); }));
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Bold"); }));
     EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory) << "it still runs";
     ::kill(process, SIGKILL);
-    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Shy in the background"); }))
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Bold in the background"); }))
         << "the end of what has no window is noticed too";
 }
 

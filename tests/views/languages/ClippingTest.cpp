@@ -120,6 +120,7 @@ TEST_P(Clipping, Settings) {
     for (int pane = 0; pane < tabs->count(); ++pane) {
         tabs->setCurrentIndex(pane);
         expectWhole(view, "settings, pane " + std::to_string(pane));
+        EXPECT_EQ(view.rect().size(), QSize(450, 560));
     }
     auto& recorder = *view.findChild<QWidget*>("quitAll")->findChild<RecorderCocoa*>();
     tabs->setCurrentIndex(1);

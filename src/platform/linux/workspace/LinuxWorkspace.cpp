@@ -34,6 +34,12 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     return value;
 }
 
+/// Some applications say who they are only after their first window is up.
+bool isKnownAs(const ListedApplication& before, const ListedApplication& now) {
+    return before.identity.bundleIdentifier == now.identity.bundleIdentifier &&
+           before.identity.localizedName == now.identity.localizedName;
+}
+
 /// The same process in another list; null when it is not there.
 std::shared_ptr<const ListedApplication> counterpart(const ListedApplication& application,
                                                      const ApplicationList::Applications& list) {
@@ -292,7 +298,8 @@ void LinuxWorkspace::changed() {
     for (const Application& application : after) {
         const Application was = counterpart(*application, before);
         const bool isRegular = application->policy == ActivationPolicy::regular;
-        if (!was || (isRegular && was->policy != ActivationPolicy::regular)) {
+        if (!was || (isRegular && was->policy != ActivationPolicy::regular) ||
+            !isKnownAs(*was, *application)) {
             launched_.emit(valueOf(*application));
         }
     }
@@ -306,7 +313,7 @@ void LinuxWorkspace::tellSoon() {
     const bool isSame =
         current.size() == told_.size() &&
         std::ranges::equal(current, told_, [](const Application& a, const Application& b) {
-            return a->isSameProcess(*b) && a->policy == b->policy;
+            return a->isSameProcess(*b) && a->policy == b->policy && isKnownAs(*a, *b);
         });
     if (!isSame) {
         telling_ = sources_.events.later([this] { changed(); });
