@@ -63,7 +63,10 @@ void SettingsTabs::paintEvent(QPaintEvent*) {
         painter.drawText(tab.adjusted(0, side + 2 * padding, 0, -padding), Qt::AlignCenter,
                          tabText(index));
         if (isChosen && showsFocus(*this)) {
-            drawFocusRing(painter, tab, metrics::rowRadius, theme);
+            // Inside the tab: the bar has no room around it.
+            constexpr int inset = metrics::focusRing;
+            drawFocusRing(painter, tab.adjusted(inset, inset, -inset, -inset),
+                          metrics::rowRadius - inset, theme);
         }
     }
 }
