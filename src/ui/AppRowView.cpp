@@ -322,6 +322,12 @@ void AppRowView::leaveEvent(QEvent*) {
     setHovered(false);
 }
 
+void AppRowView::hideEvent(QHideEvent*) {
+    // A window that closes under the pointer is not told that the pointer left.
+    hoverFade_.stop();
+    isHovered_ = false;
+}
+
 void AppRowView::updateHover() {
     setHovered(rect().contains(mapFromGlobal(QCursor::pos())));
 }
