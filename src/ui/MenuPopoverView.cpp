@@ -17,6 +17,7 @@
 #include "ui/SearchBox.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
@@ -571,6 +572,15 @@ void MenuPopoverView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
         QCoreApplication::sendEvent(area_->verticalScrollBar(), event);
         return;
+    case Qt::Key_F10:
+        // What stands for the menu key on keyboards that have none.
+        if (QWidget* focused = focusWidget(); focused && event->modifiers() == Qt::ShiftModifier) {
+            const QPoint place = focused->rect().center();
+            QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+            QCoreApplication::sendEvent(focused, &menu);
+            return;
+        }
+        break;
     default:
         break;
     }

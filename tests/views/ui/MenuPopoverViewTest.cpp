@@ -299,6 +299,10 @@ TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Gamma, Protected");
     press(Qt::Key_Up);
     EXPECT_EQ(QApplication::focusWidget(), &rowButton("Alpha", "tick"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = view->findChild<QWidget*>("rowMenu");
+    ASSERT_NE(menu, nullptr);
+    menu->close();
     press(Qt::Key_Up);
     EXPECT_EQ(focus(), "search");
     for (QWidget* child : view->findChildren<QWidget*>()) {
@@ -374,6 +378,10 @@ TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
     EXPECT_THAT(hovered(), ElementsAre("Gamma"));
     moveTo(&search());
     EXPECT_THAT(hovered(), IsEmpty());
+    moveTo(rowWidgets().back());
+    window.hide();
+    window.show();
+    EXPECT_THAT(hovered(), IsEmpty()) << "opened again";
 
     machine.clock.advance(1s);
     use(3, 50, 10);
