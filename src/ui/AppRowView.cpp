@@ -329,7 +329,7 @@ void AppRowView::hideEvent(QHideEvent*) {
 }
 
 void AppRowView::updateHover() {
-    setHovered(rect().contains(mapFromGlobal(QCursor::pos())));
+    setHovered(isVisible() && rect().contains(mapFromGlobal(QCursor::pos())));
 }
 
 void AppRowView::setHovered(bool hovered) {
