@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <tuple>
 
 namespace calmora {
 namespace {
@@ -64,20 +65,34 @@ struct AutoQuitManagerTest : testing::Test {
     AutoQuitManager manager{settings, machine.platform(), notifications, input};
 };
 
-TEST_F(AutoQuitManagerTest, LooksFirstAfterAMinuteAndKeepsOneTimer) {
-    {
-        AutoQuitManager shortLived(settings, machine.platform(), notifications, input);
-        shortLived.start();
-        shortLived.activityTracker().recordActivation("a", {});
-        launch(1, "a");
-        machine.runLoop.advance(59s);
-        shortLived.start();
-        machine.runLoop.advance(59s);
-        EXPECT_EQ(machine.workspace.lists, 0);
-        machine.runLoop.advance(1s);
-        EXPECT_EQ(machine.workspace.terminateRequests, Pids{1});
+TEST_F(AutoQuitManagerTest, QuitsThroughADayWhatWasLeftAlone) {
+    for (const ProcessId process : {1, 2, 3, 4}) {
+        launch(process, "app" + std::to_string(process));
     }
-    EXPECT_TRUE(machine.runLoop.timers().empty());
+    activate(1);
+    manager.activityTracker().startTracking();
+    manager.start();
+    manager.start();
+
+    std::map<ProcessId, int> quitAt;
+    for (int minute = 0; minute < 24 * 60; ++minute) {
+        // 2 is used for an hour, 3 is looked at every ten minutes until the evening and then stays
+        // in front, 4 is never touched.
+        if (minute > 0 && minute <= 60 && minute % 7 == 0) {
+            activate(2);
+        } else if (minute > 0 && minute <= 18 * 60 && minute % 10 == 0) {
+            activate(3);
+        }
+        machine.runLoop.advance(1min);
+        for (const ProcessId process : machine.workspace.terminateRequests) {
+            quitAt.try_emplace(process, minute + 1);
+        }
+    }
+    EXPECT_EQ(quitAt, (std::map<ProcessId, int>{{1, 16}, {2, 56 + 16}, {3, 18 * 60 + 16}}))
+        << "later than 15 minutes, not at them; the frontmost is not exempt";
+    EXPECT_EQ(notices(), (Names{"App 1 after 15 minutes", "App 2 after 15 minutes",
+                                "App 3 after 15 minutes"}));
+    EXPECT_EQ(machine.runLoop.timers(), (std::vector<std::chrono::milliseconds>{1min}));
 }
 
 TEST_F(AutoQuitManagerTest, ReadsTheSettingsOnEveryPass) {
@@ -95,106 +110,58 @@ TEST_F(AutoQuitManagerTest, ReadsTheSettingsOnEveryPass) {
 }
 
 TEST_F(AutoQuitManagerTest, TakesAnyStoredMinutes) {
-    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-    ProcessId process = 1;
-
-    struct Case {
-        std::int64_t minutes;
-        std::chrono::seconds age;
-        bool isQuit;
-    };
-
-    for (const Case& c : {
-             Case{0, 1s, true},
-             Case{0, 0s, false},
-             Case{-5, 0s, true},
-             Case{-5, -6min, false},
-             Case{45, 45min, false},
-             Case{45, 45min + 1s, true},
-             Case{most / 60, 24h * 365, false},
-             Case{most / 60 + 1, 24h * 365, false},
-             Case{most, 24h * 365, false},
-             Case{std::numeric_limits<std::int64_t>::min() / 60, 0s, true},
-             Case{std::numeric_limits<std::int64_t>::min() / 60 - 1, 1h, false},
-             Case{std::numeric_limits<std::int64_t>::min(), 1h, false},
-         }) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    ProcessId process = 0;
+    for (const auto& [minutes, since, isQuit] :
+         {std::tuple<std::int64_t, std::chrono::seconds, bool>{0, 1s, true},
+          {0, 0s, false},
+          {0, -1h, false}, // The clock was set back.
+          {-5, 0s, true},
+          {-5, -6min, false},
+          {15, 15min, false},
+          {45, 45min + 1s, true},
+          {Limits::max() / 60, 24h * 365, false},
+          {Limits::max() / 60 + 1, 24h * 365, false},
+          {Limits::max(), 24h * 365, false},
+          {Limits::min() / 60, 0s, true},
+          {Limits::min() / 60 - 1, 1h, false},
+          {Limits::min(), 1h, false}}) {
         launch(++process, "a");
-        age("a", c.age);
-        settings.setAutoQuitMinutes(c.minutes);
-        EXPECT_EQ(check(), c.isQuit ? Pids{process} : Pids{}) << c.minutes;
+        age("a", since);
+        settings.setAutoQuitMinutes(minutes);
+        EXPECT_EQ(check(), isQuit ? Pids{process} : Pids{}) << minutes;
         machine.processes.end(process);
     }
-    notifications.added.clear();
-    launch(1, "a");
-    age("a", 90s);
-    settings.setAutoQuitMinutes(1);
-    check();
-    EXPECT_EQ(notices(), Names{"App 1 after 1 minute"});
 }
 
 TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
     settings.setNeverQuitApps({"listed", "desktop-name"});
     machine.workspace.canonicalIdentifiers["desktop-name"] = "known.name";
-
-    struct Case {
-        const char* bundleIdentifier;
-        bool isQuit;
-        bool isQuitWithoutMusicRule;
-    };
-
-    const Case cases[] = {
-        {"unknown.app", true, true},
-        {"com.apple.finder", false, false},
-        {"listed", false, false},
-        {"known.name", false, false},
-        {"Listed", true, true},
-        {"com.tidal.desktop", false, true},
-        {"com.spotify.client", false, true},
-        {"com.apple.Safari", true, true},
-    };
     ProcessId process = 0;
     for (const bool musicRule : {true, false}) {
         settings.setNeverQuitMusicApps(musicRule);
-        Pids expected;
-        for (const Case& c : cases) {
-            launch(++process, c.bundleIdentifier);
-            age(c.bundleIdentifier, 1h);
-            if (musicRule ? c.isQuit : c.isQuitWithoutMusicRule) {
-                expected.push_back(process);
-            }
-        }
-        EXPECT_EQ(check(), expected) << musicRule;
-        while (!machine.workspace.runningApplications().empty()) {
-            machine.processes.end(
-                machine.workspace.runningApplications().front().processIdentifier);
+        for (const auto& [identifier, isQuit] : {std::pair{"unknown.app", true},
+                                                 {"com.apple.finder", false},
+                                                 {"com.docker.docker", false},
+                                                 {"com.apple.Safari", true},
+                                                 {"listed", false},
+                                                 {"known.name", false},
+                                                 {"Listed", true},
+                                                 {"com.tidal.desktop", !musicRule},
+                                                 {"com.spotify.client", !musicRule}}) {
+            launch(++process, identifier);
+            age(identifier, 1h);
+            EXPECT_EQ(check(), isQuit ? Pids{process} : Pids{}) << identifier << musicRule;
+            machine.processes.end(process);
         }
     }
+    EXPECT_TRUE(machine.processes.sampled.empty()) << "only the cautious are sampled";
 }
 
-TEST_F(AutoQuitManagerTest, AppliesEveryIdleBehaviourOfTheCatalogue) {
-    const auto behavesAs = [](const std::string& bundleIdentifier) {
-        return KnownApps::lookup(bundleIdentifier)->idleBehavior;
-    };
-    const std::string safe = "com.apple.Safari";
-    const std::string never = "com.docker.docker";
+TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {
     const std::string cautious = "com.jetbrains.fleet";
-    ASSERT_EQ(behavesAs(safe), IdleBehavior::safeToQuit);
-    ASSERT_EQ(behavesAs(never), IdleBehavior::neverQuit);
-    ASSERT_EQ(behavesAs(cautious), IdleBehavior::cautious);
-    launch(1, safe);
-    launch(2, never);
-    age(safe, 1h);
-    age(never, 1h);
-    EXPECT_EQ(check(), Pids{1});
-    EXPECT_TRUE(machine.processes.sampled.empty()) << "only the cautious are sampled";
-
-    struct Case {
-        double percent;
-        bool isQuit;
-    };
-
     std::uint64_t usedBefore = 0;
-    for (const Case& c : {Case{2.9, true}, Case{3.0, false}, Case{150, false}}) {
+    for (const auto& [percent, isQuit] : {std::pair{2.9, true}, {3.0, false}, {150.0, false}}) {
         usedBefore += 1000 * second;
         machine.workspace.launch({.pid = 3,
                                   .bundleIdentifier = cautious,
@@ -204,9 +171,9 @@ TEST_F(AutoQuitManagerTest, AppliesEveryIdleBehaviourOfTheCatalogue) {
         EXPECT_EQ(check(), Pids{3}) << "the first sample has no figure";
         machine.clock.advance(58500ms);
         machine.processes.at(3).counters->userTime +=
-            static_cast<std::uint64_t>(std::llround(c.percent / 100 * 60 * second));
+            static_cast<std::uint64_t>(std::llround(percent / 100 * 60 * second));
         age(cautious, 1h);
-        EXPECT_EQ(check(), c.isQuit ? Pids{3} : Pids{}) << c.percent;
+        EXPECT_EQ(check(), isQuit ? Pids{3} : Pids{}) << percent;
         machine.processes.end(3);
         // Whoever gets the process id next starts anew.
         age("unknown", 1h);
@@ -228,7 +195,6 @@ TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
     age("a", 1h);
     age("b", 1min);
     age("gone", 1min);
-    machine.workspace.activate(1); // To be in front now spares nobody whose time is up.
     EXPECT_EQ(check(), (Pids{1, 5}));
     EXPECT_EQ(machine.workspace.lookups, (Pids{1, 5}));
     EXPECT_TRUE(machine.workspace.forceRequests.empty());
@@ -242,18 +208,30 @@ TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
 }
 
 TEST_F(AutoQuitManagerTest, TellsOnlyOfWhatHasGone) {
-    using Delay = std::optional<std::chrono::milliseconds>;
     settings.setDefaultQuitMode(QuitMode::force);
-    for (const Delay endsAfter : {Delay(1300ms), Delay()}) {
-        machine.workspace.launch(
-            {.pid = 1, .bundleIdentifier = "a", .endsAfterTerminate = endsAfter});
-        age("a", 1h);
-        EXPECT_EQ(check(), Pids{1});
-        EXPECT_EQ(notices().size(), 1U) << "of the first, while the second asks to save";
+    using Duration = std::chrono::milliseconds;
+    for (const auto& [accepts, endsAfter, isNoticed, slept, requests] :
+         {std::tuple<bool, std::optional<Duration>, bool, Duration, std::size_t>{true, 0ms, true,
+                                                                                 0ms, 1},
+          {true, 1300ms, true, 1300ms, 1},
+          {true, 1600ms, false, 1500ms, 2},        // What is still there stays eligible.
+          {true, std::nullopt, false, 1500ms, 2},  // It asks to save, or hangs,
+          {false, std::nullopt, false, 0ms, 2}}) { // or is asking already.
+        SCOPED_TRACE(slept.count());
+        FakePlatform fresh;
+        AutoQuitManager fresher(settings, fresh.platform(), notifications, input);
+        fresh.workspace.launch({.pid = 1,
+                                .bundleIdentifier = "a",
+                                .acceptsTerminate = accepts,
+                                .endsAfterTerminate = endsAfter});
+        notifications.added.clear();
+        fresher.activityTracker().recordActivation("a", fresh.clock.wall - 1h);
+        fresher.checkAndQuitInactiveApps();
+        EXPECT_EQ(!notifications.added.empty(), isNoticed);
+        EXPECT_EQ(fresh.clock.slept, slept);
+        fresher.checkAndQuitInactiveApps();
+        EXPECT_EQ(fresh.workspace.terminateRequests.size(), requests);
     }
-    EXPECT_EQ(check(), Pids{1}) << "what is still there stays eligible";
-    EXPECT_EQ(notices().size(), 1U);
-    EXPECT_TRUE(machine.workspace.forceRequests.empty());
 }
 
 TEST_F(AutoQuitManagerTest, NamesEachNoticeByApplicationAndTime) {

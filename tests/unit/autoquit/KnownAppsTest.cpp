@@ -59,13 +59,5 @@ TEST(KnownApps, FindsListedIdentifiersBeforeVendors) {
     EXPECT_FALSE(KnownApps::lookup(std::nullopt));
 }
 
-TEST(KnownApps, NamesTheMusicPlayers) {
-    const auto& players = KnownApps::musicAppBundleIDs();
-    EXPECT_EQ(players.size(), 10U);
-    EXPECT_TRUE(players.contains("com.spotify.client"));
-    EXPECT_TRUE(players.contains("app.audirvana.Audirvana-Origin"));
-    EXPECT_FALSE(players.contains("com.apple.music"));
-}
-
 } // namespace
 } // namespace calmora
