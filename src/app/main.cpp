@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QSessionManager>
 
 #include <cstdio>
 #include <cstdlib>
@@ -72,6 +73,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(calmora::identity::version);
     QApplication::setDesktopFileName(calmora::identity::identifier);
     QApplication::setQuitOnLastWindowClosed(false);
+    // Whether it starts at login is the user's choice in the settings, not the session manager's.
+    QObject::connect(
+        &application, &QGuiApplication::saveStateRequest, &application,
+        [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
+        Qt::DirectConnection);
 
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
     calmora::SingleInstance instance(sessionBus, calmora::identity::identifier);

@@ -27,7 +27,7 @@ constexpr int badgePadding = 6;
 constexpr int quitPoints = 16;
 /// Controls take clicks a little beyond what they draw.
 constexpr int clickMargin = 5;
-constexpr int hoverInset = 5;
+constexpr int ringInset = 5;
 constexpr int hoverMilliseconds = 100;
 constexpr double backgroundOpacity = 0.7;
 
@@ -246,8 +246,7 @@ void AppRowView::paintEvent(QPaintEvent* event) {
         painter.setOpacity(hover);
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.color(ThemeColor::fill));
-        painter.drawRoundedRect(rect().adjusted(hoverInset, 0, -hoverInset, 0), metrics::rowRadius,
-                                metrics::rowRadius);
+        painter.drawRoundedRect(rect(), metrics::rowRadius, metrics::rowRadius);
     }
     painter.setOpacity(opacity());
     const QRegion& region = event->region();
@@ -287,7 +286,7 @@ void AppRowView::paintEvent(QPaintEvent* event) {
     }
     if (showsFocus(*this)) {
         painter.setOpacity(1);
-        const int ring = hoverInset + metrics::focusRing;
+        const int ring = ringInset + metrics::focusRing;
         drawFocusRing(painter,
                       rect().adjusted(ring, metrics::focusRing, -ring, -metrics::focusRing),
                       metrics::rowRadius, theme);

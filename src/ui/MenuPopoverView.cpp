@@ -38,8 +38,6 @@ constexpr int dividerSpace = 4;
 constexpr int highestList = 400;
 constexpr int gearPoints = 14;
 constexpr std::chrono::milliseconds pollingInterval{3000};
-/// As many rows as the list shows at once, and one that is cut off.
-constexpr int preparedRows = highestList / (appRowHeight + appRowSpacing) + 2;
 
 bool isTyping(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -211,11 +209,6 @@ void MenuPopoverView::build() {
 
 QSize MenuPopoverView::sizeHint() const {
     return {360, 500};
-}
-
-void MenuPopoverView::prepare() {
-    build();
-    stack_->prepare(RowKind::app, preparedRows);
 }
 
 void MenuPopoverView::showEvent(QShowEvent* event) {

@@ -56,10 +56,6 @@ class MenuPopoverView final : public QWidget {
                     MenuPopoverSurroundings surroundings, QWidget* parent = nullptr);
     ~MenuPopoverView() override;
 
-    /// Makes the widgets ahead of the first showing, which makes them otherwise. Saves a few
-    /// milliseconds then and costs 7 MiB, mostly fonts, from now on.
-    void prepare();
-
     /// Whether the popover is in force mode.
     [[nodiscard]] bool isForceQuit() const { return isForceQuit_; }
 

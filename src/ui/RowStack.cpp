@@ -76,16 +76,6 @@ void RowStack::setBand(int top, int bottom) {
     }
 }
 
-void RowStack::prepare(RowKind kind, int count) {
-    auto& spare = spare_[kind];
-    while (static_cast<int>(spare.size()) < count) {
-        auto row = callbacks_.make(kind);
-        row->hide();
-        row->setParent(this);
-        spare.push_back(std::move(row));
-    }
-}
-
 StackRow* RowStack::rowWidget(const RowKey& key) const {
     const auto found = live_.find(key);
     return found == live_.end() ? nullptr : found->second.get();

@@ -36,9 +36,6 @@ class RowStack final : public QWidget {
     /// The part in sight, in the list's coordinates.
     void setBand(int top, int bottom);
 
-    /// Makes rows in advance, so that the first showing need not.
-    void prepare(RowKind kind, int count);
-
     /// The widget of a row, while there is one; null otherwise.
     [[nodiscard]] StackRow* rowWidget(const RowKey& key) const;
 

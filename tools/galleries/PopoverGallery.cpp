@@ -214,8 +214,6 @@ void measure() {
     popover.settings.setResourceDisplay(ResourceDisplay::both);
     CpuTimer timer;
     const double atRest = residentMiB();
-    popover.view->prepare();
-    std::printf("prepared in              %6.2f ms\n", timer.milliseconds());
     PaintWatch watch;
     popover.view->findChild<QWidget*>("openSettings")->installEventFilter(&watch);
     std::vector<double> showing;
