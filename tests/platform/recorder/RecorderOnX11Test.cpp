@@ -21,7 +21,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -173,6 +172,18 @@ TEST_F(RecorderOnX11, AlertsGiveTheKeyboardBack) {
     EXPECT_EQ(stored("activateMenu"), "none");
     tap({controlKey, altKey, kKey});
     EXPECT_EQ(stored("activateMenu"), controlOptionK);
+}
+
+TEST_F(RecorderOnX11, ShortcutsWorkWhileAMenuIsOpen) {
+    shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
+    QMenu menu;
+    menu.addAction("One");
+    menu.popup(window.mapToGlobal(QPoint(20, 20)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    settle();
+    tap({controlKey, altKey, kKey});
+    EXPECT_EQ(takeHeard(), "q");
+    EXPECT_TRUE(menu.isVisible()) << "Alt does not close it";
 }
 
 TEST_F(RecorderOnX11, OutlivesTheConnectionForHotKeys) {
