@@ -145,7 +145,12 @@ def measure_shortcut_and_auto_quit(desktop, options):
 
 
 def measure_settings(desktop, options):
-    """The settings window, on a desktop without others: there it opens where another run did."""
+    """The settings window, on a desktop whose few windows stay: there it opens where another run
+    did, and the popover has applications to list before.
+    """
+    for number in range(3):
+        desktop.start(options.window_client, "--class", f"Client{number}", "--icon", "64")
+    time.sleep(1)
     scout = Measured(desktop, options.program, {})
     # The gear stands in the corner of the popover, whose right edge is the screen's.
     gear = 1280 - 24, scout.icon[1] + 12 + 483
