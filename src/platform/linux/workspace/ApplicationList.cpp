@@ -141,9 +141,36 @@ const ApplicationList::Applications& ApplicationList::update() {
     return applications_;
 }
 
+bool ApplicationList::isRecent() const {
+    return std::chrono::steady_clock::now() - updated_ < updateLifetime &&
+           sources_.windows.windows() == windows_;
+}
+
 const ApplicationList::Applications& ApplicationList::recent() {
-    const bool isRecent = std::chrono::steady_clock::now() - updated_ < updateLifetime;
-    return isRecent && sources_.windows.windows() == windows_ ? applications_ : update();
+    return isRecent() ? applications_ : update();
+}
+
+std::shared_ptr<const ListedApplication> ApplicationList::find(ProcessId process) {
+    if (isRecent()) {
+        const auto found = byProcess_.find(process);
+        return found == byProcess_.end() ? nullptr : found->second;
+    }
+    refreshInstalled();
+    const auto windows = std::exchange(windows_, sources_.windows.windows());
+    const auto updated = std::exchange(updated_, std::chrono::steady_clock::now());
+    Candidates found = candidates();
+    const auto candidate = found.find(process);
+    auto application = candidate == found.end() ? nullptr : listed(process, candidate->second);
+    windows_ = windows;
+    updated_ = updated;
+    if (application) {
+        // For the next look at it; the list itself is of the last update().
+        byProcess_.insert_or_assign(process, application);
+        if (application->policy == ActivationPolicy::regular) {
+            wereRegular_.insert_or_assign(process, application->process.startTime);
+        }
+    }
+    return application;
 }
 
 std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const {

@@ -55,6 +55,10 @@ class ApplicationList {
     /// for looking up one application after another. Some of them may have ended since.
     const Applications& recent();
 
+    /// One application; null when the process is none. Where the list is not recent, only this one
+    /// is worked out, and the list stays as it is.
+    [[nodiscard]] std::shared_ptr<const ListedApplication> find(ProcessId process);
+
     /// As of the last update().
     [[nodiscard]] const Applications& applications() const { return applications_; }
 
@@ -73,6 +77,8 @@ class ApplicationList {
         std::chrono::steady_clock::time_point askedAt;
     };
 
+    /// Whether the list is of a moment ago and the windows are still the same.
+    [[nodiscard]] bool isRecent() const;
     [[nodiscard]] Candidates candidates();
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
     [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime);

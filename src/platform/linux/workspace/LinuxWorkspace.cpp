@@ -88,13 +88,7 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
     if (window == windows.end() || !window->process) {
         return nullptr;
     }
-    const ProcessId process = *window->process;
-    for (const Application& application : list_.recent()) {
-        if (application->process.pid == process) {
-            return application;
-        }
-    }
-    return nullptr;
+    return list_.find(*window->process);
 }
 
 std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {
