@@ -22,9 +22,11 @@
 #include <QDesktopServices>
 #include <QIcon>
 #include <QLocale>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <utility>
 
 namespace calmora {
@@ -33,6 +35,8 @@ namespace {
 
 /// Title bars and task switchers take what they need from this size.
 constexpr int windowIconSide = 64;
+/// By then the panel has the icon, and the session may have started what it starts.
+constexpr std::chrono::seconds quietAfterLaunch{2};
 
 /// A Wayland compositor tells its X server only of the windows that X11 applications have.
 std::string listLimitation() {
@@ -117,6 +121,9 @@ CalmoraApp::~CalmoraApp() {
 
 int CalmoraApp::run() {
     delegate_.applicationDidFinishLaunching();
+    // What runs already is looked at once the icon stands, so that the first opening need not.
+    QTimer::singleShot(quietAfterLaunch, qApp,
+                       [this] { static_cast<void>(machine_.workspace.runningApplications()); });
     return QApplication::exec();
 }
 
