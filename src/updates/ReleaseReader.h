@@ -15,7 +15,7 @@ namespace calmora {
 /// What is not well-formed, not UTF-8, has a document type, or is larger, deeper or more than any
 /// list of releases is refused as a whole, and so is a list with a version that is none. The time
 /// it takes grows with the size of the text alone.
-/// Source: AppStream specification, "Metainfo files" and "Releases".
+/// Source: freedesktop AppStream, "Metainfo files" and "Releases".
 [[nodiscard]] ReleaseList readReleases(std::string_view xml,
                                        const std::vector<std::string>& languages = {});
 
