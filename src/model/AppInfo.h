@@ -18,6 +18,9 @@ struct AppInfo {
     std::string name = {};
     /// Of a group row: the parent application's identifier.
     std::optional<std::string> bundleIdentifier = {};
+    /// Identifiers of other applications that the same process shows: protecting one of them
+    /// protects the process.
+    std::vector<std::string> otherBundleIdentifiers = {};
     /// Of a group row: its first member's icon.
     std::optional<Image> icon = {};
     /// Ticked for quitting the selection.

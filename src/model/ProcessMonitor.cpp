@@ -28,6 +28,7 @@ AppInfo record(WorkspaceApplication&& application) {
     app.pid = application.processIdentifier;
     app.name = std::move(application.localizedName).value_or("Unknown");
     app.bundleIdentifier = std::move(application.bundleIdentifier);
+    app.otherBundleIdentifiers = std::move(application.otherIdentifiers);
     app.icon = std::move(application.icon);
     return app;
 }

@@ -13,7 +13,9 @@ class RunningApplication {
   public:
     virtual ~RunningApplication() = default;
 
-    /// The application's identifier; absent where none can be told.
+    /// The identifier by which the workspace finds the application's instances; absent where none
+    /// can be told. It may be narrower than the identifier in the list, which several installed
+    /// programs can share.
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
 
     /// A path under which this application's executables lie and nobody else's. Kept as text: it

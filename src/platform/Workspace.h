@@ -31,6 +31,8 @@ struct WorkspaceApplication {
     std::optional<std::string> localizedName;
     std::optional<Image> icon;
     ActivationPolicy activationPolicy = ActivationPolicy::prohibited;
+    /// Identifiers of other applications whose windows the same process shows.
+    std::vector<std::string> otherIdentifiers = {};
 };
 
 /// An application that is installed, running or not.
@@ -60,7 +62,8 @@ class Workspace {
     [[nodiscard]] virtual std::unique_ptr<RunningApplication>
     runningApplication(ProcessId processIdentifier) = 0;
 
-    /// Every running application with this identifier, in the order of runningApplications().
+    /// Every running application whose RunningApplication::bundleIdentifier() is this one, in the
+    /// order of runningApplications().
     [[nodiscard]] virtual std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) = 0;
 

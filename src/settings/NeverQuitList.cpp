@@ -3,6 +3,8 @@
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
 
+#include <algorithm>
+
 namespace calmora {
 
 NeverQuitList::NeverQuitList(const AppSettings& settings, const Workspace& workspace)
@@ -14,6 +16,13 @@ NeverQuitList::NeverQuitList(const AppSettings& settings, const Workspace& works
 
 bool NeverQuitList::contains(const std::string& bundleIdentifier) const {
     return stored_.contains(bundleIdentifier) || canonical_.contains(bundleIdentifier);
+}
+
+bool NeverQuitList::contains(const std::string& bundleIdentifier,
+                             std::span<const std::string> otherIdentifiers) const {
+    return contains(bundleIdentifier) ||
+           std::ranges::any_of(otherIdentifiers,
+                               [this](const std::string& other) { return contains(other); });
 }
 
 std::vector<std::string> NeverQuitList::storedFor(const std::string& bundleIdentifier) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,11 @@ class NeverQuitList {
 
     /// Whether an application with this identifier is protected.
     [[nodiscard]] bool contains(const std::string& bundleIdentifier) const;
+
+    /// Whether a process is protected that shows the windows of several applications: closing
+    /// one of them closes all.
+    [[nodiscard]] bool contains(const std::string& bundleIdentifier,
+                                std::span<const std::string> otherIdentifiers) const;
 
     /// The stored identifiers that protect an application; removing them all ends its protection.
     [[nodiscard]] std::vector<std::string> storedFor(const std::string& bundleIdentifier) const;

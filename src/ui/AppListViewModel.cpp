@@ -183,7 +183,8 @@ void AppListViewModel::applyWhitelist() {
             app.isSelected = false;
             ++writes;
         }
-        app.isWhitelisted = identifier && neverQuit.contains(*identifier);
+        app.isWhitelisted =
+            identifier && neverQuit.contains(*identifier, app.otherBundleIdentifiers);
         ++writes;
         if (app.isWhitelisted) {
             app.isSelected = false;
@@ -216,14 +217,17 @@ void AppListViewModel::toggleWhitelist(ProcessId pid) {
     if (!app || !app->bundleIdentifier) {
         return;
     }
-    const std::string identifier = *app->bundleIdentifier;
     if (app->isWhitelisted) {
-        const NeverQuitList neverQuit(settings_, platform_.workspace);
-        for (const std::string& stored : neverQuit.storedFor(identifier)) {
-            settings_.removeFromNeverQuit(stored);
+        std::vector<std::string> identifiers = app->otherBundleIdentifiers;
+        identifiers.push_back(*app->bundleIdentifier);
+        for (const std::string& identifier : identifiers) {
+            const NeverQuitList neverQuit(settings_, platform_.workspace);
+            for (const std::string& stored : neverQuit.storedFor(identifier)) {
+                settings_.removeFromNeverQuit(stored);
+            }
         }
     } else {
-        settings_.addToNeverQuit(identifier);
+        settings_.addToNeverQuit(std::string(*app->bundleIdentifier));
     }
     applyWhitelist();
 }

@@ -17,6 +17,7 @@ struct FakeApplication {
     std::optional<std::string> bundleURL = {};
     std::optional<std::filesystem::path> executableURL = {};
     FakeProcess process = {};
+    std::vector<std::string> otherIdentifiers = {};
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -170,8 +171,8 @@ class FakeWorkspace final : public Workspace {
     };
 
     static WorkspaceApplication record(const FakeApplication& application) {
-        return {application.pid, application.bundleIdentifier, application.name, application.icon,
-                application.policy};
+        return {application.pid,  application.bundleIdentifier, application.name,
+                application.icon, application.policy,           application.otherIdentifiers};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {

@@ -112,6 +112,13 @@ TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     model.toggleWhitelist(4);
     EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2") << "under whatever name it was stored";
     EXPECT_TRUE(settings.neverQuitApps().empty());
+
+    machine.workspace.at(6).otherIdentifiers = {"org.writer"};
+    settings.setNeverQuitApps({"org.writer"});
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2!") << "one window's application counts";
+    model.toggleWhitelist(6);
+    EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2");
 }
 
 TEST_F(AppListViewModelTest, SortsAndSearches) {

@@ -59,6 +59,12 @@ struct ApplicationIdentity {
     bool isVisible = false;
     /// A desktop entry was found, and the session starts it by itself.
     bool isAutostart = false;
+
+    /// The identifier by which instances are found. Two desktop ids that share a well-known
+    /// identifier are two applications: a forced quit of one must not end the other.
+    [[nodiscard]] const std::string& instanceIdentifier() const {
+        return desktopId ? *desktopId : bundleIdentifier;
+    }
 };
 
 } // namespace calmora

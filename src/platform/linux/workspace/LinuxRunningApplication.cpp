@@ -32,7 +32,7 @@ LinuxRunningApplication::LinuxRunningApplication(
       bundle_(std::move(bundle)) {}
 
 std::optional<std::string> LinuxRunningApplication::bundleIdentifier() const {
-    return application_->identity.bundleIdentifier;
+    return application_->identity.instanceIdentifier();
 }
 
 std::optional<std::string> LinuxRunningApplication::bundleURL() const {

@@ -112,7 +112,7 @@ LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundl
     // A copy: binding one asks for more than the list.
     const ApplicationList::Applications applications = list_.recent();
     for (const Application& application : applications) {
-        if (application->identity.bundleIdentifier == bundleIdentifier) {
+        if (application->identity.instanceIdentifier() == bundleIdentifier) {
             if (auto running = bound(application)) {
                 result.push_back(std::move(running));
             }
@@ -132,7 +132,7 @@ std::unique_ptr<RunningApplication> LinuxWorkspace::bound(const Application& app
     }
     std::vector<std::string> others;
     for (const Application& other : list_.applications()) {
-        if (other->identity.bundleIdentifier != application->identity.bundleIdentifier &&
+        if (other->identity.instanceIdentifier() != application->identity.instanceIdentifier() &&
             other->process.executable) {
             others.push_back(*other->process.executable);
         }
