@@ -63,7 +63,7 @@ class CalmoraApp final : private AppToolkit {
     QtAlerts alerts_;
     QtEventMonitor eventMonitor_;
     QtInputGate inputGate_;
-    DesktopColorScheme colorScheme_;
+    DesktopColorScheme colorScheme_{sessionBus_};
     DesktopNotifications notifications_;
     AutostartLoginItem loginItem_;
 

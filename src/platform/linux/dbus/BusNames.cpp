@@ -1,6 +1,7 @@
 #include "platform/linux/dbus/BusNames.h"
 
 #include "platform/linux/dbus/AsyncCall.h"
+#include "platform/linux/dbus/Messages.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,16 +35,16 @@ BusNames::BusNames(const QDBusConnection& connection, const QStringList& pattern
     if (patterns.isEmpty()) {
         return;
     }
-    callAsync(connection_, busCall("ListNames"), watcher_,
-              [this, patterns](const QDBusMessage& reply) {
-                  for (const QString& name : reply.arguments().value(0).toStringList()) {
-                      if (std::ranges::any_of(patterns, [&](const QString& pattern) {
-                              return matches(pattern, name);
-                          })) {
-                          lookUp(name);
-                      }
-                  }
-              });
+    callAsync(
+        connection_, busCall("ListNames"), watcher_, [this, patterns](const QDBusMessage& reply) {
+            const QStringList names = readArgument<QStringList>(reply).value_or(QStringList());
+            for (const QString& name : names) {
+                if (std::ranges::any_of(
+                        patterns, [&](const QString& pattern) { return matches(pattern, name); })) {
+                    lookUp(name);
+                }
+            }
+        });
 }
 
 void BusNames::follow(const QString& name) {
@@ -66,9 +67,9 @@ void BusNames::lookUp(const QString& name) {
     callAsync(connection_, busCall("GetNameOwner", {name}), watcher_,
               [this, name, change](const QDBusMessage& reply) {
                   const auto found = changes_.find(name);
-                  if (reply.type() == QDBusMessage::ReplyMessage && found != changes_.end() &&
-                      found->second == change) {
-                      setOwner(name, reply.arguments().value(0).toString());
+                  const auto owner = readArgument<QString>(reply);
+                  if (owner && found != changes_.end() && found->second == change) {
+                      setOwner(name, *owner);
                   }
               });
 }
@@ -84,9 +85,9 @@ void BusNames::setOwner(const QString& name, const QString& uniqueName) {
     callAsync(connection_, busCall("GetConnectionUnixProcessID", {uniqueName}), watcher_,
               [this, name, uniqueName, change](const QDBusMessage& reply) {
                   const auto found = changes_.find(name);
-                  const auto process = static_cast<ProcessId>(reply.arguments().value(0).toUInt());
-                  if (reply.type() != QDBusMessage::ReplyMessage || process <= 0 ||
-                      found == changes_.end() || found->second != change) {
+                  const auto process =
+                      static_cast<ProcessId>(readArgument<uint>(reply).value_or(0));
+                  if (process <= 0 || found == changes_.end() || found->second != change) {
                       return;
                   }
                   owners_[name] = {uniqueName, process};

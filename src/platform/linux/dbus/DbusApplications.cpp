@@ -1,11 +1,10 @@
 #include "platform/linux/dbus/DbusApplications.h"
 
 #include "platform/linux/dbus/AsyncCall.h"
-
-#include <QDBusArgument>
-#include <QDBusVariant>
+#include "platform/linux/dbus/Messages.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace calmora {
 namespace {
@@ -16,6 +15,8 @@ constexpr auto playerPath = "/org/mpris/MediaPlayer2";
 constexpr auto playerInterface = "org.mpris.MediaPlayer2";
 constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
 constexpr int flushMilliseconds = 200;
+/// Anyone may say that there is a new one.
+constexpr std::size_t mostItems = 1000;
 
 /// Names whose owners carry the session.
 QStringList protectedNames() {
@@ -79,15 +80,19 @@ QString nameOfItem(const QString& item) {
     return item.left(end - item.begin());
 }
 
+/// Source: D-Bus Specification, "Bus names".
+bool isNameOfBus(const QString& name) {
+    constexpr qsizetype longest = 255;
+    return !name.isEmpty() && name.size() <= longest && std::ranges::all_of(name, [](QChar c) {
+        return c.unicode() < 0x80 && (c.isLetterOrNumber() || QStringView(u"_-.:").contains(c));
+    });
+}
+
 QDBusMessage propertyCall(const QString& service, const QString& path, const QString& interface,
                           const QString& property) {
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, propertiesInterface, "Get");
     call.setArguments({interface, property});
     return call;
-}
-
-QVariant propertyValue(const QDBusMessage& reply) {
-    return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
 bool owns(const BusNames& names, ProcessId process) {
@@ -122,21 +127,28 @@ DbusApplications::DbusApplications(const QDBusConnection& connection)
     };
     listen({panelWatcherPath, panelWatcherName, "StatusNotifierItemRegistered", {}},
            [this](const QDBusMessage& message) {
-               std::set<QString> items = items_;
-               items.insert(message.arguments().value(0).toString());
-               setItems(std::move(items));
+               const auto item = readArgument<QString>(message);
+               if (item && items_.size() < mostItems) {
+                   std::set<QString> items = items_;
+                   items.insert(*item);
+                   setItems(std::move(items));
+               }
            });
     listen({panelWatcherPath, panelWatcherName, "StatusNotifierItemUnregistered", {}},
            [this](const QDBusMessage& message) {
-               std::set<QString> items = items_;
-               items.erase(message.arguments().value(0).toString());
-               setItems(std::move(items));
+               if (const auto item = readArgument<QString>(message)) {
+                   std::set<QString> items = items_;
+                   items.erase(*item);
+                   setItems(std::move(items));
+               }
            });
     listen({playerPath, propertiesInterface, "PropertiesChanged", {playerInterface}},
            [this](const QDBusMessage& message) {
-               const auto values = qdbus_cast<QVariantMap>(message.arguments().value(1));
-               if (const auto found = values.find("CanQuit"); found != values.end()) {
-                   setCanQuit(message.service(), found->toBool());
+               const auto change = readArguments<QString, QVariantMap, QStringList>(message);
+               if (const auto canQuit = change
+                                            ? readValue<bool>(std::get<1>(*change).value("CanQuit"))
+                                            : std::nullopt) {
+                   setCanQuit(message.service(), *canQuit);
                }
            });
     readItems();
@@ -147,7 +159,8 @@ void DbusApplications::readItems() {
               propertyCall(panelWatcherName, panelWatcherPath, panelWatcherName,
                            "RegisteredStatusNotifierItems"),
               panelWatcher_, [this](const QDBusMessage& reply) {
-                  const QStringList items = propertyValue(reply).toStringList();
+                  const QStringList items =
+                      readProperty<QStringList>(reply).value_or(QStringList());
                   setItems({items.begin(), items.end()});
               });
 }
@@ -156,7 +169,7 @@ void DbusApplications::setItems(std::set<QString> items) {
     items_ = std::move(items);
     std::set<QString> names;
     for (const QString& item : items_) {
-        if (const QString name = nameOfItem(item); !name.isEmpty()) {
+        if (const QString name = nameOfItem(item); isNameOfBus(name)) {
             names.insert(name);
         }
     }
@@ -179,8 +192,8 @@ void DbusApplications::playersChanged() {
             callAsync(connection_,
                       propertyCall(owner.uniqueName, playerPath, playerInterface, "CanQuit"),
                       panelWatcher_, [this, player = owner.uniqueName](const QDBusMessage& reply) {
-                          if (reply.type() == QDBusMessage::ReplyMessage) {
-                              setCanQuit(player, propertyValue(reply).toBool());
+                          if (const auto canQuit = readProperty<bool>(reply)) {
+                              setCanQuit(player, *canQuit);
                           }
                       });
         }
@@ -239,7 +252,7 @@ void DbusApplications::learnActions(const ExportedActions& actions) {
         QString::fromStdString(actions.busName), QString::fromStdString(actions.objectPath),
         "org.gtk.Actions", "List");
     callAsync(connection_, call, panelWatcher_, [this, key](const QDBusMessage& reply) {
-        if (reply.arguments().value(0).toStringList().contains("quit")) {
+        if (readArgument<QStringList>(reply).value_or(QStringList()).contains("quit")) {
             quitActions_.insert(key);
         }
     });

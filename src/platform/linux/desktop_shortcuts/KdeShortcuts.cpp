@@ -1,7 +1,7 @@
 #include "platform/linux/desktop_shortcuts/KdeShortcuts.h"
 
-#include <QDBusArgument>
-#include <QDBusMessage>
+#include "platform/linux/dbus/Messages.h"
+
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
 #include <QList>
@@ -24,10 +24,10 @@ QDBusPendingCall ask(const QDBusConnection& bus, const QString& path, const char
     return bus.asyncCall(call, patience);
 }
 
-/// Appends the keys of one program's shortcuts.
+/// Appends the keys of one program's shortcuts; the surplus of a list that is too long is left out.
 void readKeys(const QDBusArgument& infos, std::vector<Accelerator>& result) {
     infos.beginArray();
-    while (!infos.atEnd()) {
+    for (qsizetype read = 0; !infos.atEnd() && read < longestList; ++read) {
         infos.beginStructure();
         constexpr int names = 6;
         QString name;
@@ -35,10 +35,9 @@ void readKeys(const QDBusArgument& infos, std::vector<Accelerator>& result) {
             infos >> name;
         }
         QList<int> keys;
-        QList<int> defaultKeys;
-        infos >> keys >> defaultKeys;
-        infos.endStructure();
-        for (const int key : keys) {
+        static_cast<void>(readBounded(infos, keys));
+        infos.endStructure(); // What was not read, the default keys, is passed over.
+        for (const int key : std::as_const(keys)) {
             if (auto accelerator = qtAccelerator(static_cast<std::uint32_t>(key))) {
                 result.push_back(std::move(*accelerator));
             }
@@ -54,21 +53,19 @@ DesktopShortcuts::Source kdeShortcuts(const QDBusConnection& bus) {
         QDBusPendingCall components =
             ask(bus, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents");
         components.waitForFinished();
-        const QDBusMessage list = components.reply();
         std::vector<QDBusPendingCall> calls;
-        for (const QDBusObjectPath& path :
-             list.signature() == "ao" ? qdbus_cast<QList<QDBusObjectPath>>(list.arguments().front())
-                                      : QList<QDBusObjectPath>()) {
+        const auto paths = readArgument<QList<QDBusObjectPath>>(components.reply())
+                               .value_or(QList<QDBusObjectPath>());
+        for (const QDBusObjectPath& path : paths) {
             calls.push_back(
                 ask(bus, path.path(), "org.kde.kglobalaccel.Component", "allShortcutInfos"));
         }
         std::vector<Accelerator> result;
         for (QDBusPendingCall& call : calls) {
             call.waitForFinished();
-            const QDBusMessage reply = call.reply();
-            if (reply.type() == QDBusMessage::ReplyMessage &&
-                reply.signature() == "a(ssssssaiai)") {
-                readKeys(reply.arguments().front().value<QDBusArgument>(), result);
+            const QVariant infos = call.reply().arguments().value(0);
+            if (typeOf(infos) == "a(ssssssaiai)") {
+                readKeys(infos.value<QDBusArgument>(), result);
             }
         }
         return result;

@@ -1,8 +1,6 @@
 #include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
 
-#include <QDBusArgument>
-#include <QDBusMessage>
-#include <QVariant>
+#include "platform/linux/dbus/Messages.h"
 
 namespace calmora {
 
@@ -15,13 +13,9 @@ DesktopShortcuts::Source xfceShortcuts(const QDBusConnection& bus) {
         call.setAutoStartService(false);
         const QDBusMessage answer = bus.call(call, QDBus::Block, patience);
         std::vector<XfceProperty> properties;
-        if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == "a{sv}") {
-            const auto all = qdbus_cast<QVariantMap>(answer.arguments().front());
-            for (auto at = all.cbegin(); at != all.cend(); ++at) {
-                const bool isFlag = at.value().metaType() == QMetaType::fromType<bool>();
-                properties.push_back({at.key().toStdString(),
-                                      isFlag ? std::optional(at.value().toBool()) : std::nullopt});
-            }
+        const auto all = readArgument<QVariantMap>(answer).value_or(QVariantMap());
+        for (auto at = all.cbegin(); at != all.cend(); ++at) {
+            properties.push_back({at.key().toStdString(), readValue<bool>(at.value())});
         }
         return xfceAccelerators(properties);
     };

@@ -1,10 +1,10 @@
 #include "platform/qt/appearance/DesktopColorScheme.h"
 
+#include "platform/linux/dbus/AsyncCall.h"
+#include "platform/linux/dbus/Messages.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusVariant>
 
 #include <utility>
 
@@ -22,42 +22,36 @@ enum Scheme : unsigned { preferDark = 1, preferLight = 2 };
 
 } // namespace
 
-DesktopColorScheme::DesktopColorScheme() {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus) {
+    QDBusConnection bus = sessionBus;
     if (!bus.isConnected()) {
         return;
     }
     bus.connect(service, path, interface, "SettingChanged", this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+                SLOT(settingChanged(QDBusMessage)));
     QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, "Read");
     question << QString(appearance) << QString(colorScheme);
-    const auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this](QDBusPendingCallWatcher* call) {
-                const QDBusPendingReply<QDBusVariant> answer = *call;
-                if (answer.isValid()) {
-                    tell(answer.value().variant());
-                }
-                call->deleteLater();
-            });
+    callAsync(bus, question, *this, [this](const QDBusMessage& answer) {
+        if (const auto value = readArgument<QDBusVariant>(answer)) {
+            // Read() wraps its answer in a second variant.
+            tell(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
+        }
+    });
 }
 
 Subscription DesktopColorScheme::onChanged(std::function<void(bool)> handler) {
     return changed_.connect(std::move(handler));
 }
 
-void DesktopColorScheme::settingChanged(const QString& settingNamespace, const QString& key,
-                                        const QDBusVariant& value) {
-    if (settingNamespace == appearance && key == colorScheme) {
-        tell(value.variant());
+void DesktopColorScheme::settingChanged(const QDBusMessage& signal) {
+    const auto change = readArguments<QString, QString, QDBusVariant>(signal);
+    if (change && std::get<0>(*change) == appearance && std::get<1>(*change) == colorScheme) {
+        tell(std::get<2>(*change).variant());
     }
 }
 
 void DesktopColorScheme::tell(const QVariant& scheme) {
-    // Read() wraps its answer in a second variant.
-    const QVariant inner =
-        scheme.canConvert<QDBusVariant>() ? qvariant_cast<QDBusVariant>(scheme).variant() : scheme;
-    switch (inner.toUInt()) {
+    switch (readValue<uint>(scheme).value_or(0)) {
     case preferDark:
         changed_.emit(true);
         break;

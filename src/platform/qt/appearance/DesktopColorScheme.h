@@ -4,7 +4,9 @@
 
 #include <QObject>
 
-class QDBusVariant;
+class QDBusConnection;
+class QDBusMessage;
+class QVariant;
 
 namespace calmora {
 
@@ -16,14 +18,13 @@ class DesktopColorScheme final : public QObject {
     Q_OBJECT
 
   public:
-    DesktopColorScheme();
+    explicit DesktopColorScheme(const QDBusConnection& sessionBus);
 
     /// Tells the preference when it is learnt and at each change: true for dark.
     [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler);
 
   private Q_SLOTS:
-    void settingChanged(const QString& settingNamespace, const QString& key,
-                        const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& signal);
 
   private:
     void tell(const QVariant& scheme);

@@ -1,6 +1,7 @@
 #include "platform/qt/notifications/DesktopNotifications.h"
 
 #include "platform/linux/dbus/AsyncCall.h"
+#include "platform/linux/dbus/Messages.h"
 
 #include <QDBusMessage>
 #include <QStringList>
@@ -27,10 +28,11 @@ void DesktopNotifications::add(const UserNotification& notification) {
     const QString body = QString::fromStdString(notification.body);
     // Asked each time: the server may be another one than the last time.
     callAsync(bus_, serverCall("GetCapabilities"), answers_, [=, this](const QDBusMessage& answer) {
-        if (answer.type() != QDBusMessage::ReplyMessage) {
+        const auto capabilities = readArgument<QStringList>(answer);
+        if (!capabilities) {
             return;
         }
-        const bool isMarkup = answer.arguments().value(0).toStringList().contains("body-markup");
+        const bool isMarkup = capabilities->contains("body-markup");
         const QVariantMap hints{{"desktop-entry", applicationId_}, {"suppress-sound", true}};
         constexpr uint replacesNone = 0;
         constexpr int serversOwnTime = -1;

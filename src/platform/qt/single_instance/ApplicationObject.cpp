@@ -1,5 +1,7 @@
 #include "platform/qt/single_instance/ApplicationObject.h"
 
+#include "platform/linux/dbus/Messages.h"
+
 #include <QDBusMessage>
 #include <QTimer>
 
@@ -26,18 +28,25 @@ bool ApplicationObject::handleMessage(const QDBusMessage& message,
     if (message.interface() != interfaceName) {
         return false;
     }
-    const bool isActivation = message.member() == "Activate" || message.member() == "Open";
-    if (!isActivation && message.member() != "ActivateAction") {
+    const QString method = message.member();
+    bool isRight = false;
+    if (method == "Activate") {
+        isRight = readArgument<QVariantMap>(message).has_value();
+    } else if (method == "Open") {
+        isRight = readArguments<QStringList, QVariantMap>(message).has_value();
+    } else if (method == "ActivateAction") {
+        isRight = readArguments<QString, QVariantList, QVariantMap>(message).has_value();
+    } else {
         return false;
     }
-    if (message.isReplyRequired()) {
-        connection.send(message.createReply());
+    if (!isRight) {
+        return refuseCall(connection, message, "Other types");
     }
-    if (isActivation) {
+    if (method != "ActivateAction") {
         // After the answer, for which the other start waits.
         QTimer::singleShot(0, this, onActivate_);
     }
-    return true;
+    return answerCall(connection, message);
 }
 
 QString ApplicationObject::introspect(const QString&) const {

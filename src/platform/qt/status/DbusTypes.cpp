@@ -1,7 +1,6 @@
 #include "platform/qt/status/DbusTypes.h"
 
-#include <QDBusMetaType>
-#include <QDBusVariant>
+#include "platform/linux/dbus/Messages.h"
 
 namespace calmora {
 namespace {
@@ -55,7 +54,9 @@ const QDBusArgument& operator>>(const QDBusArgument& from, DbusMenuLayout& value
     read(from, value.id, value.properties, children);
     value.children.clear();
     for (const QDBusVariant& child : children) {
-        value.children.append(qdbus_cast<DbusMenuLayout>(child.variant()));
+        if (const auto layout = readValue<DbusMenuLayout>(child.variant())) {
+            value.children.append(*layout);
+        }
     }
     return from;
 }

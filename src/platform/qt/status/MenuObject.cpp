@@ -1,7 +1,8 @@
 #include "platform/qt/status/MenuObject.h"
 
+#include "platform/linux/dbus/Messages.h"
+
 #include <QDBusMessage>
-#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -36,9 +37,9 @@ QVariantMap chosen(const QVariantMap& all, const QStringList& names) {
         return all;
     }
     QVariantMap some;
-    for (const QString& name : names) {
-        if (all.contains(name)) {
-            some[name] = all[name];
+    for (auto at = all.cbegin(); at != all.cend(); ++at) {
+        if (names.contains(at.key())) {
+            some.insert(at.key(), at.value());
         }
     }
     return some;
@@ -177,33 +178,8 @@ QVariant MenuObject::ownProperty(const QString& name) const {
 }
 
 bool MenuObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-    const QString method = message.member();
-    const QVariantList in = message.arguments();
-    const auto answer = [&](const QVariantList& out) {
-        if (message.isReplyRequired()) {
-            connection.send(message.createReply(out));
-        }
-        return true;
-    };
-    const auto refuse = [&](const QString& text) {
-        if (message.isReplyRequired()) {
-            connection.send(message.createErrorReply(QDBusError::InvalidArgs, text));
-        }
-        return true;
-    };
     if (message.interface() == propertiesInterface) {
-        if (method == "Get" && in.value(0) == interfaceName) {
-            const QVariant value = ownProperty(in.value(1).toString());
-            return value.isValid() ? answer({inVariant(value)}) : refuse("No such property");
-        }
-        if (method == "GetAll") {
-            QVariantMap all;
-            for (const char* name : {"Version", "TextDirection", "Status", "IconThemePath"}) {
-                all[name] = ownProperty(name);
-            }
-            return answer({all});
-        }
-        return false;
+        return handleProperties(message, connection);
     }
     if (message.interface() != interfaceName) {
         return false;
@@ -211,66 +187,128 @@ bool MenuObject::handleMessage(const QDBusMessage& message, const QDBusConnectio
     if (entries_.empty()) {
         entries_ = buildEntries();
     }
-    if (method == "GetLayout") {
-        const int id = in.value(0).toInt();
-        if (id != 0 && !entry(id)) {
-            return refuse("No such entry");
+    const std::pair<const char*, Answer (MenuObject::*)(const QDBusMessage&)> methods[] = {
+        {"GetLayout", &MenuObject::getLayout},
+        {"GetGroupProperties", &MenuObject::getGroupProperties},
+        {"GetProperty", &MenuObject::getProperty},
+        {"Event", &MenuObject::takeEvent},
+        {"EventGroup", &MenuObject::takeEventGroup},
+        {"AboutToShow", &MenuObject::aboutToShow},
+        {"AboutToShowGroup", &MenuObject::aboutToShowGroup},
+    };
+    for (const auto& [name, method] : methods) {
+        if (message.member() == QLatin1String(name)) {
+            const Answer out = (this->*method)(message);
+            return out ? answerCall(connection, message, *out)
+                       : refuseCall(connection, message, "No such entry, or other types");
         }
-        return answer({revision_, QVariant::fromValue(layout(id, in.value(1).toInt(),
-                                                             in.value(2).toStringList()))});
-    }
-    if (method == "GetGroupProperties") {
-        QList<int> ids = qdbus_cast<QList<int>>(in.value(0));
-        if (ids.isEmpty()) {
-            for (const Entry& each : entries_) {
-                ids += each.id;
-            }
-        }
-        QList<DbusMenuProperties> result;
-        for (const int id : std::as_const(ids)) {
-            if (id == 0 || entry(id)) {
-                result.append({id, propertiesOf(id, in.value(1).toStringList())});
-            }
-        }
-        return answer({QVariant::fromValue(result)});
-    }
-    if (method == "GetProperty") {
-        const QVariant value = propertiesOf(in.value(0).toInt(), {}).value(in.value(1).toString());
-        return value.isValid() ? answer({inVariant(value)}) : refuse("No such property");
-    }
-    if (method == "Event") {
-        return handleEvent({in.value(0).toInt(), in.value(1).toString()}) ? answer({})
-                                                                          : refuse("No such entry");
-    }
-    if (method == "EventGroup") {
-        QList<int> unknown;
-        const auto events = qdbus_cast<QList<DbusMenuEvent>>(in.value(0));
-        for (const DbusMenuEvent& event : events) {
-            if (!handleEvent(event)) {
-                unknown += event.id;
-            }
-        }
-        if (!events.isEmpty() && unknown.size() == events.size()) {
-            return refuse("No such entries");
-        }
-        return answer({QVariant::fromValue(unknown)});
-    }
-    if (method == "AboutToShow") {
-        return answer({in.value(0).toInt() == 0 && update()});
-    }
-    if (method == "AboutToShowGroup") {
-        QList<int> changed;
-        QList<int> unknown;
-        for (const int id : qdbus_cast<QList<int>>(in.value(0))) {
-            if (id == 0 && update()) {
-                changed += id;
-            } else if (id != 0 && !entry(id)) {
-                unknown += id;
-            }
-        }
-        return answer({QVariant::fromValue(changed), QVariant::fromValue(unknown)});
     }
     return false;
+}
+
+bool MenuObject::handleProperties(const QDBusMessage& message, const QDBusConnection& connection) {
+    if (message.member() == "Get") {
+        const auto in = readArguments<QString, QString>(message);
+        const QVariant value =
+            in && std::get<0>(*in) == interfaceName ? ownProperty(std::get<1>(*in)) : QVariant();
+        return value.isValid() ? answerCall(connection, message, {inVariant(value)})
+                               : refuseCall(connection, message, "No such property");
+    }
+    if (message.member() == "GetAll") {
+        if (!readArgument<QString>(message)) {
+            return refuseCall(connection, message, "Other types");
+        }
+        QVariantMap all;
+        for (const char* name : {"Version", "TextDirection", "Status", "IconThemePath"}) {
+            all[name] = ownProperty(name);
+        }
+        return answerCall(connection, message, {all});
+    }
+    return false;
+}
+
+MenuObject::Answer MenuObject::getLayout(const QDBusMessage& call) {
+    const auto in = readArguments<int, int, QStringList>(call);
+    if (!in) {
+        return std::nullopt;
+    }
+    const auto& [id, depth, names] = *in;
+    if (id != 0 && !entry(id)) {
+        return std::nullopt;
+    }
+    return QVariantList{revision_, QVariant::fromValue(layout(id, depth, names))};
+}
+
+MenuObject::Answer MenuObject::getGroupProperties(const QDBusMessage& call) {
+    const auto in = readArguments<QList<int>, QStringList>(call);
+    if (!in) {
+        return std::nullopt;
+    }
+    const auto& [ids, names] = *in;
+    // Each entry once, however often it is asked for.
+    QList<DbusMenuProperties> result;
+    if (ids.contains(0)) {
+        result.append({0, propertiesOf(0, names)});
+    }
+    for (const Entry& each : entries_) {
+        if (ids.isEmpty() || ids.contains(each.id)) {
+            result.append({each.id, propertiesOf(each.id, names)});
+        }
+    }
+    return QVariantList{QVariant::fromValue(result)};
+}
+
+MenuObject::Answer MenuObject::getProperty(const QDBusMessage& call) {
+    const auto in = readArguments<int, QString>(call);
+    const QVariant value =
+        in ? propertiesOf(std::get<0>(*in), {}).value(std::get<1>(*in)) : QVariant();
+    return value.isValid() ? Answer(QVariantList{inVariant(value)}) : std::nullopt;
+}
+
+MenuObject::Answer MenuObject::takeEvent(const QDBusMessage& call) {
+    const auto in = readArguments<int, QString, QDBusVariant, uint>(call);
+    const bool isTaken = in && handleEvent({std::get<0>(*in), std::get<1>(*in)});
+    return isTaken ? Answer(QVariantList()) : std::nullopt;
+}
+
+MenuObject::Answer MenuObject::takeEventGroup(const QDBusMessage& call) {
+    const auto events = readArgument<QList<DbusMenuEvent>>(call);
+    if (!events) {
+        return std::nullopt;
+    }
+    QList<int> unknown;
+    for (const DbusMenuEvent& event : *events) {
+        if (!handleEvent(event)) {
+            unknown += event.id;
+        }
+    }
+    if (!events->isEmpty() && unknown.size() == events->size()) {
+        return std::nullopt;
+    }
+    return QVariantList{QVariant::fromValue(unknown)};
+}
+
+MenuObject::Answer MenuObject::aboutToShow(const QDBusMessage& call) {
+    const auto id = readArgument<int>(call);
+    return id ? Answer(QVariantList{*id == 0 && update()}) : std::nullopt;
+}
+
+MenuObject::Answer MenuObject::aboutToShowGroup(const QDBusMessage& call) {
+    const auto ids = readArgument<QList<int>>(call);
+    if (!ids) {
+        return std::nullopt;
+    }
+    QList<int> changed;
+    QList<int> unknown;
+    if (ids->contains(0) && update()) {
+        changed += 0;
+    }
+    for (const int id : *ids) {
+        if (id != 0 && !entry(id)) {
+            unknown += id;
+        }
+    }
+    return QVariantList{QVariant::fromValue(changed), QVariant::fromValue(unknown)};
 }
 
 QString MenuObject::introspect(const QString&) const {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,18 @@ class MenuObject : public QDBusVirtualObject {
     /// False when there is no such entry.
     bool handleEvent(const DbusMenuEvent& event);
     [[nodiscard]] QVariant ownProperty(const QString& name) const;
+    bool handleProperties(const QDBusMessage& message, const QDBusConnection& connection);
+
+    /// What goes back to the caller; absent when the call has other types than the method, or asks
+    /// for what there is not.
+    using Answer = std::optional<QVariantList>;
+    [[nodiscard]] Answer getLayout(const QDBusMessage& call);
+    [[nodiscard]] Answer getGroupProperties(const QDBusMessage& call);
+    [[nodiscard]] Answer getProperty(const QDBusMessage& call);
+    [[nodiscard]] Answer takeEvent(const QDBusMessage& call);
+    [[nodiscard]] Answer takeEventGroup(const QDBusMessage& call);
+    [[nodiscard]] Answer aboutToShow(const QDBusMessage& call);
+    [[nodiscard]] Answer aboutToShowGroup(const QDBusMessage& call);
 
     QDBusConnection connection_;
     std::function<std::vector<StatusMenuItem>()> build_;

@@ -1,9 +1,10 @@
 #include "platform/qt/status/NotifierItem.h"
 
+#include "platform/linux/dbus/Messages.h"
+
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
-#include <QDBusVariant>
 #include <QTimer>
 
 #include <utility>
@@ -64,35 +65,49 @@ QVariantMap NotifierItem::properties() const {
 
 bool NotifierItem::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     const QString method = message.member();
-    const QVariantList in = message.arguments();
-    const auto answer = [&](const QVariantList& out) {
-        if (message.isReplyRequired()) {
-            connection.send(message.createReply(out));
-        }
-        return true;
-    };
     if (message.interface() == propertiesInterface) {
-        if (method == "Get" && in.value(0) == interfaceName) {
-            const QVariant value = properties().value(in.value(1).toString());
-            if (value.isValid()) {
-                return answer({QVariant::fromValue(QDBusVariant(value))});
-            }
+        return handleProperties(message, connection);
+    }
+    const auto accept = [&](bool isRight) {
+        return isRight ? answerCall(connection, message)
+                       : refuseCall(connection, message, "Other types");
+    };
+    if (method == "Activate" || method == "ContextMenu" || method == "SecondaryActivate") {
+        const auto in = readArguments<int, int>(message);
+        if (in && method != "SecondaryActivate") {
+            const Point place{std::get<0>(*in), std::get<1>(*in)};
+            // The panel gets its answer first: a menu or a question may stay open for long.
+            QTimer::singleShot(0, this, [this, place, isActivation = method == "Activate"] {
+                (isActivation ? handlers_.activate : handlers_.contextMenu)(place);
+            });
         }
-        return method == "GetAll" && answer({properties()});
+        return accept(in.has_value());
     }
-    const Point place{in.value(0).toInt(), in.value(1).toInt()};
-    // The panel gets its answer first: a menu or a question may stay open for long.
-    if (method == "Activate") {
-        QTimer::singleShot(0, this, [this, place] { handlers_.activate(place); });
-        return answer({});
+    if (method == "Scroll") {
+        return accept(readArguments<int, QString>(message).has_value());
     }
-    if (method == "ContextMenu") {
-        QTimer::singleShot(0, this, [this, place] { handlers_.contextMenu(place); });
-        return answer({});
+    if (method == "ProvideXdgActivationToken") {
+        return accept(readArgument<QString>(message).has_value());
     }
-    return (method == "SecondaryActivate" || method == "Scroll" ||
-            method == "ProvideXdgActivationToken") &&
-           answer({});
+    return false;
+}
+
+bool NotifierItem::handleProperties(const QDBusMessage& message,
+                                    const QDBusConnection& connection) {
+    if (message.member() == "Get") {
+        const auto in = readArguments<QString, QString>(message);
+        const QVariant value = in && std::get<0>(*in) == interfaceName
+                                   ? properties().value(std::get<1>(*in))
+                                   : QVariant();
+        return value.isValid()
+                   ? answerCall(connection, message, {QVariant::fromValue(QDBusVariant(value))})
+                   : refuseCall(connection, message, "No such property");
+    }
+    if (message.member() == "GetAll") {
+        return readArgument<QString>(message) ? answerCall(connection, message, {properties()})
+                                              : refuseCall(connection, message, "Other types");
+    }
+    return false;
 }
 
 QString NotifierItem::introspect(const QString&) const {

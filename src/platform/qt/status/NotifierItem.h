@@ -45,6 +45,7 @@ class NotifierItem : public QDBusVirtualObject {
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
   private:
+    bool handleProperties(const QDBusMessage& message, const QDBusConnection& connection);
     [[nodiscard]] QVariantMap properties() const;
 
     QDBusConnection connection_;

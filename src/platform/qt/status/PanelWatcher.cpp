@@ -1,6 +1,7 @@
 #include "platform/qt/status/PanelWatcher.h"
 
 #include "platform/linux/dbus/AsyncCall.h"
+#include "platform/linux/dbus/Messages.h"
 
 #include <QTimer>
 
@@ -29,9 +30,7 @@ PanelWatcher::PanelWatcher(const QDBusConnection& connection, std::function<void
               [this](const QDBusMessage& reply) {
                   // A notice that came before this answer is newer.
                   if (owner_.isEmpty()) {
-                      setOwner(reply.type() == QDBusMessage::ReplyMessage
-                                   ? reply.arguments().value(0).toString()
-                                   : QString());
+                      setOwner(readArgument<QString>(reply).value_or(QString()));
                   }
               });
 }
@@ -45,8 +44,7 @@ void PanelWatcher::setOwner(const QString& owner) {
     callAsync(connection_, busCall("GetNameOwner", {gnomeShellName}), watcher_,
               [this, owner](const QDBusMessage& reply) {
                   if (owner == owner_) {
-                      const bool isShell = reply.type() == QDBusMessage::ReplyMessage &&
-                                           reply.arguments().value(0).toString() == owner;
+                      const bool isShell = readArgument<QString>(reply) == owner;
                       setPanel(isShell ? Panel::gnomeShell : Panel::present);
                   }
               });

@@ -1,0 +1,242 @@
+#include "fakes/FakeLocalizedStrings.h"
+#include "platform/linux/dbus/DbusApplications.h"
+#include "platform/qt/appearance/DesktopColorScheme.h"
+#include "platform/qt/notifications/DesktopNotifications.h"
+#include "platform/qt/single_instance/ApplicationObject.h"
+#include "platform/qt/status/QtStatusItem.h"
+
+#include "PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusError>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusPendingCall>
+#include <QDBusVariant>
+
+#include <unistd.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+constexpr auto properties = "org.freedesktop.DBus.Properties";
+constexpr auto player = "org.mpris.MediaPlayer2";
+constexpr auto playerPath = "/org/mpris/MediaPlayer2";
+
+template <typename Value>
+QVariant wrapped(const Value& value) {
+    return QVariant::fromValue(QDBusVariant(QVariant::fromValue(value)));
+}
+
+QString typesOf(const QVariantList& arguments) {
+    QString types;
+    for (const QVariant& argument : arguments) {
+        types += QDBusMetaType::typeToSignature(argument.metaType());
+    }
+    return types;
+}
+
+/// Arguments for messages to every member of ours, each wrong for all of them but a few.
+std::vector<QVariantList> manyKinds() {
+    registerStatusTypes();
+    QVariant deep = wrapped(0);
+    for (int i = 0; i < 12; ++i) {
+        deep = wrapped(QVariantMap{{"deeper", deep}});
+    }
+    const QVariant text = player;
+    const QVariant names = QStringList{"quit", player};
+    const QVariant ids = QVariant::fromValue(QList<int>{0, 1});
+    const QVariant events = QVariant::fromValue(QList<DbusMenuEvent>{{0, "opened"}});
+    const QVariant values[] = {
+        1,
+        1U,
+        true,
+        1.5,
+        text,
+        names,
+        ids,
+        events,
+        deep,
+        wrapped(ids),
+        wrapped(names),
+        wrapped(true),
+        QByteArray("bytes"),
+        QVariantList{1, "x"},
+        QVariantMap{{"CanQuit", QVariantList{1}}},
+        QVariant::fromValue(QList<DbusMenuProperties>{{0, {{"x", 1}}}}),
+        QVariant::fromValue(DbusToolTip{"x", {{1, 1, "abcd"}}, "y", "z"}),
+    };
+    std::vector<QVariantList> kinds{{}, {0, 0, 0, 0}, {0, text, deep, text}};
+    for (const QVariant& value : values) {
+        kinds.push_back({value});
+        kinds.push_back({text, value, names});
+    }
+    return kinds;
+}
+
+class MalformedMessages : public testing::Test {
+  protected:
+    PrivateBus bus;
+    QDBusConnection own = bus.connect();
+    QDBusConnection other = bus.connect();
+    const ProcessId self = static_cast<ProcessId>(getpid());
+    const std::vector<QVariantList> kinds = manyKinds();
+};
+
+TEST_F(MalformedMessages, AreRefusedAsCalls) {
+    FakeLocalizedStrings strings;
+    int done = 0;
+    QtStatusItem item(own, "org.example.Tool", strings);
+    item.setMenu([&] { return std::vector<StatusMenuItem>{{"Quit", "q", true, [&] { ++done; }}}; });
+    item.setAction([&](StatusEvent) { ++done; });
+    ApplicationObject application(own, "org.example.Tool", [&] { ++done; });
+    constexpr auto menu = MenuObject::path;
+    constexpr auto menuFace = MenuObject::interfaceName;
+    constexpr auto icon = NotifierItem::path;
+    constexpr auto iconFace = NotifierItem::interfaceName;
+    constexpr auto program = "/org/example/Tool";
+    constexpr auto programFace = ApplicationObject::interfaceName;
+
+    const struct {
+        const char* path;
+        const char* interface;
+        const char* method;
+        const char* types;
+    } rows[] = {
+        {menu, menuFace, "GetLayout", "iias"},
+        {menu, menuFace, "GetGroupProperties", "aias"},
+        {menu, menuFace, "GetProperty", "is"},
+        {menu, menuFace, "Event", "isvu"},
+        {menu, menuFace, "EventGroup", "a(isvu)"},
+        {menu, menuFace, "AboutToShow", "i"},
+        {menu, menuFace, "AboutToShowGroup", "ai"},
+        {menu, properties, "Get", "ss"},
+        {menu, properties, "GetAll", "s"},
+        {icon, iconFace, "Activate", "ii"},
+        {icon, iconFace, "ContextMenu", "ii"},
+        {icon, iconFace, "SecondaryActivate", "ii"},
+        {icon, iconFace, "Scroll", "is"},
+        {icon, iconFace, "ProvideXdgActivationToken", "s"},
+        {icon, properties, "Get", "ss"},
+        {icon, properties, "GetAll", "s"},
+        {program, programFace, "Activate", "a{sv}"},
+        {program, programFace, "Open", "asa{sv}"},
+        {program, programFace, "ActivateAction", "sava{sv}"},
+    };
+
+    const std::string refusal = QDBusError::errorString(QDBusError::InvalidArgs).toStdString();
+    const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
+    for (const auto& row : rows) {
+        std::vector<std::pair<QString, QDBusPendingCall>> calls;
+        const auto send = [&](const QVariantList& arguments, const QString& types) {
+            QDBusMessage call = QDBusMessage::createMethodCall(own.baseService(), row.path,
+                                                               row.interface, row.method);
+            call.setArguments(arguments);
+            calls.emplace_back(types, other.asyncCall(call));
+        };
+        for (const QVariantList& arguments : kinds) {
+            if (const QString types = typesOf(arguments); types != row.types) {
+                send(arguments, types);
+            }
+        }
+        send({endless}, "endless ai");
+        send({endless, QStringList()}, "endless aias");
+        for (auto& [types, call] : calls) {
+            ASSERT_TRUE(waitFor([&] { return call.isFinished(); })) << row.method;
+            EXPECT_EQ(call.reply().errorName().toStdString(), refusal)
+                << row.method << " with " << types.toStdString();
+        }
+    }
+    EXPECT_EQ(done, 0);
+    callAndWait(other, own.baseService(), program, programFace, "Activate", {QVariantMap()});
+    EXPECT_TRUE(waitFor([&] { return done == 1; })) << "a right call after all the wrong ones";
+}
+
+TEST_F(MalformedMessages, AreIgnoredAsSignals) {
+    ScriptedObject object(other, playerPath, [](const QDBusMessage& call) {
+        return call.member() == "Get" ? QVariantList{wrapped(false)} : QVariantList();
+    });
+    ASSERT_TRUE(other.registerService(QString(player) + ".one"));
+    DbusApplications applications(own);
+    DesktopColorScheme scheme(own);
+    ASSERT_TRUE(waitFor([&] { return object.count("Get") == 1; }));
+
+    const struct {
+        const char* path;
+        const char* interface;
+        const char* name;
+        const char* types;
+    } rows[] = {
+        {playerPath, properties, "PropertiesChanged", "sa{sv}as"},
+        {"/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher", "StatusNotifierItemRegistered",
+         "s"},
+        {"/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher",
+         "StatusNotifierItemUnregistered", "s"},
+        {"/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged",
+         "ssv"},
+    };
+
+    for (const auto& row : rows) {
+        for (const QVariantList& arguments : kinds) {
+            QDBusMessage signal = QDBusMessage::createSignal(row.path, row.interface, row.name);
+            signal.setArguments(arguments);
+            other.send(signal);
+        }
+    }
+    // Anyone may announce an item; what is no name makes no rule for the bus.
+    QDBusMessage item = QDBusMessage::createSignal(
+        "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher", "StatusNotifierItemRegistered");
+    item.setArguments({"',type='method_call"});
+    other.send(item);
+    EXPECT_FALSE(applications.quitMediaPlayer(self));
+    object.emitSignal(properties, "PropertiesChanged",
+                      {player, QVariantMap{{"CanQuit", true}}, QStringList()});
+    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+}
+
+TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
+    QVariantList answer;
+    const ScriptedObject::Answer giveIt = [&](const QDBusMessage&) { return answer; };
+    ScriptedObject panel(other, "/StatusNotifierWatcher", giveIt);
+    ScriptedObject players(other, playerPath, giveIt);
+    ScriptedObject actions(other, "/actions", giveIt);
+    ScriptedObject notices(other, "/org/freedesktop/Notifications", giveIt);
+    ScriptedObject portal(other, "/org/freedesktop/portal/desktop", giveIt);
+    for (const char* name : {"org.kde.StatusNotifierWatcher", "org.mpris.MediaPlayer2.one",
+                             "org.freedesktop.Notifications", "org.freedesktop.portal.Desktop"}) {
+        ASSERT_TRUE(other.registerService(name));
+    }
+    const ExportedActions exported{other.baseService().toStdString(), "/actions"};
+    DesktopNotifications notifications(own, "org.example.Tool");
+    for (const QVariantList& kind : kinds) {
+        answer = kind;
+        const std::string types = typesOf(kind).toStdString();
+        players.calls.clear();
+        notices.calls.clear();
+        portal.calls.clear();
+        DbusApplications applications(own);
+        DesktopColorScheme scheme(own);
+        const Subscription token = scheme.onChanged([&](bool) { ADD_FAILURE() << types; });
+        applications.learnActions(exported);
+        notifications.add({"id", "title", "body"});
+        ASSERT_TRUE(waitFor([&] {
+            return !players.calls.empty() && !notices.calls.empty() && !portal.calls.empty();
+        })) << types;
+        // Answered by the bus after all those answers.
+        callAndWait(own, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
+        EXPECT_TRUE(waitFor([&] {
+            return applications.activateQuit(exported) == (types == "as") &&
+                   (notices.count("Notify") != 0) == (types == "as") &&
+                   applications.quitMediaPlayer(self) == (kind == QVariantList{wrapped(true)});
+        })) << types;
+        EXPECT_FALSE(applications.ownsStatusItem(self)) << types;
+    }
+}
+
+} // namespace
+} // namespace calmora
