@@ -309,6 +309,7 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
     }
     sheet->setInformativeText(toQt(alert.informativeText));
     for (auto* label : sheet->findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText);
         if (label->text() == sheet->text()) {
             QFont font = label->font();
             font.setWeight(QFont::DemiBold);

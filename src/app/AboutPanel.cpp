@@ -18,7 +18,9 @@ constexpr int iconSide = 96;
 constexpr int leastWidth = 190;
 
 QLabel* addLabel(QVBoxLayout& layout, const char* name, const QString& text, const QFont& font) {
-    auto* label = new QLabel(text);
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
     label->setObjectName(name);
     label->setFont(font);
     label->setAlignment(Qt::AlignCenter);

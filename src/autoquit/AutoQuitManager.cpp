@@ -9,6 +9,7 @@
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitList.h"
+#include "support/ShownName.h"
 
 #include <algorithm>
 #include <array>
@@ -140,7 +141,7 @@ void AutoQuitManager::postAutoQuitNotification(const std::string& appName, std::
     notification.title = "Calmora";
     notification.body =
         fillPlaceholders(platform_.strings.text("auto_quit_notification %@ %lld", minutes),
-                         {appName, std::to_string(minutes)});
+                         {shownName(appName), std::to_string(minutes)});
     notification.identifier = "autoQuit-" + appName + "-" + secondsText(platform_.clock.now());
     notifications_.add(notification);
 }

@@ -3,6 +3,7 @@
 #include "theme/Metrics.h"
 #include "theme/Theme.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QStyleOption>
@@ -71,6 +72,13 @@ bool liesOver(const QWidget* bar) {
 } // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle("Fusion") {}
+
+void ThemeStyle::polish(QWidget* widget) {
+    if (auto* label = qobject_cast<QLabel*>(widget)) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    QProxyStyle::polish(widget);
+}
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {

@@ -10,6 +10,11 @@ class ThemeStyle final : public QProxyStyle {
   public:
     ThemeStyle();
 
+    using QProxyStyle::polish;
+
+    /// Makes every label one of plain text, tool tips among them: names from outside stand in
+    /// them, and markup of a name could read any file.
+    void polish(QWidget* widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

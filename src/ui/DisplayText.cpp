@@ -1,6 +1,7 @@
 #include "ui/DisplayText.h"
 
 #include "platform/LocalizedStrings.h"
+#include "support/ShownName.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -13,8 +14,6 @@
 
 namespace calmora {
 namespace {
-
-constexpr qsizetype longestName = 256;
 
 /// The number with a point and `decimals` digits behind it, in every language, rounded as printf(3)
 /// does it: 512.5 is 512.
@@ -47,34 +46,7 @@ QString uiCount(const char* key, qlonglong count) {
 }
 
 QString displayName(const std::string& name) {
-    // A character of UTF-8 has at most four bytes.
-    QString text = QString::fromUtf8(
-        name.data(), std::min(static_cast<qsizetype>(name.size()), longestName * 4));
-    const auto isUnfit = [](QChar c) {
-        switch (c.category()) {
-        case QChar::Other_Control:
-        case QChar::Separator_Line:
-        case QChar::Separator_Paragraph:
-            return true;
-        case QChar::Other_Format:
-            return c.direction() != QChar::DirBN && c.direction() != QChar::DirL &&
-                   c.direction() != QChar::DirR && c.direction() != QChar::DirAL &&
-                   c.direction() != QChar::DirAN;
-        default:
-            return false;
-        }
-    };
-    std::replace_if(text.begin(), text.end(), isUnfit, QChar(u' '));
-    text = text.simplified();
-    if (text.size() > longestName) {
-        qsizetype end = longestName;
-        if (text.at(end).isLowSurrogate()) {
-            --end;
-        }
-        text.truncate(end);
-        text.append(QChar(0x2026));
-    }
-    return text;
+    return QString::fromStdString(shownName(name));
 }
 
 void drawLine(QPainter& painter, const QRect& bounds, const QString& text, LineEnd end,

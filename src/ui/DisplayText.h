@@ -19,9 +19,7 @@ namespace calmora {
 /// The text of a key that counts something, in the plural form for `count`.
 [[nodiscard]] QString uiCount(const char* key, qlonglong count);
 
-/// A name as it can be shown on one line: control characters and those that override the direction
-/// of a text become spaces, broken UTF-8 becomes replacement characters, and what no row could
-/// show is cut off.
+/// The shownName() of a name from outside.
 [[nodiscard]] QString displayName(const std::string& name);
 
 /// Which end of its line a text stands at, as the reader of the interface sees it.

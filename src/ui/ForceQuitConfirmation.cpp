@@ -2,6 +2,7 @@
 
 #include "platform/Alerts.h"
 #include "platform/LocalizedStrings.h"
+#include "support/ShownName.h"
 
 #include <cstdint>
 #include <utility>
@@ -31,8 +32,8 @@ bool confirmForceQuitAll(Alerts& alerts, const LocalizedStrings& strings, std::s
 bool confirmForceQuit(Alerts& alerts, const LocalizedStrings& strings, const std::string& appName,
                       const std::optional<Image>& icon) {
     Alert alert;
-    alert.messageText =
-        fillPlaceholders(strings.text("Do you want to force \"%@\" to quit?"), {appName});
+    alert.messageText = fillPlaceholders(strings.text("Do you want to force \"%@\" to quit?"),
+                                         {shownName(appName)});
     alert.informativeText = strings.text("You will lose any unsaved changes.");
     alert.icon = icon;
     return confirm(alerts, strings, std::move(alert), "Force Quit");

@@ -28,7 +28,7 @@ class StatusItemTest : public testing::Test {
         item.setAction([this](StatusEvent event) { events.push_back(event); });
         item.setMenu([this] {
             return std::vector<StatusMenuItem>{
-                {"About Calmora", "", true, [this] { ++abouts; }},
+                {"About_\u202E\tCalmora", "", true, [this] { ++abouts; }},
                 {"Check for Updates…", "", canUpdate, [this] { ++updates; }},
                 {},
                 {"Quit Calmora", "q", true, [this] { ++quits; }},
@@ -161,7 +161,7 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
     const DbusMenuLayout menu = layout();
     ASSERT_EQ(titles(menu),
-              QStringList({"About Calmora", "Check for Updates…", "-", "Quit Calmora"}));
+              QStringList({"About__ Calmora", "Check for Updates…", "-", "Quit Calmora"}));
     const int about = menu.children[0].id;
     const int update = menu.children[1].id;
     const int quit = menu.children[3].id;
@@ -228,7 +228,7 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
     startPanel();
     ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
     const DbusMenuLayout menu = layout();
-    EXPECT_EQ(titles(menu), QStringList({"Show/Hide Calmora", "-", "About Calmora",
+    EXPECT_EQ(titles(menu), QStringList({"Show/Hide Calmora", "-", "About__ Calmora",
                                          "Check for Updates…", "-", "Quit Calmora"}));
     EXPECT_EQ(menu.children.back().id, quit) << "a click under way must not hit another entry";
     tell("clicked", menu.children.front().id);
@@ -239,9 +239,10 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
 TEST(StatusMenuTest, answersItsKeysWhileOpen) {
     int quits = 0;
     int others = 0;
-    StatusMenu menu({{"Other_one & two", "o", false, [&] { ++others; }},
+    StatusMenu menu({{"Other_one\u202E &\ttwo", "o", false, [&] { ++others; }},
                      {},
                      {"Quit", "q", true, [&] { ++quits; }}});
+    EXPECT_EQ(menu.actions().front()->text(), "Other_one && two");
     for (const auto command : {Qt::MetaModifier, Qt::ControlModifier}) {
         menu.popup({0, 0});
         QTest::keyPress(&menu, Qt::Key_Alt, Qt::AltModifier);

@@ -238,13 +238,13 @@ TEST_F(AutoQuitManagerTest, NamesEachNoticeByApplicationAndTime) {
     machine.clock.wall = std::chrono::system_clock::time_point(1'700'000'000s);
     manager.postAutoQuitNotification("%lld %@", 480);
     machine.clock.advance(250ms);
-    manager.postAutoQuitNotification("Ünï", 1);
+    manager.postAutoQuitNotification("Ü\u202Enï\n", 1);
     ASSERT_EQ(notifications.added.size(), 2U);
     EXPECT_EQ(notifications.added[0].title, "Calmora");
     EXPECT_EQ(notifications.added[0].body, "%lld %@ after 480 minutes");
     EXPECT_EQ(notifications.added[0].identifier, "autoQuit-%lld %@-1700000000.0");
     EXPECT_EQ(notifications.added[1].body, "Ünï after 1 minute");
-    EXPECT_EQ(notifications.added[1].identifier, "autoQuit-Ünï-1700000000.25");
+    EXPECT_EQ(notifications.added[1].identifier, "autoQuit-Ü\u202Enï\n-1700000000.25");
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/BaseDirectories.h"
-#include "platform/linux/xdg/DisplayText.h"
 #include "platform/linux/xdg/ExecKey.h"
 
 #include <gtest/gtest.h>
@@ -52,25 +51,6 @@ TEST(DesktopEntry, IsNothingWithoutNameOrForOtherTypes) {
         EXPECT_FALSE(parseDesktopEntry(text, german)) << text;
     }
     EXPECT_TRUE(parseDesktopEntry("[Desktop Entry]\nHidden=true\n", {})->hidden);
-}
-
-TEST(DesktopEntry, MakesEveryNameOneValidLine) {
-    const std::string longName(10'000, 'n');
-    EXPECT_EQ(displayLine(longName), longName);
-
-    const std::pair<const char*, const char*> lines[] = {
-        {" a\tb\nc\x7f ", "a b c"},
-        {"\xd7\xa9 \xf0\x9f\x98\x80!", "\xd7\xa9 \xf0\x9f\x98\x80!"},
-        {"a\xff!", "a\uFFFD!"},
-        {"\xc0\xaf", "\uFFFD\uFFFD"},
-        {"\xed\xa0\x80", "\uFFFD\uFFFD\uFFFD"},
-        {"cut \xe2\x82", "cut \uFFFD\uFFFD"},
-        {"\xc2\x9bx", "x"},
-        {"\n\n", ""},
-    };
-    for (const auto& [given, shown] : lines) {
-        EXPECT_EQ(displayLine(given), shown);
-    }
 }
 
 TEST(DesktopEntry, SplitsExecAlongItsQuotes) {

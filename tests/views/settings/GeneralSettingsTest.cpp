@@ -213,7 +213,7 @@ TEST_F(GeneralSettingsTest, CannotSwitchAnUpdaterThatIsNotThere) {
 }
 
 TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
-    machine.workspace.installed["org.example.Two"] = {"bravo", std::nullopt, {}};
+    machine.workspace.installed["org.example.Two"] = {"bravo<b>\n\u200E&", std::nullopt, {}};
     open();
     EXPECT_TRUE(child<QWidget>("neverQuitEmpty").isVisible());
     EXPECT_FALSE(child<QWidget>("neverQuitCount").isVisible());
@@ -221,7 +221,7 @@ TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
         settings.addToNeverQuit(identifier);
     }
     settle();
-    EXPECT_EQ(names("neverQuitRow"), (QStringList{"Alpha", "bravo", "charlie"}));
+    EXPECT_EQ(names("neverQuitRow"), (QStringList{"Alpha", "bravo<b> &", "charlie"}));
     EXPECT_EQ(child<QLabel>("neverQuitCount").text(), "3");
     EXPECT_TRUE(child<QLabel>("neverQuitCount").isVisible());
     EXPECT_FALSE(child<QWidget>("neverQuitEmpty").isVisible());

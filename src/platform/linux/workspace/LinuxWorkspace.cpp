@@ -10,6 +10,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/xdg/InstalledApplications.h"
+#include "support/ShownName.h"
 
 #include <algorithm>
 #include <chrono>
@@ -28,7 +29,10 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     WorkspaceApplication value;
     value.processIdentifier = application.process.pid;
     value.bundleIdentifier = application.identity.bundleIdentifier;
-    value.localizedName = application.identity.localizedName;
+    value.localizedName = shownName(application.identity.localizedName);
+    if (value.localizedName->empty()) { // A row needs something to see.
+        value.localizedName = shownName(application.identity.bundleIdentifier);
+    }
     value.icon = application.icon;
     value.activationPolicy = application.policy;
     return value;

@@ -1,8 +1,8 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 
-#include "platform/linux/xdg/DisplayText.h"
 #include "platform/linux/xdg/ExecKey.h"
 #include "platform/linux/xdg/KeyFile.h"
+#include "support/ShownName.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -107,8 +107,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
         }
         return true;
     });
-    entry.name = displayLine(unescapedValue(name.value()));
-    entry.unlocalizedName = displayLine(unescapedValue(name.unlocalized()));
+    entry.name = shownName(unescapedValue(name.value()));
+    entry.unlocalizedName = shownName(unescapedValue(name.unlocalized()));
     entry.icon = unescapedValue(icon.value());
     // An entry that only hides the one of the same id needs nothing else.
     if (!entry.hidden && (!isApplication || entry.name.empty())) {

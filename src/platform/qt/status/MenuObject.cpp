@@ -1,6 +1,7 @@
 #include "platform/qt/status/MenuObject.h"
 
 #include "platform/linux/dbus/Messages.h"
+#include "support/ShownName.h"
 
 #include <QDBusMessage>
 #include <QGuiApplication>
@@ -20,7 +21,7 @@ QVariantMap describe(const StatusMenuItem& item) {
     }
     // A single underscore would mark the next letter as the entry's access key.
     QVariantMap properties = {
-        {"label", QString::fromStdString(item.title).replace('_', "__")},
+        {"label", QString::fromStdString(shownName(item.title)).replace('_', "__")},
         {"enabled", item.isEnabled},
         {"visible", true},
     };

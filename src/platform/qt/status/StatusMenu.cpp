@@ -1,5 +1,7 @@
 #include "platform/qt/status/StatusMenu.h"
 
+#include "support/ShownName.h"
+
 #include <QAction>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -27,7 +29,8 @@ StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
             addSeparator();
             continue;
         }
-        QAction* action = addAction(QString::fromStdString(item.title).replace('&', "&&"));
+        QAction* action =
+            addAction(QString::fromStdString(shownName(item.title)).replace('&', "&&"));
         action->setEnabled(item.isEnabled);
         if (!item.keyEquivalent.empty()) {
             const QKeySequence key(QString::fromStdString(item.keyEquivalent).toUpper());

@@ -1,0 +1,58 @@
+#include "support/ShownName.h"
+#include "platform/linux/xdg/DisplayText.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace calmora {
+namespace {
+
+std::string repeated(std::string_view text, int times) {
+    std::string result;
+    for (int i = 0; i < times; ++i) {
+        result += text;
+    }
+    return result;
+}
+
+TEST(ShownName, IsOneLineThatChangesNothingAroundIt) {
+    const std::string party = "\U0001F389";
+
+    const struct {
+        std::string given;
+        std::string shown;
+        /// What stays of it in an identifier; empty where that is the same.
+        std::string line = {};
+    } rows[] = {
+        {"<img src=\"/x\"> & _two_ &amp;", "<img src=\"/x\"> & _two_ &amp;"},
+        {" a\tb\r\nc\x1b[31m\x7f ", "a b c [31m", "a b  c [31m"},
+        {"a\u2028b\u2029c\u0085", "a b c"},
+        {"evil\u202Egnp.exe", "evilgnp.exe", "evil\u202Egnp.exe"},
+        {"\u061C\u200E\u200F\u2066x\u2069\u2067\u2068y\u202A\u202D", "xy",
+         "\u061C\u200E\u200F\u2066x\u2069\u2067\u2068y\u202A\u202D"},
+        {"in\u00ADvi\u200Bsi\uFEFFble\U000E0041", "invisible",
+         "in\u00ADvi\u200Bsi\uFEFFble\U000E0041"},
+        {"\u200B\u200D\u00A0\u3164\uFE0F", "", "\u200B\u200D\u00A0\u3164\uFE0F"},
+        {"\u0645\u06CC\u200C\u062E", "\u0645\u06CC\u200C\u062E"},
+        {"\U0001F469\u200D\U0001F4BB", "\U0001F469\u200D\U0001F4BB"},
+        {"\xd7\xa9 " + party, "\xd7\xa9 " + party},
+        {"a\xff!\xc0\xaf", "a\uFFFD!\uFFFD\uFFFD"},
+        {"\xed\xa0\x80", "\uFFFD\uFFFD\uFFFD"},
+        {"\xf4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"cut \xe2\x82", "cut \uFFFD\uFFFD"},
+        {"\n\n", ""},
+        {repeated(party, 256), repeated(party, 256)},
+        {repeated(party, 257), repeated(party, 256) + "…", repeated(party, 257)},
+        {repeated("x ", 1000), repeated("x ", 127) + "x…", repeated("x ", 999) + "x"},
+        {std::string(1'000'000, '<'), std::string(256, '<') + "…", std::string(1'000'000, '<')},
+    };
+
+    for (const auto& row : rows) {
+        EXPECT_EQ(shownName(row.given), row.shown);
+        EXPECT_EQ(displayLine(row.given), row.line.empty() ? row.shown : row.line);
+    }
+}
+
+} // namespace
+} // namespace calmora
