@@ -79,6 +79,41 @@ std::vector<QVariantList> manyKinds() {
     return kinds;
 }
 
+constexpr auto menu = MenuObject::path;
+constexpr auto menuFace = MenuObject::interfaceName;
+constexpr auto icon = NotifierItem::path;
+constexpr auto iconFace = NotifierItem::interfaceName;
+constexpr auto program = "/org/example/Tool";
+constexpr auto programFace = ApplicationObject::interfaceName;
+
+/// Every method of ours with the types that it takes.
+constexpr struct {
+    const char* path;
+    const char* interface;
+    const char* method;
+    const char* types;
+} methods[] = {
+    {menu, menuFace, "GetLayout", "iias"},
+    {menu, menuFace, "GetGroupProperties", "aias"},
+    {menu, menuFace, "GetProperty", "is"},
+    {menu, menuFace, "Event", "isvu"},
+    {menu, menuFace, "EventGroup", "a(isvu)"},
+    {menu, menuFace, "AboutToShow", "i"},
+    {menu, menuFace, "AboutToShowGroup", "ai"},
+    {menu, properties, "Get", "ss"},
+    {menu, properties, "GetAll", "s"},
+    {icon, iconFace, "Activate", "ii"},
+    {icon, iconFace, "ContextMenu", "ii"},
+    {icon, iconFace, "SecondaryActivate", "ii"},
+    {icon, iconFace, "Scroll", "is"},
+    {icon, iconFace, "ProvideXdgActivationToken", "s"},
+    {icon, properties, "Get", "ss"},
+    {icon, properties, "GetAll", "s"},
+    {program, programFace, "Activate", "a{sv}"},
+    {program, programFace, "Open", "asa{sv}"},
+    {program, programFace, "ActivateAction", "sava{sv}"},
+};
+
 class MalformedMessages : public testing::Test {
   protected:
     PrivateBus bus;
@@ -95,43 +130,9 @@ TEST_F(MalformedMessages, AreRefusedAsCalls) {
     item.setMenu([&] { return std::vector<StatusMenuItem>{{"Quit", "q", true, [&] { ++done; }}}; });
     item.setAction([&](StatusEvent) { ++done; });
     ApplicationObject application(own, "org.example.Tool", [&] { ++done; });
-    constexpr auto menu = MenuObject::path;
-    constexpr auto menuFace = MenuObject::interfaceName;
-    constexpr auto icon = NotifierItem::path;
-    constexpr auto iconFace = NotifierItem::interfaceName;
-    constexpr auto program = "/org/example/Tool";
-    constexpr auto programFace = ApplicationObject::interfaceName;
-
-    const struct {
-        const char* path;
-        const char* interface;
-        const char* method;
-        const char* types;
-    } rows[] = {
-        {menu, menuFace, "GetLayout", "iias"},
-        {menu, menuFace, "GetGroupProperties", "aias"},
-        {menu, menuFace, "GetProperty", "is"},
-        {menu, menuFace, "Event", "isvu"},
-        {menu, menuFace, "EventGroup", "a(isvu)"},
-        {menu, menuFace, "AboutToShow", "i"},
-        {menu, menuFace, "AboutToShowGroup", "ai"},
-        {menu, properties, "Get", "ss"},
-        {menu, properties, "GetAll", "s"},
-        {icon, iconFace, "Activate", "ii"},
-        {icon, iconFace, "ContextMenu", "ii"},
-        {icon, iconFace, "SecondaryActivate", "ii"},
-        {icon, iconFace, "Scroll", "is"},
-        {icon, iconFace, "ProvideXdgActivationToken", "s"},
-        {icon, properties, "Get", "ss"},
-        {icon, properties, "GetAll", "s"},
-        {program, programFace, "Activate", "a{sv}"},
-        {program, programFace, "Open", "asa{sv}"},
-        {program, programFace, "ActivateAction", "sava{sv}"},
-    };
-
     const std::string refusal = QDBusError::errorString(QDBusError::InvalidArgs).toStdString();
     const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
-    for (const auto& row : rows) {
+    for (const auto& row : methods) {
         std::vector<std::pair<QString, QDBusPendingCall>> calls;
         const auto send = [&](const QVariantList& arguments, const QString& types) {
             QDBusMessage call = QDBusMessage::createMethodCall(own.baseService(), row.path,
