@@ -1,6 +1,8 @@
 #include "autoquit/AutoQuitManager.h"
 
+#include "autoquit/IdlePolicy.h"
 #include "autoquit/KnownApps.h"
+#include "autoquit/MusicPlayers.h"
 #include "platform/Clock.h"
 #include "platform/InputGate.h"
 #include "platform/LocalizedStrings.h"
@@ -52,7 +54,8 @@ std::string secondsText(std::chrono::system_clock::time_point date) {
 AutoQuitManager::AutoQuitManager(AppSettings& settings, Platform platform,
                                  UserNotifications& notifications, InputGate& input)
     : settings_(settings), platform_(platform), notifications_(notifications), input_(input),
-      activityTracker_(platform), appQuitter_(platform), resourceMonitor_(platform) {}
+      activityTracker_(platform), appQuitter_(platform), resourceMonitor_(platform),
+      treeSampler_(platform) {}
 
 void AutoQuitManager::start() {
     checkTimer_ = platform_.runLoop.repeat(checkInterval, [this] { checkAndQuitInactiveApps(); });
@@ -73,6 +76,7 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
     const std::set<std::string> inactive(idle.begin(), idle.end());
     const std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
     const NeverQuitList neverQuitApps(settings_, platform_.workspace);
+    treeSampler_.beginPass(running);
     std::set<std::string> regular;
     for (const WorkspaceApplication& app : running) {
         if (app.activationPolicy != ActivationPolicy::regular) {
@@ -96,22 +100,22 @@ bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
         return false;
     }
     const std::string& bundleIdentifier = *app.bundleIdentifier;
-    if (settings_.neverQuitMusicApps() &&
-        KnownApps::musicAppBundleIDs().contains(bundleIdentifier)) {
+    if (settings_.neverQuitMusicApps() && isMusicPlayer(bundleIdentifier)) {
         return false;
     }
     if (bundleIdentifier == finderBundleIdentifier || neverQuitApps.contains(bundleIdentifier)) {
         return false;
     }
     const std::optional<KnownAppInfo> known = KnownApps::lookup(bundleIdentifier);
-    if (!known) {
-        return true;
-    }
-    switch (known->idleBehavior) {
+    const IdlePolicy policy = idlePolicy(
+        bundleIdentifier, known,
+        known ? std::nullopt : platform_.workspace.installedApplication(bundleIdentifier));
+    switch (policy.behavior) {
     case IdleBehavior::safeToQuit:
         return true;
     case IdleBehavior::cautious:
-        return !isBusy(app.processIdentifier);
+        return policy.countsDescendants ? !isTreeBusy(app.processIdentifier)
+                                        : !isBusy(app.processIdentifier);
     case IdleBehavior::neverQuit:
         return false;
     }
@@ -121,6 +125,11 @@ bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
 bool AutoQuitManager::isBusy(ProcessId process) {
     const std::optional<ResourceUsage> usage = resourceMonitor_.getUsage(process);
     return usage && usage->cpuPercent >= busyCPUPercent;
+}
+
+bool AutoQuitManager::isTreeBusy(ProcessId process) {
+    const std::optional<double> percent = treeSampler_.cpuPercent(process);
+    return !percent || *percent >= busyCPUPercent;
 }
 
 void AutoQuitManager::quit(const WorkspaceApplication& app) {

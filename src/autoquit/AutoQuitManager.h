@@ -1,6 +1,7 @@
 #pragma once
 
 #include "autoquit/ActivityTracker.h"
+#include "autoquit/ProcessTreeSampler.h"
 #include "model/AppQuitter.h"
 #include "model/ResourceMonitor.h"
 #include "platform/Platform.h"
@@ -66,6 +67,9 @@ class AutoQuitManager {
                                const std::set<std::string>& inactive,
                                const NeverQuitList& neverQuitApps);
     [[nodiscard]] bool isBusy(ProcessId process);
+    /// True also while it cannot be told: the first look only takes the sample, and what is asked
+    /// to quit has been quiet for a minute.
+    [[nodiscard]] bool isTreeBusy(ProcessId process);
     void quit(const WorkspaceApplication& app);
     void dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running);
 
@@ -75,7 +79,10 @@ class AutoQuitManager {
     InputGate& input_;
     ActivityTracker activityTracker_;
     AppQuitter appQuitter_;
+    /// Samples cautious applications of the catalogue.
     ResourceMonitor resourceMonitor_;
+    /// Samples all other cautious ones.
+    ProcessTreeSampler treeSampler_;
     Subscription checkTimer_;
 };
 

@@ -42,6 +42,10 @@ struct InstalledApplication {
     std::optional<Image> icon;
     /// The file that describes the application to the desktop.
     std::filesystem::path location;
+    /// What kinds of application it says to be, in the desktop's own words.
+    std::vector<std::string> categories = {};
+    /// It runs in a terminal's window and has none of its own.
+    bool needsTerminal = false;
 };
 
 /// The user's applications.

@@ -1,6 +1,7 @@
 #include "ui/AppListViewModel.h"
 
 #include "autoquit/KnownApps.h"
+#include "autoquit/MusicPlayers.h"
 #include "platform/RunLoop.h"
 #include "platform/Text.h"
 #include "settings/AppSettings.h"
@@ -175,11 +176,10 @@ void AppListViewModel::stopPolling() {
 
 void AppListViewModel::applyWhitelist() {
     const NeverQuitList neverQuit(settings_, platform_.workspace);
-    const std::set<std::string_view>& music = KnownApps::musicAppBundleIDs();
     std::size_t writes = 0;
     for (AppInfo& app : apps_) {
         const std::optional<std::string>& identifier = app.bundleIdentifier;
-        if (settings_.neverQuitMusicApps() && identifier && music.contains(*identifier)) {
+        if (settings_.neverQuitMusicApps() && identifier && isMusicPlayer(*identifier)) {
             app.isSelected = false;
             ++writes;
         }

@@ -168,7 +168,8 @@ LinuxWorkspace::installedApplication(const std::string& bundleIdentifier) const 
     if (entry == nullptr) {
         return {};
     }
-    InstalledApplication application{entry->name, {}, entry->path};
+    InstalledApplication application{
+        entry->name, {}, entry->path, entry->categories, entry->needsTerminal};
     if (!entry->icon.empty()) {
         application.icon = iconImage(entry->icon);
     }

@@ -1,0 +1,188 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace calmora {
+
+/// What is never quit automatically: somebody waits for it, or work in it dies unseen.
+/// By subject: desktop ids of Debian 12 and 13, of flatpaks, and of vendors' packages.
+inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
+    // clang-format off
+    // Terminals: whatever runs in them dies with them.
+    "Alacritty", "alacritty", "app.devsuite.Ptyxis", "com.gexperts.Tilix",
+    "com.github.amezin.ddterm", "com.mitchellh.ghostty", "com.raggesilver.BlackBox",
+    "com.system76.CosmicTerm", "cool-retro-term", "cutecom", "debian-uxterm", "debian-xterm",
+    "deepin-terminal", "foot", "foot-server", "footclient", "gmrun", "gtkterm", "guake",
+    "guake-indicator", "io.elementary.terminal", "kitty", "lomiri-terminal-app",
+    "lxde-x-terminal-emulator", "lxterminal", "mate-terminal", "minicom", "mlterm",
+    "org.alacritty.Alacritty", "org.contourterminal.Contour", "org.gnome.Console",
+    "org.gnome.Ptyxis", "org.gnome.Terminal", "org.kde.konsole", "org.kde.qmlkonsole",
+    "org.kde.yakuake", "org.laptop.Terminal.activity", "org.wezfurlong.wezterm", "pangoterm",
+    "pterm", "qterminal", "qterminal-drop", "rxvt-unicode", "sakura", "seyon", "st", "Terminal",
+    "terminator", "terminology", "terminus", "termit", "tilda", "tilda-dbus", "uxterm", "x3270",
+    "xfce4-terminal", "xfce4-terminal-emulator", "xgterm", "xiterm+thai", "xterm", "zutty",
+
+    // Terminals that Debian packages without a desktop entry.
+    "exe:/usr/bin/Eterm.Eterm", "exe:/usr/bin/yeahconsole.yeahconsole",
+
+    // Connections to other machines, in both directions.
+    "barrier", "clusterssh", "com.github.debauchee.barrier", "com.github.muriloventuroso.easyssh",
+    "dev.lizardbyte.app.Sunshine", "epoptes", "ganyremote", "gitso", "grdesktop", "kanyremote",
+    "org.deskflow.deskflow", "org.gnome.Connections", "org.gnome.NetworkDisplays",
+    "org.gnome.Shell.Extensions.GSConnect", "org.kde.kdeconnect.app",
+    "org.kde.kdeconnect.nonplasma", "org.kde.krdc", "org.kde.krdp", "org.kde.krfb",
+    "org.remmina.Remmina", "org.remmina.Remmina-file", "org.tigervnc.vncviewer", "putty",
+    "pyhoca-gui", "remmina-gnome", "remote-viewer", "sdl-freerdp3", "secpanel", "ssvnc",
+    "veyon-master", "vinagre", "vino-server", "x11vnc", "x2goclient", "x2gofm", "xfreerdp3", "xpra",
+    "xpra-gui", "xpra-launcher", "xpra-shadow", "xtigervncviewer",
+
+    // Virtual machines, emulators and Windows programs: what runs inside is lost.
+    "app.xemu.xemu", "aqemu", "aranym-jit", "aranym-mmu", "ares", "blastem", "cen64-qt",
+    "com.dosbox_x.DOSBox-X", "com.libretro.RetroArch", "com.supermodel3.Supermodel",
+    "com.usebottles.bottles", "dolphin-emu", "dosbox", "fceux", "fs-uae-arcade", "fuse-gtk",
+    "fuse-sdl", "gnome-video-arcade", "hatari", "herculesstudio", "io.github.dosbox-staging",
+    "io.mgba.mGBA", "mame", "mednaffe", "mupen64plus-qt", "nestopia", "net.cebix.basilisk",
+    "net.emulicious.Emulicious", "net.pcsx2.PCSX2", "net.sourceforge.fuse_emulator.Fuse",
+    "openMSX-Catapult", "org.citra_emu.citra", "org.flycast.Flycast", "org.gnome.Boxes",
+    "org.libretro.RetroArch", "org.mamedev.MAME", "org.ppsspp.PPSSPP",
+    "org.virt_manager.virt-manager", "org.virtualsquare.umps3", "org.winehq.wine",
+    "org.yuzu_emu.yuzu", "osmose-emulator", "PlayOnLinux", "protontricks", "q4wine", "qtrvsim",
+    "retroarch", "rlvm", "stella", "tilem2", "virt-manager", "virtualbox", "virtualjaguar",
+    "vmware-player", "vmware-workstation", "winetricks",
+
+    // System tools and settings.
+    "alacarte", "android-file-transfer", "avahi-discover", "bacula-tray-monitor", "bat", "batmon",
+    "biometric-manager", "boinc-manager", "budgie-control-center", "ca.desrt.dconf-editor",
+    "cairo-dock", "cairo-dock-cairo", "ccsm", "clamtk", "cmst", "com.mattjakeman.ExtensionManager",
+    "com.protonvpn.www", "configure-debian", "cpu-x", "ddcui", "displaycal",
+    "displaycal-apply-profiles", "etherape", "ettercap", "fcitx", "firewall-config", "fwbuilder",
+    "gammastep-indicator", "gkdebconf", "gkrellm", "gnome-nettool", "gnome-system-log",
+    "gnome-system-monitor", "grub-customizer", "gsmartcontrol", "gufw", "hardinfo", "hardinfo2",
+    "im-config", "indicator-sensors", "io.github.pwr_solaar.solaar",
+    "io.github.wiiznokes.fan-control", "jgmenu", "jstest-gtk", "kernelshark", "km-config",
+    "kshutdown", "laptop-mode-tools", "lshw-gtk", "lxtask", "mate-system-log",
+    "mate-system-monitor", "mate-user-admin", "menulibre", "mobi.phosh.MobileSettings",
+    "modem-manager-gui", "nagstamon", "needrestart", "needrestart-session",
+    "net.opentabletdriver.OpenTabletDriver", "nm-connection-editor", "nm-tray", "nut-monitor",
+    "nut-monitor-py3qt5", "opensnitch_ui", "org.bluesabre.Mugshot", "org.coolero.Coolero",
+    "org.corectrl.CoreCtrl", "org.debian.galternatives", "org.fcitx.Fcitx5",
+    "org.freedesktop.MalcontentControl", "org.freedesktop.Piper", "org.gnome.Extensions",
+    "org.gnome.Firmware", "org.gnome.GPaste.Ui", "org.gnome.KrbAuthDialog", "org.gnome.Logs",
+    "org.gnome.PowerStats", "org.gnome.Settings", "org.gnome.SystemMonitor", "org.gnome.tweaks",
+    "org.gnome.Usage", "org.kde.kalarm", "org.kde.kinfocenter", "org.kde.kmenuedit",
+    "org.kde.ksystemlog", "org.kde.kwatchgnupg", "org.kde.latte-dock",
+    "org.kde.plasma-systemmonitor", "org.kde.systemmonitor", "org.mozilla.vpn",
+    "org.openrgb.OpenRGB", "org.rnd2.cpupower_gui", "org.wireshark.Wireshark",
+    "org.xfce.PanelProfiles", "plank", "process-viewer", "psensor", "qps", "razercfg",
+    "redshift-gtk", "redshift-qt", "riseup-vpn", "sepolicy", "snapper-gui", "solaar", "stacer",
+    "system-config-printer", "systemsettings", "tint2", "usbview", "wpa_gui",
+    "xfce-settings-manager", "xfce4-sensors", "xfce4-settings-editor", "xfce4-taskmanager",
+    "xsensors",
+
+    // Installing and updating software.
+    "calamares-install-debian", "gdebi", "install-debian", "org.gnome.Packages",
+    "org.gnome.PackageUpdater", "org.gnome.Software", "org.kde.apper", "org.kde.discover",
+    "software-properties-gtk", "software-properties-qt", "synaptic", "torbrowser-settings",
+
+    // Passwords, keys and one-time codes.
+    "cardpeek", "com.belmoussaoui.Authenticator", "com.cloudchewie.cloudotp",
+    "com.github.paolostivanin.GTKCrypto", "com.github.paolostivanin.OTPClient",
+    "com.governikus.ausweisapp2", "com.nitrokey.nitrokey-app2", "com.yubico.yubioath",
+    "de.hohnstaedt.xca", "firejail-ui", "firetools", "gnomint", "gpa", "gringotts",
+    "info.olasagasti.revelation", "io.github.mhogomchungu.sirikali", "keepass2",
+    "lomiri-tfamanager-app", "luckyluks", "me.proton.Pass", "nitrokey-app", "NitrokeyAuthenticator",
+    "nmapsi4", "nmapsi4-admin", "org.cryptomator.Cryptomator", "org.gnome.Keysign",
+    "org.gnome.seahorse.Application", "org.gnome.World.Secrets", "org.kde.keysmith", "org.kde.kgpg",
+    "org.kde.kleopatra", "org.kde.kwalletmanager", "org.kde.kwalletmanager5",
+    "org.keepassxc.KeePassXC", "org.postmarketos.Numberstation", "password-gorilla", "pwsafe",
+    "qtpass", "stoken-gui", "stoken-gui-small", "xca", "ykman-gui", "zenmap", "zenmap-root",
+
+    // Disks, backups and synchronisation.
+    "AcetoneISO", "backintime-qt", "backintime-qt-root", "bleachbit-root", "brasero",
+    "btrfs-assistant", "burner", "caja-dropbox", "com.borgbase.Vorta", "com.diffingo.fwbackups",
+    "com.nextcloud.desktopclient.nextcloud", "com.seafile.seafile-applet",
+    "com.synology.SynologyDrive", "com.syntevo.SmartSynchronize", "deepin-boot-maker", "dkopp",
+    "dvdisaster", "FreeFileSync", "gcdmaster", "git-annex", "gnome-disk-image-mounter",
+    "gnome-disk-image-writer", "gparted", "grsync", "guymager", "gzbd", "image-analyzer",
+    "io.gitlab.secu_design.usb-imager", "isomaster", "kdiskmark", "live_clone", "luckybackup",
+    "luckybackup-su", "me.kozec.syncthingtk", "mintstick", "mintstick-format", "onedriver",
+    "org.bleachbit.BleachBit", "org.freefilesync.FreeFileSync", "org.gnome.DejaDup",
+    "org.gnome.DiskUtility", "org.gnome.MultiWriter", "org.gnome.World.PikaBackup",
+    "org.kde.isoimagewriter", "org.kde.k3b", "org.kde.kbackup", "org.kde.kfloppy",
+    "org.kde.kwikdisk", "org.kde.partitionmanager", "org.kde.smb4k", "org.raspberrypi.rpi-imager",
+    "owncloud", "QDiskInfo", "qpxtool", "rclone-browser", "RealTimeSync", "redhat-usermount",
+    "scolasync", "seafile", "shredder", "sync", "syncthing-gtk", "syncthing-start", "syncthingtray",
+    "timeshift-gtk", "ukopp", "unison-2.51+4.13.1-gtk", "unison-2.52-gtk", "unison-2.53-gtk",
+    "xfburn",
+
+    // Downloads, file transfer and servers.
+    "amule", "app.drey.Warp", "Camera", "com.github.persepolisdm.persepolis",
+    "com.github.unrud.VideoDownloader", "com.transmissionbt.Transmission", "davmail",
+    "de.haeckerfelix.Fragments", "deluge", "eiskaltdcpp-gtk", "eiskaltdcpp-qt", "filezilla", "FTP",
+    "gftp", "gmtp", "gnomad2", "gnunet-fs-gtk", "gpodder", "gtkpod", "httraqt",
+    "io.frama.tractor.carburetor", "io.github.nozwock.Packet", "io.github.TransmissionRemoteGtk",
+    "jftp", "jupyter-notebook", "jupyterlab", "litecoin-qt", "mediathekview",
+    "net.damonlynch.rapid_photo_downloader", "org.equeim.Tremotesf",
+    "org.filezillaproject.Filezilla", "org.freedownloadmanager.Manager", "org.gnome.frogr",
+    "org.gnome.pan", "org.kde.kget", "org.kde.ktorrent", "org.nicotine_plus.Nicotine",
+    "org.onionshare.OnionShare", "org.openscopeproject.TrguiNG", "org.qbittorrent.qBittorrent",
+    "org.sabnzbd.sabnzbd", "org.tractor.carburetor", "persepolis", "qweborf", "sabnzbdplus",
+    "sachesi", "selektor", "transgui", "transmission-gtk", "transmission-qt", "uget-gtk",
+    "WebHTTrack", "youtubedl-gui",
+
+    // File managers: they copy and move in the background.
+    "4Pane", "caja", "caja-browser", "caja-home", "dev.tchx84.Portfolio", "doublecmd", "far2l",
+    "GWorkspace", "nemo", "org.gnome.gnome-commander", "org.gnome.Nautilus", "org.kde.dolphin",
+    "org.kde.krusader", "pcmanfm", "pcmanfm-qt", "peony", "rox-filer", "spacefm", "thunar",
+    "tuxcmd", "worker", "xfe",
+
+    // Aids for seeing, hearing, typing and pointing; helpers that work unseen.
+    "actiona", "autokey-gtk", "autokey-qt", "caffeine", "clipit", "com.github.hluk.copyq",
+    "com.github.spheras.desktopfolder", "com.github.wwmm.easyeffects",
+    "com.github.wwmm.pulseeffects", "com.ulduzsoft.Birdtray", "dasher", "diodon", "eviacam",
+    "gnome-pie", "gnubiff", "gprompter", "gxneur", "input-pad", "input-remapper-gtk",
+    "io.github.antimicrox.antimicrox", "io.github.slgobinath.SafeEyes", "kdocker", "kupfer",
+    "mailnag", "nwg-clipman", "onboard", "org.holylobster.nuntius", "org.kde.klipper",
+    "org.kde.kmag", "org.kde.kmousetool", "org.kde.kmouth", "org.kde.rsibreak",
+    "org.kde.xwaylandvideobridge", "org.rncbc.qjackctl", "org.rncbc.qpwgraph", "parcellite",
+    "pasystray", "plover", "pnmixer", "qlipper", "raysession", "safeeyes", "screenkey",
+    "spotlighter", "synapse", "variety", "workrave", "wstroke-config", "xfce4-clipman", "xzoom",
+
+    // Recordings and broadcasts.
+    "be.maartenbaert.simplescreenrecorder", "butt", "com.uploadedlobster.peek",
+    "deepin-screen-recorder", "gmerlin-recorder", "gnome-dvb-control", "guvcview", "idjc",
+    "io.github.seadve.Kooha", "kazam", "kluppe", "mkchromecast", "net.flyingpimonster.Camera",
+    "nl.brixit.Switcher", "openlp", "org.entangle_photo.Manager", "org.gnome.Cheese",
+    "org.gnome.Snapshot", "org.gnome.SoundRecorder", "org.kde.kamoso", "org.kde.krecorder",
+    "org.mixxx.Mixxx", "qjackrcd", "qlcplus", "simplescreenrecorder", "timemachine", "traverso",
+    "vimix", "voctogui", "vokoscreenNG", "webcamoid",
+
+    // Copying a disc takes longer than it takes to forget it.
+    "asunder", "org.gnome.gitlab.grimripper", "org.gnome.SoundJuicer", "ripperx",
+
+    // Calls: nobody looks at the window of one.
+    "info.mumble.Mumble", "io.github.qtox.qTox", "jami", "jamulus", "linphone", "mangler", "mumble",
+    "net.jami.Jami", "org.gnome.Calls", "org.jacktrip.JackTrip", "org.kde.phone.dialer",
+    "org.kde.plasma.dialer", "qtel", "twinkle",
+
+    // Alarms, timers and calendars, which remind.
+    "alarm-clock-applet", "charmtimetracker", "etm", "gtimer", "lomiri-clock-app",
+    "org.gnome.Calendar", "org.gnome.clocks", "org.gnome.Pomodoro", "org.kde.calindori",
+    "org.kde.kalendar", "org.kde.kclock", "org.kde.korganizer", "org.kde.kronometer",
+    "org.kde.kteatime", "org.kde.ktimer", "org.kde.ktimetracker", "org.kde.merkuro.calendar",
+    "org.xfce.orage", "osmo", "SimpleAgenda", "stopwatch", "tkremind",
+
+    // Machines, radios, telescopes and prints that are under way.
+    "altusmetrum-altosui", "altusmetrum-telegps", "bCNC", "chirp", "com.chirpmyradio.chirp",
+    "direwolf", "flrig", "galvani", "gpredict", "IMSProg",
+    "io.github.betaflight.BetaflightConfigurator", "navit", "opencpn", "org.kde.kstars", "ponyprog",
+    "pronterface", "qdmr", "qFlipper", "repetier-host", "repsnapper", "stlink-gui", "ucrpf1host",
+    "wfview", "xastir",
+
+    // Presentations: they stay in front for as long as somebody talks.
+    "io.github.pympress", "pympress",
+    // clang-format on
+});
+
+} // namespace calmora

@@ -1,0 +1,31 @@
+#include "autoquit/IdlePolicy.h"
+
+#include "autoquit/CategoryRule.h"
+#include "autoquit/LinuxAnnex.h"
+
+namespace calmora {
+
+IdlePolicy idlePolicy(std::string_view identifier, const std::optional<KnownAppInfo>& known,
+                      const std::optional<InstalledApplication>& installed) {
+    if (known) {
+        return {known->idleBehavior, false};
+    }
+    // A program without a desktop entry is in the annex under the identifier made for it.
+    const bool isProgramFile = identifier.starts_with("exe:");
+    if (!installed && !isProgramFile) {
+        return {};
+    }
+    if (const auto listed = annexBehavior(identifier)) {
+        return {*listed, true};
+    }
+    if (!installed) {
+        return {};
+    }
+    // Its windows are those of a terminal that was started for it.
+    if (installed->needsTerminal) {
+        return {IdleBehavior::neverQuit, true};
+    }
+    return {behaviorOfCategories(installed->categories), true};
+}
+
+} // namespace calmora

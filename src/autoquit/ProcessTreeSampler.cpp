@@ -1,0 +1,81 @@
+#include "autoquit/ProcessTreeSampler.h"
+
+#include "platform/Clock.h"
+#include "platform/ProcessTable.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace calmora {
+
+ProcessTreeSampler::ProcessTreeSampler(Platform platform) : platform_(platform) {}
+
+void ProcessTreeSampler::beginPass(const std::vector<WorkspaceApplication>& running) {
+    children_.reset();
+    std::erase_if(samples_, [&running](const auto& sample) {
+        return std::ranges::find(running, sample.first, &WorkspaceApplication::processIdentifier) ==
+               running.end();
+    });
+}
+
+std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {
+    Sample now{platform_.clock.ticks(), cpuTimesOf(application)};
+    const auto [entry, isFirst] = samples_.try_emplace(application);
+    const Sample before = std::exchange(entry->second, std::move(now));
+    if (isFirst) {
+        return std::nullopt;
+    }
+    const double elapsed = nanoseconds(entry->second.takenAt - before.takenAt);
+    constexpr std::chrono::duration<double, std::nano> longest = longestInterval;
+    if (!(elapsed > 0) || elapsed > longest.count()) {
+        return std::nullopt;
+    }
+    std::uint64_t busy = 0;
+    for (const auto& [process, cpuTime] : entry->second.cpuTimes) {
+        const auto earlier = before.cpuTimes.find(process);
+        // Less than before belongs to another process with the same id.
+        const bool isKnown = earlier != before.cpuTimes.end() && earlier->second <= cpuTime;
+        busy += isKnown ? cpuTime - earlier->second : cpuTime;
+    }
+    return static_cast<double>(busy) / elapsed * 100;
+}
+
+ProcessTreeSampler::CpuTimes ProcessTreeSampler::cpuTimesOf(ProcessId application) {
+    if (!children_) {
+        readChildren();
+    }
+    CpuTimes times;
+    std::vector<ProcessId> pending{application};
+    while (!pending.empty()) {
+        const ProcessId process = pending.back();
+        pending.pop_back();
+        // Ids that are given out anew while they are read can make a circle.
+        if (times.contains(process)) {
+            continue;
+        }
+        const auto counters = platform_.processes.counters(process);
+        times.emplace(process, counters ? counters->userTime + counters->systemTime : 0);
+        const auto found = children_->find(process);
+        if (found != children_->end()) {
+            pending.insert(pending.end(), found->second.begin(), found->second.end());
+        }
+    }
+    return times;
+}
+
+void ProcessTreeSampler::readChildren() {
+    children_.emplace();
+    for (const ProcessId process : platform_.processes.allProcesses()) {
+        if (const auto parent = platform_.processes.parent(process)) {
+            (*children_)[*parent].push_back(process);
+        }
+    }
+}
+
+double ProcessTreeSampler::nanoseconds(std::uint64_t ticks) const {
+    const Timebase timebase = platform_.clock.timebase();
+    return static_cast<double>(ticks) * static_cast<double>(timebase.numer) /
+           static_cast<double>(timebase.denom);
+}
+
+} // namespace calmora
