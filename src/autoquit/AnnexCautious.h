@@ -1,24 +1,30 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string_view>
+
+// What is quit only while it does not use the CPU: documents, conversations, players, tools that
+// compute.
+// Desktop ids of Debian 12 and 13, of flatpaks and of vendors' packages. Each array is sorted.
 
 namespace calmora {
 
-/// What is quit only while it does not use the CPU: documents, conversations, players, tools that
-/// compute.
-/// By subject: desktop ids of Debian 12 and 13, of flatpaks, and of vendors' packages.
-inline constexpr auto annexCautious = std::to_array<std::string_view>({
-    // clang-format off
-    // Mail.
-    "astroid", "claws-mail", "com.getmailspring.Mailspring", "com.github.vladimiry.ElectronMail",
-    "com.tutanota.Tutanota", "eu.betterbird.Betterbird", "GNUMail", "me.proton.Mail",
-    "org.claws_mail.Claws-Mail", "org.desktop.Balsa", "org.gnome.Evolution", "org.gnome.Geary",
-    "org.kde.kmail2", "org.kde.kontact", "org.kde.ktnef", "org.kde.merkuro.contact",
-    "org.kde.merkuro.mail", "org.mozilla.Thunderbird", "sylpheed", "thunderbird", "viagee",
+// clang-format off
 
-    // Chat.
-    "chat.delta.desktop", "com.chatterino.chatterino", "com.discordapp.DiscordCanary",
+/// Mail.
+inline constexpr auto annexMail = std::to_array<std::string_view>({
+    "GNUMail", "astroid", "claws-mail", "com.getmailspring.Mailspring",
+    "com.github.vladimiry.ElectronMail", "com.tutanota.Tutanota", "eu.betterbird.Betterbird",
+    "me.proton.Mail", "org.claws_mail.Claws-Mail", "org.desktop.Balsa", "org.gnome.Evolution",
+    "org.gnome.Geary", "org.kde.kmail2", "org.kde.kontact", "org.kde.ktnef",
+    "org.kde.merkuro.contact", "org.kde.merkuro.mail", "org.mozilla.Thunderbird", "sylpheed",
+    "thunderbird", "viagee",
+});
+
+/// Chat.
+inline constexpr auto annexChat = std::to_array<std::string_view>({
+    "TalkSoup", "chat.delta.desktop", "com.chatterino.chatterino", "com.discordapp.DiscordCanary",
     "com.github.quaternion", "com.github.xeco23.WasIstLos", "com.icanblink.blink", "com.qq.QQ",
     "com.wire.WireDesktop", "de.schmidhuberj.Flare", "dev.geopjr.Tuba", "dev.vencord.Vesktop",
     "im.dino.Dino", "im.kaidan.kaidan", "im.riot.Riot", "im.srain.Srain", "io.github.Hexchat",
@@ -29,20 +35,24 @@ inline constexpr auto annexCautious = std::to_array<std::string_view>({
     "org.nanuc.Axolotl", "org.nongnu.dianara", "org.perezdecastro.Revolt",
     "org.quassel_irc.QuasselClient", "org.signal.Signal", "org.squidowl.halloy", "pcmanx", "pidgin",
     "psi", "psi-plus", "psi-plus-webkit", "pumpa", "quassel", "quasselclient", "signal-desktop",
-    "sm.puri.Chatty", "TalkSoup", "tkabber", "toxic", "utox",
+    "sm.puri.Chatty", "tkabber", "toxic", "utox",
+});
 
-    // Text editors.
-    "bless", "bluefish", "com.github.marktext.marktext", "com.helix_editor.Helix",
-    "dev.lapce.lapce", "dev.zed.Zed", "efte", "emacs", "emacsclient", "far2ledit", "feathernotes",
-    "featherpad", "formiko", "geany", "gobby-0.5", "gvim", "Ink", "io.neovim.nvim", "jedit", "jeex",
-    "juffed", "l3afpad", "lxvile", "me.mitya57.ReText", "mu.codewith.editor", "nedit", "notepadqq",
-    "nvim-qt", "org.geany.Geany", "org.gnome.gedit", "org.gnome.GHex",
-    "org.gnome.gitlab.somas.Apostrophe", "org.gnome.TextEditor", "org.gnu.emacs",
+/// Text editors.
+inline constexpr auto annexEditors = std::to_array<std::string_view>({
+    "Ink", "SciTE", "TextEdit", "bless", "bluefish", "com.github.marktext.marktext",
+    "com.helix_editor.Helix", "dev.lapce.lapce", "dev.zed.Zed", "efte", "emacs", "emacsclient",
+    "far2ledit", "feathernotes", "featherpad", "formiko", "geany", "gobby-0.5", "gvim",
+    "io.neovim.nvim", "jedit", "jeex", "juffed", "l3afpad", "lxvile", "me.mitya57.ReText",
+    "mu.codewith.editor", "nedit", "notepadqq", "nvim-qt", "org.geany.Geany", "org.gnome.GHex",
+    "org.gnome.TextEditor", "org.gnome.gedit", "org.gnome.gitlab.somas.Apostrophe", "org.gnu.emacs",
     "org.kde.ghostwriter", "org.kde.kate", "org.kde.kwrite", "org.kde.okteta", "org.vim.Vim",
-    "org.xfce.mousepad", "pluma", "SciTE", "tea", "TextEdit", "uxvile", "wxHexEditor", "xfw",
-    "xjed", "xmlcopyeditor", "xvile", "yudit",
+    "org.xfce.mousepad", "pluma", "tea", "uxvile", "wxHexEditor", "xfw", "xjed", "xmlcopyeditor",
+    "xvile", "yudit",
+});
 
-    // Notes and diaries.
+/// Notes and diaries.
+inline constexpr auto annexNotes = std::to_array<std::string_view>({
     "Affiche", "almanah", "basket", "cherrytree", "com.adilhanney.saber",
     "com.github.phase1geo.minder", "com.github.ransome1.sleek", "com.github.xournalpp.xournalpp",
     "com.logseq.Logseq", "net.cozic.joplin_desktop", "net.sourceforge.Lifeograph", "nixnote2",
@@ -51,93 +61,117 @@ inline constexpr auto annexCautious = std::to_array<std::string_view>({
     "org.kde.marknote", "org.kde.zanshin", "org.qownnotes.QOwnNotes",
     "org.standardnotes.standardnotes", "org.zim_wiki.Zim", "rednotebook", "rhinote", "tomboy-ng",
     "treeline", "treesheets", "xournal", "xpad", "zim",
+});
 
-    // Development.
-    "anjuta", "ar.xjuan.Cambalache", "arduino", "basexgui", "cc.arduino.IDE2", "clips", "cmake-gui",
-    "codeblocks", "codium", "com.axosoft.GitKraken", "com.github.alecaddd.sequeler",
-    "com.github.Murmele.Gittyup", "com.syntevo.SmartGit", "com.unity.UnityHub",
+/// Development.
+inline constexpr auto annexDevelopment = std::to_array<std::string_view>({
+    "GammaRay", "Gorm", "ProjectCenter", "Projucer", "SuperColliderIDE", "anjuta",
+    "ar.xjuan.Cambalache", "arduino", "basexgui", "cc.arduino.IDE2", "clips", "cmake-gui",
+    "codeblocks", "codium", "com.axosoft.GitKraken", "com.github.Murmele.Gittyup",
+    "com.github.alecaddd.sequeler", "com.syntevo.SmartGit", "com.unity.UnityHub",
     "com.visualstudio.code.oss", "com.vscodium.codium", "cppcheck-gui", "ddd", "edb", "eric7_ide",
-    "flamerobin", "fluid", "gambas3", "GammaRay", "giggle", "git-cola", "git-dag", "glogg",
-    "gnuradio-grc", "godot3", "Gorm", "graide", "groovyConsole", "hotspot", "idle-python3.11",
-    "io.beekeeperstudio.Studio", "io.dbeaver.DBeaverCommunity", "io.gdevelop.ide",
-    "io.github.mightycreak.Diffuse", "jmeter", "jupyter-qtconsole", "lazarus-2.2.6", "lazarus-4.0",
-    "mcu8051ide", "net.poedit.Poedit", "omegat", "org.codeblocks.codeblocks",
-    "org.freedesktop.Bustle", "org.ghidra_sre.Ghidra", "org.gnome.Builder", "org.gnome.dfeet",
-    "org.gnome.dspy", "org.gnome.gitg", "org.gnome.Glade", "org.gnome.Gtranslator",
-    "org.gnome.Meld", "org.gnome.Sysprof", "org.godotengine.Godot3", "org.kde.cervisia",
-    "org.kde.heaptrack", "org.kde.kcachegrind", "org.kde.kdesvn", "org.kde.kdevelop",
-    "org.kde.kdiff3", "org.kde.kompare", "org.kde.lokalize", "org.kde.massif-visualizer",
-    "org.kde.umbrello", "org.omegat.OmegaT", "org.pgadmin.pgadmin4", "org.qt-project.qtcreator",
-    "org.racket_lang.Racket", "org.radare.iaito", "org.soapui.SoapUI", "org.spyder_ide.spyder",
-    "org.thonny.Thonny", "org.wxformbuilder.wxFormBuilder", "ProjectCenter", "Projucer", "pyzo",
-    "qgit", "renderdoc", "sasm", "scratch", "sonic-pi", "spyder", "sqlitebrowser", "squeak",
-    "SuperColliderIDE", "thg", "tkcon-console", "tkcvs", "umlet", "visualvm", "wxGlade",
+    "flamerobin", "fluid", "gambas3", "giggle", "git-cola", "git-dag", "glogg", "gnuradio-grc",
+    "godot3", "graide", "groovyConsole", "hotspot", "idle-python3.11", "io.beekeeperstudio.Studio",
+    "io.dbeaver.DBeaverCommunity", "io.gdevelop.ide", "io.github.mightycreak.Diffuse", "jmeter",
+    "jupyter-qtconsole", "lazarus-2.2.6", "lazarus-4.0", "mcu8051ide", "net.poedit.Poedit",
+    "omegat", "org.codeblocks.codeblocks", "org.freedesktop.Bustle", "org.ghidra_sre.Ghidra",
+    "org.gnome.Builder", "org.gnome.Glade", "org.gnome.Gtranslator", "org.gnome.Meld",
+    "org.gnome.Sysprof", "org.gnome.dfeet", "org.gnome.dspy", "org.gnome.gitg",
+    "org.godotengine.Godot3", "org.kde.cervisia", "org.kde.heaptrack", "org.kde.kcachegrind",
+    "org.kde.kdesvn", "org.kde.kdevelop", "org.kde.kdiff3", "org.kde.kompare", "org.kde.lokalize",
+    "org.kde.massif-visualizer", "org.kde.umbrello", "org.omegat.OmegaT", "org.pgadmin.pgadmin4",
+    "org.qt-project.qtcreator", "org.racket_lang.Racket", "org.radare.iaito", "org.soapui.SoapUI",
+    "org.spyder_ide.spyder", "org.thonny.Thonny", "org.wxformbuilder.wxFormBuilder", "pyzo", "qgit",
+    "renderdoc", "sasm", "scratch", "sonic-pi", "spyder", "sqlitebrowser", "squeak", "thg",
+    "tkcon-console", "tkcvs", "umlet", "visualvm", "wxGlade",
+});
 
-    // Office.
-    "abiword", "AddressManager", "app.drey.Planner", "calibre-ebook-edit", "calibre-gui", "cb2bib",
-    "com.calibre_ebook.calibre", "com.github.jeromerobert.pdfarranger", "com.sigil_ebook.Sigil",
-    "com.wps.Office", "diffpdf", "focuswriter", "freeplane", "glabels-3.0", "glom", "gnucash",
-    "gnumed_client", "gnumeric", "gramps", "grisbi", "gummi", "homebank", "io.frappe.books",
-    "io.gitlab.pyspread.pyspread", "jabref", "jameica", "jverein", "ktikz", "libreoffice-base",
-    "libreoffice-calc", "libreoffice-draw", "libreoffice-impress", "libreoffice-math",
-    "libreoffice-startcenter", "libreoffice-writer", "lyx", "manuskript", "net.ankiweb.Anki",
-    "net.xmind.XMind8", "net.xmind.ZEN", "org.cvfosammmm.Setzer", "org.gnome.Contacts",
-    "org.gnome.enter_tex", "org.gnome.GTG", "org.gnome.latexila", "org.gnumeric.gnumeric",
-    "org.gramps_project.Gramps", "org.grisbi.Grisbi", "org.kde.calligra", "org.kde.calligra.sheets",
-    "org.kde.calligra.stage", "org.kde.calligra.words", "org.kde.calligragemini",
-    "org.kde.calligraplan", "org.kde.calligrasheets", "org.kde.calligrastage",
-    "org.kde.calligrawords", "org.kde.kaddressbook", "org.kde.kbibtex", "org.kde.kexi-3.2",
-    "org.kde.kile", "org.kde.kmymoney", "org.kde.skrooge", "org.kde.tellico",
+/// Office.
+inline constexpr auto annexOffice = std::to_array<std::string_view>({
+    "AddressManager", "YAGF", "abiword", "app.drey.Planner", "calibre-ebook-edit", "calibre-gui",
+    "cb2bib", "com.calibre_ebook.calibre", "com.github.jeromerobert.pdfarranger",
+    "com.sigil_ebook.Sigil", "com.wps.Office", "diffpdf", "focuswriter", "freeplane", "glabels-3.0",
+    "glom", "gnucash", "gnumed_client", "gnumeric", "gramps", "grisbi", "gummi", "homebank",
+    "io.frappe.books", "io.gitlab.pyspread.pyspread", "jabref", "jameica", "jverein", "ktikz",
+    "libreoffice-base", "libreoffice-calc", "libreoffice-draw", "libreoffice-impress",
+    "libreoffice-math", "libreoffice-startcenter", "libreoffice-writer", "lyx", "manuskript",
+    "net.ankiweb.Anki", "net.xmind.XMind8", "net.xmind.ZEN", "org.cvfosammmm.Setzer",
+    "org.gnome.Contacts", "org.gnome.GTG", "org.gnome.enter_tex", "org.gnome.latexila",
+    "org.gnumeric.gnumeric", "org.gramps_project.Gramps", "org.grisbi.Grisbi", "org.kde.calligra",
+    "org.kde.calligra.sheets", "org.kde.calligra.stage", "org.kde.calligra.words",
+    "org.kde.calligragemini", "org.kde.calligraplan", "org.kde.calligrasheets",
+    "org.kde.calligrastage", "org.kde.calligrawords", "org.kde.kaddressbook", "org.kde.kbibtex",
+    "org.kde.kexi-3.2", "org.kde.kile", "org.kde.kmymoney", "org.kde.skrooge", "org.kde.tellico",
     "org.libreoffice.LibreOffice", "org.lyx.LyX", "org.onlyoffice.desktopeditors",
     "org.pdfstitcher.pdfstitcher", "org.texmacs.TeXmacs", "org.texstudio.TeXstudio",
     "org.tug.texworks", "pageedit", "pdfchain", "pdfsam", "plume-creator", "pytrainer", "qtikz",
     "scribus", "sigil", "texmacs", "texmaker", "texstudio", "texworks", "tryton-client", "vym",
-    "webissues", "work.openpaper.Paperwork", "YAGF",
+    "webissues", "work.openpaper.Paperwork",
+});
 
-    // Pictures, scans, drawings and models.
-    "ch.openboard.OpenBoard", "com.belmoussaoui.Obfuscate", "com.prusa3d.PrusaSlicer",
-    "com.sweethome3d.Sweethome3d", "de.bforartists.Bforartists", "net.epson.epsonscan2",
-    "net.sourceforge.qtpfsgui.LuminanceHDR", "openboard", "org.gimp.GIMP", "org.kde.spectacle",
-    "org.ksnip.ksnip", "org.openscad.OpenSCAD", "org.tuxpaint.Tuxpaint", "PrusaSlicer", "shutter",
-    "slic3r", "wings3d",
+/// Pictures, scans, drawings and models.
+inline constexpr auto annexPictures = std::to_array<std::string_view>({
+    "PrusaSlicer", "ch.openboard.OpenBoard", "com.belmoussaoui.Obfuscate",
+    "com.prusa3d.PrusaSlicer", "com.sweethome3d.Sweethome3d", "de.bforartists.Bforartists",
+    "net.epson.epsonscan2", "net.sourceforge.qtpfsgui.LuminanceHDR", "openboard", "org.gimp.GIMP",
+    "org.kde.spectacle", "org.ksnip.ksnip", "org.openscad.OpenSCAD", "org.tuxpaint.Tuxpaint",
+    "shutter", "slic3r", "wings3d",
+});
 
-    // Video.
+/// Video.
+inline constexpr auto annexVideo = std::to_array<std::string_view>({
     "aegisub", "arv-viewer-0.8", "com.github.rafostar.Clapper", "deepin-movie", "devede_ng.py",
     "dvbcut", "freetuxtv", "gmerlin-player", "gmerlin-transcoder", "imagination",
     "io.github.celluloid_player.Celluloid", "io.github.jliljebl.Flowblade", "io.mpv.Mpv",
     "io.otsaloma.gaupol", "kodi", "minitube", "mplayer", "mpv", "mystiq", "org.bino3d.bino",
-    "org.bunkus.mkvtoolnix-gui", "org.gnome.gitlab.YaLTeR.VideoTrimmer", "org.gnome.GnomeSubtitles",
-    "org.gnome.Showtime", "org.gnome.Totem", "org.kde.dragonplayer", "org.kde.haruna",
-    "org.kde.kaffeine", "org.kde.kdenlive", "org.kde.kmplayer", "org.kde.subtitlecomposer",
-    "org.kitone.subtitleeditor", "org.olivevideoeditor.Olive", "org.openshot.OpenShot",
-    "org.pitivi.Pitivi", "org.shotcut.Shotcut", "org.sigxcpu.Livi", "org.xfce.Parole",
-    "photofilmstrip", "qstopmotion", "qwinff", "smplayer", "smtube", "stopmotion", "subdownloader",
-    "syncplay", "tv.kodi.Kodi", "tvtime", "vdr-fbfe", "vdr-sxfe", "vdr-wlfe", "winff", "xawtv",
-    "xjadeo",
+    "org.bunkus.mkvtoolnix-gui", "org.gnome.GnomeSubtitles", "org.gnome.Showtime",
+    "org.gnome.Totem", "org.gnome.gitlab.YaLTeR.VideoTrimmer", "org.kde.dragonplayer",
+    "org.kde.haruna", "org.kde.kaffeine", "org.kde.kdenlive", "org.kde.kmplayer",
+    "org.kde.subtitlecomposer", "org.kitone.subtitleeditor", "org.olivevideoeditor.Olive",
+    "org.openshot.OpenShot", "org.pitivi.Pitivi", "org.shotcut.Shotcut", "org.sigxcpu.Livi",
+    "org.xfce.Parole", "photofilmstrip", "qstopmotion", "qwinff", "smplayer", "smtube",
+    "stopmotion", "subdownloader", "syncplay", "tv.kodi.Kodi", "tvtime", "vdr-fbfe", "vdr-sxfe",
+    "vdr-wlfe", "winff", "xawtv", "xjadeo",
+});
 
-    // Sound: players, editors and instruments.
-    "app.moosync.moosync", "ardour", "betaradio", "com.doycho.euterpe.gtk", "com.github.Flacon",
-    "com.github.louis77.tuner", "com.github.neithern.g4music", "com.github.taiko2k.tauonmb",
-    "dev.alextren.Spot", "goattracker", "lomiri-music-app", "mhwaveedit", "mp3diags", "MPDCon",
-    "org.atheme.audacious", "org.audacityteam.Audacity", "org.fooyin.fooyin",
-    "org.gmusicbrowser.gmusicbrowser", "org.kde.kasts", "org.kde.kwave", "org.musescore.MuseScore",
-    "org.strawberrymusicplayer.strawberry", "sooperlooper", "vagalume", "xcfa",
+/// Sound: players, editors and instruments.
+inline constexpr auto annexSound = std::to_array<std::string_view>({
+    "MPDCon", "app.moosync.moosync", "ardour", "betaradio", "com.doycho.euterpe.gtk",
+    "com.github.Flacon", "com.github.louis77.tuner", "com.github.neithern.g4music",
+    "com.github.taiko2k.tauonmb", "dev.alextren.Spot", "goattracker", "lomiri-music-app",
+    "mhwaveedit", "mp3diags", "org.atheme.audacious", "org.audacityteam.Audacity",
+    "org.fooyin.fooyin", "org.gmusicbrowser.gmusicbrowser", "org.kde.kasts", "org.kde.kwave",
+    "org.musescore.MuseScore", "org.strawberrymusicplayer.strawberry", "sooperlooper", "vagalume",
+    "xcfa",
+});
 
-    // Science, engineering and computation.
+/// Science, engineering and computation.
+inline constexpr auto annexScience = std::to_array<std::string_view>({
     "electric", "geogebra", "gnome-genius", "gtkwave", "invesalius", "kst2", "org.gaphor.Gaphor",
     "org.kde.kig", "org.kde.step", "org.kicad.eeschema", "org.kicad.gerbview", "org.kicad.kicad",
     "org.kicad.pcbnew", "org.openchemistry.Avogadro2", "org.openstreetmap.josm",
     "org.scilab.Scilab", "pcb-rnd", "topcat", "visidata", "weka", "xcas",
+});
 
-    // Archives and disk usage: what they do they do with the CPU.
-    "arqiver", "com.github.qarmin.czkawka", "dupeguru", "engrampa", "gdmap", "k4dirstat",
-    "lxqt-archiver", "mate-disk-usage-analyzer", "org.gnome.baobab", "org.gnome.FileRoller",
-    "org.kde.ark", "org.kde.filelight", "org.kde.kdf", "qdirstat", "xarchiver", "xfa", "Zipper",
+/// Archives and disk usage: what they do they do with the CPU.
+inline constexpr auto annexArchives = std::to_array<std::string_view>({
+    "Zipper", "arqiver", "com.github.qarmin.czkawka", "dupeguru", "engrampa", "gdmap", "k4dirstat",
+    "lxqt-archiver", "mate-disk-usage-analyzer", "org.gnome.FileRoller", "org.gnome.baobab",
+    "org.kde.ark", "org.kde.filelight", "org.kde.kdf", "qdirstat", "xarchiver", "xfa",
+});
 
-    // Games and their launchers.
+/// Games and their launchers.
+inline constexpr auto annexGames = std::to_array<std::string_view>({
     "com.heroicgameslauncher.hgl", "io.itch.itch", "net.lutris.Lutris",
     "org.prismlauncher.PrismLauncher",
-    // clang-format on
 });
+
+/// All of these, by subject.
+inline constexpr std::array<std::span<const std::string_view>, 12> annexCautious{
+    annexMail, annexChat, annexEditors, annexNotes, annexDevelopment, annexOffice, annexPictures,
+    annexVideo, annexSound, annexScience, annexArchives, annexGames,
+};
+
+// clang-format on
 
 } // namespace calmora

@@ -1,16 +1,19 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string_view>
+
+// What is never quit automatically: somebody waits for it, or work in it dies unseen.
+// Desktop ids of Debian 12 and 13, of flatpaks and of vendors' packages. Each array is sorted.
 
 namespace calmora {
 
-/// What is never quit automatically: somebody waits for it, or work in it dies unseen.
-/// By subject: desktop ids of Debian 12 and 13, of flatpaks, and of vendors' packages.
-inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
-    // clang-format off
-    // Terminals: whatever runs in them dies with them.
-    "Alacritty", "alacritty", "app.devsuite.Ptyxis", "com.gexperts.Tilix",
+// clang-format off
+
+/// Terminals: whatever runs in them dies with them.
+inline constexpr auto annexTerminals = std::to_array<std::string_view>({
+    "Alacritty", "Terminal", "alacritty", "app.devsuite.Ptyxis", "com.gexperts.Tilix",
     "com.github.amezin.ddterm", "com.mitchellh.ghostty", "com.raggesilver.BlackBox",
     "com.system76.CosmicTerm", "cool-retro-term", "cutecom", "debian-uxterm", "debian-xterm",
     "deepin-terminal", "foot", "foot-server", "footclient", "gmrun", "gtkterm", "guake",
@@ -19,14 +22,18 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "org.alacritty.Alacritty", "org.contourterminal.Contour", "org.gnome.Console",
     "org.gnome.Ptyxis", "org.gnome.Terminal", "org.kde.konsole", "org.kde.qmlkonsole",
     "org.kde.yakuake", "org.laptop.Terminal.activity", "org.wezfurlong.wezterm", "pangoterm",
-    "pterm", "qterminal", "qterminal-drop", "rxvt-unicode", "sakura", "seyon", "st", "Terminal",
-    "terminator", "terminology", "terminus", "termit", "tilda", "tilda-dbus", "uxterm", "x3270",
-    "xfce4-terminal", "xfce4-terminal-emulator", "xgterm", "xiterm+thai", "xterm", "zutty",
+    "pterm", "qterminal", "qterminal-drop", "rxvt-unicode", "sakura", "seyon", "st", "terminator",
+    "terminology", "terminus", "termit", "tilda", "tilda-dbus", "uxterm", "x3270", "xfce4-terminal",
+    "xfce4-terminal-emulator", "xgterm", "xiterm+thai", "xterm", "zutty",
+});
 
-    // Terminals that Debian packages without a desktop entry.
+/// Terminals that Debian packages without a desktop entry.
+inline constexpr auto annexTerminalPrograms = std::to_array<std::string_view>({
     "exe:/usr/bin/Eterm.Eterm", "exe:/usr/bin/yeahconsole.yeahconsole",
+});
 
-    // Connections to other machines, in both directions.
+/// Connections to other machines, in both directions.
+inline constexpr auto annexConnections = std::to_array<std::string_view>({
     "barrier", "clusterssh", "com.github.debauchee.barrier", "com.github.muriloventuroso.easyssh",
     "dev.lizardbyte.app.Sunshine", "epoptes", "ganyremote", "gitso", "grdesktop", "kanyremote",
     "org.deskflow.deskflow", "org.gnome.Connections", "org.gnome.NetworkDisplays",
@@ -36,10 +43,12 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "pyhoca-gui", "remmina-gnome", "remote-viewer", "sdl-freerdp3", "secpanel", "ssvnc",
     "veyon-master", "vinagre", "vino-server", "x11vnc", "x2goclient", "x2gofm", "xfreerdp3", "xpra",
     "xpra-gui", "xpra-launcher", "xpra-shadow", "xtigervncviewer",
+});
 
-    // Virtual machines, emulators and Windows programs: what runs inside is lost.
-    "app.xemu.xemu", "aqemu", "aranym-jit", "aranym-mmu", "ares", "blastem", "cen64-qt",
-    "com.dosbox_x.DOSBox-X", "com.libretro.RetroArch", "com.supermodel3.Supermodel",
+/// Virtual machines, emulators and Windows programs: what runs inside is lost.
+inline constexpr auto annexMachines = std::to_array<std::string_view>({
+    "PlayOnLinux", "app.xemu.xemu", "aqemu", "aranym-jit", "aranym-mmu", "ares", "blastem",
+    "cen64-qt", "com.dosbox_x.DOSBox-X", "com.libretro.RetroArch", "com.supermodel3.Supermodel",
     "com.usebottles.bottles", "dolphin-emu", "dosbox", "fceux", "fs-uae-arcade", "fuse-gtk",
     "fuse-sdl", "gnome-video-arcade", "hatari", "herculesstudio", "io.github.dosbox-staging",
     "io.mgba.mGBA", "mame", "mednaffe", "mupen64plus-qt", "nestopia", "net.cebix.basilisk",
@@ -47,11 +56,13 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "openMSX-Catapult", "org.citra_emu.citra", "org.flycast.Flycast", "org.gnome.Boxes",
     "org.libretro.RetroArch", "org.mamedev.MAME", "org.ppsspp.PPSSPP",
     "org.virt_manager.virt-manager", "org.virtualsquare.umps3", "org.winehq.wine",
-    "org.yuzu_emu.yuzu", "osmose-emulator", "PlayOnLinux", "protontricks", "q4wine", "qtrvsim",
-    "retroarch", "rlvm", "stella", "tilem2", "virt-manager", "virtualbox", "virtualjaguar",
-    "vmware-player", "vmware-workstation", "winetricks",
+    "org.yuzu_emu.yuzu", "osmose-emulator", "protontricks", "q4wine", "qtrvsim", "retroarch",
+    "rlvm", "stella", "tilem2", "virt-manager", "virtualbox", "virtualjaguar", "vmware-player",
+    "vmware-workstation", "winetricks",
+});
 
-    // System tools and settings.
+/// System tools and settings.
+inline constexpr auto annexSystemTools = std::to_array<std::string_view>({
     "alacarte", "android-file-transfer", "avahi-discover", "bacula-tray-monitor", "bat", "batmon",
     "biometric-manager", "boinc-manager", "budgie-control-center", "ca.desrt.dconf-editor",
     "cairo-dock", "cairo-dock-cairo", "ccsm", "clamtk", "cmst", "com.mattjakeman.ExtensionManager",
@@ -69,8 +80,8 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "org.corectrl.CoreCtrl", "org.debian.galternatives", "org.fcitx.Fcitx5",
     "org.freedesktop.MalcontentControl", "org.freedesktop.Piper", "org.gnome.Extensions",
     "org.gnome.Firmware", "org.gnome.GPaste.Ui", "org.gnome.KrbAuthDialog", "org.gnome.Logs",
-    "org.gnome.PowerStats", "org.gnome.Settings", "org.gnome.SystemMonitor", "org.gnome.tweaks",
-    "org.gnome.Usage", "org.kde.kalarm", "org.kde.kinfocenter", "org.kde.kmenuedit",
+    "org.gnome.PowerStats", "org.gnome.Settings", "org.gnome.SystemMonitor", "org.gnome.Usage",
+    "org.gnome.tweaks", "org.kde.kalarm", "org.kde.kinfocenter", "org.kde.kmenuedit",
     "org.kde.ksystemlog", "org.kde.kwatchgnupg", "org.kde.latte-dock",
     "org.kde.plasma-systemmonitor", "org.kde.systemmonitor", "org.mozilla.vpn",
     "org.openrgb.OpenRGB", "org.rnd2.cpupower_gui", "org.wireshark.Wireshark",
@@ -79,49 +90,57 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "system-config-printer", "systemsettings", "tint2", "usbview", "wpa_gui",
     "xfce-settings-manager", "xfce4-sensors", "xfce4-settings-editor", "xfce4-taskmanager",
     "xsensors",
+});
 
-    // Installing and updating software.
-    "calamares-install-debian", "gdebi", "install-debian", "org.gnome.Packages",
-    "org.gnome.PackageUpdater", "org.gnome.Software", "org.kde.apper", "org.kde.discover",
+/// Installing and updating software.
+inline constexpr auto annexInstallers = std::to_array<std::string_view>({
+    "calamares-install-debian", "gdebi", "install-debian", "org.gnome.PackageUpdater",
+    "org.gnome.Packages", "org.gnome.Software", "org.kde.apper", "org.kde.discover",
     "software-properties-gtk", "software-properties-qt", "synaptic", "torbrowser-settings",
+});
 
-    // Passwords, keys and one-time codes.
-    "cardpeek", "com.belmoussaoui.Authenticator", "com.cloudchewie.cloudotp",
-    "com.github.paolostivanin.GTKCrypto", "com.github.paolostivanin.OTPClient",
-    "com.governikus.ausweisapp2", "com.nitrokey.nitrokey-app2", "com.yubico.yubioath",
-    "de.hohnstaedt.xca", "firejail-ui", "firetools", "gnomint", "gpa", "gringotts",
-    "info.olasagasti.revelation", "io.github.mhogomchungu.sirikali", "keepass2",
-    "lomiri-tfamanager-app", "luckyluks", "me.proton.Pass", "nitrokey-app", "NitrokeyAuthenticator",
-    "nmapsi4", "nmapsi4-admin", "org.cryptomator.Cryptomator", "org.gnome.Keysign",
-    "org.gnome.seahorse.Application", "org.gnome.World.Secrets", "org.kde.keysmith", "org.kde.kgpg",
-    "org.kde.kleopatra", "org.kde.kwalletmanager", "org.kde.kwalletmanager5",
-    "org.keepassxc.KeePassXC", "org.postmarketos.Numberstation", "password-gorilla", "pwsafe",
-    "qtpass", "stoken-gui", "stoken-gui-small", "xca", "ykman-gui", "zenmap", "zenmap-root",
+/// Passwords, keys and one-time codes.
+inline constexpr auto annexSecrets = std::to_array<std::string_view>({
+    "NitrokeyAuthenticator", "cardpeek", "com.belmoussaoui.Authenticator",
+    "com.cloudchewie.cloudotp", "com.github.paolostivanin.GTKCrypto",
+    "com.github.paolostivanin.OTPClient", "com.governikus.ausweisapp2",
+    "com.nitrokey.nitrokey-app2", "com.yubico.yubioath", "de.hohnstaedt.xca", "firejail-ui",
+    "firetools", "gnomint", "gpa", "gringotts", "info.olasagasti.revelation",
+    "io.github.mhogomchungu.sirikali", "keepass2", "lomiri-tfamanager-app", "luckyluks",
+    "me.proton.Pass", "nitrokey-app", "nmapsi4", "nmapsi4-admin", "org.cryptomator.Cryptomator",
+    "org.gnome.Keysign", "org.gnome.World.Secrets", "org.gnome.seahorse.Application",
+    "org.kde.keysmith", "org.kde.kgpg", "org.kde.kleopatra", "org.kde.kwalletmanager",
+    "org.kde.kwalletmanager5", "org.keepassxc.KeePassXC", "org.postmarketos.Numberstation",
+    "password-gorilla", "pwsafe", "qtpass", "stoken-gui", "stoken-gui-small", "xca", "ykman-gui",
+    "zenmap", "zenmap-root",
+});
 
-    // Disks, backups and synchronisation.
-    "AcetoneISO", "backintime-qt", "backintime-qt-root", "bleachbit-root", "brasero",
-    "btrfs-assistant", "burner", "caja-dropbox", "com.borgbase.Vorta", "com.diffingo.fwbackups",
-    "com.nextcloud.desktopclient.nextcloud", "com.seafile.seafile-applet",
-    "com.synology.SynologyDrive", "com.syntevo.SmartSynchronize", "deepin-boot-maker", "dkopp",
-    "dvdisaster", "FreeFileSync", "gcdmaster", "git-annex", "gnome-disk-image-mounter",
-    "gnome-disk-image-writer", "gparted", "grsync", "guymager", "gzbd", "image-analyzer",
-    "io.gitlab.secu_design.usb-imager", "isomaster", "kdiskmark", "live_clone", "luckybackup",
-    "luckybackup-su", "me.kozec.syncthingtk", "mintstick", "mintstick-format", "onedriver",
-    "org.bleachbit.BleachBit", "org.freefilesync.FreeFileSync", "org.gnome.DejaDup",
+/// Disks, backups and synchronisation.
+inline constexpr auto annexDisks = std::to_array<std::string_view>({
+    "AcetoneISO", "FreeFileSync", "QDiskInfo", "RealTimeSync", "backintime-qt",
+    "backintime-qt-root", "bleachbit-root", "brasero", "btrfs-assistant", "burner", "caja-dropbox",
+    "com.borgbase.Vorta", "com.diffingo.fwbackups", "com.nextcloud.desktopclient.nextcloud",
+    "com.seafile.seafile-applet", "com.synology.SynologyDrive", "com.syntevo.SmartSynchronize",
+    "deepin-boot-maker", "dkopp", "dvdisaster", "gcdmaster", "git-annex",
+    "gnome-disk-image-mounter", "gnome-disk-image-writer", "gparted", "grsync", "guymager", "gzbd",
+    "image-analyzer", "io.gitlab.secu_design.usb-imager", "isomaster", "kdiskmark", "live_clone",
+    "luckybackup", "luckybackup-su", "me.kozec.syncthingtk", "mintstick", "mintstick-format",
+    "onedriver", "org.bleachbit.BleachBit", "org.freefilesync.FreeFileSync", "org.gnome.DejaDup",
     "org.gnome.DiskUtility", "org.gnome.MultiWriter", "org.gnome.World.PikaBackup",
     "org.kde.isoimagewriter", "org.kde.k3b", "org.kde.kbackup", "org.kde.kfloppy",
     "org.kde.kwikdisk", "org.kde.partitionmanager", "org.kde.smb4k", "org.raspberrypi.rpi-imager",
-    "owncloud", "QDiskInfo", "qpxtool", "rclone-browser", "RealTimeSync", "redhat-usermount",
-    "scolasync", "seafile", "shredder", "sync", "syncthing-gtk", "syncthing-start", "syncthingtray",
-    "timeshift-gtk", "ukopp", "unison-2.51+4.13.1-gtk", "unison-2.52-gtk", "unison-2.53-gtk",
-    "xfburn",
+    "owncloud", "qpxtool", "rclone-browser", "redhat-usermount", "scolasync", "seafile", "shredder",
+    "sync", "syncthing-gtk", "syncthing-start", "syncthingtray", "timeshift-gtk", "ukopp",
+    "unison-2.51+4.13.1-gtk", "unison-2.52-gtk", "unison-2.53-gtk", "xfburn",
+});
 
-    // Downloads, file transfer and servers.
-    "amule", "app.drey.Warp", "Camera", "com.github.persepolisdm.persepolis",
+/// Downloads, file transfer and servers.
+inline constexpr auto annexTransfers = std::to_array<std::string_view>({
+    "Camera", "FTP", "WebHTTrack", "amule", "app.drey.Warp", "com.github.persepolisdm.persepolis",
     "com.github.unrud.VideoDownloader", "com.transmissionbt.Transmission", "davmail",
-    "de.haeckerfelix.Fragments", "deluge", "eiskaltdcpp-gtk", "eiskaltdcpp-qt", "filezilla", "FTP",
-    "gftp", "gmtp", "gnomad2", "gnunet-fs-gtk", "gpodder", "gtkpod", "httraqt",
-    "io.frama.tractor.carburetor", "io.github.nozwock.Packet", "io.github.TransmissionRemoteGtk",
+    "de.haeckerfelix.Fragments", "deluge", "eiskaltdcpp-gtk", "eiskaltdcpp-qt", "filezilla", "gftp",
+    "gmtp", "gnomad2", "gnunet-fs-gtk", "gpodder", "gtkpod", "httraqt",
+    "io.frama.tractor.carburetor", "io.github.TransmissionRemoteGtk", "io.github.nozwock.Packet",
     "jftp", "jupyter-notebook", "jupyterlab", "litecoin-qt", "mediathekview",
     "net.damonlynch.rapid_photo_downloader", "org.equeim.Tremotesf",
     "org.filezillaproject.Filezilla", "org.freedownloadmanager.Manager", "org.gnome.frogr",
@@ -129,15 +148,19 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "org.onionshare.OnionShare", "org.openscopeproject.TrguiNG", "org.qbittorrent.qBittorrent",
     "org.sabnzbd.sabnzbd", "org.tractor.carburetor", "persepolis", "qweborf", "sabnzbdplus",
     "sachesi", "selektor", "transgui", "transmission-gtk", "transmission-qt", "uget-gtk",
-    "WebHTTrack", "youtubedl-gui",
+    "youtubedl-gui",
+});
 
-    // File managers: they copy and move in the background.
-    "4Pane", "caja", "caja-browser", "caja-home", "dev.tchx84.Portfolio", "doublecmd", "far2l",
-    "GWorkspace", "nemo", "org.gnome.gnome-commander", "org.gnome.Nautilus", "org.kde.dolphin",
+/// File managers: they copy and move in the background.
+inline constexpr auto annexFileManagers = std::to_array<std::string_view>({
+    "4Pane", "GWorkspace", "caja", "caja-browser", "caja-home", "dev.tchx84.Portfolio", "doublecmd",
+    "far2l", "nemo", "org.gnome.Nautilus", "org.gnome.gnome-commander", "org.kde.dolphin",
     "org.kde.krusader", "pcmanfm", "pcmanfm-qt", "peony", "rox-filer", "spacefm", "thunar",
     "tuxcmd", "worker", "xfe",
+});
 
-    // Aids for seeing, hearing, typing and pointing; helpers that work unseen.
+/// Aids for seeing, hearing, typing and pointing; helpers that work unseen.
+inline constexpr auto annexHelpers = std::to_array<std::string_view>({
     "actiona", "autokey-gtk", "autokey-qt", "caffeine", "clipit", "com.github.hluk.copyq",
     "com.github.spheras.desktopfolder", "com.github.wwmm.easyeffects",
     "com.github.wwmm.pulseeffects", "com.ulduzsoft.Birdtray", "dasher", "diodon", "eviacam",
@@ -148,8 +171,10 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "org.kde.xwaylandvideobridge", "org.rncbc.qjackctl", "org.rncbc.qpwgraph", "parcellite",
     "pasystray", "plover", "pnmixer", "qlipper", "raysession", "safeeyes", "screenkey",
     "spotlighter", "synapse", "variety", "workrave", "wstroke-config", "xfce4-clipman", "xzoom",
+});
 
-    // Recordings and broadcasts.
+/// Recordings and broadcasts.
+inline constexpr auto annexRecorders = std::to_array<std::string_view>({
     "be.maartenbaert.simplescreenrecorder", "butt", "com.uploadedlobster.peek",
     "deepin-screen-recorder", "gmerlin-recorder", "gnome-dvb-control", "guvcview", "idjc",
     "io.github.seadve.Kooha", "kazam", "kluppe", "mkchromecast", "net.flyingpimonster.Camera",
@@ -157,32 +182,50 @@ inline constexpr auto annexNeverQuit = std::to_array<std::string_view>({
     "org.gnome.Snapshot", "org.gnome.SoundRecorder", "org.kde.kamoso", "org.kde.krecorder",
     "org.mixxx.Mixxx", "qjackrcd", "qlcplus", "simplescreenrecorder", "timemachine", "traverso",
     "vimix", "voctogui", "vokoscreenNG", "webcamoid",
+});
 
-    // Copying a disc takes longer than it takes to forget it.
-    "asunder", "org.gnome.gitlab.grimripper", "org.gnome.SoundJuicer", "ripperx",
+/// Copying a disc takes longer than it takes to forget it.
+inline constexpr auto annexRippers = std::to_array<std::string_view>({
+    "asunder", "org.gnome.SoundJuicer", "org.gnome.gitlab.grimripper", "ripperx",
+});
 
-    // Calls: nobody looks at the window of one.
+/// Calls: nobody looks at the window of one.
+inline constexpr auto annexCalls = std::to_array<std::string_view>({
     "info.mumble.Mumble", "io.github.qtox.qTox", "jami", "jamulus", "linphone", "mangler", "mumble",
     "net.jami.Jami", "org.gnome.Calls", "org.jacktrip.JackTrip", "org.kde.phone.dialer",
     "org.kde.plasma.dialer", "qtel", "twinkle",
+});
 
-    // Alarms, timers and calendars, which remind.
-    "alarm-clock-applet", "charmtimetracker", "etm", "gtimer", "lomiri-clock-app",
-    "org.gnome.Calendar", "org.gnome.clocks", "org.gnome.Pomodoro", "org.kde.calindori",
+/// Alarms, timers and calendars, which remind.
+inline constexpr auto annexReminders = std::to_array<std::string_view>({
+    "SimpleAgenda", "alarm-clock-applet", "charmtimetracker", "etm", "gtimer", "lomiri-clock-app",
+    "org.gnome.Calendar", "org.gnome.Pomodoro", "org.gnome.clocks", "org.kde.calindori",
     "org.kde.kalendar", "org.kde.kclock", "org.kde.korganizer", "org.kde.kronometer",
     "org.kde.kteatime", "org.kde.ktimer", "org.kde.ktimetracker", "org.kde.merkuro.calendar",
-    "org.xfce.orage", "osmo", "SimpleAgenda", "stopwatch", "tkremind",
-
-    // Machines, radios, telescopes and prints that are under way.
-    "altusmetrum-altosui", "altusmetrum-telegps", "bCNC", "chirp", "com.chirpmyradio.chirp",
-    "direwolf", "flrig", "galvani", "gpredict", "IMSProg",
-    "io.github.betaflight.BetaflightConfigurator", "navit", "opencpn", "org.kde.kstars", "ponyprog",
-    "pronterface", "qdmr", "qFlipper", "repetier-host", "repsnapper", "stlink-gui", "ucrpf1host",
-    "wfview", "xastir",
-
-    // Presentations: they stay in front for as long as somebody talks.
-    "io.github.pympress", "pympress",
-    // clang-format on
+    "org.xfce.orage", "osmo", "stopwatch", "tkremind",
 });
+
+/// Machines, radios, telescopes and prints that are under way.
+inline constexpr auto annexInstruments = std::to_array<std::string_view>({
+    "IMSProg", "altusmetrum-altosui", "altusmetrum-telegps", "bCNC", "chirp",
+    "com.chirpmyradio.chirp", "direwolf", "flrig", "galvani", "gpredict",
+    "io.github.betaflight.BetaflightConfigurator", "navit", "opencpn", "org.kde.kstars", "ponyprog",
+    "pronterface", "qFlipper", "qdmr", "repetier-host", "repsnapper", "stlink-gui", "ucrpf1host",
+    "wfview", "xastir",
+});
+
+/// Presentations: they stay in front for as long as somebody talks.
+inline constexpr auto annexPresenters = std::to_array<std::string_view>({
+    "io.github.pympress", "pympress",
+});
+
+/// All of these, by subject.
+inline constexpr std::array<std::span<const std::string_view>, 17> annexNeverQuit{
+    annexTerminals, annexTerminalPrograms, annexConnections, annexMachines, annexSystemTools,
+    annexInstallers, annexSecrets, annexDisks, annexTransfers, annexFileManagers, annexHelpers,
+    annexRecorders, annexRippers, annexCalls, annexReminders, annexInstruments, annexPresenters,
+};
+
+// clang-format on
 
 } // namespace calmora

@@ -62,7 +62,7 @@ constexpr auto cautious = std::to_array<std::string_view>({
     "Midi",
     "NumericalAnalysis",
     "OCR",
-    "Photography",
+
     "Presentation",
     "Profiling",
     "ProjectManagement",

@@ -5,44 +5,38 @@
 #include "autoquit/AnnexSafeToQuit.h"
 
 #include <algorithm>
-#include <array>
 
 namespace calmora {
 namespace {
 
-constexpr auto byIdentifier = [] {
-    std::array<AnnexEntry, annexNeverQuit.size() + annexCautious.size() + annexSafeToQuit.size()>
-        all{};
-    auto at = all.begin();
-    const auto add = [&at](std::span<const std::string_view> identifiers, IdleBehavior behavior) {
-        for (const std::string_view identifier : identifiers) {
-            *at++ = {identifier, behavior};
-        }
-    };
-    add(annexNeverQuit, IdleBehavior::neverQuit);
-    add(annexCautious, IdleBehavior::cautious);
-    add(annexSafeToQuit, IdleBehavior::safeToQuit);
-    std::ranges::sort(all, {}, &AnnexEntry::identifier);
-    return all;
-}();
+using Identifiers = std::span<const std::string_view>;
 
-static_assert(std::ranges::adjacent_find(byIdentifier, {}, &AnnexEntry::identifier) ==
-                  byIdentifier.end(),
-              "an identifier is listed twice");
+constexpr bool isListed(std::span<const Identifiers> subjects, std::string_view identifier) {
+    return std::ranges::any_of(subjects, [identifier](Identifiers identifiers) {
+        return std::ranges::binary_search(identifiers, identifier);
+    });
+}
+
+constexpr bool areSorted(std::span<const Identifiers> subjects) {
+    return std::ranges::all_of(
+        subjects, [](Identifiers identifiers) { return std::ranges::is_sorted(identifiers); });
+}
+
+static_assert(areSorted(annexNeverQuit) && areSorted(annexCautious) && areSorted(annexSafeToQuit));
 
 } // namespace
 
-std::span<const AnnexEntry> linuxAnnex() {
-    return byIdentifier;
-}
-
 std::optional<IdleBehavior> annexBehavior(std::string_view identifier) {
-    const auto found =
-        std::ranges::lower_bound(byIdentifier, identifier, {}, &AnnexEntry::identifier);
-    if (found == byIdentifier.end() || found->identifier != identifier) {
-        return std::nullopt;
+    if (isListed(annexNeverQuit, identifier)) {
+        return IdleBehavior::neverQuit;
     }
-    return found->idleBehavior;
+    if (isListed(annexCautious, identifier)) {
+        return IdleBehavior::cautious;
+    }
+    if (isListed(annexSafeToQuit, identifier)) {
+        return IdleBehavior::safeToQuit;
+    }
+    return std::nullopt;
 }
 
 } // namespace calmora

@@ -3,25 +3,15 @@
 #include "autoquit/KnownApps.h"
 
 #include <optional>
-#include <span>
 #include <string_view>
 
 namespace calmora {
 
-/// One line of the annex.
-struct AnnexEntry {
-    /// A desktop file id without ".desktop", or a workspace's identifier for a program without one.
-    std::string_view identifier;
-    IdleBehavior idleBehavior;
-};
-
-/// The annex to the catalogue: how auto-quit treats Linux applications that are not in it, judged
-/// one by one by what is lost when they are closed after half an hour. Ordered by identifier; no
-/// identifier stands twice, and none is in the catalogue.
-[[nodiscard]] std::span<const AnnexEntry> linuxAnnex();
-
-/// The behavior of an identifier in the annex, compared exactly; absent for all others.
-/// Cost: a binary search.
+/// How auto-quit treats a Linux application that is not in the catalogue, judged one by one by
+/// what is lost when it is closed after half an hour. The identifier is a desktop file id without
+/// ".desktop", compared exactly. Absent for what is not listed; nothing is that the catalogue
+/// knows.
+/// Cost: a binary search in each of some thirty lists.
 [[nodiscard]] std::optional<IdleBehavior> annexBehavior(std::string_view identifier);
 
 } // namespace calmora

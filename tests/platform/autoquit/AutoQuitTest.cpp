@@ -6,6 +6,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace calmora {
 namespace {
@@ -43,11 +44,26 @@ struct AutoQuitOnADesktop : testing::Test {
         return process;
     }
 
+    /// Installs an application whose windows have its name as class.
+    void install(const std::string& id, const std::string& name, const std::string& categories) {
+        const auto entries = machine.desktop.home() / "data/applications";
+        std::filesystem::create_directories(entries);
+        std::ofstream(entries / (id + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=" << name
+            << "\nExec=/bin/true\nStartupWMClass=" << name << "\nCategories=" << categories << '\n';
+    }
+
     /// One pass; what it has slept meanwhile.
     std::chrono::microseconds check() {
         clock.slept = {};
         manager.checkAndQuitInactiveApps();
         return clock.slept;
+    }
+
+    /// The same after so long that a busy process has had its turn since the last pass.
+    std::chrono::microseconds laterCheck() {
+        std::this_thread::sleep_for(500ms);
+        return check();
     }
 
     LinuxDesktop machine{{.sessionBus = true}};
@@ -64,10 +80,7 @@ struct AutoQuitOnADesktop : testing::Test {
 };
 
 TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
-    const auto entries = machine.desktop.home() / "data/applications";
-    std::filesystem::create_directories(entries);
-    std::ofstream(entries / "com.jetbrains.fleet.desktop")
-        << "[Desktop Entry]\nType=Application\nName=Busy\nExec=/bin/true\nStartupWMClass=Busy\n";
+    install("com.jetbrains.fleet", "Busy", "");
     manager.activityTracker().startTracking();
     const pid_t idle = comesToFront(machine.desktop.start({"xcalc"}));
     const pid_t editor = comesToFront(machine.desktop.start({"mousepad"}));
@@ -91,13 +104,18 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
     settings.setAutoQuitEnabled(true);
     check();
     EXPECT_FALSE(machine.isRunning(idle));
+    EXPECT_EQ(machine.windowCount(editor), editorWindows) << "first it is only looked at";
+    EXPECT_TRUE(waitFor([&] {
+        laterCheck();
+        return machine.windowCount(editor) > editorWindows;
+    }));
     ASSERT_EQ(notifications.added.size(), 1U);
     EXPECT_EQ(notifications.added[0].body, "XCalc was quit after 15 minutes");
     EXPECT_TRUE(machine.isRunning(editor));
     EXPECT_EQ(machine.windowCount(editor), editorWindows + 1) << "it asks about the text";
     EXPECT_TRUE(machine.isRunning(busy));
 
-    EXPECT_EQ(check(), 0us) << "neither the one that asks nor the busy one is asked again";
+    EXPECT_EQ(laterCheck(), 0us) << "neither the one that asks nor the busy one is asked again";
     EXPECT_EQ(machine.windowCount(editor), editorWindows + 1);
     EXPECT_EQ(manager.activityTracker().lastActiveTime().size(), 2U) << "both stay eligible";
     const pid_t stopped = comesToFront(machine.client({"--class", "Stopped"}));
@@ -109,6 +127,31 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
         << "and not waited for any longer";
     EXPECT_TRUE(machine.isRunning(stopped));
     EXPECT_EQ(notifications.added.size(), 1U);
+}
+
+TEST_F(AutoQuitOnADesktop, SparesATerminalAndWhatHasABusyChild) {
+    install("org.example.Quiet", "Quiet", "Office;");
+    install("org.example.Working", "Working", "Office;");
+    const auto job = machine.desktop.home() / "job";
+    std::ofstream(job) << "#!/bin/sh\nwhile :; do :; done\n";
+    std::filesystem::permissions(job, std::filesystem::perms::owner_all);
+    manager.activityTracker().startTracking();
+    const pid_t terminal = comesToFront(machine.desktop.start({"xterm", "-e", "sleep", "100"}));
+    EXPECT_EQ(machine.listed(terminal)->bundleIdentifier, "debian-xterm");
+    const pid_t quiet = comesToFront(machine.client({"--class", "Quiet"}));
+    const pid_t working =
+        comesToFront(machine.client({"--class", "Working", "--child", job.string()}));
+
+    settings.setAutoQuitEnabled(true);
+    clock.shift = 24h;
+    check();
+    EXPECT_TRUE(machine.isRunning(quiet));
+    EXPECT_TRUE(waitFor([&] {
+        laterCheck();
+        return !machine.isRunning(quiet);
+    }));
+    EXPECT_TRUE(machine.isRunning(working));
+    EXPECT_TRUE(machine.isRunning(terminal));
 }
 
 } // namespace

@@ -148,6 +148,7 @@ TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
                                                  {"known.name", false},
                                                  {"Listed", true},
                                                  {"com.tidal.desktop", !musicRule},
+                                                 {"org.gnome.Rhythmbox3", !musicRule},
                                                  {"com.spotify.client", !musicRule}}) {
             launch(++process, identifier);
             age(identifier, 1h);
@@ -183,6 +184,24 @@ TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {
         {.pid = 4, .bundleIdentifier = cautious, .process = {.counters = std::nullopt}});
     age(cautious, 1h);
     EXPECT_EQ(check(), Pids{4}) << "no figure: not busy";
+}
+
+TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsAndWhatTheyAreDoing) {
+    machine.workspace.installed = {{"debian-xterm", {}}, {"org.xfce.mousepad", {}}};
+    launch(10, "debian-xterm");
+    age("debian-xterm", 24h);
+    EXPECT_EQ(check(), Pids{});
+    EXPECT_EQ(machine.processes.sampled, Pids{}) << "nobody whose use of the CPU matters";
+    launch(20, "org.xfce.mousepad");
+    for (const auto& [childUses, isQuit] : {std::pair{0s, false}, {2s, false}, {1s, true}}) {
+        machine.clock.advance(1min);
+        age("org.xfce.mousepad", 1h);
+        machine.processes.start(
+            21, {.parent = 20,
+                 .counters = ProcessCounters{
+                     .userTime = static_cast<std::uint64_t>(childUses.count()) * second}});
+        EXPECT_EQ(check(), isQuit ? Pids{20} : Pids{}) << childUses.count();
+    }
 }
 
 TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
