@@ -29,7 +29,7 @@ inline constexpr auto annexTerminals = std::to_array<std::string_view>({
 
 /// Terminals that Debian packages without a desktop entry.
 inline constexpr auto annexTerminalPrograms = std::to_array<std::string_view>({
-    "exe:/usr/bin/Eterm.Eterm", "exe:/usr/bin/yeahconsole.yeahconsole",
+    "exe:/usr/bin/Eterm.Eterm",
 });
 
 /// Connections to other machines, in both directions.

@@ -155,8 +155,11 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     fs::create_directories(entries);
     fs::copy_file(windowClient(), program);
     std::ofstream(entries / "org.example.Tidy.desktop")
-        << "[Desktop Entry]\nType=Application\nName=Tidy Agent\nIcon=tidy\nExec="
+        << "[Desktop Entry]\nType=Application\nName=Tidy Agent\nIcon=tidy\n"
+           "Categories=Utility;Clock;\nExec="
         << program.string() << " %U\n";
+    std::ofstream(entries / "org.example.Hosted.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Hosted\nExec=vi\nTerminal=true\n";
     // The agent has a helper that runs the same program.
     const pid_t agent = machine.desktop.start(
         {"/bin/sh", "-c",
@@ -174,6 +177,9 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     const auto installed = machine.workspace.installedApplication("org.example.Tidy");
     ASSERT_TRUE(installed);
     EXPECT_EQ(installed->displayName, "Tidy Agent");
+    EXPECT_EQ(installed->categories, (std::vector<std::string>{"Utility", "Clock"}));
+    EXPECT_FALSE(installed->needsTerminal);
+    EXPECT_TRUE(machine.workspace.installedApplication("org.example.Hosted")->needsTerminal);
     EXPECT_FALSE(machine.workspace.installedApplication("org.example.Absent"));
 
     // Somebody looks at the list: one that starts is found within a scan.

@@ -4,6 +4,7 @@
 #include "autoquit/AnnexNeverQuit.h"
 #include "autoquit/AnnexSafeToQuit.h"
 #include "autoquit/LinuxAnnex.h"
+#include "autoquit/MusicPlayers.h"
 
 #include <gtest/gtest.h>
 
@@ -108,6 +109,17 @@ TEST(LinuxAnnex, ListsNothingTwiceAndNothingOfTheCatalogue) {
                 EXPECT_FALSE(KnownApps::lookup(identifier)) << identifier;
             }
         }
+    }
+}
+
+TEST(MusicPlayers, AreThoseOfTheCatalogueAndThoseOfLinuxWithoutFilms) {
+    for (const char* player : {"com.spotify.client", "com.tidal.desktop", "org.gnome.Rhythmbox3",
+                               "audacious", "org.strawberrymusicplayer.strawberry", "vagalume"}) {
+        EXPECT_TRUE(isMusicPlayer(player)) << player;
+    }
+    for (const char* other : {"mpv", "org.gnome.Totem", "org.videolan.vlc", "kodi", "Audacious",
+                              "audacity", "aumix-gtk", ""}) {
+        EXPECT_FALSE(isMusicPlayer(other)) << other;
     }
 }
 

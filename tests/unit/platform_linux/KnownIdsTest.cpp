@@ -1,6 +1,7 @@
 #include "platform/linux/identity/KnownIds.h"
 
 #include "autoquit/KnownApps.h"
+#include "autoquit/LinuxAnnex.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,7 @@ TEST(KnownIds, PointIntoTheCatalogueOrTheMusicList) {
                                   : KnownApps::lookup(wellKnown).has_value();
         EXPECT_TRUE(isListed || KnownApps::musicAppBundleIDs().contains(wellKnown))
             << desktopId << " -> " << wellKnown;
+        EXPECT_FALSE(annexBehavior(desktopId)) << desktopId << " never comes by this name";
     }
 }
 

@@ -49,7 +49,7 @@ struct AppListViewModelTest : testing::Test {
     /// manager.
     void launchSome() {
         launch(4, "Xd", "com.adobe.xd");
-        launch(3, "Music", "com.spotify.client");
+        launch(3, "Music", "org.gnome.Rhythmbox3");
         launch(2, "bare", std::nullopt);
         launch(1, "Files", "com.apple.finder");
     }
