@@ -1,189 +1,301 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
+#include "IdentityFacts.h"
+
 #include <gtest/gtest.h>
 
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <set>
 
 namespace calmora {
 namespace {
 
-DesktopEntry entryOf(const std::string& id, const std::string& lines) {
-    auto entry = parseDesktopEntry("[Desktop Entry]\nType=Application\n" + lines, {});
-    entry->id = id;
-    entry->path = "/usr/share/applications/" + id + ".desktop";
-    return *entry;
-}
+const std::string python = "/usr/bin/python3.11";
+const std::string java = "/usr/lib/jvm/j/bin/java";
+const std::string wine = "/usr/lib/wine/wine64-preloader";
 
-/// The entries of Debian 12 that the recorded programs come with, as far as they count.
-const DesktopEntryIndex& debian() {
+/// Scripts and links that the entries below start.
+const Files files = {
+    {"/opt/a/main.py", {"/opt/a/main.py", "python3", true}},
+    {"/opt/b/main.py", {"/opt/b/main.py", "python3", true}},
+    {"/usr/bin/deluge-gtk", {"/usr/bin/deluge-gtk", "python3", true}},
+    {"/usr/bin/jedit", {"/usr/bin/jedit", "sh", true}},
+    {"/usr/bin/launched", {"/usr/bin/launched", "sh", true}},
+    {"/usr/bin/frontend", {"/usr/bin/frontend", "bash", true}},
+    {"/usr/bin/libreoffice", {"/usr/lib/libreoffice/program/soffice", "sh", true}},
+    {"/usr/bin/meld", {"/usr/bin/meld", "python3", true}},
+    {"/home/u/bin/linked", {"/opt/linked/real", "", true}},
+    {"/usr/bin/gvim", {"/usr/bin/vim.gtk3", "", true}},
+    {"/usr/bin/vim", {"/usr/bin/vim.gtk3", "", true}},
+    {"/usr/bin/chooser", {"/usr/bin/qtchooser", "", true}},
+    {"/snap/bin/spotify", {"/usr/bin/snap", "", true}},
+    {"/usr/bin/zoom", {"/opt/zoom/ZoomLauncher", "", true}},
+    {"/opt/ide-1/bin/ide.sh", {"/opt/ide-1/bin/ide.sh", "sh", true}},
+    {"/opt/ide-2/bin/ide.sh", {"/opt/ide-2/bin/ide.sh", "sh", true}},
+};
+
+const DesktopEntryIndex& installed() {
+    const auto entry = [](const std::string& id, const std::string& lines) {
+        return entryOf(id, "[Desktop Entry]\nType=Application\n" + lines, files);
+    };
     static const DesktopEntryIndex index(
-        {entryOf("debian-xterm", "Name=XTerm\nExec=xterm\nStartupWMClass=XTerm\n"),
-         entryOf("debian-uxterm", "Name=UXTerm\nExec=uxterm\nStartupWMClass=UXTerm\n"),
-         entryOf("org.xfce.mousepad", "Name=Mousepad\nExec=mousepad %U\n"),
-         entryOf("org.xfce.mousepad-settings", "Name=Settings\nExec=mousepad --preferences\n"),
-         entryOf("pcmanfm", "Name=File Manager PCManFM\nExec=pcmanfm %U\n"),
-         entryOf("pcmanfm-desktop-pref", "Name=Desktop Preferences\nExec=pcmanfm --desktop-pref\n"),
-         entryOf("org.gnome.Meld", "Name=Meld\nExec=meld %F\n"),
-         entryOf("firefox-esr", "Name=Firefox ESR\nExec=/usr/lib/firefox-esr/firefox-esr %u\n"
-                                "StartupWMClass=firefox-esr\n"),
-         entryOf("org.pwmt.zathura", "Name=Zathura\nExec=zathura %U\n"),
-         entryOf("org.pwmt.zathura-pdf-poppler", "Name=Zathura\nExec=zathura %U\nNoDisplay=true\n"),
-         entryOf("io.github.Hexchat", "Name=HexChat\nExec=hexchat\nStartupWMClass=Hexchat\n"),
-         entryOf("libreoffice-calc", "Name=LibreOffice Calc\nExec=libreoffice --calc %U\n"
-                                     "StartupWMClass=libreoffice-calc\n"),
-         entryOf("libreoffice-writer", "Name=LibreOffice Writer\nExec=libreoffice --writer %U\n"
-                                       "StartupWMClass=libreoffice-writer\n"),
-         entryOf("org.keepassxc.KeePassXC",
-                 "Name=KeePassXC\nExec=keepassxc %f\nStartupWMClass=keepassxc\n"),
-         entryOf("idle-python3.11",
-                 "Name=IDLE (using Python-3.11)\nExec=/usr/bin/idle-python3.11\n"),
-         entryOf("python3.11", "Name=Python (v3.11)\nExec=/usr/bin/python3.11\nNoDisplay=true\n"),
-         entryOf("feh", "Name=Feh\nExec=feh %F\nNoDisplay=true\n"),
-         entryOf("vim", "Name=Vim\nExec=vim %F\nTerminal=true\n"),
-         entryOf("org.kde.kcalc", "Name=KCalc\nExec=kcalc-launcher\n"),
-         entryOf("org.kde.konsole", "Name=Konsole\nExec=konsole\n"),
-         entryOf("jedit", "Name=jEdit\nExec=jedit %F\n"),
-         entryOf("org.example.Tool", "Name=Fine Tool\nExec=tool-launcher\n"),
-         entryOf("spotify_spotify", "Name=Spotify\nExec=/snap/bin/spotify %U\n"),
-         entryOf("org.gnome.Maps", "Name=Maps\nExec=flatpak run org.gnome.Maps\n")},
+        {entry("debian-xterm", "Name=XTerm\nExec=xterm\nStartupWMClass=XTerm\n"),
+         entry("org.xfce.mousepad", "Name=Mousepad\nExec=mousepad %U\n"),
+         entry("pcmanfm", "Name=File Manager PCManFM\nExec=pcmanfm %U\n"),
+         entry("org.gnome.Meld", "Name=Meld\nExec=meld %F\nStartupWMClass=MeldWindow\n"),
+         entry("firefox-esr", "Name=Firefox ESR\nExec=/usr/lib/firefox-esr/firefox-esr %u\n"
+                              "StartupWMClass=firefox-esr\n"),
+         entry("io.github.Hexchat", "Name=HexChat\nExec=hexchat\nStartupWMClass=Hexchat\n"),
+         entry("libreoffice-calc", "Name=LibreOffice Calc\nExec=libreoffice --calc %U\n"
+                                   "StartupWMClass=libreoffice-calc\n"),
+         entry("libreoffice-writer", "Name=LibreOffice Writer\nExec=libreoffice --writer %U\n"
+                                     "StartupWMClass=libreoffice-writer\n"),
+         entry("feh", "Name=Feh\nExec=feh %F\nNoDisplay=true\n"),
+         entry("gvim", "Name=GVim\nExec=gvim -f %F\n"),
+         entry("vim", "Name=Vim\nExec=vim %F\nTerminal=true\n"),
+         entry("org.kde.kcalc", "Name=KCalc\nExec=kcalc-launcher\n"),
+         entry("org.kde.konsole", "Name=Konsole\nExec=konsole\n"),
+         entry("jedit", "Name=jEdit\nExec=jedit %F\nStartupWMClass=org-declared-jEdit\n"),
+         entry("org.example.Tool", "Name=Fine Tool\nExec=tool-launcher\n"),
+         entry("a", "Name=A\nExec=/opt/a/main.py\n"),
+         entry("b", "Name=B\nExec=python3 /opt/b/main.py\n"),
+         entry("run-a", "Name=Run A\nExec=/opt/a/AppRun\n"),
+         entry("run-b", "Name=Run B\nExec=/opt/b/AppRun\n"),
+         entry("linked", "Name=Linked\nExec=/home/u/bin/linked\n"),
+         entry("launched", "Name=Launched\nExec=launched\n"),
+         entry("frontend", "Name=Frontend\nExec=frontend\n"),
+         entry("choice", "Name=Choice\nExec=chooser\n"),
+         entry("deluge", "Name=Deluge\nExec=deluge-gtk %U\n"),
+         entry("shared.one", "Name=One\nExec=one\nStartupWMClass=Shared\n"),
+         entry("shared.two", "Name=Two\nExec=two --long-options\nStartupWMClass=Shared\n"),
+         entry("zoom-client", "Name=Zoom\nExec=/usr/bin/zoom %U\n"),
+         entry("ide-1", "Name=IDE\nExec=/opt/ide-1/bin/ide.sh\nStartupWMClass=ide\n"),
+         entry("ide-2", "Name=IDE\nExec=/opt/ide-2/bin/ide.sh %f\nStartupWMClass=ide\n"),
+         entry("engine", "Name=Engine\nExec=/opt/engine/electron %U\n"),
+         entry("module", "Name=Module\nExec=python3 -m module\n"),
+         entry("wine-a",
+               "Name=Windows A\nStartupWMClass=launcher.exe\n"
+               "Exec=env WINEPREFIX=\"/home/u/.wine\" wine \"C:\\\\\\\\A\\\\\\\\launcher.exe\"\n"),
+         entry("app", "Name=An Image\nExec=/home/u/A.AppImage\nStartupWMClass=image\n"),
+         entry("org.kde.krita", "Name=Krita\nExec=krita\n"),
+         entry("spotify_spotify", "Name=Spotify\nExec=/snap/bin/spotify %U\n"),
+         entry("org.gnome.Maps", "Name=Maps\nExec=flatpak run org.gnome.Maps\n")},
         "pcmanfm");
     return index;
 }
 
-TopLevelWindow windowOf(WindowId id, const std::string& instance, const std::string& className,
-                        const std::string& gtkId = {}) {
-    return {.id = id, .instance = instance, .className = className, .gtkApplicationId = gtkId};
-}
-
-/// The words of a command line.
-std::vector<std::string> words(const std::string& line) {
-    std::istringstream stream(line);
-    return {std::istream_iterator<std::string>(stream), {}};
-}
-
-/// Without an executable it cannot be read.
-ApplicationFacts factsOf(const std::string& commandLine, const std::string& executable,
-                         std::vector<TopLevelWindow> windows) {
-    return {
-        .process = {.pid = 4711,
-                    .parent = 4000,
-                    .comm = "comm",
-                    .commandLine = words(commandLine),
-                    .executable = executable.empty() ? std::nullopt : std::optional(executable)},
-        .windows = std::move(windows)};
-}
-
-/// A program with one window. Its executable is the first word in /usr/bin where none is given,
-/// and cannot be read where it is empty.
-struct Recorded {
-    const char* desktopId;
+/// A program with one window; it cannot be read where its executable is empty.
+struct Program {
+    /// The desktop id, or the whole identifier where there is none.
+    const char* identifier;
     IdentityRule rule;
-    const char* instance;
-    const char* className;
     const char* commandLine;
-    std::optional<std::string> executable = {};
-    const char* gtkId = "";
+    std::string executable;
+    const char* instance = "";
+    const char* className = "";
 };
 
-TEST(ApplicationIdentifier, RecognisesTheRecordedPrograms) {
+void expectIdentity(const ApplicationFacts& facts, const std::string& identifier,
+                    IdentityRule rule) {
+    const auto identity = identify(facts, installed());
+    EXPECT_EQ(identity.desktopId.value_or(identity.bundleIdentifier), identifier)
+        << testing::PrintToString(facts.process.commandLine);
+    EXPECT_EQ(identity.rule, rule) << identifier;
+}
+
+TEST(ApplicationIdentifier, TellsProgramsApart) {
     using enum IdentityRule;
-    const std::string office = "/usr/lib/libreoffice/program/soffice.bin";
-    const std::string python = "/usr/bin/python3.11";
-    for (const Recorded& program : std::vector<Recorded>{
-             {"debian-xterm", startupWmClass, "xterm", "XTerm", "xterm"},
-             {"debian-uxterm", startupWmClass, "xterm", "UXTerm", "xterm -class UXTerm -u8"},
-             {"debian-xterm", execKey, "foo", "Foo", "xterm -class Foo -name foo"},
-             {"org.xfce.mousepad", windowHint, "m", "M", "mousepad", {}, "org.xfce.mousepad"},
-             {"pcmanfm", desktopIdOfClass, "pcmanfm", "Pcmanfm", "pcmanfm"},
-             {"org.gnome.Meld", windowHint, "m", "Meld", "python3 meld", python, "org.gnome.Meld"},
-             {"firefox-esr", startupWmClass, "Navigator", "firefox-esr",
-              "/usr/lib/firefox-esr/firefox-esr", "/usr/lib/firefox-esr/firefox-esr"},
-             {"org.pwmt.zathura", desktopIdOfClass, "org.pwmt.zathura", "Zathura", "zathura", ""},
-             {"io.github.Hexchat", startupWmClass, "hexchat", "Hexchat", "hexchat"},
-             {"libreoffice-calc", startupWmClass, "libreoffice", "libreoffice-calc", "s --calc",
-              office, "org.libreoffice"},
-             {"org.keepassxc.KeePassXC", startupWmClass, "keepassxc", "KeePassXC", "x", ""},
-             {"idle-python3.11", execKey, "!listedtoplevel", "Toplevel",
-              "/usr/bin/python3.11 /usr/bin/idle-python3.11", python},
-             {"feh", desktopIdOfClass, "feh", "feh", "feh x.png"},
-             {"org.kde.kcalc", desktopIdEnd, "kcalc", "kcalc", "kcalc"},
-             {"jedit", javaClass, "sun-awt-X11-XFramePeer", "org-gjt-sp-jedit-jEdit",
-              "java -cp x org.gjt.sp.jedit.jEdit", "/usr/lib/jvm/java-17/bin/java"},
-             {"org.example.Tool", entryName, "ft", "Fine Tool", "ft"}}) {
-        const std::string usual = "/usr/bin/" + words(program.commandLine).front();
-        const auto identity =
-            identify(factsOf(program.commandLine, program.executable.value_or(usual),
-                             {windowOf(1, program.instance, program.className, program.gtkId)}),
-                     debian());
-        EXPECT_EQ(identity.desktopId, program.desktopId);
-        EXPECT_EQ(identity.localizedName, debian().withId(program.desktopId)->name);
-        EXPECT_EQ(identity.rule, program.rule) << program.desktopId;
+    for (const Program& program : std::vector<Program>{
+             // The window.
+             {"org.kde.kcalc", desktopIdEnd, "kcalc", "/usr/bin/kcalc", "kcalc", "kcalc"},
+             {"org.example.Tool", entryName, "ft", "/usr/bin/ft", "ft", "Fine Tool"},
+             {"shared.one", startupWmClass, "one", "/usr/bin/one", "x", "Shared"},
+             {"shared.two", startupWmClass, "two", "/usr/bin/two", "shared", "shared"},
+             // Files of one name are several programs.
+             {"a", execKey, "python3 /opt/a/main.py", python},
+             {"b", execKey, "python3 /opt/b/main.py", python},
+             {"script:/opt/c/main.py.main", synthetic, "python3 /opt/c/main.py", python},
+             {"run-a", execKey, "/opt/a/AppRun", "/opt/a/AppRun"},
+             {"run-b", execKey, "/opt/b/AppRun", "/opt/b/AppRun"},
+             {"exe:/opt/c/AppRun.AppRun", synthetic, "/opt/c/AppRun", "/opt/c/AppRun"},
+             {"script:/home/u/mousepad.sh.mousepad", synthetic, "sh /home/u/mousepad.sh",
+              "/usr/bin/dash"},
+             {"exe:/home/u/mousepad.mousepad", synthetic, "mousepad", "/home/u/mousepad"},
+             {"exe:/usr/bin/odd.odd", synthetic, "mousepad", "/usr/bin/odd"},
+             {"org.xfce.mousepad", execKey, "mousepad", ""},
+             {"exe:/home/u/mousepad.mousepad", synthetic, "/home/u/mousepad", ""},
+             // Links, launchers and dispatchers of the same program.
+             {"linked", execKey, "/home/u/bin/linked", "/opt/linked/real"},
+             {"linked", execKey, "title", "/opt/linked/real"},
+             {"gvim", execKey, "gvim x", "/usr/bin/vim.gtk3"},
+             {"launched", execKey, "x", "/usr/lib/launched/launched"},
+             {"launched", execKey, "python3 /usr/share/launched/launched.py", python},
+             {"script:/home/u/launched.py.launched", synthetic, "python3 /home/u/launched.py",
+              python},
+             {"exe:/usr/local/lib/launched.launched", synthetic, "x", "/usr/local/lib/launched"},
+             {"choice", execKey, "chooser", "/usr/lib/qt5/bin/chooser"},
+             {"zoom-client", execKey, "zoom", "/opt/zoom/zoom"},
+             {"exe:/home/u/zoom.zoom", synthetic, "zoom", "/home/u/zoom"},
+             {"engine", execKey, "/opt/engine/electron --x", "/opt/engine/electron"},
+             {"script:/opt/engine/app.asar.app", synthetic,
+              "/opt/engine/electron /opt/engine/app.asar", "/opt/engine/electron"},
+             // An interpreter's window claims what it likes.
+             {"org.gnome.Meld", startupWmClass, "python3 /usr/bin/meld", python, "m", "MeldWindow"},
+             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "m",
+              "MeldWindow"},
+             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "hexchat",
+              "Hexchat"},
+             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "mousepad",
+              "Mousepad"},
+             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "kcalc",
+              "Fine Tool"},
+             {"frontend", desktopIdOfClass, "python3 /usr/share/frontend/main.py", python,
+              "frontend", "Frontend"},
+             {"script:/home/u/frontend/main.py.main", synthetic, "python3 /home/u/frontend/main.py",
+              python, "frontend", "Frontend"},
+             {"libreoffice-calc", startupWmClass, "python3 /usr/lib/libreoffice/x.py", python, "l",
+              "libreoffice-calc"},
+             {"deluge", execKey, "deluge-gtk", python, "d", "D"},
+             {"exe:/usr/bin/python3.11:4711:99.python3-11", synthetic, "mousepad", python},
+             {"module", execKey, "python3 -m module", python},
+             {"script:module:4711:99.module", synthetic, "/x/bin/python3 -m module", python},
+             // Java.
+             {"jedit", startupWmClass, "java -cp x:y org.declared.jEdit", java, "w",
+              "org-declared-jEdit"},
+             {"jedit", execKey, "java -cp /usr/share/jedit/jedit.jar org.X", java},
+             {"jedit", javaClass, "java -cp a:b X", java, "org-gjt-sp-jedit-jEdit",
+              "org-gjt-sp-jedit-jEdit"},
+             {"java:/a/x.jar:/b/y.jar:org.foo.Main.Main", synthetic,
+              "java -cp /a/x.jar:/b/y.jar org.foo.Main", java, "sun-awt-X11-XFramePeer",
+              "org-foo-Main"},
+             {"java:/a/x.jar:org.foo.Other.Other", synthetic, "java -ea -cp /a/x.jar org.foo.Other",
+              java, "org-foo-Main", "org-foo-Main"},
+             {"script:/a/x.jar.x", synthetic, "java -jar /a/x.jar", java, "Main", "Main"},
+             {"exe:/usr/lib/jvm/j/bin/java:4711:99.java", synthetic, "java -cp a org.foo.Main",
+              java, "m", "org-foo-Main"},
+             {"ide-1", startupWmClass, "java -cp a:b Main", "/opt/ide-1/jbr/bin/java", "ide",
+              "ide"},
+             {"ide-2", startupWmClass, "java -cp a:b Main", "/opt/ide-2/jbr/bin/java", "ide",
+              "ide"},
+             // Wine.
+             {"wine-a", startupWmClass, "C:\\A\\launcher.exe", wine, "launcher.exe",
+              "launcher.exe"},
+             {"wine:c:/b/launcher.exe.launcher", synthetic, "C:\\B\\launcher.exe", wine,
+              "launcher.exe", "launcher.exe"},
+             {"wine:/home/u/c/launcher.exe.launcher", synthetic,
+              "/usr/bin/wine Z:\\home\\u\\C\\launcher.exe", wine, "launcher.exe",
+              "launcher.exe"}}) {
+        expectIdentity(factsOf(program.commandLine, program.executable,
+                               {windowOf(1, program.instance, program.className)}),
+                       program.identifier, program.rule);
     }
 }
 
+TEST(ApplicationIdentifier, TellsInstallationsOfWineApart) {
+    auto facts =
+        factsOf("C:\\A\\launcher.exe", wine, {windowOf(1, "launcher.exe", "launcher.exe")});
+    facts.process.environment.winePrefix = "/home/u/.wine/";
+    expectIdentity(facts, "wine-a", IdentityRule::startupWmClass);
+    facts.process.environment.winePrefix = "/home/u/games";
+    expectIdentity(facts, "wine:/home/u/games:c:/a/launcher.exe.launcher", IdentityRule::synthetic);
+}
+
+TEST(ApplicationIdentifier, TellsAppImagesApart) {
+    struct Case {
+        const char* image;
+        const char* innerEntry;
+        const char* className;
+        const char* identifier;
+        IdentityRule rule;
+    };
+
+    using enum IdentityRule;
+    for (const Case& test :
+         {Case{"/home/u/A.AppImage", "app", "Image", "app", startupWmClass},
+          Case{"/home/u/A.AppImage", "x", "x", "app", execKey},
+          Case{"/home/u/B.AppImage", "app", "Image", "exe:/home/u/B.AppImage.B-AppImage",
+               synthetic},
+          Case{"/home/u/B.AppImage", "app", "app", "exe:/home/u/B.AppImage.B-AppImage", synthetic},
+          Case{"/home/u/K.AppImage", "org.kde.krita", "x", "org.kde.krita", launchEnvironment},
+          Case{"/home/u/C.AppImage", "org.inner", "x", "exe:/home/u/C.AppImage.C-AppImage",
+               synthetic}}) {
+        for (const std::string line : {"AppRun", "python3 /tmp/.mount_x/usr/bin/main.py"}) {
+            auto facts = factsOf(line, line == "AppRun" ? "/tmp/.mount_x/usr/bin/odd" : python,
+                                 {windowOf(1, test.className, test.className)});
+            facts.process.environment.appDir = "/tmp/.mount_x";
+            facts.process.environment.appImage = test.image;
+            facts.process.appImageDesktopFile =
+                std::string("/tmp/.mount_x/") + test.innerEntry + ".desktop";
+            expectIdentity(facts, test.identifier, test.rule);
+        }
+    }
+    // What was started from an image, and inherited its environment, is not of it.
+    auto other = factsOf("xterm", "/usr/bin/xterm", {});
+    other.process.environment.appDir = "/tmp/.mount_x";
+    other.process.environment.appImage = "/home/u/A.AppImage";
+    expectIdentity(other, "debian-xterm", IdentityRule::execKey);
+}
+
 TEST(ApplicationIdentifier, GivesWellKnownIdentifiersLast) {
-    const auto firefox =
-        identify(factsOf("firefox-esr", "", {windowOf(1, "Navigator", "firefox-esr")}), debian());
+    const auto firefox = identify(
+        factsOf("firefox-esr", "", {windowOf(1, "Navigator", "firefox-esr")}), installed());
     EXPECT_EQ(firefox.bundleIdentifier, "org.mozilla.firefox");
-    EXPECT_EQ(firefox.desktopId, "firefox-esr");
     EXPECT_EQ(firefox.entryPath, "/usr/share/applications/firefox-esr.desktop");
-    EXPECT_EQ(bundleIdentifierOf("pcmanfm", debian()), "com.apple.finder");
     EXPECT_EQ(bundleIdentifierOf("pcmanfm", DesktopEntryIndex()), "pcmanfm");
     EXPECT_EQ(bundleIdentifierOf("", DesktopEntryIndex()), "");
 }
 
-TEST(ApplicationIdentifier, CountsATransientWindowAsItsParents) {
+TEST(ApplicationIdentifier, TakesAllWindowsOfTheProcessThenOfTheGroup) {
     TopLevelWindow tip = windowOf(1, "feh", "feh");
     tip.transientFor = 2;
-    auto facts = factsOf("soffice.bin", "",
-                         {tip, windowOf(2, "libreoffice", "libreoffice-writer"),
-                          windowOf(3, "libreoffice", "libreoffice-calc")});
+    auto office = factsOf("soffice.bin", "/usr/lib/libreoffice/program/soffice.bin",
+                          {tip, windowOf(2, "libreoffice", "libreoffice-writer"),
+                           windowOf(3, "libreoffice", "libreoffice-calc"),
+                           windowOf(4, "libreoffice", "libreoffice-calc"),
+                           windowOf(5, "Navigator", "firefox-esr"), windowOf(6, "odd", "Odd")});
     // Windows that differ: the program names none, so the oldest one counts.
-    EXPECT_EQ(identify(facts, debian()).desktopId, "libreoffice-writer");
-    facts.process.commandLine = {"jedit"};
-    EXPECT_EQ(identify(facts, debian()).desktopId, "jedit");
+    const auto identity = identify(office, installed());
+    EXPECT_EQ(identity.desktopId, "libreoffice-writer");
+    EXPECT_EQ(identity.otherIdentifiers,
+              (std::vector<std::string>{"libreoffice-calc", "org.mozilla.firefox"}));
+    office.process.executable = "/usr/bin/hexchat";
+    EXPECT_EQ(identify(office, installed()).desktopId, "io.github.Hexchat");
+    EXPECT_EQ(identify(office, installed()).otherIdentifiers.size(), 3U);
+
     // A parent that is not there leaves the window on its own.
     TopLevelWindow orphan = windowOf(5, "feh", "feh");
     orphan.transientFor = 99;
-    EXPECT_EQ(identify(factsOf("x", "", {orphan}), debian()).desktopId, "feh");
-}
-
-TEST(ApplicationIdentifier, TakesAnotherWindowOfTheProcessThenOfTheGroup) {
-    auto facts =
-        factsOf("x", "/usr/bin/x", {windowOf(1, "nothing", "Nothing"), windowOf(2, "feh", "feh")});
-    EXPECT_EQ(identify(facts, debian()).desktopId, "feh");
+    auto facts = factsOf("x", "/usr/bin/x", {windowOf(1, "nothing", "Nothing"), orphan});
+    EXPECT_EQ(identify(facts, installed()).desktopId, "feh");
+    EXPECT_TRUE(identify(facts, installed()).otherIdentifiers.empty());
     facts.windows.pop_back();
     facts.groupWindows = {windowOf(7, "nix", "Nix"), windowOf(8, "xterm", "XTerm")};
-    EXPECT_EQ(identify(facts, debian()).desktopId, "debian-xterm");
-    EXPECT_EQ(identify(facts, debian()).rule, IdentityRule::windowGroup);
+    expectIdentity(facts, "debian-xterm", IdentityRule::windowGroup);
 }
 
 TEST(ApplicationIdentifier, BelievesASandboxBeforeTheWindow) {
     auto facts = factsOf("gjs", "/app/bin/gjs", {windowOf(1, "xterm", "XTerm")});
     facts.process.flatpak = FlatpakInfo{"org.gnome.Maps", "1"};
-    EXPECT_EQ(identify(facts, debian()).desktopId, "org.gnome.Maps");
+    EXPECT_EQ(identify(facts, installed()).desktopId, "org.gnome.Maps");
     facts.process.flatpak = FlatpakInfo{"com.spotify.Client", "2"};
-    const auto unlisted = identify(facts, debian());
+    const auto unlisted = identify(facts, installed());
     EXPECT_EQ(unlisted.bundleIdentifier, "com.spotify.client");
     EXPECT_EQ(unlisted.localizedName, "XTerm");
 
     auto snap = factsOf("spotify", "/snap/spotify/42/usr/bin/spotify", {windowOf(1, "s", "S")});
     snap.process.cgroup =
         "/user.slice/snap.spotify.spotify-0a1b2c3d-1111-2222-3333-444455556666.scope";
-    EXPECT_EQ(identify(snap, debian()).bundleIdentifier, "com.spotify.client");
+    EXPECT_EQ(identify(snap, installed()).bundleIdentifier, "com.spotify.client");
     // Started from the snap, but not of it.
     snap.process.executable = "/usr/bin/xterm";
     snap.windows = {windowOf(1, "xterm", "XTerm")};
-    EXPECT_EQ(identify(snap, debian()).desktopId, "debian-xterm");
+    EXPECT_EQ(identify(snap, installed()).desktopId, "debian-xterm");
 }
 
 TEST(ApplicationIdentifier, BelievesUnitAndHintOnlyOfTheProgramThatTheyName) {
     using enum IdentityRule;
 
     struct Case {
+        const char* id;
         const char* commandLine;
         /// Without one the process is an orphan.
         const char* parentCommandLine;
@@ -192,28 +304,41 @@ TEST(ApplicationIdentifier, BelievesUnitAndHintOnlyOfTheProgramThatTheyName) {
     };
 
     for (const Case& test : {
-             Case{"konsole -e x", "", systemdUnit, launchEnvironment},
-             Case{"python3 /opt/k/konsole.py", "/usr/bin/fish", systemdUnit, launchEnvironment},
-             Case{"odd", "/bin/sh /usr/bin/konsole", systemdUnit, launchEnvironment},
+             Case{"org.kde.konsole", "konsole -e x", "", systemdUnit, launchEnvironment},
+             Case{"launched", "python3 /opt/k/launched.py", "/usr/bin/fish", systemdUnit,
+                  launchEnvironment},
+             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/konsole", systemdUnit,
+                  launchEnvironment},
              // Typed into the terminal, with and without the terminal still there.
-             Case{"odd", "/bin/bash", synthetic, synthetic},
-             Case{"odd", "/bin/sh /usr/bin/start-odd", synthetic, synthetic},
-             Case{"odd", "", synthetic, synthetic},
-             Case{"python3 /usr/bin/idle-python3.11", "", execKey, execKey},
-             Case{"odd", "/bin/sh /usr/bin/tool-launcher -x", parentScript, parentScript},
-             Case{"odd", "/usr/bin/python3 /usr/bin/tool-launcher", synthetic, synthetic},
+             Case{"org.kde.konsole", "odd", "/bin/bash", synthetic, synthetic},
+             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/start-odd", synthetic, synthetic},
+             Case{"org.kde.konsole", "odd", "", synthetic, synthetic},
+             Case{"org.kde.konsole", "python3 /opt/k/konsole.py", "", synthetic, synthetic},
+             Case{"org.kde.konsole", "python3 /opt/a/main.py", "", execKey, execKey},
+             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/tool-launcher -x", parentScript,
+                  parentScript},
+             Case{"org.kde.konsole", "odd", "/bin/sh /home/u/tool-launcher", synthetic, synthetic},
+             Case{"org.kde.konsole", "odd", "/usr/bin/python3 /usr/bin/tool-launcher", synthetic,
+                  synthetic},
          }) {
         auto facts = factsOf(test.commandLine, "/usr/bin/" + words(test.commandLine).front(),
                              {windowOf(1, "odd", "Odd")});
         if (*test.parentCommandLine != '\0') {
-            facts.parent = {.commandLine = words(test.parentCommandLine)};
+            facts.parent = factsOf(test.parentCommandLine, "", {}).process;
         }
-        facts.process.cgroup = "/a/app-org.kde.konsole-0123.scope";
-        EXPECT_EQ(identify(facts, debian()).rule, test.byUnit) << test.commandLine;
+        facts.process.cgroup = std::string("/a/app-") + test.id + "-0123.scope";
+        EXPECT_EQ(identify(facts, installed()).rule, test.byUnit) << test.commandLine;
         facts.process.cgroup.clear();
-        facts.process.environment.bamfDesktopFileHint = "/x/applications/org.kde.konsole.desktop";
-        EXPECT_EQ(identify(facts, debian()).rule, test.byHint) << test.commandLine;
+        facts.process.environment.bamfDesktopFileHint =
+            std::string("/x/applications/") + test.id + ".desktop";
+        EXPECT_EQ(identify(facts, installed()).rule, test.byHint) << test.commandLine;
     }
+    auto facts = factsOf("odd", "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
+    facts.process.environment.launchedDesktopFile = "/usr/share/applications/feh.desktop";
+    facts.process.environment.launchedDesktopFilePid = 4711;
+    expectIdentity(facts, "feh", launchEnvironment);
+    facts.process.environment.launchedDesktopFilePid = 4000; // Inherited.
+    expectIdentity(facts, "exe:/usr/bin/odd.odd", synthetic);
 }
 
 TEST(ApplicationIdentifier, ReadsTheNamesOfUnitsAndSnaps) {
@@ -233,22 +358,6 @@ TEST(ApplicationIdentifier, ReadsTheNamesOfUnitsAndSnaps) {
     EXPECT_EQ(snapOfCgroup("/x/snap."), std::nullopt);
 }
 
-TEST(ApplicationIdentifier, BelievesTheEnvironmentOnlyOfTheLaunchedProcess) {
-    auto facts = factsOf("odd", "/usr/bin/odd", {windowOf(1, "odd", "Odd")});
-    auto& environment = facts.process.environment;
-    environment.launchedDesktopFile = "/usr/share/applications/feh.desktop";
-    environment.launchedDesktopFilePid = 4711;
-    EXPECT_EQ(identify(facts, debian()).desktopId, "feh");
-    environment.launchedDesktopFilePid = 4000; // Inherited.
-    EXPECT_EQ(identify(facts, debian()).desktopId, std::nullopt);
-
-    environment = {};
-    environment.appImage = "/home/u/Krita.AppImage";
-    facts.process.executable = "/tmp/.mount_Krita1/usr/bin/odd";
-    facts.process.appImageDesktopFile = "/tmp/.mount_Krita1/org.kde.krita.desktop";
-    EXPECT_EQ(identify(facts, debian()).desktopId, "org.kde.krita");
-}
-
 TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
     struct Case {
         const char* identifier;
@@ -257,57 +366,75 @@ TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
         const char* executable;
         const char* instance = "";
         const char* className = "";
-        std::optional<std::string> workingDirectory = {};
+        /// What a relative path in the arguments means.
+        std::optional<std::string> commandPath = {};
     };
 
     for (const Case& test : {
-             Case{"exe:/usr/bin/xcalc.xcalc", "XCalc", "xcalc", "/usr/bin/xcalc", "xcalc", "XCalc"},
              Case{"exe:/opt/a.b/my.tool.my-tool", "my-tool", "x", "/opt/a.b/my.tool"},
              Case{"script:/home/u/clock.py.clock", "clock", "python3 /home/u/clock.py",
                   "/usr/bin/python3.11", "tk", "Tk"},
              Case{"script:/home/u/a/main.py.main", "main", "python3 ./x/../main.py",
-                  "/usr/bin/python3.11", "tk", "Tk", "/home/u/a"},
-             Case{"script:main.py:4711:99.main", "main", "python3 main.py", "/usr/bin/python3.11",
+                  "/usr/bin/python3.11", "tk", "Tk", "/home/u/a/main.py"},
+             Case{"script:/home/u/viewer/__main__.py.viewer", "viewer", "python3 viewer",
+                  "/usr/bin/python3.13t", "tk", "Tk", "/home/u/viewer/__main__.py"},
+             Case{"script:main:4711:99.main", "main", "python3 main.py", "/usr/bin/python3.11",
                   "tk", "Tk"},
-             Case{"script:main.py:4711:99.main", "main", "python3 main.py", "/usr/bin/python3.11",
-                  "tk", "Tk", "/"},
-             Case{"exe:/usr/bin/python3.11:4711:99.python3-11", "python3-11", "python3 -c x",
-                  "/usr/bin/python3.11", "tk", "Tk"},
-             Case{"wine:notepad.exe.notepad", "notepad.exe", "C:\\windows\\notepad.exe",
+             Case{"exe:/usr/bin/python3.11:4711:99.python3-11", "Foo", "python3 -c x",
+                  "/usr/bin/python3.11", "foo", "Foo"},
+             Case{"wine:c:/windows/notepad.exe.notepad", "notepad.exe", "C:\\Windows\\notepad.exe",
                   "/usr/lib/wine/wine64-preloader", "notepad.exe", "notepad.exe"},
-             Case{"exe:/usr/lib/jvm/j/bin/java:org-foo-Viewer.Viewer", "org-foo-Viewer",
-                  "java -cp a org.foo.Main", "/usr/lib/jvm/j/bin/java", "sun-awt-X11-XFramePeer",
-                  "org-foo-Viewer"},
              Case{"exe:comm.comm", "comm", "relative", ""},
              Case{"exe:/usr/bin/x.x", "\xef\xbf\xbd", "x", "/usr/bin/x", "a\nb", "\x01\xff"},
          }) {
         auto facts = factsOf(test.commandLine, test.executable,
                              {windowOf(1, test.instance, test.className)});
-        facts.process.startTime = 99;
-        facts.process.workingDirectory = test.workingDirectory;
+        if (test.commandPath) {
+            facts.process.commandPath = test.commandPath;
+        }
         const auto identity = identify(facts, DesktopEntryIndex());
         EXPECT_EQ(identity.bundleIdentifier, test.identifier);
         EXPECT_EQ(identity.localizedName, test.name);
         EXPECT_EQ(identity.desktopId, std::nullopt);
     }
-    EXPECT_FALSE(identify(ApplicationFacts{}, debian()).bundleIdentifier.empty());
-    EXPECT_FALSE(identify(ApplicationFacts{}, debian()).localizedName.empty());
+    EXPECT_FALSE(identify(ApplicationFacts{}, installed()).bundleIdentifier.empty());
+    EXPECT_FALSE(identify(ApplicationFacts{}, installed()).localizedName.empty());
+}
+
+TEST(ApplicationIdentifier, TellsJavaProgramsApartByTheirClassPaths) {
+    const auto identifier = [](const std::string& options, const std::string& folder,
+                               const std::string& variable) {
+        auto facts = factsOf("java " + options + " Main", java, {});
+        facts.process.workingDirectory = folder;
+        facts.process.environment.classPath = variable;
+        return identify(facts, DesktopEntryIndex()).bundleIdentifier;
+    };
+    std::set<std::string> all;
+    const std::string longPath = "-cp /x" + std::string(5000, 'y');
+    for (const std::string& one :
+         {identifier("-cp build", "/home/u/a", ""), identifier("-cp build", "/home/u/b", ""),
+          identifier("-cp /a:build", "/home/u/b", ""), identifier("", "/home/u/a", ""),
+          identifier("", "/home/u/a", "/c"), identifier(longPath, "/", ""),
+          identifier(longPath + "z", "/", ""), identifier("-p /mods -m a/", "/", "")}) {
+        EXPECT_TRUE(one.starts_with("java:") && one.size() < 300 && all.insert(one).second) << one;
+    }
+    EXPECT_EQ(identifier(longPath, "/a", ""), identifier(longPath, "/b", ""));
 }
 
 TEST(ApplicationIdentifier, NamesWindowlessProgramsOnlyByAnEntry) {
-    EXPECT_EQ(identifyWindowless(factsOf("hexchat", "", {}).process, debian())->desktopId,
+    EXPECT_EQ(identifyWindowless(factsOf("hexchat", "", {}).process, installed())->desktopId,
               "io.github.Hexchat");
     EXPECT_FALSE(
-        identifyWindowless(factsOf("python3.11", "/usr/bin/python3.11", {}).process, debian()));
-    EXPECT_FALSE(identifyWindowless(ProcessDetails{}, debian()));
-    EXPECT_FALSE(mayBeInstalled(ProcessDetails{}, debian()));
-    EXPECT_FALSE(identifyWindowless(factsOf("vim", "/usr/bin/vim", {}).process, debian()));
+        identifyWindowless(factsOf("python3.11", "/usr/bin/python3.11", {}).process, installed()));
+    EXPECT_FALSE(identifyWindowless(ProcessDetails{}, installed()));
+    EXPECT_FALSE(mayBeInstalled(ProcessDetails{}, installed()));
+    EXPECT_FALSE(identifyWindowless(factsOf("vim", "/usr/bin/vim.gtk3", {}).process, installed()));
     auto leftover = factsOf("tmux", "/usr/bin/tmux", {}).process;
     leftover.cgroup = "/a/app-gnome-debian\\x2dxterm-123.scope";
-    EXPECT_FALSE(identifyWindowless(leftover, debian()));
-    EXPECT_TRUE(mayBeInstalled(leftover, debian()));
+    EXPECT_FALSE(identifyWindowless(leftover, installed()));
+    EXPECT_TRUE(mayBeInstalled(leftover, installed()));
     leftover.executable = "/usr/bin/xterm";
-    EXPECT_EQ(identifyWindowless(leftover, debian())->rule, IdentityRule::systemdUnit);
+    EXPECT_EQ(identifyWindowless(leftover, installed())->rule, IdentityRule::systemdUnit);
 }
 
 } // namespace

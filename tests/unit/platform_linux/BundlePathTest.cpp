@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace calmora {
@@ -28,40 +29,55 @@ struct Case {
 };
 
 TEST(BundlePath, IsAFolderThatIsTheApplicationsAlone) {
-    for (const auto& [executable, id, execKey, folder] :
-         std::vector<Case>{{"/usr/bin/xterm", "debian-xterm", "xterm", nullptr},
-                           {"", "org.pwmt.zathura", "zathura", nullptr},
-                           {"/bin/x", "x", "x", nullptr},
-                           {"/usr/lib/firefox-esr/firefox-esr", "firefox-esr", "firefox-esr",
-                            "/usr/lib/firefox-esr/"},
-                           {"/usr/lib/libreoffice/program/soffice.bin", "libreoffice-calc",
-                            "libreoffice", "/usr/lib/libreoffice/"},
-                           {"/usr/lib/x86_64-linux-gnu/foo/bin/foo", "foo", "foo",
-                            "/usr/lib/x86_64-linux-gnu/foo/"},
-                           {"/usr/local/share/Foo/foo", "foo", "foo", "/usr/local/share/Foo/"},
-                           {"/usr/share/code/code", "code", "code", "/usr/share/code/"},
-                           {"/usr/libexec/foo", "foo", "foo", nullptr},
-                           {"/usr/lib/xfce4/panel/wrapper-2.0", "panel", "xfce4", nullptr},
-                           {"/usr/lib/jvm/java-17/bin/foo", "jvm", "foo", nullptr},
-                           {"/usr/lib/other/foo", "foo", "foo", nullptr},
-                           {"/usr/lib/electron25/electron", "electron25", "electron25", nullptr},
-                           {"/usr/lib/foo", "foo", "foo", nullptr},
-                           {"/opt/google/chrome/chrome", "google-chrome", "google-chrome-stable",
-                            "/opt/google/chrome/"},
-                           {"/opt/foo/bin/foo", "foo", "foo", "/opt/foo/"},
-                           {"/opt/vendor/bin/foo", "foo", "foo", nullptr},
-                           {"/opt/vendor/suite/bin/foo", "foo", "foo", "/opt/vendor/suite/"},
-                           {"/opt/bin/foo", "foo", "foo", nullptr},
-                           {"/opt/jdk/bin/java", "foo", "foo", nullptr},
-                           {"/home/u/Apps/tool/libexec/tool-helper/bin/run", "org.example.Tool",
-                            "x", "/home/u/Apps/tool/"},
-                           {"/home/u/tool/tool/tool", "tool", "tool", "/home/u/tool/tool/"},
-                           {"/home/u/bin/bin", "bin", "bin", nullptr},
-                           {"/home/u/.local/bin/tool", "tool", "tool", nullptr},
-                           {"/home/u/u", "u", "u", nullptr},
-                           {"/home/user2/tool/tool", "tool", "tool", nullptr},
-                           {"/app/bin/maps", "org.gnome.Maps", "maps", nullptr},
-                           {"/srv/foo/foo", "foo", "foo", nullptr}}) {
+    for (const auto& [executable, id, execKey, folder] : std::vector<Case>{
+             {"/usr/bin/xterm", "debian-xterm", "xterm", nullptr},
+             {"", "org.pwmt.zathura", "zathura", nullptr},
+             {"/bin/x", "x", "x", nullptr},
+             {"/usr/lib/firefox-esr/firefox-esr", "firefox-esr", "firefox-esr",
+              "/usr/lib/firefox-esr/"},
+             {"/usr/lib/libreoffice/program/soffice.bin", "libreoffice-calc", "libreoffice",
+              "/usr/lib/libreoffice/"},
+             {"/usr/lib/x86_64-linux-gnu/foo/bin/foo", "foo", "foo",
+              "/usr/lib/x86_64-linux-gnu/foo/"},
+             {"/usr/local/share/Foo/foo", "foo", "foo", "/usr/local/share/Foo/"},
+             {"/usr/share/code/code", "code", "code", "/usr/share/code/"},
+             {"/usr/libexec/foo", "foo", "foo", nullptr},
+             {"/usr/lib/xfce4/panel/wrapper-2.0", "panel", "xfce4", nullptr},
+             {"/usr/lib/jvm/java-17/bin/foo", "jvm", "foo", nullptr},
+             {"/usr/lib/other/foo", "foo", "foo", nullptr},
+             {"/usr/lib/electron25/electron", "electron25", "electron25", nullptr},
+             {"/usr/lib/foo", "foo", "foo", nullptr},
+             {"/opt/google/chrome/chrome", "google-chrome", "google-chrome-stable",
+              "/opt/google/chrome/"},
+             {"/opt/foo/bin/foo", "foo", "foo", "/opt/foo/"},
+             {"/opt/vendor/bin/foo", "foo", "foo", nullptr},
+             {"/opt/vendor/suite/bin/foo", "foo", "foo", nullptr},
+             {"/opt/vendor/suite/foo/lib/foo", "x", "x", "/opt/vendor/suite/foo/"},
+             {"/opt/games/quake/bin/games", "games", "games", nullptr},
+             {"/opt/bin/foo", "foo", "foo", nullptr},
+             {"/opt/jdk/bin/java", "foo", "foo", nullptr},
+             {"/home/u/Apps/tool/libexec/tool-helper/bin/run", "org.example.Tool", "tool", nullptr},
+             {"/home/u/Apps/org.example.Tool/bin/run", "org.example.Tool", "x",
+              "/home/u/Apps/org.example.Tool/"},
+             {"/home/u/src/tool/build/tool", "tool", "tool", "/home/u/src/tool/"},
+             {"/home/u/code/code", "x", "x", "/home/u/code/"},
+             {"/home/u/code/bin/code", "x", "x", "/home/u/code/"},
+             {"/home/u/code/editor/code", "code", "code", nullptr},
+             {"/home/u/git/foo/bin/git", "git", "git", nullptr},
+             {"/home/u/tmp/x/tmp", "tmp", "tmp", nullptr},
+             {"/home/u/Desktop/Telegram/x", "org.telegram.desktop", "desktop", nullptr},
+             {"/home/u/Desktop/desktop", "x", "x", nullptr},
+             {"/home/u/.cargo/bin/cargo", "cargo", "cargo", nullptr},
+             {"/home/u/.local/share/Steam/steamapps/common/Half-Life/steam", "x", "x", nullptr},
+             {"/home/u/Games/quake/x/quake", "y", "y", "/home/u/Games/quake/"},
+             {"/home/u/.x/quake/Games/doom/quake", "x", "x", nullptr},
+             {"/home/u/tool/tool/tool", "tool", "tool", "/home/u/tool/tool/"},
+             {"/home/u/bin/bin", "bin", "bin", nullptr},
+             {"/home/u/.local/bin/tool", "tool", "tool", nullptr},
+             {"/home/u/u", "u", "u", nullptr},
+             {"/home/user2/tool/tool", "tool", "tool", nullptr},
+             {"/app/bin/maps", "org.gnome.Maps", "maps", nullptr},
+             {"/srv/foo/foo", "foo", "foo", nullptr}}) {
         const auto identity = entryWith(id, execKey);
         const auto found = privateFolder(programAt(executable), identity, "/home/u", {});
         EXPECT_EQ(found, folder ? std::optional<std::string>(folder) : std::nullopt) << executable;
@@ -73,20 +89,43 @@ TEST(BundlePath, IsAFolderThatIsTheApplicationsAlone) {
 TEST(BundlePath, IsNeverAFolderThatHoldsAnotherRunningApplication) {
     const auto steam = programAt("/home/u/.steam/steam");
     const auto game = programAt("/home/u/.steam/common/quake/quake");
-    const std::vector<std::string> others = {"/home/u/.steam/common/quake/quake",
-                                             "/home/u/.steam/steam"};
-    EXPECT_EQ(privateFolder(steam, entryWith("steam", "steam"), "/home/u", others), std::nullopt);
-    EXPECT_EQ(privateFolder(game, entryWith("quake", "quake"), "/home/u", others),
+    EXPECT_EQ(privateFolder(steam, entryWith("steam", "steam"), "/home/u",
+                            std::vector<std::string>{*game.executable}),
+              std::nullopt);
+    EXPECT_EQ(privateFolder(game, entryWith("quake", "quake"), "/home/u",
+                            std::vector<std::string>{*steam.executable}),
               "/home/u/.steam/common/quake/");
     // The whole folder is shared, the executable's own is not.
     const auto editor = programAt("/opt/suite/editor/bin2/editor");
     const std::vector<std::string> viewer = {"/opt/suite/editor/viewer"};
     EXPECT_EQ(privateFolder(editor, entryWith("editor"), "/home/u", viewer),
               "/opt/suite/editor/bin2/");
-    // Another instance of the same program shares nothing with others.
-    EXPECT_EQ(privateFolder(editor, entryWith("editor"), "/home/u",
-                            std::vector<std::string>{"/opt/suite/editor/bin2/editor"}),
-              "/opt/suite/editor/bin2/");
+    // Another application of the same executable: a web page with an entry of its own.
+    const std::vector<std::string> same = {"/opt/suite/editor/bin2/editor"};
+    EXPECT_EQ(privateFolder(editor, entryWith("editor"), "/home/u", same), std::nullopt);
+    for (const auto& identity : {entryWith("editor"), ApplicationIdentity{}}) {
+        const std::string bundle = bundlePath(editor, identity, "/home/u", same);
+        EXPECT_FALSE(same.front().starts_with(bundle)) << bundle;
+    }
+}
+
+TEST(BundlePath, LeavesOutTheProgramsThatTheApplicationInstalled) {
+    const std::string steam = "/home/u/.local/share/Steam/";
+    const std::string client = steam + "ubuntu12_32/steam";
+    const std::string toolbox = "/home/u/.toolbox/";
+    const std::vector<std::tuple<std::string, std::string, std::string, bool>> cases = {
+        {steam, client, steam + "ubuntu12_64/steamwebhelper", false},
+        {steam, client, steam + "steamapps/common/Quake/bin/server", true},
+        {steam, client, steam + "SteamApps/compatdata/42/pfx/x", true},
+        {steam, client, "/usr/bin/x", true},
+        {toolbox, toolbox + "bin/toolbox", toolbox + "apps/idea/bin/idea", true},
+        {toolbox, toolbox + "bin/toolbox", toolbox + "apps/helper", false},
+        {toolbox, toolbox + "apps/idea/bin/idea", toolbox + "apps/idea/jbr/bin/java", false},
+        {toolbox, toolbox + "apps/idea/bin/idea", toolbox + "apps/other/bin/java", true},
+        {"/home/u/Games/quake/", "/home/u/Games/quake/quake", "/home/u/Games/quake/x/y", false}};
+    for (const auto& [folder, own, candidate, isAnothers] : cases) {
+        EXPECT_EQ(belongsToAnotherProgram(folder, own, candidate), isAnothers) << candidate;
+    }
 }
 
 TEST(BundlePath, KnowsSnapsAppImagesAndFlatpaks) {
@@ -112,8 +151,21 @@ TEST(BundlePath, OtherwiseLeadsWhereNoExecutableCanLie) {
     const ApplicationIdentity unnamed;
     auto script = programAt("/usr/bin/python3.11");
     script.commandLine = {"python3", "/home/u/clock.py"};
+    script.commandPath = "/home/u/clock.py";
     EXPECT_EQ(bundlePath(script, unnamed, "", {}), "/home/u/clock.py/");
     EXPECT_EQ(bundlePath(programAt("/usr/bin/xcalc"), unnamed, "", {}), "/usr/bin/xcalc/");
+    // Folders that the arguments name, and paths that begin like those of other programs.
+    for (const std::string folder :
+         {"/", "/usr", "/usr/", "/usr/.", "/usr/bin/..", "//", "/usr//bin"}) {
+        for (const char* executable : {"/usr/bin/python3.11", ""}) {
+            auto process = programAt(executable);
+            for (const auto& arguments : {std::vector<std::string>{"python3", folder}, {folder}}) {
+                process.commandLine = arguments;
+                const std::string bundle = bundlePath(process, unnamed, "/home/u", {});
+                EXPECT_FALSE(std::string("/usr/bin/xterm").starts_with(bundle)) << folder;
+            }
+        }
+    }
     const std::string unreadable = bundlePath(programAt(""), unnamed, "", {});
     EXPECT_TRUE(unreadable.starts_with("/proc/4711/") && unreadable.ends_with('/'));
     // A home that is the root makes nothing private.

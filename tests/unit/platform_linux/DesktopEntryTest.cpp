@@ -1,6 +1,7 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/linux/xdg/ExecKey.h"
+#include "platform/linux/xdg/ExecutableFile.h"
 
 #include <gtest/gtest.h>
 
@@ -74,7 +75,17 @@ TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
         {{"env", "BAMF_DESKTOP_FILE_HINT=/x.desktop", "/snap/bin/firefox"}, "firefox"},
         {{"nice", "-n", "5", "nohup", "app.bin"}, "app"},
         {{"java", "-Xmx1g", "-cp", "/a:/b", "-jar", "/usr/share/jedit/jedit.jar"}, "jedit"},
-        {{"java", "-cp", "/a.jar", "org.foo.Main"}, ""},
+        {{"java", "-cp", "/a.jar", "org.foo.Main"}, "a"},
+        {{"java", "-cp", "/a.jar:/b.jar", "org.foo.Main"}, ""},
+        {{"R", "--no-save", "--file=/x/plot.R"}, "plot.R"},
+        {{"node", "-r", "./hook.js", "main.js"}, "main.js"},
+        {{"qmlscene-qt6", "-I", "/usr", "/x/clock.qml"}, "clock.qml"},
+        {{"perl", "-e", "x"}, ""},
+        {{"sudo", "-E", "app"}, "app"},
+        {{"deno", "run", "--allow-net", "chat.ts"}, "chat.ts"},
+        {{"sh", "/x/love", "/x/notes"}, "love"},
+        {{"box64", "/usr/bin/wine", "Z:\\a.exe"}, "a.exe"},
+        {{"wine", "C:\\A\\launcher.exe"}, "launcher.exe"},
         {{"/usr/bin/flatpak", "run", "--command=gimp", "org.gimp.GIMP"}, ""},
         {{"/usr/lib/libreoffice/program/soffice.bin", "--calc"}, "soffice"},
         {{"/usr/lib/chromium/chromium --type=renderer --x"}, "chromium --type=renderer --x"},
@@ -86,8 +97,39 @@ TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
     EXPECT_EQ(programKey("/usr/bin/python3.11"), "");
     EXPECT_EQ(programKey("/usr/lib/electron25/electron"), "");
     EXPECT_EQ(programKey("/usr/bin/kate"), "kate");
-    EXPECT_EQ(scriptOf(Words{"/usr/bin/python3", "./a.py"}), "./a.py");
-    EXPECT_EQ(scriptOf(Words{"xterm", "-e", "vi"}), "");
+    for (const char* name :
+         {"python3.13t", "python3.7dm", "python3-dbg", "qmlscene", "qmlscene-qt6", "qml6",
+          "perl5.36-x86_64-linux-gnu", "ruby3.1", "lua5.4", "node18", "guile-3.0", "tclsh8.6",
+          "php8.2", "Rscript", "octave-cli-7.3.0", "ld-linux-x86-64.so.2", "gjs-console", "wine64",
+          "bash"}) {
+        EXPECT_TRUE(isInterpreter(std::string("/usr/bin/") + name)) << name;
+    }
+    for (const char* name : {"octave-gui", "perlpanel", "node-red", "gimp-2.10", "idle-python3.11",
+                             "winetricks", "rubymine", "vlc", "lua-editor"}) {
+        EXPECT_FALSE(isInterpreter(name)) << name;
+    }
+}
+
+TEST(ExecKey, BelievesArgumentsOnlyAsFarAsTheyFitTheExecutable) {
+    const std::string python = "/usr/bin/python3.11";
+    EXPECT_EQ(commandOfProcess(Words{"mousepad"}, "/usr/bin/xterm").target, "/usr/bin/xterm");
+    EXPECT_EQ(commandOfProcess(Words{"python3", "/usr"}, "/usr/bin/xterm").target,
+              "/usr/bin/xterm");
+    EXPECT_EQ(commandOfProcess(Words{"python3", "./a.py"}, python), (Command{"./a.py", "python3"}));
+    EXPECT_EQ(commandOfProcess(Words{"a title"}, python), (Command{"", python}));
+    EXPECT_EQ(commandOfProcess(Words{"zathura"}, std::nullopt), (Command{"zathura", ""}));
+    EXPECT_EQ(commandOfProcess(Words{"C:\\a.exe"}, "/usr/lib/wine/wine64").target, "C:\\a.exe");
+}
+
+TEST(ExecKey, ReadsTheFirstLineOfScripts) {
+    EXPECT_EQ(scriptInterpreterOf("#!/usr/bin/env -S X=1 python3 -u\n"), "python3");
+    EXPECT_EQ(scriptInterpreterOf("#! /bin/sh"), "sh");
+    for (const char* text : {"", "#!", "#! \n/bin/sh",
+                             "\x7f"
+                             "ELF",
+                             "#!/usr/bin/env\n"}) {
+        EXPECT_EQ(scriptInterpreterOf(text), "") << text;
+    }
 }
 
 TEST(BaseDirectories, IgnoreRelativePathsAndAddTheExportsOnce) {

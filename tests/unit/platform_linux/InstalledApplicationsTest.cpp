@@ -27,7 +27,7 @@ class InstalledApplicationsTest : public testing::Test {
         result.dataDirs = {folder.path() / "local", folder.path() / "system"};
         result.configHome = folder.path() / "config";
         result.configDirs = {folder.path() / "etc"};
-        result.executableDirs = {folder.path() / "bin"};
+        result.executableDirs = {folder.path() / "bin", folder.path() / "usr/bin"};
         result.currentDesktops = {"xfce"};
         return result;
     }
@@ -83,6 +83,59 @@ TEST_F(InstalledApplicationsTest, LeavesOutWhatCannotStartAndHidesWhatOtherDeskt
     EXPECT_FALSE(index().withId("missing") || index().withId("path"));
     EXPECT_TRUE(index().withId("ours")->isVisible);
     EXPECT_FALSE(index().withId("theirs")->isVisible || index().withId("notours")->isVisible);
+}
+
+TEST_F(InstalledApplicationsTest, FindsTheFilesThatEntriesStart) {
+    const std::string base = folder.path().string();
+    for (const char* program : {"bin/tool", "bin/script", "opt/x-1/x", "opt/x-2/x", "opt/run/go.sh",
+                                "snap", "firejail", "usr/bin/browser"}) {
+        const std::string name = program;
+        const bool isScript = name.ends_with("script") || name.ends_with(".sh");
+        chmod(folder.write(name, isScript ? "#!/bin/sh\n" : "x").c_str(), 0755);
+    }
+    std::filesystem::create_symlink("../opt/x-1/x", folder.path() / "bin/linked");
+    std::filesystem::create_symlink("x-1", folder.path() / "opt/x");
+    std::filesystem::create_symlink("../snap", folder.path() / "bin/spotify");
+    std::filesystem::create_symlink("../firejail", folder.path() / "bin/browser");
+    const auto exec = [](const std::string& value, const std::string& more = {}) {
+        return "[Desktop Entry]\nType=Application\nName=N\nExec=" + value + "\n" + more;
+    };
+    write("system/applications", {{"bare", exec("tool %U")},
+                                  {"whole", exec(base + "/bin/tool")},
+                                  {"script", exec("env X=1 script")},
+                                  {"linked", exec("linked")},
+                                  {"outside", exec(base + "/opt/x/x")},
+                                  {"python", exec("python3 " + base + "/opt/run/go.sh")},
+                                  {"here", exec("./go.sh", "Path=" + base + "/opt/run\n")},
+                                  {"snap", exec("spotify")},
+                                  {"jail", exec("browser")},
+                                  {"missing", exec("nothing")},
+                                  {"folder", exec(base + "/opt")}});
+
+    struct Case {
+        const char* id;
+        const char* path;
+        const char* interpreter;
+        bool isInPath;
+    };
+
+    for (const Case& test :
+         {Case{"bare", "bin/tool", "", true}, Case{"whole", "bin/tool", "", true},
+          Case{"script", "bin/script", "sh", true}, Case{"linked", "opt/x-1/x", "", true},
+          Case{"outside", "opt/x-1/x", "", false}, Case{"python", "opt/run/go.sh", "python", false},
+          Case{"here", "opt/run/go.sh", "sh", false}, Case{"snap", "bin/spotify", "", true},
+          Case{"jail", "usr/bin/browser", "", true}, Case{"missing", "", "", false},
+          Case{"folder", "", "", false}}) {
+        const DesktopEntry* entry = index().withId(test.id);
+        ASSERT_TRUE(entry) << test.id;
+        EXPECT_EQ(entry->execPath, *test.path ? base + "/" + test.path : "") << test.id;
+        EXPECT_EQ(entry->execInterpreter, test.interpreter) << test.id;
+        EXPECT_EQ(entry->isInPath, test.isInPath) << test.id;
+    }
+    // An update that leads a link elsewhere changes no desktop file.
+    std::filesystem::remove(folder.path() / "opt/x");
+    std::filesystem::create_symlink("x-2", folder.path() / "opt/x");
+    EXPECT_EQ(index().withId("outside")->execPath, base + "/opt/x-2/x");
 }
 
 TEST_F(InstalledApplicationsTest, ScansAgainOnlyWhenSomethingChanged) {
@@ -143,14 +196,16 @@ TEST_F(InstalledApplicationsTest, ChoosesAmongEntriesThatShareAKey) {
     std::vector<DesktopEntry> entries = {entry("a.hidden", "tool", false),
                                          entry("a.long", "tool --preferences", true),
                                          entry("b.short", "tool %U", true)};
-    EXPECT_EQ(DesktopEntryIndex(entries).withExecKey("tool")->id, "b.short");
+    EXPECT_EQ(DesktopEntryIndex(entries).withExecKey("tool").front()->id, "b.short");
     EXPECT_EQ(DesktopEntryIndex(entries).onlyVisibleWithName("same"), nullptr);
     EXPECT_EQ(DesktopEntryIndex(entries).onlyVisibleWithIdEnd("SHORT")->id, "b.short");
     EXPECT_EQ(DesktopEntryIndex(entries).onlyVisibleWithIdEnd("hidden"), nullptr);
-    EXPECT_EQ(DesktopEntryIndex(entries).withStartupWmClass("tool"), nullptr);
+    EXPECT_TRUE(DesktopEntryIndex(entries).withStartupWmClass("tool").empty());
     entries.push_back(entry("tool", "tool --a-very-long-command", false));
-    EXPECT_EQ(DesktopEntryIndex(entries).withExecKey("tool")->id, "tool");
-    EXPECT_EQ(DesktopEntryIndex(entries).withStartupWmClassIgnoringCase("TOOL")->id, "tool");
+    const DesktopEntryIndex index(std::move(entries));
+    EXPECT_EQ(index.withExecKey("tool").front()->id, "tool");
+    EXPECT_EQ(index.withExecKey("tool").size(), 4U);
+    EXPECT_EQ(index.withStartupWmClassIgnoringCase("TOOL").front()->id, "tool");
 }
 
 } // namespace

@@ -88,9 +88,9 @@ TEST(ProcFiles, PickTheVariablesThatTellOfTheLaunch) {
     const auto environment = parseLaunchEnvironment(
         "HOME=/root\0GIO_LAUNCHED_DESKTOP_FILE=/a/b.desktop\0GIO_LAUNCHED_DESKTOP_FILE_PID=42\0"
         "XAPPDIR=no\0APPDIR=/tmp/.mount_x\0APPIMAGE=/home/u/X.AppImage\0"
-        "BAMF_DESKTOP_FILE_HINT=/c.desktop"s);
+        "BAMF_DESKTOP_FILE_HINT=/c.desktop\0OLDPWD=/x\0PWD=/home/u\0CLASSPATH=a:b\0WINEPREFIX=/w"s);
     EXPECT_EQ(environment, (LaunchEnvironment{"/a/b.desktop", 42, "/c.desktop", "/tmp/.mount_x",
-                                              "/home/u/X.AppImage"}));
+                                              "/home/u/X.AppImage", "/home/u", "a:b", "/w"}));
     EXPECT_EQ(parseLaunchEnvironment("GIO_LAUNCHED_DESKTOP_FILE_PID=4x2\0"s), LaunchEnvironment{});
 }
 

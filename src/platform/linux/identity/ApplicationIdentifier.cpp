@@ -1,14 +1,12 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
 #include "platform/linux/identity/KnownIds.h"
-#include "platform/linux/xdg/DisplayText.h"
+#include "platform/linux/identity/PathText.h"
+#include "platform/linux/identity/StartedProgram.h"
+#include "platform/linux/identity/SyntheticIdentity.h"
 #include "platform/linux/xdg/ExecKey.h"
 
 #include <algorithm>
-#include <array>
-#include <cctype>
-#include <charconv>
-#include <filesystem>
 
 namespace calmora {
 
@@ -19,7 +17,7 @@ constexpr std::string_view desktopEnding = ".desktop";
 /// A desktop id and how it was found.
 struct Match {
     std::string id;
-    /// Null for a sandbox or an AppImage whose desktop file is not among the installed ones.
+    /// Null for a sandbox whose desktop file is not among the installed ones.
     const DesktopEntry* entry = nullptr;
     IdentityRule rule = IdentityRule::synthetic;
 };
@@ -30,24 +28,12 @@ Found matchOf(const DesktopEntry* entry, IdentityRule rule) {
     return entry ? Found(Match{entry->id, entry, rule}) : std::nullopt;
 }
 
-std::string_view baseName(std::string_view path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
 /// One ".desktop" only: there is an org.telegram.desktop.desktop.
 std::string_view withoutEnding(std::string_view name) {
     if (name.ends_with(desktopEnding)) {
         name.remove_suffix(desktopEnding.size());
     }
     return name;
-}
-
-std::string lowered(std::string_view text) {
-    std::string lower(text);
-    std::ranges::transform(lower, lower.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return lower;
 }
 
 /// The words of a window's class that may name its application, the instance first. What many
@@ -62,11 +48,11 @@ std::vector<std::string> classWords(const TopLevelWindow& window) {
     return words;
 }
 
-bool isGenericClass(std::string_view word) {
-    const std::string lower = lowered(word);
-    return lower.empty() || lower == "tk" || lower == "toplevel" || lower == "main" ||
-           lower.starts_with("sun-awt-") || lower.starts_with('!') || lower.starts_with('.') ||
-           isInterpreter(word);
+/// The same, the class first.
+std::vector<std::string> classWordsClassFirst(const TopLevelWindow& window) {
+    auto words = classWords(window);
+    std::ranges::reverse(words);
+    return words;
 }
 
 /// The entry that a path or an id means, with or without its ending.
@@ -82,27 +68,12 @@ const DesktopEntry* entryNamed(std::string_view pathOrId, const DesktopEntryInde
     return entry ? entry : index.withId(name);
 }
 
-/// The key of the shell script that the process is part of; empty where its parent is none.
-std::string parentScriptKey(const ApplicationFacts& facts) {
-    if (!facts.parent || facts.parent->commandLine.empty() ||
-        !isShell(facts.parent->commandLine.front()) ||
-        scriptOf(facts.parent->commandLine).empty()) {
-        return {};
-    }
-    return execKey(facts.parent->commandLine);
-}
-
-/// The entry if the process runs what it starts. A unit and an environment pass on to whatever is
-/// started there, and remain when the program that they were made for has ended: what was typed
-/// into a terminal is not the terminal and must not be quit as one.
-const DesktopEntry* ifRunBy(const ApplicationFacts& facts, const DesktopEntry* entry) {
-    if (!entry || entry->execKey.empty()) {
-        return nullptr;
-    }
-    const bool isRun = entry->execKey == execKey(facts.process.commandLine) ||
-                       entry->execKey == programKey(facts.process.executable.value_or("")) ||
-                       entry->execKey == parentScriptKey(facts);
-    return isRun ? entry : nullptr;
+/// The first of several ways that gives an answer; later ones are not tried.
+template <typename... Ways>
+Found firstOf(Ways... ways) {
+    Found found;
+    (void)((found = ways(), found.has_value()) || ...);
+    return found;
 }
 
 Found bySandbox(const ProcessDetails& process, const DesktopEntryIndex& index) {
@@ -123,147 +94,204 @@ Found bySandbox(const ProcessDetails& process, const DesktopEntryIndex& index) {
     return Match{id, index.withId(id), IdentityRule::sandbox};
 }
 
-Found byStartupWmClass(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    const DesktopEntry* entry = nullptr;
-    for (const std::string& word : classWords(window)) {
-        entry = entry ? entry : index.withStartupWmClass(word);
-    }
-    for (const std::string& word : classWords(window)) {
-        entry = entry ? entry : index.withStartupWmClassIgnoringCase(word);
-    }
-    return matchOf(entry, IdentityRule::startupWmClass);
-}
-
-Found byWindowHint(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    const DesktopEntry* entry = entryNamed(window.kdeDesktopFile, index);
-    return matchOf(entry ? entry : entryNamed(window.gtkApplicationId, index),
-                   IdentityRule::windowHint);
-}
-
-const DesktopEntry* entryWithIdLike(const std::string& word, const DesktopEntryIndex& index) {
-    std::string dashed = lowered(word);
-    std::ranges::replace(dashed, ' ', '-');
-    for (const char* prefix : {"", "gnome-", "fedora-", "mozilla-", "debian-"}) {
-        for (const std::string& variant : {word, lowered(word), dashed}) {
-            if (const DesktopEntry* entry = index.withId(prefix + variant)) {
+/// The best entry that starts this program; null for none.
+const DesktopEntry* entryStarting(const StartedProgram& program, const DesktopEntryIndex& index) {
+    for (const std::string* key : {&program.calledKey, &program.key}) {
+        for (const DesktopEntry* entry : index.withExecKey(*key)) {
+            if (startsProgram(*entry, program)) {
                 return entry;
             }
         }
     }
-    return nullptr;
+    const auto found = index.withExecPath(program.path);
+    return found.empty() ? nullptr : found.front();
 }
 
-Found byIdOfClass(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    const DesktopEntry* entry = nullptr;
-    for (const std::string& word : classWords(window)) {
-        entry = entry ? entry : entryWithIdLike(word, index);
+/// Goes through the ways in which one process and its windows can be recognised.
+class Recognition {
+  public:
+    Recognition(const ApplicationFacts& facts, const DesktopEntryIndex& index)
+        : facts_(facts), index_(index), program_(startedProgram(facts.process)),
+          script_(parentScript(facts)) {}
+
+    /// What the process alone tells.
+    [[nodiscard]] Found byProcess() const {
+        return firstOf([&] { return bySystemdUnit(); }, [&] { return byLaunchEnvironment(); },
+                       [&] { return byExecKey(); });
     }
-    return matchOf(entry, IdentityRule::desktopIdOfClass);
-}
 
-Found bySystemdUnit(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    for (const std::string& id : desktopIdsOfCgroup(facts.process.cgroup)) {
-        if (const DesktopEntry* entry = ifRunBy(facts, index.withId(id))) {
-            return matchOf(entry, IdentityRule::systemdUnit);
+    [[nodiscard]] Found byWindow(const TopLevelWindow& window) const {
+        return firstOf([&] { return byStartupWmClass(window); },
+                       [&] { return byWindowHint(window); }, [&] { return byIdOfClass(window); },
+                       [&] { return byProcess(); }, [&] { return byIdEnd(window); },
+                       [&] { return byJavaClass(window); }, [&] { return byEntryName(window); },
+                       [&] { return byParentScript(); });
+    }
+
+    /// What the window alone tells.
+    [[nodiscard]] Found byWindowAlone(const TopLevelWindow& window) const {
+        return firstOf([&] { return byStartupWmClass(window); },
+                       [&] { return byWindowHint(window); }, [&] { return byIdOfClass(window); },
+                       [&] { return byIdEnd(window); }, [&] { return byJavaClass(window); },
+                       [&] { return byEntryName(window); });
+    }
+
+    [[nodiscard]] Found bySystemdUnit() const {
+        for (const std::string& id : desktopIdsOfCgroup(facts_.process.cgroup)) {
+            if (const DesktopEntry* entry = ifRun(index_.withId(id))) {
+                return matchOf(entry, IdentityRule::systemdUnit);
+            }
         }
-    }
-    return std::nullopt;
-}
-
-Found byLaunchEnvironment(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    const ProcessDetails& process = facts.process;
-    const LaunchEnvironment& environment = process.environment;
-    const DesktopEntry* entry = nullptr;
-    if (environment.launchedDesktopFilePid == process.pid) {
-        entry = entryNamed(environment.launchedDesktopFile, index);
-    }
-    if (!entry) {
-        entry = ifRunBy(facts, entryNamed(environment.bamfDesktopFileHint, index));
-    }
-    if (!entry && !process.appImageDesktopFile.empty()) {
-        const std::string id(withoutEnding(baseName(process.appImageDesktopFile)));
-        return Match{id, index.withId(id), IdentityRule::launchEnvironment};
-    }
-    return matchOf(entry, IdentityRule::launchEnvironment);
-}
-
-Found byExecKey(const ProcessDetails& process, const DesktopEntryIndex& index) {
-    const DesktopEntry* entry = index.withExecKey(execKey(process.commandLine));
-    if (!entry && process.executable) {
-        entry = index.withExecKey(programKey(*process.executable));
-    }
-    return matchOf(entry, IdentityRule::execKey);
-}
-
-Found byIdEnd(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    auto words = classWords(window);
-    std::ranges::reverse(words);
-    const DesktopEntry* entry = nullptr;
-    for (const std::string& word : words) {
-        entry = entry ? entry : index.onlyVisibleWithIdEnd(word);
-    }
-    return matchOf(entry, IdentityRule::desktopIdEnd);
-}
-
-Found byJavaClass(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    if (!window.instance.starts_with("sun-awt-")) {
         return std::nullopt;
     }
-    // The toolkit writes the class org.gjt.sp.jedit.jEdit with dashes.
-    const std::string last = window.className.substr(window.className.find_last_of("-.") + 1);
-    if (isGenericClass(last)) {
+
+    [[nodiscard]] Found byExecKey() const {
+        return matchOf(entryStarting(program_, index_), IdentityRule::execKey);
+    }
+
+    [[nodiscard]] Found byParentScript() const {
+        return script_ ? matchOf(entryStarting(*script_, index_), IdentityRule::parentScript)
+                       : std::nullopt;
+    }
+
+  private:
+    /// The shell script that the process is part of; absent where its parent is none.
+    static std::optional<StartedProgram> parentScript(const ApplicationFacts& facts) {
+        if (facts.parent) {
+            StartedProgram program = startedProgram(*facts.parent);
+            if (isShell(program.interpreter) && !program.path.empty()) {
+                return program;
+            }
+        }
         return std::nullopt;
     }
-    const DesktopEntry* entry = index.withStartupWmClassIgnoringCase(last);
-    return matchOf(entry ? entry : entryWithIdLike(last, index), IdentityRule::javaClass);
-}
 
-Found byEntryName(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    auto words = classWords(window);
-    std::ranges::reverse(words);
-    const DesktopEntry* entry = nullptr;
-    for (const std::string& word : words) {
-        entry = entry ? entry : index.onlyVisibleWithName(word);
+    /// The entry if the process runs what it starts, itself or through a script. A unit and an
+    /// environment pass on to whatever is started there, and remain when the program that they
+    /// were made for has ended: what was typed into a terminal is not the terminal and must not be
+    /// quit as one.
+    [[nodiscard]] const DesktopEntry* ifRun(const DesktopEntry* entry) const {
+        const bool isRun = entry && (startsProgram(*entry, program_) ||
+                                     (script_ && startsProgram(*entry, *script_)) ||
+                                     (!entry->execInterpreter.empty() && !program_.key.empty() &&
+                                      entry->execKey == program_.key));
+        return isRun ? entry : nullptr;
     }
-    return matchOf(entry, IdentityRule::entryName);
-}
 
-Found byParentScript(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    return matchOf(index.withExecKey(parentScriptKey(facts)), IdentityRule::parentScript);
-}
+    /// Of several entries that declare the same, the one that starts this program, then one that
+    /// was installed together with it.
+    [[nodiscard]] const DesktopEntry* declared(DesktopEntryIndex::Entries entries) const {
+        const DesktopEntry* together = nullptr;
+        const DesktopEntry* first = nullptr;
+        for (const DesktopEntry* entry : entries) {
+            if (startsProgram(*entry, program_)) {
+                return entry;
+            }
+            const bool holds = declaresFor(*entry, program_);
+            first = !first && holds ? entry : first;
+            together =
+                !together && holds && isInstalledTogether(*entry, program_) ? entry : together;
+        }
+        return together ? together : first;
+    }
 
-/// The first of several ways that gives an answer; later ones are not tried.
-template <typename... Ways>
-Found firstOf(Ways... ways) {
-    Found found;
-    (void)((found = ways(), found.has_value()) || ...);
-    return found;
-}
+    [[nodiscard]] Found byStartupWmClass(const TopLevelWindow& window) const {
+        const DesktopEntry* entry = nullptr;
+        for (const std::string& word : classWords(window)) {
+            entry = entry ? entry : declared(index_.withStartupWmClass(word));
+        }
+        for (const std::string& word : classWords(window)) {
+            entry = entry ? entry : declared(index_.withStartupWmClassIgnoringCase(word));
+        }
+        return matchOf(entry, IdentityRule::startupWmClass);
+    }
 
-/// What the window alone tells.
-Found byWindowAlone(const TopLevelWindow& window, const DesktopEntryIndex& index) {
-    return firstOf(
-        [&] { return byStartupWmClass(window, index); },
-        [&] { return byWindowHint(window, index); }, [&] { return byIdOfClass(window, index); },
-        [&] { return byIdEnd(window, index); }, [&] { return byJavaClass(window, index); },
-        [&] { return byEntryName(window, index); });
-}
+    [[nodiscard]] Found byWindowHint(const TopLevelWindow& window) const {
+        const DesktopEntry* entry = entryNamed(window.kdeDesktopFile, index_);
+        return matchOf(entry ? entry : entryNamed(window.gtkApplicationId, index_),
+                       IdentityRule::windowHint);
+    }
 
-Found byProcess(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    return firstOf([&] { return bySystemdUnit(facts, index); },
-                   [&] { return byLaunchEnvironment(facts, index); },
-                   [&] { return byExecKey(facts.process, index); });
-}
+    [[nodiscard]] const DesktopEntry* ifMayStart(const DesktopEntry* entry) const {
+        return entry && mayStart(*entry, program_) ? entry : nullptr;
+    }
 
-Found byWindow(const TopLevelWindow& window, const ApplicationFacts& facts,
-               const DesktopEntryIndex& index) {
-    return firstOf(
-        [&] { return byStartupWmClass(window, index); },
-        [&] { return byWindowHint(window, index); }, [&] { return byIdOfClass(window, index); },
-        [&] { return byProcess(facts, index); }, [&] { return byIdEnd(window, index); },
-        [&] { return byJavaClass(window, index); }, [&] { return byEntryName(window, index); },
-        [&] { return byParentScript(facts, index); });
-}
+    /// The first entry with an id like this word that `isWanted` takes.
+    template <typename IsWanted>
+    [[nodiscard]] const DesktopEntry* withIdLike(const std::string& word,
+                                                 const IsWanted& isWanted) const {
+        std::string dashed = loweredAscii(word);
+        std::ranges::replace(dashed, ' ', '-');
+        for (const char* prefix : {"", "gnome-", "fedora-", "mozilla-", "debian-"}) {
+            for (const std::string& variant : {word, loweredAscii(word), dashed}) {
+                const DesktopEntry* entry = index_.withId(prefix + variant);
+                if (entry && isWanted(*entry, program_)) {
+                    return entry;
+                }
+            }
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] Found byIdOfClass(const TopLevelWindow& window) const {
+        const DesktopEntry* entry = nullptr;
+        for (const std::string& word : classWords(window)) {
+            entry = entry ? entry : withIdLike(word, mayStart);
+        }
+        return matchOf(entry, IdentityRule::desktopIdOfClass);
+    }
+
+    [[nodiscard]] Found byLaunchEnvironment() const {
+        const ProcessDetails& process = facts_.process;
+        const LaunchEnvironment& environment = process.environment;
+        const DesktopEntry* entry = nullptr;
+        if (environment.launchedDesktopFilePid == process.pid) {
+            entry = entryNamed(environment.launchedDesktopFile, index_);
+        }
+        if (!entry) {
+            entry = ifRun(entryNamed(environment.bamfDesktopFileHint, index_));
+        }
+        if (!entry && program_.isAppImage && !process.appImageDesktopFile.empty()) {
+            // Many images call their inner entry "app".
+            entry = ifMayStart(index_.withId(withoutEnding(baseName(process.appImageDesktopFile))));
+        }
+        return matchOf(entry, IdentityRule::launchEnvironment);
+    }
+
+    [[nodiscard]] Found byIdEnd(const TopLevelWindow& window) const {
+        const DesktopEntry* entry = nullptr;
+        for (const std::string& word : classWordsClassFirst(window)) {
+            entry = entry ? entry : ifMayStart(index_.onlyVisibleWithIdEnd(word));
+        }
+        return matchOf(entry, IdentityRule::desktopIdEnd);
+    }
+
+    [[nodiscard]] Found byJavaClass(const TopLevelWindow& window) const {
+        if (!window.instance.starts_with("sun-awt-") && !isJava(program_.interpreter)) {
+            return std::nullopt;
+        }
+        // The toolkit writes the class org.gjt.sp.jedit.jEdit with dashes.
+        const std::string last = window.className.substr(window.className.find_last_of("-.") + 1);
+        if (isGenericClass(last)) {
+            return std::nullopt;
+        }
+        const DesktopEntry* entry = declared(index_.withStartupWmClassIgnoringCase(last));
+        return matchOf(entry ? entry : withIdLike(last, declaresFor), IdentityRule::javaClass);
+    }
+
+    [[nodiscard]] Found byEntryName(const TopLevelWindow& window) const {
+        const DesktopEntry* entry = nullptr;
+        for (const std::string& word : classWordsClassFirst(window)) {
+            entry = entry ? entry : ifMayStart(index_.onlyVisibleWithName(word));
+        }
+        return matchOf(entry, IdentityRule::entryName);
+    }
+
+    const ApplicationFacts& facts_;
+    const DesktopEntryIndex& index_;
+    StartedProgram program_;
+    std::optional<StartedProgram> script_;
+};
 
 /// A transient window counts as the window that it belongs to.
 bool isTransientOfAnother(const TopLevelWindow& window, const ApplicationFacts& facts) {
@@ -272,130 +300,48 @@ bool isTransientOfAnother(const TopLevelWindow& window, const ApplicationFacts& 
     });
 }
 
-Found find(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    if (Found found = bySandbox(facts.process, index)) {
-        return found;
+/// The application of a process, and those of its windows where they differ.
+struct Recognized {
+    Found application;
+    std::vector<std::string> windowIds;
+};
+
+Recognized recognize(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
+    Recognized result;
+    if (result.application = bySandbox(facts.process, index); result.application) {
+        return result;
     }
-    Found oldest;
-    bool differ = false;
+    const Recognition recognition(facts, index);
     for (const TopLevelWindow& window : facts.windows) {
         if (isTransientOfAnother(window, facts)) {
             continue;
         }
         // A window that tells nothing counts as the others of its process.
-        const Found found = byWindow(window, facts, index);
-        if (found && oldest) {
-            differ = differ || found->id != oldest->id;
-        } else if (found) {
-            oldest = found;
+        Found found = recognition.byWindow(window);
+        if (found) {
+            result.windowIds.push_back(found->id);
+            result.application = result.application ? result.application : std::move(found);
         }
     }
-    if (differ) {
-        const Found program = byExecKey(facts.process, index);
-        return program ? program : oldest;
-    }
-    if (oldest) {
-        return oldest;
+    if (result.application) {
+        const bool differ = std::ranges::any_of(
+            result.windowIds, [&](const auto& id) { return id != result.windowIds.front(); });
+        const Found program = differ ? recognition.byExecKey() : std::nullopt;
+        result.application = program ? program : result.application;
+        return result;
     }
     if (facts.windows.empty()) {
-        return firstOf([&] { return byProcess(facts, index); },
-                       [&] { return byParentScript(facts, index); });
+        result.application = firstOf([&] { return recognition.byProcess(); },
+                                     [&] { return recognition.byParentScript(); });
+        return result;
     }
     for (const TopLevelWindow& window : facts.groupWindows) {
-        if (Found found = byWindowAlone(window, index)) {
-            found->rule = IdentityRule::windowGroup;
-            return found;
+        if (result.application = recognition.byWindowAlone(window); result.application) {
+            result.application->rule = IdentityRule::windowGroup;
+            break;
         }
     }
-    return std::nullopt;
-}
-
-/// The class of the first window whose class tells something; empty where none does.
-std::string tellingClass(const std::vector<TopLevelWindow>& windows) {
-    for (const TopLevelWindow& window : windows) {
-        for (const std::string& word : {window.className, window.instance}) {
-            if (!isGenericClass(word) && !displayLine(word).empty()) {
-                return displayLine(word);
-            }
-        }
-    }
-    return {};
-}
-
-/// A word for the end of an identifier, where a dot would begin another one.
-std::string identifierWord(std::string_view text) {
-    std::string word = displayLine(text);
-    std::ranges::replace(word, '.', '-');
-    return word.empty() ? "Application" : word;
-}
-
-std::string withoutLastEnding(std::string_view name) {
-    const std::size_t dot = name.rfind('.');
-    return std::string(dot == 0 ? name : name.substr(0, dot));
-}
-
-/// The program's file as far as it is known.
-std::string programOf(const ProcessDetails& process) {
-    if (!process.environment.appImage.empty() && !process.appImageDesktopFile.empty()) {
-        return process.environment.appImage; // Its mount point is another one each time.
-    }
-    if (process.executable) {
-        return *process.executable;
-    }
-    const bool isPath =
-        !process.commandLine.empty() && process.commandLine.front().starts_with('/');
-    return isPath ? process.commandLine.front() : process.comm;
-}
-
-/// The script of an interpreter, absolute where the folder is known that it was started in; one
-/// that went to the root since then tells none.
-std::string scriptPathOf(const ProcessDetails& process) {
-    const std::string script = scriptOf(process.commandLine);
-    if (script.empty() || script.starts_with('/') ||
-        process.workingDirectory.value_or("/") == "/") {
-        return script;
-    }
-    const std::filesystem::path path(*process.workingDirectory + "/" + script);
-    std::string absolute = path.lexically_normal().string();
-    if (absolute.ends_with('/')) {
-        absolute.pop_back();
-    }
-    return absolute;
-}
-
-ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts) {
-    const std::string program = programOf(facts.process);
-    const std::string script = scriptPathOf(facts.process);
-    const std::string windowClass = tellingClass(facts.windows);
-    const bool isWine = baseName(program).starts_with("wine");
-
-    ApplicationIdentity identity;
-    std::string fileName;
-    bool isAmbiguous = false;
-    if (isWine && !windowClass.empty()) {
-        fileName = withoutLastEnding(windowClass);
-        identity.bundleIdentifier = "wine:" + windowClass;
-    } else if (!script.empty() && isInterpreter(program)) {
-        fileName = withoutLastEnding(baseName(script));
-        identity.bundleIdentifier = "script:" + displayLine(script);
-        isAmbiguous = !script.starts_with('/');
-    } else if (isInterpreter(program) && !windowClass.empty()) {
-        // One file for many programs: only the class tells them apart.
-        fileName = windowClass.substr(windowClass.find_last_of("-.") + 1);
-        identity.bundleIdentifier = "exe:" + displayLine(program) + ":" + windowClass;
-    } else {
-        fileName = baseName(program);
-        identity.bundleIdentifier = "exe:" + displayLine(program);
-        isAmbiguous = isInterpreter(program);
-    }
-    if (isAmbiguous) {
-        // Two programs of one identifier would be quit together; that is worse than to forget.
-        identity.bundleIdentifier +=
-            ":" + std::to_string(facts.process.pid) + ":" + std::to_string(facts.process.startTime);
-    }
-    identity.bundleIdentifier += "." + identifierWord(fileName);
-    identity.localizedName = windowClass.empty() ? identifierWord(fileName) : windowClass;
-    return identity;
+    return result;
 }
 
 ApplicationIdentity identityOf(const Match& match, const ApplicationFacts& facts,
@@ -421,41 +367,33 @@ ApplicationIdentity identityOf(const Match& match, const ApplicationFacts& facts
     return identity;
 }
 
-/// Undoes systemd's escaping of a part of a unit's name: \x2d is a dash.
-std::string unescapedUnit(std::string_view text) {
-    std::string plain;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        unsigned code = 0;
-        constexpr std::size_t length = 4;
-        const std::string_view escape = text.substr(at, length);
-        const bool isEscape =
-            escape.size() == length && escape.starts_with("\\x") &&
-            std::from_chars(escape.data() + 2, escape.data() + length, code, 16).ptr ==
-                escape.data() + length;
-        if (isEscape) {
-            plain += static_cast<char>(code);
-            at += length - 1;
-        } else {
-            plain += text[at];
-        }
-    }
-    return plain;
-}
-
 } // namespace
 
 ApplicationIdentity identify(const ApplicationFacts& facts, const DesktopEntryIndex& index) {
-    const Found found = find(facts, index);
-    return found ? identityOf(*found, facts, index) : syntheticIdentity(facts);
+    const Recognized recognized = recognize(facts, index);
+    if (!recognized.application) {
+        return syntheticIdentity(facts);
+    }
+    ApplicationIdentity identity = identityOf(*recognized.application, facts, index);
+    for (const std::string& id : recognized.windowIds) {
+        std::string other = bundleIdentifierOf(id, index);
+        auto& others = identity.otherIdentifiers;
+        if (other != identity.bundleIdentifier &&
+            std::ranges::find(others, other) == others.end()) {
+            others.push_back(std::move(other));
+        }
+    }
+    return identity;
 }
 
 std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                       const DesktopEntryIndex& index) {
     ApplicationFacts facts;
     facts.process = process;
+    const Recognition recognition(facts, index);
     const Found found = firstOf([&] { return bySandbox(process, index); },
-                                [&] { return bySystemdUnit(facts, index); },
-                                [&] { return byExecKey(process, index); });
+                                [&] { return recognition.bySystemdUnit(); },
+                                [&] { return recognition.byExecKey(); });
     if (!found || !found->entry || found->entry->needsTerminal) {
         return std::nullopt;
     }
@@ -463,71 +401,20 @@ std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& proc
 }
 
 bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& index) {
-    return !desktopIdsOfCgroup(process.cgroup).empty() || snapOfCgroup(process.cgroup) ||
-           byExecKey(process, index);
+    if (!desktopIdsOfCgroup(process.cgroup).empty() || snapOfCgroup(process.cgroup)) {
+        return true;
+    }
+    // Which file the arguments mean has not been read yet, nor the environment.
+    const StartedProgram program = startedProgram(process);
+    const bool isMounted =
+        process.executable && process.executable->find("/.mount_") != std::string::npos;
+    return isMounted || !index.withExecKey(program.calledKey).empty() ||
+           !index.withExecKey(program.key).empty() || !index.withExecPath(program.path).empty();
 }
 
 std::string bundleIdentifierOf(std::string_view desktopId, const DesktopEntryIndex& index) {
     const bool opensFolders = !desktopId.empty() && desktopId == index.fileManager();
     return opensFolders ? "com.apple.finder" : wellKnownIdentifier(desktopId);
-}
-
-std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup) {
-    std::string_view unit = baseName(cgroup);
-    std::vector<std::string> ids;
-    const auto addWithAndWithoutLauncher = [&](std::string_view name) {
-        ids.push_back(unescapedUnit(name));
-        // Dashes of an id are escaped, so the first plain one ends the launcher's name.
-        const std::size_t dash = name.find('-');
-        if (dash != std::string_view::npos && dash + 1 < name.size()) {
-            ids.push_back(unescapedUnit(name.substr(dash + 1)));
-        }
-    };
-    constexpr std::string_view scope = ".scope";
-    constexpr std::string_view service = ".service";
-    const bool isScope = unit.ends_with(scope);
-    if (!unit.starts_with("app-") || (!isScope && !unit.ends_with(service))) {
-        return ids;
-    }
-    unit.remove_prefix(std::string_view("app-").size());
-    unit.remove_suffix(isScope ? scope.size() : service.size());
-    const std::size_t cut = isScope ? unit.rfind('-') : unit.rfind('@');
-    if (cut != std::string_view::npos) {
-        addWithAndWithoutLauncher(unit.substr(0, cut));
-    } else if (!isScope) {
-        addWithAndWithoutLauncher(unit);
-    }
-    std::erase(ids, std::string());
-    return ids;
-}
-
-std::optional<std::string> snapOfCgroup(std::string_view cgroup) {
-    std::string_view leaf = baseName(cgroup);
-    constexpr std::string_view prefix = "snap.";
-    if (!leaf.starts_with(prefix)) {
-        return std::nullopt;
-    }
-    leaf.remove_prefix(prefix.size());
-    const std::size_t dot = leaf.find('.');
-    if (dot == std::string_view::npos || dot == 0) {
-        return std::nullopt;
-    }
-    const std::string_view name = leaf.substr(0, dot);
-    std::string_view application = leaf.substr(dot + 1);
-    application = application.substr(0, application.find('.'));
-    // The scope of one start carries a UUID.
-    constexpr std::size_t uuidLength = 36;
-    if (application.size() > uuidLength + 1 &&
-        application[application.size() - uuidLength - 1] == '-' &&
-        std::ranges::all_of(
-            application.substr(application.size() - uuidLength),
-            [](unsigned char letter) { return std::isxdigit(letter) != 0 || letter == '-'; })) {
-        application.remove_suffix(uuidLength + 1);
-    }
-    if (application.empty() || application == "hook") {
-        return std::nullopt;
-    }
-    return std::string(name) + "_" + std::string(application);
 }
 
 } // namespace calmora

@@ -2,6 +2,7 @@
 
 #include "platform/linux/identity/ApplicationFacts.h"
 #include "platform/linux/identity/ApplicationIdentity.h"
+#include "platform/linux/identity/CgroupNames.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
 #include <optional>
@@ -31,14 +32,5 @@ namespace calmora {
 /// that was stored as a desktop id means this one. Pure.
 [[nodiscard]] std::string bundleIdentifierOf(std::string_view desktopId,
                                              const DesktopEntryIndex& index);
-
-/// The desktop ids that the name of a systemd unit of an application may mean, most likely first:
-/// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`.
-/// Source: systemd "Desktop Environment Integration".
-[[nodiscard]] std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup);
-
-/// The desktop id of the snap that a control group belongs to: `<snap>_<application>`; absent
-/// for others.
-[[nodiscard]] std::optional<std::string> snapOfCgroup(std::string_view cgroup);
 
 } // namespace calmora

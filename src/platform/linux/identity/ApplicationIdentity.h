@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace calmora {
 
@@ -46,6 +47,9 @@ struct ApplicationIdentity {
     /// is one, else the desktop id, else a synthetic one that survives restarts if anything tells
     /// the program from others of its interpreter, else one of this process alone. Never empty.
     std::string bundleIdentifier = {};
+    /// The identifiers of the other applications that windows of this process belong to, each once
+    /// and as bundleIdentifier gives it: one process shows the documents of a whole office.
+    std::vector<std::string> otherIdentifiers = {};
     /// Never empty; one line of valid UTF-8.
     std::string localizedName = {};
     /// The desktop entry's picture; names nothing where there is none.

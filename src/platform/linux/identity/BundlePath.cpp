@@ -1,6 +1,7 @@
 #include "platform/linux/identity/BundlePath.h"
 
-#include "platform/linux/identity/ApplicationIdentifier.h"
+#include "platform/linux/identity/CgroupNames.h"
+#include "platform/linux/identity/PathText.h"
 #include "platform/linux/xdg/ExecKey.h"
 
 #include <algorithm>
@@ -77,99 +78,169 @@ bool isShared(std::string_view folder) {
                                [&](std::string_view prefix) { return folder.starts_with(prefix); });
 }
 
-/// Whether a folder is named like the application.
-class NameTest {
+/// Names that a folder of an application may have.
+class Names {
   public:
-    NameTest(std::string_view executable, const ApplicationIdentity& identity) {
-        add(executable);
-        add(programKey(executable));
-        add(identity.execKey);
-        if (identity.desktopId) {
-            add(*identity.desktopId);
-            add(std::string_view(*identity.desktopId).substr(identity.desktopId->rfind('.') + 1));
-        }
-    }
-
-    bool operator()(std::string_view folder) const {
-        return std::ranges::find(names_, normalized(folder)) != names_.end();
-    }
-
-  private:
     void add(std::string_view name) {
         if (std::string plain = normalized(name); !plain.empty()) {
             names_.push_back(std::move(plain));
         }
     }
 
+    [[nodiscard]] bool contain(std::string_view folder) const {
+        return std::ranges::find(names_, normalized(folder)) != names_.end();
+    }
+
+  private:
     std::vector<std::string> names_;
 };
+
+/// The names of the executable and the whole id.
+Names strictNames(std::string_view executable, const ApplicationIdentity& identity) {
+    Names names;
+    names.add(executable);
+    names.add(programKey(executable));
+    names.add(identity.desktopId.value_or(""));
+    return names;
+}
+
+/// Those, the name in Exec and the end of the id.
+Names systemNames(std::string_view executable, const ApplicationIdentity& identity) {
+    const std::string id = identity.desktopId.value_or("");
+    Names names = strictNames(executable, identity);
+    names.add(identity.execKey);
+    names.add(id.substr(id.rfind('.') + 1));
+    return names;
+}
+
+/// Whether a folder of this name holds many programs, each in a folder of its own.
+bool isLibrary(std::string_view folder) {
+    constexpr auto libraries =
+        std::to_array<std::string_view>({"apps", "applications", "programs", "games", "gog games",
+                                         "epic games", "compatdata", "instances", "steamapps"});
+    return std::ranges::find(libraries, loweredAscii(folder)) != libraries.end();
+}
+
+/// How many leading components are a folder that one program of a library has for itself, below
+/// the first `from` components; 0 for none.
+std::size_t libraryFolderDepth(const Components& path, std::size_t from) {
+    std::size_t depth = 0;
+    // The last component is the executable, which lies in a folder of the library.
+    for (std::size_t at = from; at + 2 < path.size(); ++at) {
+        const bool isOfSteam = at > from && loweredAscii(path[at - 1]) == "steamapps";
+        if (isOfSteam || isLibrary(path[at])) {
+            depth = at + 2;
+        }
+    }
+    return depth;
+}
+
+/// The deepest folder named like the program, below the first `root` components; 0 for none.
+template <typename IsExcluded>
+std::size_t deepestNamed(const Components& path, std::size_t root, const Names& names,
+                         const IsExcluded& isExcluded) {
+    // What a library holds beside its programs is everybody's.
+    const std::size_t least = std::max(root + 1, libraryFolderDepth(path, root));
+    for (std::size_t depth = path.size() - 1; depth >= least; --depth) {
+        const std::string_view name = path[depth - 1];
+        if (names.contain(name) && !isShared(name) && !isExcluded(depth)) {
+            return depth;
+        }
+    }
+    return 0;
+}
+
+bool isUserFolder(std::string_view name) {
+    constexpr auto folders =
+        std::to_array<std::string_view>({"Desktop", "Documents", "Downloads", "Music", "Pictures",
+                                         "Public", "Templates", "Videos"});
+    return std::ranges::find(folders, name) != folders.end();
+}
+
+std::size_t depthBelowHome(const Components& path, std::size_t home, const Names& names) {
+    const std::size_t folders = path.size() - 1;
+    return deepestNamed(path, home, names, [&](std::size_t depth) {
+        // The tools of ~/.cargo/bin are not one program, though one of them is called cargo.
+        if (depth < folders && path[depth - 1].starts_with('.') && path[depth] == "bin") {
+            return true;
+        }
+        if (depth > home + 1) {
+            return false;
+        }
+        const bool isOwnFolder =
+            depth == folders ||
+            (depth + 1 == folders && (path[depth] == "bin" || path[depth] == "lib"));
+        return !isOwnFolder || isUserFolder(path[depth - 1]);
+    });
+}
+
+std::size_t depthBelowUsr(const Components& path, const Names& names) {
+    const std::size_t folders = path.size() - 1;
+    std::size_t at = 1;
+    if (at < folders && path[at] == "local") {
+        ++at;
+    }
+    constexpr auto roots =
+        std::to_array<std::string_view>({"lib", "lib64", "libexec", "share", "games"});
+    if (at >= folders || std::ranges::find(roots, path[at]) == roots.end()) {
+        return 0;
+    }
+    ++at;
+    if (at < folders && path[at].find("-linux-") != std::string_view::npos) {
+        ++at;
+    }
+    return at < folders && !isShared(path[at]) && names.contain(path[at]) ? at + 1 : 0;
+}
+
+/// The revision's folder of a snap; none for a program that lies in another snap.
+std::size_t snapDepth(const Components& path, std::string_view executable, std::string_view snap) {
+    const std::string name(snap.substr(0, snap.find('_')));
+    for (const std::string root : {"/snap/", "/var/lib/snapd/snap/"}) {
+        const std::size_t depth = componentsOf(root).size() + 2;
+        if (executable.starts_with(root + name + "/") && path.size() > depth) {
+            return depth;
+        }
+    }
+    return 0;
+}
+
+bool isBelow(std::string_view path, const Components& folder) {
+    return path.starts_with(folderOf(folder, folder.size()));
+}
 
 /// Number of leading components that make up the private folder, by where the executable lies;
 /// 0 for none.
 std::size_t privateDepth(const Components& path, const ProcessDetails& process,
-                         std::string_view home, const NameTest& isNamedLikeIt) {
-    const std::size_t folders = path.size() - 1; // The last one is the executable.
+                         std::string_view home, const ApplicationIdentity& identity) {
     const std::string& executable = *process.executable;
-    const std::string& appDir = process.environment.appDir;
-    const Components mount = componentsOf(appDir);
-    if (!mount.empty() && mount.back().starts_with(".mount_") &&
-        executable.starts_with(folderOf(mount, mount.size()))) {
+    const Components mount = componentsOf(process.environment.appDir);
+    if (!mount.empty() && mount.back().starts_with(".mount_") && isBelow(executable, mount)) {
         return mount.size();
     }
     if (const auto snap = snapOfCgroup(process.cgroup)) {
-        const std::string name = snap->substr(0, snap->find('_'));
-        for (const std::string_view root : {"/snap/", "/var/lib/snapd/snap/"}) {
-            const std::size_t depth = componentsOf(root).size() + 2;
-            if (executable.starts_with(std::string(root) + name + "/") && folders >= depth) {
-                return depth;
-            }
-        }
-        return 0;
+        return snapDepth(path, executable, *snap);
     }
     const Components homePath = componentsOf(home);
-    if (!homePath.empty() && executable.starts_with(folderOf(homePath, homePath.size()))) {
-        // The tools of ~/.cargo/bin are not one program, though one of them is called cargo.
-        const auto isToolbox = [&](std::size_t depth) {
-            return path[depth - 1].starts_with('.') && path[depth] == "bin";
-        };
-        std::size_t depth = folders;
-        while (depth > homePath.size() &&
-               (!isNamedLikeIt(path[depth - 1]) || isShared(path[depth - 1]) || isToolbox(depth))) {
-            --depth;
-        }
-        return depth > homePath.size() ? depth : 0;
+    if (!homePath.empty() && isBelow(executable, homePath)) {
+        return depthBelowHome(path, homePath.size(), strictNames(path.back(), identity));
     }
     if (path.front() == "opt") {
-        std::size_t depth = folders;
-        while (depth > 0 && (path[depth - 1] == "bin" || path[depth - 1] == "lib" ||
-                             path[depth - 1] == "program")) {
-            --depth;
-        }
-        if (depth < 2 || isShared(path[depth - 1])) {
-            return 0;
-        }
-        // The folder of a vendor may hold several programs side by side in its bin.
-        const bool isVendors = depth == 2 && depth < folders && !isNamedLikeIt(path[1]);
-        return isVendors ? 0 : depth;
+        return deepestNamed(path, 1, systemNames(path.back(), identity),
+                            [](std::size_t) { return false; });
     }
-    if (path.front() == "usr") {
-        std::size_t at = 1;
-        if (at < folders && path[at] == "local") {
-            ++at;
-        }
-        constexpr std::array roots = {std::string_view("lib"), std::string_view("lib64"),
-                                      std::string_view("libexec"), std::string_view("share"),
-                                      std::string_view("games")};
-        if (at >= folders || std::ranges::find(roots, path[at]) == roots.end()) {
-            return 0;
-        }
-        ++at;
-        if (at < folders && path[at].find("-linux-") != std::string_view::npos) {
-            ++at;
-        }
-        return at < folders && !isShared(path[at]) && isNamedLikeIt(path[at]) ? at + 1 : 0;
+    return path.front() == "usr" ? depthBelowUsr(path, systemNames(path.back(), identity)) : 0;
+}
+
+/// Whether the path names a file in one way only, so that what lies below it can be told by its
+/// first characters.
+bool isPlainPath(std::string_view path) {
+    if (path.size() < 2 || path.front() != '/' || path.back() == '/') {
+        return false;
     }
-    return 0;
+    const Components components = componentsOf(path);
+    const bool hasDots = std::ranges::any_of(
+        components, [](std::string_view name) { return name == "." || name == ".."; });
+    return !hasDots && folderOf(components, components.size()) == std::string(path) + "/";
 }
 
 } // namespace
@@ -178,30 +249,29 @@ std::optional<std::string> privateFolder(const ProcessDetails& process,
                                          const ApplicationIdentity& identity, std::string_view home,
                                          std::span<const std::string> otherExecutables) {
     // Inside of every flatpak the executables lie in the same /app.
-    if (!process.executable || process.flatpak || isInterpreter(*process.executable) ||
-        process.executable->starts_with("/app/")) {
+    if (!process.executable || process.flatpak || process.runsScript ||
+        isInterpreter(*process.executable) || process.executable->starts_with("/app/")) {
         return std::nullopt;
     }
-    const std::string& executable = *process.executable;
-    const Components path = componentsOf(executable);
-    if (path.size() < 2) {
+    const Components path = componentsOf(*process.executable);
+    if (path.size() < 2 || !isPlainPath(*process.executable)) {
         return std::nullopt;
     }
-    const std::size_t depth = privateDepth(path, process, home, NameTest(path.back(), identity));
+    const std::size_t depth = privateDepth(path, process, home, identity);
     if (depth == 0) {
         return std::nullopt;
     }
     const auto holdsAnother = [&](const std::string& folder) {
-        return std::ranges::any_of(otherExecutables, [&](const std::string& other) {
-            return other != executable && other.starts_with(folder);
-        });
+        return std::ranges::any_of(
+            otherExecutables, [&](const std::string& other) { return other.starts_with(folder); });
     };
     std::string folder = folderOf(path, depth);
     if (!holdsAnother(folder)) {
         return folder;
     }
     std::string own = folderOf(path, path.size() - 1);
-    if (!isShared(path[path.size() - 2]) && !holdsAnother(own)) {
+    const std::string_view last = path[path.size() - 2];
+    if (!isShared(last) && !isLibrary(last) && !holdsAnother(own)) {
         return own;
     }
     return std::nullopt;
@@ -212,17 +282,25 @@ std::string bundlePath(const ProcessDetails& process, const ApplicationIdentity&
     if (auto folder = privateFolder(process, identity, home, otherExecutables)) {
         return *std::move(folder);
     }
-    // Files with a closing slash: nothing can lie below them.
-    if (!identity.entryPath.empty()) {
-        return identity.entryPath.string() + "/";
-    }
-    if (const std::string script = scriptOf(process.commandLine); script.starts_with('/')) {
-        return script + "/";
-    }
-    if (process.executable) {
-        return *process.executable + "/";
+    // Files with a closing slash: nothing can lie below them. What the arguments say is no file
+    // before it was looked at.
+    for (const std::string& file : {identity.entryPath.string(), process.commandPath.value_or(""),
+                                    process.executable.value_or("")}) {
+        if (isPlainPath(file)) {
+            return file + "/";
+        }
     }
     return "/proc/" + std::to_string(process.pid) + "/stat/";
+}
+
+bool belongsToAnotherProgram(std::string_view privateFolder, std::string_view ownExecutable,
+                             std::string_view candidateExecutable) {
+    if (!candidateExecutable.starts_with(privateFolder)) {
+        return true;
+    }
+    const Components candidate = componentsOf(candidateExecutable);
+    const std::size_t depth = libraryFolderDepth(candidate, componentsOf(privateFolder).size());
+    return depth != 0 && !ownExecutable.starts_with(folderOf(candidate, depth));
 }
 
 } // namespace calmora

@@ -13,7 +13,7 @@ namespace calmora {
 /// The folder, with a closing slash, that holds this application's executables and nobody
 /// else's. Absent where there is none, which is so for everything in /usr/bin. Pure.
 /// `home` is the user's home folder, empty when it is not known. `otherExecutables` are the
-/// executables of the other running applications.
+/// executables of the running applications of other identities; one of them may be this one's own.
 [[nodiscard]] std::optional<std::string>
 privateFolder(const ProcessDetails& process, const ApplicationIdentity& identity,
               std::string_view home, std::span<const std::string> otherExecutables);
@@ -24,5 +24,13 @@ privateFolder(const ProcessDetails& process, const ApplicationIdentity& identity
 [[nodiscard]] std::string bundlePath(const ProcessDetails& process,
                                      const ApplicationIdentity& identity, std::string_view home,
                                      std::span<const std::string> otherExecutables);
+
+/// Whether an executable below a private folder is not the application's but of a program that
+/// the application installed there: it lies in a library of programs (steamapps/common/GAME,
+/// apps/NAME, Games/NAME …), in another folder than the application's own executable. True also
+/// for what lies outside of the private folder. Pure.
+[[nodiscard]] bool belongsToAnotherProgram(std::string_view privateFolder,
+                                           std::string_view ownExecutable,
+                                           std::string_view candidateExecutable);
 
 } // namespace calmora

@@ -163,6 +163,12 @@ LaunchEnvironment parseLaunchEnvironment(std::string_view text) {
             environment.appDir = *folder;
         } else if (const auto image = after(variable, "APPIMAGE=")) {
             environment.appImage = *image;
+        } else if (const auto working = after(variable, "PWD=")) {
+            environment.shellFolder = *working;
+        } else if (const auto classes = after(variable, "CLASSPATH=")) {
+            environment.classPath = *classes;
+        } else if (const auto prefix = after(variable, "WINEPREFIX=")) {
+            environment.winePrefix = *prefix;
         }
     });
     return environment;

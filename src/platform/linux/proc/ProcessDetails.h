@@ -31,6 +31,12 @@ struct LaunchEnvironment {
     std::string appDir = {};
     /// APPIMAGE: the AppImage's own file.
     std::string appImage = {};
+    /// PWD: where the shell was that started it; children inherit it.
+    std::string shellFolder = {};
+    /// CLASSPATH: where java looks for classes.
+    std::string classPath = {};
+    /// WINEPREFIX: the installation of wine that it runs in.
+    std::string winePrefix = {};
 
     friend bool operator==(const LaunchEnvironment&, const LaunchEnvironment&) = default;
 };
@@ -49,9 +55,16 @@ struct ProcessDetails {
     std::string comm = {};
     /// The arguments, the program's own name first; the process may overwrite them.
     std::vector<std::string> commandLine = {};
-    /// The program file without the kernel's " (deleted)"; absent where it may not be read.
+    /// The program file without the kernel's " (deleted)"; absent where it may not be read, and
+    /// where a folder now has the name of the deleted file.
     std::optional<std::string> executable = {};
-    /// Where it is at work; read only where an interpreter runs a script by a relative path.
+    /// The file that the arguments name, links resolved: what an interpreter runs, else the
+    /// program whose executable may not be read. Absent unless there is exactly one regular file
+    /// that they can mean; inside of a folder that an interpreter runs it is the file that starts.
+    std::optional<std::string> commandPath = {};
+    /// The executable is an interpreter, known as one by the first line of the script it runs.
+    bool runsScript = false;
+    /// Where it is at work; read only for interpreters.
     std::optional<std::string> workingDirectory = {};
     /// Path below the root of the unified hierarchy; empty where there is none.
     std::string cgroup = {};

@@ -1,6 +1,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 
 #include "platform/linux/xdg/ExecKey.h"
+#include "platform/linux/xdg/ExecutableFile.h"
 
 #include <algorithm>
 #include <array>
@@ -70,6 +71,43 @@ std::string desktopFileIn(const std::string& folder) {
     return found.empty() ? found : folder + "/" + found;
 }
 
+/// The file that starts when an interpreter runs this file or folder; empty where there is none.
+std::string startedFile(const std::string& path) {
+    std::string file = resolvedFile(path);
+    for (const char* name : {"__main__.py", "package.json", "index.js"}) {
+        file = file.empty() ? resolvedFile(path + "/" + name) : file;
+    }
+    return file;
+}
+
+/// The script that a relative path means to a process; empty where two folders have one.
+std::string scriptIn(const std::optional<std::string>& workingDirectory,
+                     const std::string& shellFolder, const std::string& script) {
+    std::string file = workingDirectory ? startedFile(*workingDirectory + "/" + script) : "";
+    // It may have changed its folder since it was started.
+    const std::string other =
+        shellFolder.starts_with('/') ? startedFile(shellFolder + "/" + script) : "";
+    if (!file.empty() && !other.empty() && file != other) {
+        return {};
+    }
+    return file.empty() ? other : file;
+}
+
+/// The script whose first line made the kernel start this program; empty where there is none.
+/// The kernel puts it behind the program and at most one option.
+std::string scriptThatStarts(const std::string& executable,
+                             const std::vector<std::string>& commandLine) {
+    const std::size_t at = commandLine.size() > 2 && commandLine[1].starts_with('-') ? 2 : 1;
+    if (commandLine.size() <= at || !commandLine[at].starts_with('/')) {
+        return {};
+    }
+    const std::string script = resolvedFile(commandLine[at]);
+    const std::string interpreter = script.empty() ? script : scriptInterpreter(script);
+    const bool isIts =
+        !interpreter.empty() && interpreterFamily(interpreter) == interpreterFamily(executable);
+    return isIts ? script : std::string();
+}
+
 } // namespace
 
 ProcessReader::ProcessReader(const std::filesystem::path& root)
@@ -122,7 +160,15 @@ std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
 
 std::optional<std::string> ProcessReader::executable(ProcessId process) const {
     const auto target = linkTarget(process, "exe");
-    return target ? std::optional(std::string(withoutDeletedMark(*target))) : std::nullopt;
+    struct stat info{};
+    // A file may have a name that ends like the mark.
+    if (!target || withoutDeletedMark(*target) == *target || ::lstat(target->c_str(), &info) == 0) {
+        return target;
+    }
+    std::string path(withoutDeletedMark(*target));
+    // A folder by the name of the deleted file may hold the programs of others.
+    const bool isFolder = ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    return isFolder ? std::nullopt : std::optional(std::move(path));
 }
 
 std::vector<std::string> ProcessReader::commandLine(ProcessId process) const {
@@ -143,16 +189,14 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     details.comm = before->comm;
     details.commandLine = commandLine(process);
     details.executable = executable(process);
-    if (const std::string script = scriptOf(details.commandLine);
-        !script.empty() && !script.starts_with('/')) {
-        details.workingDirectory = linkTarget(process, "cwd");
-    }
     details.cgroup = parseCgroup(read(process, "cgroup"));
     details.environment = parseLaunchEnvironment(read(process, "environ"));
     details.flatpak = parseFlatpakInfo(readFlatpakInfo(process));
+    readCommandFile(details);
     const std::string& appDir = details.environment.appDir;
-    if (appDir.starts_with('/') && details.executable &&
-        details.executable->starts_with(appDir + "/")) {
+    if (appDir.starts_with('/') &&
+        ((details.executable && details.executable->starts_with(appDir + "/")) ||
+         (details.commandPath && details.commandPath->starts_with(appDir + "/")))) {
         details.appImageDesktopFile = desktopFileIn(appDir);
     }
     const auto afterwards = stat(process);
@@ -160,6 +204,27 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
         return std::nullopt;
     }
     return details;
+}
+
+void ProcessReader::readCommandFile(ProcessDetails& details) const {
+    const Command command = commandOfProcess(details.commandLine, details.executable);
+    const bool isInterpreted = !command.interpreter.empty();
+    if (isInterpreted) {
+        details.workingDirectory = linkTarget(details.pid, "cwd");
+    }
+    const bool runsItself = !isInterpreted && details.executable;
+    const std::string file =
+        runsItself ? scriptThatStarts(*details.executable, details.commandLine)
+        : command.target.empty() || command.isModule ? std::string()
+        : !isInterpreted                             ? resolvedFile(command.target)
+        : command.target.starts_with('/')
+            ? startedFile(command.target)
+            : scriptIn(details.workingDirectory, details.environment.shellFolder, command.target);
+    // Below a root of its own the paths mean other files than here.
+    if (!file.empty() && !hasOwnRoot(details.pid)) {
+        details.commandPath = file;
+        details.runsScript = runsItself;
+    }
 }
 
 ProcessDetails ProcessReader::outline(ProcessId process) const {

@@ -1,6 +1,5 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 
-#include "platform/linux/xdg/ExecKey.h"
 #include "platform/linux/xdg/KeyFile.h"
 #include "support/ShownName.h"
 
@@ -88,6 +87,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
             isApplication = value == "Application";
         } else if (key == "Exec") {
             entry.exec = value;
+        } else if (key == "Path") {
+            entry.workingFolder = unescapedValue(value);
         } else if (key == "TryExec") {
             entry.tryExec = unescapedValue(value);
         } else if (key == "StartupWMClass") {
@@ -114,7 +115,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
     if (!entry.hidden && (!isApplication || entry.name.empty())) {
         return std::nullopt;
     }
-    entry.execKey = execKey(execWords(entry.exec));
+    entry.command = commandOf(execWords(entry.exec));
+    entry.execKey = keyOf(entry.command);
     entry.isVisible = !entry.noDisplay && !entry.hidden;
     return entry;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Image.h"
+#include "platform/linux/xdg/ExecKey.h"
 
 #include <filesystem>
 #include <optional>
@@ -24,8 +25,18 @@ struct DesktopEntry {
     /// Icon as it is written: a name in the icon theme or an absolute path.
     std::string icon = {};
     std::string exec = {};
-    /// The name of the program that Exec starts; empty where it names none.
+    /// What Exec starts.
+    Command command = {};
+    /// keyOf() that command; empty where it names nothing.
     std::string execKey = {};
+    /// The file that Exec starts, links resolved, as of resolveExec(); empty where there is none.
+    std::string execPath = {};
+    /// The interpreter of that file, by Exec or by the file's first line; empty for a program.
+    std::string execInterpreter = {};
+    /// PATH leads to that file by its name.
+    bool isInPath = false;
+    /// The folder in which the program is started; empty where the entry does not say.
+    std::string workingFolder = {};
     std::string tryExec = {};
     std::string startupWmClass = {};
     std::vector<std::string> categories = {};
@@ -43,9 +54,9 @@ struct DesktopEntry {
     bool isAutostart = false;
 };
 
-/// Parses a desktop file. `id`, `path`, `isVisible` (beyond NoDisplay) and `isAutostart` are the
-/// caller's to fill in. Absent when it describes no application or has no name.
-/// `locales` are localeCandidates(), most wanted first.
+/// Parses a desktop file. `id`, `path`, `isVisible` (beyond NoDisplay), `isAutostart` and what
+/// resolveExec() finds are the caller's to fill in. Absent when it describes no application or has
+/// no name. `locales` are localeCandidates(), most wanted first.
 [[nodiscard]] std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
                                                             std::span<const std::string> locales);
 

@@ -23,51 +23,58 @@ std::string lowered(std::string_view text) {
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries, std::string fileManager)
     : entries_(std::move(entries)), fileManager_(std::move(fileManager)) {
-    const auto add = [](Map& map, std::string key, std::size_t at) {
+    const auto add = [](Map& map, const std::string& key, const DesktopEntry& entry) {
         if (!key.empty()) {
-            map[std::move(key)].push_back(at);
+            map[key].push_back(&entry);
         }
     };
-    for (std::size_t at = 0; at < entries_.size(); ++at) {
-        const DesktopEntry& entry = entries_[at];
+    for (const DesktopEntry& entry : entries_) {
         if (ids_.contains(entry.id)) {
             continue;
         }
         const std::string lowerId = lowered(entry.id);
-        add(ids_, entry.id, at);
-        add(lowerIds_, lowerId, at);
-        add(wmClasses_, entry.startupWmClass, at);
-        add(lowerWmClasses_, lowered(entry.startupWmClass), at);
-        add(execKeys_, entry.execKey, at);
-        add(idEnds_, lowerId.substr(lowerId.rfind('.') + 1), at);
-        add(names_, lowered(entry.unlocalizedName), at);
-        add(paths_, entry.path.string(), at);
+        add(ids_, entry.id, entry);
+        add(wmClasses_, entry.startupWmClass, entry);
+        add(lowerWmClasses_, lowered(entry.startupWmClass), entry);
+        add(execKeys_, entry.execKey, entry);
+        add(execPaths_, entry.execPath, entry);
+        add(idEnds_, lowerId.substr(lowerId.rfind('.') + 1), entry);
+        add(names_, lowered(entry.unlocalizedName), entry);
+        add(paths_, entry.path.string(), entry);
+    }
+    for (Map* map : {&wmClasses_, &lowerWmClasses_, &execKeys_, &execPaths_}) {
+        for (auto& [key, found] : *map) {
+            std::ranges::stable_sort(found, {}, [wanted = lowered(key)](const DesktopEntry* entry) {
+                return std::tuple(lowered(entry->id) != wanted, !entry->isVisible,
+                                  entry->exec.size());
+            });
+        }
     }
 }
 
 const DesktopEntry* DesktopEntryIndex::withId(std::string_view id) const {
-    return best(ids_, id, id);
-}
-
-const DesktopEntry* DesktopEntryIndex::withIdIgnoringCase(std::string_view id) const {
-    const DesktopEntry* exact = withId(id);
-    return exact ? exact : best(lowerIds_, lowered(id), id);
+    return best(ids_, std::string(id));
 }
 
 const DesktopEntry* DesktopEntryIndex::withPath(std::string_view path) const {
-    return best(paths_, path, {});
+    return best(paths_, std::string(path));
 }
 
-const DesktopEntry* DesktopEntryIndex::withStartupWmClass(std::string_view key) const {
-    return best(wmClasses_, key, key);
+DesktopEntryIndex::Entries DesktopEntryIndex::withStartupWmClass(std::string_view key) const {
+    return all(wmClasses_, std::string(key));
 }
 
-const DesktopEntry* DesktopEntryIndex::withStartupWmClassIgnoringCase(std::string_view key) const {
-    return best(lowerWmClasses_, lowered(key), key);
+DesktopEntryIndex::Entries
+DesktopEntryIndex::withStartupWmClassIgnoringCase(std::string_view key) const {
+    return all(lowerWmClasses_, lowered(key));
 }
 
-const DesktopEntry* DesktopEntryIndex::withExecKey(std::string_view key) const {
-    return best(execKeys_, key, key);
+DesktopEntryIndex::Entries DesktopEntryIndex::withExecKey(std::string_view key) const {
+    return all(execKeys_, std::string(key));
+}
+
+DesktopEntryIndex::Entries DesktopEntryIndex::withExecPath(std::string_view path) const {
+    return all(execPaths_, std::string(path));
 }
 
 const DesktopEntry* DesktopEntryIndex::onlyVisibleWithIdEnd(std::string_view word) const {
@@ -78,35 +85,26 @@ const DesktopEntry* DesktopEntryIndex::onlyVisibleWithName(std::string_view name
     return onlyVisible(names_, lowered(name));
 }
 
-const DesktopEntry* DesktopEntryIndex::best(const Map& map, std::string_view key,
-                                            std::string_view wanted) const {
-    const auto found = map.find(std::string(key));
-    if (found == map.end()) {
-        return nullptr;
-    }
-    const std::string lowerWanted = lowered(wanted);
-    const auto rank = [&](std::size_t at) {
-        const DesktopEntry& entry = entries_[at];
-        return std::tuple(lowered(entry.id) != lowerWanted, !entry.isVisible, entry.exec.size(),
-                          at);
-    };
-    return &entries_[*std::ranges::min_element(found->second, {}, rank)];
+DesktopEntryIndex::Entries DesktopEntryIndex::all(const Map& map, const std::string& key) {
+    const auto found = map.find(key);
+    return found == map.end() ? Entries() : Entries(found->second);
 }
 
-const DesktopEntry* DesktopEntryIndex::onlyVisible(const Map& map, std::string_view key) const {
-    const auto found = map.find(std::string(key));
-    if (found == map.end()) {
-        return nullptr;
-    }
+const DesktopEntry* DesktopEntryIndex::best(const Map& map, const std::string& key) {
+    const Entries found = all(map, key);
+    return found.empty() ? nullptr : found.front();
+}
+
+const DesktopEntry* DesktopEntryIndex::onlyVisible(const Map& map, const std::string& key) {
     const DesktopEntry* only = nullptr;
-    for (const std::size_t at : found->second) {
-        if (!entries_[at].isVisible) {
+    for (const DesktopEntry* entry : all(map, key)) {
+        if (!entry->isVisible) {
             continue;
         }
         if (only) {
             return nullptr;
         }
-        only = &entries_[at];
+        only = entry;
     }
     return only;
 }

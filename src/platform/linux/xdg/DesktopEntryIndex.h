@@ -15,6 +15,8 @@ namespace calmora {
 /// Entries are found as pointers that live as long as the index; null means none.
 class DesktopEntryIndex {
   public:
+    using Entries = std::span<const DesktopEntry* const>;
+
     DesktopEntryIndex() = default;
 
     /// `fileManager` is the id of the application that opens folders; empty means none.
@@ -29,21 +31,21 @@ class DesktopEntryIndex {
     /// The entry with this id, exactly.
     [[nodiscard]] const DesktopEntry* withId(std::string_view id) const;
 
-    /// The entry with this id, or with this id in other letter case.
-    [[nodiscard]] const DesktopEntry* withIdIgnoringCase(std::string_view id) const;
-
     /// The entry whose file this is.
     [[nodiscard]] const DesktopEntry* withPath(std::string_view path) const;
 
-    /// The best entry with this StartupWMClass: one whose id is the key, then a visible one, then
-    /// the one with the shortest Exec.
-    [[nodiscard]] const DesktopEntry* withStartupWmClass(std::string_view key) const;
+    /// The entries with this StartupWMClass, best first: one whose id is the key, then visible
+    /// ones, then by the length of Exec.
+    [[nodiscard]] Entries withStartupWmClass(std::string_view key) const;
 
     /// The same in any letter case.
-    [[nodiscard]] const DesktopEntry* withStartupWmClassIgnoringCase(std::string_view key) const;
+    [[nodiscard]] Entries withStartupWmClassIgnoringCase(std::string_view key) const;
 
-    /// The best entry whose command has this key, chosen as for StartupWMClass.
-    [[nodiscard]] const DesktopEntry* withExecKey(std::string_view key) const;
+    /// The entries whose command has this key, best first as for StartupWMClass.
+    [[nodiscard]] Entries withExecKey(std::string_view key) const;
+
+    /// The entries that start this file, best first: visible ones, then by the length of Exec.
+    [[nodiscard]] Entries withExecPath(std::string_view path) const;
 
     /// The only visible entry whose id ends in a dot and this word, in any letter case.
     [[nodiscard]] const DesktopEntry* onlyVisibleWithIdEnd(std::string_view word) const;
@@ -57,19 +59,20 @@ class DesktopEntryIndex {
     [[nodiscard]] const std::string& fileManager() const { return fileManager_; }
 
   private:
-    using Map = std::unordered_map<std::string, std::vector<std::size_t>>;
+    using Map = std::unordered_map<std::string, std::vector<const DesktopEntry*>>;
 
-    [[nodiscard]] const DesktopEntry* best(const Map& map, std::string_view key,
-                                           std::string_view wanted) const;
-    [[nodiscard]] const DesktopEntry* onlyVisible(const Map& map, std::string_view key) const;
+    [[nodiscard]] static Entries all(const Map& map, const std::string& key);
+    [[nodiscard]] static const DesktopEntry* best(const Map& map, const std::string& key);
+    [[nodiscard]] static const DesktopEntry* onlyVisible(const Map& map, const std::string& key);
 
+    /// Never changes in size: the maps point into it.
     std::vector<DesktopEntry> entries_;
     std::string fileManager_;
     Map ids_;
-    Map lowerIds_;
     Map wmClasses_;
     Map lowerWmClasses_;
     Map execKeys_;
+    Map execPaths_;
     Map idEnds_;
     Map names_;
     Map paths_;

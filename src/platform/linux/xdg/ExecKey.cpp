@@ -3,20 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstddef>
 
 namespace calmora {
 
 namespace {
 
 std::string_view baseName(std::string_view path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string_view::npos ? path : path.substr(slash + 1);
-}
-
-/// The name without a version at its end: python3.11 is python.
-std::string_view withoutVersion(std::string_view name) {
-    const std::size_t last = name.find_last_not_of("0123456789.-");
-    return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    return path.substr(path.rfind('/') + 1);
 }
 
 template <std::size_t count>
@@ -24,55 +18,78 @@ bool isAnyOf(std::string_view name, const std::array<std::string_view, count>& n
     return std::ranges::find(names, name) != names.end();
 }
 
-constexpr std::array<std::string_view, 8> shells = {"sh",  "bash", "dash", "zsh",
-                                                    "ksh", "mksh", "fish", "busybox"};
+/// The same for names in order.
+template <std::size_t count>
+bool isIn(const std::array<std::string_view, count>& names, std::string_view name) {
+    return std::ranges::binary_search(names, name);
+}
 
-constexpr std::array<std::string_view, 27> interpreters = {"python",      "pythonw",
-                                                           "pypy",        "perl",
-                                                           "ruby",        "node",
-                                                           "nodejs",      "deno",
-                                                           "bun",         "gjs",
-                                                           "gjs-console", "seed",
-                                                           "lua",         "luajit",
-                                                           "tclsh",       "wish",
-                                                           "php",         "mono",
-                                                           "mono-sgen",   "dotnet",
-                                                           "java",        "javaw",
-                                                           "wine",        "wine-preloader",
-                                                           "wine64",      "wine64-preloader",
-                                                           "electron"};
+constexpr auto shells = std::to_array<std::string_view>(
+    {"ash", "bash", "busybox", "csh", "dash", "fish", "ksh", "lksh", "mksh", "nu", "posh", "pwsh",
+     "rbash", "sh", "tcsh", "yash", "zsh"});
+
+// clang-format off
+/// Without their versions. The dynamic loader is one: it runs the program that it is given.
+constexpr auto interpreters = std::to_array<std::string_view>({
+    "FEXInterpreter", "R", "Rscript", "awk", "beam.smp", "box64", "box86", "bun", "cjs",
+    "cjs-console", "clisp", "deno", "dotnet", "ecl", "electron", "expect", "gawk", "ghc",
+    "ghci", "gjs", "gjs-console", "gracket", "guile", "java", "javaw", "jruby", "julia",
+    "jython", "ld-linux-aarch64.so", "ld-linux-x86-64.so", "ld-linux.so", "ld.so", "love",
+    "lua", "luajit", "mono", "mono-sgen", "node", "nodejs", "nw", "ocaml", "ocamlrun",
+    "octave", "octave-cli", "perl", "pharo", "php", "pypy", "python", "pythonw", "qml",
+    "qmlscene", "racket", "ruby", "runghc", "sbcl", "seed", "squeak", "swipl", "tclsh",
+    "texlua", "wine", "wine-devel", "wine-preloader", "wine-stable", "wine-staging", "wine64",
+    "wine64-preloader", "wish"});
 
 /// Programs that start another one, which is the application.
-constexpr std::array<std::string_view, 26> wrappers = {
-    "env",         "nice",        "ionice",      "nohup",
-    "setsid",      "exec",        "time",        "stdbuf",
-    "sudo",        "pkexec",      "gksu",        "gksudo",
-    "kdesu",       "kdesudo",     "dbus-launch", "dbus-run-session",
-    "systemd-run", "gamemoderun", "mangohud",    "optirun",
-    "primusrun",   "prime-run",   "firejail",    "padsp",
-    "pasuspender", "ld.so"};
+constexpr auto wrappers = std::to_array<std::string_view>({
+    "dbus-launch", "dbus-run-session", "env", "exec", "firejail", "gamemoderun", "gksu",
+    "gksudo", "ionice", "kdesu", "kdesudo", "mangohud", "nice", "nohup", "optirun", "padsp",
+    "pasuspender", "pkexec", "prime-run", "primusrun", "setsid", "stdbuf", "sudo",
+    "systemd-run", "time"});
+// clang-format on
 
 /// Programs that start an application that their command line names in a way of its own.
-constexpr std::array<std::string_view, 6> launchers = {"flatpak",  "snap", "gtk-launch",
-                                                       "xdg-open", "gio",  "steam-runtime"};
+constexpr auto launchers = std::to_array<std::string_view>(
+    {"flatpak", "gio", "gtk-launch", "snap", "steam-runtime", "xdg-open"});
 
-/// Options that take the following word as their value, by program.
+static_assert(std::ranges::is_sorted(shells) && std::ranges::is_sorted(interpreters) &&
+              std::ranges::is_sorted(wrappers) && std::ranges::is_sorted(launchers));
+
+/// Options that take the following word as their value, by program without version.
 bool takesValue(std::string_view program, std::string_view option) {
-    if (program == "env") {
-        return option == "-u" || option == "-C" || option == "-S";
-    }
-    if (program == "nice" || program == "ionice") {
-        return option == "-n" || option == "-c" || option == "-p";
-    }
-    if (withoutVersion(program) == "python") {
-        return option == "-W" || option == "-X";
-    }
-    if (program == "java") {
-        return option == "-cp" || option == "-classpath" || option == "--class-path" ||
-               option == "-p" || option == "--module-path" || option == "--add-opens" ||
-               option == "--add-exports" || option == "--add-modules";
-    }
-    return false;
+    struct Options {
+        std::string_view program;
+        std::array<std::string_view, 8> options;
+    };
+
+    static constexpr auto table = std::to_array<Options>({
+        {"env", {"-u", "-C", "-S"}},
+        {"nice", {"-n"}},
+        {"ionice", {"-n", "-c", "-p"}},
+        {"python", {"-W", "-X"}},
+        {"perl", {"-I"}},
+        {"ruby", {"-I", "-r", "-C", "-E"}},
+        {"node", {"-r", "--require", "--import", "--loader", "--experimental-loader", "-C"}},
+        {"electron", {"-r", "--require"}},
+        {"gjs", {"-I", "-C"}},
+        {"gjs-console", {"-I", "-C"}},
+        {"qml", {"-I", "-P", "-c", "--config", "-a", "--apptype", "--style"}},
+        {"qmlscene", {"-I", "-P", "--scaling"}},
+        {"lua", {"-l"}},
+        {"php", {"-d", "-c", "-z"}},
+        {"guile", {"-L", "-C", "-l"}},
+        {"julia", {"-J", "-L", "-t", "-p", "-C"}},
+    });
+    const auto row = std::ranges::find(table, program, &Options::program);
+    return row != table.end() && isAnyOf(option, row->options);
+}
+
+/// Whether code follows the option, so that no file is run.
+bool takesCode(std::string_view program, std::string_view option) {
+    const bool checksOnly = program == "perl" || program == "ruby" || program == "node";
+    return option == "-e" || option == "--eval" || (option == "-c" && !checksOnly) ||
+           (option == "-E" && program == "perl");
 }
 
 bool isAssignment(std::string_view word) {
@@ -85,67 +102,185 @@ bool isAssignment(std::string_view word) {
     });
 }
 
-bool isWrapper(std::string_view word) {
-    return isAnyOf(baseName(word), wrappers);
+bool isCommandString(std::string_view shell, std::string_view option) {
+    return isShell(shell) && option.size() > 1 && option[1] != '-' &&
+           option.find('c') != std::string_view::npos;
 }
 
-/// What a command runs.
-struct Command {
-    /// The program, script, jar or module as it is written; empty for none.
-    std::string_view target;
-    /// The target is what an interpreter runs.
-    bool isInterpreted = false;
+/// deno run main.ts
+bool isSubcommand(std::string_view interpreter, std::string_view word) {
+    const std::string_view family = interpreterFamily(interpreter);
+    return (word == "run" || word == "exec") &&
+           (family == "deno" || family == "bun" || family == "dotnet");
+}
+
+/// Interpreters that programs are delivered with under the interpreter's own name.
+bool isEngine(std::string_view interpreter) {
+    const std::string_view family = interpreterFamily(interpreter);
+    return family == "electron" || family == "nw" || family == "love" || family == "pharo" ||
+           family == "squeak";
+}
+
+/// Programs that load binaries, those of interpreters as well.
+bool isLoader(std::string_view interpreter) {
+    const std::string_view name = baseName(interpreter);
+    return isWine(interpreter) || name.starts_with("ld") || name.starts_with("box") ||
+           name == "FEXInterpreter";
+}
+
+/// The words of a command behind its interpreter.
+class InterpreterArguments {
+  public:
+    InterpreterArguments(std::string_view interpreter, std::span<const std::string> words)
+        : family_(interpreterFamily(interpreter)), words_(words) {}
+
+    /// Whether the word at `at`, an option, says what is run; the target is then in `command`.
+    /// Otherwise `at` is moved to the last word of the option.
+    bool tells(std::size_t& at, Command& command) const {
+        const std::string_view word = words_[at];
+        const bool hasNext = at + 1 < words_.size();
+        if (isCommandString(family_, word)) {
+            return true;
+        }
+        if (family_ == "python" && word == "-m" && hasNext) {
+            command.target = words_[at + 1];
+            command.isModule = true;
+            return true;
+        }
+        constexpr std::string_view fileOption = "--file=";
+        if (family_ == "R" && word.starts_with(fileOption)) {
+            command.target = word.substr(fileOption.size());
+            return true;
+        }
+        if (takesValue(family_, word)) {
+            ++at;
+        } else if (isInterpreter(family_) && !isShell(family_) && takesCode(family_, word)) {
+            return true;
+        }
+        return false;
+    }
+
+  private:
+    std::string_view family_;
+    std::span<const std::string> words_;
 };
+
+} // namespace
 
 Command commandOf(std::span<const std::string> words) {
     Command command;
-    std::string_view starter;
+    std::string_view starter; // The last interpreter or wrapper.
     for (std::size_t at = 0; at < words.size(); ++at) {
         const std::string_view word = words[at];
-        if (word.empty() || isAssignment(word)) {
+        if (word.empty() || (command.interpreter.empty() && isAssignment(word))) {
             continue;
         }
         if (word.front() == '-' && !starter.empty()) {
-            const bool hasNext = at + 1 < words.size();
-            if (isShell(starter) && word.size() > 1 && word[1] != '-' &&
-                word.find('c') != std::string_view::npos) {
-                return {}; // A command string names no program.
-            }
-            if (starter == "java" && word == "-jar" && hasNext) {
-                return {words[at + 1], true};
-            }
-            if (withoutVersion(starter) == "python" && word == "-m" && hasNext) {
-                return {words[at + 1], true};
-            }
-            if (command.isInterpreted && (word == "-c" || word == "-e")) {
-                return {};
-            }
-            if (takesValue(starter, word)) {
-                ++at;
+            if (InterpreterArguments(starter, words).tells(at, command)) {
+                return command;
             }
             continue;
         }
-        const std::string_view name = baseName(word);
-        if (isAnyOf(name, launchers)) {
+        if (isIn(launchers, baseName(word))) {
             return {};
         }
-        if (command.isInterpreted && starter == "java") {
-            return {}; // A class of some class path.
+        if (isSubcommand(starter, word)) {
+            continue;
         }
-        if (isWrapper(word) || (!command.isInterpreted && isInterpreter(word))) {
-            // A login shell's name begins with a dash.
-            starter = name;
-            command.isInterpreted = command.isInterpreted || isInterpreter(word);
+        // What an interpreter runs may be called like another one, but a loader runs one.
+        const bool mayFollow = command.interpreter.empty() || isLoader(command.interpreter);
+        if (mayFollow && (isWrapper(word) || isInterpreter(word))) {
+            starter = word;
+            command.interpreter = isInterpreter(word) ? std::string(word) : command.interpreter;
+            if (isJava(word)) {
+                command.target = javaProgramOf(words.subspan(at)).jar;
+                return command;
+            }
             continue;
         }
         command.target = word;
         return command;
     }
+    // Without an argument they run what was put beside them.
+    return isEngine(command.interpreter) ? Command{command.interpreter, {}, false} : command;
+}
+
+Command commandOfProcess(std::span<const std::string> words,
+                         const std::optional<std::string>& executable) {
+    if (!executable) {
+        return commandOf(words);
+    }
+    if (!isInterpreter(*executable)) {
+        return {*executable, {}, false};
+    }
+    Command command = commandOf(words);
+    if (isEngine(*executable) && command.interpreter.empty()) {
+        return {*executable, {}, false};
+    }
+    if (isWine(*executable) && command.interpreter.empty()) {
+        // Wine replaces its own name by that of the Windows program.
+        return {command.target, *executable, false};
+    }
+    const bool isFitting = !words.empty() && !command.interpreter.empty() &&
+                           isInterpreter(words.front()) &&
+                           isWine(*executable) == isWine(command.interpreter) &&
+                           isJava(*executable) == isJava(command.interpreter);
+    return isFitting ? command : Command{{}, *executable, false};
+}
+
+JavaProgram javaProgramOf(std::span<const std::string> words) {
+    constexpr std::array<std::string_view, 5> paths = {"-cp", "-classpath", "--class-path", "-p",
+                                                       "--module-path"};
+    constexpr std::array<std::string_view, 8> values = {
+        "--add-opens",     "--add-exports",         "--add-modules",  "--add-reads",
+        "--limit-modules", "--upgrade-module-path", "--patch-module", "--enable-native-access"};
+    JavaProgram program;
+    auto word = std::ranges::find_if(words, [](const auto& each) { return isJava(each); });
+    if (word == words.end()) {
+        return program;
+    }
+    while (++word != words.end()) {
+        const bool hasNext = word + 1 != words.end();
+        if (*word == "-jar" && hasNext) {
+            program.jar = *(word + 1);
+            return program;
+        }
+        if (isAnyOf(*word, paths) && hasNext) {
+            program.classPath += program.classPath.empty() ? "" : ":";
+            program.classPath += *++word;
+        } else if (isAnyOf(*word, values)) {
+            word += hasNext ? 1 : 0;
+        } else if ((*word == "-m" || *word == "--module") && hasNext) {
+            program.mainClass = *(word + 1);
+            break;
+        } else if (!word->starts_with('-')) {
+            program.mainClass = *word;
+            break;
+        }
+    }
+    if (program.classPath.ends_with(".jar") && program.classPath.find(':') == std::string::npos) {
+        program.jar = program.classPath;
+    }
+    return program;
+}
+
+std::string assignmentIn(std::span<const std::string> words, std::string_view name) {
+    for (const std::string& word : words) {
+        if (word.starts_with(name) && word.size() > name.size() && word[name.size()] == '=') {
+            return word.substr(name.size() + 1);
+        }
+        if (!isAssignment(word) && !word.starts_with('-') && !isWrapper(word)) {
+            break;
+        }
+    }
     return {};
 }
 
-std::string keyOf(std::string_view path) {
-    std::string_view name = baseName(path);
+std::string keyOf(const Command& command) {
+    std::string_view name = baseName(command.target);
+    if (isWine(command.interpreter)) {
+        name = name.substr(name.rfind('\\') + 1);
+    }
     for (const std::string_view ending : {".py", ".pl", ".sh", ".bin", ".jar"}) {
         if (name.size() > ending.size() && name.ends_with(ending)) {
             name.remove_suffix(ending.size());
@@ -155,25 +290,40 @@ std::string keyOf(std::string_view path) {
     return std::string(name);
 }
 
-} // namespace
-
 std::string execKey(std::span<const std::string> words) {
-    return keyOf(commandOf(words).target);
+    return keyOf(commandOf(words));
 }
 
 std::string programKey(std::string_view path) {
-    return isInterpreter(path) || isWrapper(path) ? std::string() : keyOf(path);
-}
-
-std::string scriptOf(std::span<const std::string> words) {
-    const Command command = commandOf(words);
-    return command.isInterpreted ? std::string(command.target) : std::string();
+    return isInterpreter(path) || isWrapper(path) ? std::string()
+                                                  : keyOf({std::string(path), {}, false});
 }
 
 bool isInterpreter(std::string_view path) {
     const std::string_view name = baseName(path);
-    return isShell(path) || isAnyOf(name, interpreters) ||
-           isAnyOf(withoutVersion(name), interpreters);
+    return isShell(path) || isIn(interpreters, name) || isIn(interpreters, interpreterFamily(name));
+}
+
+bool isWrapper(std::string_view path) {
+    return isIn(wrappers, baseName(path)) || isIn(launchers, baseName(path));
+}
+
+std::string_view interpreterFamily(std::string_view path) {
+    std::string_view name = baseName(path);
+    // What Debian and the builds of an interpreter put behind its version.
+    for (const std::string_view ending : {"-dbg", "-qt5", "-qt6", "-x86_64-linux-gnu"}) {
+        if (name.size() > ending.size() && name.ends_with(ending)) {
+            name.remove_suffix(ending.size());
+        }
+    }
+    // python3.13t, python3.7dm: flags of the build.
+    const std::size_t digit = name.find_last_of("0123456789");
+    if (digit != std::string_view::npos && digit + 3 >= name.size() &&
+        name.find_first_not_of("tdmu", digit + 1) == std::string_view::npos) {
+        name = name.substr(0, digit + 1);
+    }
+    const std::size_t last = name.find_last_not_of("0123456789.-");
+    return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
 bool isShell(std::string_view path) {
@@ -181,7 +331,16 @@ bool isShell(std::string_view path) {
     if (name.starts_with('-')) {
         name.remove_prefix(1); // A login shell.
     }
-    return isAnyOf(name, shells);
+    return isIn(shells, name);
+}
+
+bool isJava(std::string_view path) {
+    const std::string_view name = baseName(path);
+    return name == "java" || name == "javaw";
+}
+
+bool isWine(std::string_view path) {
+    return isInterpreter(path) && baseName(path).starts_with("wine");
 }
 
 } // namespace calmora

@@ -1,5 +1,6 @@
 #include "platform/linux/xdg/InstalledApplications.h"
 
+#include "platform/linux/xdg/ExecResolver.h"
 #include "platform/linux/xdg/MimeDefaults.h"
 #include "platform/linux/xdg/TextFile.h"
 
@@ -85,6 +86,7 @@ void InstalledApplications::scan() {
         scanFolder(folder / "autostart", {}, 0, true, result);
     }
     std::erase_if(result.entries, [](const DesktopEntry& entry) { return entry.hidden; });
+    resolvePrograms(result);
 
     const auto lists = mimeApplicationLists(directories_);
     for (const auto* files : {&lists, &std::as_const(caches)}) {
@@ -104,6 +106,35 @@ void InstalledApplications::scan() {
     parsed_ = std::move(result.parsed);
     watched_ = std::move(result.watched);
     index_ = DesktopEntryIndex(std::move(result.entries), std::move(fileManager));
+}
+
+void InstalledApplications::resolvePrograms(Scan& result) const {
+    // Sessions differ in what they put into PATH.
+    std::vector<std::filesystem::path> folders = directories_.executableDirs;
+    for (const char* usual :
+         {"/usr/local/bin", "/usr/bin", "/bin", "/usr/local/games", "/usr/games", "/snap/bin"}) {
+        folders.emplace_back(usual);
+    }
+    if (!directories_.home.empty()) {
+        folders.push_back(directories_.home / ".local/bin");
+    }
+    std::map<std::string, ProgramFile> known; // Many entries start the same program.
+    for (DesktopEntry& entry : result.entries) {
+        resolveExec(entry, folders, [&](const std::string& path) {
+            const auto [file, isNew] = known.try_emplace(path);
+            if (isNew) {
+                file->second = programFileAt(path);
+            }
+            return file->second;
+        });
+        // Programs in folders of their own are often updated by a link that leads elsewhere, and
+        // no desktop file changes then. The system's packages rewrite theirs.
+        const std::string& written = entry.command.target;
+        if (written.starts_with('/') && !entry.execPath.empty() && written != entry.execPath &&
+            !written.starts_with("/usr/") && !written.starts_with("/bin/")) {
+            result.watched[written] = stampOf(written);
+        }
+    }
 }
 
 void InstalledApplications::scanFolder(const std::filesystem::path& folder,
