@@ -397,6 +397,10 @@ TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
         EXPECT_EQ(identity.localizedName, test.name);
         EXPECT_EQ(identity.desktopId, std::nullopt);
     }
+    auto odd = factsOf("odd /x/clock.odd", "/usr/bin/odd", {});
+    odd.process.runsScript = true;
+    odd.process.commandPath = "/x/clock.odd";
+    expectIdentity(odd, "script:/x/clock.odd.clock", IdentityRule::synthetic);
     EXPECT_FALSE(identify(ApplicationFacts{}, installed()).bundleIdentifier.empty());
     EXPECT_FALSE(identify(ApplicationFacts{}, installed()).localizedName.empty());
 }

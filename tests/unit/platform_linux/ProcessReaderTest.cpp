@@ -82,7 +82,8 @@ TEST_F(ProcessReaderTest, FindsTheFileThatTheArgumentsMean) {
 
 TEST_F(ProcessReaderTest, KnowsAnInterpreterByTheScriptThatStartsIt) {
     for (const auto& arguments : {std::vector<std::string>{"odd", path("a/clock.odd")},
-                                  {"odd", "-x", path("a/clock.odd")}}) {
+                                  {"odd", "-x", path("a/clock.odd")},
+                                  {"odd", "-x", "./clock.odd"}}) {
         const auto found = details(arguments, path("odd"), "a", "a");
         EXPECT_TRUE(found.runsScript);
         EXPECT_EQ(found.commandPath, path("a/clock.odd"));

@@ -406,10 +406,11 @@ bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& inde
     }
     // Which file the arguments mean has not been read yet, nor the environment.
     const StartedProgram program = startedProgram(process);
+    const Command command = commandOfProcess(process.commandLine, process.executable);
     const bool isMounted =
         process.executable && process.executable->find("/.mount_") != std::string::npos;
     return isMounted || !index.withExecKey(program.calledKey).empty() ||
-           !index.withExecKey(program.key).empty() || !index.withExecPath(program.path).empty();
+           !index.withExecKey(program.key).empty() || !index.withExecPath(command.target).empty();
 }
 
 std::string bundleIdentifierOf(std::string_view desktopId, const DesktopEntryIndex& index) {

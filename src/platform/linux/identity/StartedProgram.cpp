@@ -101,7 +101,9 @@ bool isOfAppImage(const ProcessDetails& process) {
     const auto isInside = [&](const std::optional<std::string>& path) {
         return path && path->starts_with(folder);
     };
+    // Nothing is mounted over the system's programs, whatever a variable says.
     return environment.appImage.starts_with('/') && environment.appDir.starts_with('/') &&
+           !environment.appDir.starts_with("/usr") && environment.appDir != "/" &&
            (isInside(process.executable) || isInside(process.commandPath));
 }
 

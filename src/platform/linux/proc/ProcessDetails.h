@@ -64,7 +64,7 @@ struct ProcessDetails {
     std::optional<std::string> commandPath = {};
     /// The executable is an interpreter, known as one by the first line of the script it runs.
     bool runsScript = false;
-    /// Where it is at work; read only for interpreters.
+    /// Where it is at work; read only for interpreters and where a relative path may be a script.
     std::optional<std::string> workingDirectory = {};
     /// Path below the root of the unified hierarchy; empty where there is none.
     std::string cgroup = {};

@@ -81,9 +81,9 @@ std::string startedFile(const std::string& path) {
 }
 
 /// The script that a relative path means to a process; empty where two folders have one.
-std::string scriptIn(const std::optional<std::string>& workingDirectory,
-                     const std::string& shellFolder, const std::string& script) {
-    std::string file = workingDirectory ? startedFile(*workingDirectory + "/" + script) : "";
+std::string scriptIn(const std::string& workingDirectory, const std::string& shellFolder,
+                     const std::string& script) {
+    std::string file = startedFile(workingDirectory + "/" + script);
     // It may have changed its folder since it was started.
     const std::string other =
         shellFolder.starts_with('/') ? startedFile(shellFolder + "/" + script) : "";
@@ -93,19 +93,19 @@ std::string scriptIn(const std::optional<std::string>& workingDirectory,
     return file.empty() ? other : file;
 }
 
-/// The script whose first line made the kernel start this program; empty where there is none.
-/// The kernel puts it behind the program and at most one option.
-std::string scriptThatStarts(const std::string& executable,
-                             const std::vector<std::string>& commandLine) {
+/// The argument that may be the script whose first line made the kernel start this program; empty
+/// where there is none. The kernel puts the script's path behind the program and at most one
+/// option.
+std::string possibleScript(const std::vector<std::string>& commandLine) {
     const std::size_t at = commandLine.size() > 2 && commandLine[1].starts_with('-') ? 2 : 1;
-    if (commandLine.size() <= at || !commandLine[at].starts_with('/')) {
-        return {};
-    }
-    const std::string script = resolvedFile(commandLine[at]);
-    const std::string interpreter = script.empty() ? script : scriptInterpreter(script);
-    const bool isIts =
-        !interpreter.empty() && interpreterFamily(interpreter) == interpreterFamily(executable);
-    return isIts ? script : std::string();
+    const bool isPath = at < commandLine.size() && commandLine[at].find('/') != std::string::npos;
+    return isPath ? commandLine[at] : std::string();
+}
+
+/// Whether the first line of the file names this program.
+bool isScriptOf(const std::string& file, const std::string& executable) {
+    const std::string interpreter = file.empty() ? file : scriptInterpreter(file);
+    return !interpreter.empty() && interpreterFamily(interpreter) == interpreterFamily(executable);
 }
 
 } // namespace
@@ -208,21 +208,26 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
 
 void ProcessReader::readCommandFile(ProcessDetails& details) const {
     const Command command = commandOfProcess(details.commandLine, details.executable);
-    const bool isInterpreted = !command.interpreter.empty();
-    if (isInterpreted) {
+    const bool runsItself = command.interpreter.empty() && details.executable;
+    const std::string named = runsItself         ? possibleScript(details.commandLine)
+                              : command.isModule ? std::string()
+                                                 : command.target;
+    const bool isRelative = !named.empty() && !named.starts_with('/');
+    if (!command.interpreter.empty() || (runsItself && isRelative)) {
         details.workingDirectory = linkTarget(details.pid, "cwd");
     }
-    const bool runsItself = !isInterpreted && details.executable;
-    const std::string file =
-        runsItself ? scriptThatStarts(*details.executable, details.commandLine)
-        : command.target.empty() || command.isModule ? std::string()
-        : !isInterpreted                             ? resolvedFile(command.target)
-        : command.target.starts_with('/')
-            ? startedFile(command.target)
-            : scriptIn(details.workingDirectory, details.environment.shellFolder, command.target);
+    std::string file;
+    if (isRelative && details.workingDirectory) {
+        file = scriptIn(*details.workingDirectory, details.environment.shellFolder, named);
+    } else if (!isRelative && !named.empty()) {
+        file = command.interpreter.empty() ? resolvedFile(named) : startedFile(named);
+    }
+    if (runsItself && !isScriptOf(file, *details.executable)) {
+        return;
+    }
     // Below a root of its own the paths mean other files than here.
     if (!file.empty() && !hasOwnRoot(details.pid)) {
-        details.commandPath = file;
+        details.commandPath = std::move(file);
         details.runsScript = runsItself;
     }
 }

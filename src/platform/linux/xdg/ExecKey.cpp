@@ -36,8 +36,8 @@ constexpr auto interpreters = std::to_array<std::string_view>({
     "ghci", "gjs", "gjs-console", "gracket", "guile", "java", "javaw", "jruby", "julia",
     "jython", "ld-linux-aarch64.so", "ld-linux-x86-64.so", "ld-linux.so", "ld.so", "love",
     "lua", "luajit", "mono", "mono-sgen", "node", "nodejs", "nw", "ocaml", "ocamlrun",
-    "octave", "octave-cli", "perl", "pharo", "php", "pypy", "python", "pythonw", "qml",
-    "qmlscene", "racket", "ruby", "runghc", "sbcl", "seed", "squeak", "swipl", "tclsh",
+    "octave-cli", "perl", "php", "pypy", "python", "pythonw", "qml",
+    "qmlscene", "racket", "ruby", "runghc", "sbcl", "seed", "swipl", "tclsh",
     "texlua", "wine", "wine-devel", "wine-preloader", "wine-stable", "wine-staging", "wine64",
     "wine64-preloader", "wish"});
 
@@ -117,8 +117,7 @@ bool isSubcommand(std::string_view interpreter, std::string_view word) {
 /// Interpreters that programs are delivered with under the interpreter's own name.
 bool isEngine(std::string_view interpreter) {
     const std::string_view family = interpreterFamily(interpreter);
-    return family == "electron" || family == "nw" || family == "love" || family == "pharo" ||
-           family == "squeak";
+    return family == "electron" || family == "nw" || family == "love";
 }
 
 /// Programs that load binaries, those of interpreters as well.
