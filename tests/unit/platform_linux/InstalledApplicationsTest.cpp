@@ -46,6 +46,14 @@ class InstalledApplicationsTest : public testing::Test {
         return installed.index();
     }
 
+    /// Right after a change the time stamps cannot tell; soon they can.
+    void settle() {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (installed.refresh() && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+    }
+
     TempFolder folder;
     InstalledApplications installed{directories(), {}};
 };
@@ -133,6 +141,7 @@ TEST_F(InstalledApplicationsTest, FindsTheFilesThatEntriesStart) {
         EXPECT_EQ(entry->isInPath, test.isInPath) << test.id;
     }
     // An update that leads a link elsewhere changes no desktop file.
+    settle();
     std::filesystem::remove(folder.path() / "opt/x");
     std::filesystem::create_symlink("x-2", folder.path() / "opt/x");
     EXPECT_EQ(index().withId("outside")->execPath, base + "/opt/x-2/x");
@@ -140,11 +149,7 @@ TEST_F(InstalledApplicationsTest, FindsTheFilesThatEntriesStart) {
 
 TEST_F(InstalledApplicationsTest, ScansAgainOnlyWhenSomethingChanged) {
     write("system/applications", {{"a", "a"}});
-    // Right after a change the time stamps cannot tell; soon they can.
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (installed.refresh() && std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    }
+    settle();
     ASSERT_FALSE(installed.refresh());
     write("system/applications", {{"b", "b"}});
     EXPECT_TRUE(index().withId("b"));
