@@ -1,6 +1,7 @@
 #include "app/LinuxMachine.h"
 
 #include "app/Identity.h"
+#include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 
 #include <cstdlib>
@@ -10,12 +11,20 @@ namespace calmora {
 LinuxMachine::LinuxMachine(const QDBusConnection& sessionBus, AlertSession& alertSession)
     : bundle(identity::identifier, identity::version), sounds(identity::name, identity::identifier),
       windows(events), bus(sessionBus), memory(reader),
-      fence(reader, {.display = [this] { return windows.displayProcesses(); },
-                     .busOwners = [this] { return bus.protectedProcesses(); },
-                     .environment = {}}),
-      processes(reader, memory, [this](ProcessId process) { return !fence.isProtected(process); }),
       installed(BaseDirectories::fromEnvironment(),
                 messageLocales([](const char* name) { return std::getenv(name); })),
+      fence(reader, {.display = [this] { return windows.displayProcesses(); },
+                     .busOwners = [this] { return bus.protectedProcesses(); },
+                     .isAutostarted =
+                         [this](const auto& commandLine, const auto& executable) {
+                             return installed.sessionAutostart().starts(commandLine, executable);
+                         },
+                     .hasRegularWindow =
+                         [this](ProcessId process) {
+                             return calmora::hasRegularWindow(windows.windows(), process);
+                         },
+                     .environment = {}}),
+      processes(reader, memory, [this](ProcessId process) { return !fence.isProtected(process); }),
       workspace({.events = events,
                  .windows = windows,
                  .reader = reader,

@@ -35,9 +35,9 @@ struct LinuxMachine {
     DbusApplications bus;
     ProcessReader reader;
     ProcessMemory memory;
+    InstalledApplications installed;
     SessionFence fence;
     LinuxProcessTable processes;
-    InstalledApplications installed;
     LinuxWorkspace workspace;
     DescriptorWatch watch;
 };

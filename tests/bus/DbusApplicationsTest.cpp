@@ -34,7 +34,8 @@ TEST_F(DbusApplicationsTest, followsTheItemsOfThePanel) {
     ScriptedObject watcher(panel, watcherPath,
                            [&](const QDBusMessage&) { return property(items); });
     int changes = 0;
-    const Subscription token = applications.onChanged([&] { ++changes; });
+    const Subscription token =
+        applications.onChanged([&] { changes += applications.ownsStatusItem(self); });
 
     // A panel that starts late.
     ASSERT_TRUE(panel.registerService(watcherName));
@@ -124,8 +125,11 @@ TEST_F(DbusApplicationsTest, knowsWhoCarriesTheSession) {
     EXPECT_TRUE(waitFor([&] { return isProtected(bus.processId()); })) << "the bus itself";
     EXPECT_FALSE(isProtected(self));
     QDBusConnection portal = bus.connect();
+    int changes = 0;
+    const Subscription subscription = applications.onChanged([&] { changes += isProtected(self); });
     ASSERT_TRUE(portal.registerService("org.freedesktop.impl.portal.desktop.example"));
     EXPECT_TRUE(waitFor([&] { return isProtected(self); }));
+    EXPECT_EQ(changes, 1) << "it is told at once";
     ASSERT_TRUE(portal.unregisterService("org.freedesktop.impl.portal.desktop.example"));
     EXPECT_TRUE(waitFor([&] { return !isProtected(self); }));
 }

@@ -75,6 +75,7 @@ VirtualDesktop::VirtualDesktop(Bare) {
         {"LANG", "C.UTF-8"},
         {"XDG_RUNTIME_DIR", (home() / "run").string()},
         {"XDG_CONFIG_HOME", (home() / "config").string()},
+        {"XDG_CONFIG_DIRS", (home() / "system").string() + ":/etc/xdg"},
         {"XDG_DATA_HOME", (home() / "data").string()},
         {"XDG_CACHE_HOME", (home() / "cache").string()},
         {"XDG_STATE_HOME", (home() / "state").string()},

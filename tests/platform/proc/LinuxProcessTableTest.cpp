@@ -152,12 +152,10 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
     if (getuid() != 0) {
         GTEST_SKIP() << "only root can be other users";
     }
-    // Of two users only one is ours: it is not ours alone.
     const RealProcess theirs([] { setuid(nobody) == 0 ? void() : _exit(1); });
-    const RealProcess halfTheirs([] { setresuid(0, nobody, 0) == 0 ? void() : _exit(1); });
-    const RealProcess halfOurs([] { setresuid(nobody, 0, 0) == 0 ? void() : _exit(1); });
+    const RealProcess withOurRights([] { setresuid(nobody, 0, 0) == 0 ? void() : _exit(1); });
     Table table;
-    for (const RealProcess* process : {&theirs, &halfTheirs, &halfOurs}) {
+    for (const RealProcess* process : {&theirs, &withOurRights}) {
         EXPECT_EQ(table.signal(process->id(), SIGKILL), EPERM);
         EXPECT_TRUE(isAlive(process->id()));
     }
@@ -176,6 +174,30 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
         },
         nobody);
     EXPECT_TRUE(isAlive(roots.id()));
+}
+
+TEST(LinuxProcessTable, ReachesASetuidProgramThatItsUserStarted) {
+    if (getuid() != 0) {
+        GTEST_SKIP() << "only root can be other users";
+    }
+    const TempFolder folder;
+    const std::filesystem::path program = folder.path() / "sleep-as-root";
+    std::filesystem::copy_file("/usr/bin/sleep", program);
+    ASSERT_TRUE(chmod(folder.path().c_str(), 0755) == 0 && chmod(program.c_str(), 04755) == 0);
+    expectInFork(
+        [&]() -> std::string {
+            const RealProcess raised(
+                [&] { execl(program.c_str(), program.c_str(), "60", nullptr); });
+            Table table;
+            const auto status = table.reader.status(raised.id());
+            return !status || status->effectiveUser != 0 || status->realUser != nobody
+                       ? "it is no setuid process"
+                   : table.reader.executable(raised.id())            ? "it does not hide"
+                   : table.signal(raised.id(), SIGKILL) != 0         ? "it is not reached"
+                   : !waitFor([&] { return !isAlive(raised.id()); }) ? "it lives on"
+                                                                     : "";
+        },
+        nobody);
 }
 
 TEST(LinuxProcessTable, LeavesProgramsOfAnotherDisplayOut) {

@@ -197,5 +197,62 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     EXPECT_FALSE(waitFor([&] { return !machine.listed(next); }, 300ms));
 }
 
+TEST(LinuxWorkspaceTest, ListsNothingThatTheSystemStartsWithTheSession) {
+    LinuxDesktop machine;
+    const auto install = [&](const char* folder, const std::string& name) {
+        const fs::path program = machine.desktop.home() / name;
+        fs::create_directories(machine.desktop.home() / folder);
+        fs::copy_file(windowClient(), program);
+        std::ofstream(machine.desktop.home() / folder / ("org.example." + name + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=" << name << "\nExec=" << program.string()
+            << " --helper\n";
+        return program.string();
+    };
+    const std::string keeper = install("system/autostart", "keeper");
+    const std::string mine = install("config/autostart", "mine");
+    const pid_t users = machine.desktop.start({mine, "--helper"});
+    const pid_t quiet = machine.desktop.start({keeper, "--helper"});
+    const pid_t withIcon = machine.desktop.start({keeper, "--helper"});
+    const pid_t withWindow = machine.shown(machine.desktop.start({keeper, "--class", "Keeper"}));
+    machine.bus.items = {withIcon};
+    EXPECT_TRUE(waitFor([&] { return machine.listed(users).has_value(); })) << "the user's own";
+    for (const pid_t process : {quiet, withIcon}) {
+        EXPECT_FALSE(machine.listed(process));
+        EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
+        EXPECT_FALSE(machine.quitter.quitApp(process, true));
+        EXPECT_TRUE(machine.isRunning(process));
+    }
+    EXPECT_TRUE(machine.isRegular(withWindow));
+    EXPECT_TRUE(machine.quitter.quitApp(withWindow, true));
+    EXPECT_TRUE(machine.quitter.quitApp(users, true));
+    EXPECT_TRUE(machine.isRunning(quiet) && machine.isRunning(withIcon)) << "of the same program";
+}
+
+TEST(LinuxWorkspaceTest, ListsOneRowForAScriptAndItsProgram) {
+    LinuxDesktop machine;
+    const fs::path script = machine.desktop.home() / "launch-it";
+    const fs::path entries = machine.desktop.home() / "data" / "applications";
+    fs::create_directories(entries);
+    std::ofstream(script) << "#!/bin/sh\n'" << windowClient() << "' --class Unheard\nexit 0\n";
+    fs::permissions(script, fs::perms::owner_all);
+    std::ofstream(entries / "org.example.Launched.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Launched\nExec=" << script.string() << "\n";
+    const pid_t shell = machine.desktop.start({script.string()});
+    EXPECT_TRUE(waitFor([&] { return machine.windows.windows().size() == 1; }));
+    const auto all = machine.workspace.runningApplications();
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_NE(all.front().processIdentifier, shell);
+    EXPECT_EQ(all.front().localizedName, "Launched");
+}
+
+TEST(LinuxWorkspaceTest, ForgetsAVerdictWhenTheSessionTakesItsNames) {
+    LinuxDesktop machine;
+    const pid_t process = machine.shown(machine.client({"--class", "Prompter"}));
+    machine.bus.carriers = {process};
+    EXPECT_FALSE(machine.listed(process));
+    machine.bus.carriers.clear();
+    EXPECT_TRUE(machine.listed(process));
+}
+
 } // namespace
 } // namespace calmora

@@ -7,6 +7,7 @@
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
 #include "platform/linux/protection/SessionFence.h"
+#include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/x11/X11WindowSystem.h"
 #include "platform/linux/xdg/InstalledApplications.h"
@@ -42,7 +43,7 @@ struct FakeBus final : BusApplications {
 
     bool activateQuit(const ExportedActions&) override { return false; }
 
-    std::vector<ProcessId> protectedProcesses() const override { return {}; }
+    std::vector<ProcessId> protectedProcesses() const override { return carriers; }
 
     Subscription onChanged(std::function<void()> handler) override {
         return changed.connect(std::move(handler));
@@ -50,6 +51,7 @@ struct FakeBus final : BusApplications {
 
     void flush() override {}
 
+    std::vector<ProcessId> carriers;
     std::set<ProcessId> items;
     std::set<ProcessId> players;
     bool canQuit = false;
@@ -69,7 +71,13 @@ struct LinuxDesktop {
     SessionFence fence{
         reader,
         {.display = [this] { return windows.displayProcesses(); },
-         .busOwners = [] { return std::vector<ProcessId>(); },
+         .busOwners = [this] { return bus.protectedProcesses(); },
+         .isAutostarted =
+             [this](const auto& commandLine, const auto& executable) {
+                 return installed.sessionAutostart().starts(commandLine, executable);
+             },
+         .hasRegularWindow =
+             [this](ProcessId process) { return hasRegularWindow(windows.windows(), process); },
          .environment = [this](const char* name) { return desktop.variable(name); }}};
     LinuxProcessTable table{reader, memory,
                             [this](ProcessId process) { return !fence.isProtected(process); }};

@@ -72,8 +72,8 @@ TEST_F(InstalledApplicationsTest, TakesTheFirstOfEachId) {
     EXPECT_EQ(index().withPath((folder.path() / "user/applications/a.desktop").string())->id, "a");
 
     write("system/applications", {{"chat", "Chat"}});
-    write("etc/autostart", {{"chat", "Chat"}, {"agent", "Agent"}, {"off", "Off"}});
-    write("config/autostart", {{"off", hidden}});
+    write("etc/autostart", {{"off", "Off"}});
+    write("config/autostart", {{"chat", "Chat"}, {"agent", "Agent"}, {"off", hidden}});
     EXPECT_TRUE(index().withId("chat")->isAutostart && index().withId("chat")->isVisible);
     EXPECT_TRUE(index().withId("agent")->isAutostart && !index().withId("agent")->isVisible);
     EXPECT_FALSE(index().withId("off"));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <string>
 
 namespace calmora {
 namespace {
@@ -40,7 +41,7 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
         return [id](ProtectionCandidate& f) { f.process = id; };
     };
     const auto inGroup = [](const char* group) {
-        return [group](ProtectionCandidate& f) { f.controlGroup = group; };
+        return [group = std::string(group)](ProtectionCandidate& f) { f.controlGroup = group; };
     };
     const auto named = [](const char* name, const char* executable) {
         return [=](ProtectionCandidate& f) { f.name = name, f.executable = executable; };
@@ -61,6 +62,17 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
           inGroup("/user.slice/user-1000.slice/user@1000.service/init.scope"));
     check("shell", controlGroup,
           inGroup("/user.slice/user-1000.slice/user@1000.service/session.slice/gnome.service"));
+    for (const std::string service : {"dbus", "dbus-broker"}) {
+        const std::string leaf = "session.slice/" + service + ".service";
+        const std::string group = "/user.slice/user-1000.slice/user@1000.service/" + leaf;
+        check("started by the bus", std::nullopt, inGroup(group.c_str()));
+        check("below the bus", controlGroup, inGroup((group + "/x.scope").c_str()));
+        check("the bus", name, [&](ProtectionCandidate& f) {
+            f.controlGroup = group, f.name = service == "dbus" ? "dbus-daemon" : service;
+        });
+        check("of the system's bus", controlGroup,
+              inGroup(("/system.slice/" + service + ".service").c_str()));
+    }
     check("daemon", controlGroup, inGroup("/system.slice/cron.service"));
     check("look-alike group", std::nullopt, inGroup("/user.slice/my-session.slice/x.scope"));
     check("look-alike group, longer", std::nullopt, inGroup("/a/system.slices/x.scope"));
@@ -68,6 +80,9 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
     check("by name", name, named("xfwm4", ""));
     check("by cut name", name, named("gnome-session-b", ""));
     check("by executable", name, named("renamed", "dbus-daemon"));
+    check("autostarted", autostart, [](ProtectionCandidate& f) { f.isAutostarted = true; });
+    check("autostarted, with a window", std::nullopt,
+          [](ProtectionCandidate& f) { f.isAutostarted = f.hasRegularWindow = true; });
     check("a longer name", std::nullopt, named("openbox-theme", "openbox-theme"));
     check("a shorter name", std::nullopt, named("gnome-session-", "gnome-session-"));
     // A whole desktop in one service is no reason.

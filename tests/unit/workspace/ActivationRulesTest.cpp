@@ -48,6 +48,18 @@ TEST(TopmostAgents, AreTheApplicationsOfTheirTreesAndUnits) {
         << "what has a window is no agent besides";
     EXPECT_EQ(topmostAgents(candidates, {11, 20, 40}, parentOf), (std::vector<ProcessId>{31}))
         << "what wraps an application is no second one";
+    // 70 launcher script -> 71 shell within -> 72 its program, which no entry starts; 73 another.
+    const std::vector<AgentCandidate> script{{70, 1, "launcher", true, "", true}};
+    const auto chain = [](ProcessId process) {
+        return process > 70 && process < 73 ? process - 1 : 1;
+    };
+    using Agents = std::vector<ProcessId>;
+    EXPECT_EQ(topmostAgents(script, {72}, chain), Agents{}) << "its program has the row";
+    EXPECT_EQ(topmostAgents(script, {73}, chain), Agents{70}) << "another's program";
+    EXPECT_EQ(
+        topmostAgents(std::vector<AgentCandidate>{{70, 1, "python", true, "", false}}, {72}, chain),
+        Agents{70})
+        << "what is no shell script may launch others";
     const auto circle = [](ProcessId process) { return process == 31 ? 30 : 31; };
     EXPECT_TRUE(topmostAgents(candidates, {20}, circle).empty()) << "a circle comes to an end";
 }

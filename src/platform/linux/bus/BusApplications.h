@@ -52,7 +52,8 @@ class BusApplications {
     /// in ascending order.
     [[nodiscard]] virtual std::vector<ProcessId> protectedProcesses() const = 0;
 
-    /// Tells that statusItemProcesses() or isMediaPlayer() answer differently now.
+    /// Tells that statusItemProcesses(), isMediaPlayer() or protectedProcesses() answer differently
+    /// now.
     [[nodiscard]] virtual Subscription onChanged(std::function<void()> handler) = 0;
 
     /// Returns when the bus has taken what was sent, at most a moment later.

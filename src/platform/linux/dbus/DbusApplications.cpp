@@ -37,6 +37,8 @@ QStringList protectedNames() {
         // Session managers, shells, window managers, settings daemons.
         "org.gnome.SessionManager",
         "org.gnome.Shell",
+        "org.gnome.Shell.CalendarServer",
+        "org.gnome.Shell.Notifications",
         "org.gnome.Mutter*",
         "org.gnome.SettingsDaemon*",
         "org.gnome.Panel",
@@ -70,6 +72,10 @@ QStringList protectedNames() {
         "org.fcitx.Fcitx5",
         "org.PulseAudio1",
         "org.pulseaudio.Server",
+        // Accounts, and what waits for printers.
+        "org.gnome.OnlineAccounts",
+        "org.gnome.Identity",
+        "com.redhat.NewPrinterNotification",
     };
 }
 
@@ -111,7 +117,8 @@ std::vector<ProcessId> processesOf(const BusNames& names) {
 } // namespace
 
 DbusApplications::DbusApplications(const QDBusConnection& connection)
-    : connection_(connection), protected_(connection, protectedNames(), [] {}),
+    : connection_(connection),
+      protected_(connection, protectedNames(), [this] { changed_.emit(); }),
       itemOwners_(connection, {}, [this] { changed_.emit(); }),
       players_(connection, {QString(playerInterface) + '*'}, [this] { playersChanged(); }) {
     if (!connection_.isConnected()) {

@@ -31,7 +31,7 @@ bool isBehindBasicFence(const ProcessReader& reader, ProcessId process) {
     const auto status = reader.status(process);
     const std::uint32_t user = getuid();
     return !stat || !status || stat->isKernelThread || status->realUser != user ||
-           status->effectiveUser != user || isUsOrOurAncestor(reader, process);
+           isUsOrOurAncestor(reader, process);
 }
 
 } // namespace calmora

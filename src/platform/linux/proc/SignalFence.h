@@ -11,8 +11,9 @@ namespace calmora {
 using SignalGuard = std::function<bool(ProcessId)>;
 
 /// Whether the process is one that may never be signalled: the first two ids, kernel threads,
-/// processes of other users or with another user's rights, ourselves and all our ancestors, and
-/// whatever cannot be read.
+/// processes of other users, ourselves and all our ancestors, and whatever cannot be read. Whose
+/// process it is goes by the real user id, as for the kernel: what a user started with other
+/// rights (a setuid program) is still theirs.  Source: kill(2).
 [[nodiscard]] bool isBehindBasicFence(const ProcessReader& reader, ProcessId process);
 
 } // namespace calmora

@@ -29,6 +29,7 @@ constexpr std::array sessionPrograms = {
     "at-spi-bus-launcher"sv,
     "at-spi2-registryd"sv,
     "awesome"sv,
+    "blueman-tray"sv,
     "bspwm"sv,
     "budgie-daemon"sv,
     "budgie-panel"sv,
@@ -44,6 +45,7 @@ constexpr std::array sessionPrograms = {
     "compton"sv,
     "csd-keyboard"sv,
     "csd-power"sv,
+    "csd-printer"sv,
     "csd-xsettings"sv,
     "dbus-broker"sv,
     "dbus-broker-launch"sv,
@@ -60,6 +62,7 @@ constexpr std::array sessionPrograms = {
     "fluxbox"sv,
     "fvwm"sv,
     "fvwm3"sv,
+    "gcr-prompter"sv,
     "gdm-session-worker"sv,
     "gdm-wayland-session"sv,
     "gdm-x-session"sv,
@@ -73,11 +76,14 @@ constexpr std::array sessionPrograms = {
     "gnome-session-ctl"sv,
     "gnome-shell"sv,
     "gnome-shell-calendar-server"sv,
+    "goa-daemon"sv,
+    "goa-identity-service"sv,
     "gpg-agent"sv,
     "greetd"sv,
     "gsd-keyboard"sv,
     "gsd-media-keys"sv,
     "gsd-power"sv,
+    "gsd-printer"sv,
     "gsd-xsettings"sv,
     "gvfs-afc-volume-monitor"sv,
     "gvfs-goa-volume-monitor"sv,
@@ -226,9 +232,14 @@ bool hasComponent(std::string_view path, std::string_view component) {
 }
 
 bool isSessionGroup(std::string_view controlGroup) {
-    constexpr std::array groups = {"init.scope"sv, "session.slice"sv, "system.slice"sv};
-    return std::ranges::any_of(
-        groups, [&](std::string_view group) { return hasComponent(controlGroup, group); });
+    if (hasComponent(controlGroup, "init.scope") || hasComponent(controlGroup, "system.slice")) {
+        return true;
+    }
+    // What the bus starts on demand stays in the bus's own service: most of it are applications.
+    // The bus itself is known by its names.
+    return hasComponent(controlGroup, "session.slice") &&
+           !controlGroup.ends_with("/dbus.service") &&
+           !controlGroup.ends_with("/dbus-broker.service");
 }
 
 } // namespace
@@ -279,6 +290,9 @@ std::optional<ProtectionReason> protection(const ProtectionCandidate& process,
     }
     if (isSessionProgram(process.name) || isSessionProgram(process.executable)) {
         return ProtectionReason::name;
+    }
+    if (process.isAutostarted && !process.hasRegularWindow) {
+        return ProtectionReason::autostart;
     }
     return std::nullopt;
 }

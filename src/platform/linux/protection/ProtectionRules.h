@@ -31,6 +31,8 @@ enum class ProtectionReason {
     controlGroup,
     /// It is known by name.
     name,
+    /// The system starts it with every session, and it shows nothing that users switch to.
+    autostart,
 };
 
 /// What one session looks like from inside, at one moment.
@@ -58,6 +60,10 @@ struct ProtectionCandidate {
     std::string name;
     /// The base name of the executable; empty where it may not be read.
     std::string executable;
+    /// It runs what an autostart entry of the system starts, see SessionAutostart.
+    bool isAutostarted = false;
+    /// It has a window that users switch to, which makes it an application.
+    bool hasRegularWindow = false;
 };
 
 /// Why the process must live, as far as its id alone tells; absent means that nothing speaks

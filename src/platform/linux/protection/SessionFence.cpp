@@ -26,6 +26,13 @@ std::string readAll(const FileDescriptor& file) {
     return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))};
 }
 
+void fill(std::set<ProcessId>& processes, const std::function<std::vector<ProcessId>()>& source) {
+    if (source) {
+        const std::vector<ProcessId> found = source();
+        processes.insert(found.begin(), found.end());
+    }
+}
+
 std::string baseName(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
 }
@@ -45,6 +52,8 @@ std::optional<ProtectionReason> SessionFence::reason(ProcessId process) {
         session_ = gather();
         gathered_ = now;
     }
+    session_.busOwners.clear();
+    fill(session_.busOwners, sources_.busOwners);
     if (const auto known = protectionById(process, session_)) {
         return known;
     }
@@ -53,13 +62,20 @@ std::optional<ProtectionReason> SessionFence::reason(ProcessId process) {
     if (!stat || !status) {
         return ProtectionReason::unreadable;
     }
-    return protection({.process = process,
-                       .user = status->realUser,
-                       .isKernelThread = stat->isKernelThread,
-                       .controlGroup = controlGroup(process),
-                       .name = stat->comm,
-                       .executable = baseName(reader_.executable(process).value_or(""))},
-                      session_);
+    const auto executable = reader_.executable(process);
+    ProtectionCandidate candidate{.process = process,
+                                  .user = status->realUser,
+                                  .isKernelThread = stat->isKernelThread,
+                                  .controlGroup = controlGroup(process),
+                                  .name = stat->comm,
+                                  .executable = baseName(executable.value_or("")),
+                                  .isAutostarted = false,
+                                  .hasRegularWindow = false};
+    candidate.isAutostarted =
+        sources_.isAutostarted && sources_.isAutostarted(reader_.commandLine(process), executable);
+    candidate.hasRegularWindow =
+        candidate.isAutostarted && sources_.hasRegularWindow && sources_.hasRegularWindow(process);
+    return protection(candidate, session_);
 }
 
 SessionFacts SessionFence::gather() {
@@ -73,14 +89,7 @@ SessionFacts SessionFence::gather() {
         facts.ancestors.insert(ancestor->parent);
         ancestor = reader_.stat(ancestor->parent);
     }
-    const auto fill = [](std::set<ProcessId>& processes, const auto& source) {
-        if (source) {
-            const std::vector<ProcessId> found = source();
-            processes.insert(found.begin(), found.end());
-        }
-    };
     fill(facts.display, sources_.display);
-    fill(facts.busOwners, sources_.busOwners);
 
     for (const std::string& path : sessionManagerSockets(variable("SESSION_MANAGER"))) {
         addListener(facts.session, path);

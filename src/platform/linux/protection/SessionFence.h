@@ -14,7 +14,8 @@
 namespace calmora {
 
 /// Gathers what the rules of protection ask for and applies them. What the session looks like is
-/// read again when it is older than a quarter of a second; what a process is, each time.
+/// read again when it is older than a quarter of a second; who owns names of the bus, and what a
+/// process is, each time.
 /// Main thread.
 class SessionFence final : public ProtectedProcesses {
   public:
@@ -23,6 +24,12 @@ class SessionFence final : public ProtectedProcesses {
         std::function<std::vector<ProcessId>()> display;
         /// The owners of the bus names on which the session rests.
         std::function<std::vector<ProcessId>()> busOwners;
+        /// Whether a process with this command line and executable runs what the system starts
+        /// with every session. Empty knows of none.
+        std::function<bool(const std::vector<std::string>&, const std::optional<std::string>&)>
+            isAutostarted = {};
+        /// Whether the process has a window that users switch to. Empty knows of none.
+        std::function<bool(ProcessId)> hasRegularWindow = {};
         /// Reads an environment variable; null when it is not set. Empty reads our own.
         std::function<const char*(const char*)> environment;
         /// Where logind keeps its sessions.
@@ -32,7 +39,7 @@ class SessionFence final : public ProtectedProcesses {
     /// `reader` must outlive the fence.
     SessionFence(const ProcessReader& reader, Sources sources);
 
-    /// Cost: nothing for what the session tells, else about 25 µs.
+    /// Cost: nothing for what the session tells, else about 30 µs.
     [[nodiscard]] bool isProtected(ProcessId process) override;
 
     /// Why the process is protected; absent when it is not.

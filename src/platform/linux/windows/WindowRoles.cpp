@@ -49,6 +49,16 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
     return roles;
 }
 
+bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process) {
+    const auto roles = windowRoles(windows);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i].process == process && roles[i].isRegular) {
+            return true;
+        }
+    }
+    return false;
+}
+
 WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window) {
     // Clients may name each other as parents in a circle.
     for (std::size_t step = 0; step < 16; ++step) {

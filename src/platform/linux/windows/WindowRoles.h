@@ -28,6 +28,9 @@ struct WindowRole {
 /// (toolkits name a hidden leader as the parent of dialogs that have none).
 [[nodiscard]] std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows);
 
+/// Whether one of `windows` is a regular one of the process.
+[[nodiscard]] bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process);
+
 /// The window at the end of the chain of parents that starts at `window`, as far as it is among
 /// `windows`; `window` itself where it has no parent.
 [[nodiscard]] WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window);

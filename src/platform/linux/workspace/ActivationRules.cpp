@@ -52,14 +52,21 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
         }
         return false;
     };
-    // A script or sandbox around an application carries its identifier and is no second one.
+    // A script or sandbox around an application carries its identifier and is no second one. A
+    // launcher script that waits for its program was found by its own name; the program may have
+    // another.
+    const bool hasScripts = std::ranges::any_of(candidates, &AgentCandidate::isShellScript);
     std::set<ProcessId> wrappers;
     for (const ProcessId application : applications) {
         const auto own = byProcess.find(application);
-        ProcessId ancestor = own != byProcess.end() ? parentOf(application) : 0;
+        ProcessId ancestor =
+            hasScripts || own != byProcess.end() ? parentOf(application) : ProcessId{0};
         for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
             const auto found = byProcess.find(ancestor);
-            if (found != byProcess.end() && found->second->identifier == own->second->identifier) {
+            if (found != byProcess.end() &&
+                (found->second->isShellScript ||
+                 (own != byProcess.end() &&
+                  found->second->identifier == own->second->identifier))) {
                 wrappers.insert(ancestor);
             }
             ancestor = parentOf(ancestor);

@@ -38,16 +38,19 @@ struct AgentCandidate {
     ProcessId process = 0;
     std::uint64_t startTime = 0;
     /// Which application it was started as; absent when no desktop entry tells.
-    std::optional<std::string> identifier;
-    /// The desktop entry is one that users see, or that the session starts.
+    std::optional<std::string> identifier = {};
+    /// The desktop entry is one that users see, or that they have the session start.
     bool isInstalled = false;
     /// The systemd unit of an application that it runs in; empty for none.
-    std::string unit;
+    std::string unit = {};
+    /// It is a shell that runs a script, as launchers of applications are.
+    bool isShellScript = false;
 };
 
 /// The candidates that are background applications: of each tree the topmost process only, since
 /// its helpers share its program, and of each unit the first one. `applications` are those known
-/// otherwise: whatever runs below them belongs to them. `parentOf` gives 0 where there is none.
+/// otherwise: whatever runs below them belongs to them, and the script that launched one is no
+/// second one. `parentOf` gives 0 where there is none.
 [[nodiscard]] std::vector<ProcessId>
 topmostAgents(std::span<const AgentCandidate> candidates, const std::set<ProcessId>& applications,
               const std::function<ProcessId(ProcessId)>& parentOf);

@@ -72,7 +72,7 @@ void ApplicationList::scanBackground() {
         return;
     }
     scanned_ = now;
-    background_.scan(sources_.installed.index(), sources_.windows.displayName());
+    background_.scan(sources_.installed, sources_.windows.displayName());
     const auto icons = sources_.windows.trayIconProcesses();
     trayIcons_ = std::set<ProcessId>(icons.begin(), icons.end());
 }
@@ -116,8 +116,9 @@ ApplicationList::Candidates ApplicationList::candidates() {
 const ApplicationList::Applications& ApplicationList::update() {
     refreshInstalled();
     // A copy: what is asked below may bring the window system's own list up to date.
-    windows_ = sources_.windows.windows();
+    const auto before = std::exchange(windows_, sources_.windows.windows());
     updated_ = std::chrono::steady_clock::now();
+    dropOldVerdicts(before != windows_);
     Candidates found = candidates();
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
     std::map<ProcessId, std::uint64_t> regular;
@@ -158,6 +159,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::find(ProcessId process
     refreshInstalled();
     const auto windows = std::exchange(windows_, sources_.windows.windows());
     const auto updated = std::exchange(updated_, std::chrono::steady_clock::now());
+    dropOldVerdicts(windows != windows_);
     Candidates found = candidates();
     const auto candidate = found.find(process);
     auto application = candidate == found.end() ? nullptr : listed(process, candidate->second);
@@ -185,12 +187,26 @@ std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const
     return stat && !stat->isGone() ? std::optional(stat->startTime) : std::nullopt;
 }
 
-bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime) {
+bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
+                                  bool hasRegularWindow) {
     Verdict& verdict = verdicts_[process];
-    if (verdict.startTime != startTime || updated_ - verdict.askedAt >= verdictLifetime) {
-        verdict = {startTime, sources_.protection.isProtected(process), updated_};
+    if (verdict.startTime != startTime || verdict.hasRegularWindow != hasRegularWindow ||
+        updated_ - verdict.askedAt >= verdictLifetime) {
+        verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), updated_};
     }
     return verdict.isProtected;
+}
+
+/// Much of the session takes its names on the bus, and its part of the display, only after it was
+/// first seen.
+void ApplicationList::dropOldVerdicts(bool windowsChanged) {
+    const auto busOwners = std::exchange(busOwners_, sources_.bus.protectedProcesses());
+    const auto display = windowsChanged
+                             ? std::exchange(displayProcesses_, sources_.windows.displayProcesses())
+                             : displayProcesses_;
+    if (busOwners != busOwners_ || display != displayProcesses_) {
+        verdicts_.clear();
+    }
 }
 
 std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId process,
@@ -208,7 +224,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
         wereRegular_.erase(was);
         candidate.facts.wasRegular = false;
     }
-    candidate.facts.isProtected = isProtected(process, *started);
+    candidate.facts.isProtected = isProtected(process, *started, candidate.facts.hasRegularWindow);
     const ActivationPolicy policy = activationPolicy(candidate.facts);
     if (policy == ActivationPolicy::prohibited) {
         return nullptr;

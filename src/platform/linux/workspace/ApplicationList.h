@@ -73,6 +73,7 @@ class ApplicationList {
     /// What the fence said of a process: only for the list, it is asked again before each signal.
     struct Verdict {
         std::uint64_t startTime = 0;
+        bool hasRegularWindow = false;
         bool isProtected = false;
         std::chrono::steady_clock::time_point askedAt;
     };
@@ -81,7 +82,9 @@ class ApplicationList {
     [[nodiscard]] bool isRecent() const;
     [[nodiscard]] Candidates candidates();
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
-    [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime);
+    [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime,
+                                   bool hasRegularWindow);
+    void dropOldVerdicts(bool windowsChanged);
     [[nodiscard]] std::shared_ptr<const ListedApplication> listed(ProcessId process,
                                                                   Candidate& candidate);
     [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
@@ -98,6 +101,9 @@ class ApplicationList {
     /// Start times of the processes that had a window that users switch to.
     std::map<ProcessId, std::uint64_t> wereRegular_;
     std::map<ProcessId, Verdict> verdicts_;
+    /// What the verdicts rest on.
+    std::vector<ProcessId> busOwners_;
+    std::vector<ProcessId> displayProcesses_;
     Applications applications_;
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> byProcess_;
 };

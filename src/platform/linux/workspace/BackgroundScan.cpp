@@ -2,6 +2,8 @@
 
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/proc/ProcessReader.h"
+#include "platform/linux/xdg/ExecKey.h"
+#include "platform/linux/xdg/InstalledApplications.h"
 
 #include <algorithm>
 #include <charconv>
@@ -70,7 +72,7 @@ std::chrono::steady_clock::duration ageOf(const ProcessStat& stat) {
 
 } // namespace
 
-void BackgroundScan::scan(const DesktopEntryIndex& index, const std::string& display) {
+void BackgroundScan::scan(const InstalledApplications& installed, const std::string& display) {
     const auto folders = processFolders([&](ProcessId process, std::uint64_t inode) {
         const auto known = known_.find(process);
         return known != known_.end() && known->second.inode == inode;
@@ -86,14 +88,14 @@ void BackgroundScan::scan(const DesktopEntryIndex& index, const std::string& dis
             known.inode = inode;
         }
         if (!known.isSettled && now >= known.nextLook) {
-            look(process, known, index, display, now);
+            look(process, known, installed, display, now);
         }
         current.emplace_hint(current.end(), process, std::move(known));
     }
     known_ = std::move(current);
 }
 
-void BackgroundScan::look(ProcessId process, Known& known, const DesktopEntryIndex& index,
+void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplications& installed,
                           const std::string& display,
                           std::chrono::steady_clock::time_point now) const {
     std::string comm;
@@ -116,6 +118,7 @@ void BackgroundScan::look(ProcessId process, Known& known, const DesktopEntryInd
     }
     known.comm = std::move(comm);
     known.candidate = {};
+    const DesktopEntryIndex& index = installed.index();
     // Few processes are applications, and all that tells which ones costs four times as much.
     if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
         return;
@@ -124,11 +127,16 @@ void BackgroundScan::look(ProcessId process, Known& known, const DesktopEntryInd
     if (!details) {
         return;
     }
-    known.candidate = {process, details->startTime, {}, false, {}};
+    known.candidate = {.process = process, .startTime = details->startTime};
+    known.candidate.isShellScript = !details->commandLine.empty() &&
+                                    isShell(details->commandLine.front()) &&
+                                    !scriptOf(details->commandLine).empty();
     if (const auto identity = identifyWindowless(*details, index)) {
         known.candidate.identifier = identity->bundleIdentifier;
-        known.candidate.isInstalled = (identity->isVisible || identity->isAutostart) &&
-                                      (display.empty() || reader_.display(process) == display);
+        known.candidate.isInstalled =
+            (identity->isVisible || identity->isAutostart) &&
+            !installed.sessionAutostart().starts(details->commandLine, details->executable) &&
+            (display.empty() || reader_.display(process) == display);
     }
     if (!desktopIdsOfCgroup(details->cgroup).empty() || snapOfCgroup(details->cgroup)) {
         known.candidate.unit = details->cgroup;

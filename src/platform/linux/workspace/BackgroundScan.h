@@ -2,7 +2,6 @@
 
 #include "platform/ProcessId.h"
 #include "platform/linux/workspace/ActivationRules.h"
-#include "platform/linux/xdg/DesktopEntryIndex.h"
 
 #include <chrono>
 #include <cstdint>
@@ -14,6 +13,7 @@
 
 namespace calmora {
 
+class InstalledApplications;
 class ProcessReader;
 
 /// Finds the processes that were started as an installed application on our display: the user may
@@ -28,7 +28,7 @@ class BackgroundScan {
 
     /// Looks at all processes again. `display` is WindowSystem::displayName(); empty takes those
     /// of any display. Cost: about 1 µs for each process that is known.
-    void scan(const DesktopEntryIndex& index, const std::string& display);
+    void scan(const InstalledApplications& installed, const std::string& display);
 
     /// Forgets what processes were taken for, because the installed applications changed.
     void forget() { known_.clear(); }
@@ -48,7 +48,7 @@ class BackgroundScan {
         bool isSettled = false;
     };
 
-    void look(ProcessId process, Known& known, const DesktopEntryIndex& index,
+    void look(ProcessId process, Known& known, const InstalledApplications& installed,
               const std::string& display, std::chrono::steady_clock::time_point now) const;
 
     const ProcessReader& reader_;

@@ -105,6 +105,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
             entry.needsTerminal = value == "true";
         } else if (key == "Hidden") {
             entry.hidden = value == "true";
+        } else if (key == "X-LXQt-Need-Tray") {
+            entry.needsTray = value == "true";
         }
         return true;
     });

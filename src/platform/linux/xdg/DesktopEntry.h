@@ -50,8 +50,11 @@ struct DesktopEntry {
     bool needsTerminal = false;
     /// The application is in menus of the current desktop.
     bool isVisible = false;
-    /// The application is started with the session.
+    /// The user has the application started with the session.
     bool isAutostart = false;
+    /// The entry is started once there is a tray for its icon.
+    /// Source: LXQt session, X-LXQt-Need-Tray.
+    bool needsTray = false;
 };
 
 /// Parses a desktop file. `id`, `path`, `isVisible` (beyond NoDisplay), `isAutostart` and what

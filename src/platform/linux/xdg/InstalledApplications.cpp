@@ -5,6 +5,7 @@
 #include "platform/linux/xdg/TextFile.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -75,17 +76,17 @@ void InstalledApplications::scan() {
     }
     std::vector<std::filesystem::path> caches;
     for (const std::filesystem::path& folder : dataDirs) {
-        scanFolder(folder / "applications", {}, 0, false, result);
+        scanFolder(folder / "applications", {}, 0, Folder::applications, result);
         caches.push_back(folder / "applications/mimeinfo.cache");
     }
-    std::vector<std::filesystem::path> configDirs = directories_.configDirs;
     if (!directories_.configHome.empty()) {
-        configDirs.insert(configDirs.begin(), directories_.configHome);
+        scanFolder(directories_.configHome / "autostart", {}, 0, Folder::usersAutostart, result);
     }
-    for (const std::filesystem::path& folder : configDirs) {
-        scanFolder(folder / "autostart", {}, 0, true, result);
+    for (const std::filesystem::path& folder : directories_.configDirs) {
+        scanFolder(folder / "autostart", {}, 0, Folder::systemsAutostart, result);
     }
     std::erase_if(result.entries, [](const DesktopEntry& entry) { return entry.hidden; });
+    sessionAutostart_ = judgeAutostart(result);
     resolvePrograms(result);
 
     const auto lists = mimeApplicationLists(directories_);
@@ -138,7 +139,7 @@ void InstalledApplications::resolvePrograms(Scan& result) const {
 }
 
 void InstalledApplications::scanFolder(const std::filesystem::path& folder,
-                                       const std::string& idPrefix, int depth, bool autostart,
+                                       const std::string& idPrefix, int depth, Folder kind,
                                        Scan& result) {
     // The stamp is taken before the folder is read, so that a change meanwhile is seen next time.
     result.watched[folder] = stampOf(folder);
@@ -157,23 +158,27 @@ void InstalledApplications::scanFolder(const std::filesystem::path& folder,
     }
     std::ranges::sort(names);
     for (const std::string& name : names) {
-        addFile(folder / name, idPrefix + name.substr(0, name.size() - ending.size()), autostart,
+        addFile(folder / name, idPrefix + name.substr(0, name.size() - ending.size()), kind,
                 result);
     }
     constexpr int deepest = 4; // Also ends a loop of links.
     std::ranges::sort(folders);
     for (const std::string& name : folders) {
-        if (depth < deepest && !autostart && std::filesystem::is_directory(folder / name)) {
-            scanFolder(folder / name, idPrefix + name + "-", depth + 1, autostart, result);
+        if (depth < deepest && kind == Folder::applications &&
+            std::filesystem::is_directory(folder / name)) {
+            scanFolder(folder / name, idPrefix + name + "-", depth + 1, kind, result);
         }
     }
 }
 
 void InstalledApplications::addFile(const std::filesystem::path& path, const std::string& id,
-                                    bool autostart, Scan& result) {
-    if (autostart && !result.seenAutostart.insert(id).second) {
-        return; // A more important folder has it, perhaps to switch it off.
+                                    Folder kind, Scan& result) {
+    const bool autostart = kind != Folder::applications;
+    if (kind == Folder::systemsAutostart) {
+        result.systemsAutostart.insert(id);
     }
+    // A more important folder may have it, perhaps to switch it off.
+    const bool isOverridden = autostart && !result.seenAutostart.insert(id).second;
     const auto known = result.byId.find(id);
     if (!autostart && known != result.byId.end()) {
         return;
@@ -191,7 +196,11 @@ void InstalledApplications::addFile(const std::filesystem::path& path, const std
     if (!parsed.entry || !canStart(*parsed.entry)) {
         return;
     }
-    if (autostart && parsed.entry->hidden) {
+    if (autostart && !parsed.entry->hidden) {
+        result.autostart.push_back(*parsed.entry);
+        result.autostart.back().id = id;
+    }
+    if (isOverridden || (autostart && parsed.entry->hidden)) {
         return;
     }
     if (known != result.byId.end()) {
@@ -205,6 +214,18 @@ void InstalledApplications::addFile(const std::filesystem::path& path, const std
     entry.isVisible = !autostart && entry.isVisible && isShown(entry);
     result.byId.emplace(id, result.entries.size());
     result.entries.push_back(std::move(entry));
+}
+
+SessionAutostart InstalledApplications::judgeAutostart(Scan& result) {
+    // A session's own dialog copies an entry of the system to switch it on or off.
+    const auto isOfSystem = [&](const DesktopEntry& entry) {
+        return result.systemsAutostart.contains(entry.id);
+    };
+    for (DesktopEntry& entry : result.entries) {
+        entry.isAutostart = entry.isAutostart && !isOfSystem(entry);
+    }
+    std::erase_if(result.autostart, std::not_fn(isOfSystem));
+    return {result.autostart, result.entries};
 }
 
 bool InstalledApplications::canStart(const DesktopEntry& entry) const {

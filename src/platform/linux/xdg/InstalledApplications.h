@@ -3,6 +3,7 @@
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
+#include "platform/linux/xdg/SessionAutostart.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +25,9 @@ class InstalledApplications {
     /// The applications as of the last refresh(); empty before the first.
     [[nodiscard]] const DesktopEntryIndex& index() const { return index_; }
 
+    /// What the system starts with the session as of the last refresh().
+    [[nodiscard]] const SessionAutostart& sessionAutostart() const { return sessionAutostart_; }
+
     /// Scans when a folder or a list of default applications changed since the last time; true
     /// when the index was replaced, which ends all pointers into the old one.
     /// Cost: one stat a folder; when something changed one stat a file, reading those that are
@@ -31,6 +35,8 @@ class InstalledApplications {
     bool refresh();
 
   private:
+    enum class Folder { applications, usersAutostart, systemsAutostart };
+
     struct Stamp {
         bool exists = false;
         std::int64_t modifiedNanoseconds = 0;
@@ -50,6 +56,9 @@ class InstalledApplications {
     struct Scan {
         std::vector<DesktopEntry> entries;
         std::map<std::string, std::size_t> byId;
+        /// All entries of autostart folders, and the ids that the system's ones have.
+        std::vector<DesktopEntry> autostart;
+        std::set<std::string> systemsAutostart;
         std::set<std::string> seenAutostart;
         std::map<std::string, Parsed> parsed;
         std::map<std::filesystem::path, Stamp> watched;
@@ -61,15 +70,17 @@ class InstalledApplications {
     /// Finds the files that the entries start.
     void resolvePrograms(Scan& result) const;
     void scanFolder(const std::filesystem::path& folder, const std::string& idPrefix, int depth,
-                    bool autostart, Scan& result);
-    void addFile(const std::filesystem::path& path, const std::string& id, bool autostart,
+                    Folder kind, Scan& result);
+    void addFile(const std::filesystem::path& path, const std::string& id, Folder kind,
                  Scan& result);
+    [[nodiscard]] static SessionAutostart judgeAutostart(Scan& result);
     [[nodiscard]] bool canStart(const DesktopEntry& entry) const;
     [[nodiscard]] bool isShown(const DesktopEntry& entry) const;
 
     BaseDirectories directories_;
     std::vector<std::string> locales_;
     DesktopEntryIndex index_;
+    SessionAutostart sessionAutostart_;
     std::map<std::string, Parsed> parsed_;
     std::map<std::filesystem::path, Stamp> watched_;
     std::int64_t scannedAt_ = 0;
