@@ -1,5 +1,6 @@
 #include "platform/linux/xdg/SessionAutostart.h"
 
+#include "platform/linux/protection/ProtectionRules.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 #include "support/TempFolder.h"
 
@@ -70,6 +71,9 @@ TEST(SessionAutostart, JudgesTheEntriesOfSixDesktops) {
     const std::vector<Row> rows = recordedRows();
     ASSERT_EQ(std::ranges::count(rows, "autostart", &Row::folder), 91);
     for (const Row& row : rows) {
+        if (row.verdict == "name") {
+            EXPECT_TRUE(isSessionProgram(row.runs.substr(row.runs.rfind('/') + 1))) << row.id;
+        }
         folder.write(row.folder + "/" + row.id + ".desktop", row.text());
     }
     for (const char* desktop : {"xfce", "kde", "gnome", "lxqt", "mate", "x-cinnamon"}) {

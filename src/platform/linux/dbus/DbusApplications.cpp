@@ -72,10 +72,9 @@ QStringList protectedNames() {
         "org.fcitx.Fcitx5",
         "org.PulseAudio1",
         "org.pulseaudio.Server",
-        // Accounts, and what waits for printers.
+        // Accounts.
         "org.gnome.OnlineAccounts",
         "org.gnome.Identity",
-        "com.redhat.NewPrinterNotification",
     };
 }
 

@@ -26,6 +26,8 @@ constexpr std::array sessionPrograms = {
     "Xvnc"sv,
     "Xwayland"sv,
     "agetty"sv,
+    // The icon of the print queue, which its autostart entry starts by way of a script.
+    "applet.py"sv,
     "at-spi-bus-launcher"sv,
     "at-spi2-registryd"sv,
     "awesome"sv,

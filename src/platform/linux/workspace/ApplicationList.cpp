@@ -57,6 +57,7 @@ void ApplicationList::refreshInstalled() {
     checkedInstalled_ = now;
     if (sources_.installed.refresh()) {
         byProcess_.clear();
+        verdicts_.clear();
         background_.forget();
         // An update that no scan precedes would otherwise list none of the background.
         if (std::exchange(scanned_, {}) != decltype(scanned_){}) {
