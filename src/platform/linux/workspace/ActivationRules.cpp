@@ -55,7 +55,9 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
     // A script or sandbox around an application carries its identifier and is no second one. A
     // launcher script that waits for its program was found by its own name; the program may have
     // another.
-    const bool hasScripts = std::ranges::any_of(candidates, &AgentCandidate::isShellScript);
+    const bool hasScripts = std::ranges::any_of(candidates, [](const AgentCandidate& candidate) {
+        return candidate.isInstalled && candidate.isShellScript;
+    });
     std::set<ProcessId> wrappers;
     for (const ProcessId application : applications) {
         const auto own = byProcess.find(application);
