@@ -7,6 +7,38 @@
 
 namespace calmora {
 
+namespace {
+
+using CandidatesByProcess = std::map<ProcessId, const AgentCandidate*>;
+
+/// What runs around an application and is no second one: a script or sandbox that carries its
+/// identifier, and a launcher script that waits for its program, whatever that is called.
+std::set<ProcessId> wrappersOf(const std::set<ProcessId>& applications,
+                               const CandidatesByProcess& byProcess,
+                               const std::function<ProcessId(ProcessId)>& parentOf) {
+    const bool hasScripts = std::ranges::any_of(byProcess, [](const auto& entry) {
+        return entry.second->isInstalled && entry.second->isShellScript;
+    });
+    std::set<ProcessId> wrappers;
+    for (const ProcessId application : applications) {
+        const auto own = byProcess.find(application);
+        const bool isCandidate = own != byProcess.end();
+        ProcessId ancestor = hasScripts || isCandidate ? parentOf(application) : 0;
+        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
+            const auto found = byProcess.find(ancestor);
+            if (found != byProcess.end() &&
+                (found->second->isShellScript ||
+                 (isCandidate && found->second->identifier == own->second->identifier))) {
+                wrappers.insert(ancestor);
+            }
+            ancestor = parentOf(ancestor);
+        }
+    }
+    return wrappers;
+}
+
+} // namespace
+
 ActivationPolicy activationPolicy(const ActivationFacts& facts) {
     if (facts.isProtected || facts.isShell) {
         return ActivationPolicy::prohibited;
@@ -22,7 +54,7 @@ ActivationPolicy activationPolicy(const ActivationFacts& facts) {
 std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
                                      const std::set<ProcessId>& applications,
                                      const std::function<ProcessId(ProcessId)>& parentOf) {
-    std::map<ProcessId, const AgentCandidate*> byProcess;
+    CandidatesByProcess byProcess;
     std::map<std::string, std::pair<std::uint64_t, ProcessId>> firstOfUnit;
     for (const AgentCandidate& candidate : candidates) {
         byProcess.emplace(candidate.process, &candidate);
@@ -52,28 +84,7 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
         }
         return false;
     };
-    // A script or sandbox around an application carries its identifier and is no second one. A
-    // launcher script that waits for its program was found by its own name; the program may have
-    // another.
-    const bool hasScripts = std::ranges::any_of(candidates, [](const AgentCandidate& candidate) {
-        return candidate.isInstalled && candidate.isShellScript;
-    });
-    std::set<ProcessId> wrappers;
-    for (const ProcessId application : applications) {
-        const auto own = byProcess.find(application);
-        ProcessId ancestor =
-            hasScripts || own != byProcess.end() ? parentOf(application) : ProcessId{0};
-        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
-            const auto found = byProcess.find(ancestor);
-            if (found != byProcess.end() &&
-                (found->second->isShellScript ||
-                 (own != byProcess.end() &&
-                  found->second->identifier == own->second->identifier))) {
-                wrappers.insert(ancestor);
-            }
-            ancestor = parentOf(ancestor);
-        }
-    }
+    const std::set<ProcessId> wrappers = wrappersOf(applications, byProcess, parentOf);
     std::vector<ProcessId> agents;
     for (const AgentCandidate& candidate : candidates) {
         if (candidate.identifier && candidate.isInstalled &&
