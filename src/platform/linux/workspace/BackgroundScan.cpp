@@ -98,6 +98,7 @@ void BackgroundScan::scan(const InstalledApplications& installed, const std::str
 void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplications& installed,
                           const std::string& display,
                           std::chrono::steady_clock::time_point now) const {
+    const DesktopEntryIndex& index = installed.index();
     std::string comm;
     if (known.comm.empty()) {
         const auto stat = reader_.stat(process);
@@ -118,7 +119,6 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     }
     known.comm = std::move(comm);
     known.candidate = {};
-    const DesktopEntryIndex& index = installed.index();
     // Few processes are applications, and all that tells which ones costs four times as much.
     if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
         return;
@@ -130,7 +130,7 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     known.candidate = {.process = process, .startTime = details->startTime};
     known.candidate.isShellScript = !details->commandLine.empty() &&
                                     isShell(details->commandLine.front()) &&
-                                    !scriptOf(details->commandLine).empty();
+                                    !execKey(details->commandLine).empty();
     if (const auto identity = identifyWindowless(*details, index)) {
         known.candidate.identifier = identity->bundleIdentifier;
         known.candidate.isInstalled =

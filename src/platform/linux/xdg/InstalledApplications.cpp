@@ -86,7 +86,6 @@ void InstalledApplications::scan() {
         scanFolder(folder / "autostart", {}, 0, Folder::systemsAutostart, result);
     }
     std::erase_if(result.entries, [](const DesktopEntry& entry) { return entry.hidden; });
-    sessionAutostart_ = judgeAutostart(result);
     resolvePrograms(result);
 
     const auto lists = mimeApplicationLists(directories_);
@@ -104,6 +103,7 @@ void InstalledApplications::scan() {
     std::string fileManager =
         defaultApplication("inode/directory", lists, caches,
                            [&](const std::string& id) { return fileManagers.contains(id); });
+    sessionAutostart_ = judgeAutostart(result);
     parsed_ = std::move(result.parsed);
     watched_ = std::move(result.watched);
     index_ = DesktopEntryIndex(std::move(result.entries), std::move(fileManager));
