@@ -285,10 +285,18 @@ TEST(ApplicationIdentifier, BelievesASandboxBeforeTheWindow) {
     snap.process.cgroup =
         "/user.slice/snap.spotify.spotify-0a1b2c3d-1111-2222-3333-444455556666.scope";
     EXPECT_EQ(identify(snap, installed()).bundleIdentifier, "com.spotify.client");
+    snap.process.executable = "/snap/core22/1/usr/bin/python3.10"; // A base, seen by all.
+    EXPECT_EQ(identify(snap, installed()).desktopId, "spotify_spotify");
     // Started from the snap, but not of it.
-    snap.process.executable = "/usr/bin/xterm";
     snap.windows = {windowOf(1, "xterm", "XTerm")};
-    EXPECT_EQ(identify(snap, installed()).desktopId, "debian-xterm");
+    for (const char* other : {"/usr/bin/xterm", "/snap/corex/1/xterm", "/snap/spotify2/1/xterm"}) {
+        snap.process.executable = other;
+        EXPECT_EQ(identify(snap, installed()).desktopId, "debian-xterm") << other;
+    }
+    // The same path is the base's below the root of a confined snap.
+    snap.process.executable = "/usr/bin/xterm";
+    snap.process.hasOwnRoot = true;
+    EXPECT_EQ(identify(snap, installed()).desktopId, "spotify_spotify");
 }
 
 TEST(ApplicationIdentifier, BelievesUnitAndHintOnlyOfTheProgramThatTheyName) {

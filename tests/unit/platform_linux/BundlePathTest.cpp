@@ -143,7 +143,9 @@ TEST(BundlePath, KnowsSnapsAppImagesAndFlatpaks) {
     EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), std::nullopt);
 
     auto flatpak = programAt("/usr/lib/foo/foo");
-    flatpak.flatpak = FlatpakInfo{"org.foo", "1"};
+    flatpak.flatpak = FlatpakInfo{"org.foo", "1"}; // Not the host's folder of that name.
+    EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), "/.flatpak/org.foo/1/app/");
+    flatpak.flatpak->instanceId.clear();
     EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), std::nullopt);
 }
 

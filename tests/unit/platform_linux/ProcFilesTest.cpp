@@ -99,6 +99,7 @@ TEST(ProcFiles, ReadTheSandboxOfAFlatpak) {
                                "instance-id=123\nname=not.this\n"),
               (FlatpakInfo{"org.gnome.Maps", "123"}));
     EXPECT_FALSE(parseFlatpakInfo("[Runtime]\nname=org.gnome.Platform\n"));
+    EXPECT_FALSE(parseFlatpakInfo("[Application]\nname=org.gnome.Maps/../x\n"));
 }
 
 TEST(ProcFiles, DropTheMarkOfADeletedFileOnce) {

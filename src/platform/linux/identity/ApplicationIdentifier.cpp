@@ -76,15 +76,32 @@ Found firstOf(Ways... ways) {
     return found;
 }
 
+/// Whether a process in the control group of a snap is the snap's: what was started from there,
+/// a program of the system or of another snap, stays in the group.
+bool runsFromSnap(const ProcessDetails& process, std::string_view snap) {
+    if (!process.executable) {
+        return true;
+    }
+    for (const std::string_view root : {"/snap/", "/var/lib/snapd/snap/"}) {
+        if (process.executable->starts_with(root)) {
+            const std::string_view path = std::string_view(*process.executable).substr(root.size());
+            const std::string_view owner = path.substr(0, path.find('/'));
+            const bool isBase = owner == "bare" || (owner.starts_with("core") &&
+                                                    owner.find_first_not_of("0123456789", 4) ==
+                                                        std::string_view::npos);
+            return owner == snap || isBase;
+        }
+    }
+    // A confined snap sees its base as the root, where its interpreter may lie.
+    return process.hasOwnRoot;
+}
+
 Found bySandbox(const ProcessDetails& process, const DesktopEntryIndex& index) {
     std::string id;
     if (process.flatpak) {
         id = process.flatpak->applicationId;
     } else if (auto snap = snapOfCgroup(process.cgroup)) {
-        // A program of the system that was started from a snap stays in its control group.
-        const bool isOfSystem = process.executable && !process.executable->starts_with("/snap/") &&
-                                !process.executable->starts_with("/var/lib/snapd/snap/");
-        if (isOfSystem) {
+        if (!runsFromSnap(process, snap->substr(0, snap->find('_')))) {
             return std::nullopt;
         }
         id = *std::move(snap);

@@ -2,6 +2,7 @@
 
 #include "platform/linux/identity/CgroupNames.h"
 #include "platform/linux/identity/PathText.h"
+#include "platform/linux/proc/ProcFiles.h"
 #include "platform/linux/xdg/ExecKey.h"
 
 #include <algorithm>
@@ -248,9 +249,12 @@ bool isPlainPath(std::string_view path) {
 std::optional<std::string> privateFolder(const ProcessDetails& process,
                                          const ApplicationIdentity& identity, std::string_view home,
                                          std::span<const std::string> otherExecutables) {
+    if (process.flatpak) {
+        return flatpakFolder(*process.flatpak);
+    }
     // Inside of every flatpak the executables lie in the same /app.
-    if (!process.executable || process.flatpak || process.runsScript ||
-        isInterpreter(*process.executable) || process.executable->starts_with("/app/")) {
+    if (!process.executable || process.runsScript || isInterpreter(*process.executable) ||
+        process.executable->starts_with("/app/")) {
         return std::nullopt;
     }
     const Components path = componentsOf(*process.executable);

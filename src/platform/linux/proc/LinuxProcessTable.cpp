@@ -64,7 +64,7 @@ std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
 }
 
 std::optional<std::string> LinuxProcessTable::executablePath(ProcessId process) const {
-    return reader_.executable(process);
+    return reader_.executableFromHere(process);
 }
 
 bool LinuxProcessTable::hold(ProcessId process) {

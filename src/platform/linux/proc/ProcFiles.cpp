@@ -2,6 +2,8 @@
 
 #include "platform/linux/xdg/KeyFile.h"
 
+#include <algorithm>
+#include <cctype>
 #include <charconv>
 
 namespace calmora {
@@ -194,10 +196,20 @@ std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text) {
         }
         return true;
     });
-    if (info.applicationId.empty()) {
+    const bool isName = std::ranges::all_of(info.applicationId, [](unsigned char letter) {
+        return std::isalnum(letter) != 0 || letter == '.' || letter == '-' || letter == '_';
+    });
+    if (info.applicationId.empty() || !isName) {
         return std::nullopt;
     }
     return info;
+}
+
+std::optional<std::string> flatpakFolder(const FlatpakInfo& sandbox) {
+    if (sandbox.instanceId.empty()) {
+        return std::nullopt;
+    }
+    return "/.flatpak/" + sandbox.applicationId + "/" + sandbox.instanceId + "/app/";
 }
 
 std::string_view withoutDeletedMark(std::string_view path) {

@@ -64,9 +64,15 @@ struct ProcessStatus {
 /// Source: X(7), display names.
 [[nodiscard]] std::string displayOf(std::string_view variable);
 
-/// Parses a sandbox's .flatpak-info. Absent without an application name.
+/// Parses a sandbox's .flatpak-info. Absent without an application name of the letters that such
+/// a name may have: whoever makes the sandbox writes the file.
 /// Source: flatpak-metadata(5).
 [[nodiscard]] std::optional<FlatpakInfo> parseFlatpakInfo(std::string_view text);
+
+/// A path, with a closing slash, for the files that one instance of a flatpak has in its own /app.
+/// It exists nowhere: every instance shows its files as /app, so their paths alone do not tell
+/// which one they are of. Absent where the instance is unknown.
+[[nodiscard]] std::optional<std::string> flatpakFolder(const FlatpakInfo& sandbox);
 
 /// The path of /proc/PID/exe without the mark of a deleted file.
 [[nodiscard]] std::string_view withoutDeletedMark(std::string_view path);

@@ -66,6 +66,8 @@ struct ProcessDetails {
     bool runsScript = false;
     /// Where it is at work; read only for interpreters and where a relative path may be a script.
     std::optional<std::string> workingDirectory = {};
+    /// It lives below another root than ours, as in a sandbox.
+    bool hasOwnRoot = false;
     /// Path below the root of the unified hierarchy; empty where there is none.
     std::string cgroup = {};
     LaunchEnvironment environment = {};

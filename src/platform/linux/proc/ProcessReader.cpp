@@ -171,6 +171,28 @@ std::optional<std::string> ProcessReader::executable(ProcessId process) const {
     return isFolder ? std::nullopt : std::optional(std::move(path));
 }
 
+std::optional<std::string> ProcessReader::executableFromHere(ProcessId process) const {
+    auto path = executable(process);
+    if (!path || !hasOwnRoot(process)) {
+        return path;
+    }
+    if (const auto sandbox = parseFlatpakInfo(readFlatpakInfo(process))) {
+        constexpr std::string_view app = "/app/";
+        if (const auto folder = flatpakFolder(*sandbox); folder && path->starts_with(app)) {
+            return *folder + path->substr(app.size());
+        }
+    } else {
+        struct stat theirs{};
+        struct stat ours{};
+        if (fstatat(root_.get(), ProcPath(process, "exe").get(), &theirs, 0) == 0 &&
+            ::stat(path->c_str(), &ours) == 0 && theirs.st_dev == ours.st_dev &&
+            theirs.st_ino == ours.st_ino) {
+            return path;
+        }
+    }
+    return "/proc/" + std::to_string(process) + "/root" + *path;
+}
+
 std::vector<std::string> ProcessReader::commandLine(ProcessId process) const {
     return parseCommandLine(read(process, "cmdline"));
 }
@@ -191,6 +213,7 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     details.executable = executable(process);
     details.cgroup = parseCgroup(read(process, "cgroup"));
     details.environment = parseLaunchEnvironment(read(process, "environ"));
+    details.hasOwnRoot = hasOwnRoot(process);
     details.flatpak = parseFlatpakInfo(readFlatpakInfo(process));
     readCommandFile(details);
     const std::string& appDir = details.environment.appDir;

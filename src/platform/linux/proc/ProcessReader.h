@@ -36,6 +36,11 @@ class ProcessReader {
     /// from its own user.
     [[nodiscard]] std::optional<std::string> executable(ProcessId process) const;
 
+    /// The program file by a path that means no other file here. Below a root of its own a path
+    /// that we know may be another file: it is given below /proc/PID/root then, and in a flatpak
+    /// below flatpakFolder() or /proc/PID/root whatever file it is. Absent as executable() is.
+    [[nodiscard]] std::optional<std::string> executableFromHere(ProcessId process) const;
+
     /// The arguments; empty for a kernel thread.
     [[nodiscard]] std::vector<std::string> commandLine(ProcessId process) const;
 

@@ -60,6 +60,12 @@ std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& i
     return result;
 }
 
+/// Programs that carry the identity and the unit of the sandbox that they keep up; what runs
+/// inside is the application, and not their helper.
+bool isSandboxLauncher(std::string_view comm) {
+    return comm == "bwrap" || comm == "xdg-dbus-proxy";
+}
+
 /// Since the start of the process.
 std::chrono::steady_clock::duration ageOf(const ProcessStat& stat) {
     static const auto ticksPerSecond = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
@@ -119,6 +125,9 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     }
     known.comm = std::move(comm);
     known.candidate = {};
+    if (isSandboxLauncher(known.comm)) {
+        return;
+    }
     // Few processes are applications, and all that tells which ones costs four times as much.
     if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
         return;

@@ -1,0 +1,339 @@
+#include "WorkspaceTest.h"
+
+#include "platform/linux/windows/WindowOwner.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+namespace fs = std::filesystem;
+
+/// The children of a process, from the kernel.
+std::vector<pid_t> childrenOf(pid_t process) {
+    const std::string id = std::to_string(process);
+    std::ifstream list("/proc/" + id + "/task/" + id + "/children");
+    return {std::istream_iterator<pid_t>(list), {}};
+}
+
+/// A desktop with bubblewrap sandboxes that look like those of flatpak: a root of their own with
+/// .flatpak-info, the program below /app, and a pid namespace of their own.
+struct SandboxDesktop : LinuxDesktop {
+    SandboxDesktop() {
+        fs::create_directories(programs);
+        fs::copy_file(windowClient(), programs / "app");
+        fs::copy_file(windowClient(), programs / "helper");
+        const fs::path entries = desktop.home() / "data" / "applications";
+        fs::create_directories(entries);
+        std::ofstream(entries / "org.example.App.desktop")
+            << "[Desktop Entry]\nType=Application\nName=Example\nIcon=example\n"
+               "Exec=/usr/bin/flatpak run org.example.App\n";
+    }
+
+    /// The command that runs a program in the sandbox of an application.
+    std::vector<std::string> sandboxed(const std::string& id, const std::string& instance,
+                                       const std::vector<std::string>& command) {
+        const fs::path info = desktop.home() / ("info-" + id + instance);
+        std::ofstream(info) << "[Application]\nname=" << id
+                            << "\n\n[Instance]\ninstance-id=" << instance << "\n";
+        std::vector<std::string> words = {
+            "bwrap",          "--unshare-pid", "--ro-bind",       "/usr",
+            "/usr",           "--symlink",     "usr/lib",         "/lib",
+            "--symlink",      "usr/lib64",     "/lib64",          "--symlink",
+            "usr/bin",        "/bin",          "--proc",          "/proc",
+            "--dev",          "/dev",          "--ro-bind",       "/tmp/.X11-unix",
+            "/tmp/.X11-unix", "--ro-bind",     programs.string(), "/app/bin",
+            "--ro-bind",      info.string(),   "/.flatpak-info"};
+        words.insert(words.end(), command.begin(), command.end());
+        return words;
+    }
+
+    /// Starts a program in a sandbox; gives the outermost process of the sandbox.
+    pid_t startSandboxed(const std::string& id, const std::string& instance,
+                         const std::vector<std::string>& command) {
+        return desktop.start(sandboxed(id, instance, command));
+    }
+
+    /// The only descendant so many generations below a process; waits for it.
+    pid_t descendant(pid_t process, int generations) {
+        for (; generations > 0; --generations) {
+            std::vector<pid_t> children;
+            EXPECT_TRUE(waitFor([&] {
+                children = childrenOf(process);
+                return !children.empty();
+            })) << desktop.log();
+            process = children.empty() ? -1 : children.front();
+        }
+        return process;
+    }
+
+    const fs::path programs = desktop.home() / "programs";
+};
+
+TEST(SandboxTest, AFlatpakIsKnownByItsSandboxAndQuitsWhenAsked) {
+    SandboxDesktop machine;
+    const pid_t sandbox = machine.startSandboxed("org.example.App", "1234", {"/app/bin/app"});
+    const pid_t init = machine.descendant(sandbox, 1);
+    const pid_t app = machine.shown(machine.descendant(init, 1));
+    EXPECT_THAT(namespaceIds(app), ElementsAre(app, 2)) << "what its windows say";
+    const auto listed = machine.listed(app);
+    ASSERT_TRUE(listed);
+    EXPECT_EQ(listed->bundleIdentifier, "org.example.App");
+    EXPECT_EQ(listed->localizedName, "Example");
+    EXPECT_EQ(listed->icon.value_or(Image{}).themeName, "example");
+    EXPECT_EQ(machine.workspace.runningApplications().size(), 1U) << "bwrap is none";
+
+    const pid_t other = machine.startSandboxed("org.example.App", "1235", {"/app/bin/app"});
+    const pid_t second = machine.shown(machine.descendant(other, 2));
+    EXPECT_TRUE(machine.quitter.quitApp(app, false));
+    EXPECT_EQ(waitFor([&] { return machine.desktop.exitStatus(sandbox).has_value(); }), true);
+    EXPECT_EQ(machine.desktop.exitStatus(sandbox), 0) << "it ended by itself, and its sandbox";
+    EXPECT_TRUE(machine.isRunning(second)) << "another instance";
+
+    const pid_t deafBox =
+        machine.startSandboxed("org.example.Deaf", "1", {"/app/bin/app", "--no-delete"});
+    const pid_t deaf = machine.shown(machine.descendant(deafBox, 2));
+    EXPECT_EQ(machine.listed(deaf)->bundleIdentifier, "org.example.Deaf");
+    EXPECT_TRUE(machine.quitter.quitApp(deaf, false)) << "the signal reaches the namespace";
+    EXPECT_TRUE(machine.isRunning(second));
+}
+
+TEST(SandboxTest, ForcingAFlatpakEndsItsInstancesAndNothingElse) {
+    SandboxDesktop machine;
+    // The launcher above the sandbox is a shell that would go on.
+    std::string launch;
+    for (const std::string& word :
+         machine.sandboxed("org.example.App", "1234",
+                           {"/app/bin/app", "--ignore-term", "--ignore-close", "--child",
+                            "/app/bin/helper", "--orphan", "/app/bin/helper"})) {
+        launch += "'" + word + "' ";
+    }
+    const pid_t launcher = machine.desktop.start({"/bin/sh", "-c", launch + "; sleep 60"});
+    const pid_t init = machine.descendant(launcher, 2);
+    const pid_t app = machine.shown(machine.descendant(init, 1));
+    // Its own first process: the kernel keeps signals from that which it does not handle.
+    const pid_t bare = machine.desktop.start(
+        machine.sandboxed("org.example.App", "1235", {"--as-pid-1", "/app/bin/app"}));
+    const pid_t first = machine.shown(machine.descendant(bare, 1));
+    std::vector<pid_t> helpers;
+    EXPECT_TRUE(waitFor([&] {
+        helpers = childrenOf(app);
+        std::ranges::copy(childrenOf(init), std::back_inserter(helpers));
+        std::erase(helpers, app);
+        return helpers.size() == 2;
+    }));
+
+    std::vector<pid_t> bystanders = {
+        launcher,
+        machine.shown(machine.descendant(
+            machine.startSandboxed("org.example.Other", "1234", {"/app/bin/app"}), 2)),
+        machine.descendant(machine.startSandboxed("org.example.App", "1234",
+                                                  {"xdg-dbus-proxy", "unix:path=/none", "/tmp/p"}),
+                           2),
+        machine.shown(machine.desktop.start({(machine.programs / "app").string()})),
+        machine.desktop.start({(machine.programs / "helper").string(), "--helper"}),
+        machine.desktop.windowManager(),
+        machine.desktop.server()};
+    EXPECT_TRUE(machine.quitter.quitApp(app, true));
+    EXPECT_FALSE(machine.isRunning(app));
+    EXPECT_FALSE(machine.isRunning(first)) << "the same application";
+    for (const pid_t helper : helpers) {
+        EXPECT_FALSE(machine.isRunning(helper)) << helper;
+    }
+    EXPECT_TRUE(waitFor([&] { return !machine.isRunning(init); })) << "nothing is left in there";
+    for (const pid_t process : bystanders) {
+        EXPECT_TRUE(machine.isRunning(process)) << machine.reader.comm(process);
+    }
+}
+
+TEST(SandboxTest, FindsAFlatpakInTheBackground) {
+    SandboxDesktop machine;
+    const pid_t sandbox =
+        machine.startSandboxed("org.example.App", "1", {"/app/bin/helper", "--helper"});
+    const pid_t app = machine.descendant(sandbox, 2);
+    EXPECT_TRUE(waitFor([&] { return machine.listed(app).has_value(); }));
+    EXPECT_EQ(machine.policyOf(app), ActivationPolicy::accessory);
+    EXPECT_EQ(machine.workspace.runningApplications().size(), 1U);
+    EXPECT_TRUE(machine.quitter.quitApp(app, true));
+}
+
+TEST(SandboxTest, APathBelowAnotherRootIsAnotherProgram) {
+    SandboxDesktop machine;
+    const fs::path own = machine.desktop.home() / "Apps" / "app";
+    fs::create_directories(own);
+    fs::copy_file(windowClient(), own / "app");
+    const auto below = [&](const fs::path& source, const std::string& info) {
+        auto words = machine.sandboxed("org.example.Other", "1", {"--dir", own.parent_path()});
+        for (const std::string& word : {std::string("--ro-bind"), source.string(), own.string(),
+                                        own.string() + "/app", std::string("--helper")}) {
+            words.push_back(word);
+        }
+        std::ranges::replace(words, std::string("/.flatpak-info"), info);
+        return machine.descendant(machine.desktop.start(words), 2);
+    };
+    const pid_t app =
+        machine.shown(machine.desktop.start({(own / "app").string(), "--class", "Tool"}));
+    const pid_t ofFlatpak = below(own, "/.flatpak-info");
+    const pid_t ofContainer = below(machine.programs, "/.container");
+    const pid_t sameFile = below(own, "/.container");
+    for (const pid_t process : {ofFlatpak, ofContainer, sameFile}) {
+        EXPECT_TRUE(waitFor([&] { return machine.reader.executable(process) == own / "app"; }));
+    }
+    EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), own.string() + "/");
+    EXPECT_TRUE(machine.quitter.quitApp(app, true));
+    EXPECT_TRUE(machine.isRunning(ofFlatpak)) << "a flatpak's, whatever file it is";
+    EXPECT_TRUE(machine.isRunning(ofContainer)) << "another file at the same path";
+    EXPECT_FALSE(machine.isRunning(sameFile)) << "a helper that is only confined";
+}
+
+TEST(SandboxTest, AnAppImageIsItsMountAndNothingElse) {
+    SandboxDesktop machine;
+    std::ofstream(machine.desktop.home() / "data/applications/example.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Example Image\nExec=AppRun\n";
+    const auto mounted = [&](const std::string& name, const std::string& entry) {
+        const fs::path mount = machine.desktop.home() / (".mount_" + name);
+        fs::create_directories(mount / "usr");
+        fs::copy(machine.programs, mount / "usr/bin", fs::copy_options::recursive);
+        std::ofstream(mount / (entry + ".desktop")) << "[Desktop Entry]\n";
+        return mount;
+    };
+    const auto start = [&](const fs::path& mount, const fs::path& program,
+                           const std::vector<std::string>& options) {
+        std::vector<std::string> words = options;
+        words.insert(words.begin(), program.string());
+        return machine.shown(machine.desktop.start(
+            words, {{"APPDIR", mount.string()},
+                    {"APPIMAGE", (machine.desktop.home() / "Example.AppImage").string()}}));
+    };
+    const fs::path mount = mounted("ExampA", "example");
+    const fs::path again = mounted("ExampB", "example");
+    const fs::path other = mounted("Other1", "other");
+    const std::string helper = (mount / "usr/bin/helper").string();
+    const pid_t app = start(mount, mount / "usr/bin/app", {"--orphan", helper});
+    const pid_t second = start(again, again / "usr/bin/app", {});
+    // What is started from an image inherits its environment.
+    const std::vector<pid_t> bystanders = {
+        start(mount, machine.programs / "app", {"--class", "Started"}),
+        start(other, other / "usr/bin/app", {"--class", "Other"})};
+    EXPECT_EQ(machine.listed(app)->localizedName, "Example Image");
+    EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), mount.string() + "/");
+    EXPECT_TRUE(machine.quitter.quitApp(app, true));
+    EXPECT_FALSE(machine.isRunning(second)) << "another mount of the same image";
+    EXPECT_TRUE(std::ranges::none_of(machine.table.allProcesses(), [&](ProcessId process) {
+        return machine.table.executablePath(process) == helper && machine.isRunning(process);
+    }));
+    for (const pid_t process : bystanders) {
+        EXPECT_TRUE(machine.isRunning(process));
+    }
+}
+
+/// Control groups as systemd makes them for snaps; gone with this object, once they are empty.
+class SnapGroups {
+  public:
+    SnapGroups() {
+        std::ifstream mounts("/proc/self/mounts");
+        for (std::string device, place, type, line; mounts >> device >> place >> type;) {
+            std::getline(mounts, line);
+            if (type == "cgroup2") {
+                top_ = fs::path(place) / ("calmora-test-" + std::to_string(::getpid()));
+            }
+        }
+    }
+
+    SnapGroups(const SnapGroups&) = delete;
+    SnapGroups& operator=(const SnapGroups&) = delete;
+
+    ~SnapGroups() {
+        std::error_code error;
+        for (const fs::path& group : made_) {
+            fs::remove(group, error);
+        }
+        fs::remove(top_, error);
+    }
+
+    /// The command in a group of its own for one start of the snap "hello"; empty where none can
+    /// be made.
+    std::vector<std::string> started(std::vector<std::string> command, int start) {
+        const fs::path group = top_ / ("snap.hello.hello-0a1b2c3d-1111-2222-3333-00000000000" +
+                                       std::to_string(start) + ".scope");
+        std::error_code error;
+        if (top_.empty() || (fs::create_directories(group, error), error)) {
+            return {};
+        }
+        made_.push_back(group);
+        const std::vector<std::string> words = {
+            "/bin/sh", "-c", "echo $$ > " + (group / "cgroup.procs").string() + " && exec \"$@\"",
+            "sh"};
+        command.insert(command.begin(), words.begin(), words.end());
+        return command;
+    }
+
+  private:
+    fs::path top_;
+    std::vector<fs::path> made_;
+};
+
+/// Gives this process a /var/lib of its own.
+bool hidePackageFolders() {
+    return ::unshare(CLONE_NEWNS) == 0 &&
+           ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("tmpfs", "/var/lib", "tmpfs", 0, nullptr) == 0;
+}
+
+TEST(SandboxTest, ASnapIsItsRevisionAndNothingElseOfItsGroup) {
+    SnapGroups groups;
+    if (groups.started({}, 0).empty() || !hidePackageFolders()) {
+        GTEST_SKIP() << "control groups and mounts need root";
+    }
+    SandboxDesktop machine;
+    std::ofstream(machine.desktop.home() / "data/applications/hello_hello.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Hello\nExec=/snap/bin/hello\n";
+    const fs::path snap = "/var/lib/snapd/snap/hello/42";
+    const fs::path other = "/var/lib/snapd/snap/other/7";
+    for (const fs::path& revision : {snap, other}) {
+        fs::create_directories(revision);
+        fs::copy(machine.programs, revision / "bin", fs::copy_options::recursive);
+    }
+    const auto start = [&](const std::vector<std::string>& command, int group) {
+        return machine.desktop.start(groups.started(command, group));
+    };
+    const std::string helper = (snap / "bin/helper").string();
+    const pid_t app =
+        machine.shown(start({snap / "bin/app", "--ignore-term", "--child", helper}, 1));
+    const pid_t second = machine.shown(start({snap / "bin/app"}, 2));
+    // What a confined snap runs may be its base's, which is the root there.
+    auto confined = machine.sandboxed("org.example.None", "1", {"/app/bin/app"});
+    std::ranges::replace(confined, std::string("/.flatpak-info"), std::string("/.base"));
+    const pid_t third = machine.shown(machine.descendant(start(confined, 3), 2));
+    const std::vector<pid_t> bystanders = {
+        machine.shown(start({machine.programs / "app", "--class", "System"}, 1)),
+        machine.shown(start({other / "bin/app", "--class", "Other"}, 1)),
+        start({other / "bin/helper", "--helper"}, 1)};
+    for (const pid_t process : {app, second, third}) {
+        EXPECT_EQ(machine.listed(process)->bundleIdentifier, "hello_hello");
+        EXPECT_EQ(machine.listed(process)->localizedName, "Hello");
+    }
+    EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), snap.string() + "/");
+    EXPECT_TRUE(machine.quitter.quitApp(second, false));
+    EXPECT_TRUE(machine.isRunning(app) && machine.isRunning(third));
+    const pid_t child = machine.descendant(app, 1);
+    EXPECT_TRUE(machine.quitter.quitApp(app, true));
+    for (const pid_t process : {app, child, third}) {
+        EXPECT_FALSE(machine.isRunning(process));
+    }
+    for (const pid_t process : bystanders) {
+        EXPECT_TRUE(machine.isRunning(process));
+    }
+}
+
+} // namespace
+} // namespace calmora
