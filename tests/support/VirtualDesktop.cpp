@@ -199,7 +199,7 @@ pid_t VirtualDesktop::start(const std::vector<std::string>& command, const Envir
     arguments.push_back(nullptr);
     const pid_t child = ::fork();
     if (child != 0) {
-        statuses_.emplace(child, std::nullopt);
+        statuses_.insert_or_assign(child, std::nullopt); // The id may be an earlier one's.
         return child;
     }
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);

@@ -171,7 +171,8 @@ int main(int argc, char** argv) {
         // A helper that does not even notice the polite signal.
         std::signal(SIGTERM, SIG_IGN);
     }
-    ::alarm(120);
+    const auto lifetime = options.find("--lifetime");
+    ::alarm(lifetime == options.end() ? 120U : static_cast<unsigned>(std::stoul(lifetime->second)));
     while (options.contains("--helper")) {
         ::pause();
     }

@@ -1,0 +1,212 @@
+#include "StormDesktop.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace calmora {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The file of each application below the home folder; a program that is no application has no
+/// window class and no desktop entry.
+const std::map<std::string, std::string> applications = {
+    // A private folder with helpers.
+    {"paint", "Apps/paint/paint"},
+    // A folder that many programs share.
+    {"notes", "bin/notes"},
+    {"bystander", "bin/bystander"},
+    // A browser and its web application.
+    {"surf", "Apps/surf/surf"},
+    {"surf-mail", "Apps/surf/surf"},
+    // Two ids of one well-known identifier.
+    {"firefox", "Apps/firefox/firefox"},
+    {"firefox-esr", "Apps/firefox-esr/firefox-esr"},
+};
+const std::map<std::string, std::string> otherPrograms = {
+    {"paint-helper", "Apps/paint/paint-helper"},
+    {"paint-tool", "Apps/paint-tools/paint-tool"},
+    {"tool", "bin/tool"},
+};
+
+/// The keeper of a program: never returns.
+[[noreturn]] void keep(StormDesktop& machine, const std::vector<std::string>& command, int report) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+    for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) {
+        std::signal(signal, SIG_DFL);
+    }
+    const auto tell = [&](pid_t process) {
+        if (::write(report, &process, sizeof process) < 0) {
+            ::_exit(1);
+        }
+    };
+    const pid_t program = machine.desktop.start(command);
+    tell(program);
+    ::waitpid(program, nullptr, 0);
+    // Others start processes as well, so it may take several attempts.
+    for (int attempt = 0; attempt < 500; ++attempt) {
+        StormDesktop::setLastId(program - 1);
+        const pid_t later = ::fork();
+        if (later == 0) {
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            while (true) {
+                ::pause();
+            }
+        }
+        if (later == program) {
+            tell(later);
+            break;
+        }
+        ::kill(later, SIGKILL);
+        ::waitpid(later, nullptr, 0);
+    }
+    while (true) {
+        ::pause();
+    }
+}
+
+} // namespace
+
+StormDesktop::StormDesktop() {
+    const fs::path entries = desktop.home() / "data" / "applications";
+    fs::create_directories(entries);
+    for (const auto* programs : {&applications, &otherPrograms}) {
+        for (const auto& [name, path] : *programs) {
+            fs::create_directories(file(name).parent_path());
+            fs::copy_file(windowClient(), file(name), fs::copy_options::skip_existing);
+        }
+    }
+    for (const auto& [name, path] : applications) {
+        std::ofstream(entries / (name + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=" << name
+            << "\nExec=" << file(name).string() << " --instance " << name
+            << "\nStartupWMClass=" << name << "\n";
+    }
+}
+
+bool StormDesktop::canChooseIds() {
+    std::ifstream in("/proc/sys/kernel/ns_last_pid");
+    pid_t last = 0;
+    in >> last;
+    std::ofstream out("/proc/sys/kernel/ns_last_pid");
+    return static_cast<bool>(out << last << std::flush);
+}
+
+void StormDesktop::setLastId(pid_t last) {
+    std::ofstream("/proc/sys/kernel/ns_last_pid") << last;
+}
+
+fs::path StormDesktop::file(const std::string& program) const {
+    const auto found = applications.find(program);
+    return desktop.home() /
+           (found != applications.end() ? found->second : otherPrograms.at(program));
+}
+
+std::vector<std::string> StormDesktop::command(const std::string& application,
+                                               std::vector<std::string> options) const {
+    const std::vector<std::string> words = {file(application).string(), "--instance", application,
+                                            "--class", application};
+    options.insert(options.begin(), words.begin(), words.end());
+    return options;
+}
+
+pid_t StormDesktop::shownApplication(const std::string& application,
+                                     std::vector<std::string> options) {
+    return shown(desktop.start(command(application, std::move(options))));
+}
+
+pid_t StormDesktop::background(const std::string& program) {
+    return desktop.start({file(program).string(), "--helper"});
+}
+
+KeptProgram StormDesktop::kept(const std::string& application) {
+    std::array<int, 2> ends{};
+    KeptProgram result;
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+        return result;
+    }
+    result.report = FileDescriptor(ends[0]);
+    const FileDescriptor writing(ends[1]);
+    result.keeper = ::fork();
+    if (result.keeper == 0) {
+        keep(*this, command(application), writing.get());
+    }
+    if (::read(result.report.get(), &result.program, sizeof result.program) > 0) {
+        shown(result.program);
+    }
+    return result;
+}
+
+std::optional<pid_t> StormDesktop::successor(const KeptProgram& program) {
+    pollfd entry{program.report.get(), POLLIN, 0};
+    pid_t later = 0;
+    constexpr int milliseconds = 3000;
+    if (::poll(&entry, 1, milliseconds) > 0 &&
+        ::read(program.report.get(), &later, sizeof later) == sizeof later) {
+        return later;
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> StormDesktop::sandboxed(const std::string& id,
+                                                 const std::string& instance) const {
+    const fs::path info = desktop.home() / ("info-" + id + instance);
+    std::ofstream(info) << "[Application]\nname=" << id
+                        << "\n\n[Instance]\ninstance-id=" << instance << "\n";
+    return {"bwrap",
+            "--unshare-pid",
+            "--ro-bind",
+            "/usr",
+            "/usr",
+            "--symlink",
+            "usr/lib",
+            "/lib",
+            "--symlink",
+            "usr/lib64",
+            "/lib64",
+            "--proc",
+            "/proc",
+            "--dev",
+            "/dev",
+            "--ro-bind",
+            "/tmp/.X11-unix",
+            "/tmp/.X11-unix",
+            "--ro-bind",
+            file("tool").parent_path().string(),
+            "/app/bin",
+            "--ro-bind",
+            info.string(),
+            "/.flatpak-info",
+            "/app/bin/tool",
+            "--class",
+            id};
+}
+
+std::vector<pid_t> StormDesktop::children(pid_t process, std::size_t count) const {
+    const std::string id = std::to_string(process);
+    std::vector<pid_t> found;
+    waitFor([&] {
+        std::ifstream list("/proc/" + id + "/task/" + id + "/children");
+        found.assign(std::istream_iterator<pid_t>(list), {});
+        return found.size() >= count;
+    });
+    return found;
+}
+
+void StormDesktop::end(const Watched& process) {
+    if (process.descriptor && process.descriptor->send(SIGKILL) == 0) {
+        // Collected only if it is a child of ours; others go with their parents.
+        waitFor([&] { return process.descriptor->reap() || process.hasEnded(); });
+        process.descriptor->reap();
+    }
+}
+
+} // namespace calmora
