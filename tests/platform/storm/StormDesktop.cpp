@@ -37,7 +37,8 @@ const std::map<std::string, std::string> otherPrograms = {
 };
 
 /// The keeper of a program: never returns.
-[[noreturn]] void keep(StormDesktop& machine, const std::vector<std::string>& command, int report) {
+[[noreturn]] void keep(StormDesktop& machine, const std::vector<std::string>& command,
+                       const std::vector<std::string>& next, int report) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::prctl(PR_SET_CHILD_SUBREAPER, 0);
     for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) {
@@ -57,6 +58,15 @@ const std::map<std::string, std::string> otherPrograms = {
         const pid_t later = ::fork();
         if (later == 0) {
             ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            if (!next.empty() && ::getpid() == program) {
+                machine.desktop.enter();
+                std::vector<char*> words;
+                for (const std::string& word : next) {
+                    words.push_back(const_cast<char*>(word.c_str()));
+                }
+                words.push_back(nullptr);
+                ::execv(words.front(), words.data());
+            }
             while (true) {
                 ::pause();
             }
@@ -127,7 +137,8 @@ pid_t StormDesktop::background(const std::string& program) {
     return desktop.start({file(program).string(), "--helper"});
 }
 
-KeptProgram StormDesktop::kept(const std::string& application) {
+KeptProgram StormDesktop::kept(const std::string& application,
+                               const std::vector<std::string>& next) {
     std::array<int, 2> ends{};
     KeptProgram result;
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
@@ -137,7 +148,7 @@ KeptProgram StormDesktop::kept(const std::string& application) {
     const FileDescriptor writing(ends[1]);
     result.keeper = ::fork();
     if (result.keeper == 0) {
-        keep(*this, command(application), writing.get());
+        keep(*this, command(application), next, writing.get());
     }
     if (::read(result.report.get(), &result.program, sizeof result.program) > 0) {
         shown(result.program);

@@ -56,8 +56,9 @@ struct StormDesktop : LinuxDesktop {
     /// Starts a program without a window.
     pid_t background(const std::string& program);
 
-    /// Starts an application below a keeper and waits until it is listed.
-    KeptProgram kept(const std::string& application);
+    /// Starts an application below a keeper and waits until it is listed. `next` is what runs
+    /// under its id afterwards; empty for a process that does nothing.
+    KeptProgram kept(const std::string& application, const std::vector<std::string>& next = {});
 
     /// The process that got a kept program's id after its end; absent within the time.
     static std::optional<pid_t> successor(const KeptProgram& program);

@@ -231,11 +231,13 @@ class Storm {
         return round;
     }
 
-    /// The id of what was listed has passed on before the quit.
+    /// The id of what was listed has passed on to another application before the quit.
     Round passedOnBefore() {
-        KeptProgram kept = machine_.kept("notes");
+        const KeptProgram kept =
+            machine_.kept("notes", machine_.command(coin() ? "notes" : "surf"));
         ::kill(kept.program, SIGKILL);
         const pid_t later = StormDesktop::successor(kept).value_or(0);
+        waitFor([&] { return machine_.windowCount(later) == 1; });
         return {.target = kept.program,
                 .force = coin(),
                 .spared = {later, kept.keeper},
@@ -323,6 +325,7 @@ int inNamespace(const std::function<int()>& storm) {
 int main(int argc, char** argv) {
     const int quits = argc > 1 ? std::stoi(argv[1]) : 36;
     const auto seed = static_cast<unsigned>(argc > 2 ? std::stoul(argv[2]) : 1);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     testing::InitGoogleTest(&argc, argv);
     return calmora::inNamespace([&] {
         calmora::Storm storm(seed);
