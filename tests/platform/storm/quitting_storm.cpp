@@ -247,9 +247,11 @@ class Storm {
     /// Two instances in sandboxes, another application with the same path, and the file itself.
     Round sandboxes() {
         Ids inits;
+        Ids rest;
         const auto start = [&](const char* id, const char* instance) {
             const pid_t sandbox = machine_.desktop.start(machine_.sandboxed(id, instance));
             inits.push_back(machine_.children(sandbox).front());
+            rest.insert(rest.end(), {inits.back(), sandbox});
             return machine_.shown(machine_.children(inits.back()).front());
         };
         const pid_t other = start("org.example.Other", "1");
@@ -258,7 +260,7 @@ class Storm {
         Round round{.target = one, .force = coin(), .meant = {one}, .spared = {other, inits[0]}};
         (round.force ? round.meant : round.spared).push_back(two);
         round.spared.push_back(machine_.background("tool"));
-        round.rest = inits;
+        round.rest = rest;
         return round;
     }
 

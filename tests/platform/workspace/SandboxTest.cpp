@@ -171,23 +171,26 @@ TEST(SandboxTest, APathBelowAnotherRootIsAnotherProgram) {
     const fs::path own = machine.desktop.home() / "Apps" / "app";
     fs::create_directories(own);
     fs::copy_file(windowClient(), own / "app");
-    const auto below = [&](const fs::path& source, const std::string& info) {
-        auto words = machine.sandboxed("org.example.Other", "1", {"--dir", own.parent_path()});
-        for (const std::string& word : {std::string("--ro-bind"), source.string(), own.string(),
-                                        own.string() + "/app", std::string("--helper")}) {
-            words.push_back(word);
-        }
+    const std::string path = own / "app";
+    /// Runs what `source` has at the path of the host's program.
+    const auto below = [&](const fs::path& source, const std::string& info,
+                           const std::vector<std::string>& options) {
+        auto words = machine.sandboxed(
+            "org.example.Other", "1", {"--dir", own.parent_path(), "--ro-bind", source, own, path});
+        words.insert(words.end(), options.begin(), options.end());
         std::ranges::replace(words, std::string("/.flatpak-info"), info);
-        return machine.descendant(machine.desktop.start(words), 2);
+        const pid_t process = machine.descendant(machine.desktop.start(words), 2);
+        EXPECT_TRUE(waitFor([&] { return machine.reader.executable(process) == path; }));
+        return process;
     };
-    const pid_t app =
-        machine.shown(machine.desktop.start({(own / "app").string(), "--class", "Tool"}));
-    const pid_t ofFlatpak = below(own, "/.flatpak-info");
-    const pid_t ofContainer = below(machine.programs, "/.container");
-    const pid_t sameFile = below(own, "/.container");
-    for (const pid_t process : {ofFlatpak, ofContainer, sameFile}) {
-        EXPECT_TRUE(waitFor([&] { return machine.reader.executable(process) == own / "app"; }));
-    }
+    const pid_t app = machine.shown(machine.desktop.start({path, "--class", "Tool"}));
+    const pid_t boxed = machine.shown(below(machine.programs, "/.container", {"--class", "Boxed"}));
+    EXPECT_TRUE(machine.quitter.quitApp(boxed, true));
+    EXPECT_TRUE(machine.isRunning(app)) << "the file at that path here is another one";
+
+    const pid_t ofFlatpak = below(own, "/.flatpak-info", {"--helper"});
+    const pid_t ofContainer = below(machine.programs, "/.container", {"--helper"});
+    const pid_t sameFile = below(own, "/.container", {"--helper"});
     EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), own.string() + "/");
     EXPECT_TRUE(machine.quitter.quitApp(app, true));
     EXPECT_TRUE(machine.isRunning(ofFlatpak)) << "a flatpak's, whatever file it is";

@@ -253,8 +253,8 @@ std::optional<std::string> privateFolder(const ProcessDetails& process,
         return flatpakFolder(*process.flatpak);
     }
     // Inside of every flatpak the executables lie in the same /app.
-    if (!process.executable || process.runsScript || isInterpreter(*process.executable) ||
-        process.executable->starts_with("/app/")) {
+    if (!process.executable || process.isExecutableElsewhere || process.runsScript ||
+        isInterpreter(*process.executable) || process.executable->starts_with("/app/")) {
         return std::nullopt;
     }
     const Components path = componentsOf(*process.executable);

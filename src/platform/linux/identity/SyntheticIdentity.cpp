@@ -145,7 +145,8 @@ ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts) {
     const std::string windowClass = tellingClass(facts.windows);
     ApplicationIdentity identity;
     identity.bundleIdentifier = stem.identifier;
-    if (stem.isAmbiguous) {
+    // Two programs of one identifier would be quit together; that is worse than to forget.
+    if (stem.isAmbiguous || facts.process.isExecutableElsewhere) {
         identity.bundleIdentifier +=
             ":" + std::to_string(facts.process.pid) + ":" + std::to_string(facts.process.startTime);
     }

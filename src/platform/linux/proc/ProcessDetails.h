@@ -68,6 +68,8 @@ struct ProcessDetails {
     std::optional<std::string> workingDirectory = {};
     /// It lives below another root than ours, as in a sandbox.
     bool hasOwnRoot = false;
+    /// `executable` is another file here, or none: it means something only below that root.
+    bool isExecutableElsewhere = false;
     /// Path below the root of the unified hierarchy; empty where there is none.
     std::string cgroup = {};
     LaunchEnvironment environment = {};

@@ -214,6 +214,8 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     details.cgroup = parseCgroup(read(process, "cgroup"));
     details.environment = parseLaunchEnvironment(read(process, "environ"));
     details.hasOwnRoot = hasOwnRoot(process);
+    details.isExecutableElsewhere =
+        details.hasOwnRoot && executableFromHere(process) != details.executable;
     details.flatpak = parseFlatpakInfo(readFlatpakInfo(process));
     readCommandFile(details);
     const std::string& appDir = details.environment.appDir;
