@@ -143,6 +143,9 @@ TEST(SandboxTest, ForcingAFlatpakEndsItsInstancesAndNothingElse) {
         machine.desktop.start({(machine.programs / "helper").string(), "--helper"}),
         machine.desktop.windowManager(),
         machine.desktop.server()};
+    for (const pid_t helper : helpers) {
+        EXPECT_FALSE(machine.listed(helper)) << "also one whose parent has ended";
+    }
     EXPECT_TRUE(machine.quitter.quitApp(app, true));
     EXPECT_FALSE(machine.isRunning(app));
     EXPECT_FALSE(machine.isRunning(first)) << "the same application";

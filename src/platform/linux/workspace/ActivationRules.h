@@ -41,7 +41,8 @@ struct AgentCandidate {
     std::optional<std::string> identifier = {};
     /// The desktop entry is one that users see, or that they have the session start.
     bool isInstalled = false;
-    /// The systemd unit of an application that it runs in; empty for none.
+    /// The systemd unit of an application, or the instance of a flatpak, that it runs in; empty for
+    /// none.
     std::string unit = {};
     /// It is a shell that runs a script, as launchers of applications are.
     bool isShellScript = false;

@@ -147,7 +147,10 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
             !installed.sessionAutostart().starts(details->commandLine, details->executable) &&
             (display.empty() || reader_.display(process) == display);
     }
-    if (!desktopIdsOfCgroup(details->cgroup).empty() || snapOfCgroup(details->cgroup)) {
+    const auto sandbox = details->flatpak ? flatpakFolder(*details->flatpak) : std::nullopt;
+    if (sandbox) {
+        known.candidate.unit = *sandbox;
+    } else if (!desktopIdsOfCgroup(details->cgroup).empty() || snapOfCgroup(details->cgroup)) {
         known.candidate.unit = details->cgroup;
     }
 }
