@@ -1,6 +1,7 @@
 #include "support/VirtualDesktop.h"
 
 #include "platform/linux/x11/X11Connection.h"
+#include "support/Sandbox.h"
 #include "support/Waiting.h"
 
 #include <algorithm>
@@ -47,17 +48,6 @@ bool hasTray(const X11Connection& server) {
         server.get(), xcb_get_selection_owner(server.get(), server.atom(X11Atom::selectionTray)),
         nullptr));
     return reply && reply->owner != XCB_NONE;
-}
-
-/// The children of this process, from the kernel.
-std::vector<pid_t> children() {
-    std::vector<pid_t> result;
-    const std::string self = std::to_string(::getpid());
-    std::ifstream list("/proc/" + self + "/task/" + self + "/children");
-    for (pid_t child = 0; list >> child;) {
-        result.push_back(child);
-    }
-    return result;
 }
 
 } // namespace
@@ -119,8 +109,9 @@ VirtualDesktop::~VirtualDesktop() {
     // Ends children until there are none: each one's end hands its own children to us. None of
     // them can be another process meanwhile, since a child keeps its id until it is collected.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    for (auto left = children(); !left.empty() && std::chrono::steady_clock::now() < deadline;
-         left = children()) {
+    for (auto left = childrenOf(::getpid());
+         !left.empty() && std::chrono::steady_clock::now() < deadline;
+         left = childrenOf(::getpid())) {
         for (const pid_t child : left) {
             ::kill(child, SIGKILL);
         }

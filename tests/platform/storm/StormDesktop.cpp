@@ -3,7 +3,6 @@
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -165,51 +164,6 @@ std::optional<pid_t> StormDesktop::successor(const KeptProgram& program) {
         return later;
     }
     return std::nullopt;
-}
-
-std::vector<std::string> StormDesktop::sandboxed(const std::string& id,
-                                                 const std::string& instance) const {
-    const fs::path info = desktop.home() / ("info-" + id + instance);
-    std::ofstream(info) << "[Application]\nname=" << id
-                        << "\n\n[Instance]\ninstance-id=" << instance << "\n";
-    return {"bwrap",
-            "--unshare-pid",
-            "--ro-bind",
-            "/usr",
-            "/usr",
-            "--symlink",
-            "usr/lib",
-            "/lib",
-            "--symlink",
-            "usr/lib64",
-            "/lib64",
-            "--proc",
-            "/proc",
-            "--dev",
-            "/dev",
-            "--ro-bind",
-            "/tmp/.X11-unix",
-            "/tmp/.X11-unix",
-            "--ro-bind",
-            file("tool").parent_path().string(),
-            "/app/bin",
-            "--ro-bind",
-            info.string(),
-            "/.flatpak-info",
-            "/app/bin/tool",
-            "--class",
-            id};
-}
-
-std::vector<pid_t> StormDesktop::children(pid_t process, std::size_t count) const {
-    const std::string id = std::to_string(process);
-    std::vector<pid_t> found;
-    waitFor([&] {
-        std::ifstream list("/proc/" + id + "/task/" + id + "/children");
-        found.assign(std::istream_iterator<pid_t>(list), {});
-        return found.size() >= count;
-    });
-    return found;
 }
 
 void StormDesktop::end(const Watched& process) {

@@ -63,13 +63,6 @@ struct StormDesktop : LinuxDesktop {
     /// The process that got a kept program's id after its end; absent within the time.
     static std::optional<pid_t> successor(const KeptProgram& program);
 
-    /// The command in a flatpak-like sandbox, where the programs' folder is /app/bin.
-    [[nodiscard]] std::vector<std::string> sandboxed(const std::string& id,
-                                                     const std::string& instance) const;
-
-    /// The children of a process once there are `count` of them.
-    [[nodiscard]] std::vector<pid_t> children(pid_t process, std::size_t count = 1) const;
-
     /// Ends a process that this one or a process of its has started, and collects it.
     void end(const Watched& process);
 };

@@ -4,6 +4,8 @@
 // usage: calmora_quitting_storm [quits] [seed]
 #include "StormDesktop.h"
 
+#include "support/Sandbox.h"
+
 #include <csignal>
 #include <cstdio>
 #include <map>
@@ -54,6 +56,7 @@ class Storm {
     void run(int quits) {
         for (int i = 0; i < quits; ++i) {
             const auto& [name, make] = scenarios_[static_cast<std::size_t>(i) % scenarios_.size()];
+            forces_ = static_cast<std::size_t>(i) / scenarios_.size() % 2 == 0;
             StormDesktop::setLastId(lowestId);
             play(counts_[name], name, make());
         }
@@ -160,7 +163,7 @@ class Storm {
             machine_.shownApplication("paint", {"--child", helper, "--orphan", helper});
         waitFor([&] { return running("paint-helper").size() == 2; });
         Ids helpers = running("paint-helper");
-        Round round{.target = app, .force = coin(), .meant = {app}};
+        Round round{.target = app, .force = forces_, .meant = {app}};
         round.spared = {machine_.background("paint-tool"), machine_.background("paint-tool")};
         Ids& place = round.force ? round.meant : round.spared;
         place.insert(place.begin(), helpers.begin(), helpers.end());
@@ -170,8 +173,8 @@ class Storm {
     Round severalInstances() {
         const pid_t one = machine_.shownApplication("notes");
         const pid_t two = machine_.shownApplication("notes", {"--windows", "2"});
-        return coin() ? Round{.target = one, .force = true, .meant = {one, two}}
-                      : Round{.target = one, .meant = {one}, .spared = {two}};
+        return forces_ ? Round{.target = one, .force = true, .meant = {one, two}}
+                       : Round{.target = one, .meant = {one}, .spared = {two}};
     }
 
     /// Two applications that share something; which of them is quit is left to chance.
@@ -179,7 +182,7 @@ class Storm {
         const bool swapped = coin();
         const pid_t other = machine_.shownApplication(swapped ? first : second);
         const pid_t app = machine_.shownApplication(swapped ? second : first);
-        return {.target = app, .force = coin(), .meant = {app}, .spared = {other}};
+        return {.target = app, .force = forces_, .meant = {app}, .spared = {other}};
     }
 
     /// A shell that runs an application, stays and goes on as another program.
@@ -189,8 +192,8 @@ class Storm {
         auto words = machine_.command("notes");
         words.insert(words.begin(), {"/bin/sh", script});
         const pid_t shell = machine_.desktop.start(words);
-        const pid_t app = machine_.shown(machine_.children(shell).front());
-        return {.target = app, .force = coin(), .meant = {app}, .spared = {shell}};
+        const pid_t app = machine_.shown(descendantOf(shell, 1));
+        return {.target = app, .force = forces_, .meant = {app}, .spared = {shell}};
     }
 
     Round stubborn() {
@@ -239,7 +242,7 @@ class Storm {
         const pid_t later = StormDesktop::successor(kept).value_or(0);
         waitFor([&] { return machine_.windowCount(later) == 1; });
         return {.target = kept.program,
-                .force = coin(),
+                .force = forces_,
                 .spared = {later, kept.keeper},
                 .quits = false};
     }
@@ -249,15 +252,17 @@ class Storm {
         Ids inits;
         Ids rest;
         const auto start = [&](const char* id, const char* instance) {
-            const pid_t sandbox = machine_.desktop.start(machine_.sandboxed(id, instance));
-            inits.push_back(machine_.children(sandbox).front());
+            const pid_t sandbox = machine_.desktop.start(
+                sandboxed(machine_.desktop.home(), machine_.file("tool").parent_path(), id,
+                          instance, {"/app/bin/tool", "--class", id}));
+            inits.push_back(descendantOf(sandbox, 1));
             rest.insert(rest.end(), {inits.back(), sandbox});
-            return machine_.shown(machine_.children(inits.back()).front());
+            return machine_.shown(descendantOf(sandbox, 2));
         };
         const pid_t other = start("org.example.Other", "1");
         const pid_t one = start("org.example.App", "1");
         const pid_t two = start("org.example.App", "2");
-        Round round{.target = one, .force = coin(), .meant = {one}, .spared = {other, inits[0]}};
+        Round round{.target = one, .force = forces_, .meant = {one}, .spared = {other, inits[0]}};
         (round.force ? round.meant : round.spared).push_back(two);
         round.spared.push_back(machine_.background("tool"));
         round.rest = rest;
@@ -265,6 +270,8 @@ class Storm {
     }
 
     std::mt19937 random_;
+    /// Whether this turn of the scenarios quits by force; some always or never do.
+    bool forces_ = true;
     StormDesktop machine_;
     std::vector<Standing> standing_ = {
         {[this] { return machine_.shownApplication("bystander", {"--lifetime", "7200"}); }},

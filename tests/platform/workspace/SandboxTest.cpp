@@ -1,8 +1,8 @@
 #include "WorkspaceTest.h"
 
 #include "platform/linux/windows/WindowOwner.h"
+#include "support/Sandbox.h"
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,20 +13,10 @@
 namespace calmora {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::UnorderedElementsAre;
 namespace fs = std::filesystem;
 
-/// The children of a process, from the kernel.
-std::vector<pid_t> childrenOf(pid_t process) {
-    const std::string id = std::to_string(process);
-    std::ifstream list("/proc/" + id + "/task/" + id + "/children");
-    return {std::istream_iterator<pid_t>(list), {}};
-}
-
-/// A desktop with bubblewrap sandboxes that look like those of flatpak: a root of their own with
-/// .flatpak-info, the program below /app, and a pid namespace of their own.
+/// A desktop with programs for sandboxes.
 struct SandboxDesktop : LinuxDesktop {
     SandboxDesktop() {
         fs::create_directories(programs);
@@ -39,41 +29,15 @@ struct SandboxDesktop : LinuxDesktop {
                "Exec=/usr/bin/flatpak run org.example.App\n";
     }
 
-    /// The command that runs a program in the sandbox of an application.
-    std::vector<std::string> sandboxed(const std::string& id, const std::string& instance,
+    std::vector<std::string> inSandbox(const std::string& id, const std::string& instance,
                                        const std::vector<std::string>& command) {
-        const fs::path info = desktop.home() / ("info-" + id + instance);
-        std::ofstream(info) << "[Application]\nname=" << id
-                            << "\n\n[Instance]\ninstance-id=" << instance << "\n";
-        std::vector<std::string> words = {
-            "bwrap",          "--unshare-pid", "--ro-bind",       "/usr",
-            "/usr",           "--symlink",     "usr/lib",         "/lib",
-            "--symlink",      "usr/lib64",     "/lib64",          "--symlink",
-            "usr/bin",        "/bin",          "--proc",          "/proc",
-            "--dev",          "/dev",          "--ro-bind",       "/tmp/.X11-unix",
-            "/tmp/.X11-unix", "--ro-bind",     programs.string(), "/app/bin",
-            "--ro-bind",      info.string(),   "/.flatpak-info"};
-        words.insert(words.end(), command.begin(), command.end());
-        return words;
+        return sandboxed(desktop.home(), programs, id, instance, command);
     }
 
     /// Starts a program in a sandbox; gives the outermost process of the sandbox.
     pid_t startSandboxed(const std::string& id, const std::string& instance,
                          const std::vector<std::string>& command) {
-        return desktop.start(sandboxed(id, instance, command));
-    }
-
-    /// The only descendant so many generations below a process; waits for it.
-    pid_t descendant(pid_t process, int generations) {
-        for (; generations > 0; --generations) {
-            std::vector<pid_t> children;
-            EXPECT_TRUE(waitFor([&] {
-                children = childrenOf(process);
-                return !children.empty();
-            })) << desktop.log();
-            process = children.empty() ? -1 : children.front();
-        }
-        return process;
+        return desktop.start(inSandbox(id, instance, command));
     }
 
     const fs::path programs = desktop.home() / "programs";
@@ -82,8 +46,8 @@ struct SandboxDesktop : LinuxDesktop {
 TEST(SandboxTest, AFlatpakIsKnownByItsSandboxAndQuitsWhenAsked) {
     SandboxDesktop machine;
     const pid_t sandbox = machine.startSandboxed("org.example.App", "1234", {"/app/bin/app"});
-    const pid_t init = machine.descendant(sandbox, 1);
-    const pid_t app = machine.shown(machine.descendant(init, 1));
+    const pid_t init = descendantOf(sandbox, 1);
+    const pid_t app = machine.shown(descendantOf(init, 1));
     EXPECT_THAT(namespaceIds(app), ElementsAre(app, 2)) << "what its windows say";
     const auto listed = machine.listed(app);
     ASSERT_TRUE(listed);
@@ -93,7 +57,7 @@ TEST(SandboxTest, AFlatpakIsKnownByItsSandboxAndQuitsWhenAsked) {
     EXPECT_EQ(machine.workspace.runningApplications().size(), 1U) << "bwrap is none";
 
     const pid_t other = machine.startSandboxed("org.example.App", "1235", {"/app/bin/app"});
-    const pid_t second = machine.shown(machine.descendant(other, 2));
+    const pid_t second = machine.shown(descendantOf(other, 2));
     EXPECT_TRUE(machine.quitter.quitApp(app, false));
     EXPECT_EQ(waitFor([&] { return machine.desktop.exitStatus(sandbox).has_value(); }), true);
     EXPECT_EQ(machine.desktop.exitStatus(sandbox), 0) << "it ended by itself, and its sandbox";
@@ -101,7 +65,7 @@ TEST(SandboxTest, AFlatpakIsKnownByItsSandboxAndQuitsWhenAsked) {
 
     const pid_t deafBox =
         machine.startSandboxed("org.example.Deaf", "1", {"/app/bin/app", "--no-delete"});
-    const pid_t deaf = machine.shown(machine.descendant(deafBox, 2));
+    const pid_t deaf = machine.shown(descendantOf(deafBox, 2));
     EXPECT_EQ(machine.listed(deaf)->bundleIdentifier, "org.example.Deaf");
     EXPECT_TRUE(machine.quitter.quitApp(deaf, false)) << "the signal reaches the namespace";
     EXPECT_TRUE(machine.isRunning(second));
@@ -112,18 +76,18 @@ TEST(SandboxTest, ForcingAFlatpakEndsItsInstancesAndNothingElse) {
     // The launcher above the sandbox is a shell that would go on.
     std::string launch;
     for (const std::string& word :
-         machine.sandboxed("org.example.App", "1234",
+         machine.inSandbox("org.example.App", "1234",
                            {"/app/bin/app", "--ignore-term", "--ignore-close", "--child",
                             "/app/bin/helper", "--orphan", "/app/bin/helper"})) {
         launch += "'" + word + "' ";
     }
     const pid_t launcher = machine.desktop.start({"/bin/sh", "-c", launch + "; sleep 60"});
-    const pid_t init = machine.descendant(launcher, 2);
-    const pid_t app = machine.shown(machine.descendant(init, 1));
+    const pid_t init = descendantOf(launcher, 2);
+    const pid_t app = machine.shown(descendantOf(init, 1));
     // Its own first process: the kernel keeps signals from that which it does not handle.
     const pid_t bare = machine.desktop.start(
-        machine.sandboxed("org.example.App", "1235", {"--as-pid-1", "/app/bin/app"}));
-    const pid_t first = machine.shown(machine.descendant(bare, 1));
+        machine.inSandbox("org.example.App", "1235", {"--as-pid-1", "/app/bin/app"}));
+    const pid_t first = machine.shown(descendantOf(bare, 1));
     std::vector<pid_t> helpers;
     EXPECT_TRUE(waitFor([&] {
         helpers = childrenOf(app);
@@ -134,11 +98,11 @@ TEST(SandboxTest, ForcingAFlatpakEndsItsInstancesAndNothingElse) {
 
     std::vector<pid_t> bystanders = {
         launcher,
-        machine.shown(machine.descendant(
-            machine.startSandboxed("org.example.Other", "1234", {"/app/bin/app"}), 2)),
-        machine.descendant(machine.startSandboxed("org.example.App", "1234",
-                                                  {"xdg-dbus-proxy", "unix:path=/none", "/tmp/p"}),
-                           2),
+        machine.shown(
+            descendantOf(machine.startSandboxed("org.example.Other", "1234", {"/app/bin/app"}), 2)),
+        descendantOf(machine.startSandboxed("org.example.App", "1234",
+                                            {"xdg-dbus-proxy", "unix:path=/none", "/tmp/p"}),
+                     2),
         machine.shown(machine.desktop.start({(machine.programs / "app").string()})),
         machine.desktop.start({(machine.programs / "helper").string(), "--helper"}),
         machine.desktop.windowManager(),
@@ -162,7 +126,7 @@ TEST(SandboxTest, FindsAFlatpakInTheBackground) {
     SandboxDesktop machine;
     const pid_t sandbox =
         machine.startSandboxed("org.example.App", "1", {"/app/bin/helper", "--helper"});
-    const pid_t app = machine.descendant(sandbox, 2);
+    const pid_t app = descendantOf(sandbox, 2);
     EXPECT_TRUE(waitFor([&] { return machine.listed(app).has_value(); }));
     EXPECT_EQ(machine.policyOf(app), ActivationPolicy::accessory);
     EXPECT_EQ(machine.workspace.runningApplications().size(), 1U);
@@ -178,11 +142,11 @@ TEST(SandboxTest, APathBelowAnotherRootIsAnotherProgram) {
     /// Runs what `source` has at the path of the host's program.
     const auto below = [&](const fs::path& source, const std::string& info,
                            const std::vector<std::string>& options) {
-        auto words = machine.sandboxed(
+        auto words = machine.inSandbox(
             "org.example.Other", "1", {"--dir", own.parent_path(), "--ro-bind", source, own, path});
         words.insert(words.end(), options.begin(), options.end());
         std::ranges::replace(words, std::string("/.flatpak-info"), info);
-        const pid_t process = machine.descendant(machine.desktop.start(words), 2);
+        const pid_t process = descendantOf(machine.desktop.start(words), 2);
         EXPECT_TRUE(waitFor([&] { return machine.reader.executable(process) == path; }));
         return process;
     };
@@ -317,9 +281,9 @@ TEST(SandboxTest, ASnapIsItsRevisionAndNothingElseOfItsGroup) {
         machine.shown(start({snap / "bin/app", "--ignore-term", "--child", helper}, 1));
     const pid_t second = machine.shown(start({snap / "bin/app"}, 2));
     // What a confined snap runs may be its base's, which is the root there.
-    auto confined = machine.sandboxed("org.example.None", "1", {"/app/bin/app"});
+    auto confined = machine.inSandbox("org.example.None", "1", {"/app/bin/app"});
     std::ranges::replace(confined, std::string("/.flatpak-info"), std::string("/.base"));
-    const pid_t third = machine.shown(machine.descendant(start(confined, 3), 2));
+    const pid_t third = machine.shown(descendantOf(start(confined, 3), 2));
     const std::vector<pid_t> bystanders = {
         machine.shown(start({machine.programs / "app", "--class", "System"}, 1)),
         machine.shown(start({other / "bin/app", "--class", "Other"}, 1)),
@@ -331,7 +295,7 @@ TEST(SandboxTest, ASnapIsItsRevisionAndNothingElseOfItsGroup) {
     EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), snap.string() + "/");
     EXPECT_TRUE(machine.quitter.quitApp(second, false));
     EXPECT_TRUE(machine.isRunning(app) && machine.isRunning(third));
-    const pid_t child = machine.descendant(app, 1);
+    const pid_t child = descendantOf(app, 1);
     EXPECT_TRUE(machine.quitter.quitApp(app, true));
     for (const pid_t process : {app, child, third}) {
         EXPECT_FALSE(machine.isRunning(process));
