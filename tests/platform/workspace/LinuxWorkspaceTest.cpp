@@ -1,10 +1,12 @@
 #include "WorkspaceTest.h"
 
 #include "platform/linux/workspace/ActivationRules.h"
+#include "support/Sandbox.h"
 
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace calmora {
@@ -252,6 +254,36 @@ TEST(LinuxWorkspaceTest, ForgetsAVerdictWhenTheSessionTakesItsNames) {
     EXPECT_FALSE(machine.listed(process));
     machine.bus.carriers.clear();
     EXPECT_TRUE(machine.listed(process));
+}
+
+TEST(LinuxWorkspaceTest, AHelperThatWasLookedAtBeforeItStartedIsNoApplication) {
+    LinuxDesktop machine;
+    const fs::path folder = machine.desktop.home() / "Apps" / "tidy";
+    fs::create_directories(folder);
+    fs::create_directories(machine.desktop.home() / "data/applications");
+    // A shell by another name: it has children of its own program that become helpers.
+    fs::copy_file("/bin/dash", folder / "tidy");
+    fs::copy_file(windowClient(), folder / "helper");
+    std::ofstream(machine.desktop.home() / "data/applications/tidy.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Tidy\nExec=" << (folder / "tidy").string()
+        << "\n";
+    const std::string go = machine.desktop.home() / "go";
+    ASSERT_EQ(::mkfifo(go.c_str(), 0600), 0);
+    const pid_t app = machine.desktop.start(
+        {folder / "tidy", "-c",
+         "( (read word < " + go + "; exec " + (folder / "helper").string() +
+             " --helper) & read word < " + go + ") & while :; do sleep 1; done"});
+    const pid_t between = descendantOf(app, 1);
+    const pid_t helper = descendantOf(between, 1);
+    EXPECT_TRUE(machine.listed(app));
+    EXPECT_FALSE(machine.listed(helper)) << "the application is above it";
+    std::ofstream(go) << "go\ngo\n";
+    EXPECT_TRUE(waitFor([&] {
+        return machine.reader.executable(helper) == folder / "helper" &&
+               machine.reader.stat(helper)->parent == ::getpid();
+    }));
+    EXPECT_FALSE(machine.listed(helper)) << "nothing is above it now, but it is another program";
+    EXPECT_EQ(machine.workspace.runningApplication(app)->bundleURL(), folder.string() + "/");
 }
 
 } // namespace

@@ -44,6 +44,19 @@ std::vector<TopLevelWindow> groupWindows(const std::vector<TopLevelWindow>& own,
     return result;
 }
 
+/// Absent also where only the scan of the background says that it is an application, and it has
+/// become another program since.
+std::optional<ProcessDetails> detailsOf(ProcessId process, ActivationFacts facts,
+                                        const WorkspaceSources& sources) {
+    auto details = sources.reader.details(process);
+    facts.isAgent = false;
+    const bool isAgentAlone = activationPolicy(facts) == ActivationPolicy::prohibited;
+    if (details && isAgentAlone && !identifyWindowless(*details, sources.installed.index())) {
+        return std::nullopt;
+    }
+    return details;
+}
+
 } // namespace
 
 ApplicationList::ApplicationList(WorkspaceSources sources)
@@ -246,7 +259,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
         application->identity = known->second->identity;
         application->icon = known->second->icon;
     } else {
-        auto details = sources_.reader.details(process);
+        auto details = detailsOf(process, candidate.facts, sources_);
         if (!details) {
             return nullptr;
         }
