@@ -33,6 +33,10 @@ struct StillWindows final : WindowSystem {
 
     const std::vector<TopLevelWindow>& windows() override { return all; }
 
+    const std::vector<TopLevelWindow>& windowsReadAfresh() override { return all; }
+
+    bool coversAllWindows() const override { return true; }
+
     std::optional<WindowId> activeWindow() override { return {}; }
 
     Subscription onWindowsChanged(std::function<void()>) override { return {}; }
@@ -41,7 +45,7 @@ struct StillWindows final : WindowSystem {
 
     Subscription onClosed(std::function<void()>) override { return {}; }
 
-    bool requestClose(WindowId) override { return false; }
+    bool requestClose(WindowId, ProcessId) override { return false; }
 
     std::shared_ptr<const ImagePixels> icon(WindowId) override { return nullptr; }
 

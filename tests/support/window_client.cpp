@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <map>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -10,6 +11,9 @@
 namespace {
 
 using calmora::X11Reply;
+
+/// The connection to the X server, for the handler of a signal.
+volatile std::sig_atomic_t connection = -1;
 
 /// What the command line says: options with the word behind them, empty where there is none.
 using Options = std::multimap<std::string, std::string>;
@@ -21,6 +25,14 @@ class Client {
     int run() {
         if (!server_.isAlive()) {
             return 1;
+        }
+        while (has("--hand-over") && ::fork() != 0) {
+            // The child has the connection as well, and keeps it when this process ends.
+            ::pause();
+        }
+        if (has("--hang-up")) {
+            connection = server_.descriptor();
+            std::signal(SIGUSR1, [](int) { ::shutdown(connection, SHUT_RDWR); });
         }
         for (int i = std::stoi(value("--windows", "1")); i > 0; --i) {
             windows_.push_back(open(XCB_NONE));
@@ -38,6 +50,9 @@ class Client {
                 message->data.data32[0] == atom("WM_DELETE_WINDOW") && !close(message->window)) {
                 return 0;
             }
+        }
+        while (has("--hang-up")) {
+            ::pause();
         }
         return 1;
     }

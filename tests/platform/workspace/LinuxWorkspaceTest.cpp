@@ -105,7 +105,7 @@ TEST(LinuxWorkspaceTest, BecomingRegularAndCeasingToBeCount) {
                                    "-set", "WM_CLASS", "Bold"}),
               0);
     EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("+Bold"); })) << "a late name";
-    EXPECT_TRUE(machine.windows.requestClose(window));
+    EXPECT_TRUE(machine.windows.requestClose(window, process));
     machine.windows.flush();
     EXPECT_TRUE(pumpUntil(machine.events, [&] { return notices.has("-Bold"); }));
     EXPECT_EQ(machine.policyOf(process), ActivationPolicy::accessory) << "it still runs";

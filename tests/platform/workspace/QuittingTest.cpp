@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -47,10 +46,10 @@ TEST(QuittingTest, EndsByTheSignalWhatCannotBeAsked) {
         LinuxDesktop machine({.windowManager = manager});
         const pid_t deaf = machine.shown(machine.client({"--no-delete"}));
         const WindowId window = machine.windows.windows().front().id;
-        EXPECT_FALSE(machine.windows.requestClose(window)) << "closing it would kill it";
+        EXPECT_FALSE(machine.windows.requestClose(window, deaf)) << "closing it would kill it";
         EXPECT_TRUE(machine.quitter.quitApp(deaf, false));
         EXPECT_EQ(machine.desktop.exitStatus(deaf), SIGTERM) << "and not by a broken connection";
-        EXPECT_TRUE(waitFor([&] { return !machine.windows.requestClose(window); })) << "gone";
+        EXPECT_TRUE(waitFor([&] { return !machine.windows.requestClose(window, deaf); })) << "gone";
 
         const pid_t polite = machine.shown(machine.client());
         EXPECT_TRUE(machine.quitter.quitApp(polite, false));
@@ -144,44 +143,23 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
     EXPECT_TRUE(machine.isRunning(neighbour));
 }
 
-/// Makes the kernel continue after this process id; false when it may not be told.
-bool setLastProcessId(pid_t last) {
-    std::ofstream file("/proc/sys/kernel/ns_last_pid");
-    return static_cast<bool>(file << last << std::flush);
-}
-
 TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
-    if (!setLastProcessId(::getpid())) {
+    if (!canChooseProcessIds()) {
         GTEST_SKIP() << "choosing process ids needs root";
     }
     LinuxDesktop machine;
-    for (int attempt = 0; attempt < 50; ++attempt) {
-        const pid_t process = machine.shown(machine.client());
-        const auto held = machine.workspace.runningApplication(process);
-        ASSERT_TRUE(held);
-        machine.desktop.end(process);
-        setLastProcessId(process - 1);
-        const pid_t later = ::fork();
-        if (later == 0) {
-            ::pause();
-            ::_exit(0);
-        }
-        if (later == process) {
-            EXPECT_TRUE(held->isTerminated());
-            EXPECT_FALSE(held->terminate());
-            EXPECT_FALSE(held->forceTerminate());
-            EXPECT_FALSE(machine.quitter.quitApp(process, true));
-            EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
-            int status = 0;
-            EXPECT_EQ(::waitpid(later, &status, WNOHANG), 0) << "the later process lives";
-        }
-        ::kill(later, SIGKILL);
-        ::waitpid(later, nullptr, 0);
-        if (later == process) {
-            return;
-        }
-    }
-    FAIL() << "no process id could be had again";
+    const pid_t process = machine.shown(machine.client());
+    const auto held = machine.workspace.runningApplication(process);
+    ASSERT_TRUE(held);
+    machine.desktop.end(process);
+    const auto later = processWithId(process);
+    ASSERT_TRUE(later);
+    EXPECT_TRUE(held->isTerminated());
+    EXPECT_FALSE(held->terminate());
+    EXPECT_FALSE(held->forceTerminate());
+    EXPECT_FALSE(machine.quitter.quitApp(process, true));
+    EXPECT_EQ(machine.table.sendSignal(process, SIGKILL), -1);
+    EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "the later process lives";
 }
 
 } // namespace

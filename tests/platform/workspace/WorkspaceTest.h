@@ -11,15 +11,20 @@
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/x11/X11WindowSystem.h"
 #include "platform/linux/xdg/InstalledApplications.h"
+#include "support/RealProcess.h"
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace calmora {
@@ -59,13 +64,35 @@ struct FakeBus final : BusApplications {
     Signal<> changed;
 };
 
+/// Whether processWithId() can do its work, which needs root.
+inline bool canChooseProcessIds() {
+    return ::access("/proc/sys/kernel/ns_last_pid", W_OK) == 0;
+}
+
+/// A process with this id, which must be free; null where it cannot be had.
+inline std::unique_ptr<RealProcess> processWithId(pid_t id) {
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        std::ofstream("/proc/sys/kernel/ns_last_pid") << id - 1;
+        auto process = std::make_unique<RealProcess>();
+        if (process->id() == id) {
+            return process;
+        }
+    }
+    return nullptr;
+}
+
 /// The Linux layer on a virtual desktop, as the program composes it.
 struct LinuxDesktop {
     explicit LinuxDesktop(const VirtualDesktopOptions& options = {}) : desktop(options) {}
 
     VirtualDesktop desktop;
     EventPoll events;
-    X11WindowSystem windows{events, desktop.display()};
+    /// WAYLAND_DISPLAY of the session; empty for none.
+    std::string waylandDisplay;
+    X11WindowSystem windows{events, desktop.display(), [this](const char* name) {
+                                const bool isIt = std::string_view(name) == "WAYLAND_DISPLAY";
+                                return isIt ? waylandDisplay.c_str() : desktop.variable(name);
+                            }};
     ProcessReader reader;
     ProcessMemory memory{reader};
     SessionFence fence{

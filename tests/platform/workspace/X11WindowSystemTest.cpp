@@ -127,6 +127,36 @@ TEST_F(X11WindowSystemTest, TellsChangesAndCostsNothingOtherwise) {
     EXPECT_EQ(windowsOf(unseen).size(), 1U);
 }
 
+TEST_F(X11WindowSystemTest, TellsAWindowFromALaterOneWithTheSameId) {
+    for (const char* manager : {"openbox", "xfwm4", "9wm", ""}) {
+        SCOPED_TRACE(manager);
+        system.reset();
+        desktop.reset();
+        open({.windowManager = manager});
+        EventPoll unused;
+        X11WindowSystem always(unused, desktop->display());
+        int changes = 0;
+        const Subscription listening = system->onWindowsChanged([&] { ++changes; });
+        const pid_t first = client();
+        const WindowId id = windowOf(first).id;
+        desktop->end(first);
+        // All that happens in between arrives in one batch.
+        const pid_t second = client();
+        EXPECT_TRUE(waitFor([&] {
+            const auto& windows = always.windows();
+            return windows.size() == 1 && windows[0].id == id && windows[0].process == second;
+        }));
+        EXPECT_EQ(windowOf(second).id, id);
+        EXPECT_TRUE(windowsOf(first).empty());
+        pumpUntil(events, [] { return false; }, 50ms);
+        changes = 0;
+        EXPECT_EQ(desktop->run({"xprop", "-id", std::to_string(id), "-f", "WM_CLASS", "8s", "-set",
+                                "WM_CLASS", "renamed"}),
+                  0);
+        EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0; })) << "its changes are told too";
+    }
+}
+
 TEST_F(X11WindowSystemTest, ManagesWithoutAWindowManager) {
     open({.windowManager = ""});
     int changes = 0;
@@ -222,7 +252,7 @@ TEST_F(X11WindowSystemTest, OutlivesTheServer) {
     EXPECT_TRUE(pumpUntil(events, [&] { return closed > 0; }));
     EXPECT_FALSE(system->isAlive());
     EXPECT_TRUE(system->windows().empty() && system->displayProcesses().empty());
-    EXPECT_FALSE(system->activeWindow() || system->requestClose(window) || system->icon(window));
+    EXPECT_FALSE(system->activeWindow() || system->requestClose(window, 1) || system->icon(window));
     EXPECT_TRUE(system->trayIconProcesses().empty());
     system->flush();
     events.dispatch();

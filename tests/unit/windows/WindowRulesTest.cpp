@@ -13,42 +13,76 @@ namespace calmora {
 namespace {
 
 TEST(WindowOwner, BelievesTheServerFirst) {
-    // Live processes: 10 and 20 in our namespace, 30 in a sandbox where it is 2.
-    const std::map<ProcessId, std::vector<ProcessId>> live{
-        {2, {2}}, {10, {10}}, {20, {20}}, {30, {30, 2}}};
-    const auto idsOf = [&](ProcessId process) {
-        const auto found = live.find(process);
-        return found == live.end() ? std::vector<ProcessId>() : found->second;
+    // 30 is 2 in its sandbox, 40 another user's, 50 younger than every window.
+    const std::map<ProcessId, OwnerProcess> live{
+        {2, {{2}, 1, true, {"kthreadd"}}},           {10, {{10}, 70, true, {"editor"}}},
+        {20, {{20}, 70, true, {"player"}}},          {30, {{30, 2}, 70, true, {"editor"}}},
+        {40, {{40}, 70, false, {"editor"}}},         {50, {{50}, 71, true, {"editor"}}},
+        {60, {{60}, 70, true, {"a-very-long-nam"}}},
     };
-    const WindowOwner certain{10, ProcessCertainty::certain, false};
-    const WindowOwner sandboxed{30, ProcessCertainty::certain, false};
-    const WindowOwner claimed{10, ProcessCertainty::claimed, false};
+    const OwnerLookup lookUp = [&](ProcessId process) {
+        const auto found = live.find(process);
+        return found == live.end() ? std::nullopt : std::optional(found->second);
+    };
+    const auto certain = [](ProcessId process) {
+        return WindowOwner{process, ProcessCertainty::certain, false};
+    };
+    const auto claimed = [](ProcessId process) {
+        return WindowOwner{process, ProcessCertainty::claimed, false};
+    };
+    const WindowOwner nobody{};
     const WindowOwner remote{{}, ProcessCertainty::unknown, true};
+    constexpr bool silent = false;
 
     const struct {
         const char* what;
         OwnerClaims claims;
         WindowOwner expected;
+        bool systemTells = true;
     } cases[] = {
-        {"both agree", {10, 10, "here"}, certain},
-        {"nothing in the window", {10, {}, ""}, certain},
-        {"a sandbox lies", {30, 2, "here"}, sandboxed},
-        {"a sandbox with a host name of its own", {30, 2, "container"}, sandboxed},
-        {"the claimed process is none", {10, 99, "here"}, certain},
-        {"the connecting process has ended", {99, 10, "here"}, claimed},
+        {"both agree", {10, 10, "here"}, certain(10)},
+        {"nothing in the window", {10, {}, ""}, certain(10)},
+        {"a sandbox lies", {30, 2, "here"}, certain(30)},
+        {"a sandbox with a host name of its own", {30, 2, "container"}, certain(30)},
+        {"the claimed process is none", {10, 99, "here"}, certain(10)},
         {"forwarded from another machine", {10, 20, "there"}, remote},
         {"forwarded from this machine", {10, 20, "here"}, remote},
-        {"the server knows nothing", {{}, 10, "here"}, claimed},
-        {"the server knows nothing, nor does the window say where", {{}, 10, ""}, {}},
-        {"the server knows nothing of another machine", {{}, 10, "there"}, remote},
-        {"nobody knows", {}, {}},
+        {"forwarded, and the id passed to a later process", {10, 50, "here"}, certain(10)},
+        {"the connecting process has ended", {99, 10, "here", "Editor"}, claimed(10)},
+        {"and neither says anything", {99, {}, "here", "Editor"}, nobody},
+        {"and the window says its id", {99, 99, "here", "Editor"}, nobody},
+        {"and it runs elsewhere", {99, 10, "there", "Editor"}, remote},
+        {"and a later process has its id", {50, {}, "here", "Editor"}, nobody},
+        {"and the window's own word was for it as well", {50, 50, "here", "Editor"}, nobody},
+        {"and the window names its child all the same", {50, 10, "here", "Editor"}, claimed(10)},
+        {"and the window names a stranger", {99, 20, "here", "Editor"}, nobody},
+        {"and the window names another user's process", {99, 40, "here", "Editor"}, nobody},
+        {"and the window names a later process", {99, 50, "here", "Editor"}, nobody},
+        {"and the window names an id of some sandbox", {99, 30, "here", "Editor"}, nobody},
+        {"the class agrees alone, cut short", {99, 60, "", "x", "A-Very-Long-Name"}, claimed(60)},
+        {"a short name is not cut", {99, 10, "", "editor-of-icons", ""}, nobody},
+        {"over the network from here", {{}, 10, "here", "editor"}, claimed(10)},
+        {"over the network, with a false id", {{}, 20, "here", "editor"}, nobody},
+        {"over the network, from where is unsaid", {{}, 10, "", "editor"}, nobody},
+        {"over the network from elsewhere", {{}, 10, "there", "editor"}, remote},
+        {"the server never tells", {{}, 10, "here"}, claimed(10), silent},
+        {"nor does the window say where", {{}, 10, ""}, nobody, silent},
+        {"nor is it ours", {{}, 40, "here"}, nobody, silent},
+        {"nobody knows", {}, nobody},
     };
 
-    for (const auto& test : cases) {
-        EXPECT_EQ(windowOwner(test.claims, "here", idsOf), test.expected) << test.what;
+    for (auto test : cases) {
+        test.claims.firstSeen = 70;
+        test.claims.systemTells = test.systemTells;
+        EXPECT_EQ(windowOwner(test.claims, "here", lookUp), test.expected) << test.what;
     }
-    EXPECT_EQ(namespaceIds(::getpid()).front(), ::getpid());
-    EXPECT_TRUE(namespaceIds(0).empty());
+
+    const auto self = ownersFromKernel()(::getpid());
+    ASSERT_TRUE(self);
+    EXPECT_EQ(self->ids.front(), ::getpid());
+    EXPECT_TRUE(self->isOurs);
+    EXPECT_LE(self->startTime, ticksNow());
+    EXPECT_FALSE(ownersFromKernel()(0));
 }
 
 TopLevelWindow window(WindowId id, ProcessId process, WindowType type = WindowType::normal) {

@@ -1,14 +1,14 @@
 #include "platform/linux/windows/WindowOwner.h"
 
-#include "support/FileDescriptor.h"
-
-#include <array>
-#include <charconv>
-#include <fcntl.h>
+#include <algorithm>
+#include <strings.h>
 
 namespace calmora {
 
 namespace {
+
+/// The kernel cuts the names of processes at this many bytes.
+constexpr std::size_t cutName = 15;
 
 /// The name up to its first dot is enough where one of the two is given short.
 bool sameHost(std::string_view a, std::string_view b) {
@@ -18,73 +18,56 @@ bool sameHost(std::string_view a, std::string_view b) {
     return a.substr(0, a.find('.')) == b.substr(0, b.find('.'));
 }
 
-} // namespace
-
-std::vector<ProcessId> namespaceIds(ProcessId process) {
-    const std::string path = "/proc/" + std::to_string(process) + "/status";
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    std::array<char, 4096> buffer{};
-    const ssize_t size = file ? ::read(file.get(), buffer.data(), buffer.size()) : 0;
-    if (size <= 0) {
-        return {};
-    }
-    std::string_view text(buffer.data(), static_cast<std::size_t>(size));
-    const auto at = text.find("\nNSpid:");
-    if (at == std::string_view::npos) {
-        return {process};
-    }
-    text = text.substr(at + 7, text.find('\n', at + 1) - at - 7);
-    std::vector<ProcessId> ids;
-    while (!text.empty()) {
-        ProcessId id = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
-        if (error == std::errc()) {
-            ids.push_back(id);
-            text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-        } else {
-            text.remove_prefix(1);
-        }
-    }
-    return ids;
+bool isCalled(const OwnerProcess& process, const std::string& name) {
+    return !name.empty() && std::ranges::any_of(process.names, [&](const std::string& own) {
+        const bool isEqual = ::strcasecmp(own.c_str(), name.c_str()) == 0;
+        return isEqual ||
+               (own.size() == cutName && ::strncasecmp(own.c_str(), name.c_str(), cutName) == 0);
+    });
 }
 
+/// The owner of a window of which only the window itself tells.
+WindowOwner claimedOwner(const OwnerClaims& claims, const std::optional<OwnerProcess>& property) {
+    // A program in a pid namespace of its own would not know the id that it has in ours.
+    if (!property || !property->isOurs || property->ids.size() != 1) {
+        return {};
+    }
+    // A local client that handed its connection on need not name its machine.
+    const bool isNear = claims.client || !claims.machine.empty();
+    const bool agrees = !claims.systemTells || isCalled(*property, claims.instance) ||
+                        isCalled(*property, claims.className);
+    if (!isNear || !agrees) {
+        return {};
+    }
+    return {claims.property, ProcessCertainty::claimed, false};
+}
+
+} // namespace
+
 WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
-                        const NamespaceIds& idsOf) {
+                        const OwnerLookup& lookUp) {
     const WindowOwner remote{{}, ProcessCertainty::unknown, true};
     const bool isElsewhere = !claims.machine.empty() && !sameHost(claims.machine, hostName);
-    if (!claims.client) {
-        if (isElsewhere) {
-            return remote;
-        }
-        if (!claims.property || claims.machine.empty() || idsOf(*claims.property).empty()) {
-            return {};
-        }
-        return {claims.property, ProcessCertainty::claimed, false};
+    const auto process = [&](std::optional<ProcessId> id) {
+        auto found = id ? lookUp(*id) : std::nullopt;
+        return found && found->startTime <= claims.firstSeen ? found : std::nullopt;
+    };
+    const auto client = process(claims.client);
+    if (!client) {
+        return isElsewhere ? remote : claimedOwner(claims, process(claims.property));
     }
-    const WindowOwner client{claims.client, ProcessCertainty::certain, false};
+    const WindowOwner certain{claims.client, ProcessCertainty::certain, false};
     if (claims.property == claims.client) {
-        return client;
+        return certain;
     }
     if (!claims.property) {
-        return isElsewhere ? remote : client;
+        return isElsewhere ? remote : certain;
     }
-    const std::vector<ProcessId> ids = idsOf(*claims.client);
-    if (ids.size() > 1) {
+    if (client->ids.size() > 1) {
         // Inside a sandbox a program knows itself by another id, and perhaps another host name.
-        return ids.back() == *claims.property || !isElsewhere ? client : remote;
+        return client->ids.back() == *claims.property || !isElsewhere ? certain : remote;
     }
-    if (isElsewhere) {
-        return remote;
-    }
-    const bool propertyLives = !idsOf(*claims.property).empty();
-    if (!propertyLives) {
-        return client;
-    }
-    if (ids.empty()) {
-        // The process that connected has handed its connection to a child and ended.
-        return {claims.property, ProcessCertainty::claimed, false};
-    }
-    return remote;
+    return isElsewhere || process(claims.property) ? remote : certain;
 }
 
 } // namespace calmora

@@ -1,24 +1,34 @@
 #pragma once
 
 #include "platform/ProcessId.h"
+#include "platform/linux/windows/OwnerProcess.h"
 #include "platform/linux/windows/WindowSystem.h"
 
-#include <functional>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace calmora {
 
 /// What is said about the process behind one window.
 struct OwnerClaims {
-    /// By the window system, which saw the client connect.
-    std::optional<ProcessId> client;
+    /// By the window system, which saw the client connect. That process may have ended since and
+    /// left its connection to a child.
+    std::optional<ProcessId> client = {};
     /// By the client itself (_NET_WM_PID).
-    std::optional<ProcessId> property;
+    std::optional<ProcessId> property = {};
     /// The machine that the client says it runs on (WM_CLIENT_MACHINE); empty means unsaid.
-    std::string machine;
+    std::string machine = {};
+    /// What the client calls itself (both parts of WM_CLASS).
+    std::string instance = {};
+    std::string className = {};
+    /// When the client was first seen, as OwnerProcess::startTime counts.
+    std::uint64_t firstSeen = std::numeric_limits<std::uint64_t>::max();
+    /// The window system tells the process of each local client. One without a process then comes
+    /// over the network.
+    bool systemTells = true;
 };
 
 /// The process behind one window.
@@ -30,16 +40,14 @@ struct WindowOwner {
     friend bool operator==(const WindowOwner&, const WindowOwner&) = default;
 };
 
-/// The ids of a live process in each pid namespace that it is in, ours first; empty when there is
-/// no such process.
-using NamespaceIds = std::function<std::vector<ProcessId>(ProcessId)>;
-
-/// Reads NamespaceIds from the kernel. Source: proc(5), /proc/PID/status, NSpid.
-[[nodiscard]] std::vector<ProcessId> namespaceIds(ProcessId process);
-
 /// Settles the claims. The window system's word counts most. A client elsewhere is remote; so is
 /// one that names another live process than the one that connected, which then only forwards.
+///
+/// No process that started after the client was first seen owns its windows: it has the id of one
+/// that has ended. What a window says of itself counts only for a process of our own user, and,
+/// where the window system would know better of any honest local client, only for a program that
+/// goes by a name of the window's.
 [[nodiscard]] WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
-                                      const NamespaceIds& idsOf);
+                                      const OwnerLookup& lookUp);
 
 } // namespace calmora

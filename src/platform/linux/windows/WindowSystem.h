@@ -24,7 +24,7 @@ enum class WindowType { none, normal, dialog, utility, dock, desktop, other };
 enum class ProcessCertainty {
     /// Not at all.
     unknown,
-    /// The window says so itself.
+    /// The window says so itself. Such a process is never signalled for its windows' sake.
     claimed,
     /// The window system vouches for it.
     certain,
@@ -88,6 +88,14 @@ class WindowSystem {
     /// listener; otherwise a few round trips, whatever the number of windows.
     [[nodiscard]] virtual const std::vector<TopLevelWindow>& windows() = 0;
 
+    /// windows(), with everything read again that was known before this call, owners included: for
+    /// decisions that nobody can take back. A few round trips, whatever the number of windows.
+    [[nodiscard]] virtual const std::vector<TopLevelWindow>& windowsReadAfresh() = 0;
+
+    /// Whether an application that has none of windows() shows none. False where programs can have
+    /// windows that this window system knows nothing of, as an X server on a Wayland session.
+    [[nodiscard]] virtual bool coversAllWindows() const = 0;
+
     /// The window that has the keyboard; absent when none has.
     [[nodiscard]] virtual std::optional<WindowId> activeWindow() = 0;
 
@@ -101,9 +109,11 @@ class WindowSystem {
     /// Tells once that the window system has gone away.
     [[nodiscard]] virtual Subscription onClosed(std::function<void()> handler) = 0;
 
-    /// Asks the window to close, as its close button would. False when it takes no part in that,
-    /// or is gone. The request may wait until flush().
-    virtual bool requestClose(WindowId window) = 0;
+    /// Asks the window to close, as its close button would; one whose owner is merely claimed is
+    /// asked directly, since a window manager may signal the owner of one that does not answer.
+    /// False when the window is gone, takes no part in that, or is not `process`'s any more, all of
+    /// which is read afresh. The request may wait until flush().
+    virtual bool requestClose(WindowId window, ProcessId process) = 0;
 
     /// The picture that the window carries itself, of about 64 by 64 pixels; null when it has none.
     [[nodiscard]] virtual std::shared_ptr<const ImagePixels> icon(WindowId window) = 0;

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <set>
 #include <thread>
 #include <utility>
 
@@ -58,7 +57,10 @@ bool LinuxRunningApplication::terminate() {
     if (isTerminated() || sources_.protection.isProtected(process)) {
         return false;
     }
-    const std::vector<TopLevelWindow> before = sources_.windows.windows();
+    requests_.forgetEnded([this](ProcessId asked, std::uint64_t startTime) {
+        return sources_.memory.startTime(asked) != startTime || sources_.memory.isGone(asked);
+    });
+    const std::vector<TopLevelWindow> before = sources_.windows.windowsReadAfresh();
     if (requests_.isAsking(process, application_->process.startTime, before)) {
         return false;
     }
@@ -70,17 +72,11 @@ bool LinuxRunningApplication::terminate() {
     }
     if (requestClose()) {
         if (hides) {
-            endOnceHidden();
+            endOnceHidden(before);
         }
         return true;
     }
-    if (quitOverBus()) {
-        return true;
-    }
-    if (mayHaveLostSightOfWindows()) {
-        return requestClose();
-    }
-    return sources_.processes.sendSignal(process, SIGTERM) == 0;
+    return quitOverBus() || endInsteadOfAsking();
 }
 
 bool LinuxRunningApplication::forceTerminate() {
@@ -107,17 +103,18 @@ std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
     return result;
 }
 
-/// Windows that could be asked a moment ago and are out of sight now, with the window system or
-/// because its manager is being replaced, are no reason for a signal: that would not ask.
-bool LinuxRunningApplication::mayHaveLostSightOfWindows() const {
-    if (!sources_.windows.isAlive()) {
-        return true;
-    }
-    if (!std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
-        return false;
-    }
-    std::this_thread::sleep_for(settlingTime);
-    return !askableWindows().empty();
+/// Whether a signal may stand in for a request, as far as `windows` tell, which are all there are.
+bool LinuxRunningApplication::mayBeSignalled(std::span<const TopLevelWindow> windows) const {
+    return sources_.windows.isAlive() && sources_.windows.coversAllWindows() &&
+           std::ranges::none_of(windows, [this](const TopLevelWindow& window) {
+               if (window.process) {
+                   return window.process == processIdentifier() &&
+                          window.certainty != ProcessCertainty::certain;
+               }
+               // It was listed for a window that has turned out not to be known as its own.
+               return std::ranges::find(application_->windows, window.id, &TopLevelWindow::id) !=
+                      application_->windows.end();
+           });
 }
 
 bool LinuxRunningApplication::hidesWhenClosed() const {
@@ -129,8 +126,10 @@ bool LinuxRunningApplication::hidesWhenClosed() const {
 
 bool LinuxRunningApplication::quitOverBus() {
     bool sent = sources_.bus.quitMediaPlayer(processIdentifier());
-    for (const TopLevelWindow& window : application_->windows) {
-        sent = sent || (!window.gtkBusName.empty() &&
+    for (const TopLevelWindow& window : sources_.windows.windows()) {
+        const bool isOwn =
+            window.process == processIdentifier() && window.certainty == ProcessCertainty::certain;
+        sent = sent || (isOwn && !window.gtkBusName.empty() &&
                         sources_.bus.activateQuit({window.gtkBusName, window.gtkObjectPath}));
     }
     if (sent) {
@@ -142,40 +141,50 @@ bool LinuxRunningApplication::quitOverBus() {
 bool LinuxRunningApplication::requestClose() {
     bool sent = false;
     for (const WindowId window : askableWindows()) {
-        sent = sources_.windows.requestClose(window) || sent;
+        sent = sources_.windows.requestClose(window, processIdentifier()) || sent;
     }
     // The caller sleeps from here on, and nothing else would send what waits.
     sources_.windows.flush();
     return sent;
 }
 
+bool LinuxRunningApplication::endInsteadOfAsking() {
+    if (std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
+        // They may only be out of sight because their manager is being replaced.
+        std::this_thread::sleep_for(settlingTime);
+    }
+    const std::vector<TopLevelWindow> windows = sources_.windows.windowsReadAfresh();
+    if (!askableWindows().empty()) {
+        return requestClose();
+    }
+    return mayBeSignalled(windows) &&
+           sources_.processes.sendSignal(processIdentifier(), SIGTERM) == 0;
+}
+
 /// The wait stands here and not in the main loop, which does not turn while an application is
 /// being quit. It takes no longer in sum: the caller waits for the end of the process anyway, and
 /// an application that does end stops the wait.
-void LinuxRunningApplication::endOnceHidden() {
+void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> before) {
     const ProcessId process = processIdentifier();
-    std::set<WindowId> before;
-    for (const TopLevelWindow& window : sources_.windows.windows()) {
-        before.insert(window.id);
-    }
+    const auto isOwn = [&](const TopLevelWindow& window) { return window.process == process; };
     const auto deadline = std::chrono::steady_clock::now() + hidingTime;
-    bool hasWindow = true;
+    if (!mayBeSignalled(before)) {
+        return;
+    }
     while (std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(hidingStep);
-        if (isTerminated()) {
+        const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+        const bool hasNewWindow = std::ranges::any_of(windows, [&](const TopLevelWindow& window) {
+            return isOwn(window) &&
+                   std::ranges::find(before, window.id, &TopLevelWindow::id) == before.end();
+        });
+        if (isTerminated() || hasNewWindow ||
+            requests_.isAsking(process, application_->process.startTime, windows)) {
             return;
         }
-        hasWindow = false;
-        for (const TopLevelWindow& window : sources_.windows.windows()) {
-            if (window.process == process) {
-                hasWindow = true;
-                if (!before.contains(window.id)) {
-                    return; // It asks something.
-                }
-            }
-        }
     }
-    if (!hasWindow && sources_.windows.isAlive()) {
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windowsReadAfresh();
+    if (std::ranges::none_of(windows, isOwn) && mayBeSignalled(windows)) {
         sources_.processes.sendSignal(process, SIGTERM);
     }
 }

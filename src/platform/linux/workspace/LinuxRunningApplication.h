@@ -30,6 +30,11 @@ class LinuxRunningApplication final : public RunningApplication {
     /// application asks its user something because of an earlier request. One that hides in the
     /// tray when it is closed is asked over the bus, or ended once it has hidden, for which this
     /// waits up to 0.3 s. Where no window can be asked the process gets SIGTERM.
+    ///
+    /// SIGTERM asks nobody, so it is sent only on what windows said a moment before, and never to a
+    /// process whose windows are merely claimed to be its own. Nor is it where the application may
+    /// have windows that cannot be seen: on a Wayland session one that seems to live in the tray
+    /// alone gets nothing unless it can be asked over the bus, and the answer is false.
     bool terminate() override;
 
     /// SIGTERM, and SIGCONT so that a stopped process takes it.
@@ -38,10 +43,11 @@ class LinuxRunningApplication final : public RunningApplication {
   private:
     [[nodiscard]] std::vector<WindowId> askableWindows() const;
     [[nodiscard]] bool hidesWhenClosed() const;
-    [[nodiscard]] bool mayHaveLostSightOfWindows() const;
+    [[nodiscard]] bool mayBeSignalled(std::span<const TopLevelWindow> windows) const;
     bool quitOverBus();
     bool requestClose();
-    void endOnceHidden();
+    bool endInsteadOfAsking();
+    void endOnceHidden(std::span<const TopLevelWindow> before);
 
     const WorkspaceSources& sources_;
     QuitRequests& requests_;

@@ -37,6 +37,13 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
     return hasNewDialog && hasOldWindow;
 }
 
+void QuitRequests::forgetEnded(
+    const std::function<bool(ProcessId, std::uint64_t startTime)>& hasEnded) {
+    std::erase_if(requests_, [&](const auto& request) {
+        return hasEnded(request.first, request.second.startTime);
+    });
+}
+
 void QuitRequests::remember(ProcessId process, std::uint64_t startTime,
                             std::span<const TopLevelWindow> windows) {
     Request request{startTime, {}};

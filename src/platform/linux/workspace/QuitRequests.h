@@ -4,6 +4,7 @@
 #include "platform/linux/windows/WindowSystem.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <span>
@@ -17,6 +18,9 @@ class QuitRequests {
     /// Whether the application has such a dialog open now.
     [[nodiscard]] bool isAsking(ProcessId process, std::uint64_t startTime,
                                 std::span<const TopLevelWindow> windows) const;
+
+    /// Drops what was remembered of processes of which `hasEnded` says so.
+    void forgetEnded(const std::function<bool(ProcessId, std::uint64_t startTime)>& hasEnded);
 
     /// The application is asked now, with these windows open.
     void remember(ProcessId process, std::uint64_t startTime,

@@ -99,6 +99,9 @@ class X11Connection {
         return resource & ~resourceMask_;
     }
 
+    /// Whether processesOf() tells the process of each client on this machine.
+    [[nodiscard]] bool knowsClientProcesses() const { return knowsClientProcesses_; }
+
     /// Asks for the processes of the clients that own the resources; one answer for each of them
     /// in their order, absent where the server cannot tell. One round trip.
     /// Source: X-Resource extension 1.2, QueryClientIds.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <unistd.h>
 #include <utility>
 
@@ -46,8 +47,9 @@ struct X11WindowReader::Pending {
     xcb_get_property_cookie_t kdeDesktopFile{};
 };
 
-X11WindowReader::X11WindowReader(const X11Connection& connection, NamespaceIds idsOf)
-    : connection_(connection), idsOf_(std::move(idsOf)) {}
+X11WindowReader::X11WindowReader(const X11Connection& connection, const X11Sightings& sightings,
+                                 OwnerLookup lookUp)
+    : connection_(connection), sightings_(sightings), lookUp_(std::move(lookUp)) {}
 
 bool X11WindowReader::isRelevant(xcb_atom_t property) const {
     constexpr std::array predefined{XCB_ATOM_WM_CLASS, XCB_ATOM_WM_TRANSIENT_FOR,
@@ -165,14 +167,26 @@ X11WindowReader::read(std::span<const xcb_window_t> windows) const {
     }
     const auto clients = connection_.processesOf(windows);
     const std::string host = hostName();
+    // Many windows have one owner.
+    std::map<ProcessId, std::optional<OwnerProcess>> processes;
+    const OwnerLookup lookUp = [&](ProcessId process) {
+        const auto known = processes.find(process);
+        return known != processes.end()
+                   ? known->second
+                   : processes.emplace(process, lookUp_(process)).first->second;
+    };
     std::vector<std::optional<TopLevelWindow>> result;
     result.reserve(windows.size());
     for (std::size_t i = 0; i < windows.size(); ++i) {
         OwnerClaims claims;
         claims.client = clients[i];
+        claims.firstSeen = sightings_.firstSeen(windows[i]);
+        claims.systemTells = connection_.knowsClientProcesses();
         auto window = collect(pending[i], claims);
         if (window) {
-            const WindowOwner owner = windowOwner(claims, host, idsOf_);
+            claims.instance = window->instance;
+            claims.className = window->className;
+            const WindowOwner owner = windowOwner(claims, host, lookUp);
             window->process = owner.process;
             window->certainty = owner.certainty;
             window->isRemote = owner.isRemote;
@@ -180,6 +194,17 @@ X11WindowReader::read(std::span<const xcb_window_t> windows) const {
         result.push_back(std::move(window));
     }
     return result;
+}
+
+std::vector<std::optional<ProcessId>>
+X11WindowReader::clients(std::span<const xcb_window_t> windows) const {
+    auto clients = connection_.processesOf(windows);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const OwnerClaims claims{.client = clients[i],
+                                 .firstSeen = sightings_.firstSeen(windows[i])};
+        clients[i] = windowOwner(claims, {}, lookUp_).process;
+    }
+    return clients;
 }
 
 std::optional<std::vector<xcb_window_t>> X11WindowReader::managedWindows() {

@@ -3,6 +3,7 @@
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Sightings.h"
 
 #include <optional>
 #include <span>
@@ -14,12 +15,18 @@ namespace calmora {
 /// for: two round trips, whatever the number of windows.
 class X11WindowReader {
   public:
-    /// The connection must outlive the reader. `idsOf` tells about live processes.
-    X11WindowReader(const X11Connection& connection, NamespaceIds idsOf);
+    /// Connection and sightings must outlive the reader. `lookUp` tells about live processes.
+    X11WindowReader(const X11Connection& connection, const X11Sightings& sightings,
+                    OwnerLookup lookUp);
 
     /// One answer for each window in their order; absent for a window that is gone.
     [[nodiscard]] std::vector<std::optional<TopLevelWindow>>
     read(std::span<const xcb_window_t> windows) const;
+
+    /// The processes that connected as the clients of the windows, in their order; absent where one
+    /// has ended or the server cannot tell.
+    [[nodiscard]] std::vector<std::optional<ProcessId>>
+    clients(std::span<const xcb_window_t> windows) const;
 
     /// Whether a change of this property can change an answer of read().
     [[nodiscard]] bool isRelevant(xcb_atom_t property) const;
@@ -48,7 +55,8 @@ class X11WindowReader {
     [[nodiscard]] WindowType type(std::span<const std::uint32_t> atoms) const;
 
     const X11Connection& connection_;
-    NamespaceIds idsOf_;
+    const X11Sightings& sightings_;
+    OwnerLookup lookUp_;
     xcb_window_t managerWindow_ = XCB_NONE;
     xcb_window_t frameWindow_ = XCB_NONE;
 };

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "platform/linux/events/EventPoll.h"
-#include "platform/linux/windows/WindowOwner.h"
+#include "platform/linux/windows/OwnerProcess.h"
+#include "platform/linux/windows/OwnerWatch.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Sightings.h"
 #include "platform/linux/x11/X11WindowReader.h"
+#include "platform/linux/xdg/BaseDirectories.h"
 #include "support/Signal.h"
 
+#include <cstdlib>
 #include <map>
 #include <string>
 
@@ -18,9 +22,11 @@ namespace calmora {
 class X11WindowSystem final : public WindowSystem {
   public:
     /// Connects to `display`; empty means the one that the environment names. Where that fails
-    /// the window system is not alive from the start. `events` must outlive it.
+    /// the window system is not alive from the start. `events` must outlive it. `environment`
+    /// tells of the session.
     explicit X11WindowSystem(EventPoll& events, const std::string& display = {},
-                             NamespaceIds idsOf = namespaceIds);
+                             EnvironmentReader environment = std::getenv,
+                             OwnerLookup lookUp = ownersFromKernel());
     X11WindowSystem(const X11WindowSystem&) = delete;
     X11WindowSystem& operator=(const X11WindowSystem&) = delete;
     ~X11WindowSystem() override = default;
@@ -30,11 +36,13 @@ class X11WindowSystem final : public WindowSystem {
     [[nodiscard]] std::string displayName() const override { return displayName_; }
 
     [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
+    [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
+    [[nodiscard]] bool coversAllWindows() const override;
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
-    bool requestClose(WindowId window) override;
+    bool requestClose(WindowId window, ProcessId process) override;
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
     [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
     [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override;
@@ -53,19 +61,23 @@ class X11WindowSystem final : public WindowSystem {
     void update();
     void updateList();
     void updateFacts();
+    void forgetFacts();
     void forgetEverything();
+    void forgetGone();
+    void forgetOwnersThatEnded();
     void handle(const xcb_generic_event_t& event);
     void handleProperty(const xcb_property_notify_event_t& event);
     void listenersChanged();
     void selectEvents();
-    void watchWindow(xcb_window_t window, std::uint32_t mask);
     void settle();
     void tell();
     void checkConnection();
     [[nodiscard]] std::optional<WindowId> focusedWindow() const;
 
     EventPoll& events_;
+    EnvironmentReader environment_;
     X11Connection connection_;
+    X11Sightings sightings_;
     X11WindowReader reader_;
     std::string displayName_;
     bool isAlive_;
@@ -78,6 +90,7 @@ class X11WindowSystem final : public WindowSystem {
     std::vector<xcb_window_t> order_;
     std::map<xcb_window_t, Known> known_;
     std::vector<TopLevelWindow> windows_;
+    OwnerWatch owners_;
     /// Of the manager and the owners of the manager selections; absent while they must be asked.
     std::optional<std::vector<ProcessId>> managerProcesses_;
     /// The window of the manager that speaks EWMH; none without one.

@@ -1,0 +1,120 @@
+// Windows whose ids, or the ids of whose owners, pass on while nobody looks.
+#include "WorkspaceTest.h"
+
+#include <csignal>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace calmora {
+namespace {
+
+/// A desktop whose windows are followed, but whose event loop does not turn: as while an alert is
+/// open or something is being quit.
+class WindowOwnersTest : public testing::Test {
+  protected:
+    /// Waits until this window belongs to the process.
+    bool passedTo(WindowId window, pid_t process) {
+        return waitFor([&] {
+            return std::ranges::any_of(observer.windows(), [&](const TopLevelWindow& now) {
+                return now.id == window && now.process == process;
+            });
+        });
+    }
+
+    LinuxDesktop machine;
+    EventPoll unused;
+    X11WindowSystem observer{unused, machine.desktop.display()};
+    const Subscription following = machine.workspace.onLaunched([](const auto&) {});
+};
+
+TEST_F(WindowOwnersTest, AnEditorThatWasStartedAgainIsAsked) {
+    const pid_t first = machine.shown(machine.client());
+    const WindowId window = machine.windows.windows().front().id;
+    machine.desktop.end(first);
+    const pid_t second = machine.client({"--ask-on-close"});
+    ASSERT_TRUE(passedTo(window, second));
+    machine.bus.items = {second};
+    EXPECT_TRUE(machine.listed(second));
+    EXPECT_FALSE(machine.quitter.quitApp(second, false));
+    EXPECT_FALSE(machine.desktop.exitStatus(second)) << "it was signalled";
+    EXPECT_EQ(machine.windowCount(second), 2U) << "it asks";
+}
+
+TEST_F(WindowOwnersTest, AWindowThatPassedOnIsNotClosed) {
+    const pid_t first = machine.shown(machine.client({"--hang-up"}));
+    const WindowId window = machine.windows.windows().front().id;
+    ::kill(first, SIGUSR1);
+    EXPECT_TRUE(waitFor([&] { return observer.windows().empty(); }));
+    const pid_t second = machine.client({"--ask-on-close"});
+    ASSERT_TRUE(passedTo(window, second));
+    EXPECT_TRUE(machine.quitter.quitApp(first, false));
+    EXPECT_EQ(machine.desktop.exitStatus(first), SIGTERM) << "it has no window";
+    EXPECT_EQ(machine.windowCount(second), 1U) << "it was asked to close";
+    EXPECT_FALSE(machine.desktop.exitStatus(second));
+}
+
+TEST_F(WindowOwnersTest, AStrangerWithTheOwnersIdIsNoOwner) {
+    if (!canChooseProcessIds()) {
+        GTEST_SKIP() << "choosing process ids needs root";
+    }
+    const pid_t owner = machine.shown(machine.client({"--hand-over", "--pid", "0"}));
+    machine.desktop.end(owner);
+    const auto stranger = processWithId(owner);
+    ASSERT_TRUE(stranger);
+    EXPECT_EQ(machine.windowCount(owner), 0U);
+    EXPECT_FALSE(machine.listed(owner));
+    EXPECT_EQ(observer.windows().size(), 1U) << "the window is still there";
+}
+
+TEST_F(WindowOwnersTest, AClaimIsNoReasonForASignal) {
+    // The process that connected ends, and its window names another one.
+    const auto claimant = [&](const std::string& name, std::vector<std::string> options) {
+        options.insert(options.end(), {"--hand-over", "--instance", name});
+        const std::size_t before = observer.windows().size();
+        const pid_t first = machine.client(options);
+        EXPECT_TRUE(waitFor([&] { return observer.windows().size() > before; }));
+        machine.desktop.end(first);
+        return machine.windows.windows().back();
+    };
+    const TopLevelWindow deaf = claimant("calmora_window_client", {"--no-delete"});
+    ASSERT_TRUE(deaf.process);
+    EXPECT_TRUE(machine.isRegular(*deaf.process));
+    EXPECT_FALSE(machine.quitter.quitApp(*deaf.process, false));
+    EXPECT_TRUE(machine.isRunning(*deaf.process));
+
+    const TopLevelWindow polite = claimant("calmora_window_client", {});
+    ASSERT_TRUE(polite.process);
+    EXPECT_TRUE(machine.isRegular(*polite.process));
+    EXPECT_TRUE(machine.quitter.quitApp(*polite.process, false));
+
+    const pid_t victim = machine.client({"--helper"});
+    EXPECT_FALSE(claimant("other", {"--pid", std::to_string(victim)}).process);
+    EXPECT_FALSE(machine.listed(victim));
+}
+
+TEST_F(WindowOwnersTest, WhatMayHaveWindowsElsewhereIsNotSignalled) {
+    const pid_t deaf = machine.shown(machine.client({"--no-delete"}));
+    const pid_t polite = machine.shown(machine.client());
+    const pid_t hiding = machine.shown(machine.client({"--hide-on-close"}));
+    machine.bus.items = {hiding};
+    machine.waylandDisplay = "wayland-7";
+    EXPECT_TRUE(machine.windows.coversAllWindows()) << "nobody is there";
+    sockaddr_un address{AF_UNIX, {}};
+    (machine.desktop.home() / "run/wayland-7")
+        .string()
+        .copy(address.sun_path, sizeof address.sun_path - 1);
+    const FileDescriptor compositor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    ASSERT_EQ(::bind(compositor.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(compositor.get(), 8), 0);
+
+    EXPECT_FALSE(machine.quitter.quitApp(deaf, false));
+    EXPECT_TRUE(machine.isRunning(deaf));
+    EXPECT_FALSE(machine.quitter.quitApp(hiding, false)) << "closed, and may live elsewhere";
+    EXPECT_TRUE(machine.isRunning(hiding));
+    EXPECT_FALSE(machine.workspace.runningApplication(hiding)->terminate()) << "in the tray alone";
+    EXPECT_TRUE(machine.quitter.quitApp(polite, false)) << "it could be asked";
+    EXPECT_TRUE(machine.quitter.quitApp(deaf, true)) << "force asks nobody";
+}
+
+} // namespace
+} // namespace calmora
