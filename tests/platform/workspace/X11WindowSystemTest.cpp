@@ -148,6 +148,7 @@ TEST_F(X11WindowSystemTest, TellsAWindowFromALaterOneWithTheSameId) {
         }));
         EXPECT_EQ(windowOf(second).id, id);
         EXPECT_TRUE(windowsOf(first).empty());
+        EXPECT_FALSE(system->requestClose(id, first)) << "it is another's";
         pumpUntil(events, [] { return false; }, 50ms);
         changes = 0;
         EXPECT_EQ(desktop->run({"xprop", "-id", std::to_string(id), "-f", "WM_CLASS", "8s", "-set",

@@ -141,7 +141,9 @@ bool LinuxRunningApplication::quitOverBus() {
 bool LinuxRunningApplication::requestClose() {
     bool sent = false;
     for (const WindowId window : askableWindows()) {
-        sent = sources_.windows.requestClose(window, processIdentifier()) || sent;
+        // The window's owner is asked for by its id, which must still mean this process.
+        sent =
+            (!isTerminated() && sources_.windows.requestClose(window, processIdentifier())) || sent;
     }
     // The caller sleeps from here on, and nothing else would send what waits.
     sources_.windows.flush();
