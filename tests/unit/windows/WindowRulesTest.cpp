@@ -89,6 +89,16 @@ TopLevelWindow window(WindowId id, ProcessId process, WindowType type = WindowTy
     return {.id = id, .process = process, .type = type, .canBeAsked = true};
 }
 
+TEST(WindowOwner, AClaimGivesWayToTheProcessesOwnWindows) {
+    std::vector<TopLevelWindow> windows{window(1, 10), window(2, 10), window(3, 20)};
+    windows[0].certainty = windows[2].certainty = ProcessCertainty::claimed;
+    windows[1].certainty = ProcessCertainty::certain;
+    dropContestedClaims(windows);
+    EXPECT_FALSE(windows[0].process);
+    EXPECT_EQ(windows[1].process, 10);
+    EXPECT_EQ(windows[2].process, 20) << "nothing speaks against it";
+}
+
 std::string rolesOf(const std::vector<TopLevelWindow>& windows) {
     std::string text;
     for (const WindowRole& role : windowRoles(windows)) {

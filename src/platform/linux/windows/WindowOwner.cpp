@@ -1,6 +1,7 @@
 #include "platform/linux/windows/WindowOwner.h"
 
 #include <algorithm>
+#include <set>
 #include <strings.h>
 
 namespace calmora {
@@ -68,6 +69,21 @@ WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
         return client->ids.back() == *claims.property || !isElsewhere ? certain : remote;
     }
     return isElsewhere || process(claims.property) ? remote : certain;
+}
+
+void dropContestedClaims(std::span<TopLevelWindow> windows) {
+    std::set<ProcessId> certain;
+    for (const TopLevelWindow& window : windows) {
+        if (window.process && window.certainty == ProcessCertainty::certain) {
+            certain.insert(*window.process);
+        }
+    }
+    for (TopLevelWindow& window : windows) {
+        if (window.certainty == ProcessCertainty::claimed && certain.contains(*window.process)) {
+            window.process.reset();
+            window.certainty = ProcessCertainty::unknown;
+        }
+    }
 }
 
 } // namespace calmora

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -49,5 +50,9 @@ struct WindowOwner {
 /// goes by a name of the window's.
 [[nodiscard]] WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
                                       const OwnerLookup& lookUp);
+
+/// Drops the claims on processes that have other windows for certain: a process with a connection
+/// of its own needs nobody else's, so the claim is false.
+void dropContestedClaims(std::span<TopLevelWindow> windows);
 
 } // namespace calmora

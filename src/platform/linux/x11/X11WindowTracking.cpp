@@ -1,6 +1,8 @@
 // How X11WindowSystem keeps what it knows up to date.
 #include "platform/linux/x11/X11WindowSystem.h"
 
+#include "platform/linux/windows/WindowOwner.h"
+
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -197,6 +199,7 @@ void X11WindowSystem::updateFacts() {
             }
         }
     }
+    dropContestedClaims(current);
     owners_.follow(owners);
     if (current != windows_) {
         windows_ = std::move(current);
