@@ -22,7 +22,7 @@ struct Desk {
             manager.activityTracker().recordActivation(*app.bundleIdentifier,
                                                        machine.clock.wall - std::chrono::hours(1));
         }
-        settings.setAutoQuitEnabled(true);
+        settings.autoQuitEnabled.set(true);
     }
 
     FakePlatform machine;
@@ -40,13 +40,13 @@ void passes(benchmark::State& state, Desk& desk) {
 
 void switchedOff(benchmark::State& state) {
     Desk desk(static_cast<int>(state.range(0)));
-    desk.settings.setAutoQuitEnabled(false);
+    desk.settings.autoQuitEnabled.set(false);
     passes(state, desk);
 }
 
 void noneInactive(benchmark::State& state) {
     Desk desk(static_cast<int>(state.range(0)));
-    desk.settings.setAutoQuitMinutes(480);
+    desk.settings.autoQuitMinutes.set(480);
     passes(state, desk);
 }
 

@@ -149,7 +149,7 @@ void filterAndSort(benchmark::State& state, SortOrder order, const char* search)
     }
     AppListViewModel model(machine.settings, machine.platform());
     model.refresh();
-    machine.settings.setSortOrder(order);
+    machine.settings.sortOrder.set(order);
     model.setSearchText(search);
     compare(
         state, [&] { benchmark::DoNotOptimize(model.filteredApps()); },

@@ -17,7 +17,7 @@ class UserDefaults {
   public:
     virtual ~UserDefaults() = default;
 
-    /// Values that answer for keys which are not set. They are never written to disk.
+    /// Adds values that answer for keys which are not set. They are never written to disk.
     virtual void registerDefaults(std::map<std::string, DefaultsValue> defaults) = 0;
 
     /// The stored value of a key, registered values included; absent when there is neither.

@@ -1,19 +1,14 @@
 #pragma once
 
-#include "support/Signal.h"
-#include "support/Subscription.h"
+#include "settings/Preference.h"
 
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 
 namespace calmora {
-
-class UserDefaults;
 
 /// How the application list is ordered.
 enum class SortOrder { alphabetical, cpuUsage, memoryUsage };
@@ -24,26 +19,20 @@ enum class ResourceDisplay { cpuOnly, memoryOnly, both, none };
 /// The user's preferred way of quitting.
 enum class QuitMode { normal, force };
 
-/// Every case, in the order in which it is offered.
-inline constexpr std::array allSortOrders{SortOrder::alphabetical, SortOrder::cpuUsage,
-                                          SortOrder::memoryUsage};
+/// The texts under which the cases are stored, in the order of the cases.
+[[nodiscard]] constexpr std::array<std::string_view, 3> rawValues(SortOrder) {
+    return {"alphabetical", "cpuUsage", "memoryUsage"};
+}
 
-/// Every case, in the order in which it is offered.
-inline constexpr std::array allResourceDisplays{ResourceDisplay::cpuOnly,
-                                                ResourceDisplay::memoryOnly, ResourceDisplay::both,
-                                                ResourceDisplay::none};
+/// The texts under which the cases are stored, in the order of the cases.
+[[nodiscard]] constexpr std::array<std::string_view, 4> rawValues(ResourceDisplay) {
+    return {"cpuOnly", "memoryOnly", "both", "none"};
+}
 
-/// Every case, in the order in which it is offered.
-inline constexpr std::array allQuitModes{QuitMode::normal, QuitMode::force};
-
-/// The text under which a case is stored.
-[[nodiscard]] std::string_view rawValue(SortOrder order);
-
-/// The text under which a case is stored.
-[[nodiscard]] std::string_view rawValue(ResourceDisplay display);
-
-/// The text under which a case is stored.
-[[nodiscard]] std::string_view rawValue(QuitMode mode);
+/// The texts under which the cases are stored, in the order of the cases.
+[[nodiscard]] constexpr std::array<std::string_view, 2> rawValues(QuitMode) {
+    return {"normal", "force"};
+}
 
 /// Whether rows show the CPU figure.
 [[nodiscard]] bool showsCPU(ResourceDisplay display);
@@ -51,140 +40,58 @@ inline constexpr std::array allQuitModes{QuitMode::normal, QuitMode::force};
 /// Whether rows show the memory figure.
 [[nodiscard]] bool showsMemory(ResourceDisplay display);
 
-/// Every preference of the user. One instance, shared by reference. Every assignment goes to the
-/// defaults store at once, under the property's name; observers are told of real changes only.
-/// Main thread.
-class AppSettings {
+/// Every preference of the user, each with its key and its default. One instance, shared by
+/// reference. Main thread.
+class AppSettings final : public PreferenceTable {
   public:
-    /// A preference that can be observed.
-    enum class Property {
-        openAtLogin,
-        neverQuitMusicApps,
-        deselectAppsByDefault,
-        includeFinderWindows,
-        sortOrder,
-        resourceDisplay,
-        defaultQuitMode,
-        viewBackgroundApps,
-        groupBackgroundInstances,
-        autoQuitEnabled,
-        autoQuitMinutes,
-        playSounds,
-        neverQuitApps,
-    };
+    /// Reads every preference. `defaults` must outlive the settings.
+    explicit AppSettings(UserDefaults& defaults) : PreferenceTable(defaults) {}
 
-    /// Registers the default values and reads every preference. A missing key, a value of the
-    /// wrong type and an unknown case read as the default. `defaults` must outlive the store.
-    explicit AppSettings(UserDefaults& defaults);
+    /// The program opens at login.
+    Preference<bool> openAtLogin{*this, "openAtLogin", false};
 
-    /// Calls `handler` after each change of one preference until the token ends.
-    [[nodiscard]] Subscription observe(Property property, std::function<void()> handler);
+    /// Music players start unticked and are spared by auto-quit.
+    Preference<bool> neverQuitMusicApps{*this, "neverQuitMusicApps", true};
 
-    /// Calls `handler` after each change of any preference until the token ends.
-    [[nodiscard]] Subscription observeAny(std::function<void(Property)> handler);
+    /// Rows start unticked.
+    Preference<bool> deselectAppsByDefault{*this, "deselectAppsByDefault", false};
 
-    /// The program is to be opened at login. Default false.
-    [[nodiscard]] bool openAtLogin() const { return values_.openAtLogin; }
+    /// The file manager is listed.
+    Preference<bool> includeFinderWindows{*this, "includeFinderWindows", false};
 
-    void setOpenAtLogin(bool value);
+    /// Order of the application list.
+    Preference<SortOrder> sortOrder{*this, "sortOrder", SortOrder::alphabetical};
 
-    /// Music players start unticked and are spared by auto-quit. Default true.
-    [[nodiscard]] bool neverQuitMusicApps() const { return values_.neverQuitMusicApps; }
+    /// Figures that the rows show.
+    Preference<ResourceDisplay> resourceDisplay{*this, "resourceDisplay", ResourceDisplay::cpuOnly};
 
-    void setNeverQuitMusicApps(bool value);
+    /// Preferred way of quitting.
+    Preference<QuitMode> defaultQuitMode{*this, "defaultQuitMode", QuitMode::normal};
 
-    /// Rows start unticked. Default false.
-    [[nodiscard]] bool deselectAppsByDefault() const { return values_.deselectAppsByDefault; }
+    /// The list shows background applications.
+    Preference<bool> viewBackgroundApps{*this, "viewBackgroundApps", false};
 
-    void setDeselectAppsByDefault(bool value);
+    /// Background applications are folded under their parent application.
+    Preference<bool> groupBackgroundInstances{*this, "groupBackgroundInstances", true};
 
-    /// The file manager is listed. Default false.
-    [[nodiscard]] bool includeFinderWindows() const { return values_.includeFinderWindows; }
+    /// Inactive applications are quit automatically.
+    Preference<bool> autoQuitEnabled{*this, "autoQuitEnabled", false};
 
-    void setIncludeFinderWindows(bool value);
+    /// Minutes of inactivity after which an application is quit automatically. Any integer is
+    /// accepted, including 0 and negative ones.
+    Preference<std::int64_t> autoQuitMinutes{*this, "autoQuitMinutes", 30};
 
-    /// Order of the application list. Default alphabetical.
-    [[nodiscard]] SortOrder sortOrder() const { return values_.sortOrder; }
+    /// Quitting plays a sound.
+    Preference<bool> playSounds{*this, "playSounds", false};
 
-    void setSortOrder(SortOrder value);
-
-    /// Figures that the rows show. Default cpuOnly.
-    [[nodiscard]] ResourceDisplay resourceDisplay() const { return values_.resourceDisplay; }
-
-    void setResourceDisplay(ResourceDisplay value);
-
-    /// Preferred way of quitting. Default normal.
-    [[nodiscard]] QuitMode defaultQuitMode() const { return values_.defaultQuitMode; }
-
-    void setDefaultQuitMode(QuitMode value);
-
-    /// The list shows background applications. Default false.
-    [[nodiscard]] bool viewBackgroundApps() const { return values_.viewBackgroundApps; }
-
-    void setViewBackgroundApps(bool value);
-
-    /// Background applications are folded under their parent application. Default true.
-    [[nodiscard]] bool groupBackgroundInstances() const { return values_.groupBackgroundInstances; }
-
-    void setGroupBackgroundInstances(bool value);
-
-    /// Inactive applications are quit automatically. Default false.
-    [[nodiscard]] bool autoQuitEnabled() const { return values_.autoQuitEnabled; }
-
-    void setAutoQuitEnabled(bool value);
-
-    /// Minutes of inactivity after which an application is quit automatically. Any stored integer
-    /// is taken as it is, 0 and negative ones included. Default 30.
-    [[nodiscard]] std::int64_t autoQuitMinutes() const { return values_.autoQuitMinutes; }
-
-    void setAutoQuitMinutes(std::int64_t value);
-
-    /// Quitting plays a sound. Default false.
-    [[nodiscard]] bool playSounds() const { return values_.playSounds; }
-
-    void setPlaySounds(bool value);
-
-    /// Identifiers of the protected applications, as stored. Default empty.
-    [[nodiscard]] const std::set<std::string>& neverQuitApps() const {
-        return values_.neverQuitApps;
-    }
-
-    void setNeverQuitApps(std::set<std::string> value);
+    /// Identifiers of the protected applications, as stored.
+    Preference<std::set<std::string>> neverQuitApps{*this, "neverQuitApps", {}};
 
     /// Inserts an identifier into neverQuitApps. Persists and notifies also when it was there.
     void addToNeverQuit(const std::string& bundleIdentifier);
 
     /// Removes an identifier from neverQuitApps. Persists and notifies also when it was not there.
     void removeFromNeverQuit(const std::string& bundleIdentifier);
-
-    /// Assigns every preference its default through the ordinary write path, so that every key is
-    /// written. The never-quit list is emptied.
-    void resetToDefaults();
-
-  private:
-    /// The preferences, made with their defaults.
-    struct Values {
-        bool openAtLogin = false;
-        bool neverQuitMusicApps = true;
-        bool deselectAppsByDefault = false;
-        bool includeFinderWindows = false;
-        SortOrder sortOrder = SortOrder::alphabetical;
-        ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
-        QuitMode defaultQuitMode = QuitMode::normal;
-        bool viewBackgroundApps = false;
-        bool groupBackgroundInstances = true;
-        bool autoQuitEnabled = false;
-        std::int64_t autoQuitMinutes = 30;
-        bool playSounds = false;
-        std::set<std::string> neverQuitApps;
-    };
-
-    template <typename Value>
-    void write(Property property, Value& field, Value value);
-
-    UserDefaults& defaults_;
-    Signal<Property> changed_;
-    Values values_;
 };
 
 } // namespace calmora

@@ -30,7 +30,7 @@ CandidateList::CandidateList(AppSettings& settings, const Platform& platform,
     const int count = static_cast<int>(candidates_.size());
     stack->setMinimumHeight(count * (rowHeight_ + spacing) - spacing + 2 * padding);
     setWidget(stack);
-    change_ = settings_.observe(AppSettings::Property::neverQuitApps, [this] { refresh(); });
+    change_ = settings_.neverQuitApps.observe([this] { refresh(); });
 }
 
 void CandidateList::resizeEvent(QResizeEvent* event) {

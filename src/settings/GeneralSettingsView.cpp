@@ -31,38 +31,28 @@ struct Choice {
 };
 
 constexpr std::array sortOrders{
-    Choice<SortOrder>{"Name (A-Z)", SortOrder::alphabetical},
-    Choice<SortOrder>{"CPU Usage", SortOrder::cpuUsage},
-    Choice<SortOrder>{"Memory Usage", SortOrder::memoryUsage},
+    Choice{"Name (A-Z)", SortOrder::alphabetical},
+    Choice{"CPU Usage", SortOrder::cpuUsage},
+    Choice{"Memory Usage", SortOrder::memoryUsage},
 };
 
 constexpr std::array resourceDisplays{
-    Choice<ResourceDisplay>{"CPU Only", ResourceDisplay::cpuOnly},
-    Choice<ResourceDisplay>{"Memory Only", ResourceDisplay::memoryOnly},
-    Choice<ResourceDisplay>{"Both", ResourceDisplay::both},
-    Choice<ResourceDisplay>{"None", ResourceDisplay::none},
+    Choice{"CPU Only", ResourceDisplay::cpuOnly},
+    Choice{"Memory Only", ResourceDisplay::memoryOnly},
+    Choice{"Both", ResourceDisplay::both},
+    Choice{"None", ResourceDisplay::none},
 };
 
 constexpr std::array quitModes{
-    Choice<QuitMode>{"Normal", QuitMode::normal},
-    Choice<QuitMode>{"Force", QuitMode::force},
+    Choice{"Normal", QuitMode::normal},
+    Choice{"Force", QuitMode::force},
 };
 
 constexpr std::array idleMinutes{
-    Choice<std::int64_t>{"5 minutes", 5},   Choice<std::int64_t>{"10 minutes", 10},
-    Choice<std::int64_t>{"15 minutes", 15}, Choice<std::int64_t>{"30 minutes", 30},
-    Choice<std::int64_t>{"1 hour", 60},     Choice<std::int64_t>{"2 hours", 120},
-    Choice<std::int64_t>{"4 hours", 240},   Choice<std::int64_t>{"8 hours", 480},
+    Choice{"5 minutes", 5},   Choice{"10 minutes", 10}, Choice{"15 minutes", 15},
+    Choice{"30 minutes", 30}, Choice{"1 hour", 60},     Choice{"2 hours", 120},
+    Choice{"4 hours", 240},   Choice{"8 hours", 480},
 };
-
-template <typename Choices>
-std::vector<PickerOption> options(const Choices& choices) {
-    std::vector<PickerOption> result;
-    for (const auto& choice : choices) {
-        result.push_back({uiText(choice.title), static_cast<std::int64_t>(choice.value)});
-    }
-    return result;
-}
 
 } // namespace
 
@@ -77,7 +67,7 @@ GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new FormArea(form));
     refresh();
-    changes_ = settings_.observeAny([this](AppSettings::Property) { refresh(); });
+    changes_ = settings_.observeAny([this] { refresh(); });
 }
 
 void GeneralSettingsView::build(QWidget* form) {
@@ -91,44 +81,38 @@ void GeneralSettingsView::build(QWidget* form) {
         return *section;
     };
 
-    addSwitch(add("Startup"), "openAtLogin", "Open Calmora at login", &AppSettings::openAtLogin,
-              &AppSettings::setOpenAtLogin);
+    addSwitch(add("Startup"), settings_.openAtLogin, "Open Calmora at login");
     addUpdates(add("Updates"));
-    addSwitch(add("Sounds"), "playSounds", "Play sound on quit", &AppSettings::playSounds,
-              &AppSettings::setPlaySounds);
+    addSwitch(add("Sounds"), settings_.playSounds, "Play sound on quit");
 
     FormSection& protection = add("Protection");
-    addSwitch(protection, "neverQuitMusicApps", "Never quit music apps",
-              &AppSettings::neverQuitMusicApps, &AppSettings::setNeverQuitMusicApps);
-    addSwitch(protection, "deselectAppsByDefault", "Deselect apps by default",
-              &AppSettings::deselectAppsByDefault, &AppSettings::setDeselectAppsByDefault);
+    addSwitch(protection, settings_.neverQuitMusicApps, "Never quit music apps");
+    addSwitch(protection, settings_.deselectAppsByDefault, "Deselect apps by default");
 
     add("Never-Quit List").addRow(new NeverQuitListEditor(settings_, platform_, [this] {
         showAddAppSheet();
     }));
 
     FormSection& extras = add("Extras");
-    addSwitch(extras, "includeFinderWindows", "Include Finder in app list",
-              &AppSettings::includeFinderWindows, &AppSettings::setIncludeFinderWindows);
-    addSwitch(extras, "viewBackgroundApps", "View background apps",
-              &AppSettings::viewBackgroundApps, &AppSettings::setViewBackgroundApps);
-    SwitchRow* group = addSwitch(extras, "groupBackgroundInstances", "Group background instances",
-                                 &AppSettings::groupBackgroundInstances,
-                                 &AppSettings::setGroupBackgroundInstances);
-    bindings_.emplace_back([this, group] { group->setEnabled(settings_.viewBackgroundApps()); });
+    addSwitch(extras, settings_.includeFinderWindows, "Include Finder in app list");
+    addSwitch(extras, settings_.viewBackgroundApps, "View background apps");
+    QWidget* group =
+        addSwitch(extras, settings_.groupBackgroundInstances, "Group background instances");
 
-    addDisplay(add("Display"));
+    FormSection& display = add("Display");
+    addPicker(display, settings_.sortOrder, "Sort by", sortOrders);
+    addPicker(display, settings_.resourceDisplay, "Show resources", resourceDisplays);
 
-    auto* mode =
-        new PickerRow(uiText("Default quit mode"), options(quitModes), [this](std::int64_t value) {
-            settings_.setDefaultQuitMode(static_cast<QuitMode>(value));
-        });
-    mode->picker().setObjectName("defaultQuitMode");
-    add("Quit").addRow(mode);
-    bindings_.emplace_back(
-        [this, mode] { mode->setValue(static_cast<std::int64_t>(settings_.defaultQuitMode())); });
+    addPicker(add("Quit"), settings_.defaultQuitMode, "Default quit mode", quitModes);
 
-    addAutoQuit(add("Auto Quit"));
+    FormSection& autoQuit = add("Auto Quit");
+    addSwitch(autoQuit, settings_.autoQuitEnabled, "Auto-quit inactive apps");
+    QWidget* after = addPicker(autoQuit, settings_.autoQuitMinutes, "After", idleMinutes);
+
+    bindings_.emplace_back([this, group, after] {
+        group->setEnabled(settings_.viewBackgroundApps());
+        after->setEnabled(settings_.autoQuitEnabled());
+    });
 
     auto* resetRow = new QWidget;
     auto* reset = new BorderedButton(uiText("Reset All Settings"), TextStyle::body, resetRow);
@@ -144,14 +128,29 @@ void GeneralSettingsView::build(QWidget* form) {
     sections->addStretch(1);
 }
 
-SwitchRow* GeneralSettingsView::addSwitch(FormSection& section, const char* name, const char* title,
-                                          bool (AppSettings::*get)() const,
-                                          void (AppSettings::*set)(bool)) {
+QWidget* GeneralSettingsView::addSwitch(FormSection& section, Preference<bool>& preference,
+                                        const char* title) {
     auto* row = new SwitchRow(uiText(title));
-    row->setObjectName(name);
-    connect(row, &QCheckBox::clicked, this,
-            [this, set](bool isOn) { std::invoke(set, settings_, isOn); });
-    bindings_.emplace_back([this, row, get] { row->setChecked((settings_.*get)()); });
+    row->setObjectName(preference.key());
+    connect(row, &QCheckBox::clicked, this, [&preference](bool isOn) { preference.set(isOn); });
+    bindings_.emplace_back([row, &preference] { row->setChecked(preference()); });
+    section.addRow(row);
+    return row;
+}
+
+template <typename Value, typename Choices>
+QWidget* GeneralSettingsView::addPicker(FormSection& section, Preference<Value>& preference,
+                                        const char* title, const Choices& choices) {
+    std::vector<PickerOption> options;
+    for (const auto& choice : choices) {
+        options.push_back({uiText(choice.title), static_cast<std::int64_t>(choice.value)});
+    }
+    auto* row = new PickerRow(uiText(title), options, [&preference](std::int64_t value) {
+        preference.set(static_cast<Value>(value));
+    });
+    row->picker().setObjectName(preference.key());
+    bindings_.emplace_back(
+        [row, &preference] { row->setValue(static_cast<std::int64_t>(preference())); });
     section.addRow(row);
     return row;
 }
@@ -176,38 +175,6 @@ void GeneralSettingsView::addUpdates(FormSection& section) {
         row->setEnabled(false);
         row->setToolTip(explanation->text());
     }
-}
-
-void GeneralSettingsView::addDisplay(FormSection& section) {
-    auto* sort = new PickerRow(uiText("Sort by"), options(sortOrders), [this](std::int64_t value) {
-        settings_.setSortOrder(static_cast<SortOrder>(value));
-    });
-    sort->picker().setObjectName("sortOrder");
-    section.addRow(sort);
-    auto* resources = new PickerRow(
-        uiText("Show resources"), options(resourceDisplays), [this](std::int64_t value) {
-            settings_.setResourceDisplay(static_cast<ResourceDisplay>(value));
-        });
-    resources->picker().setObjectName("resourceDisplay");
-    section.addRow(resources);
-    bindings_.emplace_back([this, sort, resources] {
-        sort->setValue(static_cast<std::int64_t>(settings_.sortOrder()));
-        resources->setValue(static_cast<std::int64_t>(settings_.resourceDisplay()));
-    });
-}
-
-void GeneralSettingsView::addAutoQuit(FormSection& section) {
-    addSwitch(section, "autoQuitEnabled", "Auto-quit inactive apps", &AppSettings::autoQuitEnabled,
-              &AppSettings::setAutoQuitEnabled);
-    auto* after = new PickerRow(uiText("After"), options(idleMinutes), [this](std::int64_t value) {
-        settings_.setAutoQuitMinutes(value);
-    });
-    after->picker().setObjectName("autoQuitMinutes");
-    section.addRow(after);
-    bindings_.emplace_back([this, after] {
-        after->setValue(settings_.autoQuitMinutes());
-        after->setEnabled(settings_.autoQuitEnabled());
-    });
 }
 
 void GeneralSettingsView::refresh() {

@@ -14,9 +14,9 @@ namespace calmora {
 class AppSettings;
 class FormSection;
 class LoginItem;
-class PickerRow;
-class SwitchRow;
 class Updater;
+template <typename Value>
+class Preference;
 
 /// The General pane of the settings window: every preference in ten sections. Each control shows
 /// the settings and writes through to them at once; the pane holds no copy. While the pane exists
@@ -32,11 +32,11 @@ class GeneralSettingsView final : public QWidget {
 
   private:
     void build(QWidget* form);
-    SwitchRow* addSwitch(FormSection& section, const char* name, const char* title,
-                         bool (AppSettings::*get)() const, void (AppSettings::*set)(bool));
+    QWidget* addSwitch(FormSection& section, Preference<bool>& preference, const char* title);
+    template <typename Value, typename Choices>
+    QWidget* addPicker(FormSection& section, Preference<Value>& preference, const char* title,
+                       const Choices& choices);
     void addUpdates(FormSection& section);
-    void addDisplay(FormSection& section);
-    void addAutoQuit(FormSection& section);
     /// Brings every control to what the settings say.
     void refresh();
     void showAddAppSheet();

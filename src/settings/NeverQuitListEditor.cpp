@@ -48,7 +48,7 @@ NeverQuitListEditor::NeverQuitListEditor(AppSettings& settings, const Platform& 
                                    metrics::rowInset);
     addRow(emptyText_);
     rebuild();
-    change_ = settings_.observe(AppSettings::Property::neverQuitApps, [this] { rebuild(); });
+    change_ = settings_.neverQuitApps.observe([this] { rebuild(); });
 }
 
 QWidget* NeverQuitListEditor::makeHeader(std::function<void()> onAddApp) {

@@ -6,19 +6,21 @@
 namespace calmora {
 
 OpenAtLogin::OpenAtLogin(AppSettings& settings, LoginItem& loginItem)
-    : settings_(settings), loginItem_(loginItem) {
-    settings_.setOpenAtLogin(loginItem_.isEnabled());
-    change_ = settings_.observe(AppSettings::Property::openAtLogin, [this] { carryOver(); });
+    : settings_(settings), loginItem_(loginItem), isEnabled_(loginItem.isEnabled()) {
+    settings_.openAtLogin.set(isEnabled_);
+    change_ = settings_.openAtLogin.observe([this] { apply(); });
 }
 
-void OpenAtLogin::carryOver() {
+void OpenAtLogin::apply() {
     const bool wanted = settings_.openAtLogin();
-    if (isPuttingBack_ || loginItem_.setEnabled(wanted)) {
-        return;
+    if (wanted == isEnabled_) {
+        return; // The preference was put back.
     }
-    isPuttingBack_ = true;
-    settings_.setOpenAtLogin(!wanted);
-    isPuttingBack_ = false;
+    if (loginItem_.setEnabled(wanted)) {
+        isEnabled_ = wanted;
+    } else {
+        settings_.openAtLogin.set(isEnabled_);
+    }
 }
 
 } // namespace calmora

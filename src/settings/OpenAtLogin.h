@@ -7,22 +7,23 @@ namespace calmora {
 class AppSettings;
 class LoginItem;
 
-/// Keeps the login item as the preference openAtLogin says, for as long as it lives. Main thread.
+/// Applies the preference openAtLogin to the login item for as long as this object exists.
+/// Main thread.
 class OpenAtLogin {
   public:
-    /// First sets the preference to what the login item really is, which may have been changed
-    /// elsewhere; from then on carries each change of the preference over. Both arguments must
-    /// outlive it.
+    /// First sets the preference to the state of the login item, which may have been changed
+    /// elsewhere; then applies each change. Both arguments must outlive this object.
     OpenAtLogin(AppSettings& settings, LoginItem& loginItem);
 
   private:
-    /// Puts the preference back when the login item cannot follow. That is a change again, which
-    /// is not carried over: two failures in turn would never end.
-    void carryOver();
+    /// Puts the preference back if the login item cannot be changed. That is a change too; it is
+    /// not applied, so that failures cannot alternate without end.
+    void apply();
 
     AppSettings& settings_;
     LoginItem& loginItem_;
-    bool isPuttingBack_ = false;
+    /// The last known state of the login item.
+    bool isEnabled_;
     Subscription change_;
 };
 

@@ -114,9 +114,8 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
         }
         markDirty();
     });
-    settingsChanges_ = settings_.observeAny([this](AppSettings::Property) { markDirty(); });
-    neverQuitChanges_ = settings_.observe(AppSettings::Property::neverQuitApps,
-                                          [this] { viewModel_.applyWhitelist(); });
+    settingsChanges_ = settings_.observeAny([this] { markDirty(); });
+    neverQuitChanges_ = settings_.neverQuitApps.observe([this] { viewModel_.applyWhitelist(); });
     willShow_ = surroundings_.popover.onWillShow([this] {
         build();
         viewModel_.refresh();

@@ -19,7 +19,8 @@ TEST(UserDefaultsContract, HoldsInMemoryAndOnDisk) {
     for (UserDefaults* defaults : std::initializer_list<UserDefaults*>{&inMemory, &onDisk}) {
         EXPECT_FALSE(defaults->boolean("b") || defaults->value("b") || defaults->integer("i"));
         EXPECT_FALSE(defaults->string("s") || defaults->stringArray("a"));
-        defaults->registerDefaults({{"b", true}, {"i", std::int64_t{30}}, {"registered", true}});
+        defaults->registerDefaults({{"b", true}, {"registered", true}});
+        defaults->registerDefaults({{"i", std::int64_t{30}}});
         EXPECT_TRUE(defaults->boolean("b"));
         EXPECT_EQ(defaults->value("i"), DefaultsValue(std::int64_t{30}));
 

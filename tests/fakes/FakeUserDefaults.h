@@ -11,6 +11,7 @@ namespace calmora {
 class FakeUserDefaults final : public UserDefaults {
   public:
     void registerDefaults(std::map<std::string, DefaultsValue> defaults) override {
+        defaults.merge(registered);
         registered = std::move(defaults);
     }
 

@@ -62,7 +62,7 @@ void fill(PopoverFixture& popover) {
     popover.launch(201, "Sync agent", ActivationPolicy::accessory, 102);
     popover.launch(202, "Notifier", ActivationPolicy::accessory, 102);
     popover.launch(210, "Clipboard manager", ActivationPolicy::accessory);
-    popover.settings.setResourceDisplay(ResourceDisplay::both);
+    popover.settings.resourceDisplay.set(ResourceDisplay::both);
 }
 
 void sample(PopoverFixture& popover) {
@@ -111,7 +111,7 @@ void render(const QDir& folder, Appearance appearance, const QString& suffix) {
         {"empty", [](PopoverFixture& p) { p.model.setSearchText("zebra"); }},
         {"background",
          [](PopoverFixture& p) {
-             p.settings.setViewBackgroundApps(true);
+             p.settings.viewBackgroundApps.set(true);
              settle();
              auto* bar = p.view->findChild<QScrollArea*>("list")->verticalScrollBar();
              bar->setValue(bar->maximum());
@@ -211,7 +211,7 @@ void measure() {
         popover.machine.workspace.at(pid).icon =
             Image{samples[static_cast<std::size_t>(pid) % samples.size()].icon, {}, {}};
     }
-    popover.settings.setResourceDisplay(ResourceDisplay::both);
+    popover.settings.resourceDisplay.set(ResourceDisplay::both);
     CpuTimer timer;
     const double atRest = residentMiB();
     PaintWatch watch;
@@ -307,13 +307,13 @@ int main(int argc, char** argv) {
         const QtLocalizedStrings translated(locale);
         special(qPrintable(QLocale::languageToString(locale.language()).toLower()),
                 [](PopoverFixture& p) {
-                    p.settings.setViewBackgroundApps(true);
+                    p.settings.viewBackgroundApps.set(true);
                     p.model.toggleWhitelist(103);
                 });
     }
     QApplication::setLayoutDirection(Qt::RightToLeft);
     special("right-to-left", [](PopoverFixture& p) {
-        p.settings.setViewBackgroundApps(true);
+        p.settings.viewBackgroundApps.set(true);
         p.model.toggleWhitelist(102);
     });
     QApplication::setLayoutDirection(Qt::LeftToRight);

@@ -79,9 +79,9 @@ void render(const QDir& folder, const QString& suffix) {
     bar->setValue(0);
 
     protect(pane);
-    pane.settings.setAutoQuitEnabled(true);
-    pane.settings.setViewBackgroundApps(true);
-    pane.settings.setOpenAtLogin(true);
+    pane.settings.autoQuitEnabled.set(true);
+    pane.settings.viewBackgroundApps.set(true);
+    pane.settings.openAtLogin.set(true);
     pane.window.setAttribute(Qt::WA_KeyboardFocusChange);
     pane.window.activateWindow();
     pane.view->findChild<QAbstractButton*>("playSounds")->setFocus();

@@ -95,13 +95,13 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
     EXPECT_EQ(machine.listed(busy)->bundleIdentifier, "com.jetbrains.fleet");
     const std::size_t editorWindows = machine.windowCount(editor);
 
-    settings.setAutoQuitMinutes(15);
-    settings.setAutoQuitEnabled(true);
+    settings.autoQuitMinutes.set(15);
+    settings.autoQuitEnabled.set(true);
     EXPECT_EQ(check(), 0us) << "nobody is idle yet";
-    settings.setAutoQuitEnabled(false);
+    settings.autoQuitEnabled.set(false);
     clock.shift = 16min;
     EXPECT_EQ(check(), 0us);
-    settings.setAutoQuitEnabled(true);
+    settings.autoQuitEnabled.set(true);
     check();
     EXPECT_FALSE(machine.isRunning(idle));
     EXPECT_EQ(machine.windowCount(editor), editorWindows) << "first it is only looked at";

@@ -21,8 +21,8 @@ constexpr std::uint64_t second = 1'000'000'000;
 
 struct AutoQuitManagerTest : testing::Test {
     AutoQuitManagerTest() {
-        settings.setAutoQuitEnabled(true);
-        settings.setAutoQuitMinutes(15);
+        settings.autoQuitEnabled.set(true);
+        settings.autoQuitMinutes.set(15);
         machine.strings.texts["auto_quit_notification %@ %lld"] = "%@ after %lld minutes";
         machine.strings.singular["auto_quit_notification %@ %lld"] = "%@ after %lld minute";
     }
@@ -98,13 +98,13 @@ TEST_F(AutoQuitManagerTest, QuitsThroughADayWhatWasLeftAlone) {
 TEST_F(AutoQuitManagerTest, ReadsTheSettingsOnEveryPass) {
     launch(1, "a");
     age("a", 20min);
-    settings.setAutoQuitEnabled(false);
+    settings.autoQuitEnabled.set(false);
     EXPECT_EQ(check(), Pids{});
-    settings.setAutoQuitEnabled(true);
-    settings.setAutoQuitMinutes(30);
+    settings.autoQuitEnabled.set(true);
+    settings.autoQuitMinutes.set(30);
     EXPECT_EQ(check(), Pids{});
     EXPECT_EQ(machine.workspace.lists, 0) << "nobody is inactive: nothing is listed";
-    settings.setAutoQuitMinutes(19);
+    settings.autoQuitMinutes.set(19);
     EXPECT_EQ(check(), Pids{1}) << "the time since the last activation counts at once";
     EXPECT_EQ(notices(), Names{"App 1 after 19 minutes"});
 }
@@ -128,18 +128,18 @@ TEST_F(AutoQuitManagerTest, TakesAnyStoredMinutes) {
           {Limits::min(), 1h, false}}) {
         launch(++process, "a");
         age("a", since);
-        settings.setAutoQuitMinutes(minutes);
+        settings.autoQuitMinutes.set(minutes);
         EXPECT_EQ(check(), isQuit ? Pids{process} : Pids{}) << minutes;
         machine.processes.end(process);
     }
 }
 
 TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
-    settings.setNeverQuitApps({"listed", "desktop-name"});
+    settings.neverQuitApps.set({"listed", "desktop-name"});
     machine.workspace.canonicalIdentifiers["desktop-name"] = "known.name";
     ProcessId process = 0;
     for (const bool musicRule : {true, false}) {
-        settings.setNeverQuitMusicApps(musicRule);
+        settings.neverQuitMusicApps.set(musicRule);
         for (const auto& [identifier, isQuit] : {std::pair{"unknown.app", true},
                                                  {"com.apple.finder", false},
                                                  {"com.docker.docker", false},
@@ -227,7 +227,7 @@ TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
 }
 
 TEST_F(AutoQuitManagerTest, TellsOnlyOfWhatHasGone) {
-    settings.setDefaultQuitMode(QuitMode::force);
+    settings.defaultQuitMode.set(QuitMode::force);
     using Duration = std::chrono::milliseconds;
     for (const auto& [accepts, endsAfter, isNoticed, slept, requests] :
          {std::tuple<bool, std::optional<Duration>, bool, Duration, std::size_t>{true, 0ms, true,

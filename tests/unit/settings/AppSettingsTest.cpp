@@ -5,118 +5,135 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+
 namespace calmora {
 namespace {
 
 using Strings = std::vector<std::string>;
+using Stored = std::map<std::string, DefaultsValue>;
+using namespace std::string_literals;
 
-const std::map<std::string, DefaultsValue> initial{
-    {"openAtLogin", false},
-    {"neverQuitMusicApps", true},
-    {"deselectAppsByDefault", false},
-    {"includeFinderWindows", false},
-    {"sortOrder", std::string("alphabetical")},
-    {"resourceDisplay", std::string("cpuOnly")},
-    {"defaultQuitMode", std::string("normal")},
-    {"viewBackgroundApps", false},
-    {"groupBackgroundInstances", true},
-    {"autoQuitEnabled", false},
-    {"autoQuitMinutes", std::int64_t{30}},
-    {"playSounds", false},
-    {"neverQuitApps", Strings{}},
-};
+const Stored initial{{"openAtLogin", false},
+                     {"neverQuitMusicApps", true},
+                     {"deselectAppsByDefault", false},
+                     {"includeFinderWindows", false},
+                     {"sortOrder", "alphabetical"s},
+                     {"resourceDisplay", "cpuOnly"s},
+                     {"defaultQuitMode", "normal"s},
+                     {"viewBackgroundApps", false},
+                     {"groupBackgroundInstances", true},
+                     {"autoQuitEnabled", false},
+                     {"autoQuitMinutes", std::int64_t{30}},
+                     {"playSounds", false},
+                     {"neverQuitApps", Strings{}}};
 
-TEST(AppSettings, AreRegisteredButNotWrittenAtFirst) {
+const Stored changed{{"openAtLogin", true},
+                     {"neverQuitMusicApps", false},
+                     {"deselectAppsByDefault", true},
+                     {"includeFinderWindows", true},
+                     {"sortOrder", "memoryUsage"s},
+                     {"resourceDisplay", "none"s},
+                     {"defaultQuitMode", "force"s},
+                     {"viewBackgroundApps", true},
+                     {"groupBackgroundInstances", false},
+                     {"autoQuitEnabled", true},
+                     {"autoQuitMinutes", std::int64_t{-45}},
+                     {"playSounds", true},
+                     {"neverQuitApps", Strings{"a", "b"}}};
+
+/// What other settings store that are given the values of `from`.
+Stored stored(const AppSettings& from) {
     FakeUserDefaults defaults;
-    const AppSettings settings(defaults);
+    AppSettings to(defaults);
+    to.openAtLogin.set(from.openAtLogin());
+    to.neverQuitMusicApps.set(from.neverQuitMusicApps());
+    to.deselectAppsByDefault.set(from.deselectAppsByDefault());
+    to.includeFinderWindows.set(from.includeFinderWindows());
+    to.sortOrder.set(from.sortOrder());
+    to.resourceDisplay.set(from.resourceDisplay());
+    to.defaultQuitMode.set(from.defaultQuitMode());
+    to.viewBackgroundApps.set(from.viewBackgroundApps());
+    to.groupBackgroundInstances.set(from.groupBackgroundInstances());
+    to.autoQuitEnabled.set(from.autoQuitEnabled());
+    to.autoQuitMinutes.set(from.autoQuitMinutes());
+    to.playSounds.set(from.playSounds());
+    to.neverQuitApps.set(from.neverQuitApps());
+    return defaults.stored;
+}
+
+TEST(AppSettings, ReadStoreAndResetEveryPreference) {
+    FakeUserDefaults defaults;
+    EXPECT_EQ(stored(AppSettings(defaults)), initial);
     EXPECT_EQ(defaults.registered, initial);
     EXPECT_TRUE(defaults.writes.empty());
-    EXPECT_TRUE(settings.neverQuitMusicApps());
-    EXPECT_EQ(settings.autoQuitMinutes(), 30);
-    EXPECT_FALSE(settings.openAtLogin() || settings.playSounds() || settings.autoQuitEnabled());
-}
 
-TEST(AppSettings, ReadWhatIsStoredAndMendWhatIsNot) {
-    FakeUserDefaults defaults;
-    defaults.stored = {{"openAtLogin", true},
-                       {"neverQuitMusicApps", std::string("no")},
-                       {"sortOrder", std::string("memoryUsage")},
-                       {"resourceDisplay", std::string("Both")},
-                       {"defaultQuitMode", std::string("Force")},
-                       {"autoQuitMinutes", std::int64_t{-5}},
-                       {"neverQuitApps", Strings{"b", "a", "b"}}};
+    defaults.stored = changed;
     AppSettings settings(defaults);
-    EXPECT_TRUE(settings.openAtLogin());
-    EXPECT_TRUE(settings.neverQuitMusicApps());
-    EXPECT_EQ(settings.sortOrder(), SortOrder::memoryUsage);
-    EXPECT_EQ(settings.resourceDisplay(), ResourceDisplay::cpuOnly);
-    EXPECT_EQ(settings.defaultQuitMode(), QuitMode::normal);
-    EXPECT_EQ(settings.autoQuitMinutes(), -5);
-    EXPECT_EQ(settings.neverQuitApps(), (std::set<std::string>{"a", "b"}));
-
-    settings.setPlaySounds(true);
-    EXPECT_EQ(defaults.stored.at("neverQuitApps"), DefaultsValue(Strings{"b", "a", "b"}));
-    EXPECT_EQ(defaults.stored.at("defaultQuitMode"), DefaultsValue(std::string("Force")));
-    settings.addToNeverQuit("a");
-    EXPECT_EQ(defaults.stored.at("neverQuitApps"), DefaultsValue(Strings{"a", "b"}));
-}
-
-TEST(AppSettings, WriteEveryAssignmentAndTellOfChanges) {
-    FakeUserDefaults defaults;
-    AppSettings settings(defaults);
-    std::vector<AppSettings::Property> told;
-    int minutes = 0;
-    const Subscription any =
-        settings.observeAny([&](AppSettings::Property property) { told.push_back(property); });
-    const Subscription one = settings.observe(AppSettings::Property::autoQuitMinutes, [&] {
-        minutes = static_cast<int>(settings.autoQuitMinutes());
-    });
-
-    settings.setSortOrder(SortOrder::alphabetical);
-    EXPECT_EQ(defaults.writes, Strings{"sortOrder"}) << "an equal value is persisted too";
-    EXPECT_TRUE(told.empty());
-
-    settings.setOpenAtLogin(true);
-    settings.setNeverQuitMusicApps(false);
-    settings.setDeselectAppsByDefault(true);
-    settings.setIncludeFinderWindows(true);
-    settings.setSortOrder(SortOrder::cpuUsage);
-    settings.setResourceDisplay(ResourceDisplay::none);
-    settings.setDefaultQuitMode(QuitMode::force);
-    settings.setViewBackgroundApps(true);
-    settings.setGroupBackgroundInstances(false);
-    settings.setAutoQuitEnabled(true);
-    EXPECT_EQ(minutes, 0);
-    settings.setAutoQuitMinutes(45);
-    settings.setPlaySounds(true);
-    settings.setNeverQuitApps({"x"});
-    EXPECT_EQ(minutes, 45);
-    EXPECT_EQ(told.size(), initial.size());
-    for (const auto& [key, value] : defaults.stored) {
-        EXPECT_NE(value, initial.at(key)) << key;
-    }
-    EXPECT_EQ(AppSettings(defaults).resourceDisplay(), ResourceDisplay::none);
-    EXPECT_EQ(AppSettings(defaults).defaultQuitMode(), QuitMode::force);
-
-    told.clear();
-    settings.addToNeverQuit("x");
-    settings.removeFromNeverQuit("absent");
-    EXPECT_EQ(told.size(), 2U) << "the list tells even when it stays the same";
-
-    defaults.writes.clear();
-    told.clear();
+    EXPECT_EQ(stored(settings), changed);
+    std::size_t notices = 0;
+    const Subscription any = settings.observeAny([&] { ++notices; });
     settings.resetToDefaults();
     EXPECT_EQ(defaults.stored, initial);
-    EXPECT_EQ(defaults.writes.size(), initial.size());
-    EXPECT_EQ(told.size(), initial.size());
-    EXPECT_TRUE(settings.neverQuitApps().empty());
+    EXPECT_EQ(notices, initial.size());
+}
+
+TEST(AppSettings, ForeignValuesReadAsTheDefaultAndStay) {
+    FakeUserDefaults defaults;
+    const Stored foreign{{"neverQuitMusicApps", "no"s}, {"sortOrder", "cpu"s},
+                         {"resourceDisplay", "Both"s},  {"defaultQuitMode", std::int64_t{1}},
+                         {"autoQuitMinutes", "15"s},    {"neverQuitApps", "a"s}};
+    defaults.stored = foreign;
+    EXPECT_EQ(stored(AppSettings(defaults)), initial);
+    EXPECT_EQ(defaults.stored, foreign);
+}
+
+TEST(AppSettings, PersistEveryWriteThenNotifyOfChanges) {
+    FakeUserDefaults defaults;
+    defaults.stored = {{"neverQuitApps", Strings{"b", "a", "b"}}};
+    AppSettings settings(defaults);
+    std::vector<DefaultsValue> heard;
+    const Subscription minutes = settings.autoQuitMinutes.observe(
+        [&] { heard.push_back(defaults.stored.at("autoQuitMinutes")); });
+    const Subscription list = settings.neverQuitApps.observe(
+        [&] { heard.push_back(defaults.stored.at("neverQuitApps")); });
+
+    settings.autoQuitMinutes.set(30);
+    settings.playSounds.set(true);
+    EXPECT_EQ(defaults.writes, (Strings{"autoQuitMinutes", "playSounds"}));
+    EXPECT_TRUE(heard.empty());
+    settings.autoQuitMinutes.set(45);
+    settings.addToNeverQuit("a");
+    settings.addToNeverQuit("c");
+    settings.removeFromNeverQuit("absent");
+    settings.removeFromNeverQuit("a");
+    EXPECT_EQ(heard, (std::vector<DefaultsValue>{std::int64_t{45}, Strings{"a", "b"},
+                                                 Strings{"a", "b", "c"}, Strings{"a", "b", "c"},
+                                                 Strings{"b", "c"}}));
+}
+
+TEST(AppSettings, AnObserverMayDestroyThem) {
+    using Action = std::function<void(AppSettings&)>;
+    for (const auto& [action, writes] : std::initializer_list<std::pair<Action, std::size_t>>{
+             {[](AppSettings& s) { s.playSounds.set(true); }, 1},
+             {[](AppSettings& s) { s.addToNeverQuit("a"); }, 1},
+             {[](AppSettings& s) { s.resetToDefaults(); }, 5}}) {
+        FakeUserDefaults defaults;
+        defaults.stored = {{"sortOrder", "cpuUsage"s}};
+        auto settings = std::make_unique<AppSettings>(defaults);
+        const Subscription any = settings->observeAny([&] { settings.reset(); });
+        action(*settings);
+        EXPECT_EQ(settings, nullptr);
+        EXPECT_EQ(defaults.writes.size(), writes);
+    }
 }
 
 TEST(NeverQuitList, ProtectsUnderStoredAndCanonicalIdentifiers) {
     FakePlatform machine;
     machine.workspace.canonicalIdentifiers = {{"firefox-esr", "org.mozilla.firefox"}};
     AppSettings settings(machine.defaults);
-    settings.setNeverQuitApps({"firefox-esr", "org.mozilla.firefox", "xterm"});
+    settings.neverQuitApps.set({"firefox-esr", "org.mozilla.firefox", "xterm"});
     const NeverQuitList list(settings, machine.workspace);
     EXPECT_TRUE(list.contains("org.mozilla.firefox"));
     EXPECT_TRUE(list.contains("xterm"));

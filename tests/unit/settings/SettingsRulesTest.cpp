@@ -34,7 +34,7 @@ TEST(NeverQuitEditing, NamesWhatNeedNotRun) {
     }
 
     AppSettings settings(machine.defaults);
-    settings.setNeverQuitApps(
+    settings.neverQuitApps.set(
         {"org.gnome.Calculator", "com.apple.Safari", "zebra", "Äpfel", "ant"});
     const std::vector<ProtectedApp> expected{{"ant", "ant"},
                                              {"com.apple.Safari", "Safari"},
@@ -68,22 +68,22 @@ TEST(OpenAtLogin, FollowsThePreferenceAndPutsItBackOnceWhenItCannot) {
         const OpenAtLogin handler(settings, item);
         EXPECT_TRUE(settings.openAtLogin()) << "the real state, set elsewhere";
         EXPECT_TRUE(item.requests.empty()) << "which is no change to carry over";
-        settings.setOpenAtLogin(false);
-        settings.setOpenAtLogin(true);
+        settings.openAtLogin.set(false);
+        settings.openAtLogin.set(true);
         settings.resetToDefaults();
         EXPECT_EQ(item.requests, (std::vector<bool>{false, true, false}));
         EXPECT_FALSE(item.enabled);
 
         item.isRefusing = true;
         item.requests.clear();
-        settings.setOpenAtLogin(true);
+        settings.openAtLogin.set(true);
         EXPECT_FALSE(settings.openAtLogin());
         EXPECT_EQ(item.requests, std::vector<bool>{true}) << "no try of the opposite, no end";
-        settings.setOpenAtLogin(true);
+        settings.openAtLogin.set(true);
         EXPECT_EQ(item.requests.size(), 2U) << "the next change is carried over again";
     }
     item.requests.clear();
-    settings.setOpenAtLogin(true);
+    settings.openAtLogin.set(true);
     EXPECT_TRUE(item.requests.empty());
 }
 

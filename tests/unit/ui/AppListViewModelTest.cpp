@@ -65,9 +65,9 @@ TEST_F(AppListViewModelTest, KeepsTicksAndFiguresByProcess) {
     model.toggleSelection(2);
     model.toggleSelection(3);
     model.updateResourceUsage();
-    settings.setDeselectAppsByDefault(true);
-    settings.setIncludeFinderWindows(true);
-    settings.setNeverQuitMusicApps(false);
+    settings.deselectAppsByDefault.set(true);
+    settings.includeFinderWindows.set(true);
+    settings.neverQuitMusicApps.set(false);
     model.refresh();
     EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd+");
     EXPECT_EQ(model.apps()[0].memoryMB, 2);
@@ -106,7 +106,7 @@ TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     EXPECT_EQ(machine.defaults.writes.size(), writes);
 
     machine.workspace.canonicalIdentifiers = {{"photo-tool", "com.adobe.xd"}};
-    settings.setNeverQuitApps({"photo-tool", "com.adobe.xd"});
+    settings.neverQuitApps.set({"photo-tool", "com.adobe.xd"});
     model.applyWhitelist();
     EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
     model.toggleWhitelist(4);
@@ -114,7 +114,7 @@ TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     EXPECT_TRUE(settings.neverQuitApps().empty());
 
     machine.workspace.at(6).otherIdentifiers = {"org.writer"};
-    settings.setNeverQuitApps({"org.writer"});
+    settings.neverQuitApps.set({"org.writer"});
     model.refresh();
     EXPECT_EQ(summary(model.apps()), "bare+ Music Xd Xd 2!") << "one window's application counts";
     model.toggleWhitelist(6);
@@ -135,9 +135,9 @@ TEST_F(AppListViewModelTest, SortsAndSearches) {
     model.updateResourceUsage();
 
     EXPECT_EQ(summary(model.filteredApps()), "alpha+ apple+ Beta+ Safari+");
-    settings.setSortOrder(SortOrder::cpuUsage);
+    settings.sortOrder.set(SortOrder::cpuUsage);
     EXPECT_EQ(summary(model.filteredApps()), "Safari+ apple+ alpha+ Beta+");
-    settings.setSortOrder(SortOrder::memoryUsage);
+    settings.sortOrder.set(SortOrder::memoryUsage);
     EXPECT_EQ(summary(model.filteredApps()), "alpha+ apple+ Safari+ Beta+");
 
     model.setSearchText("AP");
@@ -155,12 +155,12 @@ TEST_F(AppListViewModelTest, ShowsBackgroundApplicationsAsTheSettingsAsk) {
     EXPECT_EQ(summary(model.backgroundApps()), "Editor+[Sync+ zeta+] Agent+");
     EXPECT_EQ(summary(model.filteredBackgroundApps()), "");
 
-    settings.setViewBackgroundApps(true);
-    settings.setSortOrder(SortOrder::memoryUsage);
+    settings.viewBackgroundApps.set(true);
+    settings.sortOrder.set(SortOrder::memoryUsage);
     EXPECT_EQ(summary(model.filteredBackgroundApps()), "Agent+ Editor+[Sync+ zeta+]");
     model.setSearchText("ZET");
     EXPECT_EQ(summary(model.filteredBackgroundApps()), "Editor+[Sync+ zeta+]");
-    settings.setGroupBackgroundInstances(false);
+    settings.groupBackgroundInstances.set(false);
     model.refresh();
     EXPECT_EQ(summary(model.filteredBackgroundApps()), "zeta+");
 
@@ -215,7 +215,7 @@ TEST_F(AppListViewModelTest, DropsTheCountersOfWhatLeftBothLists) {
 TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
     launchSome();
     launch(6, "Stays", "org.stays").endsAfterTerminate.reset();
-    settings.setPlaySounds(true);
+    settings.playSounds.set(true);
     model.refresh();
     std::vector<Change> changes;
     const Subscription watching =
@@ -235,13 +235,13 @@ TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
     EXPECT_EQ(summary(model.apps()), "");
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
 
-    settings.setPlaySounds(false);
+    settings.playSounds.set(false);
     launch(8, "Quiet", "org.quiet");
     model.refresh();
     EXPECT_TRUE(model.quitApp(8, false));
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
 
-    settings.setPlaySounds(true);
+    settings.playSounds.set(true);
     machine.bundle.resources.clear();
     launch(9, "Mute", "org.mute");
     EXPECT_TRUE(AppListViewModel(settings, machine.platform()).quitApp(9, false)) << "no sound";

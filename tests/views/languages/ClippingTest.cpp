@@ -94,7 +94,7 @@ TEST_P(Clipping, Popover) {
     popover.launch(100, "Files");
     popover.launch(101, "Mail");
     popover.launch(102, "Agent", ActivationPolicy::accessory);
-    popover.settings.setViewBackgroundApps(true);
+    popover.settings.viewBackgroundApps.set(true);
     popover.window.show();
     expectWhole(popover.window, "popover");
     popover.machine.events.flags.emit({ModifierFlags::option});

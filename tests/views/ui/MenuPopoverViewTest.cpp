@@ -220,7 +220,7 @@ TEST_F(MenuPopoverViewTest, GroupsBackgroundApplications) {
     show();
     EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma"));
     EXPECT_FALSE(view->findChild<QWidget*>("backgroundHeader"));
-    settings.setViewBackgroundApps(true);
+    settings.viewBackgroundApps.set(true);
     rest();
     EXPECT_TRUE(view->findChild<QWidget*>("backgroundHeader")->isVisible());
     EXPECT_THAT(rows(), ElementsAre("Alpha", "Beta", "Gamma", "Zed"));
@@ -237,7 +237,7 @@ TEST_F(MenuPopoverViewTest, GroupsBackgroundApplications) {
     hold(ModifierFlags::option);
     click(rowButton("Helper", "quit"));
     QAbstractButton& gone = rowButton("Helper", "quit");
-    settings.setViewBackgroundApps(false);
+    settings.viewBackgroundApps.set(false);
     click(gone);
     ASSERT_THAT(machine.alerts.shown, SizeIs(2));
     EXPECT_EQ(machine.alerts.shown[0].messageText, "Do you want to force \"Helper\" to quit?");
@@ -349,7 +349,7 @@ TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
 
 TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
     launchThree();
-    settings.setSortOrder(SortOrder::cpuUsage);
+    settings.sortOrder.set(SortOrder::cpuUsage);
     show();
     const auto gammaAt = [this] { return rowWidgets().back()->mapTo(view, QPoint()).y(); };
     const int before = gammaAt();
