@@ -2,7 +2,6 @@
 
 #include "platform/Updater.h"
 #include "settings/form/BorderedButton.h"
-#include "theme/Metrics.h"
 #include "theme/Pictures.h"
 #include "theme/Theme.h"
 #include "ui/Controls.h"
@@ -78,8 +77,8 @@ AboutSettingsView::AboutSettingsView(Updater& updater, const std::optional<Image
     changes_ = checkForUpdatesViewModel_.observe(follow);
     add(check);
 
-    auto* divider = new Divider;
-    divider->setFixedWidth(dividerWidth + 2 * metrics::inset);
+    auto* divider = new Divider(nullptr, 0);
+    divider->setFixedWidth(dividerWidth);
     add(divider);
     add(line("notice", uiText("Quits your applications. Spares your work."), TextStyle::caption,
              QFont::Normal, ThemeColor::tertiary));

@@ -7,6 +7,7 @@
 #include "settings/form/Paragraph.h"
 #include "settings/form/SymbolView.h"
 #include "theme/Theme.h"
+#include "ui/Controls.h"
 #include "ui/DisplayText.h"
 
 #include <QEvent>
@@ -22,18 +23,6 @@ namespace {
 
 constexpr QSize sheetSize{360, 400};
 constexpr int emptySymbolPoints = 30;
-
-/// A line across.
-class Line final : public QWidget {
-  public:
-    explicit Line(QWidget* parent) : QWidget(parent) { setFixedHeight(1); }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.fillRect(rect(), Theme::of(*this).color(ThemeColor::separator));
-    }
-};
 
 QWidget* emptyState(QWidget* parent) {
     auto* state = new QWidget(parent);
@@ -76,7 +65,7 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     layout->setContentsMargins(1, 0, 1, 1);
     layout->setSpacing(0);
     layout->addLayout(titleRow);
-    layout->addWidget(new Line(this));
+    layout->addWidget(new Divider(this, 0));
     std::vector<WorkspaceApplication> candidates = addAppCandidates(platform);
     if (candidates.empty()) {
         layout->addWidget(emptyState(this), 1);

@@ -4,6 +4,7 @@
 #include "theme/Pictures.h"
 #include "theme/Theme.h"
 #include "ui/AppRowView.h"
+#include "ui/Controls.h"
 #include "ui/DisplayText.h"
 
 #include <QKeyEvent>
@@ -68,23 +69,13 @@ class BackgroundGroupRowView::Header final : public QPushButton {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override {
-        const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
-        switch (event->key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            click();
-            break;
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-            if ((event->key() == Qt::Key_Left) == rightToLeft ? !isExpanded_ : isExpanded_) {
+        const bool isLeft = event->key() == Qt::Key_Left;
+        if (isLeft || event->key() == Qt::Key_Right) {
+            const bool closes = isLeft == (layoutDirection() == Qt::LeftToRight);
+            if (closes == isExpanded_) {
                 click();
             }
-            break;
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-            event->ignore();
-            break;
-        default:
+        } else if (!handleButtonKey(*this, *event)) {
             QPushButton::keyPressEvent(event);
         }
     }

@@ -1,6 +1,5 @@
 #include "ui/Controls.h"
 
-#include "theme/Metrics.h"
 #include "theme/Pictures.h"
 #include "ui/DisplayText.h"
 
@@ -8,21 +7,8 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 
-#include <algorithm>
-#include <array>
-
 namespace calmora {
 namespace {
-
-/// Whether the event is Return; other keys that a list uses to move about are left to it.
-bool isReturn(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
-bool isArrow(const QKeyEvent& event) {
-    constexpr std::array arrows{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right};
-    return std::ranges::find(arrows, event.key()) != arrows.end();
-}
 
 QRect centred(const QRect& bounds, int side) {
     QRect box(0, 0, side, side);
@@ -31,6 +17,23 @@ QRect centred(const QRect& bounds, int side) {
 }
 
 } // namespace
+
+bool handleButtonKey(QAbstractButton& button, QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        button.click();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        event.ignore();
+        return true;
+    default:
+        return false;
+    }
+}
 
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent) {
     setFocusPolicy(Qt::TabFocus);
@@ -59,11 +62,7 @@ bool CheckBox::hitButton(const QPoint& position) const {
 }
 
 void CheckBox::keyPressEvent(QKeyEvent* event) {
-    if (isReturn(*event)) {
-        click();
-    } else if (isArrow(*event)) {
-        event->ignore();
-    } else {
+    if (!handleButtonKey(*this, *event)) {
         QCheckBox::keyPressEvent(event);
     }
 }
@@ -113,11 +112,7 @@ QSize SymbolButton::sizeHint() const {
 }
 
 void SymbolButton::keyPressEvent(QKeyEvent* event) {
-    if (isReturn(*event)) {
-        click();
-    } else if (isArrow(*event)) {
-        event->ignore();
-    } else {
+    if (!handleButtonKey(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }
@@ -162,13 +157,13 @@ void Label::paintEvent(QPaintEvent*) {
              LineEnd::leading, layoutDirection());
 }
 
-Divider::Divider(QWidget* parent) : QWidget(parent) {
+Divider::Divider(QWidget* parent, int inset) : QWidget(parent), inset_(inset) {
     setFixedHeight(1);
 }
 
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect().adjusted(metrics::inset, 0, -metrics::inset, 0),
+    painter.fillRect(rect().adjusted(inset_, 0, -inset_, 0),
                      Theme::of(*this).color(ThemeColor::separator));
 }
 

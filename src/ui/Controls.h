@@ -1,12 +1,20 @@
 #pragma once
 
+#include "theme/Metrics.h"
 #include "theme/Theme.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 
+class QKeyEvent;
+
 namespace calmora {
+
+/// Handles the keys that mean the same for every button: Return presses it, and the arrows are
+/// left to the list or form around it. Qt would move the focus with them, for example into a
+/// picker, whose value the next press would change. False for every other key.
+[[nodiscard]] bool handleButtonKey(QAbstractButton& button, QKeyEvent& event);
 
 /// A check box that shows what it is told: a click only reports itself (`clicked`), the new state
 /// comes back through setChecked(). The box may be smaller than the area that takes clicks.
@@ -81,13 +89,17 @@ class Label : public QLabel {
     ThemeColor color_;
 };
 
-/// A thin line across, inset like everything in the popover.
+/// A thin horizontal line.
 class Divider : public QWidget {
   public:
-    explicit Divider(QWidget* parent = nullptr);
+    /// `inset` is the space left free at both ends.
+    explicit Divider(QWidget* parent = nullptr, int inset = metrics::inset);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int inset_;
 };
 
 } // namespace calmora

@@ -2,6 +2,7 @@
 
 #include "theme/Metrics.h"
 #include "theme/Theme.h"
+#include "ui/Controls.h"
 #include "ui/DisplayText.h"
 
 #include <QEvent>
@@ -93,18 +94,7 @@ void QuitAllButton::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void QuitAllButton::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        click();
-        break;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        event->ignore();
-        break;
-    default:
+    if (!handleButtonKey(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }

@@ -1,9 +1,9 @@
 #include "settings/form/BorderedButton.h"
 
-#include "settings/form/FormKeys.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/Paragraph.h"
 #include "theme/Pictures.h"
+#include "ui/Controls.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -66,7 +66,7 @@ int BorderedButton::heightForWidth(int width) const {
 }
 
 void BorderedButton::keyPressEvent(QKeyEvent* event) {
-    if (!handleFormKey(*this, *event)) {
+    if (!handleButtonKey(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }

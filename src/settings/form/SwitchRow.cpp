@@ -1,9 +1,9 @@
 #include "settings/form/SwitchRow.h"
 
-#include "settings/form/FormKeys.h"
 #include "settings/form/FormMetrics.h"
 #include "settings/form/Paragraph.h"
 #include "theme/Theme.h"
+#include "ui/Controls.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -65,7 +65,7 @@ bool SwitchRow::hitButton(const QPoint& position) const {
 }
 
 void SwitchRow::keyPressEvent(QKeyEvent* event) {
-    if (!handleFormKey(*this, *event)) {
+    if (!handleButtonKey(*this, *event)) {
         QCheckBox::keyPressEvent(event);
     }
 }
