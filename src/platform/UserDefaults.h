@@ -33,10 +33,6 @@ class UserDefaults {
     /// The string under a key. Another type reads as the registered default, without one absent.
     [[nodiscard]] virtual std::optional<std::string> string(const std::string& key) const = 0;
 
-    /// The strings under a key. Another type reads as the registered default, without one absent.
-    [[nodiscard]] virtual std::optional<std::vector<std::string>>
-    stringArray(const std::string& key) const = 0;
-
     /// The keys that start with `prefix` and hold any value at all, also one of a type that
     /// DefaultsValue cannot hold; registered defaults are not among them. Ascending.
     [[nodiscard]] virtual std::vector<std::string> keys(const std::string& prefix) const = 0;

@@ -29,10 +29,6 @@ class FakeUserDefaults final : public UserDefaults {
         return typed<std::string>(key);
     }
 
-    std::optional<std::vector<std::string>> stringArray(const std::string& key) const override {
-        return typed<std::vector<std::string>>(key);
-    }
-
     std::vector<std::string> keys(const std::string& prefix) const override {
         std::vector<std::string> found;
         for (const auto& [key, value] : stored) {

@@ -47,7 +47,7 @@ TEST_F(JsonUserDefaultsTest, KeepsEachValueWithItsType) {
     EXPECT_EQ(again.value("yes"), DefaultsValue(true));
     EXPECT_EQ(again.value("number"), DefaultsValue(std::int64_t{-5}));
     EXPECT_EQ(again.string("text"), "Grüße \"\\\n");
-    EXPECT_EQ(again.stringArray("list"), (Strings{"a", ""}));
+    EXPECT_EQ(again.value("list"), DefaultsValue(Strings{"a", ""}));
     EXPECT_EQ(again.string("broken"), "a\xef\xbf\xbd");
     EXPECT_EQ(modeOf(file), 0600U);
 }
@@ -65,7 +65,7 @@ TEST_F(JsonUserDefaultsTest, ReadsTheRegisteredDefaultForAnotherTypeAndNeverWrit
     EXPECT_TRUE(defaults.boolean("flag"));
     EXPECT_EQ(defaults.integer("count"), 7);
     EXPECT_EQ(defaults.integer("big"), 8);
-    EXPECT_EQ(defaults.stringArray("list"), Strings{"d"});
+    EXPECT_EQ(defaults.value("list"), DefaultsValue(Strings{"d"}));
     EXPECT_EQ(defaults.string("name"), "n");
     EXPECT_EQ(defaults.string("flag"), "true");
     defaults.set("other", false);

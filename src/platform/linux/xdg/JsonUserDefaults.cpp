@@ -165,11 +165,6 @@ std::optional<std::string> JsonUserDefaults::string(const std::string& key) cons
     return typed<std::string>(key);
 }
 
-std::optional<std::vector<std::string>>
-JsonUserDefaults::stringArray(const std::string& key) const {
-    return typed<std::vector<std::string>>(key);
-}
-
 std::vector<std::string> JsonUserDefaults::keys(const std::string& prefix) const {
     std::vector<std::string> found;
     for (auto key = keys_.lower_bound(prefix); key != keys_.end() && key->starts_with(prefix);

@@ -38,8 +38,6 @@ class JsonUserDefaults final : public UserDefaults {
     [[nodiscard]] bool boolean(const std::string& key) const override;
     [[nodiscard]] std::int64_t integer(const std::string& key) const override;
     [[nodiscard]] std::optional<std::string> string(const std::string& key) const override;
-    [[nodiscard]] std::optional<std::vector<std::string>>
-    stringArray(const std::string& key) const override;
     [[nodiscard]] std::vector<std::string> keys(const std::string& prefix) const override;
     void set(const std::string& key, DefaultsValue value) override;
     void remove(const std::string& key) override;
