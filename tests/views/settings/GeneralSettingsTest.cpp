@@ -20,10 +20,8 @@
 namespace calmora {
 namespace {
 
-using Property = AppSettings::Property;
-
 struct GeneralSettingsTest : testing::Test, SettingsFixture {
-    /// A child of the window, or of the sheet on it, that must be there.
+    /// A child of the window or of its sheet; throws if there is none.
     template <typename Widget>
     Widget& child(const char* name) const {
         auto* found = window.findChild<Widget*>(name);
@@ -41,13 +39,13 @@ struct GeneralSettingsTest : testing::Test, SettingsFixture {
 
     static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
 
-    /// Lets rows that were taken away be deleted.
+    /// Lets removed rows be deleted.
     static void settle() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     }
 
-    /// The names of the applications in rows of this kind.
+    /// The applications in rows with this object name.
     [[nodiscard]] QStringList names(const char* rows) const {
         QStringList texts;
         for (const QWidget* row : window.findChildren<QWidget*>(rows)) {
@@ -57,31 +55,8 @@ struct GeneralSettingsTest : testing::Test, SettingsFixture {
     }
 };
 
-TEST_F(GeneralSettingsTest, HasItsTenSectionsInOrder) {
-    open();
-    QStringList shown;
-    for (const QObject* child : window.findChild<QScrollArea*>()->widget()->children()) {
-        if (const auto* section = qobject_cast<const QWidget*>(child)) {
-            shown += "[" + section->accessibleName() + "]";
-            for (const QWidget* part : section->findChildren<QWidget*>()) {
-                if (const auto* control = qobject_cast<const QAbstractButton*>(part)) {
-                    shown += control->text();
-                } else if (qobject_cast<const QComboBox*>(part)) {
-                    shown += part->accessibleName();
-                }
-            }
-        }
-    }
-    EXPECT_EQ(shown.join("|").toStdString(),
-              "[Startup]|Open Calmora at login|[Updates]|Automatically check for updates|[Sounds]|"
-              "Play sound on quit|[Protection]|Never quit music apps|Deselect apps by default|"
-              "[Never-Quit List]|Add App|[Extras]|Include Finder in app list|View background apps|"
-              "Group background instances|[Display]|Sort by|Show resources|[Quit]|"
-              "Default quit mode|[Auto Quit]|Auto-quit inactive apps|After|[]|Reset All Settings");
-}
-
-TEST_F(GeneralSettingsTest, EverySwitchEditsItsPreferenceAndFollowsIt) {
-    settings.setViewBackgroundApps(true);
+TEST_F(GeneralSettingsTest, EverySwitchEditsAndShowsItsPreference) {
+    settings.viewBackgroundApps.set(true);
     open();
     std::map<std::string, bool> before;
     for (const char* name : {"openAtLogin", "playSounds", "neverQuitMusicApps",
@@ -104,53 +79,38 @@ TEST_F(GeneralSettingsTest, EverySwitchEditsItsPreferenceAndFollowsIt) {
 }
 
 TEST_F(GeneralSettingsTest, EveryPickerOffersItsOptionsAndEditsItsPreference) {
-    struct Case {
-        const char* name;
-        const char* options;
-        std::vector<DefaultsValue> stored;
-    };
-
-    settings.setAutoQuitEnabled(true);
+    settings.autoQuitEnabled.set(true);
     open();
-    using namespace std::string_literals;
-    for (const Case& c : {
-             Case{"sortOrder",
-                  "Name (A-Z)|CPU Usage|Memory Usage",
-                  {"alphabetical"s, "cpuUsage"s, "memoryUsage"s}},
-             Case{"resourceDisplay",
-                  "CPU Only|Memory Only|Both|None",
-                  {"cpuOnly"s, "memoryOnly"s, "both"s, "none"s}},
-             Case{"defaultQuitMode", "Normal|Force", {"normal"s, "force"s}},
-             Case{"autoQuitMinutes",
-                  "5 minutes|10 minutes|15 minutes|30 minutes|1 hour|2 hours|4 hours|8 hours",
-                  {std::int64_t{5}, std::int64_t{10}, std::int64_t{15}, std::int64_t{30},
-                   std::int64_t{60}, std::int64_t{120}, std::int64_t{240}, std::int64_t{480}}},
-         }) {
-        QComboBox& control = picker(c.name);
-        QStringList titles;
+    for (const auto& [name, expected] :
+         {std::pair("sortOrder", "Name (A-Z)=alphabetical|CPU Usage=cpuUsage|"
+                                 "Memory Usage=memoryUsage|"),
+          {"resourceDisplay", "CPU Only=cpuOnly|Memory Only=memoryOnly|Both=both|None=none|"},
+          {"defaultQuitMode", "Normal=normal|Force=force|"},
+          {"autoQuitMinutes", "5 minutes=5|10 minutes=10|15 minutes=15|30 minutes=30|"
+                              "1 hour=60|2 hours=120|4 hours=240|8 hours=480|"}}) {
+        QComboBox& control = picker(name);
+        std::string offered;
+        QTest::keyClick(&control, Qt::Key_End);
         for (int index = 0; index < control.count(); ++index) {
-            titles += control.itemText(index);
+            QTest::keyClick(&control, index == 0 ? Qt::Key_Home : Qt::Key_Down);
+            const DefaultsValue stored = machine.defaults.stored.at(name);
+            const auto* text = std::get_if<std::string>(&stored);
+            offered += control.currentText().toStdString() + "=" +
+                       (text ? *text : std::to_string(std::get<std::int64_t>(stored))) + "|";
         }
-        EXPECT_EQ(titles.join("|").toStdString(), c.options);
-        EXPECT_EQ(control.currentText().toStdString(),
-                  c.name == "autoQuitMinutes"s ? "30 minutes" : titles.front().toStdString());
-        QTest::keyClick(&control, Qt::Key_Home);
-        for (std::size_t index = 1; index < c.stored.size(); ++index) {
-            QTest::keyClick(&control, Qt::Key_Down);
-            EXPECT_EQ(machine.defaults.stored.at(c.name), c.stored[index]) << c.name;
-        }
+        EXPECT_EQ(offered, expected);
         const int last = control.currentIndex();
         QWheelEvent wheel(QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&control, &wheel);
-        EXPECT_EQ(control.currentIndex(), last) << "scrolling the pane changes nothing";
+        EXPECT_EQ(control.currentIndex(), last) << "the wheel must not change the option";
     }
     settings.resetToDefaults();
     EXPECT_EQ(picker("resourceDisplay").currentText(), "CPU Only");
 }
 
 TEST_F(GeneralSettingsTest, ArrowsScrollAndNeverLeadIntoAPicker) {
-    settings.setAutoQuitEnabled(true);
+    settings.autoQuitEnabled.set(true);
     open();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -173,7 +133,7 @@ TEST_F(GeneralSettingsTest, ArrowsScrollAndNeverLeadIntoAPicker) {
 }
 
 TEST_F(GeneralSettingsTest, KeepsMinutesThatItDoesNotOffer) {
-    settings.setAutoQuitMinutes(45);
+    settings.autoQuitMinutes.set(45);
     open();
     EXPECT_EQ(picker("autoQuitMinutes").currentIndex(), -1);
     EXPECT_FALSE(picker("autoQuitMinutes").isEnabled());
@@ -209,7 +169,7 @@ TEST_F(GeneralSettingsTest, CannotSwitchAnUpdaterThatIsNotThere) {
     UnavailableUpdater none;
     open(none);
     EXPECT_FALSE(button("automaticallyChecksForUpdates").isEnabled());
-    EXPECT_EQ(child<QLabel>("updatesUnavailable").text(), "update_packaged") << "no table here";
+    EXPECT_EQ(child<QLabel>("updatesUnavailable").text(), "update_packaged") << "untranslated here";
 }
 
 TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
@@ -226,7 +186,7 @@ TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
     EXPECT_TRUE(child<QLabel>("neverQuitCount").isVisible());
     EXPECT_FALSE(child<QWidget>("neverQuitEmpty").isVisible());
 
-    // By keyboard: the next button takes the keyboard over, and at the end "Add App".
+    // By keyboard: the focus moves to the next button, and from the last to "Add App".
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     window.findChildren<QAbstractButton*>("removeFromNeverQuit").value(1)->setFocus();
@@ -243,7 +203,7 @@ TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
     EXPECT_FALSE(child<QWidget>("neverQuitCount").isVisible());
 }
 
-TEST_F(GeneralSettingsTest, TabFollowsTheEyeThroughTheList) {
+TEST_F(GeneralSettingsTest, TabFollowsTheOrderOfTheRows) {
     for (const char* identifier : {"a", "b", "c"}) {
         settings.addToNeverQuit(identifier);
     }
@@ -298,7 +258,6 @@ TEST_F(GeneralSettingsTest, SaysWhenNothingRuns) {
     open();
     click(button("addApp"));
     EXPECT_TRUE(child<QWidget>("noCandidates").isVisible());
-    EXPECT_EQ(child<QWidget>("noCandidates").findChild<QLabel*>()->text(), "No running apps found");
 }
 
 TEST_F(GeneralSettingsTest, MakesOnlyTheCandidatesInSight) {
@@ -326,7 +285,7 @@ TEST_F(GeneralSettingsTest, ClipsNothingWithLargerTexts) {
         pane.settings.addToNeverQuit(std::string(300, 'm'));
         pane.open();
         settle();
-        settle(); // A row that puts its parts below each other asks for room.
+        settle(); // A row that wraps its parts asks for more height.
         QWidget* form = pane.window.findChild<QScrollArea*>()->widget();
         EXPECT_LE(form->width(), pane.window.width()) << points;
         for (const QWidget* part : form->findChildren<QWidget*>()) {
