@@ -13,14 +13,13 @@ namespace calmora {
 
 class Updater;
 
-/// The About pane of the settings window: icon, name, version and the button that looks for
-/// updates.
+/// The About pane of the settings window: icon, name, version and a button to check for updates.
 class AboutSettingsView final : public QWidget {
   public:
     static constexpr int iconSide = 96;
 
-    /// `updater` must outlive the pane. An icon that cannot be drawn leaves no gap; without a
-    /// version the pane shows "1.0.0".
+    /// `updater` must outlive the pane. An icon that cannot be drawn takes no space;
+    /// without a version the pane shows "1.0.0".
     AboutSettingsView(Updater& updater, const std::optional<Image>& icon,
                       const std::optional<std::string>& version, QWidget* parent = nullptr);
 

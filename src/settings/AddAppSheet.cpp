@@ -77,17 +77,17 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
 
 bool AddAppSheet::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parent() && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
-        hang();
+        moveToTopOfWindow();
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void AddAppSheet::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    hang();
+    moveToTopOfWindow();
 }
 
-void AddAppSheet::hang() {
+void AddAppSheet::moveToTopOfWindow() {
     const QWidget* window = parentWidget();
     move(window->mapToGlobal(QPoint((window->width() - width()) / 2, 0)));
 }

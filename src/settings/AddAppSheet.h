@@ -8,13 +8,13 @@ namespace calmora {
 
 class AppSettings;
 
-/// The sheet that lists the running applications and puts any of them on the never-quit list. It
-/// hangs from the top of its window, which waits until it is closed; it stays open while
-/// applications are added. Escape closes it.
+/// The sheet that lists the running applications and adds any of them to the never-quit list. It
+/// is attached to the top of its window and blocks it until closed. It stays open while
+/// applications are added; Escape closes it.
 class AddAppSheet final : public QDialog {
   public:
-    /// Lists what runs now. `settings` and the platform must outlive the sheet; `window` is the
-    /// one that it hangs from.
+    /// Lists the applications that are running now. `settings` and the platform must outlive the
+    /// sheet; `window` is the window that it is attached to.
     AddAppSheet(AppSettings& settings, const Platform& platform, QWidget* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,7 +24,7 @@ class AddAppSheet final : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
-    void hang();
+    void moveToTopOfWindow();
 };
 
 } // namespace calmora

@@ -47,7 +47,7 @@ void CandidateList::realize() {
     const int step = rowHeight_ + spacing;
     const int top = verticalScrollBar()->value();
     const int count = static_cast<int>(candidates_.size());
-    // One more on each side, so that Tab finds the next.
+    // One more on each side, so that Tab can reach it.
     const int first = std::clamp((top - padding) / step - 1, 0, count);
     const int last = std::clamp((top + viewport()->height() - padding) / step + 2, 0, count);
     for (int index = first; index < last; ++index) {

@@ -13,8 +13,8 @@ namespace calmora {
 class AppSettings;
 class CandidateRow;
 
-/// The applications that can be put on the never-quit list, a row each, with a button that adds
-/// it. Rows come into being when they are scrolled into sight. Follows the settings.
+/// The applications that can be added to the never-quit list, one row each with a button to add
+/// it. Rows are created when they scroll into view. Updates with the settings.
 class CandidateList final : public QScrollArea {
   public:
     /// `settings` and the platform must outlive the list.
@@ -26,16 +26,16 @@ class CandidateList final : public QScrollArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
-    /// Makes the rows in sight.
+    /// Creates and places the rows in view.
     void realize();
-    /// Brings the rows there are to what the settings say.
+    /// Updates the existing rows from the settings.
     void refresh();
 
     AppSettings& settings_;
     Platform platform_;
     std::vector<WorkspaceApplication> candidates_;
     int rowHeight_;
-    /// One for each candidate; null until it is in sight.
+    /// One for each candidate; null until it comes into view.
     std::vector<CandidateRow*> rows_;
     Subscription change_;
 };

@@ -11,12 +11,12 @@ namespace calmora {
 class BorderedButton;
 class Label;
 
-/// A running application that can be put on the never-quit list.
+/// A running application that can be added to the never-quit list.
 class CandidateRow final : public QWidget {
   public:
     CandidateRow(const WorkspaceApplication& app, std::function<void()> onAdd, QWidget* parent);
 
-    /// Whether it is on the list, which is shown in the button's place.
+    /// Shows that the application is on the list, in place of the button, or the button again.
     void setAdded(bool isAdded);
 
     /// The button that adds it.

@@ -9,7 +9,7 @@ namespace calmora {
 
 class Updater;
 
-/// Follows whether a check for updates can be started, for a button. Main thread.
+/// The state of a button that checks for updates. Main thread.
 class CheckForUpdatesViewModel {
   public:
     /// `updater` must outlive the model.
@@ -18,9 +18,10 @@ class CheckForUpdatesViewModel {
     CheckForUpdatesViewModel(const CheckForUpdatesViewModel&) = delete;
     CheckForUpdatesViewModel& operator=(const CheckForUpdatesViewModel&) = delete;
 
+    /// Whether a check can be started now.
     [[nodiscard]] bool canCheckForUpdates() const { return canCheckForUpdates_; }
 
-    /// Calls `handler` after each value that the updater gives until the token ends.
+    /// Calls `handler` after each update of the state until the token ends.
     [[nodiscard]] Subscription observe(std::function<void()> handler);
 
   private:

@@ -19,8 +19,8 @@ template <typename Value>
 class Preference;
 
 /// The General pane of the settings window: every preference in ten sections. Each control shows
-/// the settings and writes through to them at once; the pane holds no copy. While the pane exists
-/// the login item follows its preference.
+/// a preference and writes to it at once; the pane holds no copy. While the pane exists, it applies
+/// the preference openAtLogin to the login item.
 class GeneralSettingsView final : public QWidget {
   public:
     /// All references must outlive the pane.
@@ -32,12 +32,13 @@ class GeneralSettingsView final : public QWidget {
 
   private:
     void build(QWidget* form);
+    /// Adds a row that shows and edits a preference; returns the row.
     QWidget* addSwitch(FormSection& section, Preference<bool>& preference, const char* title);
     template <typename Value, typename Choices>
     QWidget* addPicker(FormSection& section, Preference<Value>& preference, const char* title,
                        const Choices& choices);
     void addUpdates(FormSection& section);
-    /// Brings every control to what the settings say.
+    /// Updates every control from the settings.
     void refresh();
     void showAddAppSheet();
 
@@ -46,7 +47,7 @@ class GeneralSettingsView final : public QWidget {
     Platform platform_;
     bool showingAddAppSheet_ = false;
     OpenAtLogin openAtLogin_;
-    /// Bring one control each to what the settings say.
+    /// Each updates controls from the settings.
     std::vector<std::function<void()>> bindings_;
     Subscription changes_;
 };

@@ -12,7 +12,7 @@ namespace calmora {
 
 class AppSettings;
 
-/// One entry of the never-quit list as it is shown.
+/// An entry of the never-quit list as the pane shows it.
 struct ProtectedApp {
     /// As stored.
     std::string bundleIdentifier;
@@ -21,21 +21,21 @@ struct ProtectedApp {
     friend bool operator==(const ProtectedApp&, const ProtectedApp&) = default;
 };
 
-/// The name of an application that need not run: the catalogue's, else the installed
-/// application's, else the identifier itself.
+/// The name of an application, running or not: from the catalogue, else from the installed
+/// application, else the identifier itself.
 [[nodiscard]] std::string appDisplayName(const std::string& bundleIdentifier,
                                          const Workspace& workspace);
 
-/// The icon of the installed application; absent where none is installed.
+/// The icon of the installed application; absent if it is not installed.
 [[nodiscard]] std::optional<Image> appIcon(const std::string& bundleIdentifier,
                                            const Workspace& workspace);
 
-/// The never-quit list by name, in the reader's order.
+/// The never-quit list, sorted by name as the locale sorts.
 [[nodiscard]] std::vector<ProtectedApp> protectedApps(const AppSettings& settings,
                                                       const Platform& platform);
 
-/// The running applications that can be put on the never-quit list: regular ones with an
-/// identifier, by name, in the reader's order.
+/// The running applications that can be added to the never-quit list: regular ones with an
+/// identifier, sorted by name as the locale sorts.
 [[nodiscard]] std::vector<WorkspaceApplication> addAppCandidates(const Platform& platform);
 
 } // namespace calmora

@@ -10,9 +10,9 @@ namespace calmora {
 class AppSettings;
 class Workspace;
 
-/// The never-quit list as it applies to running applications. A stored identifier stands for
-/// itself and for the one under which the workspace lists that application, so that an entry
-/// written with a desktop file's name still protects. Built when the list is applied; cheap.
+/// The never-quit list as it applies to running applications. A stored identifier matches itself
+/// and the identifier under which the workspace lists that application, so that the name of a
+/// desktop file protects too. Built each time the list is applied; cheap.
 class NeverQuitList {
   public:
     NeverQuitList(const AppSettings& settings, const Workspace& workspace);
@@ -20,12 +20,12 @@ class NeverQuitList {
     /// Whether an application with this identifier is protected.
     [[nodiscard]] bool contains(const std::string& bundleIdentifier) const;
 
-    /// Whether a process is protected that shows the windows of several applications: closing
-    /// one of them closes all.
+    /// Whether a process that shows windows of several applications is protected: quitting one
+    /// of them quits all.
     [[nodiscard]] bool contains(const std::string& bundleIdentifier,
                                 std::span<const std::string> otherIdentifiers) const;
 
-    /// The stored identifiers that protect an application; removing them all ends its protection.
+    /// The stored identifiers that protect an application; remove them all to end its protection.
     [[nodiscard]] std::vector<std::string> storedFor(const std::string& bundleIdentifier) const;
 
   private:

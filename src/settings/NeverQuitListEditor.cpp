@@ -24,16 +24,6 @@ constexpr int iconSide = 20;
 constexpr int shieldPoints = 13;
 constexpr int removePoints = 13;
 
-/// A row whose parts stand side by side.
-QHBoxLayout* rowLayout(QWidget* row) {
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
-                               metrics::rowPadding);
-    layout->setSpacing(metrics::rowSpacing);
-    row->setMinimumHeight(metrics::formRow);
-    return layout;
-}
-
 } // namespace
 
 NeverQuitListEditor::NeverQuitListEditor(AppSettings& settings, const Platform& platform,
@@ -75,7 +65,7 @@ QWidget* NeverQuitListEditor::makeHeader(std::function<void()> onAddApp) {
 
 void NeverQuitListEditor::rebuild() {
     const int focused = focusedRow();
-    // Not deleted at once: the change may come from a button of a row.
+    // Deleted later: the change may come from a button in a row.
     for (QWidget* row : std::exchange(rows_, {})) {
         row->setObjectName({});
         row->hide();
@@ -103,7 +93,11 @@ QWidget* NeverQuitListEditor::makeRow(const std::string& bundleIdentifier,
                                       const std::string& name) {
     auto* row = new QWidget(this);
     row->setObjectName("neverQuitRow");
-    QHBoxLayout* layout = rowLayout(row);
+    row->setMinimumHeight(metrics::formRow);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
+                               metrics::rowPadding);
+    layout->setSpacing(metrics::rowSpacing);
     layout->addWidget(
         new AppIconView(appIcon(bundleIdentifier, platform_.workspace), iconSide, row));
     auto* label = new Label(TextStyle::body, QFont::Normal, ThemeColor::primary, row);

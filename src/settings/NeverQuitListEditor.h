@@ -16,8 +16,8 @@ namespace calmora {
 class AppSettings;
 class BorderedButton;
 
-/// The never-quit list: how many there are, a button to add one, and a row per application with a
-/// button that takes it off. Follows the settings.
+/// Shows the never-quit list: the number of entries, a button to add one, and a row per
+/// application with a button to remove it. Updates with the settings.
 class NeverQuitListEditor final : public FormRows {
   public:
     /// `onAddApp` is called when the user wants to add an application. `settings` and the
@@ -28,7 +28,7 @@ class NeverQuitListEditor final : public FormRows {
   private:
     void rebuild();
     [[nodiscard]] QWidget* makeHeader(std::function<void()> onAddApp);
-    /// The row of one application; its button is appended to removeButtons_.
+    /// The row of one application; appends its button to removeButtons_.
     [[nodiscard]] QWidget* makeRow(const std::string& bundleIdentifier,
                                    const std::string& displayName);
     [[nodiscard]] int focusedRow() const;

@@ -8,7 +8,7 @@
 
 namespace calmora {
 
-/// An application's icon in a square frame, or a symbol where there is none that can be drawn.
+/// An application's icon in a square frame, or a symbol if there is no icon that can be drawn.
 class AppIconView final : public QWidget {
   public:
     AppIconView(const std::optional<Image>& icon, int side, QWidget* parent = nullptr);

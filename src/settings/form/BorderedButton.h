@@ -7,15 +7,15 @@
 
 namespace calmora {
 
-/// A small button with an outline: a text, with a symbol before it where one is named.
+/// A small button with an outline, a text and an optional symbol before the text.
 class BorderedButton final : public QPushButton {
   public:
     BorderedButton(const QString& text, TextStyle style, QWidget* parent = nullptr);
 
-    /// Names the symbol; empty means none.
+    /// Sets the name of the symbol; empty means none.
     void setSymbol(const QString& symbol);
 
-    /// Breaks the text into lines where there is no room for it in one.
+    /// Wraps the text if it does not fit on one line.
     void setWordWrap();
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -11,8 +11,8 @@ FormArea::FormArea(QWidget* form, QWidget* parent) : QScrollArea(parent) {
     setFocusPolicy(Qt::NoFocus);
     setWidget(form);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
-        // What is clicked must not move away from under the pointer; a window that the click
-        // activates gets its focus back even before the press arrives.
+        // A clicked control must not move away from under the pointer. A window that the click
+        // activates regains its focus even before the press arrives.
         const bool isByKeyboard = before && now && before->window() == now->window() &&
                                   QGuiApplication::mouseButtons() == Qt::NoButton;
         if (isByKeyboard && widget()->isAncestorOf(now)) {

@@ -4,8 +4,8 @@
 
 namespace calmora {
 
-/// Shows a form as wide as there is room and scrolls it where it is higher, also to the control
-/// that the keyboard moves to.
+/// Shows a form at the full width and scrolls it vertically, also to the control that gets the
+/// focus by keyboard.
 class FormArea final : public QScrollArea {
   public:
     /// Owns the form.

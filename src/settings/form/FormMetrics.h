@@ -14,11 +14,11 @@ inline constexpr int titleGap = 7;
 inline constexpr int cardRadius = buttonRadius;
 /// Left and right in a row of a card.
 inline constexpr int rowInset = 12;
-/// Above and below what stands in a row.
+/// Above and below the content of a row.
 inline constexpr int rowPadding = 6;
-/// The least height of a row.
+/// The minimum height of a row.
 inline constexpr int formRow = 38;
-/// Between what stands side by side in a row.
+/// Between the parts of a row.
 inline constexpr int rowSpacing = 8;
 
 /// Corners of buttons and pickers.

@@ -6,7 +6,7 @@ class QVBoxLayout;
 
 namespace calmora {
 
-/// Rows below each other with a thin line between those that are shown.
+/// Rows below each other, with a thin line between the visible ones.
 class FormRows : public QWidget {
   public:
     explicit FormRows(QWidget* parent = nullptr);

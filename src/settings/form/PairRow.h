@@ -6,13 +6,13 @@ class QBoxLayout;
 
 namespace calmora {
 
-/// A row of a form with two parts side by side, or, where it is too narrow for both, below each
-/// other: with large texts in a language of long words.
+/// A row of a form with two parts side by side, or below each other if the row is too narrow for
+/// both, as with large text in a language with long words.
 class PairRow : public QWidget {
   public:
     explicit PairRow(QWidget* parent = nullptr);
 
-    /// Fills the row, which owns both. The leading part takes the room that is left over.
+    /// Fills the row, which owns both. The leading part takes the remaining width.
     void setParts(QWidget* leading, QWidget* trailing);
 
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -11,14 +11,14 @@
 
 namespace calmora {
 
-/// One of the values that a picker offers.
+/// A value that a picker offers.
 struct PickerOption {
     QString title;
     std::int64_t value = 0;
 };
 
-/// A button that shows the chosen option and opens the list of them, by Return too. The wheel
-/// scrolls what it stands in and never changes it.
+/// A button that shows the current option and opens the list of options, also with Return. The
+/// wheel scrolls the form and never changes the option.
 class Picker final : public QComboBox {
   public:
     explicit Picker(QWidget* parent = nullptr);
@@ -35,16 +35,17 @@ class Picker final : public QComboBox {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A row of a form with a title and, at its end, a picker.
+/// A row of a form with a title and a picker at its end.
 class PickerRow final : public PairRow {
   public:
     /// `onPick` is called when the user picks an option, with its value.
     PickerRow(const QString& title, const std::vector<PickerOption>& options,
               std::function<void(std::int64_t)> onPick, QWidget* parent = nullptr);
 
-    /// Shows the option with this value, or none where there is none.
+    /// Shows the option with this value, or nothing if there is none.
     void setValue(std::int64_t value);
 
+    /// The picker of this row.
     [[nodiscard]] QComboBox& picker() { return *picker_; }
 
   private:

@@ -5,8 +5,8 @@
 
 namespace calmora {
 
-/// A row of a form with a title and, at its end, a switch; a click anywhere in it turns the
-/// switch, and so do Space and Return.
+/// A row of a form with a title and a switch at its end. A click anywhere in the row, Space and
+/// Return toggle the switch.
 class SwitchRow final : public QCheckBox {
   public:
     explicit SwitchRow(const QString& title, QWidget* parent = nullptr);
@@ -21,10 +21,10 @@ class SwitchRow final : public QCheckBox {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    /// Moves the knob; at once while nobody can see it.
+    /// Moves the knob, without animation while hidden.
     void slide(bool isOn);
 
-    /// From 0, off, to 1, on.
+    /// From 0 (off) to 1 (on).
     QVariantAnimation knob_;
 };
 

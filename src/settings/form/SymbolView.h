@@ -7,7 +7,7 @@
 
 namespace calmora {
 
-/// A symbol in a colour of the theme; screen readers pass it by.
+/// A symbol in a colour of the theme; screen readers ignore it.
 class SymbolView final : public QWidget {
   public:
     SymbolView(const QString& symbol, int points, ThemeColor color, QWidget* parent = nullptr);

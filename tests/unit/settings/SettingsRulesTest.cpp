@@ -10,7 +10,7 @@
 namespace calmora {
 namespace {
 
-TEST(NeverQuitEditing, NamesWhatNeedNotRun) {
+TEST(NeverQuitEditing, NamesAndSortsApplicationsThatAreNotRunning) {
     FakePlatform machine;
     machine.workspace.installed["org.gnome.Calculator"] = {"Taschenrechner", Image{"calc", {}, {}},
                                                            "/usr/share/applications/c.desktop"};
@@ -59,15 +59,15 @@ TEST(NeverQuitEditing, OffersRegularApplicationsWithAnIdentifier) {
     EXPECT_EQ(listed, (std::vector<ProcessId>{5, 2, 1}));
 }
 
-TEST(OpenAtLogin, FollowsThePreferenceAndPutsItBackOnceWhenItCannot) {
+TEST(OpenAtLogin, AppliesThePreferenceAndPutsItBackOnceAfterAFailure) {
     FakePlatform machine;
     AppSettings settings(machine.defaults);
     FakeLoginItem item;
     item.enabled = true;
     {
         const OpenAtLogin handler(settings, item);
-        EXPECT_TRUE(settings.openAtLogin()) << "the real state, set elsewhere";
-        EXPECT_TRUE(item.requests.empty()) << "which is no change to carry over";
+        EXPECT_TRUE(settings.openAtLogin()) << "changed elsewhere";
+        EXPECT_TRUE(item.requests.empty()) << "not a change to apply";
         settings.openAtLogin.set(false);
         settings.openAtLogin.set(true);
         settings.resetToDefaults();
@@ -78,9 +78,9 @@ TEST(OpenAtLogin, FollowsThePreferenceAndPutsItBackOnceWhenItCannot) {
         item.requests.clear();
         settings.openAtLogin.set(true);
         EXPECT_FALSE(settings.openAtLogin());
-        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "no try of the opposite, no end";
+        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "the put-back is not applied";
         settings.openAtLogin.set(true);
-        EXPECT_EQ(item.requests.size(), 2U) << "the next change is carried over again";
+        EXPECT_EQ(item.requests.size(), 2U) << "the next change is applied";
     }
     item.requests.clear();
     settings.openAtLogin.set(true);

@@ -14,11 +14,11 @@
 
 namespace calmora {
 
-/// A General pane over a machine in memory, in a window of the settings window's size.
+/// A General pane on fake services, in a window of the size of the settings window.
 struct SettingsFixture {
     SettingsFixture() { window.resize(450, 560); }
 
-    /// Makes the pane; the login item and the settings may be prepared before.
+    /// Creates the pane. Prepare the login item and the settings before.
     GeneralSettingsView& open(Updater& updates) {
         view = new GeneralSettingsView(settings, updates, loginItem, machine.platform(), &window);
         auto* layout = new QVBoxLayout(&window);
