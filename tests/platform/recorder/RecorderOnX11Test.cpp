@@ -60,7 +60,9 @@ class RecorderOnX11 : public testing::Test {
         settle();
     }
 
-    RecorderCocoa& recorder(int index) { return *window.findChildren<RecorderCocoa*>().at(index); }
+    RecorderCocoa& recorder(int index) {
+        return static_cast<RecorderCocoa&>(*window.findChildren<QLineEdit*>().at(index));
+    }
 
     /// A real click in the middle of a place.
     void click(QPoint place) {

@@ -122,7 +122,8 @@ TEST_P(Clipping, Settings) {
         expectWhole(view, "settings, pane " + std::to_string(pane));
         EXPECT_EQ(view.rect().size(), QSize(450, 560));
     }
-    auto& recorder = *view.findChild<QWidget*>("quitAll")->findChild<RecorderCocoa*>();
+    auto& recorder =
+        static_cast<RecorderCocoa&>(*view.findChild<QWidget*>("quitAll")->findChild<QLineEdit*>());
     tabs->setCurrentIndex(1);
     view.activateWindow();
     QApplication::processEvents();

@@ -36,7 +36,8 @@ struct ShortcutsPane {
     }
 
     [[nodiscard]] RecorderCocoa& recorder(const char* name) {
-        return *window.findChild<QWidget*>(name)->findChild<RecorderCocoa*>();
+        return static_cast<RecorderCocoa&>(
+            *window.findChild<QWidget*>(name)->findChild<QLineEdit*>());
     }
 
     FakeUserDefaults defaults;
