@@ -20,6 +20,9 @@ STATES = {
     "expanded": Atspi.StateType.EXPANDED,
 }
 
+# at-spi2 2.54 has renamed a role; what reads the tree uses the names from before.
+OLD_NAMES = {"button": "push button"}
+
 
 def label_of(node):
     """The name of what labels a node; empty where nothing does."""
@@ -36,7 +39,7 @@ def describe(node):
         place = node.get_extents(Atspi.CoordType.SCREEN)
         children = 0 if node.get_role() == Atspi.Role.COMBO_BOX else node.get_child_count()
         return {
-            "role": node.get_role_name(),
+            "role": OLD_NAMES.get(node.get_role_name(), node.get_role_name()),
             "name": node.get_name(),
             "label": label_of(node),
             "description": node.get_description(),
