@@ -48,7 +48,7 @@ class Package(DesktopCase):
 
         control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
                                  capture_output=True).stdout
-        for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6",
+        for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6", "qt6-svg-plugins",
                                              "libqt6network6", "libxcb1")),
                                 ("Recommends", ("libcanberra0", "libcanberra-pulse"))):
             line = re.search(rf"^{field}: (.*)$", control, re.MULTILINE)[1]
