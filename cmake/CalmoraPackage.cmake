@@ -28,7 +28,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "adwaita-icon-theme, default-dbus-session-bus | dbus-session-bus, libcanberra-pulse, libcanberra0, qt6-translations-l10n")
+    "adwaita-icon-theme, adwaita-icon-theme-legacy | adwaita-icon-theme (<< 45), default-dbus-session-bus | dbus-session-bus, libcanberra-pulse, libcanberra0, qt6-translations-l10n")
 include(CPack)
 
 set(documents "${PROJECT_BINARY_DIR}/documents")
