@@ -32,10 +32,10 @@ inline constexpr auto annexChat = std::to_array<std::string_view>({
     "loqui", "mikutter", "net.kvirc.KVIrc5", "nheko", "org.gajim.Gajim", "org.gnome.Fractal",
     "org.gnome.Polari", "org.kde.choqok", "org.kde.kdeconnect.sms", "org.kde.konversation",
     "org.kde.ktpcontactlist", "org.kde.neochat", "org.kde.spacebar", "org.kde.tokodon",
-    "org.nanuc.Axolotl", "org.nongnu.dianara", "org.perezdecastro.Revolt",
-    "org.quassel_irc.QuasselClient", "org.signal.Signal", "org.squidowl.halloy", "pcmanx", "pidgin",
-    "psi", "psi-plus", "psi-plus-webkit", "pumpa", "quassel", "quasselclient", "signal-desktop",
-    "sm.puri.Chatty", "tkabber", "toxic", "utox",
+    "org.kop316.meshtastic", "org.laptop.Chat.activity", "org.nanuc.Axolotl", "org.nongnu.dianara",
+    "org.perezdecastro.Revolt", "org.quassel_irc.QuasselClient", "org.signal.Signal",
+    "org.squidowl.halloy", "pcmanx", "pidgin", "psi", "psi-plus", "psi-plus-webkit", "pumpa",
+    "quassel", "quasselclient", "signal-desktop", "sm.puri.Chatty", "tkabber", "toxic", "utox",
 });
 
 /// Text editors.
@@ -55,10 +55,11 @@ inline constexpr auto annexEditors = std::to_array<std::string_view>({
 inline constexpr auto annexNotes = std::to_array<std::string_view>({
     "Affiche", "almanah", "basket", "cherrytree", "com.adilhanney.saber",
     "com.github.phase1geo.minder", "com.github.ransome1.sleek", "com.github.xournalpp.xournalpp",
-    "com.logseq.Logseq", "net.cozic.joplin_desktop", "net.sourceforge.Lifeograph", "nixnote2",
-    "noblenote", "org.gnome.Almanah", "org.gnome.Gnote", "org.gnome.Notes", "org.gnome.Todo",
-    "org.gnome.World.Iotas", "org.kde.kjots", "org.kde.klevernotes", "org.kde.knotes",
-    "org.kde.marknote", "org.kde.zanshin", "org.qownnotes.QOwnNotes",
+    "com.logseq.Logseq", "gtimelog", "io.github.mrvladus.List", "mnemosyne",
+    "net.cozic.joplin_desktop", "net.sourceforge.Lifeograph", "nixnote2", "noblenote",
+    "org.gnome.Almanah", "org.gnome.Gnote", "org.gnome.Hamster.GUI", "org.gnome.Notes",
+    "org.gnome.Todo", "org.gnome.World.Iotas", "org.kde.kjots", "org.kde.klevernotes",
+    "org.kde.knotes", "org.kde.marknote", "org.kde.zanshin", "org.qownnotes.QOwnNotes",
     "org.standardnotes.standardnotes", "org.zim_wiki.Zim", "rednotebook", "rhinote", "tomboy-ng",
     "treeline", "treesheets", "xournal", "xpad", "zim",
 });
@@ -66,10 +67,11 @@ inline constexpr auto annexNotes = std::to_array<std::string_view>({
 /// Development.
 inline constexpr auto annexDevelopment = std::to_array<std::string_view>({
     "GammaRay", "Gorm", "ProjectCenter", "Projucer", "SuperColliderIDE", "anjuta",
-    "ar.xjuan.Cambalache", "arduino", "basexgui", "cc.arduino.IDE2", "clips", "cmake-gui",
-    "codeblocks", "codium", "com.axosoft.GitKraken", "com.github.Murmele.Gittyup",
-    "com.github.alecaddd.sequeler", "com.syntevo.SmartGit", "com.unity.UnityHub",
-    "com.visualstudio.code.oss", "com.vscodium.codium", "cppcheck-gui", "ddd", "edb", "eric7_ide",
+    "ar.xjuan.Cambalache", "arduino", "basexgui", "bf-animation-editor", "bf-level-editor",
+    "bf-model-editor", "cc.arduino.IDE2", "clips", "cmake-gui", "codeblocks", "codium",
+    "com.axosoft.GitKraken", "com.github.Murmele.Gittyup", "com.github.alecaddd.sequeler",
+    "com.syntevo.SmartGit", "com.unity.UnityHub", "com.visualstudio.code.oss",
+    "com.vscodium.codium", "cppcheck-gui", "crystal-facet-uml", "ddd", "edb", "eric7_ide",
     "flamerobin", "fluid", "gambas3", "giggle", "git-cola", "git-dag", "glogg", "gnuradio-grc",
     "godot3", "graide", "groovyConsole", "hotspot", "idle-python3.11", "io.beekeeperstudio.Studio",
     "io.dbeaver.DBeaverCommunity", "io.gdevelop.ide", "io.github.mightycreak.Diffuse", "jmeter",
@@ -78,44 +80,49 @@ inline constexpr auto annexDevelopment = std::to_array<std::string_view>({
     "org.gnome.Builder", "org.gnome.Glade", "org.gnome.Gtranslator", "org.gnome.Meld",
     "org.gnome.Sysprof", "org.gnome.dfeet", "org.gnome.dspy", "org.gnome.gitg",
     "org.godotengine.Godot3", "org.kde.cervisia", "org.kde.heaptrack", "org.kde.kcachegrind",
-    "org.kde.kdesvn", "org.kde.kdevelop", "org.kde.kdiff3", "org.kde.kompare", "org.kde.lokalize",
-    "org.kde.massif-visualizer", "org.kde.umbrello", "org.omegat.OmegaT", "org.pgadmin.pgadmin4",
+    "org.kde.kdesvn", "org.kde.kdevelop", "org.kde.kdiff3", "org.kde.kompare", "org.kde.kturtle",
+    "org.kde.lokalize", "org.kde.massif-visualizer", "org.kde.umbrello",
+    "org.laptop.Pippy.activity", "org.omegat.OmegaT", "org.pgadmin.pgadmin4",
     "org.qt-project.qtcreator", "org.racket_lang.Racket", "org.radare.iaito", "org.soapui.SoapUI",
-    "org.spyder_ide.spyder", "org.thonny.Thonny", "org.wxformbuilder.wxFormBuilder", "pyzo", "qgit",
-    "renderdoc", "sasm", "scratch", "sonic-pi", "spyder", "sqlitebrowser", "squeak", "thg",
-    "tkcon-console", "tkcvs", "umlet", "visualvm", "wxGlade",
+    "org.spyder_ide.spyder", "org.storm_lang.progvis", "org.thonny.Thonny",
+    "org.wxformbuilder.wxFormBuilder", "pyzo", "qgit", "renderdoc", "sasm", "scratch", "sonic-pi",
+    "spyder", "sqlitebrowser", "squeak", "thg", "tkcon-console", "tkcvs", "umlet", "visualvm",
+    "wxGlade",
 });
 
 /// Office.
 inline constexpr auto annexOffice = std::to_array<std::string_view>({
     "AddressManager", "YAGF", "abiword", "app.drey.Planner", "calibre-ebook-edit", "calibre-gui",
     "cb2bib", "com.calibre_ebook.calibre", "com.github.jeromerobert.pdfarranger",
-    "com.sigil_ebook.Sigil", "com.wps.Office", "diffpdf", "focuswriter", "freeplane", "glabels-3.0",
-    "glom", "gnucash", "gnumed_client", "gnumeric", "gramps", "grisbi", "gummi", "homebank",
-    "io.frappe.books", "io.gitlab.pyspread.pyspread", "jabref", "jameica", "jverein", "ktikz",
-    "libreoffice-base", "libreoffice-calc", "libreoffice-draw", "libreoffice-impress",
-    "libreoffice-math", "libreoffice-startcenter", "libreoffice-writer", "lyx", "manuskript",
-    "net.ankiweb.Anki", "net.xmind.XMind8", "net.xmind.ZEN", "org.cvfosammmm.Setzer",
-    "org.gnome.Contacts", "org.gnome.GTG", "org.gnome.enter_tex", "org.gnome.latexila",
-    "org.gnumeric.gnumeric", "org.gramps_project.Gramps", "org.grisbi.Grisbi", "org.kde.calligra",
-    "org.kde.calligra.sheets", "org.kde.calligra.stage", "org.kde.calligra.words",
-    "org.kde.calligragemini", "org.kde.calligraplan", "org.kde.calligrasheets",
-    "org.kde.calligrastage", "org.kde.calligrawords", "org.kde.kaddressbook", "org.kde.kbibtex",
-    "org.kde.kexi-3.2", "org.kde.kile", "org.kde.kmymoney", "org.kde.skrooge", "org.kde.tellico",
-    "org.libreoffice.LibreOffice", "org.lyx.LyX", "org.onlyoffice.desktopeditors",
-    "org.pdfstitcher.pdfstitcher", "org.texmacs.TeXmacs", "org.texstudio.TeXstudio",
-    "org.tug.texworks", "pageedit", "pdfchain", "pdfsam", "plume-creator", "pytrainer", "qtikz",
-    "scribus", "sigil", "texmacs", "texmaker", "texstudio", "texworks", "tryton-client", "vym",
-    "webissues", "work.openpaper.Paperwork",
+    "com.sigil_ebook.Sigil", "com.wps.Office", "de.bschu.cashbox", "diffpdf", "focuswriter",
+    "freeplane", "glabels-3.0", "glom", "gnucash", "gnumed_client", "gnumeric", "gramps", "grisbi",
+    "gummi", "homebank", "io.frappe.books", "io.github.GourmandRecipeManager.Gourmand",
+    "io.gitlab.pyspread.pyspread", "jabref", "jameica", "jverein", "ktikz", "libreoffice-base",
+    "libreoffice-calc", "libreoffice-draw", "libreoffice-impress", "libreoffice-math",
+    "libreoffice-startcenter", "libreoffice-writer", "lyx", "manuskript", "net.ankiweb.Anki",
+    "net.auto_multiple_choice.amc", "net.xmind.XMind8", "net.xmind.ZEN", "org.cvfosammmm.Setzer",
+    "org.gnome.Contacts", "org.gnome.GTG", "org.gnome.Recipes", "org.gnome.enter_tex",
+    "org.gnome.latexila", "org.gnumeric.gnumeric", "org.gramps_project.Gramps", "org.grisbi.Grisbi",
+    "org.kde.calligra", "org.kde.calligra.sheets", "org.kde.calligra.stage",
+    "org.kde.calligra.words", "org.kde.calligragemini", "org.kde.calligraplan",
+    "org.kde.calligrasheets", "org.kde.calligrastage", "org.kde.calligrawords",
+    "org.kde.kaddressbook", "org.kde.kbibtex", "org.kde.kexi-3.2", "org.kde.kile",
+    "org.kde.kmymoney", "org.kde.parley", "org.kde.skrooge", "org.kde.tellico",
+    "org.laptop.AbiWordActivity.activity", "org.libreoffice.LibreOffice", "org.lyx.LyX",
+    "org.onlyoffice.desktopeditors", "org.pdfstitcher.pdfstitcher", "org.texmacs.TeXmacs",
+    "org.texstudio.TeXstudio", "org.tug.texworks", "pageedit", "pampi", "pdfchain", "pdfsam",
+    "plume-creator", "ptask", "pytrainer", "qbrew", "qtikz", "scribus", "sigil", "texmacs",
+    "texmaker", "texstudio", "texworks", "tryton-client", "vprerex", "vym", "webissues",
+    "work.openpaper.Paperwork",
 });
 
 /// Pictures, scans, drawings and models.
 inline constexpr auto annexPictures = std::to_array<std::string_view>({
-    "PrusaSlicer", "ch.openboard.OpenBoard", "com.belmoussaoui.Obfuscate",
+    "PrusaSlicer", "ch.openboard.OpenBoard", "cloudcompare", "com.belmoussaoui.Obfuscate",
     "com.prusa3d.PrusaSlicer", "com.sweethome3d.Sweethome3d", "de.bforartists.Bforartists",
-    "net.epson.epsonscan2", "net.sourceforge.qtpfsgui.LuminanceHDR", "openboard", "org.gimp.GIMP",
-    "org.kde.spectacle", "org.ksnip.ksnip", "org.openscad.OpenSCAD", "org.tuxpaint.Tuxpaint",
-    "shutter", "slic3r", "wings3d",
+    "meshlab", "net.epson.epsonscan2", "net.sourceforge.qtpfsgui.LuminanceHDR", "openboard",
+    "org.gimp.GIMP", "org.kde.perusecreator", "org.kde.spectacle", "org.ksnip.ksnip",
+    "org.openscad.OpenSCAD", "org.tuxpaint.Tuxpaint", "shutter", "slic3r", "wings3d",
 });
 
 /// Video.
@@ -147,17 +154,24 @@ inline constexpr auto annexSound = std::to_array<std::string_view>({
 
 /// Science, engineering and computation.
 inline constexpr auto annexScience = std::to_array<std::string_view>({
-    "electric", "geogebra", "gnome-genius", "gtkwave", "invesalius", "kst2", "org.gaphor.Gaphor",
-    "org.kde.kig", "org.kde.step", "org.kicad.eeschema", "org.kicad.gerbview", "org.kicad.kicad",
-    "org.kicad.pcbnew", "org.openchemistry.Avogadro2", "org.openstreetmap.josm",
-    "org.scilab.Scilab", "pcb-rnd", "topcat", "visidata", "weka", "xcas",
+    "carmetal", "electric", "geogebra", "gnome-genius", "gtkwave", "invesalius", "kst2",
+    "org.gaphor.Gaphor", "org.kde.kig", "org.kde.kmplot", "org.kde.step", "org.kicad.eeschema",
+    "org.kicad.gerbview", "org.kicad.kicad", "org.kicad.pcbnew", "org.openchemistry.Avogadro2",
+    "org.openstreetmap.josm", "org.scilab.Scilab", "pcb-rnd", "praat-file", "topcat", "visidata",
+    "weka", "xcas",
 });
 
 /// Archives and disk usage: what they do they do with the CPU.
 inline constexpr auto annexArchives = std::to_array<std::string_view>({
-    "Zipper", "arqiver", "com.github.qarmin.czkawka", "dupeguru", "engrampa", "gdmap", "k4dirstat",
-    "lxqt-archiver", "mate-disk-usage-analyzer", "org.gnome.FileRoller", "org.gnome.baobab",
-    "org.kde.ark", "org.kde.filelight", "org.kde.kdf", "qdirstat", "xarchiver", "xfa",
+    "Zipper", "arqiver", "com.github.qarmin.czkawka", "dupeguru", "engrampa", "gdmap", "gfm",
+    "gprename", "k4dirstat", "lxqt-archiver", "mate-disk-usage-analyzer", "org.gnome.FileRoller",
+    "org.gnome.baobab", "org.kde.ark", "org.kde.filelight", "org.kde.kdf", "qdirstat", "tilp",
+    "xarchiver", "xfa",
+});
+
+/// File managers that are browsers first.
+inline constexpr auto annexFileBrowsers = std::to_array<std::string_view>({
+    "konqbrowser", "org.kde.konqueror",
 });
 
 /// Games and their launchers.
@@ -167,9 +181,9 @@ inline constexpr auto annexGames = std::to_array<std::string_view>({
 });
 
 /// All of these, by subject.
-inline constexpr std::array<std::span<const std::string_view>, 12> annexCautious{
+inline constexpr std::array<std::span<const std::string_view>, 13> annexCautious{
     annexMail, annexChat, annexEditors, annexNotes, annexDevelopment, annexOffice, annexPictures,
-    annexVideo, annexSound, annexScience, annexArchives, annexGames,
+    annexVideo, annexSound, annexScience, annexArchives, annexFileBrowsers, annexGames,
 };
 
 // clang-format on

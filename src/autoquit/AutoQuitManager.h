@@ -25,8 +25,8 @@ struct WorkspaceApplication;
 
 /// Politely quits regular applications that have not been brought to the front for as long as the
 /// settings say, and tells the user of each one that has gone. Which ones may go is decided by
-/// the settings and the catalogue. Its tools are its own, apart from those of the list. Main
-/// thread.
+/// the settings, the catalogue and, for what is not in it, the annex and the desktop entry. Its
+/// tools are its own, apart from those of the list. Main thread.
 class AutoQuitManager {
   public:
     /// How often the applications are looked at.

@@ -19,6 +19,7 @@ class ProcessTreeSampler {
     /// A sample older than this is as good as none: an average over hours says nothing of now.
     static constexpr std::chrono::minutes longestInterval{3};
 
+    /// No sample yet. What the platform refers to must outlive the sampler.
     explicit ProcessTreeSampler(Platform platform);
 
     /// Starts a pass while these applications run: which process has started which is read again
