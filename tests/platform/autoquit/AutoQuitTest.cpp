@@ -142,7 +142,7 @@ TEST_F(AutoQuitOnADesktop, SparesATerminalAndWhatHasABusyChild) {
     const pid_t working =
         comesToFront(machine.client({"--class", "Working", "--child", job.string()}));
 
-    settings.setAutoQuitEnabled(true);
+    settings.autoQuitEnabled.set(true);
     clock.shift = 24h;
     check();
     EXPECT_TRUE(machine.isRunning(quiet));
