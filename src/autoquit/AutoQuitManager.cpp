@@ -103,7 +103,8 @@ bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
     if (settings_.neverQuitMusicApps() && isMusicPlayer(bundleIdentifier)) {
         return false;
     }
-    if (bundleIdentifier == finderBundleIdentifier || neverQuitApps.contains(bundleIdentifier, app.otherIdentifiers)) {
+    if (bundleIdentifier == finderBundleIdentifier ||
+        neverQuitApps.contains(bundleIdentifier, app.otherIdentifiers)) {
         return false;
     }
     const std::optional<KnownAppInfo> known = KnownApps::lookup(bundleIdentifier);

@@ -30,15 +30,18 @@ bool exists(ProcessTable& processes, ProcessId process) {
 }
 
 /// The text test on the path is on purpose a plain one: whoever names a bundle path decides with
-/// a closing slash whether siblings that begin alike belong to it.
-std::set<ProcessId> pidsInBundlePath(ProcessTable& processes, const std::string& path) {
+/// a closing slash whether siblings that begin alike belong to it. The workspace knows which
+/// programs below it are not the application's.
+std::set<ProcessId> pidsInBundlePath(const Workspace& workspace, ProcessTable& processes,
+                                     const std::string& path) {
     std::set<ProcessId> found;
     if (path.empty()) {
         return found;
     }
     const auto runsInside = [&](ProcessId process) {
         const std::optional<std::string> executable = processes.executablePath(process);
-        return executable && executable->starts_with(path);
+        return executable && executable->starts_with(path) &&
+               !workspace.belongsToAnotherProgram(path, *executable);
     };
     for (const ProcessId process : processes.allProcesses()) {
         // Read again once held: the id may have passed to another process in between.
@@ -71,7 +74,7 @@ AppQuitterOperations platformOperations(Platform platform) {
         return exists(platform.processes, pid);
     };
     operations.lookupProcessIDsInBundlePath = [platform](const std::string& path) {
-        return pidsInBundlePath(platform.processes, path);
+        return pidsInBundlePath(platform.workspace, platform.processes, path);
     };
     operations.sleep = [platform](std::chrono::microseconds duration) {
         platform.clock.sleep(duration);

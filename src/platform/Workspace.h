@@ -71,6 +71,13 @@ class Workspace {
     [[nodiscard]] virtual std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) = 0;
 
+    /// Whether an executable below a bundle path is another program's all the same: a launcher
+    /// has the games that it installed in its own folder.
+    [[nodiscard]] virtual bool belongsToAnotherProgram(const std::string& /*bundlePath*/,
+                                                       const std::string& /*executable*/) const {
+        return false;
+    }
+
     /// The identifier under which this workspace lists the application that a stored identifier
     /// means: where the two differ, a desktop file's name stands for a well-known identifier.
     [[nodiscard]] virtual std::string canonicalIdentifier(const std::string& identifier) const {

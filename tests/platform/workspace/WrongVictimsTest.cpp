@@ -27,9 +27,9 @@ void PrintTo(const Pair& pair, std::ostream* out) {
     *out << pair.name;
 }
 
-class WrongVictimsTest : public testing::TestWithParam<Pair> {};
+class PairTest : public testing::TestWithParam<Pair> {};
 
-TEST_P(WrongVictimsTest, ForcingOneApplicationLeavesTheOther) {
+TEST_P(PairTest, ForcingOneApplicationLeavesTheOther) {
     LinuxDesktop machine;
     const fs::path entries = machine.desktop.home() / "data" / "applications";
     fs::create_directories(entries);
@@ -60,13 +60,39 @@ TEST_P(WrongVictimsTest, ForcingOneApplicationLeavesTheOther) {
     EXPECT_TRUE(machine.isRunning(other));
 }
 
+TEST(WrongVictimsTest, ForcingALauncherEndsItsHelpersAndNoneOfItsGames) {
+    LinuxDesktop machine;
+    const fs::path folder = machine.desktop.home() / "Apps" / "arcade";
+    const auto program = [&](const char* file) {
+        fs::create_directories((folder / file).parent_path());
+        fs::copy_file(windowClient(), folder / file);
+        return (folder / file).string();
+    };
+    const std::string launcher = program("bin32/arcade");
+    const std::string helper = program("bin64/webhelper");
+    std::set<pid_t> others = {machine.desktop.start({program("games/duel/server"), "--helper"})};
+    for (const bool isPlaying : {false, true}) {
+        if (isPlaying) {
+            others.insert(machine.shown(machine.desktop.start({program("games/race/race")})));
+        }
+        const pid_t running = machine.shown(machine.desktop.start({launcher}));
+        const pid_t helping = machine.desktop.start({helper, "--helper"});
+        EXPECT_TRUE(waitFor([&] { return machine.table.executablePath(helping) == helper; }));
+        EXPECT_TRUE(machine.quitter.quitApp(running, true));
+        EXPECT_FALSE(machine.isRunning(running) || machine.isRunning(helping)) << isPlaying;
+        for (const pid_t other : others) {
+            EXPECT_TRUE(machine.isRunning(other)) << isPlaying;
+        }
+    }
+}
+
 const Program browser{"surf", "surf/surf", "surf"};
 const Program webApplication{"surf-mail", "surf/surf", "surf-mail"};
 const Program release{"firefox", "firefox/firefox", "org.mozilla.firefox"};
 const Program longTerm{"firefox-esr", "firefox-esr/firefox-esr", "org.mozilla.firefox"};
 
 INSTANTIATE_TEST_SUITE_P(
-    Pairs, WrongVictimsTest,
+    WrongVictims, PairTest,
     testing::Values(Pair{"browser_of_web_application", browser, webApplication},
                     Pair{"web_application_of_browser", webApplication, browser},
                     Pair{"one_of_two_ids", release, longTerm},

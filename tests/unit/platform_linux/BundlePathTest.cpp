@@ -111,21 +111,24 @@ TEST(BundlePath, IsNeverAFolderThatHoldsAnotherRunningApplication) {
 
 TEST(BundlePath, LeavesOutTheProgramsThatTheApplicationInstalled) {
     const std::string steam = "/home/u/.local/share/Steam/";
-    const std::string client = steam + "ubuntu12_32/steam";
+    const std::string game = steam + "steamapps/common/Quake/bin/server";
     const std::string toolbox = "/home/u/.toolbox/";
-    const std::vector<std::tuple<std::string, std::string, std::string, bool>> cases = {
-        {steam, client, steam + "ubuntu12_64/steamwebhelper", false},
-        {steam, client, steam + "steamapps/common/Quake/bin/server", true},
-        {steam, client, steam + "SteamApps/compatdata/42/pfx/x", true},
-        {steam, client, "/usr/bin/x", true},
-        {toolbox, toolbox + "bin/toolbox", toolbox + "apps/idea/bin/idea", true},
-        {toolbox, toolbox + "bin/toolbox", toolbox + "apps/helper", false},
-        {toolbox, toolbox + "apps/idea/bin/idea", toolbox + "apps/idea/jbr/bin/java", false},
-        {toolbox, toolbox + "apps/idea/bin/idea", toolbox + "apps/other/bin/java", true},
-        {"/home/u/Games/quake/", "/home/u/Games/quake/quake", "/home/u/Games/quake/x/y", false}};
-    for (const auto& [folder, own, candidate, isAnothers] : cases) {
-        EXPECT_EQ(belongsToAnotherProgram(folder, own, candidate), isAnothers) << candidate;
+    const std::vector<std::tuple<std::string, std::string, bool>> cases = {
+        {steam, steam + "ubuntu12_64/steamwebhelper", false},
+        {steam, game, true},
+        {steam, steam + "SteamApps/compatdata/42/pfx/x", true},
+        {steam, "/usr/bin/x", true},
+        {toolbox, toolbox + "apps/idea/bin/idea", true},
+        {toolbox, toolbox + "apps/helper", false},
+        {toolbox + "apps/idea/", toolbox + "apps/idea/jbr/bin/java", false},
+        {"/home/u/Games/quake/", "/home/u/Games/quake/x/y", false}};
+    for (const auto& [folder, candidate, isAnothers] : cases) {
+        EXPECT_EQ(belongsToAnotherProgram(folder, candidate), isAnothers) << candidate;
     }
+    EXPECT_EQ(privateFolder(programAt(steam + "ubuntu12_32/steam"), entryWith("steam", "steam"),
+                            "/home/u", std::vector<std::string>{game}),
+              steam)
+        << "a game that runs does not hide the launcher's helpers";
 }
 
 TEST(BundlePath, KnowsSnapsAppImagesAndFlatpaks) {

@@ -266,8 +266,9 @@ std::optional<std::string> privateFolder(const ProcessDetails& process,
         return std::nullopt;
     }
     const auto holdsAnother = [&](const std::string& folder) {
-        return std::ranges::any_of(
-            otherExecutables, [&](const std::string& other) { return other.starts_with(folder); });
+        return std::ranges::any_of(otherExecutables, [&](const std::string& other) {
+            return !belongsToAnotherProgram(folder, other);
+        });
     };
     std::string folder = folderOf(path, depth);
     if (!holdsAnother(folder)) {
@@ -297,14 +298,9 @@ std::string bundlePath(const ProcessDetails& process, const ApplicationIdentity&
     return "/proc/" + std::to_string(process.pid) + "/stat/";
 }
 
-bool belongsToAnotherProgram(std::string_view privateFolder, std::string_view ownExecutable,
-                             std::string_view candidateExecutable) {
-    if (!candidateExecutable.starts_with(privateFolder)) {
-        return true;
-    }
-    const Components candidate = componentsOf(candidateExecutable);
-    const std::size_t depth = libraryFolderDepth(candidate, componentsOf(privateFolder).size());
-    return depth != 0 && !ownExecutable.starts_with(folderOf(candidate, depth));
+bool belongsToAnotherProgram(std::string_view privateFolder, std::string_view executable) {
+    return !executable.starts_with(privateFolder) ||
+           libraryFolderDepth(componentsOf(executable), componentsOf(privateFolder).size()) != 0;
 }
 
 } // namespace calmora

@@ -25,12 +25,10 @@ privateFolder(const ProcessDetails& process, const ApplicationIdentity& identity
                                      const ApplicationIdentity& identity, std::string_view home,
                                      std::span<const std::string> otherExecutables);
 
-/// Whether an executable below a private folder is not the application's but of a program that
-/// the application installed there: it lies in a library of programs (steamapps/common/GAME,
-/// apps/NAME, Games/NAME …), in another folder than the application's own executable. True also
-/// for what lies outside of the private folder. Pure.
+/// Whether an executable is not part of the application that a private folder belongs to: it lies
+/// outside of it, or in a library of programs below it that the application installed
+/// (steamapps/common/GAME, apps/NAME, Games/NAME …). Pure.
 [[nodiscard]] bool belongsToAnotherProgram(std::string_view privateFolder,
-                                           std::string_view ownExecutable,
-                                           std::string_view candidateExecutable);
+                                           std::string_view executable);
 
 } // namespace calmora

@@ -35,6 +35,7 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     }
     value.icon = application.icon;
     value.activationPolicy = application.policy;
+    value.otherIdentifiers = application.identity.otherIdentifiers;
     return value;
 }
 
@@ -144,6 +145,11 @@ std::unique_ptr<RunningApplication> LinuxWorkspace::bound(const Application& app
     return std::make_unique<LinuxRunningApplication>(
         sources_, requests_, application,
         bundlePath(application->process, application->identity, sources_.home, others));
+}
+
+bool LinuxWorkspace::belongsToAnotherProgram(const std::string& bundlePath,
+                                             const std::string& executable) const {
+    return calmora::belongsToAnotherProgram(bundlePath, executable);
 }
 
 std::string LinuxWorkspace::canonicalIdentifier(const std::string& identifier) const {

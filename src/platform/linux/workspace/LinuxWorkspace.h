@@ -37,6 +37,8 @@ class LinuxWorkspace final : public Workspace {
     runningApplication(ProcessId processIdentifier) override;
     [[nodiscard]] std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) override;
+    [[nodiscard]] bool belongsToAnotherProgram(const std::string& bundlePath,
+                                               const std::string& executable) const override;
     [[nodiscard]] std::string canonicalIdentifier(const std::string& identifier) const override;
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;
