@@ -20,7 +20,8 @@ READS_LIKE_TEXT = re.compile(r"[A-Z]|\d+ [a-z]")
 SENTENCE = re.compile(r"[A-Z]\w* [^%\n]*\.")
 NO_TEXTS = re.compile(r"Calmora|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
                       r"|[A-Z_]*DISPLAY|QT_QPA_PLATFORM|[^\0]*\n")
-SILENT_FILES = {"KnownAppTable.h"}
+SILENT_FILES = {"KnownAppTable.h", "AnnexCautious.h", "AnnexNeverQuit.h", "AnnexSafeToQuit.h",
+                "CategoryRule.cpp", "MusicPlayers.cpp"}
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?(?:@|lld)|%L?\d+|%n")
 
 
