@@ -58,6 +58,7 @@ class Storm {
             const auto& [name, make] = scenarios_[static_cast<std::size_t>(i) % scenarios_.size()];
             forces_ = static_cast<std::size_t>(i) / scenarios_.size() % 2 == 0;
             StormDesktop::setLastId(lowestId);
+            const testing::ScopedTrace trace(__FILE__, __LINE__, name);
             play(counts_[name], name, make());
         }
     }
