@@ -89,6 +89,15 @@ TEST(LinuxWorkspaceTest, TellsWhatStartsAndEndsWithoutPolling) {
     EXPECT_EQ(turns, 0);
 }
 
+TEST(LinuxWorkspaceTest, ListsWhatStartedWhileNobodyLooked) {
+    LinuxDesktop machine;
+    machine.desktop.end(machine.shown(machine.client()));
+    // The server gives it the window id of the first.
+    const pid_t next = machine.client({"--class", "Next"});
+    EXPECT_EQ(machine.desktop.run({"xdotool", "search", "--sync", "--class", "Next"}), 0);
+    EXPECT_TRUE(waitFor([&] { return machine.isRegular(next); }, 2s));
+}
+
 TEST(LinuxWorkspaceTest, BecomingRegularAndCeasingToBeCount) {
     LinuxDesktop machine;
     const pid_t process = machine.client({"--class", "Shy", "--skip-taskbar", "--hide-on-close"});

@@ -253,6 +253,9 @@ void X11WindowSystem::selectEvents() {
         }
     }
     if (windowMask != std::exchange(windowMask_, windowMask)) {
+        // A later window with the id of a known one must not get its mark.
+        sightings_.ask();
+        forgetGone();
         for (const auto& [window, known] : known_) {
             sightings_.see(window, windowMask);
         }
