@@ -87,8 +87,12 @@ void ApplicationList::scanBackground() {
     }
     scanned_ = now;
     background_.scan(sources_.installed, sources_.windows.displayName());
-    const auto icons = sources_.windows.trayIconProcesses();
-    trayIcons_ = std::set<ProcessId>(icons.begin(), icons.end());
+    trayIcons_.clear();
+    for (const ProcessId process : sources_.windows.trayIconProcesses()) {
+        if (const auto started = startTime(process)) {
+            trayIcons_.emplace(process, *started);
+        }
+    }
 }
 
 ApplicationList::Candidates ApplicationList::candidates() {
@@ -109,8 +113,11 @@ ApplicationList::Candidates ApplicationList::candidates() {
     for (const ProcessId process : sources_.bus.statusItemProcesses()) {
         found[process].facts.hasTrayIcon = true;
     }
-    for (const ProcessId process : trayIcons_) {
-        found[process].facts.hasTrayIcon = true;
+    for (const auto& [process, started] : trayIcons_) {
+        // The id may have passed to a stranger since the last scan.
+        if (startTime(process) == started) {
+            found[process].facts.hasTrayIcon = true;
+        }
     }
     for (const auto& [process, startTime] : wereRegular_) {
         found[process].facts.wasRegular = true;

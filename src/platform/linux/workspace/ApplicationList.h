@@ -97,7 +97,8 @@ class ApplicationList {
     std::chrono::steady_clock::time_point updated_{};
     /// As of the last update().
     std::vector<TopLevelWindow> windows_;
-    std::set<ProcessId> trayIcons_;
+    /// Start times of the processes that had an icon in the tray at the last scan.
+    std::map<ProcessId, std::uint64_t> trayIcons_;
     /// Start times of the processes that had a window that users switch to.
     std::map<ProcessId, std::uint64_t> wereRegular_;
     std::map<ProcessId, Verdict> verdicts_;
