@@ -51,10 +51,14 @@ class PopoverDriver:
         """Whether the popover is on the screen."""
         return any("Quit All" in node["name"] for node in self.nodes("push button"))
 
+    def showing(self):
+        """Everything that is showing."""
+        return [node for node in self.desktop.accessible(self.calmora)
+                if "showing" in node["states"]]
+
     def nodes(self, role):
         """Everything of one role that is showing."""
-        return [node for node in self.desktop.accessible(self.calmora)
-                if node["role"] == role and "showing" in node["states"]]
+        return [node for node in self.showing() if node["role"] == role]
 
     def button(self, name, seconds=5.0):
         """Waits for the button whose name begins so."""

@@ -90,9 +90,13 @@ class PaneCase(DesktopCase):
         self.driver.open()
 
         def matches():
-            row = next(iter(self.driver.rows()), "")
-            is_ticked = any(node["name"] == row.split(",")[0] and "checked" in node["states"]
-                           for node in self.driver.nodes("check box"))
+            # One look for all: each takes a second on a busy machine.
+            nodes = self.driver.showing()
+            rows = sorted((node for node in nodes if node["role"] == "list item"),
+                          key=lambda row: row["y"])
+            row = rows[0]["name"] if rows else ""
+            is_ticked = any(node["role"] == "check box" and "checked" in node["states"]
+                            and node["name"] == row.split(",")[0] for node in nodes)
             return re.fullmatch(pattern, ("+" if is_ticked else "-") + row)
         self.desktop.wait_until(matches, pattern)
         self.driver.click_icon()

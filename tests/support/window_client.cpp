@@ -187,7 +187,7 @@ int main(int argc, char** argv) {
         std::signal(SIGTERM, SIG_IGN);
     }
     const auto lifetime = options.find("--lifetime");
-    ::alarm(lifetime == options.end() ? 120U : static_cast<unsigned>(std::stoul(lifetime->second)));
+    ::alarm(lifetime == options.end() ? 180U : static_cast<unsigned>(std::stoul(lifetime->second)));
     while (options.contains("--helper")) {
         ::pause();
     }
