@@ -43,7 +43,9 @@ inline std::vector<std::string> sandboxed(const std::filesystem::path& home,
         "bwrap", "--unshare-pid", "--proc", "/proc", "--dev", "/dev", "--ro-bind", "/usr", "/usr",
         "--symlink", "usr/lib", "/lib", "--symlink", "usr/lib64", "/lib64",
         "--symlink", "usr/bin", "/bin", "--ro-bind", "/tmp/.X11-unix", "/tmp/.X11-unix",
-        "--ro-bind", programs, "/app/bin", "--ro-bind", info, "/.flatpak-info"};
+        "--ro-bind", programs, "/app/bin", "--ro-bind", info, "/.flatpak-info",
+        // The sanitizers of an instrumented program would look for files outside.
+        "--setenv", "ASAN_OPTIONS", "detect_leaks=0", "--unsetenv", "LSAN_OPTIONS"};
     // clang-format on
     words.insert(words.end(), command.begin(), command.end());
     return words;

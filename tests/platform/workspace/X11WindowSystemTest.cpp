@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <string>
 #include <thread>
 #include <unistd.h>
@@ -231,7 +232,8 @@ TEST_F(X11WindowSystemTest, ToleratesWindowsThatVanishAndNamesThatAreOdd) {
             xcb_create_window(other, XCB_COPY_FROM_PARENT, window, screen->root, 0, 0, 9, 9, 0,
                               XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
             xcb_map_window(other, window);
-            xcb_flush(other);
+            // Waits for the server, which otherwise has events for us faster than we read them.
+            std::free(xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr));
             xcb_destroy_window(other, window);
         }
         xcb_disconnect(other);

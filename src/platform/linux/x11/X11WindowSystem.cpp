@@ -67,9 +67,7 @@ const std::vector<TopLevelWindow>& X11WindowSystem::windows() {
         return windows_;
     }
     if (isTracking_) {
-        while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
-            handle(*event);
-        }
+        handleEvents();
         forgetOwnersThatEnded();
     } else {
         forgetEverything();

@@ -58,6 +58,7 @@ class X11WindowSystem final : public WindowSystem {
     };
 
     void readable();
+    void handleEvents();
     void update();
     void updateList();
     void updateFacts();

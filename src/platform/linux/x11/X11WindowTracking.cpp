@@ -19,10 +19,20 @@ const Event& as(const xcb_generic_event_t& event) {
 } // namespace
 
 void X11WindowSystem::readable() {
-    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+    handleEvents();
+    tell();
+}
+
+void X11WindowSystem::handleEvents() {
+    // Bounded: a client may cause events faster than they can be handled.
+    constexpr int most = 4096;
+    for (int count = 0; count < most; ++count) {
+        const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())};
+        if (!event) {
+            break;
+        }
         handle(*event);
     }
-    tell();
 }
 
 void X11WindowSystem::handle(const xcb_generic_event_t& event) {
@@ -115,6 +125,7 @@ void X11WindowSystem::forgetEverything() {
 void X11WindowSystem::forgetGone() {
     for (const xcb_window_t window : sightings_.takeGone()) {
         isListStale_ = known_.erase(window) > 0 || isListStale_;
+        std::erase(order_, window);
     }
 }
 
