@@ -125,7 +125,6 @@ void X11WindowSystem::forgetEverything() {
 void X11WindowSystem::forgetGone() {
     for (const xcb_window_t window : sightings_.takeGone()) {
         isListStale_ = known_.erase(window) > 0 || isListStale_;
-        std::erase(order_, window);
     }
 }
 
@@ -267,6 +266,7 @@ void X11WindowSystem::selectEvents() {
         // A later window with the id of a known one must not get its mark.
         sightings_.ask();
         forgetGone();
+        std::erase_if(order_, [this](xcb_window_t window) { return !known_.contains(window); });
         for (const auto& [window, known] : known_) {
             sightings_.see(window, windowMask);
         }
