@@ -6,9 +6,13 @@ FocusVerdict judge(const FocusMove& move) {
     if (move.isStillHere || move.isAlertOpen) {
         return FocusVerdict::stay;
     }
-    const bool isTurningAway = move.isOwnerOurs || move.isOwnerNew || move.userActed ||
-                               (move.formerOwnerExists && !move.windowVanished);
-    return isTurningAway ? FocusVerdict::close : FocusVerdict::takeBack;
+    if (move.isOwnerOurs || move.isOwnerNew || move.userActed) {
+        return FocusVerdict::close;
+    }
+    if (!move.formerOwnerExists || move.windowVanished) {
+        return FocusVerdict::takeBack;
+    }
+    return move.isSettled ? FocusVerdict::close : FocusVerdict::waitAndSee;
 }
 
 } // namespace calmora

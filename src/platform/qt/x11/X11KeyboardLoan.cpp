@@ -20,6 +20,8 @@ constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
 /// Two programs that both want to be on top must not fight without pause.
 constexpr std::chrono::milliseconds coverDelay{50};
+/// How long a window manager may take to take down the frame of a window that vanished.
+constexpr std::chrono::milliseconds frameDelay{60};
 /// How long a window manager may take to give the keyboard to another window.
 constexpr std::chrono::milliseconds settling{500};
 
@@ -74,7 +76,7 @@ void X11KeyboardLoan::renew() {
     input_.giveKeyboard(borrower_);
 }
 
-void X11KeyboardLoan::check() {
+void X11KeyboardLoan::look(bool isSettled) {
     isCheckDue_ = false;
     const xcb_window_t owner = input_.keyboardOwner();
     // Windows that appeared before it got the keyboard are in the queue by now.
@@ -86,6 +88,7 @@ void X11KeyboardLoan::check() {
         move.formerOwnerExists = input_.isViewable(formerOwner_);
         move.windowVanished = vanishedAt_ && Steady::now() - *vanishedAt_ < settling;
         move.userActed = userActed_;
+        move.isSettled = isSettled;
     }
     switch (judge(move)) {
     case FocusVerdict::stay:
@@ -93,6 +96,10 @@ void X11KeyboardLoan::check() {
     case FocusVerdict::takeBack:
         formerOwner_ = owner;
         renew();
+        break;
+    case FocusVerdict::waitAndSee:
+        isCheckDue_ = true;
+        QTimer::singleShot(frameDelay, &context_, [this] { look(true); });
         break;
     case FocusVerdict::close:
         leave(Leaving::turnedAway);

@@ -24,7 +24,7 @@ class X11KeyboardLoan final : public KeyboardLoan {
 
     void renew() override;
 
-    void check() override;
+    void check() override { look(false); }
 
   private:
     using Steady = std::chrono::steady_clock;
@@ -46,6 +46,8 @@ class X11KeyboardLoan final : public KeyboardLoan {
     };
 
     void handle(const xcb_generic_event_t& event);
+    /// `isSettled` as in FocusMove.
+    void look(bool isSettled);
     void leave(Leaving how);
 
     X11Input& input_;
