@@ -85,7 +85,7 @@ QString nameOfItem(const QString& item) {
     return item.left(end - item.begin());
 }
 
-/// Source: D-Bus Specification, "Bus names".
+/// Source: freedesktop D-Bus Specification, "Bus names".
 bool isNameOfBus(const QString& name) {
     constexpr qsizetype longest = 255;
     return !name.isEmpty() && name.size() <= longest && std::ranges::all_of(name, [](QChar c) {

@@ -24,7 +24,7 @@ namespace calmora {
 constexpr qsizetype longestList = 10'000;
 
 /// The D-Bus type of a value out of a message, such as "a{sv}"; empty for one that has none.
-/// Source: D-Bus Specification, "Type System".
+/// Source: freedesktop D-Bus Specification, "Type System".
 [[nodiscard]] QString typeOf(const QVariant& value);
 
 /// The D-Bus type that a C++ type is sent as; empty for one that Qt was not told about.
