@@ -1,22 +1,21 @@
 #include "app/CalmoraApp.h"
 
-#include "app/AboutPanel.h"
 #include "app/Identity.h"
-#include "app/SettingsView.h"
-#include "app/SettingsWindow.h"
+#include "app/WindowBackendChoice.h"
 #include "autoquit/AutoQuitManager.h"
+#include "platform/desktop/status/QtStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
-#include "platform/qt/status/QtStatusItem.h"
-#include "platform/qt/window/ManagedTransientWindows.h"
-#include "platform/qt/x11/X11TransientWindows.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
+#include "settings/AboutPanel.h"
+#include "settings/SettingsView.h"
+#include "settings/SettingsWindow.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
 #include "updates/FeedSource.h"
 #include "updates/FeedUpdater.h"
 #include "updates/UpdateWindow.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -37,20 +36,6 @@ namespace {
 constexpr int windowIconSide = 64;
 /// By then the panel has the icon, and the session may have started what it starts.
 constexpr std::chrono::seconds quietAfterLaunch{2};
-
-/// A Wayland compositor tells its X server only of the windows that X11 applications have.
-std::string listLimitation() {
-    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-               ? "On Wayland, only X11 applications are listed."
-               : "";
-}
-
-std::unique_ptr<TransientWindows> makeTransientWindows() {
-    if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        return std::make_unique<X11TransientWindows>();
-    }
-    return std::make_unique<ManagedTransientWindows>();
-}
 
 /// The popover's content together with the model that it shows.
 class ListContent final : public QWidget {
@@ -92,17 +77,17 @@ void showWindow(QWidget& window, const Image& icon) {
 
 CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
                        EndingSignals& signals)
-    : sessionBus_(sessionBus), machine_(sessionBus_, alertSession_),
+    : sessionBus_(sessionBus), backend_(makeWindowBackend(events_)),
+      machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
-      globalShortcuts_(machine_.events, sessionBus_, defaults_, machine_.text, strings_,
-                       alertSession_),
-      transientWindows_(makeTransientWindows()), alerts_(*transientWindows_, alertSession_, icon()),
-      eventMonitor_(*transientWindows_), inputGate_(*transientWindows_,
-                                                    [this] {
-                                                        eventMonitor_.reread();
-                                                        globalShortcuts_.discardKeyPresses();
-                                                    }),
+      globalShortcuts_(*backend_, sessionBus_, defaults_, machine_.text, strings_, alertSession_),
+      alerts_(backend_->transientWindows(), alertSession_, icon()),
+      eventMonitor_(backend_->transientWindows()), inputGate_(backend_->transientWindows(),
+                                                              [this] {
+                                                                  eventMonitor_.reread();
+                                                                  backend_->discardKeyPresses();
+                                                              }),
       notifications_(sessionBus_, identity::identifier),
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
@@ -128,7 +113,7 @@ int CalmoraApp::run() {
 }
 
 std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
-    auto popover = std::make_unique<QtPopover>(*transientWindows_, alertSession_);
+    auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
     // Before the list asks for what it will show.
     willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     auto list = std::make_unique<ListContent>(
@@ -137,7 +122,7 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
                                           .popover = *popover,
                                           .inputGate = inputGate_,
                                           .openSettings = [this] { openSettings(); },
-                                          .limitation = listLimitation()});
+                                          .limitation = backend_->listLimitation()});
     didClose_ = popover->onDidClose([this] { looking_.reset(); });
     popover->setContent(std::move(list));
     return popover;

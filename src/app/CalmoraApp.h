@@ -4,19 +4,20 @@
 #include "app/AppToolkit.h"
 #include "app/GlobalShortcuts.h"
 #include "app/LinuxMachine.h"
+#include "platform/desktop/DesktopColorScheme.h"
+#include "platform/desktop/DesktopNotifications.h"
+#include "platform/desktop/single_instance/SingleInstance.h"
+#include "platform/linux/EventPoll.h"
 #include "platform/linux/xdg/AutostartLoginItem.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
 #include "platform/qt/AlertSession.h"
 #include "platform/qt/EndingSignals.h"
 #include "platform/qt/QtLocalizedStrings.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/WindowBackend.h"
 #include "platform/qt/alerts/QtAlerts.h"
-#include "platform/qt/appearance/DesktopColorScheme.h"
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/input/QtInputGate.h"
-#include "platform/qt/notifications/DesktopNotifications.h"
-#include "platform/qt/single_instance/SingleInstance.h"
-#include "platform/qt/window/TransientWindows.h"
 #include "updates/Release.h"
 #include "updates/UpdatePresenter.h"
 
@@ -56,10 +57,11 @@ class CalmoraApp final : private AppToolkit {
     QtRunLoop runLoop_{alertSession_};
     QtLocalizedStrings toolkitStrings_{QLocale(), toolkitCatalogue()};
     QtLocalizedStrings strings_;
+    EventPoll events_;
+    std::unique_ptr<WindowBackend> backend_;
     LinuxMachine machine_;
     JsonUserDefaults defaults_;
     GlobalShortcuts globalShortcuts_;
-    std::unique_ptr<TransientWindows> transientWindows_;
     QtAlerts alerts_;
     QtEventMonitor eventMonitor_;
     QtInputGate inputGate_;

@@ -1,12 +1,13 @@
 #include "app/GlobalShortcuts.h"
 
-#include "app/ProgramMenu.h"
-#include "platform/linux/desktop_shortcuts/GnomeShortcuts.h"
-#include "platform/linux/desktop_shortcuts/KdeShortcuts.h"
-#include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/desktop/shortcuts/GnomeShortcuts.h"
+#include "platform/desktop/shortcuts/KdeShortcuts.h"
+#include "platform/desktop/shortcuts/XfceShortcuts.h"
 #include "platform/linux/xdg/BaseDirectories.h"
+#include "platform/qt/WindowBackend.h"
+#include "settings/ProgramMenu.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -24,37 +25,39 @@ std::vector<std::filesystem::path> openboxFiles() {
     return files;
 }
 
-/// A Wayland compositor tells its X server only of keys that go to windows of X11.
-std::string limitation() {
-    return std::getenv("WAYLAND_DISPLAY")
-               ? "On Wayland, shortcuts work only while an X11 application is in front."
-               : "";
+std::vector<DesktopShortcuts::Source> sources(WindowBackend& backend,
+                                              const QDBusConnection& sessionBus) {
+    const auto windowManager = [&backend] { return backend.windowManagerName(); };
+    return {openboxShortcuts(windowManager, openboxFiles()), gnomeShortcuts(windowManager),
+            xfceShortcuts(sessionBus), kdeShortcuts(sessionBus)};
 }
 
 } // namespace
 
-GlobalShortcuts::GlobalShortcuts(EventPoll& events, const QDBusConnection& sessionBus,
+GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& sessionBus,
                                  UserDefaults& defaults, Text& text,
                                  const LocalizedStrings& programStrings, AlertSession& alertSession)
-    : keyboard_(events), hotKeys_(keyboard_), layout_(keyboard_),
-      desktop_(layout_, {openboxShortcuts(keyboard_.connection(), openboxFiles()),
-                         gnomeShortcuts(keyboard_.connection()), xfceShortcuts(sessionBus),
-                         kdeShortcuts(sessionBus)}),
-      shortcuts_({defaults, notifications_, hotKeys_, layout_, strings_, text}),
-      recorders_{shortcuts_,  notifications_,
-                 desktop_,    layout_,
-                 strings_,    programMenu(programStrings),
-                 {},          [&alertSession] { return alertSession.begin(); },
-                 limitation()},
+    : desktop_(backend.keyboardLayout(), sources(backend, sessionBus)),
+      shortcuts_(
+          {defaults, notifications_, backend.hotKeys(), backend.keyboardLayout(), strings_, text}),
+      recorders_{shortcuts_,
+                 notifications_,
+                 desktop_,
+                 backend.keyboardLayout(),
+                 strings_,
+                 programMenu(programStrings),
+                 {},
+                 [&alertSession] { return alertSession.begin(); },
+                 backend.hotKeyLimitation()},
       menus_(notifications_,
-             [this](std::uint32_t nativeKey, ModifierFlags modifiers) {
-                 const auto key = layout_.keyCode(nativeKey);
+             [this, &backend](std::uint32_t nativeKey, ModifierFlags modifiers) {
+                 const auto key = backend.keyboardLayout().keyCode(nativeKey);
                  return key && shortcuts_.isRegistered(Shortcut::of(Key{*key}, modifiers));
              }),
       // What was pressed while a question was open was no answer to it, nor meant for later.
-      alertEnds_(alertSession.onChanged([this](bool isOpen) {
+      alertEnds_(alertSession.onChanged([&backend](bool isOpen) {
           if (!isOpen) {
-              keyboard_.discardKeyPresses();
+              backend.discardKeyPresses();
           }
       })) {}
 

@@ -1,5 +1,7 @@
 #include "app/HotKeyManager.h"
 
+#include "settings/ProgramShortcuts.h"
+
 #include <utility>
 
 namespace calmora {

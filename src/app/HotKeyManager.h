@@ -7,13 +7,6 @@
 
 namespace calmora {
 
-/// The raw names of the program's three shortcuts. None has a default.
-struct ProgramShortcuts {
-    static constexpr const char* activateMenu = "activateMenu";
-    static constexpr const char* quitAll = "quitAll";
-    static constexpr const char* forceQuitAll = "forceQuitAll";
-};
-
 /// Binds the program's three shortcuts to what they do. The callbacks may be set and replaced at
 /// any time; an empty one does nothing. Main thread.
 class HotKeyManager {

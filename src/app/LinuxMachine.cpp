@@ -1,6 +1,7 @@
 #include "app/LinuxMachine.h"
 
 #include "app/Identity.h"
+#include "platform/linux/EventPoll.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 
@@ -8,19 +9,20 @@
 
 namespace calmora {
 
-LinuxMachine::LinuxMachine(const QDBusConnection& sessionBus, AlertSession& alertSession)
+LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
+                           const QDBusConnection& sessionBus, AlertSession& alertSession)
     : bundle(identity::identifier, identity::version), sounds(identity::name, identity::identifier),
-      windows(events), bus(sessionBus), memory(reader),
+      bus(sessionBus), memory(reader),
       installed(BaseDirectories::fromEnvironment(),
                 messageLocales([](const char* name) { return std::getenv(name); })),
-      fence(reader, {.display = [this] { return windows.displayProcesses(); },
+      fence(reader, {.display = [&windows] { return windows.displayProcesses(); },
                      .busOwners = [this] { return bus.protectedProcesses(); },
                      .isAutostarted =
                          [this](const auto& commandLine, const auto& executable) {
                              return installed.sessionAutostart().starts(commandLine, executable);
                          },
                      .hasRegularWindow =
-                         [this](ProcessId process) {
+                         [&windows](ProcessId process) {
                              return calmora::hasRegularWindow(windows.windows(), process);
                          },
                      .environment = {}}),
@@ -34,6 +36,6 @@ LinuxMachine::LinuxMachine(const QDBusConnection& sessionBus, AlertSession& aler
                  .protection = fence,
                  .bus = bus,
                  .home = BaseDirectories::fromEnvironment().home.string()}),
-      watch(events.descriptor(), alertSession, [this] { events.dispatch(); }) {}
+      watch(events.descriptor(), alertSession, [&events] { events.dispatch(); }) {}
 
 } // namespace calmora

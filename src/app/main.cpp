@@ -1,7 +1,7 @@
 #include "app/CalmoraApp.h"
 #include "app/Identity.h"
 #include "platform/linux/proc/OpenFileLimit.h"
-#include "theme/Theme.h"
+#include "widgets/Theme.h"
 
 #include <QApplication>
 #include <QDBusConnection>

@@ -1,8 +1,8 @@
 #include "autoquit/AutoQuitManager.h"
 
 #include "autoquit/IdlePolicy.h"
-#include "autoquit/KnownApps.h"
-#include "autoquit/MusicPlayers.h"
+#include "autoquit/catalogue/KnownApps.h"
+#include "autoquit/catalogue/MusicPlayers.h"
 #include "platform/Clock.h"
 #include "platform/InputGate.h"
 #include "platform/LocalizedStrings.h"

@@ -1,7 +1,7 @@
 #include "autoquit/IdlePolicy.h"
 
-#include "autoquit/CategoryRule.h"
-#include "autoquit/LinuxAnnex.h"
+#include "autoquit/catalogue/CategoryRule.h"
+#include "autoquit/catalogue/LinuxAnnex.h"
 
 namespace calmora {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "autoquit/KnownApps.h"
+#include "autoquit/catalogue/KnownApps.h"
 #include "platform/Workspace.h"
 
 #include <optional>

@@ -1,11 +1,11 @@
 #include "settings/AboutSettingsView.h"
 
 #include "platform/Updater.h"
-#include "settings/form/BorderedButton.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QLabel>
 #include <QPainter>

@@ -2,13 +2,13 @@
 
 #include "settings/CandidateList.h"
 #include "settings/NeverQuitEditing.h"
-#include "settings/form/BorderedButton.h"
-#include "settings/form/FormMetrics.h"
-#include "settings/form/Paragraph.h"
-#include "settings/form/SymbolView.h"
-#include "theme/Theme.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/FormMetrics.h"
+#include "widgets/Paragraph.h"
+#include "widgets/SymbolView.h"
+#include "widgets/Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -1,10 +1,10 @@
 #include "settings/CandidateRow.h"
 
-#include "settings/form/AppIconView.h"
-#include "settings/form/BorderedButton.h"
-#include "settings/form/FormMetrics.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/AppIconView.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/FormMetrics.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>

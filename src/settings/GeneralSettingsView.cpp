@@ -4,14 +4,14 @@
 #include "settings/AddAppSheet.h"
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitListEditor.h"
-#include "settings/form/BorderedButton.h"
-#include "settings/form/FormArea.h"
-#include "settings/form/FormMetrics.h"
-#include "settings/form/FormSection.h"
-#include "settings/form/Paragraph.h"
-#include "settings/form/PickerRow.h"
-#include "settings/form/SwitchRow.h"
-#include "ui/DisplayText.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/DisplayText.h"
+#include "widgets/FormArea.h"
+#include "widgets/FormMetrics.h"
+#include "widgets/FormSection.h"
+#include "widgets/Paragraph.h"
+#include "widgets/PickerRow.h"
+#include "widgets/SwitchRow.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 #include "settings/NeverQuitEditing.h"
 
-#include "autoquit/KnownApps.h"
+#include "autoquit/catalogue/KnownApps.h"
 #include "platform/Text.h"
 #include "settings/AppSettings.h"
 

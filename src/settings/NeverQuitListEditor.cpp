@@ -2,15 +2,15 @@
 
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitEditing.h"
-#include "settings/form/AppIconView.h"
-#include "settings/form/BorderedButton.h"
-#include "settings/form/CountBadge.h"
-#include "settings/form/FormMetrics.h"
-#include "settings/form/PairRow.h"
-#include "settings/form/Paragraph.h"
-#include "settings/form/SymbolView.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/AppIconView.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
+#include "widgets/CountBadge.h"
+#include "widgets/DisplayText.h"
+#include "widgets/FormMetrics.h"
+#include "widgets/PairRow.h"
+#include "widgets/Paragraph.h"
+#include "widgets/SymbolView.h"
 
 #include <QHBoxLayout>
 

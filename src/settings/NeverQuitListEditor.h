@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "settings/form/FormRows.h"
 #include "support/Subscription.h"
+#include "widgets/FormRows.h"
 
 #include <functional>
 #include <string>

@@ -1,9 +1,9 @@
 #include "ui/AppRowView.h"
 
-#include "theme/Metrics.h"
-#include "theme/Pictures.h"
-#include "ui/DisplayText.h"
 #include "ui/RowLayout.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
 
 #include <QAction>
 #include <QContextMenuEvent>

@@ -2,8 +2,8 @@
 
 #include "model/AppInfo.h"
 #include "settings/AppSettings.h"
-#include "ui/Controls.h"
 #include "ui/StackRow.h"
+#include "widgets/Controls.h"
 
 #include <QPixmap>
 #include <QVariantAnimation>

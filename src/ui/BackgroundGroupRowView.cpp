@@ -1,11 +1,11 @@
 #include "ui/BackgroundGroupRowView.h"
 
-#include "theme/Metrics.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
 #include "ui/AppRowView.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "ui/ListExtras.h"
 
-#include "theme/Metrics.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
-#include "ui/DisplayText.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QFontMetrics>
 #include <QPainter>

@@ -4,17 +4,17 @@
 #include "platform/LocalizedStrings.h"
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
-#include "theme/Metrics.h"
 #include "ui/AppRowView.h"
 #include "ui/BackgroundGroupRowView.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/ListExtras.h"
 #include "ui/QuitAllButton.h"
 #include "ui/RowAccessibility.h"
 #include "ui/RowStack.h"
 #include "ui/SearchBox.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

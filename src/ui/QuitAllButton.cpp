@@ -1,9 +1,9 @@
 #include "ui/QuitAllButton.h"
 
-#include "theme/Metrics.h"
-#include "theme/Theme.h"
-#include "ui/Controls.h"
-#include "ui/DisplayText.h"
+#include "widgets/Controls.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
 
 #include <QEvent>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "ui/SearchBox.h"
 
-#include "theme/Metrics.h"
-#include "theme/Pictures.h"
-#include "ui/DisplayText.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

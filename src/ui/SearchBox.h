@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Controls.h"
+#include "widgets/Controls.h"
 
 #include <QLineEdit>
 #include <QWidget>

@@ -2,8 +2,8 @@
 
 #include "platform/RunLoop.h"
 #include "updates/FeedAddress.h"
+#include "updates/FeedTransfer.h"
 #include "updates/ReleaseReader.h"
-#include "updates/network/FeedTransfer.h"
 
 #include <QFile>
 #include <QFileInfo>

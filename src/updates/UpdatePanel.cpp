@@ -1,10 +1,10 @@
 #include "updates/UpdatePanel.h"
 
-#include "settings/form/BorderedButton.h"
-#include "settings/form/Paragraph.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
-#include "ui/DisplayText.h"
+#include "widgets/BorderedButton.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Paragraph.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

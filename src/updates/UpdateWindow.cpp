@@ -1,6 +1,6 @@
 #include "updates/UpdateWindow.h"
 
-#include "theme/Pictures.h"
+#include "widgets/Pictures.h"
 
 #include <QIcon>
 

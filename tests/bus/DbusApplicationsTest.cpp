@@ -1,4 +1,4 @@
-#include "platform/linux/dbus/DbusApplications.h"
+#include "platform/desktop/DbusApplications.h"
 
 #include "PrivateBus.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/notifications/DesktopNotifications.h"
+#include "platform/desktop/DesktopNotifications.h"
 
 #include "PrivateBus.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/desktop_shortcuts/KdeShortcuts.h"
+#include "platform/desktop/shortcuts/KdeShortcuts.h"
 
 #include "PrivateBus.h"
 

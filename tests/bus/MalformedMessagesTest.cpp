@@ -1,9 +1,9 @@
 #include "fakes/FakeLocalizedStrings.h"
-#include "platform/linux/dbus/DbusApplications.h"
-#include "platform/qt/appearance/DesktopColorScheme.h"
-#include "platform/qt/notifications/DesktopNotifications.h"
-#include "platform/qt/single_instance/ApplicationObject.h"
-#include "platform/qt/status/QtStatusItem.h"
+#include "platform/desktop/DbusApplications.h"
+#include "platform/desktop/DesktopColorScheme.h"
+#include "platform/desktop/DesktopNotifications.h"
+#include "platform/desktop/single_instance/ApplicationObject.h"
+#include "platform/desktop/status/QtStatusItem.h"
 
 #include "PrivateBus.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/single_instance/SingleInstance.h"
+#include "platform/desktop/single_instance/SingleInstance.h"
 
 #include "PrivateBus.h"
 

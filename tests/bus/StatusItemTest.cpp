@@ -1,8 +1,8 @@
 #include "fakes/FakeLocalizedStrings.h"
-#include "platform/linux/dbus/BusSignal.h"
-#include "platform/qt/status/Glyph.h"
-#include "platform/qt/status/QtStatusItem.h"
-#include "platform/qt/status/StatusMenu.h"
+#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/status/Glyph.h"
+#include "platform/desktop/status/QtStatusItem.h"
+#include "platform/desktop/status/StatusMenu.h"
 
 #include "PrivateBus.h"
 

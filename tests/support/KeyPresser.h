@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/x11/X11Connection.h"
+#include "platform/x11/X11Connection.h"
 
 #include <initializer_list>
 #include <xcb/xtest.h>

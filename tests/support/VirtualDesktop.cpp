@@ -1,6 +1,6 @@
 #include "support/VirtualDesktop.h"
 
-#include "platform/linux/x11/X11Connection.h"
+#include "platform/x11/X11Connection.h"
 #include "support/Sandbox.h"
 #include "support/Waiting.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/EventPoll.h"
 
 #include <chrono>
 #include <functional>

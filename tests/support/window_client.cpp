@@ -1,5 +1,5 @@
 // A small program with real windows, for tests: each option is one habit that applications have.
-#include "platform/linux/x11/X11Connection.h"
+#include "platform/x11/X11Connection.h"
 
 #include <csignal>
 #include <map>

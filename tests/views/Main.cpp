@@ -1,4 +1,4 @@
-#include "theme/Theme.h"
+#include "widgets/Theme.h"
 
 #include <gtest/gtest.h>
 

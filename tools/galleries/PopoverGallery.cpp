@@ -3,9 +3,9 @@
 //        calmora_gallery --time prints what showing the popover costs.
 
 #include "platform/qt/QtLocalizedStrings.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
 #include "ui/PopoverFixture.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QAbstractButton>
 #include <QApplication>

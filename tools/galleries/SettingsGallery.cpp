@@ -3,7 +3,7 @@
 
 #include "platform/qt/QtLocalizedStrings.h"
 #include "settings/SettingsFixture.h"
-#include "theme/Theme.h"
+#include "widgets/Theme.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -2,7 +2,7 @@
 // Usage: calmora_shortcuts_gallery FOLDER [LOCALE]; set QT_SCALE_FACTOR for other resolutions.
 
 #include "shortcuts/ShortcutsPane.h"
-#include "theme/Theme.h"
+#include "widgets/Theme.h"
 
 #include <QApplication>
 #include <QDir>

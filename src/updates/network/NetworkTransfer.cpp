@@ -1,4 +1,4 @@
-#include "updates/network/FeedTransfer.h"
+#include "updates/FeedTransfer.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>

@@ -1,5 +1,5 @@
 #include "fakes/FakeLocalizedStrings.h"
-#include "platform/qt/status/QtStatusItem.h"
+#include "platform/desktop/status/QtStatusItem.h"
 #include "support/VirtualDesktop.h"
 
 #include "../PrivateBus.h"

@@ -1,7 +1,7 @@
-#include "platform/linux/hotkeys/X11KeyboardLayout.h"
+#include "platform/x11/hotkeys/X11KeyboardLayout.h"
 
-#include "platform/linux/hotkeys/X11Keyboard.h"
-#include "platform/linux/hotkeys/XcbXkb.h"
+#include "platform/x11/hotkeys/X11Keyboard.h"
+#include "platform/x11/hotkeys/XcbXkb.h"
 #include "support/KeyPresser.h"
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"

@@ -1,8 +1,9 @@
 // What desktops have bound: openbox and Xfce, asked of the real ones, and GNOME's settings.
 #include "fakes/FakeKeys.h"
-#include "platform/linux/desktop_shortcuts/GnomeShortcuts.h"
-#include "platform/linux/desktop_shortcuts/XfceShortcuts.h"
-#include "platform/linux/x11/X11Connection.h"
+#include "platform/desktop/shortcuts/GnomeShortcuts.h"
+#include "platform/desktop/shortcuts/XfceShortcuts.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/hotkeys/X11WindowManagerName.h"
 #include "support/VirtualDesktop.h"
 
 #include <gmock/gmock.h>
@@ -29,8 +30,9 @@ TEST(DesktopShortcuts, AreThoseOfTheRunningOpenbox) {
     const X11Connection connection(desktop.display());
     const FakeKeyboardLayout layout;
     const std::filesystem::path own = desktop.home() / "rc.xml";
+    const auto manager = [&] { return windowManagerName(connection); };
     DesktopShortcuts shortcuts(layout,
-                               {openboxShortcuts(connection, {own, "/etc/xdg/openbox/rc.xml"})});
+                               {openboxShortcuts(manager, {own, "/etc/xdg/openbox/rc.xml"})});
     EXPECT_EQ(windowManagerName(connection), "");
     EXPECT_THAT(shortcuts.copySymbolicHotKeys(), IsEmpty()) << "it does not run";
     desktop.startWindowManager("openbox");
@@ -49,7 +51,8 @@ TEST(DesktopShortcuts, AreThoseOfGnome) {
     VirtualDesktop desktop({.windowManager = ""});
     const X11Connection connection(desktop.display());
     const FakeKeyboardLayout layout;
-    DesktopShortcuts shortcuts(layout, {gnomeShortcuts(connection)});
+    DesktopShortcuts shortcuts(layout,
+                               {gnomeShortcuts([&] { return windowManagerName(connection); })});
     const auto settings = desktop.home() / "config/glib-2.0/settings";
     std::filesystem::create_directories(settings);
     std::ofstream(settings / "keyfile")

@@ -2,7 +2,7 @@
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/popover/QtPopover.h"
-#include "platform/qt/x11/X11TransientWindows.h"
+#include "platform/x11/backend/X11TransientWindows.h"
 #include "support/VirtualDesktop.h"
 
 #include <gtest/gtest.h>

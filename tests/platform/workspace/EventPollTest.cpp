@@ -1,4 +1,4 @@
-#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/EventPoll.h"
 #include "support/FileDescriptor.h"
 #include "support/Waiting.h"
 

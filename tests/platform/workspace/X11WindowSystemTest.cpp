@@ -1,4 +1,4 @@
-#include "platform/linux/x11/X11WindowSystem.h"
+#include "platform/x11/X11WindowSystem.h"
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 

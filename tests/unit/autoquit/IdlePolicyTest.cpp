@@ -1,10 +1,10 @@
 #include "autoquit/IdlePolicy.h"
 
-#include "autoquit/AnnexCautious.h"
-#include "autoquit/AnnexNeverQuit.h"
-#include "autoquit/AnnexSafeToQuit.h"
-#include "autoquit/LinuxAnnex.h"
-#include "autoquit/MusicPlayers.h"
+#include "autoquit/catalogue/AnnexCautious.h"
+#include "autoquit/catalogue/AnnexNeverQuit.h"
+#include "autoquit/catalogue/AnnexSafeToQuit.h"
+#include "autoquit/catalogue/LinuxAnnex.h"
+#include "autoquit/catalogue/MusicPlayers.h"
 
 #include <gtest/gtest.h>
 

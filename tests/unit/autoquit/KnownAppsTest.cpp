@@ -1,6 +1,6 @@
-#include "autoquit/KnownApps.h"
+#include "autoquit/catalogue/KnownApps.h"
 
-#include "autoquit/KnownAppTable.h"
+#include "autoquit/catalogue/KnownAppTable.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "fakes/FakeKeys.h"
-#include "platform/linux/desktop_shortcuts/DesktopShortcuts.h"
+#include "platform/desktop/shortcuts/DesktopShortcuts.h"
 
 #include <gtest/gtest.h>
 

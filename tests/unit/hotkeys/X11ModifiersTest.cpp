@@ -1,5 +1,5 @@
-#include "platform/linux/hotkeys/X11Modifiers.h"
-#include "platform/linux/hotkeys/KeyCodes.h"
+#include "platform/x11/hotkeys/X11Modifiers.h"
+#include "platform/linux/keyboard/KeyCodes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/text/IcuText.h"
+#include "platform/linux/IcuText.h"
 #include "fakes/FakeText.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "platform/linux/identity/KnownIds.h"
 
-#include "autoquit/KnownApps.h"
-#include "autoquit/LinuxAnnex.h"
+#include "autoquit/catalogue/KnownApps.h"
+#include "autoquit/catalogue/LinuxAnnex.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/sound/CanberraSoundOutput.h"
+#include "platform/desktop/CanberraSoundOutput.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowRoles.h"
-#include "platform/linux/x11/X11Icon.h"
+#include "platform/x11/X11Icon.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,15 @@
 // Every window in every language: no text may be cut off.
 
-#include "app/AboutPanel.h"
-#include "app/SettingsView.h"
 #include "platform/qt/alerts/AlertPanel.h"
+#include "settings/AboutPanel.h"
 #include "settings/SettingsFixture.h"
+#include "settings/SettingsView.h"
 #include "shortcuts/ShortcutsPane.h"
-#include "theme/Metrics.h"
-#include "ui/DisplayText.h"
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverFixture.h"
 #include "updates/UpdatePanel.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "settings/SettingsFixture.h"
 
 #include "platform/qt/QtLocalizedStrings.h"
-#include "settings/form/PickerRow.h"
+#include "widgets/PickerRow.h"
 
 #include <gtest/gtest.h>
 

@@ -3,14 +3,14 @@
 #include "KeyboardShortcuts/Modifiers.h"
 #include "KeyboardShortcuts/RecorderCocoa.h"
 #include "app/HotKeyManager.h"
-#include "app/ProgramMenu.h"
-#include "app/ShortcutsSettingsView.h"
 #include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeText.h"
 #include "fakes/FakeUserDefaults.h"
 #include "platform/NotificationCenter.h"
 #include "platform/qt/QtLocalizedStrings.h"
+#include "settings/ProgramMenu.h"
+#include "settings/ShortcutsSettingsView.h"
 
 #include <QVBoxLayout>
 #include <QWidget>

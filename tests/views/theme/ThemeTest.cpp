@@ -1,5 +1,5 @@
-#include "theme/Theme.h"
-#include "theme/Pictures.h"
+#include "widgets/Theme.h"
+#include "widgets/Pictures.h"
 
 #include <gmock/gmock.h>
 

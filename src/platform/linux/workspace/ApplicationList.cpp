@@ -1,11 +1,11 @@
 #include "platform/linux/workspace/ApplicationList.h"
 
-#include "platform/linux/bus/BusApplications.h"
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/protection/ProtectedProcesses.h"
 #include "platform/linux/windows/WindowRoles.h"
+#include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 
 #include <algorithm>

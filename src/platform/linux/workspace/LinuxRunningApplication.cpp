@@ -1,10 +1,10 @@
 #include "platform/linux/workspace/LinuxRunningApplication.h"
 
 #include "platform/ProcessTable.h"
-#include "platform/linux/bus/BusApplications.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/protection/ProtectedProcesses.h"
 #include "platform/linux/windows/WindowRoles.h"
+#include "platform/linux/workspace/BusApplications.h"
 
 #include <algorithm>
 #include <chrono>

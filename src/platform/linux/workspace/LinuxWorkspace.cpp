@@ -1,7 +1,6 @@
 #include "platform/linux/workspace/LinuxWorkspace.h"
 
-#include "platform/linux/bus/BusApplications.h"
-#include "platform/linux/events/EventPoll.h"
+#include "platform/linux/EventPoll.h"
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/identity/BundlePath.h"
 #include "platform/linux/identity/KnownIds.h"
@@ -9,6 +8,7 @@
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/windows/WindowRoles.h"
+#include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 #include "support/ShownName.h"
 

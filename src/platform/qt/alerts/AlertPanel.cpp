@@ -1,8 +1,8 @@
 #include "platform/qt/alerts/AlertPanel.h"
 
-#include "theme/Metrics.h"
-#include "theme/Pictures.h"
-#include "theme/Theme.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QAbstractButton>
 #include <QHBoxLayout>

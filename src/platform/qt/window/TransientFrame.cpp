@@ -1,7 +1,7 @@
 #include "platform/qt/window/TransientFrame.h"
 
-#include "theme/Metrics.h"
-#include "theme/Theme.h"
+#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,0 +1,154 @@
+# A module is one library: the files of one folder of src, each header verified to compile alone.
+#
+#   calmora_add_module(<target> PLAIN|QT
+#       FOLDERS <folder>...       the default is the folder of the CMakeLists.txt alone
+#       FILES <name>...           the files so called, without their extensions; the default is
+#                                 all files that no module before has taken
+#       LINK <target>...)         public dependencies
+#
+# PLAIN modules use the standard library and plain C libraries; QT modules may use Qt. Modules are
+# added from the lowest to the highest: a module can only link what was added before it, so that no
+# circle can arise between modules. calmora_check_includes() checks the files against that.
+
+add_library(calmora_warnings INTERFACE)
+target_compile_options(calmora_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+    -Wcast-qual -Wformat=2 -Wundef
+    $<$<BOOL:${CALMORA_WARNINGS_AS_ERRORS}>:-Werror>)
+
+function(calmora_add_module target kind)
+    cmake_parse_arguments(MODULE "" "" "FOLDERS;FILES;LINK" ${ARGN})
+    if(NOT kind MATCHES "^(PLAIN|QT)$")
+        message(FATAL_ERROR "${target}: a module is PLAIN or QT, not '${kind}'")
+    endif()
+    foreach(dependency IN LISTS MODULE_LINK)
+        if(NOT TARGET ${dependency})
+            message(FATAL_ERROR "${target} links ${dependency}, which is no module added before it")
+        endif()
+        get_target_property(dependency_kind ${dependency} CALMORA_KIND)
+        if(kind STREQUAL "PLAIN" AND (dependency MATCHES "^Qt6::" OR dependency_kind STREQUAL "QT"))
+            message(FATAL_ERROR "${target} is a PLAIN module but links ${dependency}")
+        endif()
+    endforeach()
+
+    if(NOT MODULE_FOLDERS)
+        set(MODULE_FOLDERS .)
+    endif()
+    get_property(taken GLOBAL PROPERTY CALMORA_FILES)
+    set(headers "")
+    set(sources "")
+    foreach(folder IN LISTS MODULE_FOLDERS)
+        file(GLOB found CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h"
+                                          "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+        foreach(file IN LISTS found)
+            cmake_path(NORMAL_PATH file)
+            cmake_path(GET file STEM name)
+            if(file IN_LIST taken OR file MATCHES "/main\\.cpp$"
+               OR (MODULE_FILES AND NOT name IN_LIST MODULE_FILES))
+                continue()
+            endif()
+            if(file MATCHES "\\.h$")
+                list(APPEND headers "${file}")
+            else()
+                list(APPEND sources "${file}")
+            endif()
+            set_property(GLOBAL APPEND PROPERTY CALMORA_FILES "${file}")
+            set_property(GLOBAL PROPERTY "CALMORA_MODULE_OF_${file}" ${target})
+        endforeach()
+    endforeach()
+
+    if(sources)
+        set(scope PUBLIC)
+        add_library(${target} STATIC ${sources})
+        target_link_libraries(${target} PRIVATE calmora_warnings)
+    else()
+        set(scope INTERFACE)
+        add_library(${target} INTERFACE)
+    endif()
+    target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src"
+                   FILES ${headers})
+    target_link_libraries(${target} ${scope} ${MODULE_LINK})
+    if(kind STREQUAL "QT")
+        # Qt's macros "emit" and "slots" would rename members of ours.
+        target_compile_definitions(${target} ${scope} QT_NO_KEYWORDS)
+    endif()
+    set_property(TARGET ${target} PROPERTY CALMORA_KIND ${kind})
+    set_property(TARGET ${target} PROPERTY CALMORA_LINK ${MODULE_LINK})
+endfunction()
+
+# Reads what the files of all modules include, and stops with the name of the file that
+# - includes a header of a module that its own does not link,
+# - includes X11 outside of platform/x11, or Qt in a PLAIN module,
+# or with the files that make a circle between folders.
+function(calmora_check_includes)
+    get_property(files GLOBAL PROPERTY CALMORA_FILES)
+    set(source_folder "${PROJECT_SOURCE_DIR}/src/")
+    set(folders "")
+    foreach(file IN LISTS files)
+        get_property(module GLOBAL PROPERTY "CALMORA_MODULE_OF_${file}")
+        get_target_property(kind ${module} CALMORA_KIND)
+        get_target_property(links ${module} CALMORA_LINK)
+        string(REPLACE "${source_folder}" "" short "${file}")
+        cmake_path(GET short PARENT_PATH folder)
+        list(APPEND folders "${folder}")
+        file(STRINGS "${file}" lines REGEX "^#include ")
+        foreach(line IN LISTS lines)
+            if(line MATCHES "<(xcb|X11)/" AND NOT folder MATCHES "^platform/x11")
+                message(FATAL_ERROR "src/${short}: only platform/x11 may use X11 (${line})")
+            elseif(line MATCHES "<Q" AND kind STREQUAL "PLAIN")
+                message(FATAL_ERROR "src/${short}: ${module} is a PLAIN module (${line})")
+            elseif(NOT line MATCHES "\"(.+)\"")
+                continue()
+            endif()
+            set(included "${CMAKE_MATCH_1}")
+            get_property(other GLOBAL PROPERTY "CALMORA_MODULE_OF_${source_folder}${included}")
+            if(other AND NOT other STREQUAL module AND NOT other IN_LIST links)
+                message(FATAL_ERROR "src/${short} includes ${included}, but ${module} does not link "
+                                    "${other}")
+            endif()
+            cmake_path(GET included PARENT_PATH included_folder)
+            if(other AND NOT included_folder STREQUAL folder)
+                list(APPEND arrows_${folder} "${included_folder}")
+                list(APPEND examples_${folder} "${included_folder}: src/${short} includes ${included}")
+            endif()
+        endforeach()
+    endforeach()
+
+    # A folder that includes none of those that are left, or that none of them includes, is in no
+    # circle.
+    list(REMOVE_DUPLICATES folders)
+    set(shrinks TRUE)
+    while(shrinks)
+        set(shrinks FALSE)
+        set(reached "")
+        foreach(folder IN LISTS folders)
+            list(APPEND reached ${arrows_${folder}})
+        endforeach()
+        foreach(folder IN LISTS folders)
+            set(reaches FALSE)
+            foreach(target IN LISTS arrows_${folder})
+                if(target IN_LIST folders)
+                    set(reaches TRUE)
+                    break()
+                endif()
+            endforeach()
+            if(NOT reaches OR NOT folder IN_LIST reached)
+                list(REMOVE_ITEM folders "${folder}")
+                set(shrinks TRUE)
+            endif()
+        endforeach()
+    endwhile()
+    set(circle "")
+    foreach(folder IN LISTS folders)
+        foreach(example IN LISTS examples_${folder})
+            string(REGEX REPLACE ": .*" "" target "${example}")
+            if(target IN_LIST folders)
+                string(REGEX REPLACE "^[^:]*: " "" example "${example}")
+                string(APPEND circle "\n  ${example}")
+            endif()
+        endforeach()
+    endforeach()
+    if(circle)
+        message(FATAL_ERROR "These files make a circle between folders:${circle}")
+    endif()
+endfunction()

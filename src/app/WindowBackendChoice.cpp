@@ -1,0 +1,11 @@
+#include "app/WindowBackendChoice.h"
+
+#include "platform/x11/backend/X11Backend.h"
+
+namespace calmora {
+
+std::unique_ptr<WindowBackend> makeWindowBackend(EventPoll& events) {
+    return std::make_unique<X11Backend>(events);
+}
+
+} // namespace calmora

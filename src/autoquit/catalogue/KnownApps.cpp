@@ -1,0 +1,106 @@
+#include "autoquit/catalogue/KnownApps.h"
+
+#include "autoquit/catalogue/KnownAppTable.h"
+
+#include <algorithm>
+
+namespace calmora {
+namespace {
+
+constexpr auto byIdentifier = [] {
+    auto sorted = knownAppTable;
+    std::ranges::sort(sorted, {}, &KnownAppEntry::bundleIdentifier);
+    return sorted;
+}();
+
+static_assert(std::ranges::adjacent_find(byIdentifier, {}, &KnownAppEntry::bundleIdentifier) ==
+                  byIdentifier.end(),
+              "an identifier is listed twice");
+
+} // namespace
+
+std::string_view rawValue(IdleBehavior behavior) {
+    switch (behavior) {
+    case IdleBehavior::safeToQuit:
+        return "safeToQuit";
+    case IdleBehavior::cautious:
+        return "cautious";
+    case IdleBehavior::neverQuit:
+        return "neverQuit";
+    }
+    return {};
+}
+
+std::string_view rawValue(AppCategory category) {
+    switch (category) {
+    case AppCategory::browser:
+        return "browser";
+    case AppCategory::creative:
+        return "creative";
+    case AppCategory::devTool:
+        return "devTool";
+    case AppCategory::communication:
+        return "communication";
+    case AppCategory::media:
+        return "media";
+    case AppCategory::office:
+        return "office";
+    case AppCategory::utility:
+        return "utility";
+    case AppCategory::systemUtility:
+        return "systemUtility";
+    case AppCategory::cloudStorage:
+        return "cloudStorage";
+    case AppCategory::security:
+        return "security";
+    case AppCategory::finance:
+        return "finance";
+    case AppCategory::education:
+        return "education";
+    case AppCategory::gaming:
+        return "gaming";
+    case AppCategory::reference:
+        return "reference";
+    case AppCategory::menuBarApp:
+        return "menuBarApp";
+    }
+    return {};
+}
+
+std::optional<KnownAppInfo> KnownApps::lookup(std::optional<std::string_view> bundleID) {
+    if (!bundleID) {
+        return std::nullopt;
+    }
+    const auto listed =
+        std::ranges::lower_bound(byIdentifier, *bundleID, {}, &KnownAppEntry::bundleIdentifier);
+    if (listed != byIdentifier.end() && listed->bundleIdentifier == *bundleID) {
+        return KnownAppInfo{std::string(listed->bundleIdentifier), std::string(listed->displayName),
+                            listed->category, listed->idleBehavior};
+    }
+    for (const KnownAppPrefix& vendor : knownAppPrefixes) {
+        if (bundleID->starts_with(vendor.prefix)) {
+            const std::string_view name = bundleID->substr(bundleID->rfind('.') + 1);
+            return KnownAppInfo{std::string(*bundleID), std::string(name), vendor.category,
+                                vendor.idleBehavior};
+        }
+    }
+    return std::nullopt;
+}
+
+const std::set<std::string_view>& KnownApps::musicAppBundleIDs() {
+    static const std::set<std::string_view> players{
+        "com.apple.Music",
+        "com.spotify.client",
+        "com.tidal.desktop",
+        "com.amazon.music",
+        "com.deezer.deezer-desktop",
+        "com.pandora.desktop",
+        "com.soundcloud.desktop",
+        "tv.plex.plexamp",
+        "com.roon.Roon",
+        "app.audirvana.Audirvana-Origin",
+    };
+    return players;
+}
+
+} // namespace calmora

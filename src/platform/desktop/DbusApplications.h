@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/desktop/dbus/BusNames.h"
+#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/linux/workspace/BusApplications.h"
+#include "support/Signal.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// The programs on the session bus, over a connection of Qt's. Without a bus everything is empty.
+class DbusApplications final : public BusApplications {
+  public:
+    explicit DbusApplications(const QDBusConnection& connection);
+
+    [[nodiscard]] bool ownsStatusItem(ProcessId process) const override;
+    [[nodiscard]] std::vector<ProcessId> statusItemProcesses() const override;
+    [[nodiscard]] bool isMediaPlayer(ProcessId process) const override;
+    bool quitMediaPlayer(ProcessId process) override;
+    void learnActions(const ExportedActions& actions) override;
+    bool activateQuit(const ExportedActions& actions) override;
+    [[nodiscard]] std::vector<ProcessId> protectedProcesses() const override;
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
+    void flush() override;
+
+  private:
+    using ActionsKey = std::pair<std::string, std::string>;
+
+    void readItems();
+    void setItems(std::set<QString> items);
+    void playersChanged();
+    void setCanQuit(const QString& uniqueName, bool canQuit);
+
+    QDBusConnection connection_;
+    Signal<> changed_;
+    bool hasUnflushed_ = false;
+
+    BusNames protected_;
+
+    /// As the watcher of the panel spells them: a name of the bus, often with a path behind it.
+    std::set<QString> items_;
+    /// The names of the bus in items_.
+    std::set<QString> itemNames_;
+    BusNames itemOwners_;
+
+    BusNames players_;
+    /// Unique names of the players that were asked whether they can quit.
+    std::set<QString> askedPlayers_;
+    /// Unique names of the players that say they can.
+    std::set<QString> quittablePlayers_;
+
+    std::set<ActionsKey> quitActions_;
+
+    QDBusServiceWatcher panelWatcher_;
+    std::vector<std::unique_ptr<BusSignal>> signals_;
+};
+
+} // namespace calmora

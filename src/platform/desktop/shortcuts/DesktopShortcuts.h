@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/SystemShortcuts.h"
+#include "platform/desktop/shortcuts/Accelerator.h"
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class KeyboardLayout;
+
+/// Finds keys by the names that X gives to what they write.
+class KeyNames {
+  public:
+    /// `layout` must outlive this object.
+    explicit KeyNames(const KeyboardLayout& layout);
+
+    /// The virtual key code of the key that an X keysym name means: for a letter or sign the key
+    /// that writes it now, else the key that is so called. Absent when there is none.
+    [[nodiscard]] std::optional<std::int64_t> keyCode(const std::string& name) const;
+
+  private:
+    const KeyboardLayout& layout_;
+    /// What a US keyboard calls its keys: keysym and virtual key code.
+    std::map<std::uint32_t, std::int64_t> american_;
+};
+
+/// The shortcuts that the desktop's settings list, from whoever keeps such a list here.
+class DesktopShortcuts final : public SystemShortcuts {
+  public:
+    /// Gives what one program has bound now; empty when it does not run.
+    using Source = std::function<std::vector<Accelerator>()>;
+
+    /// `layout` must outlive this object.
+    DesktopShortcuts(const KeyboardLayout& layout, std::vector<Source> sources);
+
+    [[nodiscard]] std::vector<SymbolicHotKey> copySymbolicHotKeys() override;
+
+  private:
+    const KeyboardLayout& layout_;
+    std::vector<Source> sources_;
+};
+
+/// Gives the name of the running window manager, as it tells it; empty when none does.
+using WindowManagerName = std::function<std::string()>;
+
+/// Reads openbox's bindings while openbox manages the windows: the first of `files` that can be
+/// read, the user's before the system's.
+[[nodiscard]] DesktopShortcuts::Source openboxShortcuts(WindowManagerName windowManager,
+                                                        std::vector<std::filesystem::path> files);
+
+} // namespace calmora

@@ -1,0 +1,75 @@
+#include "platform/desktop/shortcuts/KdeShortcuts.h"
+
+#include "platform/desktop/dbus/Messages.h"
+
+#include <QDBusObjectPath>
+#include <QDBusPendingCall>
+#include <QList>
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+namespace {
+
+/// In milliseconds, for each of the two rounds.
+constexpr int patience = 150;
+
+QDBusPendingCall ask(const QDBusConnection& bus, const QString& path, const char* interface,
+                     const char* method) {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall("org.kde.kglobalaccel", path, interface, method);
+    call.setAutoStartService(false);
+    return bus.asyncCall(call, patience);
+}
+
+/// Appends the keys of one program's shortcuts; the surplus of a list that is too long is left out.
+void readKeys(const QDBusArgument& infos, std::vector<Accelerator>& result) {
+    infos.beginArray();
+    for (qsizetype read = 0; !infos.atEnd() && read < longestList; ++read) {
+        infos.beginStructure();
+        constexpr int names = 6;
+        QString name;
+        for (int i = 0; i < names; ++i) {
+            infos >> name;
+        }
+        QList<int> keys;
+        static_cast<void>(readBounded(infos, keys));
+        infos.endStructure(); // What was not read, the default keys, is passed over.
+        for (const int key : std::as_const(keys)) {
+            if (auto accelerator = qtAccelerator(static_cast<std::uint32_t>(key))) {
+                result.push_back(std::move(*accelerator));
+            }
+        }
+    }
+    infos.endArray();
+}
+
+} // namespace
+
+DesktopShortcuts::Source kdeShortcuts(const QDBusConnection& bus) {
+    return [bus] {
+        QDBusPendingCall components =
+            ask(bus, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents");
+        components.waitForFinished();
+        std::vector<QDBusPendingCall> calls;
+        const auto paths = readArgument<QList<QDBusObjectPath>>(components.reply())
+                               .value_or(QList<QDBusObjectPath>());
+        for (const QDBusObjectPath& path : paths) {
+            calls.push_back(
+                ask(bus, path.path(), "org.kde.kglobalaccel.Component", "allShortcutInfos"));
+        }
+        std::vector<Accelerator> result;
+        for (QDBusPendingCall& call : calls) {
+            call.waitForFinished();
+            const QVariant infos = call.reply().arguments().value(0);
+            if (typeOf(infos) == "a(ssssssaiai)") {
+                readKeys(infos.value<QDBusArgument>(), result);
+            }
+        }
+        return result;
+    };
+}
+
+} // namespace calmora

@@ -1,0 +1,102 @@
+#include "platform/desktop/single_instance/RuntimeLock.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace calmora {
+namespace {
+
+constexpr char greeting = '!';
+constexpr int retryMilliseconds = 20;
+
+/// The address of a socket in an open folder. The way through the descriptor keeps the path short
+/// enough for an address, whatever the folder's.
+sockaddr_un addressIn(const FileDescriptor& folder, const std::string& name) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = "/proc/self/fd/" + std::to_string(folder.get()) + '/' + name;
+    if (path.size() < sizeof address.sun_path) {
+        std::memcpy(address.sun_path, path.data(), path.size());
+    }
+    return address;
+}
+
+bool isOurs(const char* folder) {
+    struct stat status{};
+    return lstat(folder, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == getuid() &&
+           (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+} // namespace
+
+RuntimeLock::RuntimeLock(const std::filesystem::path& folder, const std::string& name)
+    : folder_(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
+      socketName_(name + ".socket") {
+    if (!folder_) {
+        return;
+    }
+    lock_ = FileDescriptor(openat(folder_.get(), (name + ".lock").c_str(),
+                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!lock_) {
+        return;
+    }
+    if (flock(lock_.get(), LOCK_EX | LOCK_NB) != 0) {
+        isHeldElsewhere_ = errno == EWOULDBLOCK;
+        return;
+    }
+    // Whoever bound the socket before is gone: the lock is ours.
+    unlinkat(folder_.get(), socketName_.c_str(), 0);
+    FileDescriptor listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    const sockaddr_un address = addressIn(folder_, socketName_);
+    if (bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+        listen(listener.get(), 8) == 0) {
+        socket_ = std::move(listener);
+    }
+}
+
+bool RuntimeLock::answer() const {
+    const FileDescriptor other(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+    return other && send(other.get(), &greeting, 1, MSG_NOSIGNAL | MSG_DONTWAIT) == 1;
+}
+
+bool RuntimeLock::knock(std::chrono::milliseconds atMost) const {
+    using Clock = std::chrono::steady_clock;
+    const auto deadline = Clock::now() + atMost;
+    const sockaddr_un address = addressIn(folder_, socketName_);
+    do {
+        const FileDescriptor door(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        if (connect(door.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+            pollfd waiting{.fd = door.get(), .events = POLLIN, .revents = 0};
+            char answered = 0;
+            return poll(&waiting, 1, static_cast<int>(std::max<std::int64_t>(left.count(), 0))) ==
+                       1 &&
+                   recv(door.get(), &answered, 1, 0) == 1 && answered == greeting;
+        }
+        // The holder has the lock but not yet its socket.
+        poll(nullptr, 0, retryMilliseconds);
+    } while (Clock::now() < deadline);
+    return false;
+}
+
+std::filesystem::path RuntimeLock::userFolder() {
+    if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && isOurs(runtime)) {
+        return runtime;
+    }
+    const std::string own = "/tmp/calmora-" + std::to_string(getuid());
+    mkdir(own.c_str(), 0700);
+    return isOurs(own.c_str()) ? std::filesystem::path(own) : std::filesystem::path();
+}
+
+} // namespace calmora

@@ -1,0 +1,86 @@
+#include "platform/desktop/single_instance/SingleInstance.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+/// For an answer of the running program, which may be busy quitting another one.
+constexpr std::chrono::milliseconds answerTime{3000};
+
+} // namespace
+
+SingleInstance::SingleInstance(const QDBusConnection& bus, const std::string& applicationId,
+                               const std::filesystem::path& runtimeFolder) {
+    if (!bus.isConnected() || !claimName(bus, QString::fromStdString(applicationId))) {
+        claimLock(runtimeFolder, applicationId);
+    }
+}
+
+bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId) {
+    // The object comes first: whoever finds the name must find it, too.
+    object_ = std::make_unique<ApplicationObject>(bus, applicationId, [this] { activate(); });
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
+    if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered) {
+        return true;
+    }
+    object_.reset();
+    if (!reply.isValid()) {
+        return false;
+    }
+    isFirst_ = false;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(applicationId, ApplicationObject::pathOf(applicationId),
+                                       ApplicationObject::interfaceName, "Activate");
+    call.setArguments({QVariantMap()});
+    bus.call(call, QDBus::Block, static_cast<int>(answerTime.count()));
+    return true;
+}
+
+void SingleInstance::claimLock(const std::filesystem::path& folder,
+                               const std::string& applicationId) {
+    if (folder.empty()) {
+        return;
+    }
+    lock_ = std::make_unique<RuntimeLock>(folder, applicationId);
+    if (lock_->isHeldElsewhere()) {
+        isFirst_ = false;
+        static_cast<void>(lock_->knock(answerTime));
+        return;
+    }
+    if (lock_->knocks() >= 0) {
+        knocks_ = std::make_unique<QSocketNotifier>(lock_->knocks(), QSocketNotifier::Read);
+        QObject::connect(knocks_.get(), &QSocketNotifier::activated, knocks_.get(), [this] {
+            if (lock_->answer()) {
+                activate();
+            }
+        });
+    }
+}
+
+void SingleInstance::activate() {
+    if (activated_.hasListeners()) {
+        activated_.emit();
+    } else {
+        isActivationPending_ = true;
+    }
+}
+
+Subscription SingleInstance::onActivated(std::function<void()> handler) {
+    Subscription token = activated_.connect(std::move(handler));
+    if (std::exchange(isActivationPending_, false)) {
+        QTimer::singleShot(0, object_ ? static_cast<QObject*>(object_.get()) : knocks_.get(),
+                           [this] { activate(); });
+    }
+    return token;
+}
+
+} // namespace calmora

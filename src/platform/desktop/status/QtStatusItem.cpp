@@ -1,0 +1,208 @@
+#include "platform/desktop/status/QtStatusItem.h"
+
+#include "platform/LocalizedStrings.h"
+#include "platform/desktop/status/Glyph.h"
+#include "platform/desktop/status/StatusMenu.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QPalette>
+#include <QScreen>
+#include <QTimer>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr auto title = "Calmora";
+/// An icon in a panel is about this wide.
+constexpr int usualSide = 22;
+/// After this time a panel that starts has painted itself.
+constexpr std::chrono::milliseconds paintTime{1000};
+
+/// The name under which a panel finds the picture and knows that it may draw it in its own colour:
+/// "-symbolic" at the end, beside the picture's own file. Empty where there is none.
+QString recolorableName(const Image& image) {
+    const std::string name = image.file.stem().string() + "-symbolic";
+    std::error_code error;
+    return std::filesystem::exists(image.file.parent_path() / (name + ".svg"), error)
+               ? QString::fromStdString(name)
+               : QString();
+}
+
+bool isX11() {
+    return QGuiApplication::platformName() == "xcb";
+}
+
+/// Whether the desktop's panel shows an icon as it is drawn, also a symbolic one on a dark bar.
+/// There, where the bar can be looked at, the glyph comes as pixels in the colour that fits it.
+bool drawsNamesAsTheyAre() {
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':');
+    return isX11() && QGuiApplication::primaryScreen() &&
+           (desktops.contains("LXQt") || desktops.contains("MATE"));
+}
+
+} // namespace
+
+QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
+                           const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu)
+    : strings_(strings), onPanelMenu_(std::move(onPanelMenu)),
+      menu_(
+          bus, [this] { return buildMenu(); }, [this](bool isOpen) { setPanelMenuOpen(isOpen); }),
+      item_(bus, QString::fromStdString(applicationId), title, MenuObject::path,
+            {.activate = [this](Point place) { clicked(StatusEvent::leftMouseUp, place); },
+             .contextMenu = [this](Point place) { clicked(StatusEvent::rightMouseUp, place); }}),
+      watcher_(bus, [this](PanelWatcher::Panel panel) { panelChanged(panel); }) {
+    qApp->installEventFilter(this);
+}
+
+QtStatusItem::~QtStatusItem() = default;
+
+void QtStatusItem::setTemplateImage(const std::optional<Image>& image, int points) {
+    image_ = image;
+    points_ = points;
+    publishIcon();
+}
+
+void QtStatusItem::setAction(std::function<void(StatusEvent)> action) {
+    action_ = std::move(action);
+}
+
+void QtStatusItem::setMenu(std::function<std::vector<StatusMenuItem>()> build) {
+    build_ = std::move(build);
+    menu_.update();
+}
+
+void QtStatusItem::popUpMenu() {
+    StatusMenu menu(buildMenu());
+    menu.exec(menuPlace(menu.sizeHint().height()));
+}
+
+QPoint QtStatusItem::menuPlace(int height) const {
+    if (trayIcon_) {
+        if (const auto icon = trayIcon_->geometry()) {
+            // Beside the bar: below it at the top of the screen, above it at the bottom.
+            const QScreen* screen = QGuiApplication::screenAt({icon->x, icon->y});
+            const bool isBottom = screen && icon->y > screen->geometry().center().y();
+            return {icon->x, isBottom ? icon->y - height : icon->y + icon->height};
+        }
+    }
+    return lastClick_ ? QPoint(lastClick_->x, lastClick_->y) : QCursor::pos();
+}
+
+std::optional<Rect> QtStatusItem::frame() const {
+    if (trayIcon_) {
+        if (const auto place = trayIcon_->geometry()) {
+            return place;
+        }
+    }
+    if (!lastClick_) {
+        return std::nullopt;
+    }
+    return Rect{lastClick_->x - usualSide / 2, lastClick_->y - usualSide / 2, usualSide, usualSide};
+}
+
+bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange) {
+        publishIcon();
+    }
+    return false;
+}
+
+void QtStatusItem::setPanelMenuOpen(bool isOpen) {
+    if (onPanelMenu_) {
+        onPanelMenu_(isOpen);
+    }
+}
+
+void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
+    setPanelMenuOpen(false);
+    if (panel == PanelWatcher::Panel::absent) {
+        if (!trayIcon_ && isX11()) {
+            trayIcon_ = std::make_unique<TrayIcon>(title, [this](StatusEvent event) {
+                if (const auto place = trayIcon_->geometry()) {
+                    lastClick_ = {place->x + place->width / 2, place->y + place->height / 2};
+                }
+                // Not from within Qt's icon: a menu may stay open until the icon is gone.
+                QTimer::singleShot(0, this, [this, event] { act(event); });
+            });
+            trayIcon_->setGlyph(image_);
+        }
+        return;
+    }
+    trayIcon_.reset();
+    menu_.update();
+    item_.announce();
+    if (drawsNamesAsTheyAre()) {
+        // A panel that has just come is not painted yet.
+        QTimer::singleShot(paintTime, this, [this] { publishIcon(); });
+    }
+}
+
+void QtStatusItem::clicked(StatusEvent event, Point place) {
+    setPanelMenuOpen(false);
+    // What panels give as the place differs: the pointer's, the icon's, nothing at all. On X11
+    // the pointer can be asked.
+    if (isX11()) {
+        const QPoint pointer = QCursor::pos();
+        lastClick_ = {pointer.x(), pointer.y()};
+    } else if (place != Point{}) {
+        lastClick_ = place;
+    }
+    act(event);
+}
+
+void QtStatusItem::act(StatusEvent event) {
+    if (action_) {
+        action_(event);
+    }
+}
+
+void QtStatusItem::publishIcon() {
+    NotifierItem::Icon icon;
+    if (image_) {
+        QColor color = QApplication::palette().color(QPalette::WindowText);
+        if (drawsNamesAsTheyAre()) {
+            if (const QColor bar = barColor(*QGuiApplication::primaryScreen()); bar.isValid()) {
+                color = glyphColorOn(bar);
+            }
+        } else {
+            icon.name = recolorableName(*image_);
+            icon.themePath = QString::fromStdString(image_->file.parent_path().string());
+        }
+        icon.pixmaps = glyphPixmaps(*image_, color);
+    }
+    item_.setIcon(icon);
+    if (trayIcon_) {
+        trayIcon_->setGlyph(image_);
+    }
+}
+
+std::vector<StatusMenuItem> QtStatusItem::buildMenu() {
+    std::vector<StatusMenuItem> items;
+    if (watcher_.panel() == PanelWatcher::Panel::gnomeShell) {
+        items.push_back({.title = strings_.text("Show/Hide Calmora"),
+                         .keyEquivalent = {},
+                         .isEnabled = true,
+                         .action = [this] {
+                             if (action_) {
+                                 action_(StatusEvent::leftMouseUp);
+                             }
+                         }});
+        items.push_back({});
+    }
+    if (build_) {
+        for (StatusMenuItem& item : build_()) {
+            items.push_back(std::move(item));
+        }
+    }
+    return items;
+}
+
+} // namespace calmora

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/StatusItem.h"
+#include "platform/desktop/status/MenuObject.h"
+#include "platform/desktop/status/NotifierItem.h"
+#include "platform/desktop/status/PanelWatcher.h"
+#include "platform/desktop/status/TrayIcon.h"
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QPoint>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class LocalizedStrings;
+
+/// The status item on Linux desktops: a StatusNotifierItem in every panel that takes one, whenever
+/// it comes; an icon in the old tray while there is none. Works without either, and without a bus.
+class QtStatusItem final : public QObject, public StatusItem {
+  public:
+    /// `applicationId` names the item to panels. `strings` must outlive it.
+    /// `onPanelMenu` is told when a panel opens and closes its drawing of the menu; the close also
+    /// when the panel vanishes or sends a click instead.
+    QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
+                 const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu = {});
+    ~QtStatusItem() override;
+
+    /// Where a file "NAME-symbolic.svg" lies beside the image's file "NAME.svg", its name goes to
+    /// the panel, which may draw it in its own colour. Panels that want pixels get them in the
+    /// desktop's text colour.
+    void setTemplateImage(const std::optional<Image>& image, int points) override;
+    void setAction(std::function<void(StatusEvent)> action) override;
+    void setMenu(std::function<std::vector<StatusMenuItem>()> build) override;
+    void popUpMenu() override;
+
+    /// The icon's rectangle in the old tray; else a square around the place of the last click,
+    /// since panels do not tell theirs.
+    [[nodiscard]] std::optional<Rect> frame() const override;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void setPanelMenuOpen(bool isOpen);
+    void panelChanged(PanelWatcher::Panel panel);
+    void clicked(StatusEvent event, Point place);
+    void act(StatusEvent event);
+    void publishIcon();
+    /// Where a menu of this height opens.
+    [[nodiscard]] QPoint menuPlace(int height) const;
+    [[nodiscard]] std::vector<StatusMenuItem> buildMenu();
+
+    const LocalizedStrings& strings_;
+    std::optional<Image> image_;
+    int points_ = 0;
+    std::function<void(bool)> onPanelMenu_;
+    std::function<void(StatusEvent)> action_;
+    std::function<std::vector<StatusMenuItem>()> build_;
+    std::optional<Point> lastClick_;
+    MenuObject menu_;
+    NotifierItem item_;
+    std::unique_ptr<TrayIcon> trayIcon_;
+    PanelWatcher watcher_;
+};
+
+} // namespace calmora

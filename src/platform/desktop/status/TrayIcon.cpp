@@ -1,0 +1,100 @@
+#include "platform/desktop/status/TrayIcon.h"
+
+#include "platform/desktop/status/Glyph.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+#include <QPixmap>
+#include <QScreen>
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+/// After this time a tray has painted itself around the icon.
+constexpr std::chrono::milliseconds settleTime{100};
+
+} // namespace
+
+TrayIcon::TrayIcon(const QString& title, std::function<void(StatusEvent)> onClick)
+    : onClick_(std::move(onClick)),
+      color_(glyphColorOn(QApplication::palette().color(QPalette::Window))) {
+    icon_.setToolTip(title);
+    qApp->installEventFilter(this);
+    connect(&icon_, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                switch (reason) {
+                case QSystemTrayIcon::Trigger:
+                case QSystemTrayIcon::DoubleClick:
+                    onClick_(StatusEvent::leftMouseUp);
+                    break;
+                case QSystemTrayIcon::Context:
+                    onClick_(StatusEvent::rightMouseUp);
+                    break;
+                case QSystemTrayIcon::MiddleClick:
+                case QSystemTrayIcon::Unknown:
+                    break;
+                }
+            });
+}
+
+void TrayIcon::setGlyph(const std::optional<Image>& glyph) {
+    glyph_ = glyph;
+    draw();
+    icon_.show();
+}
+
+std::optional<Rect> TrayIcon::geometry() const {
+    const QRect place = icon_.geometry();
+    if (place.isEmpty()) {
+        return std::nullopt;
+    }
+    return Rect{place.x(), place.y(), place.width(), place.height()};
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    // Qt tells nothing of its icon's place, but the window that it puts into a tray does.
+    if (event->type() == QEvent::Paint && !isAdapting_ && watched->isWidgetType() &&
+        watched->inherits("QSystemTrayIconSys")) {
+        isAdapting_ = true;
+        QTimer::singleShot(settleTime, this, [this] {
+            adaptColor();
+            isAdapting_ = false;
+        });
+    }
+    return false;
+}
+
+void TrayIcon::draw() {
+    QIcon icon = glyph_ ? glyphIcon(*glyph_, color_) : QIcon();
+    if (icon.isNull()) {
+        // Qt shows no icon without a picture; the place in the tray stays the button.
+        QPixmap empty(22, 22);
+        empty.fill(Qt::transparent);
+        icon.addPixmap(empty);
+    }
+    icon_.setIcon(icon);
+}
+
+void TrayIcon::adaptColor() {
+    const QRect place = icon_.geometry();
+    QScreen* screen = QApplication::screenAt(place.center());
+    if (place.isEmpty() || !screen) {
+        return;
+    }
+    const QPoint origin = place.topLeft() - screen->geometry().topLeft();
+    const QImage seen =
+        screen->grabWindow(0, origin.x(), origin.y(), place.width(), place.height()).toImage();
+    const QColor background = backgroundOf(seen);
+    if (background.isValid() && glyphColorOn(background) != color_) {
+        color_ = glyphColorOn(background);
+        draw();
+    }
+}
+
+} // namespace calmora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/linux/keyboard/KeyCodes.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <xkbcommon/xkbcommon.h>
+
+namespace calmora {
+
+/// Releases what xkbcommon hands out.
+struct XkbRelease {
+    void operator()(xkb_context* context) const { xkb_context_unref(context); }
+
+    void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
+};
+
+using XkbContext = std::unique_ptr<xkb_context, XkbRelease>;
+using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
+
+/// A context that logs nothing; null when there is no memory.
+[[nodiscard]] XkbContext makeXkbContext();
+
+/// The layout of `keymap` that stands for ASCII: `active` if its lowest level has at least 20 of
+/// the letters a to z, else the first that has; absent when none does.
+[[nodiscard]] std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap,
+                                                            xkb_layout_index_t active);
+
+/// The text on the lowest level of a key, as UTF-8; a dead key gives its spacing form. Absent when
+/// the key gives no text.
+[[nodiscard]] std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t layout,
+                                                     X11KeyCode key);
+
+} // namespace calmora

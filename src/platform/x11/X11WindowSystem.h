@@ -1,0 +1,113 @@
+#pragma once
+
+#include "platform/linux/EventPoll.h"
+#include "platform/linux/windows/OwnerProcess.h"
+#include "platform/linux/windows/OwnerWatch.h"
+#include "platform/linux/windows/WindowSystem.h"
+#include "platform/linux/xdg/BaseDirectories.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Sightings.h"
+#include "platform/x11/X11WindowReader.h"
+#include "support/Signal.h"
+
+#include <cstdlib>
+#include <map>
+#include <string>
+
+namespace calmora {
+
+/// The windows of an X server, by EWMH where a window manager speaks it, else by ICCCM alone.
+/// Asks the server to report changes only while someone listens for them.
+/// Sources: EWMH 1.5, ICCCM 2.0, X-Resource extension 1.2, XEMBED.
+class X11WindowSystem final : public WindowSystem {
+  public:
+    /// Connects to `display`; empty means the one that the environment names. Where that fails
+    /// the window system is not alive from the start. `events` must outlive it. `environment`
+    /// tells of the session.
+    explicit X11WindowSystem(EventPoll& events, const std::string& display = {},
+                             EnvironmentReader environment = std::getenv,
+                             OwnerLookup lookUp = ownersFromKernel());
+    X11WindowSystem(const X11WindowSystem&) = delete;
+    X11WindowSystem& operator=(const X11WindowSystem&) = delete;
+    ~X11WindowSystem() override = default;
+
+    [[nodiscard]] bool isAlive() const override { return isAlive_; }
+
+    [[nodiscard]] std::string displayName() const override { return displayName_; }
+
+    [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
+    [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
+    [[nodiscard]] bool coversAllWindows() const override;
+    [[nodiscard]] std::optional<WindowId> activeWindow() override;
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+    [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
+    bool requestClose(WindowId window, ProcessId process) override;
+    [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
+    [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
+    [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override;
+    void flush() override;
+
+  private:
+    struct Known {
+        /// Absent while it has to be read, and for a window that is gone.
+        std::optional<TopLevelWindow> facts;
+        /// Absent until somebody asks for it.
+        std::optional<std::shared_ptr<const ImagePixels>> icon;
+        bool isStale = true;
+    };
+
+    void readable();
+    void handleEvents();
+    void update();
+    void updateList();
+    void updateFacts();
+    void forgetFacts();
+    void forgetEverything();
+    void forgetGone();
+    void forgetOwnersThatEnded();
+    void handle(const xcb_generic_event_t& event);
+    void handleProperty(const xcb_property_notify_event_t& event);
+    void listenersChanged();
+    void selectEvents();
+    void settle();
+    void tell();
+    void checkConnection();
+    [[nodiscard]] std::optional<WindowId> focusedWindow() const;
+
+    EventPoll& events_;
+    EnvironmentReader environment_;
+    X11Connection connection_;
+    X11Sightings sightings_;
+    X11WindowReader reader_;
+    std::string displayName_;
+    bool isAlive_;
+    Signal<> windowsChanged_;
+    Signal<> activeWindowChanged_;
+    Signal<> closed_;
+    Subscription watch_;
+    Subscription telling_;
+
+    std::vector<xcb_window_t> order_;
+    std::map<xcb_window_t, Known> known_;
+    std::vector<TopLevelWindow> windows_;
+    OwnerWatch owners_;
+    /// Of the manager and the owners of the manager selections; absent while they must be asked.
+    std::optional<std::vector<ProcessId>> managerProcesses_;
+    /// The window of the manager that speaks EWMH; none without one.
+    xcb_window_t manager_ = XCB_NONE;
+
+    // What the server has been asked to report.
+    bool isTracking_ = false;
+    std::uint32_t rootMask_ = 0;
+    std::uint32_t windowMask_ = 0;
+    xcb_window_t watchedManager_ = XCB_NONE;
+
+    bool isListStale_ = true;
+    bool areFactsStale_ = true;
+    bool windowsDiffer_ = false;
+    bool activeDiffers_ = false;
+    bool closeIsUntold_ = false;
+};
+
+} // namespace calmora

@@ -1,0 +1,45 @@
+#include "platform/x11/backend/X11Backend.h"
+
+#include "platform/qt/window/ManagedTransientWindows.h"
+#include "platform/x11/backend/X11TransientWindows.h"
+#include "platform/x11/hotkeys/X11WindowManagerName.h"
+
+#include <QGuiApplication>
+
+namespace calmora {
+namespace {
+
+/// Qt may use another platform than X11, as for tests and pictures.
+std::unique_ptr<TransientWindows> makeTransientWindows() {
+    if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        return std::make_unique<X11TransientWindows>();
+    }
+    return std::make_unique<ManagedTransientWindows>();
+}
+
+/// A Wayland compositor tells its X server only of X11 programs: of their windows, and of keys
+/// that go to them.
+bool isOnWayland() {
+    return qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
+X11Backend::X11Backend(EventPoll& events)
+    : windows_(events), keyboard_(events), hotKeys_(keyboard_), layout_(keyboard_),
+      transientWindows_(makeTransientWindows()) {}
+
+std::string X11Backend::windowManagerName() {
+    return calmora::windowManagerName(keyboard_.connection());
+}
+
+std::string X11Backend::listLimitation() const {
+    return isOnWayland() ? "On Wayland, only X11 applications are listed." : "";
+}
+
+std::string X11Backend::hotKeyLimitation() const {
+    return isOnWayland() ? "On Wayland, shortcuts work only while an X11 application is in front."
+                         : "";
+}
+
+} // namespace calmora

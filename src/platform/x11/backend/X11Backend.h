@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/qt/WindowBackend.h"
+#include "platform/qt/window/TransientWindows.h"
+#include "platform/x11/X11WindowSystem.h"
+#include "platform/x11/hotkeys/X11HotKeys.h"
+#include "platform/x11/hotkeys/X11Keyboard.h"
+#include "platform/x11/hotkeys/X11KeyboardLayout.h"
+
+#include <memory>
+
+namespace calmora {
+
+class EventPoll;
+
+/// The window system of X11 sessions, and of X11 programs on a Wayland session (Xwayland). Without
+/// an X server it lists nothing and has no hot keys.
+class X11Backend final : public WindowBackend {
+  public:
+    /// Connects to the display that the environment names. `events` must outlive the backend.
+    explicit X11Backend(EventPoll& events);
+
+    [[nodiscard]] WindowSystem& windows() override { return windows_; }
+
+    [[nodiscard]] HotKeys& hotKeys() override { return hotKeys_; }
+
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout_; }
+
+    [[nodiscard]] TransientWindows& transientWindows() override { return *transientWindows_; }
+
+    void discardKeyPresses() override { keyboard_.discardKeyPresses(); }
+
+    [[nodiscard]] std::string windowManagerName() override;
+
+    [[nodiscard]] std::string listLimitation() const override;
+
+    [[nodiscard]] std::string hotKeyLimitation() const override;
+
+  private:
+    X11WindowSystem windows_;
+    X11Keyboard keyboard_;
+    X11HotKeys hotKeys_;
+    X11KeyboardLayout layout_;
+    std::unique_ptr<TransientWindows> transientWindows_;
+};
+
+} // namespace calmora

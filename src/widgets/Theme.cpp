@@ -1,0 +1,182 @@
+#include "widgets/Theme.h"
+
+#include "widgets/Metrics.h"
+#include "widgets/ThemeStyle.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QIcon>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QStyleFactory>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace calmora {
+namespace {
+
+/// The pixel size of the usual desktop font: 10 pt at 96 dpi.
+constexpr double usualFontPixels = 10.0 * 96.0 / 72.0;
+
+constexpr int pictureCacheKiB = 3 * 1024;
+
+int pixels(TextStyle style) {
+    switch (style) {
+    case TextStyle::title:
+        return 22;
+    case TextStyle::title2:
+        return 17;
+    case TextStyle::headline:
+    case TextStyle::body:
+        return 13;
+    case TextStyle::caption:
+    case TextStyle::caption2:
+        return 10;
+    }
+    return 13;
+}
+
+QColor withAlpha(QColor color, double alpha) {
+    color.setAlphaF(static_cast<float>(alpha));
+    return color;
+}
+
+} // namespace
+
+Theme::Theme(const QPalette& palette)
+    : text_(palette.color(QPalette::Active, QPalette::WindowText)),
+      appearance_(text_.lightnessF() >
+                          palette.color(QPalette::Active, QPalette::Window).lightnessF()
+                      ? Appearance::dark
+                      : Appearance::light) {}
+
+Theme Theme::of(const QWidget& widget) {
+    return Theme(widget.palette());
+}
+
+QColor Theme::color(ThemeColor color) const {
+    const bool dark = appearance_ == Appearance::dark;
+    switch (color) {
+    case ThemeColor::primary:
+        return text_;
+    case ThemeColor::secondary:
+        return withAlpha(text_, dark ? 0.74 : 0.76);
+    case ThemeColor::tertiary:
+        return withAlpha(text_, dark ? 0.56 : 0.64);
+    case ThemeColor::separator:
+        return withAlpha(text_, dark ? 0.14 : 0.11);
+    case ThemeColor::fill:
+        return withAlpha(text_, 0.06);
+    case ThemeColor::teal:
+        return dark ? QColor(0x3f, 0xc7, 0xba) : QColor(0x0b, 0x7a, 0x70);
+    case ThemeColor::tealFill:
+        return withAlpha(this->color(ThemeColor::teal), 0.12);
+    case ThemeColor::red:
+        return dark ? QColor(0xff, 0x6b, 0x61) : QColor(0xcf, 0x2a, 0x24);
+    case ThemeColor::onAccent:
+        return {0xff, 0xff, 0xff};
+    case ThemeColor::controlBorder:
+        return withAlpha(text_, dark ? 0.38 : 0.34);
+    case ThemeColor::controlFace:
+        return dark ? withAlpha(text_, 0.06) : QColor(0xff, 0xff, 0xff);
+    case ThemeColor::focusRing:
+        return withAlpha(this->color(ThemeColor::teal), 0.65);
+    }
+    return text_;
+}
+
+QLinearGradient Theme::buttonFace(const QRectF& bounds, bool harmful) const {
+    QLinearGradient face(bounds.topLeft(), bounds.bottomLeft());
+    const bool dark = appearance_ == Appearance::dark;
+    if (harmful) {
+        face.setColorAt(0, dark ? QColor(0xd9, 0x45, 0x3d) : QColor(0xe0, 0x48, 0x40));
+        face.setColorAt(1, dark ? QColor(0xb8, 0x2c, 0x27) : QColor(0xc4, 0x2b, 0x26));
+    } else {
+        face.setColorAt(0, dark ? QColor(0x12, 0x8c, 0x80) : QColor(0x13, 0x91, 0x86));
+        face.setColorAt(1, dark ? QColor(0x0a, 0x6f, 0x66) : QColor(0x0b, 0x78, 0x6e));
+    }
+    return face;
+}
+
+QFont Theme::font(TextStyle style) {
+    return font(style, style == TextStyle::headline ? QFont::DemiBold : QFont::Normal);
+}
+
+QFont Theme::font(TextStyle style, QFont::Weight weight) {
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(pixels(style) * textScale())));
+    font.setWeight(weight);
+    return font;
+}
+
+int Theme::symbolSide(int points) {
+    // A symbol is a little larger than the letters that it stands beside. Even sides match the
+    // grid on which the symbols are drawn, and centre without halves.
+    return 2 * static_cast<int>(std::lround(points * 1.25 * textScale() / 2));
+}
+
+double Theme::textScale() {
+    const double scale = QFontInfo(QApplication::font()).pixelSize() / usualFontPixels;
+    return std::clamp(scale, 1.0, 2.0);
+}
+
+QPalette themePalette(Appearance appearance) {
+    const bool dark = appearance == Appearance::dark;
+    const QColor window = dark ? QColor(0x26, 0x28, 0x2a) : QColor(0xf7, 0xf7, 0xf6);
+    const QColor base = dark ? QColor(0x1d, 0x1f, 0x20) : QColor(0xff, 0xff, 0xff);
+    const QColor button = dark ? QColor(0x36, 0x39, 0x3b) : QColor(0xfb, 0xfb, 0xfa);
+    const QColor text = dark ? QColor(0xf0, 0xf1, 0xf1) : QColor(0x1c, 0x1e, 0x1f);
+    const QColor accent = dark ? QColor(0x1a, 0x9c, 0x90) : QColor(0x0b, 0x7a, 0x70);
+    QPalette palette(button, window);
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, withAlpha(text, 0.4));
+    }
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::ToolTipBase, button);
+    palette.setColor(QPalette::PlaceholderText, withAlpha(text, dark ? 0.56 : 0.64));
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, QColor(0xff, 0xff, 0xff));
+    palette.setColor(QPalette::Link, accent);
+    return palette;
+}
+
+void installTheme(QApplication& application) {
+    QPixmapCache::setCacheLimit(pictureCacheKiB);
+    if (const QString icons = QIcon::themeName(); icons.isEmpty() || icons == "hicolor") {
+        // A bare window manager names no theme; the names of the freedesktop icon naming, which
+        // many desktop entries use, are not in hicolor.
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    }
+    const bool desktopHasStyle = application.style()->name().compare("fusion") != 0;
+    QApplication::setStyle(std::make_unique<ThemeStyle>().release());
+    if (!desktopHasStyle && Theme(QApplication::palette()).appearance() == Appearance::light) {
+        QApplication::setPalette(themePalette(Appearance::light));
+    }
+}
+
+void setAppearance(Appearance appearance) {
+    QApplication::setPalette(themePalette(appearance));
+}
+
+void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));
+    const double out = metrics::focusRing - 1.5;
+    painter.drawRoundedRect(bounds.adjusted(-out, -out, out, out), radius + out, radius + out);
+    painter.restore();
+}
+
+bool showsFocus(const QWidget& widget) {
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+} // namespace calmora
