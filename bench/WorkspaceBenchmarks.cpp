@@ -4,12 +4,12 @@
 #include "Compare.h"
 
 #include "fakes/FakePlatform.h"
+#include "fakes/FakeWindowSystem.h"
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/IcuText.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
 #include "platform/linux/protection/ProtectedProcesses.h"
-#include "platform/linux/windows/WindowSystem.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/xdg/InstalledApplications.h"
@@ -26,37 +26,6 @@
 
 namespace calmora {
 namespace {
-
-/// Windows that stand still.
-struct StillWindows final : WindowSystem {
-    bool isAlive() const override { return true; }
-
-    const std::vector<TopLevelWindow>& windows() override { return all; }
-
-    const std::vector<TopLevelWindow>& windowsReadAfresh() override { return all; }
-
-    bool coversAllWindows() const override { return true; }
-
-    std::optional<WindowId> activeWindow() override { return {}; }
-
-    Subscription onWindowsChanged(std::function<void()>) override { return {}; }
-
-    Subscription onActiveWindowChanged(std::function<void()>) override { return {}; }
-
-    Subscription onClosed(std::function<void()>) override { return {}; }
-
-    bool requestClose(WindowId, ProcessId) override { return false; }
-
-    std::shared_ptr<const ImagePixels> icon(WindowId) override { return nullptr; }
-
-    std::vector<ProcessId> displayProcesses() override { return {}; }
-
-    std::vector<ProcessId> trayIconProcesses() override { return {}; }
-
-    void flush() override {}
-
-    std::vector<TopLevelWindow> all;
-};
 
 struct SilentBus final : BusApplications {
     bool ownsStatusItem(ProcessId) const override { return false; }
@@ -98,7 +67,7 @@ void refreshOverTheRealWorkspace(benchmark::State& state, std::chrono::seconds a
     const Children children(static_cast<std::size_t>(state.range(0)));
     FakePlatform fakes;
     EventPoll events;
-    StillWindows windows;
+    FakeWindowSystem windows;
     for (std::size_t i = 0; i < std::min<std::size_t>(50, children.processes().size()); ++i) {
         TopLevelWindow window;
         window.id = i + 1;

@@ -26,7 +26,11 @@ LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
                              return calmora::hasRegularWindow(windows.windows(), process);
                          },
                      .environment = {}}),
-      processes(reader, memory, [this](ProcessId process) { return !fence.isProtected(process); }),
+      processes(reader, memory,
+                [this, &windows](ProcessId process) {
+                    return !fence.isProtected(process) &&
+                           !isOneOfSeveralOwners(windows.windows(), process);
+                }),
       workspace({.events = events,
                  .windows = windows,
                  .reader = reader,

@@ -24,16 +24,17 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
     std::set<ProcessId> withPlainWindow;
     for (const TopLevelWindow& window : windows) {
         known.insert(window.id);
-        if (window.process && !namesParent(window) && !window.isModal &&
-            isApplicationType(window.type)) {
-            withPlainWindow.insert(*window.process);
+        const auto process = window.listedProcess();
+        if (process && !namesParent(window) && !window.isModal && isApplicationType(window.type)) {
+            withPlainWindow.insert(*process);
         }
     }
     std::vector<WindowRole> roles;
     roles.reserve(windows.size());
     for (const TopLevelWindow& window : windows) {
         WindowRole role;
-        const bool hasPlainSibling = window.process && withPlainWindow.contains(*window.process);
+        const auto process = window.listedProcess();
+        const bool hasPlainSibling = process && withPlainWindow.contains(*process);
         role.isTransient =
             (namesParent(window) && (known.contains(window.transientFor) || hasPlainSibling)) ||
             (window.isModal && hasPlainSibling);
@@ -52,11 +53,17 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
 bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process) {
     const auto roles = windowRoles(windows);
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i].process == process && roles[i].isRegular) {
+        if (windows[i].listedProcess() == process && roles[i].isRegular) {
             return true;
         }
     }
     return false;
+}
+
+bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId process) {
+    return std::ranges::any_of(windows, [process](const TopLevelWindow& window) {
+        return std::ranges::binary_search(window.candidates, process);
+    });
 }
 
 WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window) {

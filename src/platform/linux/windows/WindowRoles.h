@@ -31,6 +31,10 @@ struct WindowRole {
 /// Whether one of `windows` is a regular one of the process.
 [[nodiscard]] bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process);
 
+/// Whether the process may be the owner of one of `windows`, which cannot be told: it must not be
+/// signalled then.
+[[nodiscard]] bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId process);
+
 /// The window at the end of the chain of parents that starts at `window`, as far as it is among
 /// `windows`; `window` itself where it has no parent.
 [[nodiscard]] WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window);

@@ -38,10 +38,16 @@ struct TopLevelWindow {
     /// windows.
     std::optional<ProcessId> process = {};
     ProcessCertainty certainty = ProcessCertainty::unknown;
+    /// Where the window system tells only which application owns the window: all processes of that
+    /// application, in ascending order. Empty where `process` is known. None of them may be
+    /// signalled on account of the window.
+    std::vector<ProcessId> candidates = {};
     /// Drawn by a program elsewhere (ssh -X, another machine). Whatever local process forwards it
     /// is not its application.
     bool isRemote = false;
 
+    /// Under which application id a Wayland client shows the window (xdg_toplevel.set_app_id).
+    std::string applicationId = {};
     /// WM_CLASS, first part.
     std::string instance = {};
     /// WM_CLASS, second part.
@@ -65,6 +71,11 @@ struct TopLevelWindow {
     /// It takes part in the polite way of closing; another window must never be asked, because
     /// the window manager would kill its client.
     bool canBeAsked = false;
+
+    /// The process that the window is listed under: its owner, else the first that may be.
+    [[nodiscard]] std::optional<ProcessId> listedProcess() const {
+        return process || candidates.empty() ? process : std::optional(candidates.front());
+    }
 
     friend bool operator==(const TopLevelWindow&, const TopLevelWindow&) = default;
 };

@@ -100,10 +100,11 @@ ApplicationList::Candidates ApplicationList::candidates() {
     Candidates found;
     for (std::size_t i = 0; i < windows_.size(); ++i) {
         const TopLevelWindow& window = windows_[i];
-        if (!window.process) {
+        const auto process = window.listedProcess();
+        if (!process) {
             continue;
         }
-        Candidate& candidate = found[*window.process];
+        Candidate& candidate = found[*process];
         ActivationFacts& facts = candidate.facts;
         facts.isShell = facts.isShell || roles[i].isShell;
         facts.hasRegularWindow = facts.hasRegularWindow || roles[i].isRegular;

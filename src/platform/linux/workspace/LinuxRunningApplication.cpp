@@ -96,7 +96,7 @@ std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
     const auto roles = windowRoles(windows);
     std::vector<WindowId> result;
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i].process == processIdentifier() && roles[i].mayBeAsked) {
+        if (windows[i].listedProcess() == processIdentifier() && roles[i].mayBeAsked) {
             result.push_back(windows[i].id);
         }
     }
@@ -168,7 +168,9 @@ bool LinuxRunningApplication::endInsteadOfAsking() {
 /// an application that does end stops the wait.
 void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> before) {
     const ProcessId process = processIdentifier();
-    const auto isOwn = [&](const TopLevelWindow& window) { return window.process == process; };
+    const auto isOwn = [&](const TopLevelWindow& window) {
+        return window.listedProcess() == process;
+    };
     const auto deadline = std::chrono::steady_clock::now() + hidingTime;
     if (!mayBeSignalled(before)) {
         return;

@@ -90,10 +90,8 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
     const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
     const WindowId top = topmostParent(windows, *active);
     const auto window = std::ranges::find(windows, top, &TopLevelWindow::id);
-    if (window == windows.end() || !window->process) {
-        return nullptr;
-    }
-    return list_.find(*window->process);
+    const auto process = window == windows.end() ? std::nullopt : window->listedProcess();
+    return process ? list_.find(*process) : nullptr;
 }
 
 std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {

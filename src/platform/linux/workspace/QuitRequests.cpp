@@ -21,7 +21,8 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
         // The question may be another process's, for a window of this one.
         const auto parent =
             std::ranges::find(windows, topmostParent(windows, window.id), &TopLevelWindow::id);
-        if (window.process != process && (parent == windows.end() || parent->process != process)) {
+        if (window.listedProcess() != process &&
+            (parent == windows.end() || parent->listedProcess() != process)) {
             continue;
         }
         const bool isNew = !before.contains(window.id);

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/linux/windows/WindowSystem.h"
+
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// Several window systems as one: a Wayland compositor with the X server that it starts for X11
+/// programs. Where one of them is asked for a single answer, the first that has one gives it.
+class CompositeWindowSystem final : public WindowSystem {
+  public:
+    /// The parts must outlive this object and number their windows below 2^56. At most 256.
+    explicit CompositeWindowSystem(std::vector<WindowSystem*> parts) : parts_(std::move(parts)) {}
+
+    /// While one of the parts is.
+    [[nodiscard]] bool isAlive() const override;
+    [[nodiscard]] std::string displayName() const override;
+    /// Those of all parts, part by part.
+    [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
+    [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
+    /// Whether one of the parts does: a compositor knows the windows of its X server, too.
+    [[nodiscard]] bool coversAllWindows() const override;
+    /// The first that is listed: some window managers leave the focus on a window of their own.
+    [[nodiscard]] std::optional<WindowId> activeWindow() override;
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+    /// Once all parts are gone.
+    [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
+    bool requestClose(WindowId window, ProcessId process) override;
+    [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
+    [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
+    [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override;
+    void flush() override;
+
+  private:
+    using List = const std::vector<TopLevelWindow>& (WindowSystem::*)();
+    using Listen = Subscription (WindowSystem::*)(std::function<void()>);
+
+    [[nodiscard]] const std::vector<TopLevelWindow>& join(List list);
+    [[nodiscard]] std::vector<ProcessId>
+        joinProcesses(std::vector<ProcessId> (WindowSystem::*list)());
+    [[nodiscard]] Subscription listen(Listen kind, const std::function<void()>& handler);
+    /// The part that a window belongs to, and its number there; null for no part's.
+    [[nodiscard]] std::pair<WindowSystem*, WindowId> find(WindowId window) const;
+
+    std::vector<WindowSystem*> parts_;
+    std::vector<TopLevelWindow> windows_;
+};
+
+} // namespace calmora

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/linux/windows/WindowSystem.h"
+#include "support/Signal.h"
+
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// A window system in memory, whose windows a test puts there.
+class FakeWindowSystem final : public WindowSystem {
+  public:
+    bool isAlive() const override { return true; }
+
+    const std::vector<TopLevelWindow>& windows() override { return all; }
+
+    const std::vector<TopLevelWindow>& windowsReadAfresh() override { return all; }
+
+    bool coversAllWindows() const override { return true; }
+
+    std::optional<WindowId> activeWindow() override { return active; }
+
+    Subscription onWindowsChanged(std::function<void()> handler) override {
+        return changed.connect(std::move(handler));
+    }
+
+    Subscription onActiveWindowChanged(std::function<void()> handler) override {
+        return activeChanged.connect(std::move(handler));
+    }
+
+    Subscription onClosed(std::function<void()>) override { return {}; }
+
+    bool requestClose(WindowId window, ProcessId process) override {
+        asked.emplace_back(window, process);
+        return true;
+    }
+
+    std::shared_ptr<const ImagePixels> icon(WindowId) override { return nullptr; }
+
+    std::vector<ProcessId> displayProcesses() override { return {}; }
+
+    std::vector<ProcessId> trayIconProcesses() override { return {}; }
+
+    void flush() override {}
+
+    std::vector<TopLevelWindow> all;
+    std::optional<WindowId> active;
+    Signal<> changed;
+    Signal<> activeChanged;
+    /// The windows that were asked to close, and as whose.
+    std::vector<std::pair<WindowId, ProcessId>> asked;
+};
+
+} // namespace calmora
