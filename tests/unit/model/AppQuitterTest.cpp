@@ -80,6 +80,23 @@ TEST_F(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{11, 32, 33}));
 }
 
+TEST_F(AppQuitterTest, KillsTheHelpersOfEveryInstanceAlsoThoseThatDieWithTheirParent) {
+    for (const ProcessId pid : {1, 2}) {
+        FakeApplication instance = app(pid);
+        instance.bundleURL = "/opt/app" + std::to_string(pid) + "/";
+        instance.endsAfterForce = never;
+        machine.workspace.launch(instance);
+        machine.processes.start(pid + 2, {.executable = *instance.bundleURL + "helper"});
+    }
+    const Subscription dying = machine.processes.ended.connect([this](ProcessId ended) {
+        if (ended == 1) {
+            machine.processes.end(3);
+        }
+    });
+    EXPECT_TRUE(quitter.quitApp(1, true));
+    EXPECT_TRUE(machine.processes.allProcesses().empty());
+}
+
 TEST_F(AppQuitterTest, FindsHelpersByPlainPrefix) {
     struct Case {
         const char* name;

@@ -218,8 +218,10 @@ TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
     settings.playSounds.set(true);
     model.refresh();
     std::vector<Change> changes;
-    const Subscription watching =
-        model.observe([&](const Change& change) { changes.push_back(change); });
+    const Subscription watching = model.observe([&](const Change& change) {
+        changes.push_back(change);
+        EXPECT_FALSE(machine.sounds.calls.empty()) << "heard before the rows go";
+    });
 
     EXPECT_EQ(model.quitSelected(false), 2U);
     EXPECT_EQ(summary(model.apps()), "Music Stays+");
