@@ -31,7 +31,6 @@ struct KeyboardShortcutsPlatform {
     NotificationCenter& notifications;
     HotKeys& hotKeys;
     KeyboardLayout& layout;
-    /// The module's own texts.
     LocalizedStrings& strings;
     Text& text;
 };
@@ -121,7 +120,7 @@ class KeyboardShortcuts {
 
     void setHandlersPaused(bool paused) { handlersPaused_ = paused; }
 
-    /// Why no shortcut can work here, as a text to show (a key of the program's texts); absent
+    /// Why no shortcut can work here, as a text to show (a key of LocalizedStrings); absent
     /// where they can.
     [[nodiscard]] std::optional<std::string> unavailableReason() const;
 

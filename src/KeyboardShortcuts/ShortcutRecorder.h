@@ -24,14 +24,13 @@ struct RecorderEnvironment {
     NotificationCenter& notifications;
     SystemShortcuts& systemShortcuts;
     KeyboardLayout& layout;
-    /// The module's own texts.
     LocalizedStrings& strings;
     MainMenu mainMenu;
     HostSystem host;
     /// Opens the time of an alert, in which hot keys and timers wait; may be empty.
     std::function<Subscription()> beginAlert;
-    /// What keeps shortcuts from working everywhere here, as a text to show (a key of the
-    /// program's texts); empty where nothing does.
+    /// What keeps shortcuts from working everywhere here, as a text to show (a key of
+    /// LocalizedStrings); empty where nothing does.
     std::string limitation;
 };
 

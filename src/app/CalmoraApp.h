@@ -55,7 +55,6 @@ class CalmoraApp final : private AppToolkit {
     QDBusConnection sessionBus_;
     AlertSession alertSession_;
     QtRunLoop runLoop_{alertSession_};
-    QtLocalizedStrings toolkitStrings_{QLocale(), toolkitCatalogue()};
     QtLocalizedStrings strings_;
     EventPoll events_;
     std::unique_ptr<WindowBackend> backend_;

@@ -35,17 +35,17 @@ std::vector<DesktopShortcuts::Source> sources(WindowBackend& backend,
 } // namespace
 
 GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& sessionBus,
-                                 UserDefaults& defaults, Text& text,
-                                 const LocalizedStrings& programStrings, AlertSession& alertSession)
+                                 UserDefaults& defaults, Text& text, LocalizedStrings& strings,
+                                 AlertSession& alertSession)
     : desktop_(backend.keyboardLayout(), sources(backend, sessionBus)),
       shortcuts_(
-          {defaults, notifications_, backend.hotKeys(), backend.keyboardLayout(), strings_, text}),
+          {defaults, notifications_, backend.hotKeys(), backend.keyboardLayout(), strings, text}),
       recorders_{shortcuts_,
                  notifications_,
                  desktop_,
                  backend.keyboardLayout(),
-                 strings_,
-                 programMenu(programStrings),
+                 strings,
+                 programMenu(strings),
                  {},
                  [&alertSession] { return alertSession.begin(); },
                  backend.hotKeyLimitation()},

@@ -5,13 +5,13 @@
 #include "platform/NotificationCenter.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 #include "platform/qt/AlertSession.h"
-#include "platform/qt/QtLocalizedStrings.h"
 #include "platform/qt/input/QtMenuTracking.h"
 
 #include <QDBusConnection>
 
 namespace calmora {
 
+class LocalizedStrings;
 class Text;
 class WindowBackend;
 
@@ -19,10 +19,9 @@ class WindowBackend;
 /// a shortcut is registered.
 class GlobalShortcuts {
   public:
-    /// Everything given must outlive this object. `programStrings` names the items of the
-    /// program's menu.
+    /// The arguments must outlive this object.
     GlobalShortcuts(WindowBackend& backend, const QDBusConnection& sessionBus,
-                    UserDefaults& defaults, Text& text, const LocalizedStrings& programStrings,
+                    UserDefaults& defaults, Text& text, LocalizedStrings& strings,
                     AlertSession& alertSession);
     GlobalShortcuts(const GlobalShortcuts&) = delete;
     GlobalShortcuts& operator=(const GlobalShortcuts&) = delete;
@@ -37,7 +36,6 @@ class GlobalShortcuts {
 
   private:
     NotificationCenter notifications_;
-    QtLocalizedStrings strings_{QLocale(), keyboardShortcutsCatalogue()};
     DesktopShortcuts desktop_;
     KeyboardShortcuts shortcuts_;
     RecorderEnvironment recorders_;

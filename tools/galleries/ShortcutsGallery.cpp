@@ -47,7 +47,6 @@ int main(int argc, char** argv) {
     const QDir folder(argc > 1 ? argv[1] : ".");
     folder.mkpath(".");
     const QLocale locale(argc > 2 ? argv[2] : "C");
-    const QtLocalizedStrings strings(locale);
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         setAppearance(appearance);
         const QString suffix = appearance == Appearance::light ? "light.png" : "dark.png";

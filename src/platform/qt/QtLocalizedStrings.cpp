@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 // A resource in a static library has to be asked for, from outside every namespace.
 static void loadTables() {
@@ -14,77 +13,63 @@ static void loadTables() {
 }
 
 namespace calmora {
-
 namespace {
+
+constexpr const char* folder = ":/calmora/translations";
 
 /// The language in the name of a table; empty where there can be none.
 QString tableLanguage(const QLocale& locale) {
     if (locale.language() != QLocale::Chinese) {
         return QLocale::languageToCode(locale.language());
     }
-    // Who reads the one script need not read the other.
+    // Readers of one script need not read the other.
     return locale.script() == QLocale::SimplifiedHanScript ? "zh_CN" : QString();
 }
 
-/// The first wanted language that the catalogue has a table of; English if it comes first.
-QString chosenLanguage(const StringCatalogue& catalogue, const QStringList& wanted) {
+/// The first wanted language that there is a table of, else English.
+QString chosenLanguage(const QStringList& wanted) {
     for (const QString& tag : wanted) {
         const QString language = tableLanguage(QLocale(tag));
-        if (language == "en" ||
-            QFile::exists(catalogue.folder + u'/' + catalogue.name + u'_' + language + ".qm")) {
+        if (QFile::exists(QString("%1/calmora_%2.qm").arg(folder, language))) {
             return language;
         }
     }
     return "en";
 }
 
+/// The translator that was installed last is asked first.
+void install(QTranslator& translator, const QString& table, const QString& from = folder) {
+    if (translator.load(table, from)) {
+        QCoreApplication::installTranslator(&translator);
+    }
+}
+
 } // namespace
 
-StringCatalogue keyboardShortcutsCatalogue() {
-    return {"keyboardshortcuts", "KeyboardShortcuts"};
-}
-
-StringCatalogue toolkitCatalogue() {
-    return {"qtbase", "", QLibraryInfo::path(QLibraryInfo::TranslationsPath)};
-}
-
-QtLocalizedStrings::QtLocalizedStrings(const QLocale& locale, StringCatalogue catalogue)
-    : catalogue_(std::move(catalogue)) {
+QtLocalizedStrings::QtLocalizedStrings(const QLocale& locale) {
     loadTables();
-    const auto install = [this](QTranslator& translator, const QString& language) {
-        if (translator.load(catalogue_.name + u'_' + language, catalogue_.folder)) {
-            QCoreApplication::installTranslator(&translator);
-        }
-    };
-    install(english_, "en");
-    // The translator that was installed last is asked first.
-    if (const QString language = chosenLanguage(catalogue_, locale.uiLanguages());
-        language != "en") {
-        install(local_, language);
+    const QString language = chosenLanguage(locale.uiLanguages());
+    install(toolkit_, "qtbase_" + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    install(english_, "calmora_en");
+    if (language != "en") {
+        install(local_, "calmora_" + language);
     }
 }
 
 QtLocalizedStrings::~QtLocalizedStrings() {
-    QCoreApplication::removeTranslator(&local_);
-    QCoreApplication::removeTranslator(&english_);
+    for (QTranslator* translator : {&local_, &english_, &toolkit_}) {
+        QCoreApplication::removeTranslator(translator);
+    }
 }
 
 std::string QtLocalizedStrings::text(std::string_view key,
                                      std::optional<std::int64_t> count) const {
-    const std::string source(key);
-    const auto translated = [this, &source](int number) {
-        return QCoreApplication::translate(catalogue_.context, source.c_str(), nullptr, number)
-            .toStdString();
-    };
-    if (count) {
-        // Beyond an int the plural form no longer changes; a negative number has the form of 0.
-        const std::string text = translated(
-            static_cast<int>(std::clamp<std::int64_t>(*count, 0, std::numeric_limits<int>::max())));
-        if (text != source) {
-            return text;
-        }
-    }
-    return translated(-1);
+    // Beyond an int the plural form no longer changes; a negative number has the form of 0.
+    const auto number = std::clamp<std::int64_t>(count.value_or(-1), count ? 0 : -1,
+                                                 std::numeric_limits<int>::max());
+    return QCoreApplication::translate("Calmora", std::string(key).c_str(), nullptr,
+                                       static_cast<int>(number))
+        .toStdString();
 }
 
 } // namespace calmora

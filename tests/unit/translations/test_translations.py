@@ -12,7 +12,7 @@ LANGUAGES = {"en": 2, "de": 2, "es": 2, "fr": 2, "ja": 1, "zh_CN": 1}  # And the
 LITERAL = r'"(?:[^"\\\n]|\\.)*"'
 LITERALS = re.compile(rf"{LITERAL}(?:\s*{LITERAL})*")
 CALL = re.compile(r"(?:\buiText|\buiCount|\btext)\(\s*$")
-# Rooms whose literals are texts when they read like one; in the others only sentences are, and
+# Folders whose literals are texts when they read like one; in the others only sentences are, and
 # what a call names.
 TALKING = re.compile(r"app|autoquit|settings|ui|KeyboardShortcuts|updates/[^/]*$|platform/[^/]*\.h")
 SYMBOL = re.compile(r"[a-z]+(_[a-z]+)+( %[@l]+)*|ok")
@@ -20,32 +20,31 @@ READS_LIKE_TEXT = re.compile(r"[A-Z]|\d+ [a-z]")
 SENTENCE = re.compile(r"[A-Z]\w* [^%\n]*\.")
 NO_TEXTS = re.compile(r"Calmora|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
                       r"|[A-Z_]*DISPLAY|QT_QPA_PLATFORM|[^\0]*\n")
-SILENT_FILES = {"KnownAppTable.h", "AnnexCautious.h", "AnnexNeverQuit.h", "AnnexSafeToQuit.h",
-                "CategoryRule.cpp", "MusicPlayers.cpp"}
+SILENT_FOLDER = "autoquit/catalogue/"  # Names of programs, which are the same everywhere.
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?(?:@|lld)|%L?\d+|%n")
 
 
-def keys_of(module):
-    """The keys that the sources use, of the shortcut module or of all the rest."""
+def keys_of_sources():
+    """The keys that the sources use."""
     keys = set()
     for file in (ROOT / "src").rglob("*.[ch]*"):
-        room = file.relative_to(ROOT / "src").as_posix()
-        if room.startswith("KeyboardShortcuts/") != module or file.name in SILENT_FILES:
+        path = file.relative_to(ROOT / "src").as_posix()
+        if path.startswith(SILENT_FOLDER):
             continue
         source = re.sub(r"//[^\n]*|#include[^\n]*", "", file.read_text())
         for match in LITERALS.finditer(source):
             text = "".join(part[1:-1] for part in re.findall(LITERAL, match[0]))
             text = text.replace(r"\"", '"').replace(r"\n", "\n")
             if CALL.search(source, 0, match.start()) or SENTENCE.fullmatch(text) or (
-                    TALKING.match(room) and not NO_TEXTS.fullmatch(text)
+                    TALKING.match(path) and not NO_TEXTS.fullmatch(text)
                     and (READS_LIKE_TEXT.match(text) or SYMBOL.fullmatch(text))):
                 keys.add(text)
     return keys
 
 
-def table(catalogue, language):
+def table(language):
     """Key → (state, forms) of one table."""
-    root = ElementTree.parse(ROOT / f"resources/translations/{catalogue}_{language}.ts").getroot()
+    root = ElementTree.parse(ROOT / f"resources/translations/calmora_{language}.ts").getroot()
     assert root.get("language") == language
     rows = {}
     for message in root.iter("message"):
@@ -59,15 +58,15 @@ def table(catalogue, language):
 
 
 class Translations(unittest.TestCase):
-    def check(self, catalogue, module):
-        keys = keys_of(module)
-        self.assertGreater(len(keys), 40)
+    def test_tables(self):
+        keys = keys_of_sources()
+        self.assertGreater(len(keys), 150)
         symbolic = set(filter(SYMBOL.fullmatch, keys))
-        plural = {key for language in LANGUAGES for key, row in table(catalogue, language).items()
+        plural = {key for language in LANGUAGES for key, row in table(language).items()
                   if row[2]}
         for language, forms in LANGUAGES.items():
-            rows = table(catalogue, language)
-            with self.subTest(f"{catalogue}_{language}"):
+            rows = table(language)
+            with self.subTest(language):
                 self.assertEqual(set(rows) - keys, set(), "stale")
                 # English says what its key says, but for symbols.
                 self.assertEqual((symbolic if language == "en" else keys) - set(rows), set())
@@ -80,15 +79,9 @@ class Translations(unittest.TestCase):
                     self.assertEqual(len(texts), forms if is_plural else 1)
                     # A symbol may keep silent about what its text takes.
                     wanted = PLACEHOLDER.findall(key) or PLACEHOLDER.findall(
-                        table(catalogue, "en").get(key, (None, [key]))[1][0])
+                        table("en").get(key, (None, [key]))[1][0])
                     for text in texts:
                         self.assertEqual(PLACEHOLDER.findall(text), wanted)
-
-    def test_program(self):
-        self.check("calmora", module=False)
-
-    def test_shortcut_module(self):
-        self.check("keyboardshortcuts", module=True)
 
 
 if __name__ == "__main__":

@@ -26,7 +26,7 @@ struct ShortcutsPane {
     /// `unavailable` is why no key can be taken; `limitation` is where shortcuts do not work.
     explicit ShortcutsPane(std::optional<std::string> unavailable = {},
                            const std::string& limitation = {}, const QLocale& locale = QLocale::c())
-        : strings(locale, keyboardShortcutsCatalogue()) {
+        : strings(locale) {
         hotKeys.reason = std::move(unavailable);
         environment.limitation = limitation;
         window.resize(450, 300);
