@@ -27,8 +27,8 @@ void CarbonKeyboardShortcuts::registerShortcut(const Shortcut& shortcut, Callbac
     if (!hotKey) {
         return;
     }
-    table_.emplace(
-        id, HotKey{shortcut, id, std::move(hotKey), std::move(onKeyDown), std::move(onKeyUp)});
+    table_.emplace(id,
+                   HotKey{shortcut, std::move(hotKey), std::move(onKeyDown), std::move(onKeyUp)});
     if (!eventHandler_) {
         eventHandler_ = hotKeys_.installEventHandler(
             [this](const HotKeyEvent& event) { return handle(event); });
@@ -99,7 +99,7 @@ void CarbonKeyboardShortcuts::resume() {
     for (auto at = table_.begin(); at != table_.end();) {
         HotKey& hotKey = at->second;
         if (!hotKey.carbonHotKey) {
-            hotKey.carbonHotKey = registerWithSystem(hotKey.shortcut, hotKey.carbonHotKeyId);
+            hotKey.carbonHotKey = registerWithSystem(hotKey.shortcut, at->first);
         }
         at = hotKey.carbonHotKey ? std::next(at) : table_.erase(at);
     }

@@ -45,10 +45,9 @@ class CarbonKeyboardShortcuts {
     std::int32_t handle(const HotKeyEvent& event);
 
   private:
-    /// One entry of the table.
+    /// One entry of the table, under its identifier.
     struct HotKey {
         Shortcut shortcut;
-        std::int64_t carbonHotKeyId = 0;
         /// Empty while the hot key is suspended.
         Subscription carbonHotKey;
         Callback onKeyDown;

@@ -1,267 +1,53 @@
 #pragma once
 
 #include <compare>
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 
 namespace calmora {
 
 /// A key of the keyboard by its virtual key code, which numbers places on the keyboard and not
 /// characters: `a` is the key that is marked A on a US keyboard.
 struct Key {
+    // clang-format off
+    /// The named keys.
+    enum Code : std::int64_t {
+        // Letters.
+        a = 0, b = 11, c = 8, d = 2, e = 14, f = 3, g = 5, h = 4, i = 34, j = 38, k = 40, l = 37,
+        m = 46, n = 45, o = 31, p = 35, q = 12, r = 15, s = 1, t = 17, u = 32, v = 9, w = 13, x = 7,
+        y = 16, z = 6,
+        // Digits and punctuation.
+        zero = 29, one = 18, two = 19, three = 20, four = 21, five = 23, six = 22, seven = 26,
+        eight = 28, nine = 25, backtick = 50, minus = 27, equal = 24, leftBracket = 33,
+        rightBracket = 30, backslash = 42, semicolon = 41, quote = 39, comma = 43, period = 47,
+        slash = 44, isoSection = 10, jisYen = 93, jisUnderscore = 94, jisEisu = 102, jisKana = 104,
+        // Keys that move, delete or end something.
+        return_ = 36, tab = 48, space = 49, delete_ = 51, deleteForward = 117, escape = 53,
+        help = 114, home = 115, end = 119, pageUp = 116, pageDown = 121, upArrow = 126,
+        downArrow = 125, leftArrow = 123, rightArrow = 124, contextualMenu = 110,
+        // Function keys.
+        f1 = 122, f2 = 120, f3 = 99, f4 = 118, f5 = 96, f6 = 97, f7 = 98, f8 = 100, f9 = 101,
+        f10 = 109, f11 = 103, f12 = 111, f13 = 105, f14 = 107, f15 = 113, f16 = 106, f17 = 64,
+        f18 = 79, f19 = 80, f20 = 90,
+        // The keypad.
+        keypad0 = 82, keypad1 = 83, keypad2 = 84, keypad3 = 85, keypad4 = 86, keypad5 = 87,
+        keypad6 = 88, keypad7 = 89, keypad8 = 91, keypad9 = 92, keypadDecimal = 65,
+        keypadMultiply = 67, keypadPlus = 69, keypadClear = 71, keypadDivide = 75, keypadEnter = 76,
+        keypadMinus = 78, keypadEquals = 81, jisKeypadComma = 95,
+        // Modifiers: no key presses of their own.
+        command = 55, shift = 56, capsLock = 57, option = 58, control = 59, rightCommand = 54,
+        rightShift = 60, rightOption = 61, rightControl = 62, function = 63,
+        // Sound.
+        volumeUp = 72, volumeDown = 73, mute = 74,
+    };
+
+    // clang-format on
+
     std::int64_t rawValue = 0;
 
+    /// The key with a code, which may be one without a name.
+    constexpr Key(std::int64_t code) : rawValue(code) {}
+
     friend constexpr auto operator<=>(const Key&, const Key&) = default;
-
-    static const Key a;
-    static const Key s;
-    static const Key d;
-    static const Key f;
-    static const Key h;
-    static const Key g;
-    static const Key z;
-    static const Key x;
-    static const Key c;
-    static const Key v;
-    static const Key isoSection;
-    static const Key b;
-    static const Key q;
-    static const Key w;
-    static const Key e;
-    static const Key r;
-    static const Key y;
-    static const Key t;
-    static const Key one;
-    static const Key two;
-    static const Key three;
-    static const Key four;
-    static const Key six;
-    static const Key five;
-    static const Key equal;
-    static const Key nine;
-    static const Key seven;
-    static const Key minus;
-    static const Key eight;
-    static const Key zero;
-    static const Key rightBracket;
-    static const Key o;
-    static const Key u;
-    static const Key leftBracket;
-    static const Key i;
-    static const Key p;
-    static const Key return_;
-    static const Key l;
-    static const Key j;
-    static const Key quote;
-    static const Key k;
-    static const Key semicolon;
-    static const Key backslash;
-    static const Key comma;
-    static const Key slash;
-    static const Key n;
-    static const Key m;
-    static const Key period;
-    static const Key tab;
-    static const Key space;
-    static const Key backtick;
-    static const Key delete_;
-    static const Key escape;
-    static const Key rightCommand;
-    static const Key command;
-    static const Key shift;
-    static const Key capsLock;
-    static const Key option;
-    static const Key control;
-    static const Key rightShift;
-    static const Key rightOption;
-    static const Key rightControl;
-    static const Key function;
-    static const Key f17;
-    static const Key keypadDecimal;
-    static const Key keypadMultiply;
-    static const Key keypadPlus;
-    static const Key keypadClear;
-    static const Key volumeUp;
-    static const Key volumeDown;
-    static const Key mute;
-    static const Key keypadDivide;
-    static const Key keypadEnter;
-    static const Key keypadMinus;
-    static const Key f18;
-    static const Key f19;
-    static const Key keypadEquals;
-    static const Key keypad0;
-    static const Key keypad1;
-    static const Key keypad2;
-    static const Key keypad3;
-    static const Key keypad4;
-    static const Key keypad5;
-    static const Key keypad6;
-    static const Key keypad7;
-    static const Key f20;
-    static const Key keypad8;
-    static const Key keypad9;
-    static const Key jisYen;
-    static const Key jisUnderscore;
-    static const Key jisKeypadComma;
-    static const Key f5;
-    static const Key f6;
-    static const Key f7;
-    static const Key f3;
-    static const Key f8;
-    static const Key f9;
-    static const Key jisEisu;
-    static const Key f11;
-    static const Key jisKana;
-    static const Key f13;
-    static const Key f16;
-    static const Key f14;
-    static const Key f10;
-    static const Key contextualMenu;
-    static const Key f12;
-    static const Key f15;
-    static const Key help;
-    static const Key home;
-    static const Key pageUp;
-    static const Key deleteForward;
-    static const Key f4;
-    static const Key end;
-    static const Key f2;
-    static const Key pageDown;
-    static const Key f1;
-    static const Key leftArrow;
-    static const Key rightArrow;
-    static const Key downArrow;
-    static const Key upArrow;
 };
-
-inline constexpr Key Key::a{0};
-inline constexpr Key Key::s{1};
-inline constexpr Key Key::d{2};
-inline constexpr Key Key::f{3};
-inline constexpr Key Key::h{4};
-inline constexpr Key Key::g{5};
-inline constexpr Key Key::z{6};
-inline constexpr Key Key::x{7};
-inline constexpr Key Key::c{8};
-inline constexpr Key Key::v{9};
-inline constexpr Key Key::isoSection{10};
-inline constexpr Key Key::b{11};
-inline constexpr Key Key::q{12};
-inline constexpr Key Key::w{13};
-inline constexpr Key Key::e{14};
-inline constexpr Key Key::r{15};
-inline constexpr Key Key::y{16};
-inline constexpr Key Key::t{17};
-inline constexpr Key Key::one{18};
-inline constexpr Key Key::two{19};
-inline constexpr Key Key::three{20};
-inline constexpr Key Key::four{21};
-inline constexpr Key Key::six{22};
-inline constexpr Key Key::five{23};
-inline constexpr Key Key::equal{24};
-inline constexpr Key Key::nine{25};
-inline constexpr Key Key::seven{26};
-inline constexpr Key Key::minus{27};
-inline constexpr Key Key::eight{28};
-inline constexpr Key Key::zero{29};
-inline constexpr Key Key::rightBracket{30};
-inline constexpr Key Key::o{31};
-inline constexpr Key Key::u{32};
-inline constexpr Key Key::leftBracket{33};
-inline constexpr Key Key::i{34};
-inline constexpr Key Key::p{35};
-inline constexpr Key Key::return_{36};
-inline constexpr Key Key::l{37};
-inline constexpr Key Key::j{38};
-inline constexpr Key Key::quote{39};
-inline constexpr Key Key::k{40};
-inline constexpr Key Key::semicolon{41};
-inline constexpr Key Key::backslash{42};
-inline constexpr Key Key::comma{43};
-inline constexpr Key Key::slash{44};
-inline constexpr Key Key::n{45};
-inline constexpr Key Key::m{46};
-inline constexpr Key Key::period{47};
-inline constexpr Key Key::tab{48};
-inline constexpr Key Key::space{49};
-inline constexpr Key Key::backtick{50};
-inline constexpr Key Key::delete_{51};
-inline constexpr Key Key::escape{53};
-inline constexpr Key Key::rightCommand{54};
-inline constexpr Key Key::command{55};
-inline constexpr Key Key::shift{56};
-inline constexpr Key Key::capsLock{57};
-inline constexpr Key Key::option{58};
-inline constexpr Key Key::control{59};
-inline constexpr Key Key::rightShift{60};
-inline constexpr Key Key::rightOption{61};
-inline constexpr Key Key::rightControl{62};
-inline constexpr Key Key::function{63};
-inline constexpr Key Key::f17{64};
-inline constexpr Key Key::keypadDecimal{65};
-inline constexpr Key Key::keypadMultiply{67};
-inline constexpr Key Key::keypadPlus{69};
-inline constexpr Key Key::keypadClear{71};
-inline constexpr Key Key::volumeUp{72};
-inline constexpr Key Key::volumeDown{73};
-inline constexpr Key Key::mute{74};
-inline constexpr Key Key::keypadDivide{75};
-inline constexpr Key Key::keypadEnter{76};
-inline constexpr Key Key::keypadMinus{78};
-inline constexpr Key Key::f18{79};
-inline constexpr Key Key::f19{80};
-inline constexpr Key Key::keypadEquals{81};
-inline constexpr Key Key::keypad0{82};
-inline constexpr Key Key::keypad1{83};
-inline constexpr Key Key::keypad2{84};
-inline constexpr Key Key::keypad3{85};
-inline constexpr Key Key::keypad4{86};
-inline constexpr Key Key::keypad5{87};
-inline constexpr Key Key::keypad6{88};
-inline constexpr Key Key::keypad7{89};
-inline constexpr Key Key::f20{90};
-inline constexpr Key Key::keypad8{91};
-inline constexpr Key Key::keypad9{92};
-inline constexpr Key Key::jisYen{93};
-inline constexpr Key Key::jisUnderscore{94};
-inline constexpr Key Key::jisKeypadComma{95};
-inline constexpr Key Key::f5{96};
-inline constexpr Key Key::f6{97};
-inline constexpr Key Key::f7{98};
-inline constexpr Key Key::f3{99};
-inline constexpr Key Key::f8{100};
-inline constexpr Key Key::f9{101};
-inline constexpr Key Key::jisEisu{102};
-inline constexpr Key Key::f11{103};
-inline constexpr Key Key::jisKana{104};
-inline constexpr Key Key::f13{105};
-inline constexpr Key Key::f16{106};
-inline constexpr Key Key::f14{107};
-inline constexpr Key Key::f10{109};
-inline constexpr Key Key::contextualMenu{110};
-inline constexpr Key Key::f12{111};
-inline constexpr Key Key::f15{113};
-inline constexpr Key Key::help{114};
-inline constexpr Key Key::home{115};
-inline constexpr Key Key::pageUp{116};
-inline constexpr Key Key::deleteForward{117};
-inline constexpr Key Key::f4{118};
-inline constexpr Key Key::end{119};
-inline constexpr Key Key::f2{120};
-inline constexpr Key Key::pageDown{121};
-inline constexpr Key Key::f1{122};
-inline constexpr Key Key::leftArrow{123};
-inline constexpr Key Key::rightArrow{124};
-inline constexpr Key Key::downArrow{125};
-inline constexpr Key Key::upArrow{126};
 
 } // namespace calmora
-
-template <>
-struct std::hash<calmora::Key> {
-    std::size_t operator()(const calmora::Key& key) const noexcept {
-        return std::hash<std::int64_t>{}(key.rawValue);
-    }
-};

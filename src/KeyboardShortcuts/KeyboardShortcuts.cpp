@@ -1,6 +1,5 @@
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 
-#include "KeyboardShortcuts/ShortcutCoding.h"
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 
@@ -59,14 +58,10 @@ void KeyboardShortcuts::setShortcut(const std::optional<Shortcut>& shortcut, con
     }
 }
 
-void KeyboardShortcuts::reset(std::span<const Name> names) {
+void KeyboardShortcuts::reset(const std::vector<Name>& names) {
     for (const Name& name : names) {
         setShortcut(name.defaultShortcut, name);
     }
-}
-
-void KeyboardShortcuts::reset(std::initializer_list<Name> names) {
-    reset(std::span(names.begin(), names.size()));
 }
 
 void KeyboardShortcuts::resetAll() {
@@ -110,26 +105,18 @@ void KeyboardShortcuts::removeAllHandlers() {
     keyUpHandlers_.clear();
 }
 
-void KeyboardShortcuts::enable(std::span<const Name> names) {
+void KeyboardShortcuts::enable(const std::vector<Name>& names) {
     for (const Name& name : names) {
         registerStored(name);
     }
 }
 
-void KeyboardShortcuts::enable(std::initializer_list<Name> names) {
-    enable(std::span(names.begin(), names.size()));
-}
-
-void KeyboardShortcuts::disable(std::span<const Name> names) {
+void KeyboardShortcuts::disable(const std::vector<Name>& names) {
     for (const Name& name : names) {
         if (const auto shortcut = getShortcut(name)) {
             unregisterShortcut(*shortcut);
         }
     }
-}
-
-void KeyboardShortcuts::disable(std::initializer_list<Name> names) {
-    disable(std::span(names.begin(), names.size()));
 }
 
 bool KeyboardShortcuts::isEnabled(const Name& name) const {

@@ -2,17 +2,14 @@
 
 #include "KeyboardShortcuts/CarbonKeyboardShortcuts.h"
 #include "KeyboardShortcuts/Shortcut.h"
-#include "KeyboardShortcuts/ShortcutName.h"
 #include "KeyboardShortcuts/ShortcutText.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -70,8 +67,7 @@ class KeyboardShortcuts {
     void setShortcut(const std::optional<Shortcut>& shortcut, const Name& name);
 
     /// Gives each name its default shortcut again, or none.
-    void reset(std::span<const Name> names);
-    void reset(std::initializer_list<Name> names);
+    void reset(const std::vector<Name>& names);
 
     /// Removes everything that is stored under the module's prefix and readable, whatever the
     /// defaults of the names.
@@ -90,12 +86,10 @@ class KeyboardShortcuts {
     void removeAllHandlers();
 
     /// Registers the shortcuts of these names.
-    void enable(std::span<const Name> names);
-    void enable(std::initializer_list<Name> names);
+    void enable(const std::vector<Name>& names);
 
     /// Releases the shortcuts of these names.
-    void disable(std::span<const Name> names);
-    void disable(std::initializer_list<Name> names);
+    void disable(const std::vector<Name>& names);
 
     /// Whether the name has a shortcut that is registered, the module being enabled.
     [[nodiscard]] bool isEnabled(const Name& name) const;

@@ -2,13 +2,34 @@
 
 #include "KeyboardShortcuts/Modifiers.h"
 
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <limits>
+
 namespace calmora {
+namespace {
+
+/// Some fifty times the longest that is ever written; anything longer is not ours.
+constexpr std::size_t longestText = 4096;
+
+std::optional<std::int64_t> integer(const nlohmann::json& object, const char* member) {
+    const auto found = object.find(member);
+    if (found == object.end() || !found->is_number_integer()) {
+        return std::nullopt;
+    }
+    constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
+    const bool fits = !found->is_number_unsigned() || found->get<std::uint64_t>() <= largest;
+    return fits ? std::optional(found->get<std::int64_t>()) : std::nullopt;
+}
+
+} // namespace
 
 std::optional<Shortcut> Shortcut::fromEvent(const InputEvent& event) {
     if (event.type != InputEventType::keyDown && event.type != InputEventType::keyUp) {
         return std::nullopt;
     }
-    return of(Key{event.keyCode}, {event.modifiers.mask & ~ModifierFlags::function});
+    return of(event.keyCode, {event.modifiers.mask & ~ModifierFlags::function});
 }
 
 Shortcut Shortcut::of(Key key, ModifierFlags modifiers) {
@@ -17,6 +38,24 @@ Shortcut Shortcut::of(Key key, ModifierFlags modifiers) {
 
 ModifierFlags Shortcut::modifiers() const {
     return modifierFlags(carbonModifiers);
+}
+
+std::string encodeShortcut(const Shortcut& shortcut) {
+    return "{\"carbonKeyCode\":" + std::to_string(shortcut.carbonKeyCode) +
+           ",\"carbonModifiers\":" + std::to_string(shortcut.carbonModifiers) + "}";
+}
+
+std::optional<Shortcut> decodeShortcut(std::string_view json) {
+    if (json.size() > longestText) {
+        return std::nullopt;
+    }
+    const auto object = nlohmann::json::parse(json, nullptr, /*allow_exceptions=*/false);
+    if (!object.is_object()) {
+        return std::nullopt;
+    }
+    const auto keyCode = integer(object, "carbonKeyCode");
+    const auto modifiers = integer(object, "carbonModifiers");
+    return keyCode && modifiers ? std::optional(Shortcut{*keyCode, *modifiers}) : std::nullopt;
 }
 
 } // namespace calmora

@@ -4,10 +4,11 @@
 #include "platform/EventMonitor.h"
 #include "platform/InputEvent.h"
 
-#include <cstddef>
+#include <compare>
 #include <cstdint>
-#include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace calmora {
 
@@ -29,17 +30,33 @@ struct Shortcut {
     [[nodiscard]] ModifierFlags modifiers() const;
 
     /// The key.
-    [[nodiscard]] Key key() const { return Key{carbonKeyCode}; }
+    [[nodiscard]] Key key() const { return {carbonKeyCode}; }
 
     friend auto operator<=>(const Shortcut&, const Shortcut&) = default;
 };
 
-} // namespace calmora
+/// The stored form: a JSON object of two integers, always in the same order, without white space.
+[[nodiscard]] std::string encodeShortcut(const Shortcut& shortcut);
 
-template <>
-struct std::hash<calmora::Shortcut> {
-    std::size_t operator()(const calmora::Shortcut& shortcut) const noexcept {
-        const std::hash<std::int64_t> of;
-        return of(shortcut.carbonKeyCode) * 31 + of(shortcut.carbonModifiers);
+/// Reads the stored form with its members in either order. Absent for anything else, whatever its
+/// size or depth.
+[[nodiscard]] std::optional<Shortcut> decodeShortcut(std::string_view json);
+
+/// The name under which a shortcut is stored. Compared by `rawValue` alone. Made by
+/// KeyboardShortcuts::name(), which also stores the default.
+struct ShortcutName {
+    /// Unique within the program.
+    std::string rawValue;
+    /// The shortcut that the name gets the first time.
+    std::optional<Shortcut> defaultShortcut;
+
+    friend bool operator==(const ShortcutName& a, const ShortcutName& b) {
+        return a.rawValue == b.rawValue;
+    }
+
+    friend auto operator<=>(const ShortcutName& a, const ShortcutName& b) {
+        return a.rawValue <=> b.rawValue;
     }
 };
+
+} // namespace calmora

@@ -46,7 +46,7 @@ std::optional<std::string> menuConflict(const Shortcut& shortcut,
 }
 
 bool isTakenBySystem(const Shortcut& shortcut, std::span<const SymbolicHotKey> systemShortcuts) {
-    if (shortcut == Shortcut{Key::f12.rawValue, 0}) {
+    if (shortcut == Shortcut{Key::f12, 0}) {
         return false;
     }
     return std::ranges::any_of(systemShortcuts, [&](const SymbolicHotKey& entry) {

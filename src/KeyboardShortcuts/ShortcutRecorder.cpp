@@ -28,19 +28,19 @@ std::uint32_t countingModifiers(const InputEvent& event) {
            ~(ModifierFlags::capsLock | ModifierFlags::numericPad);
 }
 
-/// Keys that change a modifier when they are pressed and are no key press otherwise.
-bool isModifierKey(std::int64_t keyCode) {
-    return keyCode >= Key::rightCommand.rawValue && keyCode <= Key::function.rawValue;
+/// Keys that only change a modifier.
+bool isModifierKey(Key key) {
+    return key >= Key::rightCommand && key <= Key::function;
 }
 
-/// Whether no hot key can be made of it: a key without a number, or Num Lock.
-bool isImpossible(std::int64_t keyCode) {
-    return keyCode < 0 || keyCode == Key::keypadClear.rawValue;
+/// Whether it can be no hot key: a key without a number, or Num Lock.
+bool isImpossible(Key key) {
+    return key < Key(0) || key == Key::keypadClear;
 }
 
-bool isFunctionKey(std::int64_t keyCode) {
-    const auto special = specialKey(keyCode);
-    return special && functionKeyNumber(*special);
+bool isFunctionKey(Key key) {
+    const SpecialKey* special = specialKey(key);
+    return special && special->functionNumber > 0;
 }
 
 } // namespace
@@ -159,7 +159,7 @@ RecorderVerdict ShortcutRecorder::handleKey(const InputEvent& event) {
         return RecorderVerdict::swallow;
     }
     const bool hasModifier = (modifiers & ~(ModifierFlags::shift | ModifierFlags::function)) != 0;
-    if (isImpossible(key.rawValue) || (!hasModifier && !isFunctionKey(key.rawValue))) {
+    if (isImpossible(key) || (!hasModifier && !isFunctionKey(key))) {
         return refuse();
     }
     const auto shortcut = Shortcut::fromEvent(event);

@@ -1,6 +1,7 @@
 #include "KeyboardShortcuts/ShortcutText.h"
 
 #include "KeyboardShortcuts/Modifiers.h"
+#include "KeyboardShortcuts/SpecialKey.h"
 #include "platform/KeyboardLayout.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/Text.h"
@@ -38,13 +39,12 @@ std::string ks_symbolicRepresentation(ModifierFlags flags) {
 
 std::string ShortcutText::description(const Shortcut& shortcut) const {
     const std::string symbols = ks_symbolicRepresentation(shortcut.modifiers());
-    const auto special = specialKey(shortcut.carbonKeyCode);
+    const SpecialKey* special = specialKey(shortcut.key());
     if (!special) {
         return symbols + capitalizedCharacter(shortcut);
     }
-    const std::string_view text = specialKeyInfo(*special).text;
-    return symbols + (special == SpecialKey::space ? text_.capitalized(strings_.text(text))
-                                                   : std::string(text));
+    return symbols + (special->key == Key::space ? text_.capitalized(strings_.text(special->text))
+                                                 : std::string(special->text));
 }
 
 std::string ShortcutText::spokenDescription(const Shortcut& shortcut) const {
@@ -54,23 +54,22 @@ std::string ShortcutText::spokenDescription(const Shortcut& shortcut) const {
             words += strings_.text(key.spokenName) + "+";
         }
     }
-    const auto special = specialKey(shortcut.carbonKeyCode);
-    return words + (special ? strings_.text(specialKeyInfo(*special).spokenName)
-                            : capitalizedCharacter(shortcut));
+    const SpecialKey* special = specialKey(shortcut.key());
+    return words + (special ? strings_.text(special->spokenName) : capitalizedCharacter(shortcut));
 }
 
 std::optional<std::string> ShortcutText::menuKeyText(const Shortcut& shortcut) const {
-    const auto special = specialKey(shortcut.carbonKeyCode);
+    const SpecialKey* special = specialKey(shortcut.key());
     if (!special) {
         return character(shortcut);
     }
-    if (const auto number = functionKeyNumber(*special)) {
-        return functionKeyCharacter(*number);
+    if (special->functionNumber > 0) {
+        return functionKeyCharacter(special->functionNumber);
     }
-    if (isKeypadKey(*special)) {
+    if (special->isKeypad) {
         return std::nullopt;
     }
-    return special == SpecialKey::space ? " " : std::string(specialKeyInfo(*special).text);
+    return special->key == Key::space ? " " : std::string(special->text);
 }
 
 std::optional<std::string> ShortcutText::character(const Shortcut& shortcut) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "KeyboardShortcuts/Shortcut.h"
-#include "KeyboardShortcuts/SpecialKey.h"
 
 #include <optional>
 #include <string>
@@ -12,7 +11,7 @@ class KeyboardLayout;
 class LocalizedStrings;
 class Text;
 
-/// Writes shortcuts out for people. All texts are UTF-8. What it is given must outlive it.
+/// Writes shortcuts out for people, in UTF-8. The arguments must outlive this object.
 class ShortcutText {
   public:
     ShortcutText(const KeyboardLayout& layout, const LocalizedStrings& strings, const Text& text)

@@ -1,6 +1,5 @@
 #include "unit/KeyboardShortcuts/ShortcutsFixture.h"
 
-#include "KeyboardShortcuts/ShortcutCoding.h"
 #include "KeyboardShortcuts/SpecialKey.h"
 
 #include <set>
