@@ -19,54 +19,6 @@ static_assert(std::ranges::adjacent_find(byIdentifier, {}, &KnownAppEntry::bundl
 
 } // namespace
 
-std::string_view rawValue(IdleBehavior behavior) {
-    switch (behavior) {
-    case IdleBehavior::safeToQuit:
-        return "safeToQuit";
-    case IdleBehavior::cautious:
-        return "cautious";
-    case IdleBehavior::neverQuit:
-        return "neverQuit";
-    }
-    return {};
-}
-
-std::string_view rawValue(AppCategory category) {
-    switch (category) {
-    case AppCategory::browser:
-        return "browser";
-    case AppCategory::creative:
-        return "creative";
-    case AppCategory::devTool:
-        return "devTool";
-    case AppCategory::communication:
-        return "communication";
-    case AppCategory::media:
-        return "media";
-    case AppCategory::office:
-        return "office";
-    case AppCategory::utility:
-        return "utility";
-    case AppCategory::systemUtility:
-        return "systemUtility";
-    case AppCategory::cloudStorage:
-        return "cloudStorage";
-    case AppCategory::security:
-        return "security";
-    case AppCategory::finance:
-        return "finance";
-    case AppCategory::education:
-        return "education";
-    case AppCategory::gaming:
-        return "gaming";
-    case AppCategory::reference:
-        return "reference";
-    case AppCategory::menuBarApp:
-        return "menuBarApp";
-    }
-    return {};
-}
-
 std::optional<KnownAppInfo> KnownApps::lookup(std::optional<std::string_view> bundleID) {
     if (!bundleID) {
         return std::nullopt;

@@ -36,12 +36,6 @@ enum class AppCategory {
     menuBarApp,
 };
 
-/// The name of a case, as text.
-[[nodiscard]] std::string_view rawValue(IdleBehavior behavior);
-
-/// The name of a case, as text.
-[[nodiscard]] std::string_view rawValue(AppCategory category);
-
 /// What the catalogue knows of one application.
 struct KnownAppInfo {
     std::string bundleIdentifier;
@@ -62,7 +56,7 @@ class KnownApps {
     [[nodiscard]] static std::optional<KnownAppInfo>
     lookup(std::optional<std::string_view> bundleID);
 
-    /// The music players that are spared while the setting neverQuitMusicApps is on.
+    /// The music players that the setting neverQuitMusicApps protects.
     [[nodiscard]] static const std::set<std::string_view>& musicAppBundleIDs();
 };
 

@@ -3,15 +3,26 @@
 #include "autoquit/catalogue/KnownApps.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace calmora {
 
+/// Linux applications of one kind that auto-quit treats alike.
+struct AnnexSubject {
+    IdleBehavior behavior;
+    /// Names of desktop files without ".desktop", as words; or what stands for one, such as
+    /// "exe:/usr/bin/Eterm.Eterm".
+    std::string_view identifiers;
+};
+
+/// Every subject. No identifier is listed twice, and none that the catalogue knows.
+[[nodiscard]] std::span<const AnnexSubject> annexSubjects();
+
 /// How auto-quit treats a Linux application that is not in the catalogue, judged one by one by
-/// what is lost when it is closed after half an hour. The identifier is a desktop file id without
-/// ".desktop", compared exactly. Absent for what is not listed; nothing is that the catalogue
-/// knows.
-/// Cost: a binary search in each of some thirty lists.
+/// what is lost when it is closed after half an hour. Identifiers are compared exactly. Absent for
+/// what is not listed.
+/// Cost: reads some 25 kB of text.
 [[nodiscard]] std::optional<IdleBehavior> annexBehavior(std::string_view identifier);
 
 } // namespace calmora

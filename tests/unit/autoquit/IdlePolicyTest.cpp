@@ -1,10 +1,8 @@
 #include "autoquit/IdlePolicy.h"
 
-#include "autoquit/catalogue/AnnexCautious.h"
-#include "autoquit/catalogue/AnnexNeverQuit.h"
-#include "autoquit/catalogue/AnnexSafeToQuit.h"
 #include "autoquit/catalogue/LinuxAnnex.h"
 #include "autoquit/catalogue/MusicPlayers.h"
+#include "autoquit/catalogue/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -24,11 +22,6 @@ InstalledApplication entry(const std::string& categories) {
     return installed;
 }
 
-std::string_view behavior(std::string_view identifier,
-                          const std::optional<InstalledApplication>& installed) {
-    return rawValue(idlePolicy(identifier, KnownApps::lookup(identifier), installed).behavior);
-}
-
 TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
     InstalledApplication inTerminal = entry("Utility");
     inTerminal.needsTerminal = true;
@@ -42,6 +35,7 @@ TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
              {"org.gnome.baobab", entry("System;Filesystem"), {cautious, true}},
              {"xdaliclock", entry("Clock"), {safeToQuit, true}},
              {"debian-xterm.desktop", entry(""), {safeToQuit, true}},
+             {"debian-xterm foot", entry(""), {safeToQuit, true}},
              {"Debian-xterm", entry("TerminalEmulator"), {neverQuit, true}},
              {"org.example.Hosted", inTerminal, {neverQuit, true}},
              // What is not installed is not what the annex means.
@@ -56,59 +50,57 @@ TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
 
 // As Debian's entries have them. Each name stands for one that was lost, or could be.
 TEST(IdlePolicy, JudgesByTheStrictestCategory) {
-    for (const auto& [categories, expected] : std::vector<std::pair<std::string, std::string>>{
-             {"System;TerminalEmulator;", "neverQuit"},
-             {"Development;Utility;ConsoleOnly", "neverQuit"},
-             {"Game;Emulator", "neverQuit"},
-             {"KDE;Qt;Settings", "neverQuit"},
-             {"Settings;HardwareSettings;Printing", "neverQuit"},
-             {"Utility;Security", "neverQuit"},
-             {"Utility;Archiving", "neverQuit"},
-             {"Network;FileTransfer;P2P", "neverQuit"},
-             {"Network;RemoteAccess", "neverQuit"},
-             {"AudioVideo;DiscBurning", "neverQuit"},
-             {"AudioVideo;Video;Recorder", "neverQuit"},
-             {"Network;Telephony", "neverQuit"},
-             {"Network;VideoConference;Chat", "neverQuit"},
-             {"Utility;Clock", "neverQuit"},
-             {"Office;Calendar", "neverQuit"},
-             {"Utility;Accessibility;TextEditor", "neverQuit"},
-             {"Network;Monitor", "neverQuit"},
-             {"Office;Email", "cautious"},
-             {"Network;InstantMessaging", "cautious"},
-             {"Utility;TextEditor", "cautious"},
-             {"Office;Viewer;Presentation", "cautious"},
-             {"Electronics;Education", "cautious"},
-             {"AudioVideo;Player", "cautious"},
-             {"Graphics;Photography", "cautious"},
-             {"Development", "cautious"},
-             {"Network", "cautious"},
-             {"Science;Math", "cautious"},
-             {"Game;BoardGame", "cautious"},
-             {"Office;Viewer;Graphics;2DGraphics", "safeToQuit"},
-             {"Network;WebBrowser", "safeToQuit"},
-             {"Network;Feed", "safeToQuit"},
-             {"Office;Dictionary", "safeToQuit"},
-             {"Utility;Calculator;Science;Math", "safeToQuit"},
-             {"Education;Languages", "safeToQuit"},
-             {"Utility;system;X-TerminalEmulator", "safeToQuit"},
-             {"", "safeToQuit"},
+    using enum IdleBehavior;
+    for (const auto& [categories, expected] : std::vector<std::pair<std::string, IdleBehavior>>{
+             {"System;TerminalEmulator;", neverQuit},
+             {"Development;Utility;ConsoleOnly", neverQuit},
+             {"Game;Emulator", neverQuit},
+             {"KDE;Qt;Settings", neverQuit},
+             {"Settings;HardwareSettings;Printing", neverQuit},
+             {"Utility;Security", neverQuit},
+             {"Utility;Archiving", neverQuit},
+             {"Network;FileTransfer;P2P", neverQuit},
+             {"Network;RemoteAccess", neverQuit},
+             {"AudioVideo;DiscBurning", neverQuit},
+             {"AudioVideo;Video;Recorder", neverQuit},
+             {"Network;Telephony", neverQuit},
+             {"Network;VideoConference;Chat", neverQuit},
+             {"Utility;Clock", neverQuit},
+             {"Office;Calendar", neverQuit},
+             {"Utility;Accessibility;TextEditor", neverQuit},
+             {"Network;Monitor", neverQuit},
+             {"Office;Email", cautious},
+             {"Network;InstantMessaging", cautious},
+             {"Utility;TextEditor", cautious},
+             {"Office;Viewer;Presentation", cautious},
+             {"Electronics;Education", cautious},
+             {"AudioVideo;Player", cautious},
+             {"Graphics;Photography", cautious},
+             {"Development", cautious},
+             {"Network", cautious},
+             {"Science;Math", cautious},
+             {"Game;BoardGame", cautious},
+             {"Office;Viewer;Graphics;2DGraphics", safeToQuit},
+             {"Network;WebBrowser", safeToQuit},
+             {"Network;Feed", safeToQuit},
+             {"Office;Dictionary", safeToQuit},
+             {"Utility;Calculator;Science;Math", safeToQuit},
+             {"Education;Languages", safeToQuit},
+             {"Utility;system;X-TerminalEmulator", safeToQuit},
+             {"", safeToQuit},
          }) {
-        EXPECT_EQ(behavior("org.example.App", entry(categories)), expected) << categories;
+        EXPECT_EQ(idlePolicy("org.example.App", {}, entry(categories)).behavior, expected)
+            << categories;
     }
 }
 
 TEST(LinuxAnnex, ListsNothingTwiceAndNothingOfTheCatalogue) {
     std::set<std::string_view> all;
-    for (const auto& subjects : {std::span<const std::span<const std::string_view>>(annexNeverQuit),
-                                 {annexCautious},
-                                 {annexSafeToQuit}}) {
-        for (const auto& subject : subjects) {
-            for (const std::string_view identifier : subject) {
-                EXPECT_TRUE(all.insert(identifier).second) << identifier;
-                EXPECT_FALSE(KnownApps::lookup(identifier)) << identifier;
-            }
-        }
+    for (const AnnexSubject& subject : annexSubjects()) {
+        forEachWord(subject.identifiers, [&](std::string_view identifier) {
+            EXPECT_TRUE(all.insert(identifier).second) << identifier;
+            EXPECT_FALSE(KnownApps::lookup(identifier)) << identifier;
+        });
     }
 }
 
