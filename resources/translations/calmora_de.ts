@@ -524,10 +524,6 @@
         <translation>Dieses Tastenkürzel kann nicht verwendet werden, weil es bereits zum Menüpunkt „%@“ gehört.</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>Dieses System überlässt Programmen keine Tastenkürzel, deren einzige Zusatztaste Alt ist. Nehmen Sie Strg oder Super hinzu.</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>Dieses Tastenkürzel wird bereits von der Arbeitsumgebung verwendet.</translation>
     </message>

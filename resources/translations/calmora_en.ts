@@ -115,10 +115,6 @@
         <translation>This keyboard shortcut cannot be used, because the menu item “%@” already uses it.</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>This system does not give programs shortcuts whose only modifier is Option. Add Control or Command.</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>This keyboard shortcut is already used by the desktop.</translation>
     </message>

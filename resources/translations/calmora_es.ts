@@ -524,10 +524,6 @@
         <translation>Este atajo de teclado no se puede usar porque ya lo utiliza el elemento de menú «%@».</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>Este sistema no concede a los programas atajos cuyo único modificador sea Alt. Añada Ctrl o Super.</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>Este atajo de teclado ya lo utiliza el escritorio.</translation>
     </message>

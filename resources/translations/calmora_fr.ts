@@ -524,10 +524,6 @@
         <translation>Ce raccourci clavier ne peut pas être utilisé, car l’élément de menu « %@ » l’utilise déjà.</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>Ce système n’accorde pas aux programmes de raccourcis dont la seule touche de modification est Alt. Ajoutez Ctrl ou Super.</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>Ce raccourci clavier est déjà utilisé par l’environnement de bureau.</translation>
     </message>

@@ -520,10 +520,6 @@
         <translation>このキーボードショートカットはメニュー項目「%@」で使用されているため、設定できません。</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>このシステムでは、修飾キーがAltだけのショートカットは使用できません。CtrlキーまたはSuperキーを加えてください。</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>このキーボードショートカットはすでにデスクトップで使用されています。</translation>
     </message>

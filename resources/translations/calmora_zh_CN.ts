@@ -520,10 +520,6 @@
         <translation>无法使用此快捷键，因为菜单项“%@”已在使用。</translation>
     </message>
     <message>
-        <source>keyboard_shortcut_disallowed</source>
-        <translation>此系统不允许程序使用仅以 Alt 为修饰键的快捷键。请加上 Ctrl 或 Super。</translation>
-    </message>
-    <message>
         <source>keyboard_shortcut_used_by_system</source>
         <translation>桌面环境已在使用此快捷键。</translation>
     </message>

@@ -55,13 +55,4 @@ bool isTakenBySystem(const Shortcut& shortcut, std::span<const SymbolicHotKey> s
     });
 }
 
-bool isDisallowed(const Shortcut& shortcut, const HostSystem& host) {
-    constexpr int major = 15;
-    constexpr int repairedIn = 2;
-    const bool isAffected = host.isSandboxed && host.macOS && host.macOS->major == major &&
-                            host.macOS->minor < repairedIn;
-    return isAffected &&
-           (shortcut.modifiers().mask & ~ModifierFlags::shift) == ModifierFlags::option;
-}
-
 } // namespace calmora

@@ -22,20 +22,4 @@ class ShortcutText;
 [[nodiscard]] bool isTakenBySystem(const Shortcut& shortcut,
                                    std::span<const SymbolicHotKey> systemShortcuts);
 
-/// The system that the program runs on, as far as it limits shortcuts.
-struct HostSystem {
-    /// macOS version; absent on any other system.
-    struct Version {
-        int major = 0;
-        int minor = 0;
-    };
-
-    std::optional<Version> macOS;
-    bool isSandboxed = false;
-};
-
-/// Whether the system refuses the shortcut to programs like ours: two releases of one system give
-/// sandboxed programs no shortcut whose only modifier, Shift aside, is Option.
-[[nodiscard]] bool isDisallowed(const Shortcut& shortcut, const HostSystem& host);
-
 } // namespace calmora

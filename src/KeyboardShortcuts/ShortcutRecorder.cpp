@@ -175,10 +175,6 @@ RecorderVerdict ShortcutRecorder::record(const Shortcut& shortcut) {
              {}});
         return RecorderVerdict::swallow;
     }
-    if (isDisallowed(shortcut, environment_.host)) {
-        ask({strings.text("keyboard_shortcut_disallowed"), {}, {}});
-        return RecorderVerdict::swallow;
-    }
     if (isTakenBySystem(shortcut, environment_.systemShortcuts.copySymbolicHotKeys())) {
         const auto answer = ask({strings.text("keyboard_shortcut_used_by_system"),
                                  strings.text("keyboard_shortcuts_can_be_changed"),

@@ -26,7 +26,6 @@ struct RecorderEnvironment {
     KeyboardLayout& layout;
     LocalizedStrings& strings;
     MainMenu mainMenu;
-    HostSystem host;
     /// Opens the time of an alert, in which hot keys and timers wait; may be empty.
     std::function<Subscription()> beginAlert;
     /// What keeps shortcuts from working everywhere here, as a text to show (a key of

@@ -46,7 +46,6 @@ GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& 
                  backend.keyboardLayout(),
                  strings,
                  programMenu(strings),
-                 {},
                  [&alertSession] { return alertSession.begin(); },
                  backend.hotKeyLimitation()},
       menus_(notifications_,

@@ -6,7 +6,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 #include <variant>
 
 namespace calmora {
@@ -101,30 +100,6 @@ class HotKeys {
 
     /// Stops telling events of these types.
     virtual void removeEventTypes(HotKeyEventTypes types) = 0;
-};
-
-/// Stands where no program may take keys: refuses every hot key and says why.
-class UnavailableHotKeys final : public HotKeys {
-  public:
-    /// `reason` is a text to show (a key of LocalizedStrings).
-    explicit UnavailableHotKeys(std::string reason) : reason_(std::move(reason)) {}
-
-    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return reason_; }
-
-    [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t /*keyCode*/,
-                                                    std::uint32_t /*modifiers*/,
-                                                    HotKeyIdentifier /*identifier*/) override {
-        return {};
-    }
-
-    [[nodiscard]] Subscription installEventHandler(Handler /*handler*/) override { return {}; }
-
-    void addEventTypes(HotKeyEventTypes /*types*/) override {}
-
-    void removeEventTypes(HotKeyEventTypes /*types*/) override {}
-
-  private:
-    std::string reason_;
 };
 
 } // namespace calmora

@@ -16,12 +16,4 @@ class LoginItem {
     virtual bool setEnabled(bool isEnabled) = 0;
 };
 
-/// The answer where the desktop starts nothing at login: off, and switching it on fails.
-class UnavailableLoginItem final : public LoginItem {
-  public:
-    [[nodiscard]] bool isEnabled() const override { return false; }
-
-    bool setEnabled(bool isEnabled) override { return !isEnabled; }
-};
-
 } // namespace calmora

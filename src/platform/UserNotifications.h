@@ -23,10 +23,4 @@ class UserNotifications {
     virtual void add(const UserNotification& notification) = 0;
 };
 
-/// The answer where the desktop cannot show notices: they are dropped.
-class NoUserNotifications final : public UserNotifications {
-  public:
-    void add(const UserNotification& /*notification*/) override {}
-};
-
 } // namespace calmora

@@ -103,8 +103,8 @@ class RecorderOnX11 : public testing::Test {
     FakeText text;
     FakeSystemShortcuts system;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
-    RecorderEnvironment environment{
-        shortcuts, notifications, system, layout, strings, {{"Quit", {{"q"}}, {}}}, {}, {}, {}};
+    RecorderEnvironment environment{shortcuts, notifications,           system, layout,
+                                    strings,   {{"Quit", {{"q"}}, {}}}, {},     {}};
     QtMenuTracking menus{notifications, [this](std::uint32_t key, ModifierFlags modifiers) {
                              const auto code = layout.keyCode(key);
                              return code &&

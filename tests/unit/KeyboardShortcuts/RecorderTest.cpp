@@ -117,7 +117,6 @@ class RecorderTest : public ShortcutsFixture {
         MainMenu{{"File", {}, {{"Close", {{"w"}}, {}}, {"Close All", {{"W"}}, {}}}},
                  {"Quit", {{"q"}, {"q", {control}}}, {}}},
         {},
-        {},
         {}};
     FakeControl box;
     Lines statuses;
@@ -155,7 +154,6 @@ TEST_F(RecorderTest, RecordsAndRests) {
 }
 
 TEST_F(RecorderTest, StepsComeInTheirOrder) {
-    environment.host = {{{15, 1}}, true};
     desktop.entries = {
         {true, 46, CarbonModifiers::command},          {true, 111, 0},
         {true, 111, CarbonModifiers::command | 0x400}, {false, 40, CarbonModifiers::command},
@@ -194,7 +192,7 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
         {13, command | control, accepted(13, 0x1100, "⌃⌘W")},
         {12, control, "recording none [used by Quit|]"},
         {12, command, "recording none [used by Quit|]"},
-        {40, option | shift, "recording none [keyboard_shortcut_disallowed|]"},
+        {40, option | shift, accepted(40, 0xa00, "⌥⇧K")},
         {40, option | control, accepted(40, 0x1800, "⌃⌥K")},
         {46, command, "recording none" + taken},
         {111, 0, accepted(111, 0, "F12")},
@@ -213,24 +211,6 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
     press(46, command);
     EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":46,"carbonModifiers":256})" + taken + " ⌘M")
         << "forced";
-}
-
-TEST_F(RecorderTest, OnlyTwoReleasesDisallowAnything) {
-    const Shortcut optionK{40, CarbonModifiers::option};
-    const std::pair<HostSystem, bool> rows[] = {
-        {{}, false},
-        {{{}, true}, false},
-        {{{{15, 0}}, true}, true},
-        {{{{15, 1}}, false}, false},
-        {{{{15, 2}}, true}, false},
-        {{{{14, 1}}, true}, false},
-        {{{{16, 0}}, true}, false},
-    };
-    for (const auto& [host, expected] : rows) {
-        EXPECT_EQ(isDisallowed(optionK, host), expected);
-        EXPECT_FALSE(isDisallowed({40, CarbonModifiers::option | CarbonModifiers::control}, host));
-        EXPECT_FALSE(isDisallowed({96, CarbonModifiers::shift}, host));
-    }
 }
 
 TEST_F(RecorderTest, ClicksOutsideEndRecordingAndReachTheirTarget) {

@@ -50,8 +50,7 @@ struct ShortcutsPane {
     FakeSystemShortcuts desktop;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
     RecorderEnvironment environment{
-        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {},
-        {}};
+        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {}};
     QWidget window;
 };
 
