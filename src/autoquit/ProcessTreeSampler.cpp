@@ -25,9 +25,8 @@ std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {
     if (isFirst) {
         return std::nullopt;
     }
-    const double elapsed = nanoseconds(entry->second.takenAt - before.takenAt);
-    constexpr std::chrono::duration<double, std::nano> longest = longestInterval;
-    if (!(elapsed > 0) || elapsed > longest.count()) {
+    const std::chrono::nanoseconds elapsed = entry->second.takenAt - before.takenAt;
+    if (elapsed.count() <= 0 || elapsed > longestInterval) {
         return std::nullopt;
     }
     std::uint64_t busy = 0;
@@ -37,7 +36,7 @@ std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {
         const bool isKnown = earlier != before.cpuTimes.end() && earlier->second <= cpuTime;
         busy += isKnown ? cpuTime - earlier->second : cpuTime;
     }
-    return static_cast<double>(busy) / elapsed * 100;
+    return static_cast<double>(busy) / static_cast<double>(elapsed.count()) * 100;
 }
 
 ProcessTreeSampler::CpuTimes ProcessTreeSampler::cpuTimesOf(ProcessId application) {
@@ -70,12 +69,6 @@ void ProcessTreeSampler::readChildren() {
             (*children_)[*parent].push_back(process);
         }
     }
-}
-
-double ProcessTreeSampler::nanoseconds(std::uint64_t ticks) const {
-    const Timebase timebase = platform_.clock.timebase();
-    return static_cast<double>(ticks) * static_cast<double>(timebase.numer) /
-           static_cast<double>(timebase.denom);
 }
 
 } // namespace calmora

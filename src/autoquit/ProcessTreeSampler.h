@@ -36,14 +36,12 @@ class ProcessTreeSampler {
     using CpuTimes = std::unordered_map<ProcessId, std::uint64_t>;
 
     struct Sample {
-        /// Ticks of the monotonic clock.
-        std::uint64_t takenAt = 0;
+        std::chrono::nanoseconds takenAt;
         CpuTimes cpuTimes;
     };
 
     [[nodiscard]] CpuTimes cpuTimesOf(ProcessId application);
     void readChildren();
-    [[nodiscard]] double nanoseconds(std::uint64_t ticks) const;
 
     Platform platform_;
     std::unordered_map<ProcessId, Sample> samples_;

@@ -111,20 +111,13 @@ Application AppQuitter::lookupApp(ProcessId pid) const {
 }
 
 bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout) {
-    // The clock that only runs forward: the wall clock may be set back, and the wait would then
-    // keep the whole program. The pauses slept so far bound the wait even where the clock's ratio
-    // cannot be read.
-    const std::uint64_t start = clock_.ticks();
-    const Timebase timebase = clock_.timebase();
-    std::chrono::microseconds slept{0};
+    // The wall clock may be set back, and the wait would then block the whole program.
+    const std::chrono::nanoseconds start = clock_.ticks();
     while (anyExists(pids)) {
-        const std::chrono::duration<double, std::nano> elapsed(
-            static_cast<double>(clock_.ticks() - start) * timebase.numer / timebase.denom);
-        if (slept >= timeout || elapsed >= timeout) {
+        if (clock_.ticks() - start >= timeout) {
             return false;
         }
         operations_.sleep(pollInterval);
-        slept += pollInterval;
     }
     return true;
 }

@@ -1,10 +1,26 @@
 #include "model/ResourceMonitor.h"
 
+#include "platform/Clock.h"
 #include "platform/ProcessTable.h"
 
 #include <algorithm>
 
 namespace calmora {
+namespace {
+
+double percent(const ResourceMonitor::Snapshot& before, const ResourceMonitor::Snapshot& now) {
+    // A counter that ran backwards belongs to another process with the same id.
+    if (now.userTime < before.userTime || now.systemTime < before.systemTime ||
+        now.wallTime <= before.wallTime) {
+        return 0;
+    }
+    const std::uint64_t busy =
+        (now.userTime - before.userTime) + (now.systemTime - before.systemTime);
+    const std::chrono::nanoseconds elapsed = now.wallTime - before.wallTime;
+    return static_cast<double>(busy) / static_cast<double>(elapsed.count()) * 100;
+}
+
+} // namespace
 
 ResourceMonitor::ResourceMonitor(Platform platform) : platform_(platform) {}
 
@@ -43,23 +59,6 @@ ResourceMonitor::Usages ResourceMonitor::getUsage(std::span<const ProcessId> pro
 void ResourceMonitor::rest() {
     retained_.clear();
     platform_.processes.retainCounters({});
-}
-
-double ResourceMonitor::percent(const Snapshot& before, const Snapshot& now) {
-    // A counter or clock that ran backwards belongs to another process with the same id.
-    if (now.userTime < before.userTime || now.systemTime < before.systemTime ||
-        now.wallTime < before.wallTime) {
-        return 0;
-    }
-    if (!timebase_) {
-        timebase_ = platform_.clock.timebase();
-    }
-    const std::uint64_t busy =
-        (now.userTime - before.userTime) + (now.systemTime - before.systemTime);
-    const double elapsed = static_cast<double>(now.wallTime - before.wallTime) *
-                           static_cast<double>(timebase_->numer) /
-                           static_cast<double>(timebase_->denom);
-    return elapsed > 0 ? static_cast<double>(busy) / elapsed * 100 : 0;
 }
 
 } // namespace calmora

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -31,8 +31,8 @@ class ResourceMonitor {
         std::uint64_t userTime = 0;
         /// Nanoseconds.
         std::uint64_t systemTime = 0;
-        /// Ticks of the monotonic clock.
-        std::uint64_t wallTime = 0;
+        /// By the monotonic clock.
+        std::chrono::nanoseconds wallTime{0};
         /// Bytes.
         std::uint64_t physFootprint = 0;
     };
@@ -59,14 +59,10 @@ class ResourceMonitor {
     void rest();
 
   private:
-    [[nodiscard]] double percent(const Snapshot& before, const Snapshot& now);
-
     Platform platform_;
     Snapshots snapshots_;
     /// The processes for which the table keeps something open.
     std::vector<ProcessId> retained_;
-    /// Read when the first percentage is computed.
-    std::optional<Timebase> timebase_;
 };
 
 } // namespace calmora

@@ -14,9 +14,7 @@ class FakeClock final : public Clock {
   public:
     std::chrono::system_clock::time_point now() const override { return wall; }
 
-    std::uint64_t ticks() const override { return static_cast<std::uint64_t>(passed_.count()); }
-
-    Timebase timebase() const override { return ratio; }
+    std::chrono::nanoseconds ticks() const override { return passed_; }
 
     void sleep(std::chrono::microseconds duration) override {
         slept += duration;
@@ -40,7 +38,6 @@ class FakeClock final : public Clock {
     }
 
     std::chrono::system_clock::time_point wall{std::chrono::hours(24 * 365 * 50)};
-    Timebase ratio{1, 1};
     /// All sleeping so far.
     std::chrono::microseconds slept{0};
 

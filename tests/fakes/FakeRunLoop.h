@@ -81,7 +81,7 @@ class FakeRunLoop final : public RunLoop {
 
     using Entries = std::map<std::uint64_t, Entry>;
 
-    nanoseconds time() const { return nanoseconds(clock_.ticks()); }
+    nanoseconds time() const { return clock_.ticks(); }
 
     Subscription add(milliseconds delay, milliseconds interval, std::function<void()> action) {
         const std::uint64_t id = nextId_++;

@@ -19,9 +19,7 @@ struct ShiftedClock final : Clock {
         return machine.now() + shift;
     }
 
-    [[nodiscard]] std::uint64_t ticks() const override { return machine.ticks(); }
-
-    [[nodiscard]] Timebase timebase() const override { return machine.timebase(); }
+    [[nodiscard]] std::chrono::nanoseconds ticks() const override { return machine.ticks(); }
 
     void sleep(std::chrono::microseconds duration) override {
         slept += duration;

@@ -11,15 +11,10 @@ std::chrono::system_clock::time_point LinuxClock::now() const {
     return std::chrono::system_clock::now();
 }
 
-std::uint64_t LinuxClock::ticks() const {
+std::chrono::nanoseconds LinuxClock::ticks() const {
     timespec time{};
     clock_gettime(CLOCK_MONOTONIC, &time);
-    return static_cast<std::uint64_t>(time.tv_sec) * 1'000'000'000U +
-           static_cast<std::uint64_t>(time.tv_nsec);
-}
-
-Timebase LinuxClock::timebase() const {
-    return {1, 1};
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 void LinuxClock::sleep(std::chrono::microseconds duration) {

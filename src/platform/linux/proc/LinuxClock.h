@@ -4,12 +4,11 @@
 
 namespace calmora {
 
-/// The machine's clocks: CLOCK_REALTIME, and CLOCK_MONOTONIC in nanoseconds (ratio 1/1).
+/// The machine's clocks: CLOCK_REALTIME, and CLOCK_MONOTONIC.
 class LinuxClock final : public Clock {
   public:
     [[nodiscard]] std::chrono::system_clock::time_point now() const override;
-    [[nodiscard]] std::uint64_t ticks() const override;
-    [[nodiscard]] Timebase timebase() const override;
+    [[nodiscard]] std::chrono::nanoseconds ticks() const override;
     void sleep(std::chrono::microseconds duration) override;
 };
 
