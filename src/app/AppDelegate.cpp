@@ -16,9 +16,10 @@ namespace calmora {
 
 AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
                          AppToolkit& toolkit, const Platform& platform,
-                         KeyboardShortcuts& shortcuts, InputGate& input)
+                         KeyboardShortcuts& shortcuts, UserNotifications& notifications,
+                         InputGate& input)
     : settings_(defaults), updaterController_(std::move(updater)), hotKeyManager_(shortcuts),
-      toolkit_(toolkit), platform_(platform), input_(input) {}
+      toolkit_(toolkit), platform_(platform), notifications_(notifications), input_(input) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -37,14 +38,15 @@ void AppDelegate::applicationDidFinishLaunching() {
 
     wireShortcuts();
 
-    // Also while auto-quit is off: switched on later, it knows since when nothing was used.
-    autoQuitManager_ = toolkit_.makeAutoQuitManager(settings_);
+    // Also while auto-quit is off: switched on later, it knows when applications were last used.
+    autoQuitManager_ =
+        std::make_unique<AutoQuitManager>(settings_, platform_, notifications_, input_);
     autoQuitManager_->activityTracker().startTracking();
     autoQuitManager_->start();
 }
 
 void AppDelegate::wireShortcuts() {
-    // The manager is ours, and forgets the callbacks when we end.
+    // The manager is a member: its callbacks end with this object.
     hotKeyManager_.onActivateMenu = [this] {
         if (statusItem_) {
             togglePopover();
@@ -70,7 +72,7 @@ void AppDelegate::forceQuitAll() {
     }
 }
 
-/// Quitting blocks the main loop: what the user presses meanwhile was meant for what stood there.
+/// Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
 void AppDelegate::quitSelected(AppListViewModel& applications, bool force) {
     applications.quitSelected(force);
     input_.discardQueuedInput();

@@ -18,31 +18,32 @@ class AppToolkit;
 class AutoQuitManager;
 class InputGate;
 class UserDefaults;
+class UserNotifications;
 
-/// The program's presence in the status bar: one icon, whose left click opens and closes the
-/// popover and whose right click opens the menu; and what the global shortcuts do. Main thread.
+/// The status item and what the global shortcuts do: a left click opens and closes the popover, a
+/// right click opens the menu. Main thread.
 class AppDelegate {
   public:
     static constexpr Size popoverSize{360, 500};
     static constexpr int statusIconPoints = 19;
 
-    /// Nothing is on screen yet. The references must outlive the delegate.
+    /// Shows nothing yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
-                const Platform& platform, KeyboardShortcuts& shortcuts, InputGate& input);
+                const Platform& platform, KeyboardShortcuts& shortcuts,
+                UserNotifications& notifications, InputGate& input);
     ~AppDelegate();
 
-    /// Makes the popover and the status item, registers the shortcuts and starts watching for idle
-    /// applications. Call once, when the main loop is about to run.
+    /// Makes the popover and the status item, registers the shortcuts and starts auto-quit. Call
+    /// once, when the main loop is about to run.
     void applicationDidFinishLaunching();
 
-    /// The action of the status item: the menu after a right click, else the popover opens or
-    /// closes.
+    /// The action of the status item: a right click opens the menu, any other toggles the popover.
     void togglePopover(StatusEvent event);
 
-    /// Opens the popover unless it is shown; for a second start of the program.
+    /// Opens the popover unless it is shown.
     void openPopover();
 
-    /// Opens the menu where the program has to do it.
+    /// Opens the menu where the status bar does not do it by itself.
     void showContextMenu();
 
     /// Shows the About panel.
@@ -74,6 +75,7 @@ class AppDelegate {
 
     AppToolkit& toolkit_;
     Platform platform_;
+    UserNotifications& notifications_;
     InputGate& input_;
 };
 

@@ -5,11 +5,10 @@
 namespace calmora {
 
 class AppSettings;
-class AutoQuitManager;
 class Popover;
 class StatusItem;
 
-/// What the application delegate has made and done for it by the toolkit.
+/// What the application delegate needs of the toolkit.
 class AppToolkit {
   public:
     virtual ~AppToolkit() = default;
@@ -19,10 +18,6 @@ class AppToolkit {
 
     /// A status item without picture, action and menu.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
-
-    /// The manager that quits idle applications; it has not started yet.
-    [[nodiscard]] virtual std::unique_ptr<AutoQuitManager>
-    makeAutoQuitManager(AppSettings& settings) = 0;
 
     /// Shows the About panel, or raises the one there is.
     virtual void orderFrontAboutPanel() = 0;

@@ -2,7 +2,6 @@
 
 #include "app/Identity.h"
 #include "app/WindowBackendChoice.h"
-#include "autoquit/AutoQuitManager.h"
 #include "platform/desktop/status/QtStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
@@ -20,7 +19,6 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QIcon>
-#include <QLocale>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -34,7 +32,7 @@ namespace {
 
 /// Title bars and task switchers take what they need from this size.
 constexpr int windowIconSide = 64;
-/// By then the panel has the icon, and the session may have started what it starts.
+/// By then the panel shows the icon, and the session has started most of its programs.
 constexpr std::chrono::seconds quietAfterLaunch{2};
 
 /// The popover's content together with the model that it shows.
@@ -52,18 +50,6 @@ class ListContent final : public QWidget {
     AppListViewModel viewModel_;
     MenuPopoverView view_;
 };
-
-/// The user's languages up to English, in which notes are written: such as "de_DE", "de".
-std::vector<std::string> languagesBeforeEnglish() {
-    std::vector<std::string> languages;
-    for (QString tag : QLocale().uiLanguages()) {
-        if (QLocale(tag).language() == QLocale::English) {
-            break;
-        }
-        languages.push_back(tag.replace('-', '_').toStdString());
-    }
-    return languages;
-}
 
 void showWindow(QWidget& window, const Image& icon) {
     window.setWindowIcon(imagePixmap(icon, windowIconSide, 1));
@@ -92,7 +78,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
       delegate_(defaults_, makeUpdater(), *this, platform(), globalShortcuts_.shortcuts(),
-                inputGate_) {
+                notifications_, inputGate_) {
     appearance_ = colorScheme_.onChanged(
         [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
@@ -106,7 +92,7 @@ CalmoraApp::~CalmoraApp() {
 
 int CalmoraApp::run() {
     delegate_.applicationDidFinishLaunching();
-    // What runs already is looked at once the icon stands, so that the first opening need not.
+    // Preload the application list after the tray icon appears.
     QTimer::singleShot(quietAfterLaunch, qApp,
                        [this] { static_cast<void>(machine_.workspace.runningApplications()); });
     return QApplication::exec();
@@ -134,10 +120,6 @@ std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
         [this](bool isOpen) { globalShortcuts_.setPanelMenuOpen(isOpen); });
 }
 
-std::unique_ptr<AutoQuitManager> CalmoraApp::makeAutoQuitManager(AppSettings& settings) {
-    return std::make_unique<AutoQuitManager>(settings, platform(), notifications_, inputGate_);
-}
-
 std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
     if (*identity::updateFeed == 0) {
         return std::make_unique<UnavailableUpdater>();
@@ -145,7 +127,7 @@ std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
     const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
     releases_ = std::make_unique<FeedSource>(identity::updateFeed,
                                              program / identity::modules / "calmora_network.so",
-                                             languagesBeforeEnglish(), runLoop_);
+                                             releaseLanguages(), runLoop_);
     updateWindow_ = std::make_unique<UpdateWindow>(icon(), [](const std::string& page) {
         QDesktopServices::openUrl(QUrl(QString::fromStdString(page), QUrl::StrictMode));
     });

@@ -44,7 +44,6 @@ class CalmoraApp final : private AppToolkit {
   private:
     std::unique_ptr<Popover> makePopover(AppSettings& settings) override;
     std::unique_ptr<StatusItem> makeStatusItem() override;
-    std::unique_ptr<AutoQuitManager> makeAutoQuitManager(AppSettings& settings) override;
     [[nodiscard]] std::unique_ptr<Updater> makeUpdater();
     void orderFrontAboutPanel() override;
     void terminate() override;
@@ -68,13 +67,13 @@ class CalmoraApp final : private AppToolkit {
     DesktopNotifications notifications_;
     AutostartLoginItem loginItem_;
 
-    /// Absent where the system's packages bring new versions.
+    /// Null where the system's packages bring new versions, like the window.
     std::unique_ptr<ReleaseSource> releases_;
     std::unique_ptr<UpdatePresenter> updateWindow_;
 
     QPointer<QWidget> aboutPanel_;
     QPointer<QWidget> settingsWindow_;
-    /// While the popover is shown the workspace also looks for what no event announces.
+    /// While the popover is shown the workspace also polls for what no event announces.
     Subscription looking_;
     AppDelegate delegate_;
     Subscription willShow_;

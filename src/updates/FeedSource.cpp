@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QLocale>
 #include <QUrl>
 
 #include <memory>
@@ -39,6 +40,17 @@ FeedAnswer readFile(const QString& name) {
 }
 
 } // namespace
+
+std::vector<std::string> releaseLanguages() {
+    std::vector<std::string> languages;
+    for (QString tag : QLocale().uiLanguages()) {
+        if (QLocale(tag).language() == QLocale::English) {
+            break;
+        }
+        languages.push_back(tag.replace('-', '_').toStdString());
+    }
+    return languages;
+}
 
 FeedSource::FeedSource(std::string address, std::filesystem::path networkLibrary,
                        std::vector<std::string> languages, RunLoop& runLoop)

@@ -11,8 +11,11 @@ namespace calmora {
 
 class RunLoop;
 
+/// The user's languages up to English, in which notes are written: such as "de_DE", "de".
+[[nodiscard]] std::vector<std::string> releaseLanguages();
+
 /// Releases from an AppStream file at an address. Qt Network comes with a library that is loaded
-/// when something is first fetched by it, and stays.
+/// with the first transfer, and stays.
 class FeedSource final : public ReleaseSource {
   public:
     /// `networkLibrary` is the file that exports StartFeedTransfer; `languages` are those of

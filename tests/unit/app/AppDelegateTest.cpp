@@ -1,7 +1,6 @@
 #include "app/AppDelegate.h"
 
 #include "app/AppToolkit.h"
-#include "autoquit/AutoQuitManager.h"
 #include "fakes/FakeKeys.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
@@ -35,13 +34,6 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
         return item;
     }
 
-    std::unique_ptr<AutoQuitManager> makeAutoQuitManager(AppSettings& settings) override {
-        EXPECT_EQ(&settings, &delegate_.settings());
-        calls_ += "auto-quit ";
-        return std::make_unique<AutoQuitManager>(settings, fakes_.platform(), notifications_,
-                                                 input_);
-    }
-
     void orderFrontAboutPanel() override { calls_ += "about "; }
 
     void terminate() override { calls_ += "terminate "; }
@@ -69,7 +61,8 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakeStatusItem* item_ = nullptr;
     AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
                           *this,           fakes_.platform(),
-                          shortcuts_,      input_};
+                          shortcuts_,      notifications_,
+                          input_};
     FakeUpdater& updater_ = static_cast<FakeUpdater&>(delegate_.updater());
 };
 
@@ -80,7 +73,7 @@ TEST_F(AppDelegateTest, NothingHappensBeforeLaunchHasFinished) {
     EXPECT_EQ(calls_, "");
     recordShortcuts();
     delegate_.applicationDidFinishLaunching();
-    EXPECT_EQ(calls_, "popover item auto-quit ");
+    EXPECT_EQ(calls_, "popover item ");
     EXPECT_EQ(popover_->size, (Size{360, 500}));
     EXPECT_EQ(item_->points, 19);
     ASSERT_TRUE(item_->image);
