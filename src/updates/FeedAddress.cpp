@@ -1,8 +1,9 @@
 #include "updates/FeedAddress.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
+
+#include <arpa/inet.h>
 
 namespace calmora {
 namespace {
@@ -10,28 +11,15 @@ namespace {
 constexpr std::size_t longestPage = 2048;
 
 /// Whether a text is 127.*.*.*, written in full.
-bool isLoopbackNumber(std::string_view text) {
-    for (int part = 0; part < 4; ++part) {
-        int value = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-        if (error != std::errc() || value < 0 || value > 255 || (part == 0 && value != 127)) {
-            return false;
-        }
-        text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-        if (part < 3) {
-            if (!text.starts_with('.')) {
-                return false;
-            }
-            text.remove_prefix(1);
-        }
-    }
-    return text.empty();
+bool isLoopbackNumber(const std::string& text) {
+    in_addr address{};
+    return inet_pton(AF_INET, text.c_str(), &address) == 1 && ntohl(address.s_addr) >> 24U == 127U;
 }
 
 } // namespace
 
 bool isLoopback(std::string_view host) {
-    return host == "localhost" || host == "::1" || isLoopbackNumber(host);
+    return host == "localhost" || host == "::1" || isLoopbackNumber(std::string(host));
 }
 
 bool mayFetch(const FeedAddress& address) {
