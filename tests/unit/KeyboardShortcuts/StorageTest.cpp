@@ -28,16 +28,11 @@ TEST_F(StorageTest, ADefaultIsStoredOnceOnly) {
     EXPECT_EQ(shortcuts.getShortcut(name), commandK);
     EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "install", "-raw", "+hot"}));
 
-    shortcuts.name("a", optionS);
-    EXPECT_EQ(stored("a"), commandKText) << "there is an entry";
     shortcuts.setShortcut({}, name);
     EXPECT_EQ(stored("a"), "false");
     EXPECT_EQ(takeChanges(), Lines{"a false"});
     shortcuts.name("a", commandK);
     EXPECT_EQ(stored("a"), "false") << "cleared by the user";
-    store("b", std::int64_t{7});
-    shortcuts.name("b", commandK);
-    EXPECT_EQ(stored("b"), "other") << "any entry keeps the default away";
     store("cd", true);
     shortcuts.name("c", commandK);
     EXPECT_EQ(stored("c"), commandKText) << "a longer key is another name's";
@@ -69,7 +64,6 @@ TEST_F(StorageTest, OddValuesReadAsNoneAndAreOverwritten) {
         store("a", value);
         EXPECT_EQ(shortcuts.getShortcut(name), std::nullopt);
         shortcuts.setShortcut({}, name);
-        shortcuts.reset({name});
         EXPECT_EQ(defaults.stored.at("KeyboardShortcuts_a"), value);
         EXPECT_TRUE(takeChanges().empty());
         shortcuts.setShortcut(optionS, name);
@@ -78,23 +72,6 @@ TEST_F(StorageTest, OddValuesReadAsNoneAndAreOverwritten) {
     }
     store("a", commandKText);
     EXPECT_EQ(shortcuts.getShortcut(name), commandK) << "written by someone else";
-}
-
-TEST_F(StorageTest, ResetGivesTheDefaultOrNothing) {
-    const auto with = shortcuts.name("with", commandK);
-    const auto without = shortcuts.name("without");
-    shortcuts.setShortcut({}, with);
-    shortcuts.setShortcut(optionS, without);
-    shortcuts.reset({with, without});
-    EXPECT_EQ(stored("with"), commandKText);
-    EXPECT_EQ(stored("without"), "none");
-
-    store("gone", optionSText);
-    store("cleared", false);
-    defaults.stored["KeyboardShortcut"] = std::string(optionSText);
-    shortcuts.resetAll();
-    EXPECT_EQ(stored("with") + stored("gone") + stored("cleared"), "nonenonefalse");
-    EXPECT_TRUE(defaults.stored.contains("KeyboardShortcut"));
 }
 
 } // namespace
