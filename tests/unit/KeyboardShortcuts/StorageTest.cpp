@@ -22,23 +22,6 @@ class StorageTest : public ShortcutsFixture {
 constexpr const char* commandKText = R"({"carbonKeyCode":40,"carbonModifiers":256})";
 constexpr const char* optionSText = R"({"carbonKeyCode":1,"carbonModifiers":2048})";
 
-TEST_F(StorageTest, ADefaultIsStoredOnceOnly) {
-    const auto name = shortcuts.name("a", commandK);
-    EXPECT_EQ(takeChanges(), Lines{std::string("a ") + commandKText});
-    EXPECT_EQ(shortcuts.getShortcut(name), commandK);
-    EXPECT_EQ(hotKeys.takeCalls(), (Lines{"register 40/256 as 1", "install", "-raw", "+hot"}));
-
-    shortcuts.setShortcut({}, name);
-    EXPECT_EQ(stored("a"), "false");
-    EXPECT_EQ(takeChanges(), Lines{"a false"});
-    shortcuts.name("a", commandK);
-    EXPECT_EQ(stored("a"), "false") << "cleared by the user";
-    store("cd", true);
-    shortcuts.name("c", commandK);
-    EXPECT_EQ(stored("c"), commandKText) << "a longer key is another name's";
-    EXPECT_EQ(takeChanges().size(), 1U);
-}
-
 TEST_F(StorageTest, SettingUnregistersRegistersStoresAndTells) {
     const auto name = shortcuts.name("a");
     shortcuts.setShortcut({}, name);
