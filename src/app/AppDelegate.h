@@ -55,7 +55,7 @@ class AppDelegate {
     /// The preferences.
     [[nodiscard]] AppSettings& settings() { return settings_; }
 
-    /// What looks for new versions.
+    /// The updater.
     [[nodiscard]] Updater& updater() { return *updaterController_; }
 
   private:

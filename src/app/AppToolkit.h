@@ -16,10 +16,10 @@ class AppToolkit {
     /// The popover with the application list in it.
     [[nodiscard]] virtual std::unique_ptr<Popover> makePopover(AppSettings& settings) = 0;
 
-    /// A status item without picture, action and menu.
+    /// A status item without picture, action and menu yet.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
 
-    /// Shows the About panel, or raises the one there is.
+    /// Shows or raises the About panel.
     virtual void orderFrontAboutPanel() = 0;
 
     /// Ends the program on the next turn of its loop.

@@ -30,7 +30,7 @@ namespace calmora {
 
 namespace {
 
-/// Title bars and task switchers take what they need from this size.
+/// Title bars and task switchers scale this size.
 constexpr int windowIconSide = 64;
 /// By then the panel shows the icon, and the session has started most of its programs.
 constexpr std::chrono::seconds quietAfterLaunch{2};
@@ -100,7 +100,7 @@ int CalmoraApp::run() {
 
 std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
     auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
-    // Before the list asks for what it will show.
+    // Subscribed before the list, so that the workspace polls before the list asks.
     willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     auto list = std::make_unique<ListContent>(
         settings, MenuPopoverSurroundings{.platform = platform(),

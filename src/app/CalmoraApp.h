@@ -29,16 +29,16 @@ class QWidget;
 
 namespace calmora {
 
-/// The root of the program: owns the platform and the delegate, in the order of lifetimes, and
-/// makes for the delegate what needs the toolkit. One at a time, while there is a QApplication.
+/// Composition root: owns the platform and the delegate in the order of lifetimes, and makes what
+/// the delegate needs of the toolkit. Needs the QApplication.
 class CalmoraApp final : private AppToolkit {
   public:
-    /// `instance` is the first of the session and outlives this object, like `signals`.
+    /// `instance` is the first of the session. The arguments must outlive this object.
     CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance, EndingSignals& signals);
 
     ~CalmoraApp() override;
 
-    /// Shows the status item and runs until the program ends: its exit status.
+    /// Shows the status item and runs the main loop. Returns the exit status.
     int run();
 
   private:
@@ -67,7 +67,7 @@ class CalmoraApp final : private AppToolkit {
     DesktopNotifications notifications_;
     AutostartLoginItem loginItem_;
 
-    /// Null where the system's packages bring new versions, like the window.
+    /// Null, like the window, if updates come with the system's packages.
     std::unique_ptr<ReleaseSource> releases_;
     std::unique_ptr<UpdatePresenter> updateWindow_;
 

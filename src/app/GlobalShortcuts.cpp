@@ -15,7 +15,7 @@
 namespace calmora {
 namespace {
 
-/// Where openbox keeps its bindings, the user's before the system's.
+/// Openbox's configuration files, the user's before the system's.
 std::vector<std::filesystem::path> openboxFiles() {
     const BaseDirectories directories = BaseDirectories::fromEnvironment();
     std::vector<std::filesystem::path> files{directories.configHome / "openbox" / "rc.xml"};
@@ -53,7 +53,7 @@ GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& 
                  const auto key = backend.keyboardLayout().keyCode(nativeKey);
                  return key && shortcuts_.isRegistered(Shortcut::of(Key{*key}, modifiers));
              }),
-      // What was pressed while a question was open was no answer to it, nor meant for later.
+      // Hot keys pressed while an alert was open are dropped.
       alertEnds_(alertSession.onChanged([&backend](bool isOpen) {
           if (!isOpen) {
               backend.discardKeyPresses();

@@ -15,8 +15,8 @@ class LocalizedStrings;
 class Text;
 class WindowBackend;
 
-/// The shortcut module with the keyboard below it, in the order of lifetimes. Takes no key before
-/// a shortcut is registered.
+/// The shortcut module and the parts it needs, in the order of lifetimes. Grabs no key before a
+/// shortcut is registered.
 class GlobalShortcuts {
   public:
     /// The arguments must outlive this object.
@@ -28,10 +28,10 @@ class GlobalShortcuts {
 
     [[nodiscard]] KeyboardShortcuts& shortcuts() { return shortcuts_; }
 
-    /// What the recorders meet.
+    /// What the recorders use.
     [[nodiscard]] const RecorderEnvironment& recorders() const { return recorders_; }
 
-    /// A panel has opened or closed its drawing of the program's menu.
+    /// A panel has opened or closed the status item's menu.
     void setPanelMenuOpen(bool isOpen) { menus_.setPanelMenuOpen(isOpen); }
 
   private:

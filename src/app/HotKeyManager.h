@@ -7,11 +7,11 @@
 
 namespace calmora {
 
-/// Binds the program's three shortcuts to what they do. The callbacks may be set and replaced at
-/// any time; an empty one does nothing. Main thread.
+/// Binds the program's three shortcuts to callbacks, which may be replaced at any time; an empty
+/// one does nothing. Main thread.
 class HotKeyManager {
   public:
-    /// `shortcuts` must outlive the manager; its actions may outlive it.
+    /// `shortcuts` must outlive the manager.
     explicit HotKeyManager(KeyboardShortcuts& shortcuts) : shortcuts_(shortcuts) {}
 
     HotKeyManager(const HotKeyManager&) = delete;

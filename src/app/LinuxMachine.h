@@ -21,10 +21,9 @@ namespace calmora {
 class EventPoll;
 class WindowSystem;
 
-/// The Linux half of the platform, in the order of lifetimes: each part uses only those above it.
+/// The Linux parts of the platform in the order of lifetimes: each uses only those above it.
 struct LinuxMachine {
-    /// Everything given must outlive the machine. What `events` has to tell waits while an alert is
-    /// open.
+    /// The arguments must outlive this object. `events` are not dispatched while an alert is open.
     LinuxMachine(EventPoll& events, WindowSystem& windows, const QDBusConnection& sessionBus,
                  AlertSession& alertSession);
 

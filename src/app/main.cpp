@@ -20,7 +20,7 @@ void printUsage(std::FILE* stream) {
                  calmora::identity::name);
 }
 
-/// Whether the command line asked for a text instead of the program.
+/// Handles the options that only print a text; whether there was one.
 bool printsText(int argc, char** argv) {
     using namespace calmora;
     for (int index = 1; index < argc; ++index) {
@@ -36,7 +36,7 @@ bool printsText(int argc, char** argv) {
     return false;
 }
 
-/// A display that cannot be reached is no crash: the message, an exit status, no core file.
+/// Ends with a message and an exit status, not with a core file, if Qt cannot reach the display.
 void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
     std::fprintf(stderr, "calmora: %s\n", qUtf8Printable(message));
     if (type == QtFatalMsg) {
@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "calmora: there is no display to show anything on\n");
         return 1;
     }
-    // On a Wayland session only an X11 client may place its popover beside the icon.
+    // In a Wayland session only an X11 client can place its popover beside the icon.
     if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     }
@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
     const QtMessageHandler usualHandler = qInstallMessageHandler(endOnFatalMessage);
     QApplication application(argc, argv);
     qInstallMessageHandler(usualHandler);
-    if (argc > 1) { // What Qt understands, -style for one, it has taken away.
+    if (argc > 1) { // Qt has removed its own options, such as -style.
         std::fprintf(stderr, "calmora: “%s” is not understood\n", argv[1]);
         printUsage(stderr);
         return 2;
@@ -73,7 +73,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(calmora::identity::version);
     QApplication::setDesktopFileName(calmora::identity::identifier);
     QApplication::setQuitOnLastWindowClosed(false);
-    // Whether it starts at login is the user's choice in the settings, not the session manager's.
+    // The user's setting decides about the start at login, not the session manager.
     QObject::connect(
         &application, &QGuiApplication::saveStateRequest, &application,
         [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },

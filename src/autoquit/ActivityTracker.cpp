@@ -31,7 +31,7 @@ ActivityTracker::inactiveApps(std::chrono::duration<double> threshold) const {
     const Date now = platform_.clock.now();
     std::vector<std::string> inactive;
     for (const auto& [bundleIdentifier, date] : lastActiveTime_) {
-        // The age is compared, not a cutoff: a far threshold has no date.
+        // Compares the age, not a cutoff date, which may be out of range.
         if (now - date > threshold) {
             inactive.push_back(bundleIdentifier);
         }

@@ -11,31 +11,31 @@
 
 namespace calmora {
 
-/// Remembers when each application was last brought to the front. Nothing else counts as
-/// activity: an application that stays in front grows old like any other, and one that has not
-/// come to the front since tracking started is unknown. All instances of an application share one
-/// entry; applications without an identifier have none. Main thread.
+/// Remembers when each application was last brought to the front. Nothing else counts as activity:
+/// an application that stays in front ages like any other, and one that has not come to the front
+/// since tracking started is unknown. All instances of an application share one entry; applications
+/// without an identifier have none. Main thread.
 class ActivityTracker {
   public:
-    /// A moment of the wall clock: setting the clock shifts every idle time by the same amount.
+    /// By the wall clock: setting it shifts every idle time by the same amount.
     using Date = std::chrono::system_clock::time_point;
 
-    /// Knows nothing yet and listens to nothing.
+    /// Starts empty and unsubscribed.
     explicit ActivityTracker(Platform platform);
 
-    /// Records the frontmost application as activated now, and from here on every activation.
-    /// Does nothing when it is tracking already. Tracking ends with the tracker.
+    /// Records the frontmost application as activated now, and every activation from here on. Does
+    /// nothing if it is tracking already.
     void startTracking();
 
-    /// Sets the moment of an application's latest activation.
+    /// Sets the time of an application's latest activation.
     void recordActivation(const std::string& bundleIdentifier, Date date);
 
-    /// The applications whose latest activation lies more than `threshold` in the past, in no
-    /// particular order; one that lies exactly that far back is not among them.
+    /// The applications whose latest activation was more than `threshold` ago, in no particular
+    /// order.
     [[nodiscard]] std::vector<std::string>
     inactiveApps(std::chrono::duration<double> threshold) const;
 
-    /// Forgets every application that is not among these.
+    /// Forgets all other applications.
     void pruneEntries(const std::set<std::string>& bundleIdentifiers);
 
     /// The latest activation of each application seen.

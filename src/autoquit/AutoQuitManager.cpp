@@ -23,7 +23,7 @@
 namespace calmora {
 namespace {
 
-/// Absent where the product does not fit.
+/// Absent if the product does not fit 64 bits.
 std::optional<std::chrono::duration<double>> threshold(std::int64_t minutes) {
     constexpr std::int64_t unit = AutoQuitManager::secondsPerMinute;
     constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / unit;
@@ -34,7 +34,7 @@ std::optional<std::chrono::duration<double>> threshold(std::int64_t minutes) {
     return std::chrono::duration<double>(static_cast<double>(minutes * unit));
 }
 
-/// Seconds since 1970 as a decimal fraction, as short as it can be read back.
+/// Seconds since 1970 as the shortest decimal fraction that reads back as the same value.
 std::string secondsText(std::chrono::system_clock::time_point date) {
     const auto whole = std::chrono::floor<std::chrono::seconds>(date);
     const double seconds = static_cast<double>(whole.time_since_epoch().count()) +
@@ -157,7 +157,7 @@ void AutoQuitManager::postAutoQuitNotification(const std::string& appName, std::
 }
 
 void AutoQuitManager::dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running) {
-    // A later process may get the id of one that has ended.
+    // The pid of an ended process may be reused.
     ResourceMonitor::Snapshots kept = resourceMonitor_.snapshots();
     const auto isGone = [&](const auto& entry) {
         return std::ranges::find(running, entry.first, &WorkspaceApplication::processIdentifier) ==

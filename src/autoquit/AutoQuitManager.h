@@ -24,42 +24,41 @@ class UserNotifications;
 struct WorkspaceApplication;
 
 /// Politely quits regular applications that have not been brought to the front for as long as the
-/// settings say, and tells the user of each one that has gone. Which ones may go is decided by
-/// the settings, the catalogue and, for what is not in it, the annex and the desktop entry. Its
-/// tools are its own, apart from those of the list. Main thread.
+/// settings say, and notifies the user of each one. The settings and the catalogue decide which may
+/// be quit; for an application that is not in the catalogue, the annex and the desktop entry do.
+/// Shares no state with the list. Main thread.
 class AutoQuitManager {
   public:
-    /// How often the applications are looked at.
+    /// How often the applications are checked.
     static constexpr std::chrono::seconds checkInterval{60};
     /// Seconds in one unit of the setting autoQuitMinutes.
     static constexpr std::int64_t secondsPerMinute = 60;
-    /// A cautious application that uses this much of one CPU, or more, is spared.
+    /// A cautious application that uses at least this much of one CPU is not quit.
     static constexpr double busyCPUPercent = 3.0;
-    /// How long an application that was asked may take.
+    /// How long an application may take to quit.
     static constexpr std::chrono::milliseconds quitTimeout{1500};
     /// The file manager: never quit automatically.
     static constexpr std::string_view finderBundleIdentifier = "com.apple.finder";
 
-    /// No timer yet. All arguments must outlive the manager. `input` is told to drop the clicks
-    /// and keys of the time during which a pass waited.
+    /// Starts no timer. The arguments must outlive this object. `input` drops the clicks and keys
+    /// made while a pass blocks.
     AutoQuitManager(AppSettings& settings, Platform platform, UserNotifications& notifications,
                     InputGate& input);
 
     /// When each application was last brought to the front.
     [[nodiscard]] ActivityTracker& activityTracker() { return activityTracker_; }
 
-    /// Checks every minute from now on, first after one minute; a timer that runs is replaced.
+    /// Checks every minute from now on, first after one minute. Replaces a running timer.
     void start();
 
-    /// One pass, with the settings as they are now: does nothing while auto-quit is off or no
-    /// application is inactive. Negative minutes make every application that the tracker knows
-    /// inactive; minutes whose number of seconds does not fit 64 bits make none inactive.
-    /// An application that is still there after 1.5 seconds, because it asks the user or hangs,
-    /// is left alone and looked at again in the next pass.
-    /// Blocks for up to 1.5 seconds for each application that is asked.
+    /// One pass with the current settings. Does nothing while auto-quit is off or no application is
+    /// inactive. Negative minutes make every tracked application inactive; minutes whose number of
+    /// seconds does not fit 64 bits make none inactive. An application that still runs after 1.5
+    /// seconds, because it asks the user or hangs, is left alone until the next pass. Blocks for up
+    /// to 1.5 seconds for each application that is asked.
     void checkAndQuitInactiveApps();
 
-    /// Tells the user that an application was quit after so many minutes. Returns at once.
+    /// Notifies the user that an application was quit after so many minutes. Returns at once.
     void postAutoQuitNotification(const std::string& appName, std::int64_t minutes);
 
   private:
@@ -67,8 +66,8 @@ class AutoQuitManager {
                                const std::set<std::string>& inactive,
                                const NeverQuitList& neverQuitApps);
     [[nodiscard]] bool isBusy(ProcessId process);
-    /// True also while it cannot be told: the first look only takes the sample, and what is asked
-    /// to quit has been quiet for a minute.
+    /// True also while it is unknown: the first pass only takes a sample, so that an application
+    /// has been idle for a minute before it is asked to quit.
     [[nodiscard]] bool isTreeBusy(ProcessId process);
     void quit(const WorkspaceApplication& app);
     void dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running);

@@ -21,7 +21,7 @@ IdlePolicy idlePolicy(std::string_view identifier, const std::optional<KnownAppI
     if (!installed) {
         return {};
     }
-    // Its windows are those of a terminal that was started for it.
+    // Its window belongs to a terminal that was started for it.
     if (installed->needsTerminal) {
         return {IdleBehavior::neverQuit, true};
     }

@@ -32,7 +32,7 @@ std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {
     std::uint64_t busy = 0;
     for (const auto& [process, cpuTime] : entry->second.cpuTimes) {
         const auto earlier = before.cpuTimes.find(process);
-        // Less than before belongs to another process with the same id.
+        // A smaller value belongs to another process with the same id.
         const bool isKnown = earlier != before.cpuTimes.end() && earlier->second <= cpuTime;
         busy += isKnown ? cpuTime - earlier->second : cpuTime;
     }
@@ -48,7 +48,7 @@ ProcessTreeSampler::CpuTimes ProcessTreeSampler::cpuTimesOf(ProcessId applicatio
     while (!pending.empty()) {
         const ProcessId process = pending.back();
         pending.pop_back();
-        // Ids that are given out anew while they are read can make a circle.
+        // Reused pids can make a cycle.
         if (times.contains(process)) {
             continue;
         }

@@ -12,23 +12,23 @@
 
 namespace calmora {
 
-/// Measures how much CPU an application and everything it has started use between two passes.
-/// Nothing is read in a pass in which nobody asks. Main thread.
+/// Measures how much CPU an application and everything it has started use between two passes. Reads
+/// nothing unless asked. Main thread.
 class ProcessTreeSampler {
   public:
-    /// A sample older than this is as good as none: an average over hours says nothing of now.
+    /// An older sample is ignored: an average over hours says nothing about now.
     static constexpr std::chrono::minutes longestInterval{3};
 
-    /// No sample yet. What the platform refers to must outlive the sampler.
+    /// The platform's parts must outlive the sampler.
     explicit ProcessTreeSampler(Platform platform);
 
-    /// Starts a pass while these applications run: which process has started which is read again
-    /// when it is needed, and samples of applications that are gone are dropped.
+    /// Starts a pass over these running applications: forgets the process tree and the samples of
+    /// all others.
     void beginPass(const std::vector<WorkspaceApplication>& running);
 
-    /// Percent of one CPU that the process and its descendants have used since the last sample; a
-    /// process that was not in it counts from its start, one that is gone no more. Absent at the
-    /// first sample and where the last one is too old. Asked once a pass for each application.
+    /// Percent of one CPU that the process and its descendants have used since the last sample. A
+    /// new process counts from its start, an ended one no longer. Absent for the first sample and
+    /// if the last one is too old. Call once in a pass for each application.
     [[nodiscard]] std::optional<double> cpuPercent(ProcessId application);
 
   private:
@@ -45,7 +45,7 @@ class ProcessTreeSampler {
 
     Platform platform_;
     std::unordered_map<ProcessId, Sample> samples_;
-    /// The processes that each process has started; absent until this pass needs them.
+    /// The children of each process; absent until this pass needs them.
     std::optional<std::unordered_map<ProcessId, std::vector<ProcessId>>> children_;
 };
 

@@ -10,8 +10,8 @@
 
 namespace calmora {
 
-/// One listed application, or one group row that stands for the background applications which one
-/// application started. A value; its identity is `pid`, by which lists are compared.
+/// One listed application, or one group row for the background applications that one application
+/// started. Lists are compared by `pid`.
 struct AppInfo {
     /// Of a group row: the process id of its first member.
     ProcessId pid = 0;

@@ -15,8 +15,8 @@ namespace {
 
 using Application = AppQuitter::Application;
 
-/// Binds the table to the application's process. Asking the application again afterwards makes
-/// sure that the process which was bound is the application's, and not its successor.
+/// Binds the table to the application's process. The application is asked again afterwards, because
+/// the pid may have been reused before the table held it.
 bool hold(ProcessTable& processes, const RunningApplication& app) {
     return processes.hold(app.processIdentifier()) && !app.isTerminated();
 }
@@ -29,9 +29,9 @@ bool exists(ProcessTable& processes, ProcessId process) {
     return processes.sendSignal(process, 0) == 0 || errno != ESRCH;
 }
 
-/// The text test on the path is on purpose a plain one: whoever names a bundle path decides with
-/// a closing slash whether siblings that begin alike belong to it. The workspace knows which
-/// programs below it are not the application's.
+/// Compares paths as plain text on purpose: a closing slash in the bundle path decides whether
+/// siblings with the same beginning belong to it. The workspace knows which programs below it
+/// belong to others.
 std::set<ProcessId> pidsInBundlePath(const Workspace& workspace, ProcessTable& processes,
                                      const std::string& path) {
     std::set<ProcessId> found;
@@ -44,7 +44,7 @@ std::set<ProcessId> pidsInBundlePath(const Workspace& workspace, ProcessTable& p
                !workspace.belongsToAnotherProgram(path, *executable);
     };
     for (const ProcessId process : processes.allProcesses()) {
-        // Read again once held: the id may have passed to another process in between.
+        // Read again once held: the pid may have been reused in between.
         if (process >= 1 && runsInside(process) && processes.hold(process) && runsInside(process)) {
             found.insert(process);
         }

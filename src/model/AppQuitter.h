@@ -28,7 +28,7 @@ struct AppQuitterOperations {
     std::function<std::vector<Application>(const std::string&)> lookupAppsByBundleID;
     /// Sends a signal: 0 on success, -1 with errno set on failure, as kill(2).
     std::function<std::int32_t(ProcessId, std::int32_t)> sendSignal;
-    /// Whether a process is there; one that may not be signalled is.
+    /// Whether a process exists, also one that may not be signalled.
     std::function<bool(ProcessId)> processExists;
     /// The processes whose executable's path begins with a text.
     std::function<std::set<ProcessId>(const std::string&)> lookupProcessIDsInBundlePath;
@@ -36,13 +36,13 @@ struct AppQuitterOperations {
     std::function<void(std::chrono::microseconds)> sleep;
 };
 
-/// The operations as the machine performs them. Every process that they return is held by the
-/// process table, so that later tests and signals cannot meet another one with the same id.
+/// The operations on the real machine. The process table holds every process that they return, so
+/// that later tests and signals cannot reach another process with the same id.
 [[nodiscard]] AppQuitterOperations platformOperations(Platform platform);
 
-/// Quits applications and tells which ones are really gone: success means that the processes no
-/// longer exist, never that a request was accepted. Never-quit protection is the caller's affair.
-/// Blocks the calling thread until every wait has ended. Keeps nothing between calls.
+/// Quits applications and reports which ones are gone: success means that the processes no longer
+/// exist, never that a request was accepted. The caller checks the never-quit list. Blocks the
+/// calling thread until every wait has ended. Keeps no state between calls.
 class AppQuitter {
   public:
     using Application = AppQuitterOperations::Application;
@@ -53,29 +53,29 @@ class AppQuitter {
     static constexpr std::chrono::milliseconds forceQuitTimeout{500};
     /// How long the kill signal may take.
     static constexpr std::chrono::milliseconds hardKillTimeout{1000};
-    /// Pause between two looks at the processes.
+    /// Pause between two checks.
     static constexpr std::chrono::microseconds pollInterval{50'000};
 
     /// A quitter that works on the machine.
     explicit AppQuitter(Platform platform);
 
-    /// A quitter that works through `operations`; `clock` tells it how long it has waited.
+    /// A quitter that works through `operations` and measures its waits by `clock`.
     AppQuitter(AppQuitterOperations operations, const Clock& clock);
 
-    /// Quits one application: politely within 1.5 s, or, with `force`, every running instance of
-    /// it and the processes inside their bundles, by the kill signal where needed, within 0.5 s
-    /// plus 1.0 s. False when there is none or when a process is left.
+    /// Quits one application: politely within 1.5 s; or, with `force`, every running instance and
+    /// the processes inside their bundles, by the kill signal where needed, within 0.5 s plus 1.0
+    /// s. False when there is no such application or a process remains.
     bool quitApp(ProcessId pid, bool force);
 
-    /// Quits the selected records one after the other, as quitApp() does: the process ids of the
-    /// records that were quit.
+    /// Quits the selected records one after the other, as quitApp() does. Returns the process ids
+    /// of those that were quit.
     std::set<ProcessId> quitApps(std::span<const AppInfo> apps, bool force);
 
     /// The running application with a process id; null where there is none.
     [[nodiscard]] Application lookupApp(ProcessId pid) const;
 
-    /// Waits until none of the processes exists any more; false when some do at the end of
-    /// `timeout`. Tests at least once, and does not sleep when they are gone already.
+    /// Waits until none of the processes exists; false if some still do after `timeout`. Tests at
+    /// least once, and does not sleep if they are gone already.
     bool waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout);
 
   private:

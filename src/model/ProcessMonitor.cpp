@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::string_view finder = "com.apple.finder";
 
-/// Identifiers are compared as optionals: without one of its own, the program leaves out every
-/// application that has none either.
+/// Compares identifiers as optionals: if the program has none, every application without one is
+/// left out too.
 bool isListed(const WorkspaceApplication& application, const std::optional<std::string>& own) {
     return application.bundleIdentifier != own && application.localizedName &&
            !application.localizedName->empty();

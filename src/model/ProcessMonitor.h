@@ -11,8 +11,8 @@
 
 namespace calmora {
 
-/// Turns the workspace's running applications into the lists that the popover shows. Keeps
-/// nothing between calls; each list asks the workspace once. Main thread.
+/// Turns the workspace's running applications into the lists that the popover shows. Keeps no state
+/// between calls; each list asks the workspace once. Main thread.
 class ProcessMonitor {
   public:
     explicit ProcessMonitor(Platform platform);
@@ -31,7 +31,7 @@ class ProcessMonitor {
     [[nodiscard]] std::vector<AppInfo> groupBackgroundApps(std::vector<AppInfo> apps) const;
 
   private:
-    /// The parent of a process; absent where it cannot be told or is no process.
+    /// The parent of a process; absent if it cannot be read.
     [[nodiscard]] std::optional<ProcessId> parentPID(ProcessId process) const;
 
     /// What applications contribute as parents, by process id: their identifier if they are

@@ -13,7 +13,7 @@
 
 namespace calmora {
 
-/// What a process used between two samples, and its memory now.
+/// CPU that a process used between two samples, and its memory now.
 struct ResourceUsage {
     /// Percent of one CPU; not capped, so several busy cores exceed 100. Never negative.
     double cpuPercent = 0;
@@ -42,11 +42,11 @@ class ResourceMonitor {
 
     explicit ResourceMonitor(Platform platform);
 
-    /// Samples one process. Absent when its counters cannot be read; its snapshot then stays.
+    /// Samples one process. Absent if its counters cannot be read; its snapshot then stays.
     [[nodiscard]] std::optional<ResourceUsage> getUsage(ProcessId process);
 
-    /// Samples processes in the given order; an entry for each whose counters could be read. The
-    /// process table keeps open what it needs to sample the same ones again.
+    /// Samples processes in the given order; one entry for each whose counters could be read. The
+    /// process table keeps open what it needs to sample the same processes again.
     [[nodiscard]] Usages getUsage(std::span<const ProcessId> processes);
 
     /// The snapshots, by process id. Entries stay after the process has gone until replaced.
@@ -55,7 +55,7 @@ class ResourceMonitor {
     /// Replaces the snapshots.
     void setSnapshots(Snapshots snapshots) { snapshots_ = std::move(snapshots); }
 
-    /// Lets the process table drop what it keeps open: no sample comes soon. The snapshots stay.
+    /// Lets the process table close what it keeps open. The snapshots stay.
     void rest();
 
   private:

@@ -11,11 +11,11 @@ class Sound;
 /// Plays a short sound when the user has quit applications.
 class SoundPlayer {
   public:
-    /// Looks the sound up; a missing or unreadable file makes the player silent.
+    /// Finds the sound; without a readable file the player is silent.
     explicit SoundPlayer(Platform platform);
     ~SoundPlayer();
 
-    /// Plays the sound from its beginning, cutting off one that still plays. Returns at once.
+    /// Restarts the sound. Returns at once.
     void playQuitSound();
 
   private:

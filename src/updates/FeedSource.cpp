@@ -32,7 +32,7 @@ ReleaseList readAnswer(const FeedAnswer& answer, const std::vector<std::string>&
 /// At most one byte more than is allowed.
 FeedAnswer readFile(const QString& name) {
     QFile file(name);
-    // A pipe could make us wait.
+    // Reading a pipe could block.
     if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
         return UpdateError::unreachable;
     }

@@ -11,7 +11,7 @@ namespace calmora {
 
 class RunLoop;
 
-/// The user's languages up to English, in which notes are written: such as "de_DE", "de".
+/// The user's languages before English, which notes are written in: such as "de_DE", "de".
 [[nodiscard]] std::vector<std::string> releaseLanguages();
 
 /// Releases from an AppStream file at an address. Qt Network comes with a library that is loaded
@@ -19,7 +19,7 @@ class RunLoop;
 class FeedSource final : public ReleaseSource {
   public:
     /// `networkLibrary` is the file that exports StartFeedTransfer; `languages` are those of
-    /// readReleases(). The loop outlives this object and its tokens.
+    /// readReleases(). The loop must outlive this object and its tokens.
     FeedSource(std::string address, std::filesystem::path networkLibrary,
                std::vector<std::string> languages, RunLoop& runLoop);
 

@@ -10,27 +10,27 @@
 
 namespace calmora {
 
-/// What to transfer, and how far to go for it.
+/// What to transfer, and its limits.
 struct FeedRequest {
     QUrl address;
     /// In bytes.
     qint64 largest = 0;
-    /// Whether the address is this machine's, which no proxy can reach.
+    /// The address is this machine's, which no proxy can reach.
     bool isLocal = false;
-    /// Whether the server may send us on to an address.
+    /// Whether the server may redirect to an address.
     std::function<bool(const QUrl&)> mayFollow;
 };
 
 using FeedAnswer = std::variant<QByteArray, UpdateError>;
 
-/// A transfer that runs; its end breaks it off.
+/// A running transfer; destroying it cancels it.
 class FeedTransfer {
   public:
     virtual ~FeedTransfer() = default;
 };
 
-/// Starts a transfer, which the caller owns, and tells the answer once from the main loop. `done`
-/// may end the transfer.
+/// Starts a transfer, which the caller owns, and calls `done` once from the main loop. `done` may
+/// destroy the transfer.
 using StartFeedTransfer = FeedTransfer* (*)(const FeedRequest& request,
                                             std::function<void(const FeedAnswer&)> done);
 

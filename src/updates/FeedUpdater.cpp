@@ -111,7 +111,7 @@ void FeedUpdater::end() {
 }
 
 void FeedUpdater::finish(const ReleaseList& answer) {
-    const ReleaseList list = answer; // Ending the check may end what holds the answer.
+    const ReleaseList list = answer; // Ending the check may destroy the answer.
     const Asker asker = running_;
     end();
 
@@ -162,7 +162,7 @@ std::chrono::seconds FeedUpdater::untilDue() const {
     using std::chrono::seconds;
     const seconds last{around_.defaults.integer(lastCheckKey)};
     const seconds now = sinceEpoch(around_.clock);
-    // A check in the future: the clock was wrong then, or is now.
+    // A last check in the future: the clock was wrong then, or is now.
     return last < seconds{0} || last > now ? seconds{0}
                                            : std::max(last + interval - now, seconds{0});
 }

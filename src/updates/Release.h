@@ -10,51 +10,51 @@
 
 namespace calmora {
 
-/// One version of the program, as its makers announce it.
+/// One published version of the program.
 struct Release {
     std::string version;
-    /// What is new, as plain text in UTF-8; empty when nothing is told.
+    /// What is new, as plain text in UTF-8; may be empty.
     std::string notes;
-    /// A web page about it; empty when there is none.
+    /// A web page about it; empty for none.
     std::string page;
-    /// Meant for everybody, not for testing.
+    /// Not a test version.
     bool isStable = true;
 };
 
-/// Why the releases are not known.
+/// Why the releases could not be read.
 enum class UpdateError {
-    /// The list's address is none that may be used.
+    /// The list's address may not be used.
     address,
-    /// The part of the program that reaches the network cannot be loaded.
+    /// The network library cannot be loaded.
     loader,
     unreachable,
-    /// The server did not prove who it is.
+    /// The server's certificate is not trusted.
     insecure,
-    /// The server answered, but not with the list.
+    /// The server answered with an error.
     refused,
-    /// The list has moved to where it may not be read from.
+    /// The server redirects to an address that may not be used.
     redirect,
     timeout,
     tooLarge,
     /// No list of releases, or a malformed or hostile one.
     unreadable,
-    /// A release has a version that is none.
+    /// A release has an invalid version.
     version,
 };
 
-/// Every release that is known, in any order, or why none is.
+/// All known releases in any order, or why they could not be read.
 using ReleaseList = std::variant<std::vector<Release>, UpdateError>;
 
-/// The newest release that is meant for everybody; null when there is none.
+/// The newest stable release; null if there is none.
 [[nodiscard]] const Release* newestRelease(std::span<const Release> releases);
 
-/// Where the releases are learned from.
+/// Where releases come from.
 class ReleaseSource {
   public:
     virtual ~ReleaseSource() = default;
 
-    /// Gets the list and tells it once, from the main loop, unless the token ends before. `done`
-    /// may end the token.
+    /// Fetches the list and calls `done` once, from the main loop, unless the token ends before.
+    /// `done` may end the token.
     [[nodiscard]] virtual Subscription fetch(std::function<void(const ReleaseList&)> done) = 0;
 };
 

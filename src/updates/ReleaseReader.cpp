@@ -19,12 +19,13 @@ namespace {
 constexpr int deepest = 32;
 constexpr std::size_t mostReleases = 1000;
 constexpr std::size_t mostElements = 20000;
-/// The reader compares every attribute of a tag with every other.
+/// QXmlStreamReader compares every attribute of a tag with every other: 18 seconds for a tag of a
+/// megabyte.
 constexpr std::size_t longestTag = 2048;
 constexpr qsizetype longestNotes = 8000;
 
-/// How long the tag, instruction or section is with which `xml` starts; absent when it is too long,
-/// does not end, or declares something, as a document type does.
+/// Length of the tag, instruction or section at the start of `xml`; absent if it is too long, does
+/// not end, or is a declaration such as a document type.
 std::optional<std::size_t> markupLength(std::string_view xml) {
     const auto upTo = [xml](std::string_view end) {
         const std::size_t at = xml.find(end);
@@ -54,7 +55,7 @@ std::optional<std::size_t> markupLength(std::string_view xml) {
     return std::nullopt;
 }
 
-/// Whether the text can be given to the reader without harm.
+/// Whether QXmlStreamReader can parse the text in linear time.
 bool isHarmless(std::string_view xml) {
     for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at)) {
         const auto length = markupLength(xml.substr(at));
@@ -70,7 +71,7 @@ bool isDirectionControl(QChar c) {
     return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
 }
 
-/// Text of an element on one line, without what would change how others are shown.
+/// Text on one line, without controls that would affect the text around it.
 QString plainLine(QString text) {
     std::replace_if(
         text.begin(), text.end(),
@@ -79,11 +80,11 @@ QString plainLine(QString text) {
     return text.simplified();
 }
 
-/// What is new in a release, in every language that is asked for.
+/// The notes of a release in each wanted language.
 class Notes {
   public:
-    /// One more paragraph or item of a list. `language` is its place among the languages, and one
-    /// behind them all as it was written.
+    /// Adds a paragraph or list item. `language` is its index among the wanted languages; one past
+    /// the end is the original.
     void add(const QString& text, bool isItem, std::size_t language) {
         Variant& variant = variants_[language];
         if (!variant.text.isEmpty()) {
@@ -94,7 +95,7 @@ class Notes {
         ++variant.blocks;
     }
 
-    /// The notes in the first language that nothing is missing in; `written` counts as one.
+    /// The notes in the first language in which nothing is missing; `written` is the original.
     [[nodiscard]] std::string text(std::size_t written) {
         const std::size_t all = variants_[written].blocks;
         for (auto& [language, variant] : variants_) {
@@ -141,10 +142,10 @@ class Reader {
     }
 
   private:
-    /// The list is the whole file or belongs to the component that is the whole file.
+    /// Whether the list is the root element or a child of a root <component>.
     [[nodiscard]] bool isInPlace() const { return depth_ == 1 || (depth_ == 2 && isComponent_); }
 
-    /// Goes on to the next token; false at the end and when the text is refused.
+    /// Advances to the next token; false at the end and if the text is refused.
     bool next() {
         if (error_ || xml_.atEnd()) {
             return false;
@@ -172,10 +173,10 @@ class Reader {
         return xml_.attributes().value(QLatin1StringView(name));
     }
 
-    /// Goes on within the element that stands at `level`; false when it has ended.
+    /// Advances within the element at `level`; false when it has ended.
     bool nextWithin(int level) { return next() && depth_ >= level; }
 
-    /// The text within the current element, markup left out.
+    /// The text within the current element without markup.
     QString readText() {
         const int level = depth_;
         QString text;
@@ -246,8 +247,8 @@ class Reader {
         }
     }
 
-    /// The place of the current element's language among those wanted; `inherited` when it names
-    /// none, and beyond everything when it is not wanted.
+    /// Index of the current element's language among those wanted; `inherited` if it names none,
+    /// past the original if it is not wanted.
     [[nodiscard]] std::size_t language(std::size_t inherited) const {
         const QString name = attribute("xml:lang").toString().replace('-', '_');
         if (name.isEmpty()) {

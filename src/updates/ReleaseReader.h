@@ -10,12 +10,11 @@ namespace calmora {
 
 /// Reads the releases of an AppStream metainfo file, or of a file that holds only its <releases>.
 /// Notes become plain text: paragraphs and list items, in the first of `languages` (such as
-/// "de_DE", "de") that they are wholly translated to, else as they were written.
+/// "de_DE", "de") to which they are completely translated, else in the original.
 ///
-/// What is not well-formed, not UTF-8, has a document type, or is larger, deeper or more than any
-/// list of releases is refused as a whole, and so is a list with a version that is none. The time
-/// it takes grows with the size of the text alone.
-/// Source: freedesktop AppStream, "Metainfo files" and "Releases".
+/// The input is untrusted. A text that is malformed, not UTF-8, has a document type, is larger or
+/// deeper than any list of releases, or has an invalid version is refused as a whole. Takes time
+/// linear in the size of the text. Source: freedesktop AppStream, "Metainfo files" and "Releases".
 [[nodiscard]] ReleaseList readReleases(std::string_view xml,
                                        const std::vector<std::string>& languages = {});
 

@@ -17,7 +17,7 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// The parts of a version that are compared one after the other.
+/// The parts of a version, compared in this order.
 struct Parts {
     std::string_view epoch;
     std::string_view upstream;
@@ -36,8 +36,7 @@ Parts split(std::string_view version) {
     return parts;
 }
 
-/// Where the first character sorts among those of a run without digits, which the end and a digit
-/// finish.
+/// Sort order of the first character of a run without digits; 0 at the end of the run.
 int rank(std::string_view text) {
     if (text.empty() || isDigit(text.front())) {
         return 0;
@@ -50,7 +49,7 @@ int rank(std::string_view text) {
     return isLetter(c) ? c : c + behindLetters;
 }
 
-/// Takes the number, without its leading zeros, from the front of a text.
+/// Removes the number at the front of a text; returns it without leading zeros.
 std::string_view takeNumber(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of('0'), text.size()));
     const auto length = static_cast<std::size_t>(

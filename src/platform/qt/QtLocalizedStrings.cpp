@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <limits>
 
-// A resource in a static library has to be asked for, from outside every namespace.
+// A resource in a static library must be initialized, outside every namespace.
 static void loadTables() {
     Q_INIT_RESOURCE(translations);
 }

@@ -8,10 +8,10 @@
 namespace calmora {
 
 /// The program's texts from its Qt Linguist tables, and with them Qt's own in the same language
-/// where the system has them. The English table always answers: it holds the symbolic keys and the
-/// plural forms. On top of it lies the table of the first language that the user wants and that
-/// there is one of: LANGUAGE, LC_MESSAGES and LANG, see locale(7) and QLocale::uiLanguages().
-/// For as long as this object lives, uiText() and uiCount() give views the same texts. Main thread.
+/// where the system has them. The English table is the fallback: it has the symbolic keys and the
+/// plural forms. Before it comes the table of the first language that the user wants and that
+/// exists (LANGUAGE, LC_MESSAGES and LANG; see locale(7) and QLocale::uiLanguages()). For as long
+/// as this object lives, uiText() and uiCount() give views the same texts. Main thread.
 class QtLocalizedStrings final : public LocalizedStrings {
   public:
     /// Needs the QCoreApplication. The default is the locale of the user.

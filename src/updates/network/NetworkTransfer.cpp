@@ -12,16 +12,16 @@ namespace calmora {
 namespace {
 
 constexpr int mostRedirects = 5;
-/// The status of an answer with a content.
+/// The HTTP status "OK".
 constexpr int isContent = 200;
-/// What is received and not yet looked at, in bytes.
+/// Size of the read buffer, in bytes.
 constexpr qint64 readAhead = qint64{64} * 1024;
 
 UpdateError meaningOf(QNetworkReply::NetworkError error) {
     if (error == QNetworkReply::SslHandshakeFailedError) {
         return UpdateError::insecure;
     }
-    // From there on the server has answered.
+    // These errors and all after them are answers of the server.
     return error >= QNetworkReply::ContentAccessDenied ? UpdateError::refused
                                                        : UpdateError::unreachable;
 }
@@ -43,7 +43,7 @@ class NetworkTransfer final : public FeedTransfer {
     ~NetworkTransfer() override {
         reply_->disconnect();
         reply_->abort();
-        // Not at once: this may be an answer to a signal of the reply.
+        // Later, because this may run inside a signal of the reply.
         manager_.release()->deleteLater();
     }
 
@@ -54,7 +54,7 @@ class NetworkTransfer final : public FeedTransfer {
                              QNetworkRequest::ManualRedirectPolicy);
         request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
         request.setHeader(QNetworkRequest::UserAgentHeader, "Calmora");
-        // A small packet must not unfold into a large text.
+        // A small compressed body must not unpack into a large text.
         request.setRawHeader("Accept-Encoding", "identity");
         reply_ = manager_->get(request);
         reply_->setReadBufferSize(readAhead);
@@ -66,7 +66,7 @@ class NetworkTransfer final : public FeedTransfer {
         QObject::connect(reply_, &QNetworkReply::finished, reply_, [this] { finish(); });
     }
 
-    /// Takes what has arrived; false when it is, or is going to be, too much.
+    /// Reads the available data; false if it is, or will be, too much.
     bool receive() {
         if (!isTooLarge_) {
             received_ += reply_->readAll();
@@ -106,7 +106,7 @@ class NetworkTransfer final : public FeedTransfer {
         ask(target);
     }
 
-    /// May end this object.
+    /// May destroy this object.
     void tell(const FeedAnswer& answer) {
         const auto done = std::exchange(done_, nullptr);
         done(answer);
@@ -116,7 +116,7 @@ class NetworkTransfer final : public FeedTransfer {
     std::function<bool(const QUrl&)> mayFollow_;
     std::function<void(const FeedAnswer&)> done_;
     std::unique_ptr<QNetworkAccessManager> manager_;
-    /// The manager's.
+    /// Owned by the manager.
     QNetworkReply* reply_ = nullptr;
     QByteArray received_;
     bool isTooLarge_ = false;
