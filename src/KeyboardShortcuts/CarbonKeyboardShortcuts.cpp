@@ -111,7 +111,7 @@ void CarbonKeyboardShortcuts::suspend() {
     }
 }
 
-// The callbacks are copied before they are called: they may unregister their own entry.
+// Callbacks are copied before they are called: they may unregister their own entry.
 
 std::int32_t CarbonKeyboardShortcuts::matchHotKey(const HotKeyEvent& event) {
     const auto* identifier = std::get_if<HotKeyIdentifier>(&event.identifier);

@@ -12,8 +12,8 @@
 namespace calmora {
 
 /// The table of hot keys: registers shortcuts with the system and calls back when they fire. While
-/// one of the program's menus is open, when no hot key can fire, it gives the hot keys back and
-/// looks for them among all keys instead. Main thread.
+/// one of the program's menus is open no hot key can fire; the table then releases the hot keys and
+/// matches all key events instead. Main thread.
 class CarbonKeyboardShortcuts {
   public:
     using Callback = std::function<void(const Shortcut&)>;
@@ -21,7 +21,7 @@ class CarbonKeyboardShortcuts {
     /// The signature of this program's hot keys: "CLMH".
     static constexpr std::uint32_t signature = 0x434C4D48;
 
-    /// What it is given must outlive it.
+    /// The arguments must outlive this object.
     CarbonKeyboardShortcuts(HotKeys& hotKeys, const ShortcutText& text)
         : hotKeys_(hotKeys), text_(text) {}
 
@@ -32,16 +32,15 @@ class CarbonKeyboardShortcuts {
     /// output and leaves no entry; the identifier stays consumed.
     void registerShortcut(const Shortcut& shortcut, Callback onKeyDown, Callback onKeyUp);
 
-    /// Forgets every entry with this shortcut and gives its hot key back.
+    /// Removes every entry with this shortcut and releases its hot key.
     void unregisterShortcut(const Shortcut& shortcut);
 
-    /// Chooses what is listened to: hot keys, raw keys while a menu is open, or nothing. Takes
-    /// effect at once, or with the first successful registration.
+    /// Chooses what to listen to: hot keys, raw keys while a menu is open, or nothing. Takes effect
+    /// at once, or with the first successful registration.
     void update(bool isEnabled, bool isMenuOpen);
 
-    /// Answers an event of the keyboard: HotKeyStatus::success when it ran a callback,
-    /// HotKeyStatus::notHandled when it is not ours, or the status of a parameter that could not
-    /// be read.
+    /// Handles a keyboard event: HotKeyStatus::success if it ran a callback,
+    /// HotKeyStatus::notHandled if no entry matches, or the status of an unreadable parameter.
     std::int32_t handle(const HotKeyEvent& event);
 
   private:

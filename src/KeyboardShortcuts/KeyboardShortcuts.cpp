@@ -194,7 +194,7 @@ void KeyboardShortcuts::dispatch(const Shortcut& shortcut, KeyboardShortcutEvent
     if (handlersPaused_) {
         return;
     }
-    // A copy, because an action may change the actions.
+    // A copy: an action may change the actions.
     const Actions actions =
         event == KeyboardShortcutEvent::keyDown ? keyDownHandlers_ : keyUpHandlers_;
     for (const auto& [name, list] : actions) {

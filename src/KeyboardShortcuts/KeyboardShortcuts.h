@@ -22,7 +22,7 @@ class NotificationCenter;
 class Text;
 class UserDefaults;
 
-/// What the module meets the machine through. Everything must outlive the module.
+/// What the module needs of the platform. Everything must outlive the module.
 struct KeyboardShortcutsPlatform {
     UserDefaults& defaults;
     NotificationCenter& notifications;
@@ -32,13 +32,12 @@ struct KeyboardShortcutsPlatform {
     Text& text;
 };
 
-/// What a key did.
+/// A press or a release.
 enum class KeyboardShortcutEvent { keyDown, keyUp };
 
 /// Global shortcuts by name: stores them, registers them with the system and runs the actions of
-/// the names whose shortcut fires. Its one owner makes it and hands it down; there is one for the
-/// life of the process. Nothing is cached: every question about a shortcut reads the defaults.
-/// Main thread.
+/// the names whose shortcut fires. Make one for the life of the process. Nothing is cached: every
+/// read of a shortcut reads the defaults. Main thread.
 class KeyboardShortcuts {
   public:
     using Name = ShortcutName;
@@ -48,7 +47,7 @@ class KeyboardShortcuts {
     /// Name under "name".
     static constexpr const char* shortcutByNameDidChange =
         "KeyboardShortcuts_shortcutByNameDidChange";
-    /// What the keys in the user defaults start with; the rest is the name.
+    /// Prefix of the keys in the user defaults; the rest is the name.
     static constexpr const char* defaultsKeyPrefix = "KeyboardShortcuts_";
 
     explicit KeyboardShortcuts(const KeyboardShortcutsPlatform& platform);
@@ -56,33 +55,32 @@ class KeyboardShortcuts {
     KeyboardShortcuts(const KeyboardShortcuts&) = delete;
     KeyboardShortcuts& operator=(const KeyboardShortcuts&) = delete;
 
-    /// Makes a name. With a default, stores it unless anything at all is stored for the name.
+    /// Makes a name. Stores a default shortcut unless the store has any value for the name.
     Name name(std::string rawValue, std::optional<Shortcut> defaultShortcut = {});
 
-    /// The shortcut stored for a name; absent when there is none or it cannot be read.
+    /// The shortcut stored for a name; absent if there is none or it cannot be read.
     [[nodiscard]] std::optional<Shortcut> getShortcut(const Name& name) const;
 
-    /// Stores and registers a shortcut, or clears the one that there is. A cleared name keeps its
-    /// default away. Tells of the change; clearing a name that has no shortcut is none.
+    /// Stores and registers a shortcut, or clears it. Posts the notification, except when the
+    /// cleared name has no shortcut. A cleared name does not get its default again.
     void setShortcut(const std::optional<Shortcut>& shortcut, const Name& name);
 
-    /// Gives each name its default shortcut again, or none.
+    /// Gives each name its default shortcut, or none.
     void reset(const std::vector<Name>& names);
 
-    /// Removes everything that is stored under the module's prefix and readable, whatever the
-    /// defaults of the names.
+    /// Removes every readable shortcut under the module's prefix and ignores defaults.
     void resetAll();
 
     /// Adds an action for when the name's shortcut is pressed, and registers the shortcut.
     void onKeyDown(const Name& name, Action action);
 
-    /// The same for its release.
+    /// Adds an action for when it is released, and registers the shortcut.
     void onKeyUp(const Name& name, Action action);
 
-    /// Drops the name's actions. Its shortcut is released unless a name that has actions uses it.
+    /// Removes the name's actions. Releases its shortcut unless another name with actions uses it.
     void removeHandler(const Name& name);
 
-    /// Drops all actions and releases their shortcuts.
+    /// Removes all actions and releases their shortcuts.
     void removeAllHandlers();
 
     /// Registers the shortcuts of these names.
@@ -91,34 +89,33 @@ class KeyboardShortcuts {
     /// Releases the shortcuts of these names.
     void disable(const std::vector<Name>& names);
 
-    /// Whether the name has a shortcut that is registered, the module being enabled.
+    /// Whether the module is enabled and the name has a registered shortcut.
     [[nodiscard]] bool isEnabled(const Name& name) const;
 
-    /// Whether the module has registered the shortcut, refused or not.
+    /// Whether the module has registered the shortcut, even if the system refused it.
     [[nodiscard]] bool isRegistered(const Shortcut& shortcut) const {
         return registeredShortcuts_.contains(shortcut);
     }
 
-    /// Tells the presses and releases of the name's shortcut until the token ends. Registers
-    /// nothing by itself.
+    /// Calls `handler` for presses and releases of the name's shortcut until the token ends.
+    /// Registers no shortcut.
     [[nodiscard]] Subscription events(const Name& name,
                                       std::function<void(KeyboardShortcutEvent)> handler);
 
-    /// Whether hot keys are listened to at all; true at first.
+    /// Whether the module listens to hot keys; initially true.
     [[nodiscard]] bool isEnabled() const { return isEnabled_; }
 
     void setEnabled(bool isEnabled);
 
-    /// While true the hot keys stay taken, but firing runs nothing; false at first.
+    /// While true the hot keys stay registered, but no action runs; initially false.
     [[nodiscard]] bool handlersPaused() const { return handlersPaused_; }
 
     void setHandlersPaused(bool paused) { handlersPaused_ = paused; }
 
-    /// Why no shortcut can work here, as a text to show (a key of LocalizedStrings); absent
-    /// where they can.
+    /// Why no shortcut can work here, as a key of LocalizedStrings; absent if shortcuts work.
     [[nodiscard]] std::optional<std::string> unavailableReason() const;
 
-    /// Writes shortcuts out for people.
+    /// Formats shortcuts.
     [[nodiscard]] const ShortcutText& text() const { return text_; }
 
   private:

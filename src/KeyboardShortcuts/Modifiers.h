@@ -9,7 +9,7 @@
 
 namespace calmora {
 
-/// Modifier masks as shortcuts store them and the system takes them.
+/// Modifier masks in the form that shortcuts store and the system takes.
 struct CarbonModifiers {
     static constexpr std::int64_t command = 1 << 8;
     static constexpr std::int64_t shift = 1 << 9;
@@ -36,7 +36,7 @@ inline constexpr std::array<ModifierKey, 5> modifierKeys{{
     {ModifierFlags::function, CarbonModifiers::function, "\U0001F310\uFE0E", "Fn"},
 }};
 
-/// The Carbon form; any bit that is none of the five modifiers is dropped.
+/// The Carbon form; drops all other bits.
 [[nodiscard]] constexpr std::int64_t carbonModifiers(ModifierFlags flags) {
     std::int64_t mask = 0;
     for (const ModifierKey& key : modifierKeys) {
@@ -45,7 +45,7 @@ inline constexpr std::array<ModifierKey, 5> modifierKeys{{
     return mask;
 }
 
-/// The event-flag form; any bit that is none of the five modifiers is dropped.
+/// The event-flag form; drops all other bits.
 [[nodiscard]] constexpr ModifierFlags modifierFlags(std::int64_t carbonMask) {
     ModifierFlags flags;
     for (const ModifierKey& key : modifierKeys) {
@@ -54,7 +54,7 @@ inline constexpr std::array<ModifierKey, 5> modifierKeys{{
     return flags;
 }
 
-/// The Carbon mask without any bit that is none of the five modifiers.
+/// The Carbon mask with the five modifiers only.
 [[nodiscard]] constexpr std::int64_t normalizedCarbonModifiers(std::int64_t carbonMask) {
     return carbonModifiers(modifierFlags(carbonMask));
 }

@@ -10,7 +10,7 @@ namespace calmora {
 /// trailing one.
 class Recorder final : public QWidget {
   public:
-    /// `environment` must outlive the row. `title` is shown as it is given.
+    /// `environment` must outlive the row. `title` is plain text.
     Recorder(const RecorderEnvironment& environment, const QString& title,
              KeyboardShortcuts::Name name, ShortcutRecorder::OnChange onChange,
              QWidget* parent = nullptr);

@@ -15,14 +15,14 @@ class QToolButton;
 namespace calmora {
 
 /// The box in which the user sets one shortcut: shows it, records the next key press while it has
-/// the focus, and can be cleared. Tooltip and screen-reader name spell the shortcut out.
+/// the focus, and can be cleared. Tooltip and accessible name spell the shortcut out.
 class RecorderCocoa final : public QLineEdit, private RecorderControl {
   public:
-    /// It is wider only where a text would not fit.
+    /// The control is wider only if a text does not fit.
     static constexpr double minimumWidth = 130.0;
 
-    /// `environment` must outlive the control. `title` is what the screen reader says before the
-    /// shortcut.
+    /// `environment` must outlive the control. `title` precedes the shortcut in the accessible
+    /// name.
     RecorderCocoa(const RecorderEnvironment& environment, KeyboardShortcuts::Name name,
                   const QString& title, ShortcutRecorder::OnChange onChange,
                   QWidget* parent = nullptr);
@@ -31,11 +31,11 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
     [[nodiscard]] const KeyboardShortcuts::Name& shortcutName() const;
     void setShortcutName(const KeyboardShortcuts::Name& name);
 
-    /// Whether it records now.
+    /// Whether it is recording.
     [[nodiscard]] bool isRecording() const;
 
-    /// Whether the focus may come here without the user asking for it by click or Tab. False for a
-    /// moment after the window appears or gets the keyboard.
+    /// Whether the control accepts the focus without a click or Tab. False for a moment after the
+    /// window appears or becomes active.
     [[nodiscard]] bool canBecomeKeyView() const { return canBecomeKey_; }
 
     [[nodiscard]] QSize sizeHint() const override;

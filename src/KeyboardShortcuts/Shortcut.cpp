@@ -10,7 +10,7 @@
 namespace calmora {
 namespace {
 
-/// Some fifty times the longest that is ever written; anything longer is not ours.
+/// Some fifty times the longest text that is written.
 constexpr std::size_t longestText = 4096;
 
 std::optional<std::int64_t> integer(const nlohmann::json& object, const char* member) {

@@ -47,7 +47,7 @@ struct Shortcut {
 struct ShortcutName {
     /// Unique within the program.
     std::string rawValue;
-    /// The shortcut that the name gets the first time.
+    /// Stored when the name is first made.
     std::optional<Shortcut> defaultShortcut;
 
     friend bool operator==(const ShortcutName& a, const ShortcutName& b) {

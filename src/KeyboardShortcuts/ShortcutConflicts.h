@@ -12,8 +12,7 @@ namespace calmora {
 
 class ShortcutText;
 
-/// The title of the first item, depth first, that the shortcut would choose; absent when there is
-/// none.
+/// The title of the first item, depth first, with this shortcut; absent if there is none.
 [[nodiscard]] std::optional<std::string> menuConflict(const Shortcut& shortcut,
                                                       std::span<const MainMenuItem> menu,
                                                       const ShortcutText& text);

@@ -11,7 +11,7 @@
 namespace calmora {
 namespace {
 
-/// How far from the control a click still counts as one on it.
+/// A click this near to the control counts as a click on it.
 constexpr int clickMargin = 3;
 
 constexpr std::size_t forceButton = 1;
@@ -21,7 +21,7 @@ bool isOutside(Point point, Size size) {
            point.x >= size.width + clickMargin || point.y >= size.height + clickMargin;
 }
 
-/// The modifiers that count: neither Caps Lock nor the keypad's own flag.
+/// The modifiers without Caps Lock and the keypad's flag.
 std::uint32_t countingModifiers(const InputEvent& event) {
     constexpr std::uint32_t deviceIndependent = 0xFFFF0000;
     return event.modifiers.mask & deviceIndependent &

@@ -18,7 +18,7 @@ class LocalizedStrings;
 class NotificationCenter;
 class SystemShortcuts;
 
-/// What recorders meet the program through. Everything must outlive them.
+/// What recorders need of the program. Everything must outlive them.
 struct RecorderEnvironment {
     KeyboardShortcuts& shortcuts;
     NotificationCenter& notifications;
@@ -26,28 +26,26 @@ struct RecorderEnvironment {
     KeyboardLayout& layout;
     LocalizedStrings& strings;
     MainMenu mainMenu;
-    /// Opens the time of an alert, in which hot keys and timers wait; may be empty.
+    /// Suspends hot keys and timers while an alert is open; may be empty.
     std::function<Subscription()> beginAlert;
-    /// What keeps shortcuts from working everywhere here, as a text to show (a key of
-    /// LocalizedStrings); empty where nothing does.
+    /// Where shortcuts do not work, as a key of LocalizedStrings; empty if they work everywhere.
     std::string limitation;
 };
 
-/// What becomes of an event that the recorder has looked at.
+/// Whether the recorder consumed the event.
 enum class RecorderVerdict { pass, swallow };
 
-/// The decisions of a recorder control: what its states are, which keys it takes, refuses, or
-/// leaves to others. Main thread.
+/// The logic of a recorder control: its states, and which keys it records, refuses or passes on.
+/// Main thread.
 class ShortcutRecorder {
   public:
     using OnChange = std::function<void(const std::optional<Shortcut>&)>;
 
-    /// Notification of the beginning and the end of recording; its user info has a bool under
-    /// "isActive".
+    /// Posted when recording starts and ends; its user info has a bool under "isActive".
     static constexpr const char* activeStatusDidChange =
         "KeyboardShortcuts_recorderActiveStatusDidChange";
 
-    /// The control and the environment must outlive the recorder. `onChange` is told of every
+    /// The control and the environment must outlive the recorder. `onChange` is called for every
     /// change made through this control.
     ShortcutRecorder(const RecorderEnvironment& environment, RecorderControl& control,
                      KeyboardShortcuts::Name name, OnChange onChange);
@@ -61,17 +59,16 @@ class ShortcutRecorder {
 
     [[nodiscard]] bool isRecording() const { return isRecording_; }
 
-    /// The control has got the focus: starts recording, if it is in a window.
+    /// The control got the focus. Starts recording if it is in a window.
     void startRecording();
 
-    /// The control has lost the focus, its window the keyboard, or it has left its window.
+    /// The control lost the focus or left its window, or the window became inactive.
     void endRecording();
 
-    /// The text was edited, in practice by the clear button.
+    /// The text was edited: the clear button emptied it.
     void textDidChange(const std::string& text);
 
-    /// Decides about an event that arrived while recording. May show an alert and return after
-    /// its answer.
+    /// Handles an event while recording. May show an alert and block until it is answered.
     RecorderVerdict handle(const InputEvent& event);
 
   private:
@@ -79,7 +76,7 @@ class ShortcutRecorder {
     void showText(const std::optional<Shortcut>& shortcut);
     RecorderVerdict handleKey(const InputEvent& event);
     RecorderVerdict record(const Shortcut& shortcut);
-    /// The chosen button; absent when the recorder is gone by the time of the answer.
+    /// The chosen button; absent if the recorder was destroyed meanwhile.
     std::optional<std::size_t> ask(const RecorderAlert& alert);
     [[nodiscard]] RecorderVerdict refuse();
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* replacementCharacter = "\uFFFD";
 
-/// Whether UTF-8 text holds exactly one code point.
+/// Whether a text in UTF-8 has exactly one code point.
 bool isOneCharacter(const std::string& text) {
     return std::ranges::count_if(
                text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }) == 1;

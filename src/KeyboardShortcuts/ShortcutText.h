@@ -11,7 +11,7 @@ class KeyboardLayout;
 class LocalizedStrings;
 class Text;
 
-/// Writes shortcuts out for people, in UTF-8. The arguments must outlive this object.
+/// Formats shortcuts as text in UTF-8. The arguments must outlive this object.
 class ShortcutText {
   public:
     ShortcutText(const KeyboardLayout& layout, const LocalizedStrings& strings, const Text& text)
@@ -21,12 +21,11 @@ class ShortcutText {
     /// A key that gives no single character shows as U+FFFD.
     [[nodiscard]] std::string description(const Shortcut& shortcut) const;
 
-    /// The same in words, like "Control+Alt+Super+K", for those who do not know or see the
-    /// symbols.
+    /// The same in words, like "Control+Alt+Super+K", for tooltips and screen readers.
     [[nodiscard]] std::string spokenDescription(const Shortcut& shortcut) const;
 
-    /// The key as menus write key equivalents: a single character, not capitalized. Absent when
-    /// the key can stand in no menu.
+    /// The key as a menu's key equivalent: a single character, not capitalized. Absent if it can be
+    /// in no menu.
     [[nodiscard]] std::optional<std::string> menuKeyText(const Shortcut& shortcut) const;
 
   private:

@@ -9,24 +9,24 @@
 
 namespace calmora {
 
-/// How grave an alert looks.
+/// Alert severity.
 enum class AlertStyle { warning, informational, critical };
 
 /// One button of an alert.
 struct AlertButton {
     std::string title;
-    /// The button does harm; it never is the default button.
+    /// The button is destructive and never the default.
     bool isDestructive = false;
 };
 
-/// A question that the user must answer before anything else happens.
+/// A modal question to the user.
 struct Alert {
     std::string messageText;
     std::string informativeText;
     AlertStyle style = AlertStyle::warning;
     /// Absent means the program's own icon.
     std::optional<Image> icon;
-    /// In order; the last one is the answer of Escape and of the closed window.
+    /// In order; the last one is also the answer of Escape and of closing the window.
     std::vector<AlertButton> buttons;
 };
 
@@ -35,8 +35,8 @@ class Alerts {
   public:
     virtual ~Alerts() = default;
 
-    /// Shows the alert and blocks until it is answered: the index of the chosen button.
-    /// Workspace notices, repeating timers and hot keys wait meanwhile.
+    /// Shows the alert and blocks until it is answered. Returns the index of the chosen button.
+    /// Workspace events, repeating timers and hot keys wait meanwhile.
     virtual std::size_t runModal(const Alert& alert) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace calmora {
 
-/// What the program knows of its own installation.
+/// The program's own installation.
 class Bundle {
   public:
     virtual ~Bundle() = default;
@@ -14,10 +14,10 @@ class Bundle {
     /// The program's own application identifier.
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
 
-    /// The program's version; absent when it is not known.
+    /// The program's version; absent if unknown.
     [[nodiscard]] virtual std::optional<std::string> shortVersion() const = 0;
 
-    /// The file of a resource, installed or in the build tree; absent when there is none.
+    /// The file of a resource, installed or in the build tree; absent if there is none.
     [[nodiscard]] virtual std::optional<std::filesystem::path>
     resource(const std::string& name, const std::string& extension) const = 0;
 };

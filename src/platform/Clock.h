@@ -12,7 +12,7 @@ class Clock {
     /// The wall clock: the user may set it, so it can jump in both directions.
     [[nodiscard]] virtual std::chrono::system_clock::time_point now() const = 0;
 
-    /// The time since an arbitrary start, by a clock that only runs forward.
+    /// Monotonic time since an arbitrary start.
     [[nodiscard]] virtual std::chrono::nanoseconds ticks() const = 0;
 
     /// Blocks the calling thread for at least `duration`.

@@ -25,13 +25,13 @@ struct ModifierFlags {
     friend bool operator==(const ModifierFlags&, const ModifierFlags&) = default;
 };
 
-/// Events of the keyboard that reach this program.
+/// Keyboard events of this program's windows.
 class EventMonitor {
   public:
     virtual ~EventMonitor() = default;
 
-    /// Tells the modifiers after each change while one of the program's windows has the keyboard,
-    /// and again when the keyboard comes back to it. Never changes or swallows the event.
+    /// Reports the modifiers after each change while one of the program's windows has the keyboard
+    /// focus, and again when it regains the focus. Never consumes the event.
     [[nodiscard]] virtual Subscription
     onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) = 0;
 };

@@ -17,17 +17,16 @@ enum class InputEventType : std::uint32_t {
     keyUp = 11,
 };
 
-/// One event of the keyboard or the pointer that reached this program.
+/// One keyboard or pointer event of this program.
 struct InputEvent {
     InputEventType type = InputEventType::keyDown;
-    /// Virtual key code of the physical key, negative when it has none; meaningful for key events
-    /// only.
+    /// Virtual key code of the physical key, negative if it has none; for key events only.
     std::int64_t keyCode = 0;
     /// The modifiers that were down.
     ModifierFlags modifiers;
-    /// A held key that comes again.
+    /// An auto-repeated key.
     bool isRepeat = false;
-    /// Of the pointer, in the coordinates of whoever is told of the event.
+    /// Of the pointer, in the receiver's coordinates.
     Point location;
 };
 

@@ -2,13 +2,13 @@
 
 namespace calmora {
 
-/// Stands between the user's hands and the program's windows.
+/// Filters the input to the program's windows.
 class InputGate {
   public:
     virtual ~InputGate() = default;
 
-    /// Discards the clicks and keys that were made up to now and not yet delivered. To be called
-    /// after work that blocked the main loop: what was aimed at may have moved meanwhile.
+    /// Discards clicks and keys that are queued but not delivered. Call after work that blocked the
+    /// main loop: what the user aimed at may have moved.
     virtual void discardQueuedInput() = 0;
 };
 

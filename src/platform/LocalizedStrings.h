@@ -13,15 +13,14 @@ class LocalizedStrings {
   public:
     virtual ~LocalizedStrings() = default;
 
-    /// The text for a key, which is the English text itself or a symbolic name; the key where
-    /// there is no entry. Placeholders ("%lld", "%@") are left in place. A `count` chooses among
-    /// the plural forms of the text.
+    /// The text of a key, which is the English text itself or a symbolic name; the key if there is
+    /// no entry. Keeps placeholders ("%lld", "%@"). A `count` chooses the plural form.
     [[nodiscard]] virtual std::string text(std::string_view key,
                                            std::optional<std::int64_t> count = {}) const = 0;
 };
 
 /// The text with its placeholders ("%lld", "%@") replaced by the arguments, in order. Surplus
-/// placeholders stay, surplus arguments are ignored; an argument is never searched again.
+/// placeholders stay, surplus arguments are ignored; placeholders in arguments are not replaced.
 [[nodiscard]] std::string fillPlaceholders(std::string_view text,
                                            std::initializer_list<std::string> arguments);
 

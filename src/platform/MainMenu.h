@@ -22,7 +22,7 @@ struct MainMenuItem {
     std::vector<MainMenuItem> submenu;
 };
 
-/// The program's menu: what its windows answer to, drawn or not.
+/// The program's menu, whose keys work in its windows whether it is drawn or not.
 using MainMenu = std::vector<MainMenuItem>;
 
 } // namespace calmora

@@ -10,13 +10,13 @@
 
 namespace calmora {
 
-/// A message within the program, told by name to whoever observes that name.
+/// A message within the program, delivered by name.
 struct Notification {
     std::string name;
-    /// What the poster of this name promises to give.
+    /// The payload that this name promises.
     std::map<std::string, std::any> userInfo;
 
-    /// The entry under a key; null when there is none or it has another type.
+    /// The entry under a key; null if there is none or it has another type.
     template <typename Value>
     [[nodiscard]] const Value* info(const std::string& key) const {
         const auto found = userInfo.find(key);
@@ -24,14 +24,14 @@ struct Notification {
     }
 };
 
-/// Names of the notices about the program's own menus, the one that a panel draws for the status
-/// item included. No user info. Posted by whoever shows the menu.
+/// Names of the notifications about the program's own menus, including the one that a panel draws
+/// for the status item. No user info. Posted by whoever shows the menu.
 struct MenuNotification {
     static constexpr const char* didBeginTracking = "NSMenuDidBeginTrackingNotification";
     static constexpr const char* didEndTracking = "NSMenuDidEndTrackingNotification";
 };
 
-/// Carries notifications between parts of the program that do not know each other. Main thread.
+/// Delivers notifications between independent parts of the program. Main thread.
 class NotificationCenter {
   public:
     using Handler = std::function<void(const Notification&)>;
@@ -39,7 +39,7 @@ class NotificationCenter {
     /// Calls `handler` for each notification of this name until the token ends.
     [[nodiscard]] Subscription observe(const std::string& name, Handler handler);
 
-    /// Tells the observers of the name, in the order in which they came, and returns.
+    /// Calls the observers of the name, in the order in which they subscribed, and returns.
     void post(const Notification& notification);
 
   private:

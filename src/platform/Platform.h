@@ -12,8 +12,8 @@ class SoundOutput;
 class Text;
 class Workspace;
 
-/// The machine as the models meet it: references to what the composition root owns. Copied
-/// freely; everything behind it outlives every model.
+/// The platform for the models: references to what the composition root owns. Copied freely;
+/// everything in it outlives every model.
 struct Platform {
     Workspace& workspace;
     ProcessTable& processes;

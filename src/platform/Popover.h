@@ -8,7 +8,7 @@
 
 namespace calmora {
 
-/// The window under the status icon. Transient: it closes when the user turns elsewhere.
+/// The transient window at the status icon: it closes when the user clicks elsewhere.
 class Popover {
   public:
     virtual ~Popover() = default;
@@ -19,17 +19,17 @@ class Popover {
     /// Whether it is on screen.
     [[nodiscard]] virtual bool isShown() const = 0;
 
-    /// Shows it at the icon's rectangle, or, where that is absent, in the corner of the work area
-    /// next to the panel, and gives it the keyboard.
+    /// Shows it at the icon's rectangle or, without one, in the corner of the work area next to the
+    /// panel, and gives it the keyboard focus.
     virtual void show(std::optional<Rect> anchor) = 0;
 
-    /// Closes it as a user would; does nothing while it is closed.
+    /// Closes it; does nothing while it is closed.
     virtual void performClose() = 0;
 
-    /// Tells that it is about to be shown.
+    /// Calls `handler` before it is shown.
     [[nodiscard]] virtual Subscription onWillShow(std::function<void()> handler) = 0;
 
-    /// Tells that it has closed.
+    /// Calls `handler` after it has closed.
     [[nodiscard]] virtual Subscription onDidClose(std::function<void()> handler) = 0;
 };
 

@@ -13,9 +13,9 @@ namespace calmora {
 struct ProcessCounters {
     /// CPU time in nanoseconds since the process started, ended threads included.
     std::uint64_t userTime = 0;
-    /// Nanoseconds; 0 where the platform gives only the sum, which is then all in userTime.
+    /// Nanoseconds; 0 if the platform gives only the sum, which is then in userTime.
     std::uint64_t systemTime = 0;
-    /// Memory in bytes that the process alone costs.
+    /// Memory of this process alone, in bytes.
     std::uint64_t physFootprint = 0;
 };
 
@@ -24,26 +24,26 @@ class ProcessTable {
   public:
     virtual ~ProcessTable() = default;
 
-    /// The parent of a process; absent when it cannot be read.
+    /// The parent of a process; absent if it cannot be read.
     [[nodiscard]] virtual std::optional<ProcessId> parent(ProcessId process) const = 0;
 
-    /// The process ids of the current user's processes, at most 4096 of them; those that belong to
-    /// another session of the user are left out where that can be told.
+    /// The process ids of the current user's processes, at most 4096 of them; those known to belong
+    /// to another session of the user are left out.
     [[nodiscard]] virtual std::vector<ProcessId> allProcesses() const = 0;
 
-    /// The path of the executable that a process runs; absent when it may not be read.
+    /// The path of a process's executable; absent if it may not be read.
     [[nodiscard]] virtual std::optional<std::string> executablePath(ProcessId process) const = 0;
 
-    /// Binds the id to the process that has it now: until that process is gone and the table is
-    /// asked to hold the id again, existence and signals through this table mean that process and
-    /// no later one with the same id. False when there is no such process.
+    /// Binds the id to the process that has it now. Until that process is gone and the id is held
+    /// again, existence and signals through this table refer to that process and to no later one
+    /// with the same id. False if there is no such process.
     virtual bool hold(ProcessId process) = 0;
 
-    /// Counters of a process; absent when it is gone or may not be read.
+    /// Counters of a process; absent if it is gone or may not be read.
     [[nodiscard]] virtual std::optional<ProcessCounters> counters(ProcessId process) = 0;
 
-    /// Names the processes whose counters will be read again; whatever the table keeps open for
-    /// others may be dropped.
+    /// Names the processes whose counters will be read again; the table may close what it keeps
+    /// open for others.
     virtual void retainCounters(const std::vector<ProcessId>& processes) = 0;
 
     /// Sends a signal as kill(2) does: 0 on success, -1 with errno set on failure. Signal 0 only

@@ -7,7 +7,7 @@
 
 namespace calmora {
 
-/// The main loop of the program. Every action runs on the main thread, from the loop.
+/// The main loop. Every action runs on the main thread, from the loop.
 class RunLoop {
   public:
     virtual ~RunLoop() = default;

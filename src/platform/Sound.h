@@ -10,7 +10,7 @@ class Sound {
   public:
     virtual ~Sound() = default;
 
-    /// Ends the playing; does nothing when it is silent.
+    /// Stops playing.
     virtual void stop() = 0;
 
     /// Starts playing from the beginning and returns at once. Failures are absorbed.
@@ -22,7 +22,7 @@ class SoundOutput {
   public:
     virtual ~SoundOutput() = default;
 
-    /// The sound in a file, which is read when it is played; null when the file is unreadable.
+    /// The sound in a file, which is read when it is played; null if the file is unreadable.
     [[nodiscard]] virtual std::unique_ptr<Sound> load(const std::filesystem::path& file) = 0;
 };
 

@@ -11,7 +11,7 @@
 
 namespace calmora {
 
-/// What fired the action of the status item's button.
+/// A click on the status item.
 enum class StatusEvent { leftMouseUp, rightMouseUp };
 
 /// One entry of the status item's menu. An empty title makes a separator.
@@ -23,8 +23,8 @@ struct StatusMenuItem {
     std::function<void()> action;
 };
 
-/// The program's icon in the desktop's status bar. It exists for the whole run, also while there
-/// is no status bar to show it.
+/// The program's icon in the desktop's status bar. It exists for the whole run, also while no
+/// status bar shows it.
 class StatusItem {
   public:
     virtual ~StatusItem() = default;
@@ -36,15 +36,15 @@ class StatusItem {
     /// Called for every click on the icon.
     virtual void setAction(std::function<void(StatusEvent)> action) = 0;
 
-    /// The menu, built afresh by `build` each time that it opens. Some status bars open it by
+    /// The menu, rebuilt by `build` each time that it opens. Some status bars open it by
     /// themselves, others on popUpMenu().
     virtual void setMenu(std::function<std::vector<StatusMenuItem>()> build) = 0;
 
-    /// Opens the menu at the icon and returns when it has closed; does nothing where the status
-    /// bar draws the menu by itself.
+    /// Opens the menu at the icon and returns when it has closed; does nothing if the status bar
+    /// draws the menu.
     virtual void popUpMenu() = 0;
 
-    /// Where the icon is; absent when no status bar tells.
+    /// The icon's rectangle; absent if unknown.
     [[nodiscard]] virtual std::optional<Rect> frame() const = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace calmora {
 
-/// One shortcut of the desktop, as far as the desktop tells.
+/// One shortcut of the desktop; parts that the desktop does not report are absent.
 struct SymbolicHotKey {
     std::optional<bool> isEnabled;
     /// Virtual key code.
@@ -17,13 +17,13 @@ struct SymbolicHotKey {
     friend bool operator==(const SymbolicHotKey&, const SymbolicHotKey&) = default;
 };
 
-/// The shortcuts that the desktop keeps for itself.
+/// The desktop's own shortcuts.
 class SystemShortcuts {
   public:
     virtual ~SystemShortcuts() = default;
 
-    /// All of them as they are set now; empty when they cannot be read. May take some
-    /// milliseconds, never more than half a second.
+    /// The current shortcuts; empty if they cannot be read. Takes some milliseconds, at most half a
+    /// second.
     [[nodiscard]] virtual std::vector<SymbolicHotKey> copySymbolicHotKeys() = 0;
 };
 

@@ -6,12 +6,12 @@
 
 namespace calmora {
 
-/// Rules of the user's language for texts. All strings are UTF-8; broken sequences are tolerated.
+/// Text rules of the user's language. All strings are UTF-8; invalid sequences are tolerated.
 class Text {
   public:
     virtual ~Text() = default;
 
-    /// Order of two texts for a reader: case-insensitive, by the current locale's collation.
+    /// Order of two texts: case-insensitive, by the current locale's collation.
     [[nodiscard]] virtual std::weak_ordering compare(std::string_view a,
                                                      std::string_view b) const = 0;
 

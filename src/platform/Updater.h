@@ -13,27 +13,27 @@ class Updater {
   public:
     virtual ~Updater() = default;
 
-    /// Why updates can never be looked for, as a text to show (a key of LocalizedStrings); absent
-    /// where they can.
+    /// Why checking is impossible, as a key of LocalizedStrings; absent if it is possible.
     [[nodiscard]] virtual std::optional<std::string> unavailableReason() const = 0;
 
     /// Whether a check can be started now.
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
 
-    /// Tells canCheckForUpdates() at once and after each change, until the token ends.
+    /// Calls `handler` with canCheckForUpdates() at once and after each change, until the token
+    /// ends.
     [[nodiscard]] virtual Subscription
     observeCanCheckForUpdates(std::function<void(bool)> handler) = 0;
 
-    /// Starts a check that the user asked for; does nothing while none can be started.
+    /// Starts a check for the user; does nothing while none can be started.
     virtual void checkForUpdates() = 0;
 
-    /// Whether checks are made without being asked for. Kept by the updater, across restarts.
+    /// Whether the updater checks automatically. Persistent.
     [[nodiscard]] virtual bool automaticallyChecksForUpdates() const = 0;
 
     virtual void setAutomaticallyChecksForUpdates(bool isAutomatic) = 0;
 };
 
-/// The answer where no way of updating exists: no check can ever be started.
+/// The updater of a build whose updates come with the system's packages.
 class UnavailableUpdater final : public Updater {
   public:
     [[nodiscard]] std::optional<std::string> unavailableReason() const override {

@@ -17,10 +17,10 @@ class UserDefaults {
   public:
     virtual ~UserDefaults() = default;
 
-    /// Adds values that answer for keys which are not set. They are never written to disk.
+    /// Adds default values for keys that are not set. They are never written to disk.
     virtual void registerDefaults(std::map<std::string, DefaultsValue> defaults) = 0;
 
-    /// The stored value of a key, registered values included; absent when there is neither.
+    /// The stored value of a key, else its registered default; absent if there is neither.
     [[nodiscard]] virtual std::optional<DefaultsValue> value(const std::string& key) const = 0;
 
     /// The boolean under a key. A value of another type reads as the registered default; without
@@ -37,11 +37,11 @@ class UserDefaults {
     /// DefaultsValue cannot hold; registered defaults are not among them. Ascending.
     [[nodiscard]] virtual std::vector<std::string> keys(const std::string& prefix) const = 0;
 
-    /// Sets a key. Written to disk no later than the next turn of the main loop; failures to
-    /// write are absorbed and the value holds for the life of the process.
+    /// Sets a key. Written to disk no later than the next turn of the main loop. A failure to write
+    /// is absorbed; the value then lasts as long as the process.
     virtual void set(const std::string& key, DefaultsValue value) = 0;
 
-    /// Removes a key; its registered default answers again.
+    /// Removes a key; its registered default applies again.
     virtual void remove(const std::string& key) = 0;
 };
 

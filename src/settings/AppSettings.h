@@ -40,8 +40,7 @@ enum class QuitMode { normal, force };
 /// Whether rows show the memory figure.
 [[nodiscard]] bool showsMemory(ResourceDisplay display);
 
-/// Every preference of the user, each with its key and its default. One instance, shared by
-/// reference. Main thread.
+/// All preferences with their keys and defaults. One instance, shared by reference. Main thread.
 class AppSettings final : public PreferenceTable {
   public:
     /// Reads every preference. `defaults` must outlive the settings.
@@ -50,7 +49,7 @@ class AppSettings final : public PreferenceTable {
     /// The program opens at login.
     Preference<bool> openAtLogin{*this, "openAtLogin", false};
 
-    /// Music players start unticked and are spared by auto-quit.
+    /// Music players start unticked and are never quit automatically.
     Preference<bool> neverQuitMusicApps{*this, "neverQuitMusicApps", true};
 
     /// Rows start unticked.
@@ -87,10 +86,10 @@ class AppSettings final : public PreferenceTable {
     /// Identifiers of the protected applications, as stored.
     Preference<std::set<std::string>> neverQuitApps{*this, "neverQuitApps", {}};
 
-    /// Inserts an identifier into neverQuitApps. Persists and notifies also when it was there.
+    /// Inserts an identifier into neverQuitApps. Persists and notifies even if it was there.
     void addToNeverQuit(const std::string& bundleIdentifier);
 
-    /// Removes an identifier from neverQuitApps. Persists and notifies also when it was not there.
+    /// Removes an identifier from neverQuitApps. Persists and notifies even if it was not there.
     void removeFromNeverQuit(const std::string& bundleIdentifier);
 };
 

@@ -12,7 +12,7 @@ class Workspace;
 
 /// The never-quit list as it applies to running applications. A stored identifier matches itself
 /// and the identifier under which the workspace lists that application, so that the name of a
-/// desktop file protects too. Built each time the list is applied; cheap.
+/// desktop file protects too. Cheap: build it each time the list is applied.
 class NeverQuitList {
   public:
     NeverQuitList(const AppSettings& settings, const Workspace& workspace);

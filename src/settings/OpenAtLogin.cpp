@@ -14,7 +14,7 @@ OpenAtLogin::OpenAtLogin(AppSettings& settings, LoginItem& loginItem)
 void OpenAtLogin::apply() {
     const bool wanted = settings_.openAtLogin();
     if (wanted == isEnabled_) {
-        return; // The preference was put back.
+        return; // The preference was reset.
     }
     if (loginItem_.setEnabled(wanted)) {
         isEnabled_ = wanted;

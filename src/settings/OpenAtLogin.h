@@ -16,8 +16,8 @@ class OpenAtLogin {
     OpenAtLogin(AppSettings& settings, LoginItem& loginItem);
 
   private:
-    /// Puts the preference back if the login item cannot be changed. That is a change too; it is
-    /// not applied, so that failures cannot alternate without end.
+    /// Resets the preference if the login item cannot be changed. That change is not applied again,
+    /// which avoids an endless loop of failures.
     void apply();
 
     AppSettings& settings_;

@@ -66,17 +66,17 @@ class PreferenceBase {
     virtual void reset() = 0;
 
   protected:
-    /// Adds the preference to the table. `key` must outlive every notification: a literal.
+    /// Adds the preference to the table. `key` must be a literal.
     PreferenceBase(PreferenceTable& table, const char* key);
 
     ~PreferenceBase() = default;
 
-    /// Registers the default; returns what the store then answers.
+    /// Registers the default and reads the store.
     [[nodiscard]] std::optional<DefaultsValue> load(DefaultsValue initial) const;
 
     void persist(DefaultsValue value) const;
 
-    /// May destroy the preference: nothing may follow.
+    /// A handler may destroy the preference: call last.
     void notify() const;
 
   private:
@@ -117,7 +117,7 @@ template <typename Value>
 
 /// One preference of the user: a bool, a 64-bit integer, a string, a set of strings or an
 /// enumeration with `rawValues()`. A missing key, a value of another type and an unknown case read
-/// as the default. Every write goes to the store at once, also one that changes nothing.
+/// as the default. Every write goes to the store at once, even if the value is unchanged.
 template <typename Value>
 class Preference final : public PreferenceBase {
   public:
@@ -132,7 +132,7 @@ class Preference final : public PreferenceBase {
     /// The value.
     [[nodiscard]] const Value& operator()() const { return value_; }
 
-    /// Persists a value, then notifies the observers if it is another one.
+    /// Persists a value, then notifies the observers if it changed.
     void set(Value value) {
         const bool isChange = value != value_;
         write(std::move(value), isChange);

@@ -5,7 +5,7 @@
 namespace calmora {
 namespace {
 
-/// An item that answers to a letter with Command as well as with Control.
+/// An item whose letter works with Command and with Control.
 MainMenuItem item(const LocalizedStrings& strings, const char* title, const char* key) {
     return {strings.text(title),
             {{key, {ModifierFlags::command}}, {key, {ModifierFlags::control}}},

@@ -6,8 +6,8 @@ namespace calmora {
 
 class LocalizedStrings;
 
-/// The program's main menu. Nothing draws it, but its windows answer to its keys, each of which
-/// may be pressed with Command or with Control.
+/// The program's main menu. It is not drawn, but its keys work in the program's windows, each with
+/// Command or with Control.
 [[nodiscard]] MainMenu programMenu(const LocalizedStrings& strings);
 
 } // namespace calmora

@@ -5,12 +5,12 @@
 
 namespace calmora {
 
-/// Move-only owner of a POSIX file descriptor; closes it at the end of its life.
+/// Move-only owner of a POSIX file descriptor; closes it on destruction.
 class FileDescriptor {
   public:
     FileDescriptor() = default;
 
-    /// Takes over `descriptor`; a negative value means none.
+    /// Takes ownership of `descriptor`; a negative value means none.
     explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
 
     FileDescriptor(FileDescriptor&& other) noexcept
@@ -29,13 +29,13 @@ class FileDescriptor {
 
     ~FileDescriptor() { reset(); }
 
-    /// The descriptor, still owned here; negative when there is none.
+    /// The descriptor, without giving up ownership; negative if there is none.
     [[nodiscard]] int get() const { return descriptor_; }
 
     /// Whether a descriptor is owned.
     explicit operator bool() const { return descriptor_ >= 0; }
 
-    /// Closes the descriptor, if any. errno is left as it was.
+    /// Closes the descriptor, if any. Preserves errno.
     void reset();
 
   private:

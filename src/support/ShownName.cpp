@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t mostCharacters = 256;
 
-/// The first and the last of a row of characters.
+/// A range of characters, both ends included.
 struct Range {
     char32_t first;
     char32_t last;
@@ -21,21 +21,21 @@ bool isAmong(const std::array<Range, count>& ranges, char32_t point) {
         ranges, [&](const Range& range) { return range.first <= point && point <= range.last; });
 }
 
-/// Blanks of all widths, and letters that look like one.
+/// Blanks of all widths, and letters that look like blanks.
 constexpr std::array blanks{
     Range{U' ', U' '},     Range{0xA0, 0xA0},     Range{0x1680, 0x1680}, Range{0x2000, 0x200A},
     Range{0x202F, 0x202F}, Range{0x205F, 0x205F}, Range{0x2800, 0x2800}, Range{0x3000, 0x3000},
     Range{0x3164, 0x3164}, Range{0xFFA0, 0xFFA0},
 };
 
-/// What turns directions, and what is never seen: soft hyphens, widthless blanks, notes, tags.
+/// Direction controls and invisible characters: soft hyphens, zero-width blanks, notes, tags.
 constexpr std::array dropped{
     Range{0xAD, 0xAD},     Range{0x61C, 0x61C},     Range{0x180E, 0x180E}, Range{0x200B, 0x200B},
     Range{0x200E, 0x200F}, Range{0x202A, 0x202E},   Range{0x2060, 0x206F}, Range{0xFEFF, 0xFEFF},
     Range{0xFFF9, 0xFFFB}, Range{0xE0000, 0xE007F},
 };
 
-/// Joiners and selectors of variants, which change the character before them and are nothing alone.
+/// Joiners and variation selectors, which change the character before them.
 constexpr std::array joining{
     Range{0x200C, 0x200D},
     Range{0xFE00, 0xFE0F},

@@ -6,11 +6,11 @@
 
 namespace calmora {
 
-/// A character of a text in UTF-8, or a byte of it that belongs to none.
+/// A character of a text in UTF-8, or an invalid byte.
 struct Utf8Character {
-    /// U+FFFD for a byte that belongs to no character.
+    /// U+FFFD for an invalid byte.
     char32_t point = U'\uFFFD';
-    /// In bytes; 1 for a byte that belongs to no character.
+    /// In bytes; 1 for an invalid byte.
     std::size_t length = 1;
     bool isValid = false;
 };
@@ -19,15 +19,14 @@ struct Utf8Character {
 /// Source: Unicode, table 3-7.
 [[nodiscard]] Utf8Character firstCharacter(std::string_view text);
 
-/// Control characters and the separators of lines and paragraphs.
+/// Whether it is a control character or separates lines or paragraphs.
 [[nodiscard]] bool isControl(char32_t point);
 
-/// A name from outside (an application's, a window's, a file's) made fit to stand in a text of
-/// ours: one line of valid UTF-8, blanks folded, without the controls that turn the direction of
-/// what stands around it and without what cannot be seen, and cut behind 256 characters. Empty
-/// when there is nothing to see. It is still no markup and must not be shown as such. Different
-/// names may become the same one: not for identifiers.
-/// Source: Unicode Standard Annex 9, "Directional Formatting Characters".
+/// Makes an untrusted name (of an application, a window, a file) safe to show: one line of valid
+/// UTF-8 with blanks folded, without direction controls and invisible characters, and of at most
+/// 256 characters. Empty if nothing visible is left. The result is plain text, not markup.
+/// Different names may become equal: not for identifiers. Source: Unicode Standard Annex 9,
+/// "Directional Formatting Characters".
 [[nodiscard]] std::string shownName(std::string_view name);
 
 } // namespace calmora

@@ -11,17 +11,16 @@
 
 namespace calmora {
 
-/// A list of callbacks that are told of an event, in the order in which they subscribed.
-/// Emission walks a snapshot: a callback may unsubscribe itself or another (which is then not
-/// called), subscribe a new one (called from the next emission on) or destroy the signal.
-/// Main thread.
+/// A list of callbacks, called in the order in which they subscribed. Emission walks a snapshot: a
+/// callback may unsubscribe itself or another (which is then not called), subscribe a new one
+/// (called from the next emission on) or destroy the signal. Main thread.
 template <typename... Args>
 class Signal {
   public:
     using Slot = std::function<void(Args...)>;
 
-    /// `onListeningChanged` is told true when the first subscriber arrives and false when the last
-    /// one leaves, so that a source can work only while someone listens.
+    /// `onListeningChanged` gets true when the first subscriber arrives and false when the last one
+    /// leaves, so that a source need only work while someone listens.
     explicit Signal(std::function<void(bool)> onListeningChanged = nullptr)
         : state_(std::make_shared<State>()) {
         state_->onListeningChanged = std::move(onListeningChanged);

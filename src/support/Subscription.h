@@ -5,8 +5,7 @@
 
 namespace calmora {
 
-/// Owned token of a registration: its end is the unsubscription.
-/// Move-only. A default-made token owns nothing.
+/// Owns a registration and ends it on destruction. Move-only. A default-constructed token is empty.
 class [[nodiscard]] Subscription {
   public:
     Subscription() = default;
