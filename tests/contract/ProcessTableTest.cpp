@@ -13,7 +13,7 @@
 namespace calmora {
 namespace {
 
-/// Processes in memory; the test itself is one of them.
+/// Processes in memory, including the test itself.
 struct FakeProcesses {
     FakeProcesses() { table.start(own, {.isRefused = true}); }
 
@@ -50,7 +50,7 @@ struct ProcessTableContract : testing::Test {
     Processes processes;
     ProcessTable& table = processes.table;
 
-    /// The errno of a refused signal, 0 for one that went out.
+    /// The errno of a refused signal; 0 if it was sent.
     int refusal(ProcessId process, int signal) {
         return table.sendSignal(process, signal) == 0 ? 0 : errno;
     }
@@ -59,7 +59,7 @@ struct ProcessTableContract : testing::Test {
 using Implementations = testing::Types<FakeProcesses, LinuxProcesses>;
 TYPED_TEST_SUITE(ProcessTableContract, Implementations);
 
-TYPED_TEST(ProcessTableContract, TellsOfAProcessUntilItIsGone) {
+TYPED_TEST(ProcessTableContract, ReportsAProcessUntilItIsGone) {
     const ProcessId process = this->processes.start();
     const ProcessId other = this->processes.start();
     EXPECT_EQ(this->table.parent(process), this->processes.own);

@@ -10,7 +10,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-TEST(UserDefaultsContract, HoldsInMemoryAndOnDisk) {
+TEST(UserDefaultsContract, HoldsForTheFakeAndTheFile) {
     const TempFolder folder;
     FakeClock clock;
     FakeRunLoop runLoop{clock};

@@ -9,7 +9,7 @@
 
 namespace calmora {
 
-/// Time that stands still until it is moved by hand, or slept away.
+/// Time that passes only by advance() and sleep().
 class FakeClock final : public Clock {
   public:
     std::chrono::system_clock::time_point now() const override { return wall; }
@@ -21,7 +21,7 @@ class FakeClock final : public Clock {
         advance(duration);
     }
 
-    /// Lets time pass, and what the world does meanwhile happen.
+    /// Lets time pass and runs the due events.
     void advance(std::chrono::nanoseconds duration) {
         const std::chrono::nanoseconds end = passed_ + duration;
         while (!events_.empty() && events_.begin()->first <= end) {
@@ -32,13 +32,13 @@ class FakeClock final : public Clock {
         moveTo(end);
     }
 
-    /// Something that the world does by itself after a while, also while the program sleeps.
+    /// Runs an event after a delay, also while the program sleeps.
     void after(std::chrono::nanoseconds delay, std::function<void()> event) {
         events_.emplace(passed_ + delay, std::move(event));
     }
 
     std::chrono::system_clock::time_point wall{std::chrono::hours(24 * 365 * 50)};
-    /// All sleeping so far.
+    /// Total time slept.
     std::chrono::microseconds slept{0};
 
   private:

@@ -35,7 +35,7 @@ class FakeAlerts final : public Alerts {
         return answer;
     }
 
-    /// What the user will choose next, one a time; then always the last button.
+    /// The next choices of the user; then always the last button.
     std::deque<std::size_t> answers;
     std::vector<Alert> shown;
     /// What happens while an alert is open.
@@ -59,7 +59,7 @@ class FakeBundle final : public Bundle {
     std::map<std::string, std::filesystem::path> resources{{"quit-sound.wav", "quit-sound.wav"}};
 };
 
-/// Keyboard events made by hand: flags.emit({ModifierFlags::option}).
+/// Keyboard events sent by flags.emit({ModifierFlags::option}).
 class FakeEventMonitor final : public EventMonitor {
   public:
     Subscription onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override {

@@ -17,7 +17,7 @@
 
 namespace calmora {
 
-/// Hot keys in memory. Can refuse, and records every call in order as one short line.
+/// Hot keys in memory. Can refuse, and records every call as one short line.
 class FakeHotKeys final : public HotKeys {
   public:
     std::optional<std::string> unavailableReason() const override { return reason; }
@@ -52,7 +52,7 @@ class FakeHotKeys final : public HotKeys {
         calls->push_back(types == HotKeyEventTypes::hotKeys ? "-hot" : "-raw");
     }
 
-    /// Tells the handler of an event with a hot key's identifier.
+    /// Sends the handler a hot-key event.
     std::int32_t fire(std::uint32_t id, HotKeyEventKind kind = HotKeyEventKind::hotKeyPressed,
                       std::uint32_t signature = 0x434C4D48) const {
         HotKeyEvent event;
@@ -61,7 +61,7 @@ class FakeHotKeys final : public HotKeys {
         return handler(event);
     }
 
-    /// Tells the handler of a raw key.
+    /// Sends the handler a raw key event.
     std::int32_t raw(std::uint32_t keyCode, std::uint32_t modifiers,
                      HotKeyEventKind kind = HotKeyEventKind::rawKeyDown) const {
         HotKeyEvent event;
@@ -71,7 +71,7 @@ class FakeHotKeys final : public HotKeys {
         return handler(event);
     }
 
-    /// The calls since the last question.
+    /// The calls since the last takeCalls().
     std::vector<std::string> takeCalls() const { return std::exchange(*calls, {}); }
 
     /// Status by key code.
@@ -105,7 +105,7 @@ class FakeKeyboardLayout final : public KeyboardLayout {
     Signal<> changed;
 };
 
-/// A desktop with the shortcuts that it is given.
+/// The shortcuts of a desktop in memory.
 class FakeSystemShortcuts final : public SystemShortcuts {
   public:
     std::vector<SymbolicHotKey> copySymbolicHotKeys() override { return entries; }

@@ -7,7 +7,7 @@
 
 namespace calmora {
 
-/// Texts in English: the keys, but for the entries given.
+/// Texts in English: the keys, except for these entries.
 class FakeLocalizedStrings final : public LocalizedStrings {
   public:
     std::string text(std::string_view key, std::optional<std::int64_t> count = {}) const override {

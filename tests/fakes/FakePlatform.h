@@ -27,7 +27,7 @@ struct FakePlatform {
     FakeStatusItem statusItem;
     FakePopover popover;
 
-    /// What the models are given.
+    /// The platform for the models.
     Platform platform() {
         return {workspace, processes, clock, runLoop, bundle, text, strings, sounds, alerts};
     }

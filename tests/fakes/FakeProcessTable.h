@@ -20,30 +20,30 @@ struct FakeProcess {
     std::set<std::int32_t> survives = {};
     /// May not be signalled.
     bool isRefused = false;
-    /// Names the process beyond its id; given by the table.
+    /// Tells processes with the same id apart; set by the table.
     std::uint64_t serial = 0;
 };
 
 /// A table of processes in memory. A signal other than 0 ends a process at once.
 class FakeProcessTable final : public ProcessTable {
   public:
-    /// Starts a process, in place of one that has the same id.
+    /// Starts a process, replacing one with the same id.
     void start(ProcessId process, FakeProcess description = {}) {
         description.serial = ++serial_;
         processes_.insert_or_assign(process, std::move(description));
     }
 
-    /// Ends a process and tells.
+    /// Ends a process and emits `ended`.
     void end(ProcessId process) {
         if (processes_.erase(process) > 0) {
             ended.emit(process);
         }
     }
 
-    /// A running process, to be changed; throws where there is none.
+    /// A running process; throws if there is none.
     FakeProcess& at(ProcessId process) { return processes_.at(process); }
 
-    /// The serial of the process that has an id now; 0 where there is none.
+    /// The serial of the process with an id; 0 if there is none.
     std::uint64_t serial(ProcessId process) const { return seen(process).serial; }
 
     std::optional<ProcessId> parent(ProcessId process) const override {
@@ -106,9 +106,9 @@ class FakeProcessTable final : public ProcessTable {
     /// What retainCounters() was last given, and how often it was called.
     std::set<ProcessId> retained;
     int retentions = 0;
-    /// Tells of every process that ends.
+    /// Emitted for every process that ends.
     Signal<ProcessId> ended;
-    /// Runs before a process is held, for what happens between a look and the hold.
+    /// Runs before a process is held, for events between a lookup and the hold.
     std::function<void(ProcessId)> onHold = [](ProcessId) {};
 
   private:

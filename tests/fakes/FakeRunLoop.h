@@ -10,7 +10,7 @@
 
 namespace calmora {
 
-/// A main loop that is turned by hand; its timers follow the fake clock.
+/// A main loop driven by turn(); its timers follow the fake clock.
 class FakeRunLoop final : public RunLoop {
   public:
     using milliseconds = std::chrono::milliseconds;
@@ -30,8 +30,8 @@ class FakeRunLoop final : public RunLoop {
         return add({}, {}, std::move(action));
     }
 
-    /// One turn: what waits for the next turn and the timers that are due now. A timer that was
-    /// missed several times runs once.
+    /// One turn: runs actions for the next turn and due timers. A timer that is due several times
+    /// runs once.
     void turn() {
         const nanoseconds now = time();
         for (const auto& [id, entry] : Entries(*entries_)) {

@@ -6,7 +6,7 @@
 
 namespace calmora {
 
-/// Rules for texts in ASCII letters, the same everywhere.
+/// Text rules for ASCII letters, in every locale.
 class FakeText final : public Text {
   public:
     std::weak_ordering compare(std::string_view a, std::string_view b) const override {

@@ -22,7 +22,7 @@ class FakeUpdater final : public Updater {
         return changed.connect(std::move(handler));
     }
 
-    /// As if a check had begun or ended.
+    /// Simulates that a check began or ended.
     void setCanCheck(bool value) {
         canCheck = value;
         changed.emit(value);

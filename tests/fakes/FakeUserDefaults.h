@@ -50,7 +50,7 @@ class FakeUserDefaults final : public UserDefaults {
     }
 
     std::map<std::string, DefaultsValue> registered;
-    /// What was set; registered values are not among it.
+    /// What was set, without registered values.
     std::map<std::string, DefaultsValue> stored;
     /// The key of every set() and remove(), in order.
     std::vector<std::string> writes;

@@ -4,7 +4,7 @@
 
 namespace calmora {
 
-/// The value under a key; absent where there is none.
+/// The value under a key; absent if there is none.
 template <typename Map, typename Key>
 std::optional<typename Map::mapped_type> lookUp(const Map& map, const Key& key) {
     const auto found = map.find(key);

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The machine's clock with a wall clock that is set by hand; counts what was slept away.
+/// The real clock with a shifted wall clock; counts the time slept.
 struct ShiftedClock final : Clock {
     [[nodiscard]] std::chrono::system_clock::time_point now() const override {
         return machine.now() + shift;
@@ -51,14 +51,14 @@ struct AutoQuitOnADesktop : testing::Test {
             << "\nExec=/bin/true\nStartupWMClass=" << name << '\n';
     }
 
-    /// One pass; what it has slept meanwhile.
+    /// One pass; returns the time slept.
     std::chrono::microseconds check() {
         clock.slept = {};
         manager.checkAndQuitInactiveApps();
         return clock.slept;
     }
 
-    /// The same after so long that a busy process has had its turn since the last pass.
+    /// One pass after enough time for a busy process to use the CPU.
     std::chrono::microseconds laterCheck() {
         std::this_thread::sleep_for(500ms);
         return check();
@@ -77,7 +77,7 @@ struct AutoQuitOnADesktop : testing::Test {
                             input};
 };
 
-TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
+TEST_F(AutoQuitOnADesktop, QuitsOnlyTheIdleApplication) {
     install("com.jetbrains.fleet", "Busy");
     manager.activityTracker().startTracking();
     const pid_t idle = comesToFront(machine.desktop.start({"xcalc"}));
@@ -95,14 +95,14 @@ TEST_F(AutoQuitOnADesktop, QuitsTheIdleOneAndLeavesTheOthersInPeace) {
 
     settings.autoQuitMinutes.set(15);
     settings.autoQuitEnabled.set(true);
-    EXPECT_EQ(check(), 0us) << "nobody is idle yet";
+    EXPECT_EQ(check(), 0us) << "nothing is idle yet";
     settings.autoQuitEnabled.set(false);
     clock.shift = 16min;
     EXPECT_EQ(check(), 0us);
     settings.autoQuitEnabled.set(true);
     check();
     EXPECT_FALSE(machine.isRunning(idle));
-    EXPECT_EQ(machine.windowCount(editor), editorWindows) << "first it is only looked at";
+    EXPECT_EQ(machine.windowCount(editor), editorWindows) << "the first pass only samples";
     EXPECT_TRUE(waitFor([&] {
         laterCheck();
         return machine.windowCount(editor) > editorWindows;

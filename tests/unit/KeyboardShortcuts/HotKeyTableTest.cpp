@@ -11,7 +11,7 @@ class HotKeyTableTest : public ShortcutsFixture {
 
     void closeMenu() { notifications.post({"NSMenuDidEndTrackingNotification", {}}); }
 
-    /// Stores the shortcut for a name whose actions are heard as the name and "'" for the release.
+    /// Stores a shortcut for a name; its actions append the name, and "'" for the release.
     ShortcutName bind(const std::string& raw, const Shortcut& shortcut) {
         auto name = shortcuts.name(raw);
         shortcuts.onKeyDown(name, hear(raw));
@@ -23,7 +23,7 @@ class HotKeyTableTest : public ShortcutsFixture {
     std::string takeHeard() { return std::exchange(heard, {}); }
 };
 
-TEST_F(HotKeyTableTest, CountsRefusalsAndPrintsThem) {
+TEST_F(HotKeyTableTest, PrintsRefusals) {
     hotKeys.refusals[13] = HotKeyStatus::taken;
     bind("k", commandK);
     bind("s", optionS);
@@ -41,7 +41,7 @@ TEST_F(HotKeyTableTest, CountsRefusalsAndPrintsThem) {
     EXPECT_EQ(takeHeard(), "m");
 }
 
-TEST_F(HotKeyTableTest, WhatIsNoUnsigned32IsNeverHandedToTheSystem) {
+TEST_F(HotKeyTableTest, RegistersOnlyUnsigned32BitValues) {
     const Shortcut rows[] = {{-1, 256}, {1LL << 32, 256}, {40, -256}, {40, 1LL << 32}};
     const auto name = shortcuts.name("a");
     for (const Shortcut& shortcut : rows) {
@@ -53,7 +53,7 @@ TEST_F(HotKeyTableTest, WhatIsNoUnsigned32IsNeverHandedToTheSystem) {
     }
 }
 
-TEST_F(HotKeyTableTest, AnswersEvents) {
+TEST_F(HotKeyTableTest, ReturnsTheStatusOfEvents) {
     bind("k", commandK);
     EXPECT_EQ(hotKeys.fire(1), 0);
     EXPECT_EQ(hotKeys.fire(1, HotKeyEventKind::hotKeyReleased), 0);
@@ -75,7 +75,7 @@ TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
     openMenu();
     openMenu();
     EXPECT_EQ(hotKeys.takeCalls(), (Lines{"release 1", "release 2", "-hot", "+raw"}));
-    // Alpha lock and other bits do not count.
+    // Other bits are ignored.
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x400 | 0x10000), 0);
     EXPECT_EQ(hotKeys.raw(40, 0x100, HotKeyEventKind::rawKeyUp), 0);
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x200), -9874);
@@ -108,10 +108,11 @@ TEST_F(HotKeyTableTest, TheHandlerIsInstalledOnce) {
                                           "release 2", "-hot", "+raw", "register 46/256 as 3"}));
 }
 
-TEST_F(HotKeyTableTest, ActionsRunByNameAtThatMoment) {
+TEST_F(HotKeyTableTest, RunsTheActionsOfAllNamesWithTheShortcut) {
     store("s", R"({"carbonKeyCode":1,"carbonModifiers":2048})");
     shortcuts.name("s");
-    EXPECT_TRUE(hotKeys.takeCalls().empty()) << "a stored shortcut without action is not taken";
+    EXPECT_TRUE(hotKeys.takeCalls().empty())
+        << "a stored shortcut without action is not registered";
     const auto a = bind("a", commandK);
     bind("b", commandK);
     shortcuts.onKeyDown(a, hear("2"));
@@ -120,14 +121,14 @@ TEST_F(HotKeyTableTest, ActionsRunByNameAtThatMoment) {
     EXPECT_EQ(takeHeard(), "a2ba'b'");
 
     shortcuts.setHandlersPaused(true);
-    EXPECT_EQ(hotKeys.fire(1), 0) << "still taken";
+    EXPECT_EQ(hotKeys.fire(1), 0) << "still registered";
     shortcuts.setHandlersPaused(false);
     store("b", false);
     hotKeys.fire(1);
     EXPECT_EQ(takeHeard(), "a2") << "b has no shortcut now";
 }
 
-TEST_F(HotKeyTableTest, AnActionMayChangeEverything) {
+TEST_F(HotKeyTableTest, AnActionMayRemoveActions) {
     const auto a = bind("a", commandK);
     shortcuts.onKeyDown(a, [&] {
         shortcuts.removeAllHandlers();

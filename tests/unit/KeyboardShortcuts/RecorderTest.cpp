@@ -16,7 +16,7 @@ constexpr std::uint32_t shift = ModifierFlags::shift;
 constexpr std::uint32_t command = ModifierFlags::command;
 constexpr std::uint32_t function = ModifierFlags::function;
 
-/// A control in memory: the focus works as on screen.
+/// A control in memory with a working focus.
 class FakeControl final : public RecorderControl {
   public:
     [[nodiscard]] Size bounds() const override { return {130, 24}; }
@@ -96,7 +96,7 @@ class RecorderTest : public ShortcutsFixture {
         return box.recorder->handle({InputEventType::keyDown, keyCode, {modifiers}, isRepeat, {}});
     }
 
-    /// One line: everything that the last key may have changed.
+    /// Everything that the last key may have changed, in one line.
     std::string outcome() {
         std::string line = box.isFocused ? "recording" : "idle";
         line += " " + stored("a");
@@ -127,7 +127,7 @@ class RecorderTest : public ShortcutsFixture {
         });
 };
 
-TEST_F(RecorderTest, RecordsAndRests) {
+TEST_F(RecorderTest, RecordsOneShortcut) {
     EXPECT_EQ(box.placeholder + box.text, "record_shortcut");
     box.hasWindow = false;
     box.recorder->startRecording();
@@ -139,7 +139,7 @@ TEST_F(RecorderTest, RecordsAndRests) {
     EXPECT_TRUE(box.isMonitoring && shortcuts.handlersPaused());
     press(12, command, true);
     press(48, 0, true);
-    EXPECT_EQ(outcome(), "recording none") << "a held key decides once";
+    EXPECT_EQ(outcome(), "recording none") << "auto-repeat is ignored";
     EXPECT_EQ(press(40, control | option), RecorderVerdict::swallow);
     EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":40,"carbonModifiers":6144} ⌃⌥K)");
     EXPECT_EQ(box.text + box.placeholder, "⌃⌥Krecord_shortcut");
@@ -153,7 +153,7 @@ TEST_F(RecorderTest, RecordsAndRests) {
     EXPECT_EQ(statuses.back(), "off");
 }
 
-TEST_F(RecorderTest, StepsComeInTheirOrder) {
+TEST_F(RecorderTest, ChecksKeysInOrder) {
     desktop.entries = {
         {true, 46, CarbonModifiers::command},          {true, 111, 0},
         {true, 111, CarbonModifiers::command | 0x400}, {false, 40, CarbonModifiers::command},
@@ -213,7 +213,7 @@ TEST_F(RecorderTest, StepsComeInTheirOrder) {
         << "forced";
 }
 
-TEST_F(RecorderTest, ClicksOutsideEndRecordingAndReachTheirTarget) {
+TEST_F(RecorderTest, ClicksOutsideEndRecordingAndPass) {
     using enum InputEventType;
 
     const struct {
@@ -234,7 +234,7 @@ TEST_F(RecorderTest, ClicksOutsideEndRecordingAndReachTheirTarget) {
     }
 }
 
-TEST_F(RecorderTest, DeleteClearsAndGoesOn) {
+TEST_F(RecorderTest, DeleteClearsAndKeepsRecording) {
     for (const std::int64_t key : {51, 117}) {
         shortcuts.setShortcut(commandK, shortcuts.name("a"));
         box.focus();
@@ -244,7 +244,7 @@ TEST_F(RecorderTest, DeleteClearsAndGoesOn) {
         EXPECT_TRUE(box.text.empty() && !box.hasClearButton);
         EXPECT_EQ(box.placeholder, "press_shortcut");
         press(key);
-        EXPECT_EQ(outcome(), "recording none cleared") << "also when there was nothing";
+        EXPECT_EQ(outcome(), "recording none cleared") << "even if there was none";
     }
 }
 

@@ -13,7 +13,7 @@ constexpr std::int64_t shift = CarbonModifiers::shift;
 constexpr std::int64_t command = CarbonModifiers::command;
 constexpr std::int64_t function = CarbonModifiers::function;
 
-TEST(Modifiers, ConvertBitByBitAndDropTheRest) {
+TEST(Modifiers, ConvertBitByBit) {
     const std::pair<std::int64_t, std::uint32_t> rows[] = {
         {0x1000, 0x40000},   {0x800, 0x80000},    {0x200, 0x20000}, {0x100, 0x100000},
         {0x20000, 0x800000}, {0x21B00, 0x9E0000}, {0, 0},
@@ -26,7 +26,7 @@ TEST(Modifiers, ConvertBitByBitAndDropTheRest) {
     EXPECT_EQ(carbonModifiers({~0x9E0000U}), 0);
 }
 
-TEST(Shortcut, ComesFromKeyEventsWithoutFunction) {
+TEST(Shortcut, OfKeyEventsHasNoFunctionModifier) {
     const ModifierFlags held{0xFFFFFFFFU};
     for (std::uint32_t type = 0; type < 32; ++type) {
         const auto shortcut =
@@ -72,7 +72,7 @@ TEST(ShortcutCoding, ReadsNothingElse) {
 
 using ShortcutTextTest = ShortcutsFixture;
 
-TEST_F(ShortcutTextTest, WritesModifiersInOrderThenTheKey) {
+TEST_F(ShortcutTextTest, WritesModifiersThenTheKey) {
     layout.characters[41] = "ö";
     layout.characters[42] = "ab";
     layout.characters[44] = "";
@@ -113,7 +113,7 @@ TEST_F(ShortcutTextTest, SpecialKeysAreNeverTranslated) {
     EXPECT_EQ(texts.size(), 54U);
 }
 
-TEST_F(ShortcutTextTest, MenusHaveTextsOfTheirOwn) {
+TEST_F(ShortcutTextTest, MenusUseOtherTexts) {
     const std::pair<std::int64_t, std::optional<std::string>> rows[] = {
         {40, "k"},        {49, " "}, {122, "\uF704"}, {90, "\uF717"}, {36, "↩"},
         {114, "?\u20DD"}, {87, {}},  {71, {}},        {999, {}},

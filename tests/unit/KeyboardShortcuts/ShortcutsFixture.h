@@ -15,12 +15,12 @@
 
 namespace calmora {
 
-/// The module over a machine in memory.
+/// The module with fakes.
 class ShortcutsFixture : public testing::Test {
   protected:
     ShortcutsFixture() { strings.texts.emplace("space_key", "space"); }
 
-    /// What is stored for a name, as one line; "none" when there is nothing.
+    /// The stored value of a name; "none" if there is none.
     [[nodiscard]] std::string stored(const std::string& name) const {
         const auto found = defaults.stored.find("KeyboardShortcuts_" + name);
         if (found == defaults.stored.end()) {

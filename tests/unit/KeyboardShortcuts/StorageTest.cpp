@@ -7,8 +7,7 @@ class StorageTest : public ShortcutsFixture {
   protected:
     using Lines = std::vector<std::string>;
 
-    /// The names of the notifications since the last question; each must come with its change
-    /// already stored.
+    /// The names of the notifications since the last call, each with what was stored then.
     Lines takeChanges() { return std::exchange(changes, {}); }
 
     Lines changes;
@@ -22,7 +21,7 @@ class StorageTest : public ShortcutsFixture {
 constexpr const char* commandKText = R"({"carbonKeyCode":40,"carbonModifiers":256})";
 constexpr const char* optionSText = R"({"carbonKeyCode":1,"carbonModifiers":2048})";
 
-TEST_F(StorageTest, SettingUnregistersRegistersStoresAndTells) {
+TEST_F(StorageTest, SettingReplacesStoresAndNotifies) {
     const auto name = shortcuts.name("a");
     shortcuts.setShortcut({}, name);
     EXPECT_TRUE(changes.empty() && defaults.writes.empty() && hotKeys.takeCalls().empty());
@@ -39,7 +38,7 @@ TEST_F(StorageTest, SettingUnregistersRegistersStoresAndTells) {
               (Lines{commandKChange, commandKChange, std::string("a ") + optionSText, "a none"}));
 }
 
-TEST_F(StorageTest, OddValuesReadAsNoneAndAreOverwritten) {
+TEST_F(StorageTest, InvalidValuesReadAsNone) {
     const auto name = shortcuts.name("a", std::nullopt);
     const DefaultsValue rows[] = {false, true, std::int64_t{40}, std::string("corrupt"),
                                   std::vector<std::string>{commandKText}};

@@ -66,7 +66,7 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakeUpdater& updater_ = static_cast<FakeUpdater&>(delegate_.updater());
 };
 
-TEST_F(AppDelegateTest, NothingHappensBeforeLaunchHasFinished) {
+TEST_F(AppDelegateTest, StartsWhenLaunchHasFinished) {
     delegate_.togglePopover(StatusEvent::leftMouseUp);
     delegate_.togglePopover(StatusEvent::rightMouseUp);
     delegate_.openPopover();
@@ -88,7 +88,7 @@ TEST_F(AppDelegateTest, ClicksTogglePopoverOrOpenTheMenu) {
     fakes_.bundle.resources.clear();
     delegate_.applicationDidFinishLaunching();
     EXPECT_FALSE(item_->image) << "the glyph is missing";
-    EXPECT_TRUE(hotKeys_.calls->empty()) << "without a recorded shortcut no key is taken";
+    EXPECT_TRUE(hotKeys_.calls->empty()) << "no key is grabbed without a recorded shortcut";
     item_->action(StatusEvent::leftMouseUp);
     EXPECT_TRUE(popover_->isShown());
     EXPECT_EQ(popover_->anchors.back(), (Rect{1200, 0, 24, 24}));
@@ -105,7 +105,7 @@ TEST_F(AppDelegateTest, ClicksTogglePopoverOrOpenTheMenu) {
     EXPECT_FALSE(popover_->anchors.back());
 }
 
-TEST_F(AppDelegateTest, ShortcutsQuitWhatWouldBeTicked) {
+TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
     recordShortcuts();
     delegate_.applicationDidFinishLaunching();
     for (const bool isShown : {true, false}) {
@@ -127,7 +127,7 @@ TEST_F(AppDelegateTest, ShortcutsQuitWhatWouldBeTicked) {
     hotKeys_.fire(2);
     EXPECT_EQ(fakes_.workspace.terminateRequests, (std::vector<ProcessId>{1, 3}));
     EXPECT_EQ(fakes_.alerts.shown.size(), 1U) << "no question";
-    EXPECT_EQ(input_.discards, 1) << "what is pressed meanwhile acts on nothing";
+    EXPECT_EQ(input_.discards, 1) << "input made meanwhile is dropped";
 
     fakes_.workspace.launch({.pid = 4, .name = "App 4", .bundleIdentifier = "org.example.4"});
     fakes_.alerts.answers = {0};
@@ -137,7 +137,7 @@ TEST_F(AppDelegateTest, ShortcutsQuitWhatWouldBeTicked) {
     EXPECT_FALSE(popover_->isShown());
 }
 
-TEST_F(AppDelegateTest, TheMenuHasFourEntriesThatDoWhatTheySay) {
+TEST_F(AppDelegateTest, TheMenuEntriesWork) {
     delegate_.applicationDidFinishLaunching();
     updater_.canCheck = false;
     EXPECT_FALSE(item_->menu()[1].isEnabled);

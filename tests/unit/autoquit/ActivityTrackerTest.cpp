@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 using Times = std::map<std::string, ActivityTracker::Date>;
 
 struct ActivityTrackerTest : testing::Test {
-    /// Brings an application to the front; the notice is delivered.
+    /// Brings an application to the front and delivers the event.
     void activate(ProcessId process) {
         machine.workspace.activate(process);
         machine.runLoop.turn();
@@ -21,7 +21,7 @@ struct ActivityTrackerTest : testing::Test {
     ActivityTracker tracker{machine.platform()};
 };
 
-TEST_F(ActivityTrackerTest, KnowsTheFrontmostAtTheStartAndEveryActivationAfterIt) {
+TEST_F(ActivityTrackerTest, RecordsTheFrontmostAndEveryActivation) {
     machine.workspace.launch({.pid = 1, .bundleIdentifier = "front"});
     machine.workspace.launch({.pid = 2, .bundleIdentifier = "later"});
     machine.workspace.launch({.pid = 3, .bundleIdentifier = "later"});
@@ -29,7 +29,7 @@ TEST_F(ActivityTrackerTest, KnowsTheFrontmostAtTheStartAndEveryActivationAfterIt
     machine.workspace.launch({.pid = 5, .name = "Without identifier"});
     activate(4);
     activate(1);
-    EXPECT_TRUE(tracker.lastActiveTime().empty()) << "nothing is heard before the start";
+    EXPECT_TRUE(tracker.lastActiveTime().empty()) << "no events before the start";
     tracker.startTracking();
     const auto start = machine.clock.wall;
 

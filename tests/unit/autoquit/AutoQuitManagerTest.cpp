@@ -38,12 +38,12 @@ struct AutoQuitManagerTest : testing::Test {
         machine.runLoop.turn();
     }
 
-    /// Makes an application one that was last in front so long ago.
+    /// Records that an application was last in front so long ago.
     void age(const std::string& bundleIdentifier, std::chrono::seconds since) {
         manager.activityTracker().recordActivation(bundleIdentifier, machine.clock.wall - since);
     }
 
-    /// One pass: whom it asked to quit.
+    /// One pass: the applications that it asked to quit.
     Pids check() {
         machine.workspace.terminateRequests.clear();
         manager.checkAndQuitInactiveApps();
@@ -65,7 +65,7 @@ struct AutoQuitManagerTest : testing::Test {
     AutoQuitManager manager{settings, machine.platform(), notifications, input};
 };
 
-TEST_F(AutoQuitManagerTest, QuitsThroughADayWhatWasLeftAlone) {
+TEST_F(AutoQuitManagerTest, QuitsIdleApplicationsOverADay) {
     for (const ProcessId process : {1, 2, 3, 4}) {
         launch(process, "app" + std::to_string(process));
     }
@@ -76,8 +76,8 @@ TEST_F(AutoQuitManagerTest, QuitsThroughADayWhatWasLeftAlone) {
 
     std::map<ProcessId, int> quitAt;
     for (int minute = 0; minute < 24 * 60; ++minute) {
-        // 2 is used for an hour, 3 is looked at every ten minutes until the evening and then stays
-        // in front, 4 is never touched.
+        // 2 is used for an hour, 3 every ten minutes until the evening and then stays in front, 4
+        // never.
         if (minute > 0 && minute <= 60 && minute % 7 == 0) {
             activate(2);
         } else if (minute > 0 && minute <= 18 * 60 && minute % 10 == 0) {
@@ -103,13 +103,13 @@ TEST_F(AutoQuitManagerTest, ReadsTheSettingsOnEveryPass) {
     settings.autoQuitEnabled.set(true);
     settings.autoQuitMinutes.set(30);
     EXPECT_EQ(check(), Pids{});
-    EXPECT_EQ(machine.workspace.lists, 0) << "nobody is inactive: nothing is listed";
+    EXPECT_EQ(machine.workspace.lists, 0) << "nothing is inactive: nothing is listed";
     settings.autoQuitMinutes.set(19);
     EXPECT_EQ(check(), Pids{1}) << "the time since the last activation counts at once";
     EXPECT_EQ(notices(), Names{"App 1 after 19 minutes"});
 }
 
-TEST_F(AutoQuitManagerTest, TakesAnyStoredMinutes) {
+TEST_F(AutoQuitManagerTest, AcceptsAnyStoredMinutes) {
     using Limits = std::numeric_limits<std::int64_t>;
     ProcessId process = 0;
     for (const auto& [minutes, since, isQuit] :
@@ -134,7 +134,7 @@ TEST_F(AutoQuitManagerTest, TakesAnyStoredMinutes) {
     }
 }
 
-TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
+TEST_F(AutoQuitManagerTest, SparesProtectedApplications) {
     settings.neverQuitApps.set({"listed", "desktop-name"});
     machine.workspace.canonicalIdentifiers["desktop-name"] = "known.name";
     ProcessId process = 0;
@@ -156,10 +156,10 @@ TEST_F(AutoQuitManagerTest, SparesWhatTheUserAndTheCatalogueProtect) {
             machine.processes.end(process);
         }
     }
-    EXPECT_EQ(machine.processes.sampled, Pids{process}) << "only the cautious, as the last one is";
+    EXPECT_EQ(machine.processes.sampled, Pids{process}) << "only cautious applications are sampled";
 }
 
-TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {
+TEST_F(AutoQuitManagerTest, SparesBusyCautiousApplications) {
     const std::string cautious = "com.jetbrains.fleet";
     std::uint64_t usedBefore = 0;
     for (const auto& [percent, isQuit] : {std::pair{2.9, true}, {3.0, false}, {150.0, false}}) {
@@ -176,7 +176,7 @@ TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {
         age(cautious, 1h);
         EXPECT_EQ(check(), isQuit ? Pids{3} : Pids{}) << percent;
         machine.processes.end(3);
-        // Whoever gets the process id next starts anew.
+        // The next process with this pid starts afresh.
         age("unknown", 1h);
         check();
     }
@@ -186,12 +186,12 @@ TEST_F(AutoQuitManagerTest, LooksWhetherTheCautiousAreBusy) {
     EXPECT_EQ(check(), Pids{4}) << "no figure: not busy";
 }
 
-TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsAndWhatTheyAreDoing) {
+TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsWithBusyChildren) {
     machine.workspace.installed = {{"debian-xterm", {}}, {"org.xfce.mousepad", {}}};
     launch(10, "debian-xterm");
     age("debian-xterm", 24h);
     EXPECT_EQ(check(), Pids{});
-    EXPECT_EQ(machine.processes.sampled, Pids{}) << "nobody whose use of the CPU matters";
+    EXPECT_EQ(machine.processes.sampled, Pids{}) << "nothing is sampled without need";
     launch(20, "org.xfce.mousepad");
     for (const auto& [childUses, isQuit] : {std::pair{0s, false}, {2s, false}, {1s, true}}) {
         machine.clock.advance(1min);
@@ -204,7 +204,7 @@ TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsAndWhatTheyAreDoing) {
     }
 }
 
-TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
+TEST_F(AutoQuitManagerTest, AsksEachRegularApplicationWithAnIdentifier) {
     launch(1, "a");
     launch(2, std::nullopt);
     launch(3, "b");
@@ -226,7 +226,7 @@ TEST_F(AutoQuitManagerTest, AsksRegularApplicationsWithAnIdentifierOneByOne) {
     EXPECT_FALSE(entries.contains("gone"));
 }
 
-TEST_F(AutoQuitManagerTest, TellsOnlyOfWhatHasGone) {
+TEST_F(AutoQuitManagerTest, NotifiesOnlyOfApplicationsThatQuit) {
     settings.defaultQuitMode.set(QuitMode::force);
     using Duration = std::chrono::milliseconds;
     for (const auto& [accepts, endsAfter, isNoticed, slept, requests] :
@@ -253,7 +253,7 @@ TEST_F(AutoQuitManagerTest, TellsOnlyOfWhatHasGone) {
     }
 }
 
-TEST_F(AutoQuitManagerTest, NamesEachNoticeByApplicationAndTime) {
+TEST_F(AutoQuitManagerTest, IdentifiesNotificationsByApplicationAndTime) {
     machine.clock.wall = std::chrono::system_clock::time_point(1'700'000'000s);
     manager.postAutoQuitNotification("%lld %@", 480);
     machine.clock.advance(250ms);

@@ -12,7 +12,7 @@
 namespace calmora {
 namespace {
 
-/// An installed entry with these categories, as a desktop file lists them.
+/// An installed entry with categories as in a desktop file.
 InstalledApplication entry(const std::string& categories) {
     InstalledApplication installed;
     std::istringstream text(categories);
@@ -22,7 +22,7 @@ InstalledApplication entry(const std::string& categories) {
     return installed;
 }
 
-TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
+TEST(IdlePolicy, UsesTheCatalogueThenTheAnnexThenTheCategories) {
     InstalledApplication inTerminal = entry("Utility");
     inTerminal.needsTerminal = true;
     using enum IdleBehavior;
@@ -38,7 +38,7 @@ TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
              {"debian-xterm foot", entry(""), {safeToQuit, true}},
              {"Debian-xterm", entry("TerminalEmulator"), {neverQuit, true}},
              {"org.example.Hosted", inTerminal, {neverQuit, true}},
-             // What is not installed is not what the annex means.
+             // The annex is about installed applications.
              {"debian-xterm", std::nullopt, {safeToQuit, false}},
              {"exe:/usr/bin/Eterm.Eterm", std::nullopt, {neverQuit, true}},
              {"exe:/usr/bin/xcalc.xcalc", std::nullopt, {safeToQuit, false}},
@@ -48,8 +48,8 @@ TEST(IdlePolicy, AsksTheCatalogueThenTheAnnexThenTheCategories) {
     }
 }
 
-// As Debian's entries have them. Each name stands for one that was lost, or could be.
-TEST(IdlePolicy, JudgesByTheStrictestCategory) {
+// Categories of Debian's entries.
+TEST(IdlePolicy, UsesTheStrictestCategory) {
     using enum IdleBehavior;
     for (const auto& [categories, expected] : std::vector<std::pair<std::string, IdleBehavior>>{
              {"System;TerminalEmulator;", neverQuit},
@@ -94,7 +94,7 @@ TEST(IdlePolicy, JudgesByTheStrictestCategory) {
     }
 }
 
-TEST(LinuxAnnex, ListsNothingTwiceAndNothingOfTheCatalogue) {
+TEST(LinuxAnnex, ListsNothingTwice) {
     std::set<std::string_view> all;
     for (const AnnexSubject& subject : annexSubjects()) {
         forEachWord(subject.identifiers, [&](std::string_view identifier) {
@@ -104,7 +104,7 @@ TEST(LinuxAnnex, ListsNothingTwiceAndNothingOfTheCatalogue) {
     }
 }
 
-TEST(MusicPlayers, AreThoseOfTheCatalogueAndThoseOfLinuxWithoutFilms) {
+TEST(MusicPlayers, AreThoseOfTheCatalogueAndOfLinux) {
     for (const char* player : {"com.spotify.client", "com.tidal.desktop", "org.gnome.Rhythmbox3",
                                "audacious", "org.strawberrymusicplayer.strawberry", "vagalume"}) {
         EXPECT_TRUE(isMusicPlayer(player)) << player;

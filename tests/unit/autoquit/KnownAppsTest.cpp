@@ -17,7 +17,7 @@ void mix(std::uint64_t& sum, std::string_view text) {
     sum *= 0x100000001b3;
 }
 
-TEST(KnownApps, KeepsItsTablesToTheLetter) {
+TEST(KnownApps, TablesMatchTheirChecksum) {
     std::uint64_t sum = 0xcbf29ce484222325;
     for (const KnownAppEntry& entry : knownAppTable) {
         const KnownAppInfo listed{std::string(entry.bundleIdentifier),
@@ -35,7 +35,7 @@ TEST(KnownApps, KeepsItsTablesToTheLetter) {
     EXPECT_EQ(sum, 6283804721614749214U);
 }
 
-TEST(KnownApps, FindsListedIdentifiersBeforeVendors) {
+TEST(KnownApps, PrefersListedIdentifiersToVendorPrefixes) {
     struct Case {
         std::optional<std::string_view> identifier;
         std::string_view name;

@@ -17,7 +17,7 @@ struct AppQuitterTest : testing::Test {
     FakePlatform machine;
     AppQuitter quitter{machine.platform()};
 
-    /// Starts an application in a folder of its own.
+    /// An application in a folder of its own.
     FakeApplication app(ProcessId pid, std::optional<std::string> identifier = "org.app") {
         return {.pid = pid,
                 .name = "App",
@@ -80,7 +80,7 @@ TEST_F(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{11, 32, 33}));
 }
 
-TEST_F(AppQuitterTest, KillsTheHelpersOfEveryInstanceAlsoThoseThatDieWithTheirParent) {
+TEST_F(AppQuitterTest, KillsHelpersOfEveryInstanceEvenIfSomeDieWithTheirParent) {
     for (const ProcessId pid : {1, 2}) {
         FakeApplication instance = app(pid);
         instance.bundleURL = "/opt/app" + std::to_string(pid) + "/";
@@ -128,7 +128,7 @@ TEST_F(AppQuitterTest, FindsHelpersByPlainPrefix) {
     }
 }
 
-TEST_F(AppQuitterTest, TellsWhenTheKillFails) {
+TEST_F(AppQuitterTest, ReportsAFailedKill) {
     FakeApplication stubborn = app(1);
     stubborn.acceptsForce = false;
     stubborn.process.survives = {SIGKILL};
@@ -148,7 +148,7 @@ TEST_F(AppQuitterTest, TellsWhenTheKillFails) {
     EXPECT_NE(machine.processes.serial(3), 0U) << "the rest get no signal";
 }
 
-TEST_F(AppQuitterTest, NeverTouchesAnotherProcessWithTheSameId) {
+TEST_F(AppQuitterTest, NeverTouchesAProcessWithAReusedPid) {
     FakeApplication application = app(1);
     application.endsAfterForce = 100ms;
     machine.workspace.launch(application);
@@ -160,7 +160,7 @@ TEST_F(AppQuitterTest, NeverTouchesAnotherProcessWithTheSameId) {
         machine.processes.start(2, {.executable = "/usr/bin/innocent"});
         machine.clock.after(330ms, [this] { machine.processes.end(3); });
     });
-    // Ids that pass to somebody else between the first look and the second.
+    // The pid is reused between the lookup and the hold.
     FakeApplication late = app(4, "org.late");
     machine.workspace.launch(late);
     machine.processes.onHold = [this](ProcessId pid) {
@@ -171,12 +171,12 @@ TEST_F(AppQuitterTest, NeverTouchesAnotherProcessWithTheSameId) {
     EXPECT_FALSE(quitter.quitApp(4, false));
     EXPECT_TRUE(machine.workspace.terminateRequests.empty());
     EXPECT_TRUE(quitter.quitApp(1, true));
-    EXPECT_EQ(slept(), 450ms) << "what ends in time needs no kill";
+    EXPECT_EQ(slept(), 450ms) << "no kill for processes that end in time";
     EXPECT_TRUE(machine.processes.signals.empty());
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{1, 2, 4, 5}));
 }
 
-TEST_F(AppQuitterTest, QuitsTheTickedRecordsOneAfterTheOther) {
+TEST_F(AppQuitterTest, QuitsTickedRecordsInSequence) {
     for (const ProcessId pid : {1, 2, 3, 4}) {
         FakeApplication application = app(pid, "org.app" + std::to_string(pid));
         application.endsAfterTerminate = pid == 2 ? never : std::optional(40ms);
@@ -190,7 +190,7 @@ TEST_F(AppQuitterTest, QuitsTheTickedRecordsOneAfterTheOther) {
     EXPECT_EQ(quitter.quitApps(records, true), (Pids{2}));
 }
 
-TEST_F(AppQuitterTest, WaitsByTheClockThatOnlyRunsForward) {
+TEST_F(AppQuitterTest, MeasuresWaitsByTheMonotonicClock) {
     machine.processes.start(1);
     EXPECT_TRUE(quitter.waitForExit({}, 0ms));
     EXPECT_TRUE(quitter.waitForExit({2, 0, -1}, 0ms)) << "ids below 1 name no process";

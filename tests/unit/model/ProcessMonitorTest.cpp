@@ -66,7 +66,7 @@ TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
 
     machine.bundle.identifier.reset();
     EXPECT_EQ(summary(monitor.getRunningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
-        << "without an identifier of our own, others without one are taken for us";
+        << "without an identifier of our own, others without one count as ours";
 }
 
 TEST_F(ProcessMonitorTest, KeepsTheWorkspacesOrderOfEqualNames) {

@@ -18,7 +18,7 @@ struct ResourceMonitorTest : testing::Test {
     ResourceMonitor monitor{machine.platform()};
 };
 
-TEST_F(ResourceMonitorTest, MeasuresFromSampleToSample) {
+TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
     struct Case {
         const char* name;
         ProcessCounters before;
@@ -55,7 +55,7 @@ TEST_F(ResourceMonitorTest, MeasuresFromSampleToSample) {
     }
 }
 
-TEST_F(ResourceMonitorTest, LeavesOutWhatCannotBeReadAndKeepsItsSnapshot) {
+TEST_F(ResourceMonitorTest, SkipsUnreadableProcessesAndKeepsTheirSnapshots) {
     machine.processes.start(1, {.counters = ProcessCounters{second, 0, 0}});
     machine.processes.start(2, {.counters = std::nullopt});
     const std::array<ProcessId, 4> pids{1, 2, 3, 1};
@@ -73,14 +73,14 @@ TEST_F(ResourceMonitorTest, LeavesOutWhatCannotBeReadAndKeepsItsSnapshot) {
     EXPECT_DOUBLE_EQ(monitor.getUsage(1)->cpuPercent, 50);
 }
 
-TEST_F(ResourceMonitorTest, LetsTheTableKeepOnlyWhatIsSampledAgain) {
+TEST_F(ResourceMonitorTest, RetainsOnlyWhatIsSampledAgain) {
     ResourceMonitor other(machine.platform());
     const std::array<ProcessId, 2> pids{1, 2};
     machine.processes.start(1);
     machine.processes.start(2);
     EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
     EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
-    EXPECT_EQ(machine.processes.retentions, 1) << "told of changes only";
+    EXPECT_EQ(machine.processes.retentions, 1) << "called for changes only";
     EXPECT_TRUE(other.getUsage(2));
     EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 2}));
     monitor.rest();

@@ -43,7 +43,7 @@ const Stored changed{{"openAtLogin", true},
                      {"playSounds", true},
                      {"neverQuitApps", Strings{"a", "b"}}};
 
-/// What other settings store that are given the values of `from`.
+/// What fresh settings store when they get the values of `from`.
 Stored stored(const AppSettings& from) {
     FakeUserDefaults defaults;
     AppSettings to(defaults);
@@ -79,7 +79,7 @@ TEST(AppSettings, ReadStoreAndResetEveryPreference) {
     EXPECT_EQ(notices, initial.size());
 }
 
-TEST(AppSettings, ForeignValuesReadAsTheDefaultAndStay) {
+TEST(AppSettings, ReadInvalidValuesAsTheDefault) {
     FakeUserDefaults defaults;
     const Stored foreign{{"neverQuitMusicApps", "no"s}, {"sortOrder", "cpu"s},
                          {"resourceDisplay", "Both"s},  {"defaultQuitMode", std::int64_t{1}},
@@ -113,7 +113,7 @@ TEST(AppSettings, PersistEveryWriteThenNotifyOfChanges) {
                                                  Strings{"b", "c"}}));
 }
 
-TEST(AppSettings, AnObserverMayDestroyThem) {
+TEST(AppSettings, MayBeDestroyedByAnObserver) {
     using Action = std::function<void(AppSettings&)>;
     for (const auto& [action, writes] : std::initializer_list<std::pair<Action, std::size_t>>{
              {[](AppSettings& s) { s.playSounds.set(true); }, 1},

@@ -42,7 +42,7 @@ TEST(NeverQuitEditing, OffersRegularApplicationsWithAnIdentifier) {
     EXPECT_EQ(listed, (std::vector<ProcessId>{5, 2, 1}));
 }
 
-TEST(OpenAtLogin, AppliesThePreferenceAndPutsItBackOnceAfterAFailure) {
+TEST(OpenAtLogin, AppliesThePreferenceAndResetsItAfterAFailure) {
     FakePlatform machine;
     AppSettings settings(machine.defaults);
     FakeLoginItem item;
@@ -61,7 +61,7 @@ TEST(OpenAtLogin, AppliesThePreferenceAndPutsItBackOnceAfterAFailure) {
         item.requests.clear();
         settings.openAtLogin.set(true);
         EXPECT_FALSE(settings.openAtLogin());
-        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "the put-back is not applied";
+        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "the reset is not applied";
         settings.openAtLogin.set(true);
         EXPECT_EQ(item.requests.size(), 2U) << "the next change is applied";
     }

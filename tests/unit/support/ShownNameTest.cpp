@@ -16,13 +16,13 @@ std::string repeated(std::string_view text, int times) {
     return result;
 }
 
-TEST(ShownName, IsOneLineThatChangesNothingAroundIt) {
+TEST(ShownName, IsOneSafeLine) {
     const std::string party = "\U0001F389";
 
     const struct {
         std::string given;
         std::string shown;
-        /// What stays of it in an identifier; empty where that is the same.
+        /// The form in an identifier; empty if it is the same.
         std::string line = {};
     } rows[] = {
         {"<img src=\"/x\"> & _two_ &amp;", "<img src=\"/x\"> & _two_ &amp;"},

@@ -43,7 +43,7 @@ TEST(Signal, SurvivesSlotsThatChangeTheListOrDestroyIt) {
     EXPECT_EQ(heard, "kx") << "a destroyed signal still finishes its emission";
 }
 
-TEST(Signal, TellsWhenSomeoneListens) {
+TEST(Signal, ReportsWhetherSomeoneListens) {
     std::string calls;
     Signal<> signal([&](bool listening) { calls += listening ? "+" : "-"; });
     {

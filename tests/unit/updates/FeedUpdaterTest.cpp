@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A source that is told what to answer, and a presenter that writes down what it shows.
+/// A source answered by hand, and a presenter that records what it shows.
 struct FakeWorld : ReleaseSource, UpdatePresenter {
     Subscription fetch(std::function<void(const ReleaseList&)> done) override {
         ++fetches;
@@ -40,7 +40,7 @@ struct FakeWorld : ReleaseSource, UpdatePresenter {
 struct FeedUpdaterTest : testing::Test, FakeWorld {
     FeedUpdaterTest() { launch(); }
 
-    /// As if the program had been started again.
+    /// Restarts the program.
     void launch() {
         updater.reset();
         updater = std::make_unique<FeedUpdater>(
@@ -58,7 +58,7 @@ struct FeedUpdaterTest : testing::Test, FakeWorld {
         answer(std::vector<Release>{{version, "News", " https://a", true}});
     }
 
-    /// What is shown of a check that the user asks for.
+    /// What a check by the user shows.
     std::string asked(const ReleaseList& list) {
         shown.clear();
         updater->checkForUpdates();
@@ -66,7 +66,7 @@ struct FeedUpdaterTest : testing::Test, FakeWorld {
         return shown;
     }
 
-    /// Lets time pass until a check begins: how much.
+    /// The time until the next check begins.
     std::chrono::seconds untilCheck() {
         std::chrono::seconds passed{0};
         for (; !waiting && passed < 48h; passed += 10s) {
@@ -80,7 +80,7 @@ struct FeedUpdaterTest : testing::Test, FakeWorld {
     std::unique_ptr<FeedUpdater> updater;
 };
 
-TEST_F(FeedUpdaterTest, AnswersTheUserAndIsSilentOtherwise) {
+TEST_F(FeedUpdaterTest, ReportsToTheUser) {
     const Release older{"0.9", "Old", {}, true};
     const Release same{"1.0", "News", {}, true};
     const Release newer{"1.1", "News", " https://a", true};
@@ -94,7 +94,7 @@ TEST_F(FeedUpdaterTest, AnswersTheUserAndIsSilentOtherwise) {
     EXPECT_TRUE(notifications.added.empty());
 }
 
-TEST_F(FeedUpdaterTest, RunsOneCheckAtATimeWhichTheUserCanEnd) {
+TEST_F(FeedUpdaterTest, RunsOneCancellableCheckAtATime) {
     std::string can;
     const Subscription follows =
         updater->observeCanCheckForUpdates([&](bool value) { can += value ? "1" : "0"; });
@@ -124,13 +124,13 @@ TEST_F(FeedUpdaterTest, ChecksOnceADayAcrossLaunches) {
     EXPECT_EQ(untilCheck(), 1h) << "tried again";
     answer("1.0");
     machine.clock.wall -= 24h * 365;
-    EXPECT_LE(untilCheck(), 1h) << "the clock was put right";
+    EXPECT_LE(untilCheck(), 1h) << "after the clock was corrected";
     updater->setAutomaticallyChecksForUpdates(false);
     EXPECT_FALSE(waiting);
     EXPECT_EQ(untilCheck(), 48h);
 }
 
-TEST_F(FeedUpdaterTest, AnnouncesEachVersionOnceAndLetsTheUserGoFirst) {
+TEST_F(FeedUpdaterTest, AnnouncesEachVersionOnce) {
     updater->setAutomaticallyChecksForUpdates(true);
     const auto nextDay = [&](const char* version) {
         untilCheck();

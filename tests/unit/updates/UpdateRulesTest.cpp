@@ -9,8 +9,8 @@
 namespace calmora {
 namespace {
 
-TEST(UpdateRules, VersionsSortAsAppStreamSortsThem) {
-    // As "appstreamcli vercmp" answers.
+TEST(UpdateRules, SortVersionsLikeAppStream) {
+    // In the order of "appstreamcli vercmp".
     const char* ascending[] = {"0~",     "0",      "0.9~~",  "0.9~",  "0.9",
                                "0.9-1~", "0.9-1",  "0.9-1a", "0.9-2", "0.9a",
                                "0.9a1",  "0.9b",   "0.9+",   "0.9.0", "0.9.0.1",
@@ -35,10 +35,10 @@ TEST(UpdateRules, VersionsSortAsAppStreamSortsThem) {
     }
     EXPECT_FALSE(isVersion(std::string(65, '1')));
     const Release releases[] = {{"1.9", {}, {}}, {"1.10", {}, {}}, {"2.0", {}, {}, false}};
-    EXPECT_EQ(newestRelease(releases)->version, "1.10") << "for everybody";
+    EXPECT_EQ(newestRelease(releases)->version, "1.10") << "stable releases only";
 }
 
-TEST(UpdateRules, ListsAreReadFromSafePlacesAlone) {
+TEST(UpdateRules, ReadListsOnlyFromSafeAddresses) {
     const FeedAddress safe[] = {{"https", "a.org"},    {"file", ""},    {"http", "localhost"},
                                 {"http", "127.0.0.1"}, {"http", "::1"}, {"http", "127.255.3.4"}};
     for (const auto& [scheme, host] : safe) {
@@ -54,7 +54,7 @@ TEST(UpdateRules, ListsAreReadFromSafePlacesAlone) {
     }
 }
 
-TEST(UpdateRules, ABrowserIsHandedWebPagesAlone) {
+TEST(UpdateRules, OpenOnlyWebPages) {
     EXPECT_TRUE(isWebPage("https://a.org") && isWebPage("http://a.org:80/a?b=c#d"));
     for (const char* page :
          {"", "https://", "https:///etc", "https://:80", "https://a@b", "javascript:alert(1)",
