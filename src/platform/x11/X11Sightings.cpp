@@ -20,6 +20,17 @@ void X11Sightings::ask() {
     }
 }
 
+void X11Sightings::askBeside(std::span<const xcb_window_t> windows) {
+    for (const auto& [window, seen] : firstSeen_) {
+        const auto hasSameClient = [&, known = window](xcb_window_t other) {
+            return connection_.clientBase(other) == connection_.clientBase(known);
+        };
+        if (std::ranges::any_of(windows, hasSameClient)) {
+            asked_.emplace_back(window, xcb_get_window_attributes(connection_.get(), window));
+        }
+    }
+}
+
 std::vector<xcb_window_t> X11Sightings::takeGone() {
     std::vector<xcb_window_t> gone;
     for (const auto& [window, cookie] : asked_) {

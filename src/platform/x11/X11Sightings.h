@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -25,7 +26,10 @@ class X11Sightings {
     /// that is waited for.
     void ask();
 
-    /// The windows that ask() found to be gone, or to be others; they are forgotten.
+    /// The same for the windows that have a client in common with one of `windows`.
+    void askBeside(std::span<const xcb_window_t> windows);
+
+    /// The windows that asking found to be gone, or to be others; they are forgotten.
     [[nodiscard]] std::vector<xcb_window_t> takeGone();
 
     /// Marks a window that is not known yet, and has the server report these events of it.

@@ -168,13 +168,15 @@ X11WindowReader::read(std::span<const xcb_window_t> windows) const {
     const auto clients = connection_.processesOf(windows);
     const std::string host = hostName();
     // Many windows have one owner.
-    std::map<ProcessId, std::optional<OwnerProcess>> processes;
-    const OwnerLookup lookUp = [&](ProcessId process) {
-        const auto known = processes.find(process);
-        return known != processes.end()
-                   ? known->second
-                   : processes.emplace(process, lookUp_(process)).first->second;
-    };
+    std::map<ProcessId, std::optional<std::uint64_t>> startTimes;
+    const OwnerLookup lookUp{[&](ProcessId process) {
+                                 const auto [known, isNew] = startTimes.try_emplace(process);
+                                 if (isNew) {
+                                     known->second = lookUp_.startTime(process);
+                                 }
+                                 return known->second;
+                             },
+                             lookUp_.process};
     std::vector<std::optional<TopLevelWindow>> result;
     result.reserve(windows.size());
     for (std::size_t i = 0; i < windows.size(); ++i) {

@@ -236,8 +236,8 @@ std::vector<ProcessId> X11WindowSystem::trayIconProcesses() {
             docks.push_back(static_cast<xcb_window_t>(window.id));
         }
     }
-    sightings_.ask();
     const auto icons = trayIcons(connection_, owner->owner, docks);
+    sightings_.askBeside(icons);
     forgetGone();
     for (const xcb_window_t icon : icons) {
         if (!known_.contains(icon)) {

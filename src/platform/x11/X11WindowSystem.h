@@ -104,6 +104,8 @@ class X11WindowSystem final : public WindowSystem {
     xcb_window_t watchedManager_ = XCB_NONE;
 
     bool isListStale_ = true;
+    /// The known windows do not report what windowMask_ says yet.
+    bool isMaskStale_ = false;
     bool areFactsStale_ = true;
     bool windowsDiffer_ = false;
     bool activeDiffers_ = false;

@@ -171,8 +171,9 @@ void X11WindowSystem::updateList() {
             known = known_.erase(known);
         }
     }
+    const bool selectsAgain = std::exchange(isMaskStale_, false);
     for (const xcb_window_t window : order_) {
-        if (known_.try_emplace(window).second) {
+        if (known_.try_emplace(window).second || selectsAgain) {
             sightings_.see(window, windowMask_);
         }
     }
@@ -263,15 +264,18 @@ void X11WindowSystem::selectEvents() {
         }
     }
     if (windowMask != std::exchange(windowMask_, windowMask)) {
+        isMaskStale_ = tracks;
+        if (tracks) {
+            // The next update selects the events, once it has found out which windows have gone.
+            forgetEverything();
+            return;
+        }
         // A later window with the id of a known one must not get its mark.
         sightings_.ask();
         forgetGone();
         std::erase_if(order_, [this](xcb_window_t window) { return !known_.contains(window); });
         for (const auto& [window, known] : known_) {
             sightings_.see(window, windowMask);
-        }
-        if (tracks) {
-            forgetEverything();
         }
     }
 }

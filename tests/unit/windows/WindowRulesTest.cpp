@@ -20,10 +20,15 @@ TEST(WindowOwner, BelievesTheServerFirst) {
         {40, {{40}, 70, false, {"editor"}}},         {50, {{50}, 71, true, {"editor"}}},
         {60, {{60}, 70, true, {"a-very-long-nam"}}},
     };
-    const OwnerLookup lookUp = [&](ProcessId process) {
-        const auto found = live.find(process);
-        return found == live.end() ? std::nullopt : std::optional(found->second);
-    };
+    const OwnerLookup lookUp{
+        [&](ProcessId process) {
+            const auto found = live.find(process);
+            return found == live.end() ? std::nullopt : std::optional(found->second.startTime);
+        },
+        [&](ProcessId process) {
+            const auto found = live.find(process);
+            return found == live.end() ? std::nullopt : std::optional(found->second);
+        }};
     const auto certain = [](ProcessId process) {
         return WindowOwner{process, ProcessCertainty::certain, false};
     };
@@ -77,12 +82,14 @@ TEST(WindowOwner, BelievesTheServerFirst) {
         EXPECT_EQ(windowOwner(test.claims, "here", lookUp), test.expected) << test.what;
     }
 
-    const auto self = ownersFromKernel()(::getpid());
+    const OwnerLookup kernel = ownersFromKernel();
+    const auto self = kernel.process(::getpid());
     ASSERT_TRUE(self);
+    EXPECT_EQ(kernel.startTime(::getpid()), self->startTime);
     EXPECT_EQ(self->ids.front(), ::getpid());
     EXPECT_TRUE(self->isOurs);
     EXPECT_LE(self->startTime, ticksNow());
-    EXPECT_FALSE(ownersFromKernel()(0));
+    EXPECT_FALSE(kernel.process(0) || kernel.startTime(0));
 }
 
 TopLevelWindow window(WindowId id, ProcessId process, WindowType type = WindowType::normal) {

@@ -111,6 +111,10 @@ std::optional<ProcessStatus> parseStatus(std::string_view text) {
             status.rssAnon = kibibytes(*anonymous);
         } else if (const auto swapped = after(line, "VmSwap:")) {
             status.vmSwap = kibibytes(*swapped);
+        } else if (auto spaces = after(line, "NSpid:")) {
+            while (const auto id = number<ProcessId>(takeWord(*spaces))) {
+                status.namespaceIds.push_back(*id);
+            }
         }
     });
     if (!hasUser) {

@@ -37,6 +37,8 @@ struct ProcessStatus {
     std::uint64_t rssAnon = 0;
     /// Bytes.
     std::uint64_t vmSwap = 0;
+    /// Its id in each pid namespace that it is in, ours first; empty where the kernel does not say.
+    std::vector<ProcessId> namespaceIds = {};
 };
 
 /// Parses /proc/PID/stat. The name may hold anything, so the fields are counted from the last ')'.

@@ -22,10 +22,14 @@ struct OwnerProcess {
     std::vector<std::string> names;
 };
 
-/// Looks a process up; absent when there is none with this id, or nothing of it runs any more.
-using OwnerLookup = std::function<std::optional<OwnerProcess>(ProcessId)>;
+/// Looks processes up by id. Both answers are absent when no running process has the id.
+struct OwnerLookup {
+    /// OwnerProcess::startTime alone, which is all that most windows need.
+    std::function<std::optional<std::uint64_t>(ProcessId)> startTime;
+    std::function<std::optional<OwnerProcess>(ProcessId)> process;
+};
 
-/// A look-up that reads /proc. Cost: about 15 µs.
+/// A look-up that reads /proc. Cost: about 4 µs for a start time, 15 µs for the whole.
 /// Source: proc(5), /proc/PID/stat, status (NSpid, Uid) and exe.
 [[nodiscard]] OwnerLookup ownersFromKernel();
 

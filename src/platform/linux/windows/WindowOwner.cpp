@@ -50,11 +50,11 @@ WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
     const WindowOwner remote{{}, ProcessCertainty::unknown, true};
     const bool isElsewhere = !claims.machine.empty() && !sameHost(claims.machine, hostName);
     const auto process = [&](std::optional<ProcessId> id) {
-        auto found = id ? lookUp(*id) : std::nullopt;
+        auto found = id ? lookUp.process(*id) : std::nullopt;
         return found && found->startTime <= claims.firstSeen ? found : std::nullopt;
     };
-    const auto client = process(claims.client);
-    if (!client) {
+    const auto clientStart = claims.client ? lookUp.startTime(*claims.client) : std::nullopt;
+    if (!clientStart || *clientStart > claims.firstSeen) {
         return isElsewhere ? remote : claimedOwner(claims, process(claims.property));
     }
     const WindowOwner certain{claims.client, ProcessCertainty::certain, false};
@@ -63,6 +63,10 @@ WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
     }
     if (!claims.property) {
         return isElsewhere ? remote : certain;
+    }
+    const auto client = process(claims.client);
+    if (!client) { // It has just ended.
+        return {};
     }
     if (client->ids.size() > 1) {
         // Inside a sandbox a program knows itself by another id, and perhaps another host name.
