@@ -100,8 +100,6 @@ int CalmoraApp::run() {
 
 std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
     auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
-    // Subscribed before the list, so that the workspace polls before the list asks.
-    willShow_ = popover->onWillShow([this] { looking_ = machine_.workspace.lookAtList(); });
     auto list = std::make_unique<ListContent>(
         settings, MenuPopoverSurroundings{.platform = platform(),
                                           .eventMonitor = eventMonitor_,
@@ -109,7 +107,6 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
                                           .inputGate = inputGate_,
                                           .openSettings = [this] { openSettings(); },
                                           .limitation = backend_->listLimitation()});
-    didClose_ = popover->onDidClose([this] { looking_.reset(); });
     popover->setContent(std::move(list));
     return popover;
 }

@@ -73,11 +73,7 @@ class CalmoraApp final : private AppToolkit {
 
     QPointer<QWidget> aboutPanel_;
     QPointer<QWidget> settingsWindow_;
-    /// While the popover is shown the workspace also polls for what no event announces.
-    Subscription looking_;
     AppDelegate delegate_;
-    Subscription willShow_;
-    Subscription didClose_;
     Subscription appearance_;
     Subscription activated_;
 };

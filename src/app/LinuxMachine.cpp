@@ -31,7 +31,8 @@ LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
                     return !fence.isProtected(process) &&
                            !isOneOfSeveralOwners(windows.windows(), process);
                 }),
-      workspace({.events = events,
+      workspace({.clock = clock,
+                 .events = events,
                  .windows = windows,
                  .reader = reader,
                  .memory = memory,

@@ -3,7 +3,6 @@
 #include "platform/Bundle.h"
 #include "platform/ProcessTable.h"
 #include "platform/Text.h"
-#include "platform/Workspace.h"
 
 #include <algorithm>
 #include <map>
@@ -23,13 +22,13 @@ bool isListed(const WorkspaceApplication& application, const std::optional<std::
            !application.localizedName->empty();
 }
 
-AppInfo record(WorkspaceApplication&& application) {
+AppInfo record(const WorkspaceApplication& application) {
     AppInfo app;
     app.pid = application.processIdentifier;
-    app.name = std::move(application.localizedName).value_or("Unknown");
-    app.bundleIdentifier = std::move(application.bundleIdentifier);
-    app.otherBundleIdentifiers = std::move(application.otherIdentifiers);
-    app.icon = std::move(application.icon);
+    app.name = application.localizedName.value_or("Unknown");
+    app.bundleIdentifier = application.bundleIdentifier;
+    app.otherBundleIdentifiers = application.otherIdentifiers;
+    app.icon = application.icon;
     return app;
 }
 
@@ -37,23 +36,23 @@ AppInfo record(WorkspaceApplication&& application) {
 
 ProcessMonitor::ProcessMonitor(Platform platform) : platform_(platform) {}
 
-std::vector<AppInfo> ProcessMonitor::getRunningApps(bool includeFinder) const {
+std::vector<AppInfo> ProcessMonitor::getRunningApps(const ApplicationSnapshot& running,
+                                                    bool includeFinder) const {
     const std::optional<std::string> own = platform_.bundle.bundleIdentifier();
     std::vector<AppInfo> apps;
-    for (WorkspaceApplication& application : platform_.workspace.runningApplications()) {
+    for (const WorkspaceApplication& application : running) {
         if (application.activationPolicy == ActivationPolicy::regular &&
             isListed(application, own) &&
             (includeFinder || application.bundleIdentifier != finder)) {
-            apps.push_back(record(std::move(application)));
+            apps.push_back(record(application));
         }
     }
     sortByName(apps);
     return apps;
 }
 
-std::vector<AppInfo> ProcessMonitor::getBackgroundApps() const {
+std::vector<AppInfo> ProcessMonitor::getBackgroundApps(const ApplicationSnapshot& running) const {
     const std::optional<std::string> own = platform_.bundle.bundleIdentifier();
-    std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
 
     // The first with a process id counts.
     Parents parents;
@@ -65,12 +64,12 @@ std::vector<AppInfo> ProcessMonitor::getBackgroundApps() const {
     }
 
     std::vector<AppInfo> apps;
-    for (WorkspaceApplication& application : running) {
+    for (const WorkspaceApplication& application : running) {
         if (application.activationPolicy == ActivationPolicy::regular ||
             !isListed(application, own) || !application.bundleIdentifier) {
             continue;
         }
-        AppInfo& app = apps.emplace_back(record(std::move(application)));
+        AppInfo& app = apps.emplace_back(record(application));
         app.isBackgroundApp = true;
         app.parentBundleIdentifier = parentAppBundleID(app.pid, parents);
     }

@@ -3,6 +3,7 @@
 #include "model/AppInfo.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
+#include "platform/Workspace.h"
 
 #include <optional>
 #include <string>
@@ -11,20 +12,21 @@
 
 namespace calmora {
 
-/// Turns the workspace's running applications into the lists that the popover shows. Keeps no state
-/// between calls; each list asks the workspace once. Main thread.
+/// Turns a snapshot of the running applications into the lists that the popover shows. Keeps
+/// nothing between calls. Main thread.
 class ProcessMonitor {
   public:
     explicit ProcessMonitor(Platform platform);
 
     /// The regular applications that have a name, sorted by it, without this program and, unless
     /// `includeFinder`, without the file manager. Equal names keep the workspace's order.
-    [[nodiscard]] std::vector<AppInfo> getRunningApps(bool includeFinder) const;
+    [[nodiscard]] std::vector<AppInfo> getRunningApps(const ApplicationSnapshot& running,
+                                                      bool includeFinder) const;
 
     /// The background applications that have a name and an identifier, sorted by name, without
     /// this program; each with the regular application that is its direct parent process.
     /// Cost: one look-up of a parent process per background application.
-    [[nodiscard]] std::vector<AppInfo> getBackgroundApps() const;
+    [[nodiscard]] std::vector<AppInfo> getBackgroundApps(const ApplicationSnapshot& running) const;
 
     /// Folds the applications that have a parent application under one row per parent: the group
     /// rows by the parent's identifier, then the others in their order.

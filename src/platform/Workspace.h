@@ -35,6 +35,10 @@ struct WorkspaceApplication {
     std::vector<std::string> otherIdentifiers = {};
 };
 
+/// The running applications at one moment, by ascending start time, then process id. Taken once for
+/// a refresh and handed on to whatever the refresh works out.
+using ApplicationSnapshot = std::vector<WorkspaceApplication>;
+
 /// An application that is installed, running or not.
 struct InstalledApplication {
     /// In the user's language.
@@ -55,8 +59,8 @@ class Workspace {
 
     virtual ~Workspace() = default;
 
-    /// The running applications, by ascending start time, then process id.
-    [[nodiscard]] virtual std::vector<WorkspaceApplication> runningApplications() = 0;
+    /// The applications that run now.
+    [[nodiscard]] virtual ApplicationSnapshot runningApplications() = 0;
 
     /// The application that has the keyboard; absent when none has.
     [[nodiscard]] virtual std::optional<WorkspaceApplication> frontmostApplication() = 0;
@@ -67,7 +71,7 @@ class Workspace {
     runningApplication(ProcessId processIdentifier) = 0;
 
     /// Every running application whose RunningApplication::bundleIdentifier() is this one, in the
-    /// order of runningApplications().
+    /// order of ApplicationSnapshot.
     [[nodiscard]] virtual std::vector<std::unique_ptr<RunningApplication>>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) = 0;
 

@@ -96,7 +96,9 @@ std::vector<AppInfo> AppListViewModel::filteredBackgroundApps() const {
 }
 
 void AppListViewModel::refresh() {
-    std::vector<AppInfo> listed = processMonitor_.getRunningApps(settings_.includeFinderWindows());
+    const ApplicationSnapshot running = platform_.workspace.runningApplications();
+    std::vector<AppInfo> listed =
+        processMonitor_.getRunningApps(running, settings_.includeFinderWindows());
 
     std::unordered_map<ProcessId, const AppInfo*> known;
     known.reserve(apps_.size());
@@ -118,7 +120,7 @@ void AppListViewModel::refresh() {
     written(Property::apps);
     applyWhitelist();
 
-    std::vector<AppInfo> background = processMonitor_.getBackgroundApps();
+    std::vector<AppInfo> background = processMonitor_.getBackgroundApps(running);
     if (settings_.groupBackgroundInstances()) {
         background = processMonitor_.groupBackgroundApps(std::move(background));
     }

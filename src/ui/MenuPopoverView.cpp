@@ -118,6 +118,7 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
     neverQuitChanges_ = settings_.neverQuitApps.observe([this] { viewModel_.applyWhitelist(); });
     willShow_ = surroundings_.popover.onWillShow([this] {
         build();
+        listen();
         viewModel_.refresh();
     });
 }
@@ -232,16 +233,23 @@ void MenuPopoverView::hideEvent(QHideEvent* event) {
     }
 }
 
+/// Before the list is asked for: a workspace that is listened to keeps it up to date by itself.
+void MenuPopoverView::listen() {
+    if (!launched_) {
+        const auto refresh = [this](const WorkspaceApplication&) { viewModel_.refresh(); };
+        launched_ = surroundings_.platform.workspace.onLaunched(refresh);
+        terminated_ = surroundings_.platform.workspace.onTerminated(refresh);
+    }
+}
+
 void MenuPopoverView::appear() {
+    listen();
     viewModel_.refresh();
     viewModel_.startPolling(pollingInterval);
     eventMonitor_ = surroundings_.eventMonitor.onModifierFlagsChanged([this](ModifierFlags flags) {
         isForceQuit_ = flags.contains(ModifierFlags::option);
         markDirty();
     });
-    const auto refresh = [this](const WorkspaceApplication&) { viewModel_.refresh(); };
-    launched_ = surroundings_.platform.workspace.onLaunched(refresh);
-    terminated_ = surroundings_.platform.workspace.onTerminated(refresh);
     setFocus(Qt::OtherFocusReason);
     window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
     isScheduled_ = false;

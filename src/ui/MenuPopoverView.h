@@ -81,6 +81,7 @@ class MenuPopoverView final : public QWidget {
 
     /// Makes the widgets, once.
     void build();
+    void listen();
     void appear();
     void disappear();
 

@@ -55,9 +55,9 @@ class FakeWorkspace final : public Workspace {
         }
     }
 
-    std::vector<WorkspaceApplication> runningApplications() override {
+    ApplicationSnapshot runningApplications() override {
         ++lists;
-        std::vector<WorkspaceApplication> listed;
+        ApplicationSnapshot listed;
         for (const FakeApplication& application : applications_) {
             if (isRunning(application)) {
                 listed.push_back(record(application));

@@ -193,9 +193,8 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     EXPECT_TRUE(machine.workspace.installedApplication("org.example.Hosted")->needsTerminal);
     EXPECT_FALSE(machine.workspace.installedApplication("org.example.Absent"));
 
-    // Somebody looks at the list: one that starts is found within a scan.
+    // Somebody listens: one that starts is found within a scan.
     Notices notices(machine.workspace);
-    const Subscription looking = machine.workspace.lookAtList();
     machine.desktop.end(agent);
     const pid_t next = machine.desktop.start({program.string(), "--helper"});
     EXPECT_TRUE(pumpUntil(machine.events, [&] {

@@ -87,6 +87,7 @@ struct LinuxDesktop {
     explicit LinuxDesktop(const VirtualDesktopOptions& options = {}) : desktop(options) {}
 
     VirtualDesktop desktop;
+    LinuxClock clock;
     EventPoll events;
     /// WAYLAND_DISPLAY of the session; empty for none.
     std::string waylandDisplay;
@@ -114,9 +115,8 @@ struct LinuxDesktop {
                                     }),
                                     {}};
     FakeBus bus;
-    LinuxWorkspace workspace{
-        {events, windows, reader, memory, table, installed, fence, bus, desktop.home().string()}};
-    LinuxClock clock;
+    LinuxWorkspace workspace{{clock, events, windows, reader, memory, table, installed, fence, bus,
+                              desktop.home().string()}};
     FakePlatform rest;
     AppQuitter quitter{Platform{workspace, table, clock, rest.runLoop, rest.bundle, rest.text,
                                 rest.strings, rest.sounds, rest.alerts}};

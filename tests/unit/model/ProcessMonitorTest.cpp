@@ -38,6 +38,14 @@ FakeApplication application(ProcessId pid, std::optional<std::string> name,
 }
 
 struct ProcessMonitorTest : testing::Test {
+    std::vector<AppInfo> runningApps(bool includeFinder) {
+        return monitor.getRunningApps(machine.workspace.runningApplications(), includeFinder);
+    }
+
+    std::vector<AppInfo> backgroundApps() {
+        return monitor.getBackgroundApps(machine.workspace.runningApplications());
+    }
+
     FakePlatform machine;
     ProcessMonitor monitor{machine.platform()};
 };
@@ -56,24 +64,24 @@ TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
          }) {
         machine.workspace.launch(app);
     }
-    EXPECT_EQ(summary(monitor.getRunningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
-    EXPECT_EQ(summary(monitor.getRunningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
+    EXPECT_EQ(summary(runningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
+    EXPECT_EQ(summary(runningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
 
-    const AppInfo first = monitor.getRunningApps(true).front();
+    const AppInfo first = runningApps(true).front();
     EXPECT_TRUE(first.isSelected && !first.isWhitelisted && !first.isBackgroundApp);
     EXPECT_FALSE(first.cpuUsage || first.memoryMB || first.childProcesses || first.knownAppInfo);
     EXPECT_EQ(first.icon->themeName, "icon11");
 
     machine.bundle.identifier.reset();
-    EXPECT_EQ(summary(monitor.getRunningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
-        << "without an identifier of our own, others without one count as ours";
+    EXPECT_EQ(summary(runningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
+        << "without an identifier of our own, others without one are taken for us";
 }
 
 TEST_F(ProcessMonitorTest, KeepsTheWorkspacesOrderOfEqualNames) {
     for (ProcessId pid = 1; pid <= 100; ++pid) {
         machine.workspace.launch(application(pid, pid % 2 ? "Twin" : "twin", "org.twin"));
     }
-    const std::vector<AppInfo> apps = monitor.getRunningApps(true);
+    const std::vector<AppInfo> apps = runningApps(true);
     EXPECT_TRUE(std::ranges::is_sorted(apps, {}, &AppInfo::pid));
 }
 
@@ -93,15 +101,13 @@ TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
         machine.workspace.launch(app);
     }
     machine.processes.at(29).parent.reset();
-    const std::vector<AppInfo> apps = monitor.getBackgroundApps();
+    const std::vector<AppInfo> apps = backgroundApps();
     EXPECT_EQ(summary(apps),
               "Agent:23 Child:25 Files:29 helper:22<org.example.PhotoEditor Orphan:24 ");
-    EXPECT_EQ(machine.workspace.lists, 1);
     EXPECT_TRUE(apps.front().isBackgroundApp);
 
     machine.processes.at(22).parent = 0;
-    EXPECT_EQ(summary(monitor.getBackgroundApps()),
-              "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
+    EXPECT_EQ(summary(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
 }
 
 TEST_F(ProcessMonitorTest, FoldsBackgroundApplicationsUnderTheirParents) {

@@ -1,5 +1,6 @@
 #include "platform/linux/workspace/ApplicationList.h"
 
+#include "platform/Clock.h"
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
@@ -16,10 +17,9 @@ namespace calmora {
 
 namespace {
 
-/// One refresh of the popover asks for the list several times.
-constexpr std::chrono::milliseconds scanLifetime{100};
-constexpr std::chrono::milliseconds updateLifetime{250};
-/// Asking the fence costs more than all else that the list of an unchanged process takes.
+/// One refresh of the popover looks several identifiers up.
+constexpr std::chrono::milliseconds installedLifetime{100};
+/// Asking the guard costs more than all else that the list of an unchanged process takes.
 constexpr std::chrono::seconds verdictLifetime{10};
 
 bool namesNothing(const Image& image) {
@@ -63,8 +63,8 @@ ApplicationList::ApplicationList(WorkspaceSources sources)
     : sources_(std::move(sources)), background_(sources_.reader) {}
 
 void ApplicationList::refreshInstalled() {
-    const auto now = std::chrono::steady_clock::now();
-    if (now - checkedInstalled_ < scanLifetime) {
+    const auto now = monotonicTime(sources_.clock);
+    if (checkedInstalled_ && now - *checkedInstalled_ < installedLifetime) {
         return;
     }
     checkedInstalled_ = now;
@@ -73,19 +73,16 @@ void ApplicationList::refreshInstalled() {
         verdicts_.clear();
         background_.forget();
         // An update that no scan precedes would otherwise list none of the background.
-        if (std::exchange(scanned_, {}) != decltype(scanned_){}) {
+        if (hasScanned_) {
             scanBackground();
         }
     }
 }
 
 void ApplicationList::scanBackground() {
+    hasScanned_ = false; // Whoever notices a change of what is installed here need not scan.
     refreshInstalled();
-    const auto now = std::chrono::steady_clock::now();
-    if (now - scanned_ < scanLifetime) {
-        return;
-    }
-    scanned_ = now;
+    hasScanned_ = true;
     background_.scan(sources_.installed, sources_.windows.displayName());
     trayIcons_.clear();
     for (const ProcessId process : sources_.windows.trayIconProcesses()) {
@@ -139,7 +136,6 @@ const ApplicationList::Applications& ApplicationList::update() {
     refreshInstalled();
     // A copy: what is asked below may bring the window system's own list up to date.
     const auto before = std::exchange(windows_, sources_.windows.windows());
-    updated_ = std::chrono::steady_clock::now();
     dropOldVerdicts(before != windows_);
     Candidates found = candidates();
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
@@ -164,39 +160,6 @@ const ApplicationList::Applications& ApplicationList::update() {
     return applications_;
 }
 
-bool ApplicationList::isRecent() const {
-    return std::chrono::steady_clock::now() - updated_ < updateLifetime &&
-           sources_.windows.windows() == windows_;
-}
-
-const ApplicationList::Applications& ApplicationList::recent() {
-    return isRecent() ? applications_ : update();
-}
-
-std::shared_ptr<const ListedApplication> ApplicationList::find(ProcessId process) {
-    if (isRecent()) {
-        const auto found = byProcess_.find(process);
-        return found == byProcess_.end() ? nullptr : found->second;
-    }
-    refreshInstalled();
-    const auto windows = std::exchange(windows_, sources_.windows.windows());
-    const auto updated = std::exchange(updated_, std::chrono::steady_clock::now());
-    dropOldVerdicts(windows != windows_);
-    Candidates found = candidates();
-    const auto candidate = found.find(process);
-    auto application = candidate == found.end() ? nullptr : listed(process, candidate->second);
-    windows_ = windows;
-    updated_ = updated;
-    if (application) {
-        // For the next look at it; the list itself is of the last update().
-        byProcess_.insert_or_assign(process, application);
-        if (application->policy == ActivationPolicy::regular) {
-            wereRegular_.insert_or_assign(process, application->process.startTime);
-        }
-    }
-    return application;
-}
-
 std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const {
     // The descriptor of a listed process tells its end at a tenth of what reading costs.
     const auto known = byProcess_.find(process);
@@ -212,9 +175,10 @@ std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const
 bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
                                   bool hasRegularWindow) {
     Verdict& verdict = verdicts_[process];
+    const auto now = monotonicTime(sources_.clock);
     if (verdict.startTime != startTime || verdict.hasRegularWindow != hasRegularWindow ||
-        updated_ - verdict.askedAt >= verdictLifetime) {
-        verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), updated_};
+        now - verdict.askedAt >= verdictLifetime) {
+        verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), now};
     }
     return verdict.isProtected;
 }

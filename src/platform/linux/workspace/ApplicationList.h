@@ -44,23 +44,18 @@ class ApplicationList {
     /// ones is then worked out afresh, so nobody else may do that.
     void refreshInstalled();
 
-    /// Looks for applications that only the processes tell of, unless it has just done so;
-    /// update() lists those of the last scan.
+    /// Looks for applications that only the processes tell of; update() lists those of the last
+    /// scan.
     void scanBackground();
 
     /// Brings the list up to date. By ascending start time, then process id.
     const Applications& update();
 
-    /// The list of an update() a moment ago if the windows are still the same, else of a new one:
-    /// for looking up one application after another. Some of them may have ended since.
-    const Applications& recent();
-
-    /// One application; null when the process is none. Where the list is not recent, only this one
-    /// is worked out, and the list stays as it is.
-    [[nodiscard]] std::shared_ptr<const ListedApplication> find(ProcessId process);
-
     /// As of the last update().
     [[nodiscard]] const Applications& applications() const { return applications_; }
+
+    /// As of the last update(), oldest first.
+    [[nodiscard]] const std::vector<TopLevelWindow>& windows() const { return windows_; }
 
   private:
     struct Candidate {
@@ -70,16 +65,14 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
-    /// What the fence said of a process: only for the list, it is asked again before each signal.
+    /// What the guard said of a process: only for the list, it is asked again before each signal.
     struct Verdict {
         std::uint64_t startTime = 0;
         bool hasRegularWindow = false;
         bool isProtected = false;
-        std::chrono::steady_clock::time_point askedAt;
+        std::chrono::nanoseconds askedAt{};
     };
 
-    /// Whether the list is of a moment ago and the windows are still the same.
-    [[nodiscard]] bool isRecent() const;
     [[nodiscard]] Candidates candidates();
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
     [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime,
@@ -92,10 +85,8 @@ class ApplicationList {
 
     WorkspaceSources sources_;
     BackgroundScan background_;
-    std::chrono::steady_clock::time_point checkedInstalled_{};
-    std::chrono::steady_clock::time_point scanned_{};
-    std::chrono::steady_clock::time_point updated_{};
-    /// As of the last update().
+    std::optional<std::chrono::nanoseconds> checkedInstalled_;
+    bool hasScanned_ = false;
     std::vector<TopLevelWindow> windows_;
     /// Start times of the processes that had an icon in the tray at the last scan.
     std::map<ProcessId, std::uint64_t> trayIcons_;

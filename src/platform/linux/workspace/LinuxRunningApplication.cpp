@@ -1,5 +1,6 @@
 #include "platform/linux/workspace/LinuxRunningApplication.h"
 
+#include "platform/Clock.h"
 #include "platform/ProcessTable.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/protection/ProtectedProcesses.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <thread>
 #include <utility>
 
 namespace calmora {
@@ -153,7 +153,7 @@ bool LinuxRunningApplication::requestClose() {
 bool LinuxRunningApplication::endInsteadOfAsking() {
     if (std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
         // They may only be out of sight because their manager is being replaced.
-        std::this_thread::sleep_for(settlingTime);
+        sources_.clock.sleep(settlingTime);
     }
     const std::vector<TopLevelWindow> windows = sources_.windows.windowsReadAfresh();
     if (!askableWindows().empty()) {
@@ -171,12 +171,12 @@ void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> befo
     const auto isOwn = [&](const TopLevelWindow& window) {
         return window.listedProcess() == process;
     };
-    const auto deadline = std::chrono::steady_clock::now() + hidingTime;
+    const auto deadline = monotonicTime(sources_.clock) + hidingTime;
     if (!mayBeSignalled(before)) {
         return;
     }
-    while (std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::sleep_for(hidingStep);
+    while (monotonicTime(sources_.clock) < deadline) {
+        sources_.clock.sleep(hidingStep);
         const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
         const bool hasNewWindow = std::ranges::any_of(windows, [&](const TopLevelWindow& window) {
             return isOwn(window) &&

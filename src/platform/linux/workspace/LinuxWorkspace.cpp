@@ -58,24 +58,35 @@ std::shared_ptr<const ListedApplication> counterpart(const ListedApplication& ap
 LinuxWorkspace::LinuxWorkspace(WorkspaceSources sources)
     : sources_(sources), list_(std::move(sources)), launched_([this](bool) { listenersChanged(); }),
       terminated_([this](bool) { listenersChanged(); }),
-      activated_([this](bool) { listenersChanged(); }),
-      lookers_([this](bool) { listenersChanged(); }) {}
+      activated_([this](bool) { listenersChanged(); }) {}
 
 LinuxWorkspace::~LinuxWorkspace() = default;
 
-std::vector<WorkspaceApplication> LinuxWorkspace::runningApplications() {
+ApplicationSnapshot LinuxWorkspace::runningApplications() {
     const Subscription following = followWindows();
-    if (!scanning_) {
+    if (!isListening()) {
         list_.scanBackground();
     }
-    std::vector<WorkspaceApplication> result;
-    for (const Application& application : list_.update()) {
+    ApplicationSnapshot result;
+    for (const Application& application : current()) {
         // From now on this id means this process to whoever quits what they were shown.
         sources_.memory.hold(application->process.pid);
         result.push_back(valueOf(*application));
     }
-    tellSoon();
     return result;
+}
+
+/// The list, worked out anew.
+const ApplicationList::Applications& LinuxWorkspace::updated() {
+    list_.update();
+    tellSoon();
+    return list_.applications();
+}
+
+/// The list, worked out anew unless notices keep it and none is waiting.
+const ApplicationList::Applications& LinuxWorkspace::current() {
+    const bool isKept = isListening() && !telling_ && sources_.windows.windows() == list_.windows();
+    return isKept ? list_.applications() : updated();
 }
 
 Subscription LinuxWorkspace::followWindows() {
@@ -90,18 +101,24 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
     const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
     const WindowId top = topmostParent(windows, *active);
     const auto window = std::ranges::find(windows, top, &TopLevelWindow::id);
-    const auto process = window == windows.end() ? std::nullopt : window->listedProcess();
-    return process ? list_.find(*process) : nullptr;
+    const auto owner = window == windows.end() ? std::nullopt : window->listedProcess();
+    if (!owner) {
+        return nullptr;
+    }
+    const auto& applications = current();
+    const auto found = std::ranges::find_if(applications, [&](const Application& application) {
+        return application->process.pid == *owner;
+    });
+    return found == applications.end() ? nullptr : *found;
 }
 
 std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {
     const Application application = activeApplication();
-    tellSoon();
     return application ? std::optional(valueOf(*application)) : std::nullopt;
 }
 
 std::unique_ptr<RunningApplication> LinuxWorkspace::runningApplication(ProcessId process) {
-    for (const Application& application : list_.recent()) {
+    for (const Application& application : updated()) {
         if (application->process.pid == process) {
             return bound(application);
         }
@@ -112,9 +129,7 @@ std::unique_ptr<RunningApplication> LinuxWorkspace::runningApplication(ProcessId
 std::vector<std::unique_ptr<RunningApplication>>
 LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) {
     std::vector<std::unique_ptr<RunningApplication>> result;
-    // A copy: binding one asks for more than the list.
-    const ApplicationList::Applications applications = list_.recent();
-    for (const Application& application : applications) {
+    for (const Application& application : updated()) {
         if (application->identity.instanceIdentifier() == bundleIdentifier) {
             if (auto running = bound(application)) {
                 result.push_back(std::move(running));
@@ -192,34 +207,31 @@ Subscription LinuxWorkspace::onActivated(Handler handler) {
     return activated_.connect(std::move(handler));
 }
 
-Subscription LinuxWorkspace::lookAtList() {
-    return lookers_.connect([] {});
-}
-
 bool LinuxWorkspace::isListening() const {
     return launched_.hasListeners() || terminated_.hasListeners();
 }
 
 void LinuxWorkspace::listenersChanged() {
-    // Whoever is about to show the list asks for it several times before listening.
-    const bool followsWindows = isListening() || lookers_.hasListeners();
-    if (followsWindows && !windowsChanged_) {
+    if (isListening() && !windowsChanged_) {
         windowsChanged_ = sources_.windows.onWindowsChanged([this] { changed(); });
-    } else if (!followsWindows) {
-        windowsChanged_.reset();
-    }
-    if (isListening() && !busChanged_) {
         // The bus also tells while an alert is open; what the event poll tells waits for its end.
         busChanged_ = sources_.bus.onChanged([this] {
             if (!telling_) {
                 telling_ = sources_.events.later([this] { changed(); });
             }
         });
-        // What runs already is no news.
+        scanning_ = sources_.events.every(scanInterval, [this] {
+            list_.scanBackground();
+            changed();
+        });
+        // Running applications are not reported.
+        list_.scanBackground();
         told_ = list_.update();
         watchEnds();
     } else if (!isListening()) {
+        windowsChanged_.reset();
         busChanged_.reset();
+        scanning_.reset();
         telling_.reset();
         ends_.clear();
         told_.clear();
@@ -231,21 +243,6 @@ void LinuxWorkspace::listenersChanged() {
         activeChanged_.reset();
         unknownWindow_.reset();
         lastActive_.reset();
-    }
-    scanWhileLookedAt();
-}
-
-void LinuxWorkspace::scanWhileLookedAt() {
-    const bool wanted = lookers_.hasListeners() && isListening();
-    if (wanted && !scanning_) {
-        list_.scanBackground();
-        scanning_ = sources_.events.every(scanInterval, [this] {
-            list_.scanBackground();
-            changed();
-        });
-        tellSoon();
-    } else if (!wanted) {
-        scanning_.reset();
     }
 }
 
@@ -338,7 +335,6 @@ void LinuxWorkspace::activeChanged() {
     }
     unknownWindow_.reset();
     const Application application = activeApplication();
-    tellSoon();
     // Nothing and the desktop itself take no turn: coming back from there is no activation.
     if (application && !(lastActive_ && lastActive_->isSameProcess(*application))) {
         lastActive_ = application;

@@ -20,10 +20,10 @@ class PidFd;
 /// The running applications of a Linux desktop. An application is a process; what makes it one is
 /// in ActivationRules.h, which one it is in ApplicationIdentifier.h.
 ///
-/// Works only while someone listens for notices, by events alone: windows, the bus, and a pidfd
-/// for each application. Applications without windows, which no event announces, are looked for
-/// whenever the list is asked for, and every two seconds while lookAtList() says that somebody
-/// has it before their eyes. Main thread.
+/// While someone listens for notices the list is kept up to date by events: windows, the bus, and
+/// a pidfd for each application. Applications without windows, which no event announces, are
+/// looked for every two seconds then. While nobody listens the list is made when it is asked for.
+/// Main thread.
 class LinuxWorkspace final : public Workspace {
   public:
     explicit LinuxWorkspace(WorkspaceSources sources);
@@ -31,7 +31,7 @@ class LinuxWorkspace final : public Workspace {
     LinuxWorkspace& operator=(const LinuxWorkspace&) = delete;
     ~LinuxWorkspace() override;
 
-    [[nodiscard]] std::vector<WorkspaceApplication> runningApplications() override;
+    [[nodiscard]] ApplicationSnapshot runningApplications() override;
     [[nodiscard]] std::optional<WorkspaceApplication> frontmostApplication() override;
     [[nodiscard]] std::unique_ptr<RunningApplication>
     runningApplication(ProcessId processIdentifier) override;
@@ -46,9 +46,6 @@ class LinuxWorkspace final : public Workspace {
     [[nodiscard]] Subscription onTerminated(Handler handler) override;
     [[nodiscard]] Subscription onActivated(Handler handler) override;
 
-    /// Says that the list is on screen until the token ends.
-    [[nodiscard]] Subscription lookAtList();
-
   private:
     using Application = std::shared_ptr<const ListedApplication>;
 
@@ -59,7 +56,6 @@ class LinuxWorkspace final : public Workspace {
     };
 
     void listenersChanged();
-    void scanWhileLookedAt();
     void watchEnds();
     void changed();
     void activeChanged();
@@ -67,6 +63,8 @@ class LinuxWorkspace final : public Workspace {
     [[nodiscard]] bool isListening() const;
     /// While the windows are followed they are read once, however often they are asked for.
     [[nodiscard]] Subscription followWindows();
+    const ApplicationList::Applications& updated();
+    const ApplicationList::Applications& current();
     [[nodiscard]] Application activeApplication();
     [[nodiscard]] std::unique_ptr<RunningApplication> bound(const Application& application);
 
@@ -77,7 +75,6 @@ class LinuxWorkspace final : public Workspace {
     Signal<const WorkspaceApplication&> launched_;
     Signal<const WorkspaceApplication&> terminated_;
     Signal<const WorkspaceApplication&> activated_;
-    Signal<> lookers_;
 
     /// What the listeners have been told of.
     ApplicationList::Applications told_;

@@ -5,6 +5,7 @@
 namespace calmora {
 
 class BusApplications;
+class Clock;
 class EventPoll;
 class InstalledApplications;
 class ProcessMemory;
@@ -15,6 +16,7 @@ class WindowSystem;
 
 /// What the workspace puts together. Everything outlives it.
 struct WorkspaceSources {
+    Clock& clock;
     EventPoll& events;
     WindowSystem& windows;
     const ProcessReader& reader;
