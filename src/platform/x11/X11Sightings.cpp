@@ -1,6 +1,6 @@
 #include "platform/x11/X11Sightings.h"
 
-#include "platform/linux/windows/OwnerProcess.h"
+#include "platform/linux/proc/ProcessReader.h"
 
 #include <algorithm>
 

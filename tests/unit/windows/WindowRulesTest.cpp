@@ -1,3 +1,4 @@
+#include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/x11/X11Icon.h"

@@ -1,10 +1,10 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
 #include "platform/linux/identity/KnownIds.h"
-#include "platform/linux/identity/PathText.h"
 #include "platform/linux/identity/StartedProgram.h"
 #include "platform/linux/identity/SyntheticIdentity.h"
 #include "platform/linux/xdg/ExecKey.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 

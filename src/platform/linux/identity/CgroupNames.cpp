@@ -1,6 +1,5 @@
 #include "platform/linux/identity/CgroupNames.h"
-
-#include "platform/linux/identity/PathText.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <cctype>

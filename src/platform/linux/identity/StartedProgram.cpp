@@ -1,7 +1,7 @@
 #include "platform/linux/identity/StartedProgram.h"
 
-#include "platform/linux/identity/PathText.h"
 #include "platform/linux/xdg/ExecKey.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <string_view>

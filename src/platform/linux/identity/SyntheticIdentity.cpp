@@ -1,9 +1,9 @@
 #include "platform/linux/identity/SyntheticIdentity.h"
 
-#include "platform/linux/identity/PathText.h"
 #include "platform/linux/identity/StartedProgram.h"
 #include "platform/linux/xdg/DisplayText.h"
 #include "platform/linux/xdg/ExecKey.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 #include "platform/linux/proc/ProcFiles.h"
 
 #include "platform/linux/xdg/KeyFile.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <cctype>
@@ -31,16 +32,6 @@ std::optional<Number> number(std::string_view word) {
         return std::nullopt;
     }
     return value;
-}
-
-/// Calls `visit` with each piece of the text between separators.
-template <typename Visit>
-void forEachPiece(std::string_view text, char separator, Visit visit) {
-    while (!text.empty()) {
-        const std::size_t end = text.find(separator);
-        visit(text.substr(0, end));
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    }
 }
 
 /// The rest of the text when it starts with a prefix.

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <memory>
 
 #include <dirent.h>
@@ -110,6 +111,18 @@ bool isScriptOf(const std::string& file, const std::string& executable) {
 
 } // namespace
 
+std::uint64_t ticksPerSecond() {
+    static const auto ticks = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
+    return ticks;
+}
+
+std::uint64_t ticksNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_BOOTTIME, &now);
+    return static_cast<std::uint64_t>(now.tv_sec) * ticksPerSecond() +
+           static_cast<std::uint64_t>(now.tv_nsec) * ticksPerSecond() / 1'000'000'000U;
+}
+
 ProcessReader::ProcessReader(const std::filesystem::path& root)
     : root_(::open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
     struct stat info{};
@@ -211,7 +224,7 @@ std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
     details.comm = before->comm;
     details.commandLine = commandLine(process);
     details.executable = executable(process);
-    details.cgroup = parseCgroup(read(process, "cgroup"));
+    details.cgroup = controlGroup(process);
     details.environment = parseLaunchEnvironment(read(process, "environ"));
     details.hasOwnRoot = hasOwnRoot(process);
     details.isExecutableElsewhere =
@@ -262,7 +275,7 @@ ProcessDetails ProcessReader::outline(ProcessId process) const {
     details.pid = process;
     details.commandLine = commandLine(process);
     details.executable = executable(process);
-    details.cgroup = parseCgroup(read(process, "cgroup"));
+    details.cgroup = controlGroup(process);
     return details;
 }
 
@@ -270,6 +283,10 @@ bool ProcessReader::hasOwnRoot(ProcessId process) const {
     struct stat info{};
     return fstatat(root_.get(), ProcPath(process, "root").get(), &info, 0) == 0 &&
            std::pair<std::uint64_t, std::uint64_t>{info.st_dev, info.st_ino} != ourRoot_;
+}
+
+std::string ProcessReader::controlGroup(ProcessId process) const {
+    return parseCgroup(read(process, "cgroup"));
 }
 
 std::string ProcessReader::comm(ProcessId process) const {

@@ -15,6 +15,12 @@
 
 namespace calmora {
 
+/// How many clock ticks, as start times of processes are counted, make a second.
+[[nodiscard]] std::uint64_t ticksPerSecond();
+
+/// The present as start times of processes are counted: clock ticks since the machine started.
+[[nodiscard]] std::uint64_t ticksNow();
+
 /// Opens and reads what /proc tells of processes. Keeps no state of any process.
 /// Everything is absent or empty for a process that is gone or may not be read. Main thread.
 class ProcessReader {
@@ -55,6 +61,9 @@ class ProcessReader {
     /// Whether the process lives below another root than ours, as in a sandbox; false also where
     /// that may not be seen.
     [[nodiscard]] bool hasOwnRoot(ProcessId process) const;
+
+    /// Path below the root of the control groups, see parseCgroup().
+    [[nodiscard]] std::string controlGroup(ProcessId process) const;
 
     /// The name alone, without the new line; empty for a process that is gone.  Cost: 1 µs.
     [[nodiscard]] std::string comm(ProcessId process) const;

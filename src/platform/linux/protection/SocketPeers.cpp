@@ -1,6 +1,7 @@
 #include "platform/linux/protection/SocketPeers.h"
 
 #include "support/FileDescriptor.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <charconv>
@@ -61,15 +62,13 @@ std::optional<ProcessId> SocketPeers::listener(const std::string& path) {
 
 std::vector<std::string> sessionManagerSockets(std::string_view value) {
     std::vector<std::string> sockets;
-    while (!value.empty()) {
-        const std::string_view entry = value.substr(0, value.find(','));
-        value.remove_prefix(std::min(entry.size() + 1, value.size()));
+    forEachPiece(value, ',', [&](std::string_view entry) {
         const std::size_t colon = entry.find(':');
         if ((entry.starts_with("local/") || entry.starts_with("unix/")) &&
             colon != std::string_view::npos && colon + 1 < entry.size()) {
             sockets.emplace_back(entry.substr(colon + 1));
         }
-    }
+    });
     return sockets;
 }
 

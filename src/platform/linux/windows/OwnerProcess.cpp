@@ -1,8 +1,8 @@
 #include "platform/linux/windows/OwnerProcess.h"
 
 #include "platform/linux/proc/ProcessReader.h"
+#include "support/TextHelpers.h"
 
-#include <ctime>
 #include <memory>
 #include <unistd.h>
 
@@ -27,7 +27,7 @@ std::optional<OwnerProcess> ownerProcess(const ProcessReader& reader, ProcessId 
         owner.ids = {process};
     }
     if (const auto program = reader.executable(process)) {
-        owner.names.push_back(program->substr(program->rfind('/') + 1));
+        owner.names.emplace_back(baseName(*program));
     }
     return owner;
 }
@@ -38,14 +38,6 @@ OwnerLookup ownersFromKernel() {
     const auto reader = std::make_shared<const ProcessReader>();
     return {[reader](ProcessId process) { return startTime(*reader, process); },
             [reader](ProcessId process) { return ownerProcess(*reader, process); }};
-}
-
-std::uint64_t ticksNow() {
-    timespec now{};
-    ::clock_gettime(CLOCK_BOOTTIME, &now);
-    const auto second = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
-    return static_cast<std::uint64_t>(now.tv_sec) * second +
-           static_cast<std::uint64_t>(now.tv_nsec) * second / 1'000'000'000U;
 }
 
 } // namespace calmora

@@ -33,7 +33,4 @@ struct OwnerLookup {
 /// Source: proc(5), /proc/PID/stat, status (NSpid, Uid) and exe.
 [[nodiscard]] OwnerLookup ownersFromKernel();
 
-/// The present as start times of processes are counted: clock ticks since the machine started.
-[[nodiscard]] std::uint64_t ticksNow();
-
 } // namespace calmora

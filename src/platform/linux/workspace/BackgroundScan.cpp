@@ -11,7 +11,6 @@
 #include <memory>
 #include <string_view>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -21,8 +20,9 @@ namespace {
 
 constexpr std::size_t mostProcesses = 4096;
 /// How long after its start a process may still replace its program: launcher scripts do.
-constexpr std::chrono::seconds settlingTime{15};
-constexpr std::chrono::milliseconds firstInterval{300};
+constexpr std::uint64_t settlingSeconds = 15;
+/// How often a process may be looked at in its first second.
+constexpr std::uint64_t looksPerSecond = 3;
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -66,16 +66,6 @@ bool isSandboxLauncher(std::string_view comm) {
     return comm == "bwrap" || comm == "xdg-dbus-proxy";
 }
 
-/// Since the start of the process.
-std::chrono::steady_clock::duration ageOf(const ProcessStat& stat) {
-    static const auto ticksPerSecond = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
-    timespec now{};
-    ::clock_gettime(CLOCK_BOOTTIME, &now);
-    const auto ticks = stat.startTime * 1000 / ticksPerSecond;
-    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec) -
-           std::chrono::milliseconds(ticks);
-}
-
 } // namespace
 
 void BackgroundScan::scan(const InstalledApplications& installed, const std::string& display) {
@@ -83,7 +73,7 @@ void BackgroundScan::scan(const InstalledApplications& installed, const std::str
         const auto known = known_.find(process);
         return known != known_.end() && known->second.inode == inode;
     });
-    const auto now = std::chrono::steady_clock::now();
+    const std::uint64_t now = ticksNow();
     std::map<ProcessId, Known> current;
     for (const auto& [process, inode] : folders) {
         Known known;
@@ -102,8 +92,7 @@ void BackgroundScan::scan(const InstalledApplications& installed, const std::str
 }
 
 void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplications& installed,
-                          const std::string& display,
-                          std::chrono::steady_clock::time_point now) const {
+                          const std::string& display, std::uint64_t now) const {
     const DesktopEntryIndex& index = installed.index();
     std::string comm;
     if (known.comm.empty()) {
@@ -113,13 +102,13 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
             return;
         }
         comm = stat->comm;
-        known.started = now - ageOf(*stat);
+        known.startTime = stat->startTime;
     } else {
         comm = reader_.comm(process);
     }
-    const auto age = now - known.started;
-    known.nextLook = now + std::max<std::chrono::steady_clock::duration>(firstInterval, age);
-    known.isSettled = age >= settlingTime;
+    const std::uint64_t age = now - std::min(now, known.startTime);
+    known.nextLook = now + std::max(ticksPerSecond() / looksPerSecond, age);
+    known.isSettled = age >= settlingSeconds * ticksPerSecond();
     if (comm == known.comm) {
         return;
     }

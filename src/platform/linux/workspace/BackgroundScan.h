@@ -3,7 +3,6 @@
 #include "platform/ProcessId.h"
 #include "platform/linux/workspace/ActivationRules.h"
 
-#include <chrono>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -40,16 +39,16 @@ class BackgroundScan {
     struct Known {
         /// Number of the process's folder: a later process with the same id has another one.
         std::uint64_t inode = 0;
-        /// As the steady clock would have shown it.
-        std::chrono::steady_clock::time_point started;
-        std::chrono::steady_clock::time_point nextLook;
+        /// In clock ticks since the machine started, as the next.
+        std::uint64_t startTime = 0;
+        std::uint64_t nextLook = 0;
         std::string comm;
         AgentCandidate candidate;
         bool isSettled = false;
     };
 
     void look(ProcessId process, Known& known, const InstalledApplications& installed,
-              const std::string& display, std::chrono::steady_clock::time_point now) const;
+              const std::string& display, std::uint64_t now) const;
 
     const ProcessReader& reader_;
     std::map<ProcessId, Known> known_;

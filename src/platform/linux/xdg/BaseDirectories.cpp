@@ -1,7 +1,8 @@
 #include "platform/linux/xdg/BaseDirectories.h"
 
+#include "support/TextHelpers.h"
+
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 
 namespace calmora {
@@ -15,13 +16,11 @@ std::string valueOf(const EnvironmentReader& environment, const char* name) {
 
 std::vector<std::string> split(std::string_view text, char separator) {
     std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t end = text.find(separator);
-        if (end != 0) {
-            parts.emplace_back(text.substr(0, end));
+    forEachPiece(text, separator, [&](std::string_view part) {
+        if (!part.empty()) {
+            parts.emplace_back(part);
         }
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    }
+    });
     return parts;
 }
 
@@ -71,12 +70,8 @@ BaseDirectories BaseDirectories::fromEnvironment(const EnvironmentReader& enviro
     addFolder(directories.dataDirs, "/var/lib/snapd/desktop");
     directories.executableDirs =
         folderList(valueOf(environment, "PATH"), "/usr/local/bin:/usr/bin:/bin");
-    for (std::string& desktop : split(valueOf(environment, "XDG_CURRENT_DESKTOP"), ':')) {
-        std::ranges::transform(desktop, desktop.begin(), [](unsigned char letter) {
-            return static_cast<char>(std::tolower(letter));
-        });
-        directories.currentDesktops.push_back(std::move(desktop));
-    }
+    directories.currentDesktops =
+        split(loweredAscii(valueOf(environment, "XDG_CURRENT_DESKTOP")), ':');
     return directories;
 }
 

@@ -1,25 +1,12 @@
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
+#include "support/TextHelpers.h"
+
 #include <algorithm>
 #include <tuple>
 #include <utility>
 
 namespace calmora {
-
-namespace {
-
-/// Lower case of the ASCII letters; other letters make no difference between ids.
-std::string lowered(std::string_view text) {
-    std::string lower(text);
-    for (char& letter : lower) {
-        if (letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        }
-    }
-    return lower;
-}
-
-} // namespace
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries, std::string fileManager)
     : entries_(std::move(entries)), fileManager_(std::move(fileManager)) {
@@ -32,22 +19,23 @@ DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries, std::str
         if (ids_.contains(entry.id)) {
             continue;
         }
-        const std::string lowerId = lowered(entry.id);
+        const std::string lowerId = loweredAscii(entry.id);
         add(ids_, entry.id, entry);
         add(wmClasses_, entry.startupWmClass, entry);
-        add(lowerWmClasses_, lowered(entry.startupWmClass), entry);
+        add(lowerWmClasses_, loweredAscii(entry.startupWmClass), entry);
         add(execKeys_, entry.execKey, entry);
         add(execPaths_, entry.execPath, entry);
         add(idEnds_, lowerId.substr(lowerId.rfind('.') + 1), entry);
-        add(names_, lowered(entry.unlocalizedName), entry);
+        add(names_, loweredAscii(entry.unlocalizedName), entry);
         add(paths_, entry.path.string(), entry);
     }
     for (Map* map : {&wmClasses_, &lowerWmClasses_, &execKeys_, &execPaths_}) {
         for (auto& [key, found] : *map) {
-            std::ranges::stable_sort(found, {}, [wanted = lowered(key)](const DesktopEntry* entry) {
-                return std::tuple(lowered(entry->id) != wanted, !entry->isVisible,
-                                  entry->exec.size());
-            });
+            std::ranges::stable_sort(found, {},
+                                     [wanted = loweredAscii(key)](const DesktopEntry* entry) {
+                                         return std::tuple(loweredAscii(entry->id) != wanted,
+                                                           !entry->isVisible, entry->exec.size());
+                                     });
         }
     }
 }
@@ -66,7 +54,7 @@ DesktopEntryIndex::Entries DesktopEntryIndex::withStartupWmClass(std::string_vie
 
 DesktopEntryIndex::Entries
 DesktopEntryIndex::withStartupWmClassIgnoringCase(std::string_view key) const {
-    return all(lowerWmClasses_, lowered(key));
+    return all(lowerWmClasses_, loweredAscii(key));
 }
 
 DesktopEntryIndex::Entries DesktopEntryIndex::withExecKey(std::string_view key) const {
@@ -78,11 +66,11 @@ DesktopEntryIndex::Entries DesktopEntryIndex::withExecPath(std::string_view path
 }
 
 const DesktopEntry* DesktopEntryIndex::onlyVisibleWithIdEnd(std::string_view word) const {
-    return onlyVisible(idEnds_, lowered(word));
+    return onlyVisible(idEnds_, loweredAscii(word));
 }
 
 const DesktopEntry* DesktopEntryIndex::onlyVisibleWithName(std::string_view name) const {
-    return onlyVisible(names_, lowered(name));
+    return onlyVisible(names_, loweredAscii(name));
 }
 
 DesktopEntryIndex::Entries DesktopEntryIndex::all(const Map& map, const std::string& key) {

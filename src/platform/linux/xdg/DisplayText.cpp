@@ -1,6 +1,7 @@
 #include "platform/linux/xdg/DisplayText.h"
 
 #include "support/ShownName.h"
+#include "support/TextHelpers.h"
 
 namespace calmora {
 
@@ -16,11 +17,7 @@ std::string displayLine(std::string_view text) {
         }
         text.remove_prefix(next.length);
     }
-    const std::size_t start = line.find_first_not_of(' ');
-    if (start == std::string::npos) {
-        return {};
-    }
-    return line.substr(start, line.find_last_not_of(' ') - start + 1);
+    return std::string(trimmed(line, " "));
 }
 
 } // namespace calmora

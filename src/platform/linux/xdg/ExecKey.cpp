@@ -1,5 +1,7 @@
 #include "platform/linux/xdg/ExecKey.h"
 
+#include "support/TextHelpers.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -8,10 +10,6 @@
 namespace calmora {
 
 namespace {
-
-std::string_view baseName(std::string_view path) {
-    return path.substr(path.rfind('/') + 1);
-}
 
 template <std::size_t count>
 bool isAnyOf(std::string_view name, const std::array<std::string_view, count>& names) {

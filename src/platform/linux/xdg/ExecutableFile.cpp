@@ -1,6 +1,7 @@
 #include "platform/linux/xdg/ExecutableFile.h"
 
 #include "support/FileDescriptor.h"
+#include "support/TextHelpers.h"
 
 #include <array>
 #include <climits>
@@ -36,7 +37,7 @@ std::string scriptInterpreterOf(std::string_view firstBytes) {
         line.remove_prefix(start);
         const std::string_view word = line.substr(0, line.find_first_of(" \t"));
         line.remove_prefix(word.size());
-        const std::string_view name = word.substr(word.rfind('/') + 1);
+        const std::string_view name = baseName(word);
         const bool isOfEnv =
             name == "env" || name.starts_with('-') || name.find('=') != std::string_view::npos;
         if (!isOfEnv) {

@@ -3,6 +3,7 @@
 #include "platform/linux/xdg/ExecResolver.h"
 #include "platform/linux/xdg/MimeDefaults.h"
 #include "platform/linux/xdg/TextFile.h"
+#include "support/TextHelpers.h"
 
 #include <algorithm>
 #include <functional>
@@ -242,13 +243,9 @@ bool InstalledApplications::canStart(const DesktopEntry& entry) const {
 
 bool InstalledApplications::isShown(const DesktopEntry& entry) const {
     const auto namesThisDesktop = [&](const std::vector<std::string>& desktops) {
-        return std::ranges::any_of(desktops, [&](std::string desktop) {
-            std::ranges::transform(desktop, desktop.begin(), [](char letter) {
-                return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a')
-                                                      : letter;
-            });
-            const auto& current = directories_.currentDesktops;
-            return std::ranges::find(current, desktop) != current.end();
+        const auto& current = directories_.currentDesktops;
+        return std::ranges::any_of(desktops, [&](const std::string& desktop) {
+            return std::ranges::find(current, loweredAscii(desktop)) != current.end();
         });
     };
     return (entry.onlyShowIn.empty() || namesThisDesktop(entry.onlyShowIn)) &&

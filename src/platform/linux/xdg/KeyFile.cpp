@@ -1,5 +1,7 @@
 #include "platform/linux/xdg/KeyFile.h"
 
+#include "support/TextHelpers.h"
+
 #include <utility>
 
 namespace calmora {
@@ -7,14 +9,6 @@ namespace calmora {
 namespace {
 
 constexpr std::string_view blanks = " \t\r";
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t start = text.find_first_not_of(blanks);
-    if (start == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(start, text.find_last_not_of(blanks) - start + 1);
-}
 
 char escaped(char letter) {
     switch (letter) {
@@ -42,7 +36,7 @@ void walkKeyFile(std::string_view text, const std::function<bool(const KeyFileLi
     bool isInGroup = false;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
-        const std::string_view line = trimmed(text.substr(0, end));
+        const std::string_view line = trimmed(text.substr(0, end), blanks);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
         if (line.empty() || line.front() == '#') {
             continue;
@@ -57,8 +51,8 @@ void walkKeyFile(std::string_view text, const std::function<bool(const KeyFileLi
         if (!isInGroup || equals == std::string_view::npos || equals == 0) {
             continue;
         }
-        current.key = trimmed(line.substr(0, equals));
-        current.value = trimmed(line.substr(equals + 1));
+        current.key = trimmed(line.substr(0, equals), blanks);
+        current.value = trimmed(line.substr(equals + 1), blanks);
         if (!visit(current)) {
             return;
         }
