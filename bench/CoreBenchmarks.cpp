@@ -10,6 +10,7 @@
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
 #include "platform/linux/proc/OpenFileLimit.h"
+#include "platform/linux/protection/SessionGuard.h"
 #include "settings/AppSettings.h"
 #include "support/FileDescriptor.h"
 #include "ui/AppListViewModel.h"
@@ -36,8 +37,9 @@ struct Machine {
     FakePlatform fakes;
     ProcessReader reader;
     ProcessMemory memory{reader};
-    LinuxProcessTable processes{reader, memory};
     LinuxClock clock;
+    SessionGuard guard{reader, clock, {}};
+    LinuxProcessTable processes{reader, memory, guard};
     IcuText text{"en_US.UTF-8"};
     AppSettings settings{fakes.defaults};
 

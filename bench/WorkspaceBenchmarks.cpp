@@ -9,7 +9,7 @@
 #include "platform/linux/IcuText.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/proc/ProtectedProcesses.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/xdg/InstalledApplications.h"
@@ -81,20 +81,18 @@ void refreshOverTheRealWorkspace(benchmark::State& state, std::chrono::seconds a
     }
     ProcessReader reader;
     ProcessMemory memory{reader};
-    LinuxProcessTable processes{reader, memory};
-    InstalledApplications installed{BaseDirectories::fromEnvironment(), {}};
+    LinuxClock clock;
     NoProtection protection;
+    LinuxProcessTable processes{reader, memory, protection};
+    InstalledApplications installed{BaseDirectories::fromEnvironment(), {}};
     SilentBus bus;
     LinuxWorkspace workspace{
-        {events, windows, reader, memory, processes, installed, protection, bus, {}}};
-    LinuxClock clock;
+        {clock, events, windows, reader, memory, processes, installed, protection, bus, {}}};
     IcuText text{"en_US.UTF-8"};
     AppSettings settings{fakes.defaults};
     AppListViewModel model(settings, {workspace, processes, clock, fakes.runLoop, fakes.bundle,
                                       text, fakes.strings, fakes.sounds, fakes.alerts});
-    // Listened to, but not yet on screen: each list looks through /proc by itself.
-    const Subscription launches = workspace.onLaunched([](const WorkspaceApplication&) {});
-    const Subscription ends = workspace.onTerminated([](const WorkspaceApplication&) {});
+    // Nobody listens: each list looks through /proc by itself.
     model.refresh();
     std::this_thread::sleep_for(age);
     compare(

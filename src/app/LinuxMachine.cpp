@@ -15,21 +15,21 @@ LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
       bus(sessionBus), memory(reader),
       installed(BaseDirectories::fromEnvironment(),
                 messageLocales([](const char* name) { return std::getenv(name); })),
-      fence(reader, {.display = [&windows] { return windows.displayProcesses(); },
-                     .busOwners = [this] { return bus.protectedProcesses(); },
-                     .isAutostarted =
-                         [this](const auto& commandLine, const auto& executable) {
-                             return installed.sessionAutostart().starts(commandLine, executable);
-                         },
-                     .hasRegularWindow =
-                         [&windows](ProcessId process) {
-                             return calmora::hasRegularWindow(windows.windows(), process);
-                         },
-                     .environment = {}}),
-      processes(reader, memory,
-                [this, &windows](ProcessId process) {
-                    return !fence.isProtected(process) &&
-                           !isOneOfSeveralOwners(windows.windows(), process);
+      guard(reader, clock,
+            {.display = [&windows] { return windows.displayProcesses(); },
+             .busOwners = [this] { return bus.protectedProcesses(); },
+             .isAutostarted =
+                 [this](const auto& commandLine, const auto& executable) {
+                     return installed.sessionAutostart().starts(commandLine, executable);
+                 },
+             .hasRegularWindow =
+                 [&windows](ProcessId process) {
+                     return calmora::hasRegularWindow(windows.windows(), process);
+                 },
+             .environment = {}}),
+      processes(reader, memory, guard,
+                [&windows](ProcessId process) {
+                    return isOneOfSeveralOwners(windows.windows(), process);
                 }),
       workspace({.clock = clock,
                  .events = events,
@@ -38,7 +38,7 @@ LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
                  .memory = memory,
                  .processes = processes,
                  .installed = installed,
-                 .protection = fence,
+                 .protection = guard,
                  .bus = bus,
                  .home = BaseDirectories::fromEnvironment().home.string()}),
       watch(events.descriptor(), alertSession, [&events] { events.dispatch(); }) {}

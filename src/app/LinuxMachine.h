@@ -8,7 +8,7 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
-#include "platform/linux/protection/SessionFence.h"
+#include "platform/linux/protection/SessionGuard.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 #include "platform/linux/xdg/InstalledBundle.h"
@@ -36,7 +36,7 @@ struct LinuxMachine {
     ProcessReader reader;
     ProcessMemory memory;
     InstalledApplications installed;
-    SessionFence fence;
+    SessionGuard guard;
     LinuxProcessTable processes;
     LinuxWorkspace workspace;
     DescriptorWatch watch;

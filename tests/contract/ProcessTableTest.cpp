@@ -1,5 +1,7 @@
 #include "fakes/FakeProcessTable.h"
+#include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/linux/protection/SessionGuard.h"
 #include "support/RealProcess.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +44,9 @@ struct LinuxProcesses {
     ProcessReader reader;
     ProcessMemory memory{reader};
     std::map<ProcessId, std::unique_ptr<RealProcess>> children;
-    LinuxProcessTable table{reader, memory};
+    LinuxClock clock;
+    SessionGuard guard{reader, clock, {}};
+    LinuxProcessTable table{reader, memory, guard};
 };
 
 template <typename Processes>

@@ -1,4 +1,6 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
+#include "platform/linux/proc/LinuxClock.h"
+#include "platform/linux/protection/SessionGuard.h"
 #include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
@@ -31,7 +33,9 @@ struct Table {
 
     ProcessReader reader;
     ProcessMemory memory;
-    LinuxProcessTable table{reader, memory};
+    LinuxClock clock;
+    SessionGuard guard{reader, clock, {}};
+    LinuxProcessTable table{reader, memory, guard};
 };
 
 bool isAlive(ProcessId process) {
@@ -136,7 +140,7 @@ TEST(LinuxProcessTable, NeverSignalsInitItselfItsAncestorsOrTheKernel) {
     Table table;
     EXPECT_EQ(table.signal(0, SIGCONT), ESRCH);
     EXPECT_EQ(table.signal(-1, SIGCONT), ESRCH);
-    // SIGCONT does no harm where the fence fails.
+    // SIGCONT does no harm where the guard fails.
     for (ProcessId ours = getpid(); ours > 0; ours = table.table.parent(ours).value_or(0)) {
         EXPECT_EQ(table.signal(ours, SIGCONT), EPERM) << ours;
     }
@@ -333,8 +337,14 @@ TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdAsRecorded) {
     writeRecord(name, process.id(), "1000");
     ProcessReader reader(name);
     ProcessMemory memory(reader, 0);
-    bool isSpared = false;
-    LinuxProcessTable table(reader, memory, [&](ProcessId) { return !isSpared; });
+
+    struct Switch final : ProtectedProcesses {
+        bool isProtected(ProcessId) override { return isOn; }
+
+        bool isOn = false;
+    } spared;
+
+    LinuxProcessTable table(reader, memory, spared);
     EXPECT_TRUE(table.hold(process.id()));
     EXPECT_EQ(table.sendSignal(process.id(), 0), 0);
     EXPECT_TRUE(table.counters(process.id()));
@@ -347,11 +357,11 @@ TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdAsRecorded) {
     writeRecord(name, process.id(), "1000");
     EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), -1);
     EXPECT_TRUE(table.hold(process.id()));
-    isSpared = true;
+    spared.isOn = true;
     EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), -1);
     EXPECT_EQ(errno, EPERM) << "the guard is asked of every signal";
     EXPECT_TRUE(isAlive(process.id()));
-    isSpared = false;
+    spared.isOn = false;
     EXPECT_EQ(table.sendSignal(process.id(), SIGKILL), 0);
 }
 

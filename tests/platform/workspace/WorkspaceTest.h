@@ -5,7 +5,7 @@
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "platform/linux/protection/SessionFence.h"
+#include "platform/linux/protection/SessionGuard.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
@@ -97,8 +97,9 @@ struct LinuxDesktop {
                             }};
     ProcessReader reader;
     ProcessMemory memory{reader};
-    SessionFence fence{
+    SessionGuard guard{
         reader,
+        clock,
         {.display = [this] { return windows.displayProcesses(); },
          .busOwners = [this] { return bus.protectedProcesses(); },
          .isAutostarted =
@@ -108,14 +109,13 @@ struct LinuxDesktop {
          .hasRegularWindow =
              [this](ProcessId process) { return hasRegularWindow(windows.windows(), process); },
          .environment = [this](const char* name) { return desktop.variable(name); }}};
-    LinuxProcessTable table{reader, memory,
-                            [this](ProcessId process) { return !fence.isProtected(process); }};
+    LinuxProcessTable table{reader, memory, guard};
     InstalledApplications installed{BaseDirectories::fromEnvironment([this](const char* name) {
                                         return desktop.variable(name);
                                     }),
                                     {}};
     FakeBus bus;
-    LinuxWorkspace workspace{{clock, events, windows, reader, memory, table, installed, fence, bus,
+    LinuxWorkspace workspace{{clock, events, windows, reader, memory, table, installed, guard, bus,
                               desktop.home().string()}};
     FakePlatform rest;
     AppQuitter quitter{Platform{workspace, table, clock, rest.runLoop, rest.bundle, rest.text,

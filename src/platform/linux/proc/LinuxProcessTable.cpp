@@ -38,8 +38,9 @@ std::size_t halfOfOpenFiles() {
 } // namespace
 
 LinuxProcessTable::LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
-                                     SignalGuard guard)
-    : reader_(reader), memory_(memory), guard_(std::move(guard)), fileLimit_(halfOfOpenFiles()),
+                                     ProtectedProcesses& protection,
+                                     std::function<bool(ProcessId)> isSpared)
+    : reader_(reader), memory_(memory), protection_(protection), isSpared_(std::move(isSpared)), fileLimit_(halfOfOpenFiles()),
       pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
 
 std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
@@ -169,7 +170,10 @@ std::int32_t LinuxProcessTable::sendSignal(ProcessId process, std::int32_t signa
     if (memory_.isGone(process) || (descriptor && descriptor->hasExited())) {
         return refuse(ESRCH);
     }
-    if (isBehindBasicFence(reader_, process) || (guard_ && !guard_(process))) {
+    // Signal 0 only asks whether the process is there.
+    const bool isProtected =
+        signal == 0 ? protection_.isProtected(process) : protection_.isProtectedNow(process);
+    if (isProtected || (isSpared_ && isSpared_(process))) {
         return refuse(memory_.isGone(process) ? ESRCH : EPERM);
     }
     if (signal == 0) {

@@ -3,11 +3,12 @@
 #include "platform/ProcessTable.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
-#include "platform/linux/proc/SignalFence.h"
+#include "platform/linux/proc/ProtectedProcesses.h"
 #include "support/FileDescriptor.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -26,9 +27,12 @@ namespace calmora {
 /// RssAnon + VmSwap of status while it has.
 class LinuxProcessTable final : public ProcessTable {
   public:
-    /// `memory` is shared with whoever lists processes. `guard` is asked in addition to the basic
-    /// fence; empty allows what that allows. `reader` and `memory` outlive the table.
-    LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory, SignalGuard guard = {});
+    /// `memory` is shared with whoever lists processes. `protection` is asked before each signal,
+    /// and so is `isSpared`, which names applications that may be asked but not signalled; empty
+    /// names none. The references must outlive the table.
+    LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
+                      ProtectedProcesses& protection,
+                      std::function<bool(ProcessId)> isSpared = {});
 
     [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override;
     [[nodiscard]] std::vector<ProcessId> allProcesses() const override;
@@ -37,7 +41,7 @@ class LinuxProcessTable final : public ProcessTable {
     [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override;
     void retainCounters(const std::vector<ProcessId>& processes) override;
 
-    /// Goes through a pidfd that is opened before start time, owner and guard are checked.
+    /// Goes through a pidfd that is opened before start time and protection are checked.
     std::int32_t sendSignal(ProcessId process, std::int32_t signal) override;
 
   private:
@@ -55,7 +59,8 @@ class LinuxProcessTable final : public ProcessTable {
 
     const ProcessReader& reader_;
     ProcessMemory& memory_;
-    SignalGuard guard_;
+    ProtectedProcesses& protection_;
+    std::function<bool(ProcessId)> isSpared_;
     /// Kept open from sample to sample; one for each retained process, as far as the limit allows.
     std::unordered_map<ProcessId, CounterFile> retained_;
     std::size_t fileLimit_;

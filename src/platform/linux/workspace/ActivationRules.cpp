@@ -1,5 +1,7 @@
 #include "platform/linux/workspace/ActivationRules.h"
 
+#include "platform/linux/proc/Ancestors.h"
+
 #include <algorithm>
 #include <map>
 #include <tuple>
@@ -23,16 +25,18 @@ std::set<ProcessId> wrappersOf(const std::set<ProcessId>& applications,
     for (const ProcessId application : applications) {
         const auto own = byProcess.find(application);
         const bool isCandidate = own != byProcess.end();
-        ProcessId ancestor = hasScripts || isCandidate ? parentOf(application) : 0;
-        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
+        if (!hasScripts && !isCandidate) {
+            continue;
+        }
+        static_cast<void>(anyAncestor(application, parentOf, [&](ProcessId ancestor) {
             const auto found = byProcess.find(ancestor);
             if (found != byProcess.end() &&
                 (found->second->isShellScript ||
                  (isCandidate && found->second->identifier == own->second->identifier))) {
                 wrappers.insert(ancestor);
             }
-            ancestor = parentOf(ancestor);
-        }
+            return false;
+        }));
     }
     return wrappers;
 }
@@ -72,17 +76,11 @@ std::vector<ProcessId> topmostAgents(std::span<const AgentCandidate> candidates,
         if (!candidate.unit.empty() && firstOfUnit.at(candidate.unit).second != candidate.process) {
             return true;
         }
-        // Bounded, since the tree may change while it is climbed.
-        ProcessId ancestor = parentOf(candidate.process);
-        for (int depth = 0; depth < 64 && ancestor > 1; ++depth) {
+        return anyAncestor(candidate.process, parentOf, [&](ProcessId ancestor) {
             const auto found = byProcess.find(ancestor);
-            if (applications.contains(ancestor) || isInstalled(ancestor) ||
-                (found != byProcess.end() && found->second->identifier == candidate.identifier)) {
-                return true;
-            }
-            ancestor = parentOf(ancestor);
-        }
-        return false;
+            return applications.contains(ancestor) || isInstalled(ancestor) ||
+                   (found != byProcess.end() && found->second->identifier == candidate.identifier);
+        });
     };
     const std::set<ProcessId> wrappers = wrappersOf(applications, byProcess, parentOf);
     std::vector<ProcessId> agents;

@@ -4,7 +4,7 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/proc/ProcessMemory.h"
 #include "platform/linux/proc/ProcessReader.h"
-#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/proc/ProtectedProcesses.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/xdg/InstalledApplications.h"

@@ -3,7 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/ProcessTable.h"
 #include "platform/linux/proc/ProcessMemory.h"
-#include "platform/linux/protection/ProtectedProcesses.h"
+#include "platform/linux/proc/ProtectedProcesses.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/workspace/BusApplications.h"
 
@@ -54,7 +54,7 @@ bool LinuxRunningApplication::isTerminated() const {
 
 bool LinuxRunningApplication::terminate() {
     const ProcessId process = processIdentifier();
-    if (isTerminated() || sources_.protection.isProtected(process)) {
+    if (isTerminated() || sources_.protection.isProtectedNow(process)) {
         return false;
     }
     requests_.forgetEnded([this](ProcessId asked, std::uint64_t startTime) {

@@ -1,4 +1,6 @@
-#include "platform/linux/protection/SessionFence.h"
+#include "platform/linux/protection/SessionGuard.h"
+
+#include "platform/linux/proc/LinuxClock.h"
 #include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
@@ -38,77 +40,88 @@ void listenAt(const std::string& path) {
     }
 }
 
-class SessionFenceTest : public testing::Test {
+class SessionGuardTest : public testing::Test {
   protected:
-    SessionFenceTest() {
+    SessionGuardTest() {
         std::filesystem::create_directories(folder / "pulse");
         environment["XDG_RUNTIME_DIR"] = folder;
     }
 
-    SessionFence fence(std::vector<ProcessId> display = {}, std::vector<ProcessId> owners = {}) {
+    SessionGuard guarded(std::vector<ProcessId> display = {}, std::vector<ProcessId> owners = {}) {
         const auto variable = [this](const std::string& name) {
             return environment.contains(name) ? environment[name].c_str() : nullptr;
         };
-        return SessionFence(reader, {.display = [display] { return display; },
-                                     .busOwners = [owners] { return owners; },
-                                     .environment = variable,
-                                     .loginSessions = folder});
+        return SessionGuard(reader, clock,
+                            {.display = [display] { return display; },
+                             .busOwners = [owners] { return owners; },
+                             .environment = variable,
+                             .loginSessions = folder});
     }
 
+    const LinuxClock clock;
     const ProcessReader reader;
     const TempFolder temporary;
     const std::filesystem::path& folder = temporary.path();
     std::map<std::string, std::string> environment;
 };
 
-TEST_F(SessionFenceTest, knowsRealProcesses) {
+TEST_F(SessionGuardTest, knowsRealProcesses) {
     using enum ProtectionReason;
     const RealProcess application;
     const RealProcess panel;
     const RealProcess portal;
     const RealProcess windowManager([] { prctl(PR_SET_NAME, "xfwm4"); });
-    SessionFence fence = this->fence({panel.id()}, {portal.id()});
-    EXPECT_EQ(fence.reason(application.id()), std::nullopt);
-    EXPECT_EQ(fence.reason(panel.id()), display);
-    EXPECT_EQ(fence.reason(portal.id()), busOwner);
-    EXPECT_EQ(fence.reason(windowManager.id()), name);
-    EXPECT_EQ(fence.reason(getpid()), ourselves);
-    EXPECT_EQ(fence.reason(getppid()), ourAncestor);
-    EXPECT_EQ(fence.reason(1), firstProcesses);
-    EXPECT_EQ(fence.reason(1 << 22), unreadable) << "above the largest process id";
+    SessionGuard guard = guarded({panel.id()}, {portal.id()});
+    EXPECT_EQ(guard.reason(application.id()), std::nullopt);
+    EXPECT_EQ(guard.reason(panel.id()), display);
+    EXPECT_EQ(guard.reason(portal.id()), busOwner);
+    EXPECT_EQ(guard.reason(windowManager.id()), name);
+    EXPECT_EQ(guard.reason(getpid()), ourselves);
+    EXPECT_EQ(guard.reason(getppid()), ourAncestor);
+    EXPECT_EQ(guard.reason(1), firstProcesses);
+    EXPECT_EQ(guard.reason(1 << 22), unreadable) << "above the largest process id";
     if (getuid() == 0) {
         const RealProcess other([] { setuid(calmora::nobody) == 0 ? void() : _exit(1); });
-        EXPECT_EQ(fence.reason(other.id()), anotherUser);
+        EXPECT_EQ(guard.reason(other.id()), anotherUser);
     }
 }
 
-TEST_F(SessionFenceTest, findsServersByTheirSockets) {
+TEST_F(SessionGuardTest, readsTheSessionAgainBeforeASignal) {
+    const RealProcess panel;
+    std::vector<ProcessId> display;
+    SessionGuard guard(reader, clock, {.display = [&] { return display; }});
+    EXPECT_FALSE(guard.isProtected(panel.id()));
+    display = {panel.id()};
+    EXPECT_TRUE(guard.isProtectedNow(panel.id()));
+}
+
+TEST_F(SessionGuardTest, findsServersByTheirSockets) {
     using enum ProtectionReason;
     const std::string pipewire = folder / "pipewire-0";
     const std::string pulse = folder / "pulse/native";
-    const std::string abstract = "@fence-test-" + std::to_string(getpid());
+    const std::string abstract = "@guard-test-" + std::to_string(getpid());
     const RealProcess manager([&] { listenAt(abstract); });
     const RealProcess second([&] { listenAt(pulse); });
     environment["SESSION_MANAGER"] = "tcp/host:1,local/host:" + abstract + ",unix/host:/nowhere";
-    SessionFence fence = this->fence();
+    SessionGuard guard = guarded();
     {
         const RealProcess first([&] { listenAt(pipewire); });
-        EXPECT_EQ(fence.reason(first.id()), audioServer);
-        EXPECT_EQ(fence.reason(second.id()), audioServer);
-        EXPECT_EQ(fence.reason(manager.id()), session);
+        EXPECT_EQ(guard.reason(first.id()), audioServer);
+        EXPECT_EQ(guard.reason(second.id()), audioServer);
+        EXPECT_EQ(guard.reason(manager.id()), session);
     }
     const RealProcess next([&] { listenAt(pipewire); });
-    EXPECT_TRUE(waitFor([&] { return fence.isProtected(next.id()); }));
-    EXPECT_EQ(fence.reason(next.id()), audioServer) << "a server that was started again";
+    EXPECT_TRUE(waitFor([&] { return guard.isProtected(next.id()); }));
+    EXPECT_EQ(guard.reason(next.id()), audioServer) << "a server that was started again";
 }
 
-TEST_F(SessionFenceTest, findsTheLeaderOfTheLoginSession) {
+TEST_F(SessionGuardTest, findsTheLeaderOfTheLoginSession) {
     const RealProcess leader;
     std::ofstream(folder / "c7") << "# private\nUID=0\nLEADER=" << leader.id() << "\nAUDIT=1\n";
     environment["XDG_SESSION_ID"] = "c7";
-    EXPECT_EQ(fence().reason(leader.id()), ProtectionReason::session);
+    EXPECT_EQ(guarded().reason(leader.id()), ProtectionReason::session);
     environment["XDG_SESSION_ID"] = "../c7";
-    EXPECT_EQ(fence().reason(leader.id()), std::nullopt);
+    EXPECT_EQ(guarded().reason(leader.id()), std::nullopt);
 }
 
 TEST(SocketPeersTest, readNamesOfSockets) {

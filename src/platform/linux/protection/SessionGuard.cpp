@@ -1,30 +1,19 @@
-#include "platform/linux/protection/SessionFence.h"
+#include "platform/linux/protection/SessionGuard.h"
 
-#include "platform/linux/proc/ProcFiles.h"
-#include "support/FileDescriptor.h"
+#include "platform/linux/proc/Ancestors.h"
+#include "platform/linux/xdg/TextFile.h"
+#include "support/TextHelpers.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <string>
 #include <utility>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace calmora {
 namespace {
 
 constexpr std::chrono::milliseconds factsLifetime{250};
-/// More ancestors than any process has.
-constexpr int ancestorLimit = 64;
-
-/// The first 4 KiB of a file.
-std::string readAll(const FileDescriptor& file) {
-    std::array<char, 4096> buffer{};
-    const ssize_t size = file ? read(file.get(), buffer.data(), buffer.size()) : 0;
-    return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))};
-}
 
 void fill(std::set<ProcessId>& processes, const std::function<std::vector<ProcessId>()>& source) {
     if (source) {
@@ -33,21 +22,22 @@ void fill(std::set<ProcessId>& processes, const std::function<std::vector<Proces
     }
 }
 
-std::string baseName(const std::string& path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
 } // namespace
 
-SessionFence::SessionFence(const ProcessReader& reader, Sources sources)
-    : reader_(reader), sources_(std::move(sources)), peers_(reader) {}
+SessionGuard::SessionGuard(const ProcessReader& reader, const Clock& clock, Sources sources)
+    : reader_(reader), clock_(clock), sources_(std::move(sources)), peers_(reader) {}
 
-bool SessionFence::isProtected(ProcessId process) {
+bool SessionGuard::isProtected(ProcessId process) {
     return reason(process).has_value();
 }
 
-std::optional<ProtectionReason> SessionFence::reason(ProcessId process) {
-    const auto now = std::chrono::steady_clock::now();
+bool SessionGuard::isProtectedNow(ProcessId process) {
+    gathered_.reset();
+    return isProtected(process);
+}
+
+std::optional<ProtectionReason> SessionGuard::reason(ProcessId process) {
+    const auto now = monotonicTime(clock_);
     if (!gathered_ || now - *gathered_ > factsLifetime) {
         session_ = gather();
         gathered_ = now;
@@ -63,14 +53,15 @@ std::optional<ProtectionReason> SessionFence::reason(ProcessId process) {
         return ProtectionReason::unreadable;
     }
     const auto executable = reader_.executable(process);
-    ProtectionCandidate candidate{.process = process,
-                                  .user = status->realUser,
-                                  .isKernelThread = stat->isKernelThread,
-                                  .controlGroup = controlGroup(process),
-                                  .name = stat->comm,
-                                  .executable = baseName(executable.value_or("")),
-                                  .isAutostarted = false,
-                                  .hasRegularWindow = false};
+    ProtectionCandidate candidate{
+        .process = process,
+        .user = status->realUser,
+        .isKernelThread = stat->isKernelThread,
+        .controlGroup = reader_.controlGroup(process),
+        .name = stat->comm,
+        .executable = std::string(baseName(executable ? *executable : std::string_view())),
+        .isAutostarted = false,
+        .hasRegularWindow = false};
     candidate.isAutostarted =
         sources_.isAutostarted && sources_.isAutostarted(reader_.commandLine(process), executable);
     candidate.hasRegularWindow =
@@ -78,17 +69,19 @@ std::optional<ProtectionReason> SessionFence::reason(ProcessId process) {
     return protection(candidate, session_);
 }
 
-SessionFacts SessionFence::gather() {
+SessionFacts SessionGuard::gather() {
     SessionFacts facts;
     facts.self = getpid();
     facts.user = getuid();
-    facts.controlGroup = controlGroup(facts.self);
-
-    auto ancestor = reader_.stat(facts.self);
-    for (int i = 0; i < ancestorLimit && ancestor && ancestor->parent > 0; ++i) {
-        facts.ancestors.insert(ancestor->parent);
-        ancestor = reader_.stat(ancestor->parent);
-    }
+    facts.controlGroup = reader_.controlGroup(facts.self);
+    const auto parentOf = [this](ProcessId process) {
+        const auto stat = reader_.stat(process);
+        return stat ? stat->parent : 0;
+    };
+    static_cast<void>(anyAncestor(facts.self, parentOf, [&](ProcessId ancestor) {
+        facts.ancestors.insert(ancestor);
+        return false;
+    }));
     fill(facts.display, sources_.display);
 
     for (const std::string& path : sessionManagerSockets(variable("SESSION_MANAGER"))) {
@@ -96,9 +89,8 @@ SessionFacts SessionFence::gather() {
     }
     const std::string session = variable("XDG_SESSION_ID");
     if (!session.empty() && session.find('/') == std::string::npos) {
-        const FileDescriptor file(
-            open((sources_.loginSessions / session).c_str(), O_RDONLY | O_CLOEXEC));
-        if (const auto leader = sessionLeader(readAll(file))) {
+        const auto text = readTextFile(sources_.loginSessions / session);
+        if (const auto leader = sessionLeader(text.value_or(""))) {
             facts.session.insert(*leader);
         }
     }
@@ -116,16 +108,12 @@ SessionFacts SessionFence::gather() {
     return facts;
 }
 
-std::string SessionFence::controlGroup(ProcessId process) const {
-    return parseCgroup(readAll(reader_.open(process, "cgroup")));
-}
-
-std::string SessionFence::variable(const char* name) const {
+std::string SessionGuard::variable(const char* name) const {
     const char* value = sources_.environment ? sources_.environment(name) : std::getenv(name);
     return value ? value : "";
 }
 
-void SessionFence::addListener(std::set<ProcessId>& processes, const std::string& path) {
+void SessionGuard::addListener(std::set<ProcessId>& processes, const std::string& path) {
     if (const auto process = peers_.listener(path)) {
         processes.insert(*process);
     }
