@@ -138,27 +138,6 @@ TEST(LinuxWorkspaceTest, ListsWindowsByProcessAndAge) {
     EXPECT_THAT(processes, ElementsAre(first, second));
 }
 
-TEST(LinuxWorkspaceTest, ListsFiveHundredProcessesWithAWindowEach) {
-    LinuxDesktop machine({.windowManager = ""});
-    const Subscription listening = machine.workspace.onLaunched([](const auto&) {});
-    std::set<pid_t> expected;
-    for (int i = 0; i < 500; ++i) {
-        expected.insert(machine.client({"--class", "App" + std::to_string(i)}));
-    }
-    std::set<pid_t> listed;
-    EXPECT_TRUE(pumpUntil(
-        machine.events,
-        [&] {
-            listed.clear();
-            for (const auto& application : machine.workspace.runningApplications()) {
-                listed.insert(application.processIdentifier);
-            }
-            return listed.size() == expected.size();
-        },
-        40s));
-    EXPECT_EQ(listed, expected);
-}
-
 TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     LinuxDesktop machine;
     const fs::path entries = machine.desktop.home() / "data" / "applications";
