@@ -130,7 +130,7 @@ TEST_F(MalformedMessages, AreRefusedAsCalls) {
     item.setMenu([&] { return std::vector<StatusMenuItem>{{"Quit", "q", true, [&] { ++done; }}}; });
     item.setAction([&](StatusEvent) { ++done; });
     ApplicationObject application(own, "org.example.Tool", [&] { ++done; });
-    const std::string refusal = QDBusError::errorString(QDBusError::InvalidArgs).toStdString();
+    const std::string refusal = QDBusError::errorString(QDBusError::UnknownMethod).toStdString();
     const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
     for (const auto& row : methods) {
         std::vector<std::pair<QString, QDBusPendingCall>> calls;
@@ -145,11 +145,11 @@ TEST_F(MalformedMessages, AreRefusedAsCalls) {
                 send(arguments, types);
             }
         }
-        send({endless}, "endless ai");
-        send({endless, QStringList()}, "endless aias");
+        send({endless}, "ai");
+        send({endless, QStringList()}, "aias");
         for (auto& [types, call] : calls) {
             ASSERT_TRUE(waitFor([&] { return call.isFinished(); })) << row.method;
-            EXPECT_EQ(call.reply().errorName().toStdString(), refusal)
+            EXPECT_EQ(call.reply().errorName().toStdString(), types == row.types ? "" : refusal)
                 << row.method << " with " << types.toStdString();
         }
     }

@@ -1,6 +1,6 @@
 #include "platform/desktop/DbusApplications.h"
 
-#include "platform/desktop/dbus/AsyncCall.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 #include <algorithm>
@@ -93,11 +93,11 @@ bool isNameOfBus(const QString& name) {
     });
 }
 
-QDBusMessage propertyCall(const QString& service, const QString& path, const QString& interface,
-                          const QString& property) {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, propertiesInterface, "Get");
-    call.setArguments({interface, property});
-    return call;
+QDBusMessage actionsCall(const ExportedActions& actions, const QString& method,
+                         const QVariantList& arguments = {}) {
+    return methodCall(QString::fromStdString(actions.busName),
+                      QString::fromStdString(actions.objectPath), "org.gtk.Actions", method,
+                      arguments);
 }
 
 bool owns(const BusNames& names, ProcessId process) {
@@ -242,8 +242,7 @@ bool DbusApplications::quitMediaPlayer(ProcessId process) {
     }
     bool isSent = false;
     for (const QString& player : players) {
-        isSent |= connection_.send(
-            QDBusMessage::createMethodCall(player, playerPath, playerInterface, "Quit"));
+        isSent |= connection_.send(methodCall(player, playerPath, playerInterface, "Quit"));
     }
     hasUnflushed_ |= isSent;
     return isSent;
@@ -254,25 +253,20 @@ void DbusApplications::learnActions(const ExportedActions& actions) {
     if (!connection_.isConnected() || quitActions_.contains(key)) {
         return;
     }
-    const QDBusMessage call = QDBusMessage::createMethodCall(
-        QString::fromStdString(actions.busName), QString::fromStdString(actions.objectPath),
-        "org.gtk.Actions", "List");
-    callAsync(connection_, call, panelWatcher_, [this, key](const QDBusMessage& reply) {
-        if (readArgument<QStringList>(reply).value_or(QStringList()).contains("quit")) {
-            quitActions_.insert(key);
-        }
-    });
+    callAsync(connection_, actionsCall(actions, "List"), panelWatcher_,
+              [this, key](const QDBusMessage& reply) {
+                  if (readArgument<QStringList>(reply).value_or(QStringList()).contains("quit")) {
+                      quitActions_.insert(key);
+                  }
+              });
 }
 
 bool DbusApplications::activateQuit(const ExportedActions& actions) {
     if (!quitActions_.contains({actions.busName, actions.objectPath})) {
         return false;
     }
-    QDBusMessage call = QDBusMessage::createMethodCall(QString::fromStdString(actions.busName),
-                                                       QString::fromStdString(actions.objectPath),
-                                                       "org.gtk.Actions", "Activate");
-    call.setArguments({QString("quit"), QVariantList(), QVariantMap()});
-    const bool isSent = connection_.send(call);
+    const bool isSent = connection_.send(
+        actionsCall(actions, "Activate", {QString("quit"), QVariantList(), QVariantMap()}));
     hasUnflushed_ |= isSent;
     return isSent;
 }

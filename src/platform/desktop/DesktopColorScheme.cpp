@@ -1,12 +1,7 @@
 #include "platform/desktop/DesktopColorScheme.h"
 
-#include "platform/desktop/dbus/AsyncCall.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
-
-#include <QDBusConnection>
-#include <QDBusMessage>
-
-#include <utility>
 
 namespace calmora {
 namespace {
@@ -17,49 +12,43 @@ constexpr auto interface = "org.freedesktop.portal.Settings";
 constexpr auto appearance = "org.freedesktop.appearance";
 constexpr auto colorScheme = "color-scheme";
 
-/// Values of color-scheme; 0 and unknown ones mean no preference.
-enum Scheme : unsigned { preferDark = 1, preferLight = 2 };
-
 } // namespace
 
-DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus) {
-    QDBusConnection bus = sessionBus;
-    if (!bus.isConnected()) {
+DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus)
+    : setting_(sessionBus,
+               {.path = path,
+                .interface = interface,
+                .name = "SettingChanged",
+                .arguments = {appearance, colorScheme},
+                .service = service},
+               [this](const QDBusMessage& signal) {
+                   if (const auto change = readArguments<QString, QString, QDBusVariant>(signal)) {
+                       notify(std::get<2>(*change).variant());
+                   }
+               }) {
+    if (!sessionBus.isConnected()) {
         return;
     }
-    bus.connect(service, path, interface, "SettingChanged", this,
-                SLOT(settingChanged(QDBusMessage)));
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, "Read");
-    question << QString(appearance) << QString(colorScheme);
-    callAsync(bus, question, *this, [this](const QDBusMessage& answer) {
-        if (const auto value = readArgument<QDBusVariant>(answer)) {
-            // Read() wraps its answer in a second variant.
-            tell(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
-        }
-    });
+    callAsync(sessionBus, methodCall(service, path, interface, "Read", {appearance, colorScheme}),
+              setting_, [this](const QDBusMessage& answer) {
+                  if (const auto value = readArgument<QDBusVariant>(answer)) {
+                      // Read() wraps its answer in a second variant.
+                      notify(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
+                  }
+              });
 }
 
 Subscription DesktopColorScheme::onChanged(std::function<void(bool)> handler) {
     return changed_.connect(std::move(handler));
 }
 
-void DesktopColorScheme::settingChanged(const QDBusMessage& signal) {
-    const auto change = readArguments<QString, QString, QDBusVariant>(signal);
-    if (change && std::get<0>(*change) == appearance && std::get<1>(*change) == colorScheme) {
-        tell(std::get<2>(*change).variant());
-    }
-}
-
-void DesktopColorScheme::tell(const QVariant& scheme) {
-    switch (readValue<uint>(scheme).value_or(0)) {
-    case preferDark:
-        changed_.emit(true);
-        break;
-    case preferLight:
-        changed_.emit(false);
-        break;
-    default:
-        break;
+void DesktopColorScheme::notify(const QVariant& scheme) const {
+    constexpr uint dark = 1;
+    constexpr uint light = 2;
+    // Other values mean no preference.
+    const uint preferred = readValue<uint>(scheme).value_or(0);
+    if (preferred == dark || preferred == light) {
+        changed_.emit(preferred == dark);
     }
 }
 

@@ -1,35 +1,32 @@
 #pragma once
 
+#include "platform/desktop/dbus/BusSignal.h"
 #include "support/Signal.h"
 
-#include <QObject>
+#include <QDBusConnection>
 
-class QDBusConnection;
-class QDBusMessage;
+#include <functional>
+
 class QVariant;
 
 namespace calmora {
 
-/// Whether the desktop prefers dark windows, asked of its settings portal and followed while it
-/// changes. Nothing blocks: until the portal has answered, and where there is none, no preference
-/// is told and the toolkit's own palette stays.
+/// Whether the desktop prefers dark windows, read from its settings portal and followed while it
+/// changes. Never blocks. Until the portal has answered, and where there is none, the toolkit's own
+/// palette stays.
 /// Source: XDG Desktop Portal, org.freedesktop.portal.Settings, org.freedesktop.appearance.
-class DesktopColorScheme final : public QObject {
-    Q_OBJECT
-
+class DesktopColorScheme final {
   public:
     explicit DesktopColorScheme(const QDBusConnection& sessionBus);
 
-    /// Tells the preference when it is learnt and at each change: true for dark.
+    /// Called with the preference when it is known and at each change: true for dark.
     [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler);
 
-  private Q_SLOTS:
-    void settingChanged(const QDBusMessage& signal);
-
   private:
-    void tell(const QVariant& scheme);
+    void notify(const QVariant& scheme) const;
 
     Signal<bool> changed_;
+    BusSignal setting_;
 };
 
 } // namespace calmora

@@ -1,6 +1,6 @@
 #include "platform/desktop/DesktopNotifications.h"
 
-#include "platform/desktop/dbus/AsyncCall.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 #include <QDBusMessage>
@@ -11,11 +11,8 @@ namespace calmora {
 namespace {
 
 QDBusMessage serverCall(const QString& method, const QVariantList& arguments = {}) {
-    QDBusMessage call = QDBusMessage::createMethodCall("org.freedesktop.Notifications",
-                                                       "/org/freedesktop/Notifications",
-                                                       "org.freedesktop.Notifications", method);
-    call.setArguments(arguments);
-    return call;
+    return methodCall("org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+                      "org.freedesktop.Notifications", method, arguments);
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 
 namespace calmora {
 
-/// Hands one signal of the bus, whoever sends it, to a function for as long as this object lives.
+/// Passes one signal of the bus to a function for as long as this object lives.
 class BusSignal : public QObject {
     Q_OBJECT
 
@@ -20,14 +20,17 @@ class BusSignal : public QObject {
         QString interface;
         QString name;
         /// Wanted values of the first arguments.
-        QStringList arguments;
+        QStringList arguments = {};
+        /// The sender; empty means anyone.
+        QString service = {};
     };
 
-    BusSignal(const QDBusConnection& connection, const Match& match,
+    BusSignal(QDBusConnection connection, const Match& match,
               std::function<void(const QDBusMessage&)> handler);
 
   private Q_SLOTS:
-    void receive(const QDBusMessage& message);
+
+    void receive(const QDBusMessage& message) { handler_(message); }
 
   private:
     std::function<void(const QDBusMessage&)> handler_;

@@ -1,7 +1,5 @@
 #include "platform/desktop/dbus/Messages.h"
 
-#include <QDBusError>
-
 namespace calmora {
 
 QString typeOf(const QVariant& value) {
@@ -31,21 +29,6 @@ bool readInto(QStringList& list, const QVariant& from) {
     }
     list = from.toStringList();
     return list.size() <= longestList;
-}
-
-bool answerCall(const QDBusConnection& connection, const QDBusMessage& call,
-                const QVariantList& arguments) {
-    if (call.isReplyRequired()) {
-        connection.send(call.createReply(arguments));
-    }
-    return true;
-}
-
-bool refuseCall(const QDBusConnection& connection, const QDBusMessage& call, const QString& why) {
-    if (call.isReplyRequired()) {
-        connection.send(call.createErrorReply(QDBusError::InvalidArgs, why));
-    }
-    return true;
 }
 
 } // namespace calmora

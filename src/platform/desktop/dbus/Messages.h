@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
@@ -108,13 +107,5 @@ template <typename Value>
     const auto variant = readArgument<QDBusVariant>(answer);
     return variant ? readValue<Value>(variant->variant()) : std::nullopt;
 }
-
-/// Answers a call where an answer is wanted. True: the call is dealt with.
-bool answerCall(const QDBusConnection& connection, const QDBusMessage& call,
-                const QVariantList& arguments = {});
-
-/// Answers a call that cannot be understood, or names what there is not, with InvalidArgs. True:
-/// the call is dealt with.
-bool refuseCall(const QDBusConnection& connection, const QDBusMessage& call, const QString& why);
 
 } // namespace calmora

@@ -1,5 +1,6 @@
 #include "platform/desktop/shortcuts/KdeShortcuts.h"
 
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 #include <QDBusObjectPath>
@@ -14,14 +15,13 @@ namespace calmora {
 namespace {
 
 /// In milliseconds, for each of the two rounds.
-constexpr int patience = 150;
+constexpr int timeout = 150;
 
 QDBusPendingCall ask(const QDBusConnection& bus, const QString& path, const char* interface,
                      const char* method) {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall("org.kde.kglobalaccel", path, interface, method);
+    QDBusMessage call = methodCall("org.kde.kglobalaccel", path, interface, method);
     call.setAutoStartService(false);
-    return bus.asyncCall(call, patience);
+    return bus.asyncCall(call, timeout);
 }
 
 /// Appends the keys of one program's shortcuts; the surplus of a list that is too long is left out.

@@ -1,17 +1,17 @@
 #include "platform/desktop/shortcuts/XfceShortcuts.h"
 
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 namespace calmora {
 
 DesktopShortcuts::Source xfceShortcuts(const QDBusConnection& bus) {
     return [bus] {
-        constexpr int patience = 150;
-        QDBusMessage call = QDBusMessage::createMethodCall("org.xfce.Xfconf", "/org/xfce/Xfconf",
-                                                           "org.xfce.Xfconf", "GetAllProperties");
-        call.setArguments({"xfce4-keyboard-shortcuts", "/"});
+        constexpr int timeout = 150;
+        QDBusMessage call = methodCall("org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf",
+                                       "GetAllProperties", {"xfce4-keyboard-shortcuts", "/"});
         call.setAutoStartService(false);
-        const QDBusMessage answer = bus.call(call, QDBus::Block, patience);
+        const QDBusMessage answer = bus.call(call, QDBus::Block, timeout);
         std::vector<XfceProperty> properties;
         const auto all = readArgument<QVariantMap>(answer).value_or(QVariantMap());
         for (auto at = all.cbegin(); at != all.cend(); ++at) {

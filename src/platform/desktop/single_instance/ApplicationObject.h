@@ -1,34 +1,40 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
 
 #include <functional>
 
 namespace calmora {
 
 /// The program on the session bus (org.freedesktop.Application), so that a second start, or a
-/// launcher that knows the convention, reaches the one that runs.
+/// launcher that knows the convention, reaches the running one.
 /// Source: freedesktop Desktop Entry Specification, "D-Bus Activation".
-class ApplicationObject : public QDBusVirtualObject {
+class ApplicationObject final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
   public:
     static constexpr auto interfaceName = "org.freedesktop.Application";
 
-    /// `onActivate` is told from the main loop.
-    ApplicationObject(const QDBusConnection& connection, const QString& applicationId,
+    /// `onActivate` is called from the main loop.
+    ApplicationObject(QDBusConnection connection, const QString& applicationId,
                       std::function<void()> onActivate);
-    ~ApplicationObject() override;
 
     /// The object path that belongs to an application id.
     [[nodiscard]] static QString pathOf(const QString& applicationId);
 
-    [[nodiscard]] QString introspect(const QString& path) const override;
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+  public Q_SLOTS:
+    // The interface's methods, under its names. Other types than these never arrive here.
+    void Activate(const QVariantMap& platform_data);
+    void Open(const QStringList& uris, const QVariantMap& platform_data);
+    void ActivateAction(const QString& action_name, const QVariantList& parameter,
+                        const QVariantMap& platform_data);
 
   private:
-    QDBusConnection connection_;
-    QString path_;
     std::function<void()> onActivate_;
 };
 

@@ -1,7 +1,8 @@
 #include "platform/desktop/single_instance/SingleInstance.h"
 
+#include "platform/desktop/dbus/Calls.h"
+
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QDBusReply>
 #include <QTimer>
 
@@ -37,11 +38,9 @@ bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId
         return false;
     }
     isFirst_ = false;
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(applicationId, ApplicationObject::pathOf(applicationId),
-                                       ApplicationObject::interfaceName, "Activate");
-    call.setArguments({QVariantMap()});
-    bus.call(call, QDBus::Block, static_cast<int>(answerTime.count()));
+    bus.call(methodCall(applicationId, ApplicationObject::pathOf(applicationId),
+                        ApplicationObject::interfaceName, "Activate", {QVariantMap()}),
+             QDBus::Block, static_cast<int>(answerTime.count()));
     return true;
 }
 

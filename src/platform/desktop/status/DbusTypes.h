@@ -2,11 +2,14 @@
 
 #include <QByteArray>
 #include <QDBusArgument>
+#include <QDBusVariant>
 #include <QList>
 #include <QMetaType>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
+
+#include <tuple>
 
 namespace calmora {
 
@@ -16,6 +19,8 @@ struct DbusPixmap {
     int width = 0;
     int height = 0;
     QByteArray bytes;
+
+    static auto fields(auto& self) { return std::tie(self.width, self.height, self.bytes); }
 };
 
 /// (sa(iiay)ss).  Source: freedesktop StatusNotifierItem, "ToolTip".
@@ -24,47 +29,69 @@ struct DbusToolTip {
     QList<DbusPixmap> icon;
     QString title;
     QString text;
+
+    static auto fields(auto& self) {
+        return std::tie(self.iconName, self.icon, self.title, self.text);
+    }
 };
 
-/// One entry of a menu with what is below it: (ia{sv}av).  Source: com.canonical.dbusmenu.
+/// One entry of a menu: (ia{sv}av).  Source: com.canonical.dbusmenu.
 struct DbusMenuLayout {
     int id = 0;
     QVariantMap properties;
-    QList<DbusMenuLayout> children;
+    /// Each a DbusMenuLayout.
+    QList<QDBusVariant> children;
+
+    static auto fields(auto& self) { return std::tie(self.id, self.properties, self.children); }
 };
 
 /// (ia{sv}).  Source: com.canonical.dbusmenu.
 struct DbusMenuProperties {
     int id = 0;
     QVariantMap properties;
+
+    static auto fields(auto& self) { return std::tie(self.id, self.properties); }
 };
 
 /// (ias).  Source: com.canonical.dbusmenu.
 struct DbusMenuRemoved {
     int id = 0;
     QStringList properties;
+
+    static auto fields(auto& self) { return std::tie(self.id, self.properties); }
 };
 
 /// (isvu).  Source: com.canonical.dbusmenu.
 struct DbusMenuEvent {
     int id = 0;
     QString event;
+    QDBusVariant data{0};
+    uint time = 0;
+
+    static auto fields(auto& self) { return std::tie(self.id, self.event, self.data, self.time); }
 };
 
-QDBusArgument& operator<<(QDBusArgument& to, const DbusPixmap& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusPixmap& value);
-QDBusArgument& operator<<(QDBusArgument& to, const DbusToolTip& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusToolTip& value);
-QDBusArgument& operator<<(QDBusArgument& to, const DbusMenuLayout& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusMenuLayout& value);
-QDBusArgument& operator<<(QDBusArgument& to, const DbusMenuProperties& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusMenuProperties& value);
-QDBusArgument& operator<<(QDBusArgument& to, const DbusMenuRemoved& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusMenuRemoved& value);
-QDBusArgument& operator<<(QDBusArgument& to, const DbusMenuEvent& value);
-const QDBusArgument& operator>>(const QDBusArgument& from, DbusMenuEvent& value);
+/// A type that is sent as a structure of its fields, in this order.
+template <typename Type>
+concept DbusStructure = requires(Type& value) { Type::fields(value); };
 
-/// Makes the types above known to Qt; may be called again.
+template <DbusStructure Type>
+QDBusArgument& operator<<(QDBusArgument& to, const Type& value) {
+    to.beginStructure();
+    std::apply([&](const auto&... field) { (to << ... << field); }, Type::fields(value));
+    to.endStructure();
+    return to;
+}
+
+template <DbusStructure Type>
+const QDBusArgument& operator>>(const QDBusArgument& from, Type& value) {
+    from.beginStructure();
+    std::apply([&](auto&... field) { (from >> ... >> field); }, Type::fields(value));
+    from.endStructure();
+    return from;
+}
+
+/// Registers the types above with Qt D-Bus; may be called again.
 void registerStatusTypes();
 
 } // namespace calmora

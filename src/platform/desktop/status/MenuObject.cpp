@@ -1,19 +1,17 @@
 #include "platform/desktop/status/MenuObject.h"
 
-#include "platform/desktop/dbus/Messages.h"
 #include "support/ShownName.h"
 
-#include <QDBusMessage>
+#include <QDBusError>
 #include <QGuiApplication>
 #include <QTimer>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace calmora {
 namespace {
-
-constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
 
 QVariantMap describe(const StatusMenuItem& item) {
     if (item.title.empty()) {
@@ -46,22 +44,14 @@ QVariantMap chosen(const QVariantMap& all, const QStringList& names) {
     return some;
 }
 
-QVariant inVariant(const QVariant& value) {
-    return QVariant::fromValue(QDBusVariant(value));
-}
-
 } // namespace
 
-MenuObject::MenuObject(const QDBusConnection& connection,
+MenuObject::MenuObject(QDBusConnection connection,
                        std::function<std::vector<StatusMenuItem>()> build,
                        std::function<void(bool)> onOpen)
-    : connection_(connection), build_(std::move(build)), onOpen_(std::move(onOpen)) {
+    : build_(std::move(build)), onOpen_(std::move(onOpen)) {
     registerStatusTypes();
-    connection_.registerVirtualObject(path, this);
-}
-
-MenuObject::~MenuObject() {
-    connection_.unregisterObject(path);
+    connection.registerObject(path, this, QDBusConnection::ExportAllContents);
 }
 
 std::vector<MenuObject::Entry> MenuObject::buildEntries() {
@@ -81,40 +71,30 @@ std::vector<MenuObject::Entry> MenuObject::buildEntries() {
 
 bool MenuObject::update() {
     const std::vector<Entry> before = std::exchange(entries_, buildEntries());
-    if (!std::ranges::equal(before, entries_, {}, &Entry::id, &Entry::id)) {
-        QDBusMessage signal = QDBusMessage::createSignal(path, interfaceName, "LayoutUpdated");
-        signal.setArguments({++revision_, 0});
-        connection_.send(signal);
+    const auto isSameShape = [](const Entry& a, const Entry& b) {
+        return a.id == b.id && a.properties.keys() == b.properties.keys();
+    };
+    if (!std::ranges::equal(before, entries_, isSameShape)) {
+        Q_EMIT LayoutUpdated(++revision_, 0);
         return true;
     }
     QList<DbusMenuProperties> updated;
-    QList<DbusMenuRemoved> removed;
     for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const QVariantMap& now = entries_[i].properties;
         QVariantMap changes;
-        for (auto at = entries_[i].properties.cbegin(); at != entries_[i].properties.cend(); ++at) {
+        for (auto at = now.cbegin(); at != now.cend(); ++at) {
             if (before[i].properties.value(at.key()) != at.value()) {
                 changes[at.key()] = at.value();
-            }
-        }
-        QStringList gone;
-        for (const QString& name : before[i].properties.keys()) {
-            if (!entries_[i].properties.contains(name)) {
-                gone += name;
             }
         }
         if (!changes.isEmpty()) {
             updated.append({entries_[i].id, changes});
         }
-        if (!gone.isEmpty()) {
-            removed.append({entries_[i].id, gone});
-        }
     }
-    if (updated.isEmpty() && removed.isEmpty()) {
+    if (updated.isEmpty()) {
         return false;
     }
-    QDBusMessage signal = QDBusMessage::createSignal(path, interfaceName, "ItemsPropertiesUpdated");
-    signal.setArguments({QVariant::fromValue(updated), QVariant::fromValue(removed)});
-    connection_.send(signal);
+    Q_EMIT ItemsPropertiesUpdated(updated, {});
     return true;
 }
 
@@ -131,243 +111,102 @@ QVariantMap MenuObject::propertiesOf(int id, const QStringList& names) const {
     return known ? chosen(known->properties, names) : QVariantMap();
 }
 
-DbusMenuLayout MenuObject::layout(int id, int depth, const QStringList& names) const {
-    DbusMenuLayout result{id, propertiesOf(id, names), {}};
-    if (id == 0 && depth != 0) {
-        for (const Entry& child : entries_) {
-            result.children.append(layout(child.id, 0, names));
-        }
-    }
-    return result;
+void MenuObject::refuse() const {
+    sendErrorReply(QDBusError::InvalidArgs, "No such entry");
 }
 
-bool MenuObject::handleEvent(const DbusMenuEvent& event) {
-    if (event.id == 0) {
-        if (event.event == "opened") {
+QString MenuObject::textDirection() const {
+    return QGuiApplication::layoutDirection() == Qt::RightToLeft ? "rtl" : "ltr";
+}
+
+bool MenuObject::handleEvent(int id, const QString& event) {
+    if (id == 0) {
+        if (event == "opened") {
             update();
             onOpen_(true);
-        } else if (event.event == "closed") {
+        } else if (event == "closed") {
             onOpen_(false);
         }
         return true;
     }
-    const Entry* known = entry(event.id);
+    const Entry* known = entry(id);
     if (!known) {
         return false;
     }
-    if (event.event == "clicked" && known->item.isEnabled && known->item.action) {
+    if (event == "clicked" && known->item.isEnabled && known->item.action) {
         // The panel gets its answer first: the action may end the program or open a window.
         QTimer::singleShot(0, this, known->item.action);
     }
     return true;
 }
 
-QVariant MenuObject::ownProperty(const QString& name) const {
-    if (name == "Version") {
-        return 3U;
+uint MenuObject::GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
+                           DbusMenuLayout& layout) {
+    if (parentId != 0 && !entry(parentId)) {
+        refuse();
     }
-    if (name == "TextDirection") {
-        return QGuiApplication::layoutDirection() == Qt::RightToLeft ? "rtl" : "ltr";
-    }
-    if (name == "Status") {
-        return "normal";
-    }
-    if (name == "IconThemePath") {
-        return QStringList();
-    }
-    return {};
-}
-
-bool MenuObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-    if (message.interface() == propertiesInterface) {
-        return handleProperties(message, connection);
-    }
-    if (message.interface() != interfaceName) {
-        return false;
-    }
-    if (entries_.empty()) {
-        entries_ = buildEntries();
-    }
-    const std::pair<const char*, Answer (MenuObject::*)(const QDBusMessage&)> methods[] = {
-        {"GetLayout", &MenuObject::getLayout},
-        {"GetGroupProperties", &MenuObject::getGroupProperties},
-        {"GetProperty", &MenuObject::getProperty},
-        {"Event", &MenuObject::takeEvent},
-        {"EventGroup", &MenuObject::takeEventGroup},
-        {"AboutToShow", &MenuObject::aboutToShow},
-        {"AboutToShowGroup", &MenuObject::aboutToShowGroup},
-    };
-    for (const auto& [name, method] : methods) {
-        if (message.member() == QLatin1String(name)) {
-            const Answer out = (this->*method)(message);
-            return out ? answerCall(connection, message, *out)
-                       : refuseCall(connection, message, "No such entry, or other types");
+    layout = {parentId, propertiesOf(parentId, propertyNames), {}};
+    if (parentId == 0 && recursionDepth != 0) {
+        for (const Entry& child : entries_) {
+            const DbusMenuLayout row{child.id, chosen(child.properties, propertyNames), {}};
+            layout.children.append(QDBusVariant(QVariant::fromValue(row)));
         }
     }
-    return false;
+    return revision_;
 }
 
-bool MenuObject::handleProperties(const QDBusMessage& message, const QDBusConnection& connection) {
-    if (message.member() == "Get") {
-        const auto in = readArguments<QString, QString>(message);
-        const QVariant value =
-            in && std::get<0>(*in) == interfaceName ? ownProperty(std::get<1>(*in)) : QVariant();
-        return value.isValid() ? answerCall(connection, message, {inVariant(value)})
-                               : refuseCall(connection, message, "No such property");
-    }
-    if (message.member() == "GetAll") {
-        if (!readArgument<QString>(message)) {
-            return refuseCall(connection, message, "Other types");
-        }
-        QVariantMap all;
-        for (const char* name : {"Version", "TextDirection", "Status", "IconThemePath"}) {
-            all[name] = ownProperty(name);
-        }
-        return answerCall(connection, message, {all});
-    }
-    return false;
-}
-
-MenuObject::Answer MenuObject::getLayout(const QDBusMessage& call) {
-    const auto in = readArguments<int, int, QStringList>(call);
-    if (!in) {
-        return std::nullopt;
-    }
-    const auto& [id, depth, names] = *in;
-    if (id != 0 && !entry(id)) {
-        return std::nullopt;
-    }
-    return QVariantList{revision_, QVariant::fromValue(layout(id, depth, names))};
-}
-
-MenuObject::Answer MenuObject::getGroupProperties(const QDBusMessage& call) {
-    const auto in = readArguments<QList<int>, QStringList>(call);
-    if (!in) {
-        return std::nullopt;
-    }
-    const auto& [ids, names] = *in;
+QList<DbusMenuProperties> MenuObject::GetGroupProperties(const QList<int>& ids,
+                                                         const QStringList& propertyNames) const {
     // Each entry once, however often it is asked for.
     QList<DbusMenuProperties> result;
     if (ids.contains(0)) {
-        result.append({0, propertiesOf(0, names)});
+        result.append({0, propertiesOf(0, propertyNames)});
     }
     for (const Entry& each : entries_) {
         if (ids.isEmpty() || ids.contains(each.id)) {
-            result.append({each.id, propertiesOf(each.id, names)});
+            result.append({each.id, chosen(each.properties, propertyNames)});
         }
     }
-    return QVariantList{QVariant::fromValue(result)};
+    return result;
 }
 
-MenuObject::Answer MenuObject::getProperty(const QDBusMessage& call) {
-    const auto in = readArguments<int, QString>(call);
-    const QVariant value =
-        in ? propertiesOf(std::get<0>(*in), {}).value(std::get<1>(*in)) : QVariant();
-    return value.isValid() ? Answer(QVariantList{inVariant(value)}) : std::nullopt;
-}
-
-MenuObject::Answer MenuObject::takeEvent(const QDBusMessage& call) {
-    const auto in = readArguments<int, QString, QDBusVariant, uint>(call);
-    const bool isTaken = in && handleEvent({std::get<0>(*in), std::get<1>(*in)});
-    return isTaken ? Answer(QVariantList()) : std::nullopt;
-}
-
-MenuObject::Answer MenuObject::takeEventGroup(const QDBusMessage& call) {
-    const auto events = readArgument<QList<DbusMenuEvent>>(call);
-    if (!events) {
-        return std::nullopt;
+QDBusVariant MenuObject::GetProperty(int id, const QString& name) {
+    const QVariant value = propertiesOf(id).value(name);
+    if (!value.isValid()) {
+        refuse();
     }
+    return QDBusVariant(value);
+}
+
+void MenuObject::Event(int id, const QString& eventId, const QDBusVariant& /*data*/,
+                       uint /*timestamp*/) {
+    if (!handleEvent(id, eventId)) {
+        refuse();
+    }
+}
+
+QList<int> MenuObject::EventGroup(const QList<DbusMenuEvent>& events) {
     QList<int> unknown;
-    for (const DbusMenuEvent& event : *events) {
-        if (!handleEvent(event)) {
+    for (const DbusMenuEvent& event : events) {
+        if (!handleEvent(event.id, event.event)) {
             unknown += event.id;
         }
     }
-    if (!events->isEmpty() && unknown.size() == events->size()) {
-        return std::nullopt;
+    if (!events.isEmpty() && unknown.size() == events.size()) {
+        refuse();
     }
-    return QVariantList{QVariant::fromValue(unknown)};
+    return unknown;
 }
 
-MenuObject::Answer MenuObject::aboutToShow(const QDBusMessage& call) {
-    const auto id = readArgument<int>(call);
-    return id ? Answer(QVariantList{*id == 0 && update()}) : std::nullopt;
+bool MenuObject::AboutToShow(int id) {
+    return id == 0 && update();
 }
 
-MenuObject::Answer MenuObject::aboutToShowGroup(const QDBusMessage& call) {
-    const auto ids = readArgument<QList<int>>(call);
-    if (!ids) {
-        return std::nullopt;
-    }
-    QList<int> changed;
-    QList<int> unknown;
-    if (ids->contains(0) && update()) {
-        changed += 0;
-    }
-    for (const int id : *ids) {
-        if (id != 0 && !entry(id)) {
-            unknown += id;
-        }
-    }
-    return QVariantList{QVariant::fromValue(changed), QVariant::fromValue(unknown)};
-}
-
-QString MenuObject::introspect(const QString&) const {
-    return R"xml(<interface name="com.canonical.dbusmenu">
-  <property name="Version" type="u" access="read"/>
-  <property name="TextDirection" type="s" access="read"/>
-  <property name="Status" type="s" access="read"/>
-  <property name="IconThemePath" type="as" access="read"/>
-  <method name="GetLayout">
-    <arg name="parentId" type="i" direction="in"/>
-    <arg name="recursionDepth" type="i" direction="in"/>
-    <arg name="propertyNames" type="as" direction="in"/>
-    <arg name="revision" type="u" direction="out"/>
-    <arg name="layout" type="(ia{sv}av)" direction="out"/>
-  </method>
-  <method name="GetGroupProperties">
-    <arg name="ids" type="ai" direction="in"/>
-    <arg name="propertyNames" type="as" direction="in"/>
-    <arg name="properties" type="a(ia{sv})" direction="out"/>
-  </method>
-  <method name="GetProperty">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="name" type="s" direction="in"/>
-    <arg name="value" type="v" direction="out"/>
-  </method>
-  <method name="Event">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="eventId" type="s" direction="in"/>
-    <arg name="data" type="v" direction="in"/>
-    <arg name="timestamp" type="u" direction="in"/>
-  </method>
-  <method name="EventGroup">
-    <arg name="events" type="a(isvu)" direction="in"/>
-    <arg name="idErrors" type="ai" direction="out"/>
-  </method>
-  <method name="AboutToShow">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="needUpdate" type="b" direction="out"/>
-  </method>
-  <method name="AboutToShowGroup">
-    <arg name="ids" type="ai" direction="in"/>
-    <arg name="updatesNeeded" type="ai" direction="out"/>
-    <arg name="idErrors" type="ai" direction="out"/>
-  </method>
-  <signal name="ItemsPropertiesUpdated">
-    <arg name="updatedProps" type="a(ia{sv})"/>
-    <arg name="removedProps" type="a(ias)"/>
-  </signal>
-  <signal name="LayoutUpdated">
-    <arg name="revision" type="u"/>
-    <arg name="parent" type="i"/>
-  </signal>
-  <signal name="ItemActivationRequested">
-    <arg name="id" type="i"/>
-    <arg name="timestamp" type="u"/>
-  </signal>
-</interface>
-)xml";
+QList<int> MenuObject::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
+    const bool isChanged = ids.contains(0) && update();
+    std::ranges::copy_if(ids, std::back_inserter(idErrors),
+                         [&](int id) { return id != 0 && !entry(id); });
+    return isChanged ? QList<int>{0} : QList<int>();
 }
 
 } // namespace calmora

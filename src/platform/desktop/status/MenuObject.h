@@ -4,11 +4,11 @@
 #include "platform/desktop/status/DbusTypes.h"
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QDBusContext>
+#include <QObject>
 
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,23 +17,43 @@ namespace calmora {
 /// The status item's menu for panels that draw it themselves (com.canonical.dbusmenu).
 /// An entry keeps its number as long as there is one with its title, so that a click that crosses
 /// a change of the menu hits nothing else.
-class MenuObject : public QDBusVirtualObject {
+class MenuObject final : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
+    Q_PROPERTY(uint Version MEMBER version_ CONSTANT)
+    Q_PROPERTY(QString TextDirection READ textDirection)
+    Q_PROPERTY(QString Status MEMBER status_ CONSTANT)
+    Q_PROPERTY(QStringList IconThemePath MEMBER iconThemePath_ CONSTANT)
+
   public:
     static constexpr auto path = "/MenuBar";
     static constexpr auto interfaceName = "com.canonical.dbusmenu";
 
-    /// `build` gives the entries each time that the menu opens.
-    /// `onOpen` is told when the panel opens its drawing of the menu and when it closes it.
-    MenuObject(const QDBusConnection& connection,
-               std::function<std::vector<StatusMenuItem>()> build,
+    /// `build` gives the entries each time that the menu opens. `onOpen` is called when the panel
+    /// opens its drawing of the menu and when it closes it.
+    MenuObject(QDBusConnection connection, std::function<std::vector<StatusMenuItem>()> build,
                std::function<void(bool)> onOpen);
-    ~MenuObject() override;
 
-    /// Builds the entries again and tells the panel what is different. True when anything is.
+    /// Builds the entries again and signals what is different. True when anything is.
     bool update();
 
-    [[nodiscard]] QString introspect(const QString& path) const override;
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+  public Q_SLOTS:
+    // The interface's methods, under its names. Other types than these never arrive here.
+    uint GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
+                   calmora::DbusMenuLayout& layout);
+    [[nodiscard]] QList<calmora::DbusMenuProperties>
+    GetGroupProperties(const QList<int>& ids, const QStringList& propertyNames) const;
+    QDBusVariant GetProperty(int id, const QString& name);
+    void Event(int id, const QString& eventId, const QDBusVariant& data, uint timestamp);
+    QList<int> EventGroup(const QList<calmora::DbusMenuEvent>& events);
+    bool AboutToShow(int id);
+    QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
+
+  Q_SIGNALS:
+    void ItemsPropertiesUpdated(const QList<calmora::DbusMenuProperties>& updatedProps,
+                                const QList<calmora::DbusMenuRemoved>& removedProps);
+    void LayoutUpdated(uint revision, int parent);
+    void ItemActivationRequested(int id, uint timestamp);
 
   private:
     struct Entry {
@@ -44,25 +64,16 @@ class MenuObject : public QDBusVirtualObject {
 
     [[nodiscard]] std::vector<Entry> buildEntries();
     [[nodiscard]] const Entry* entry(int id) const;
-    [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
-    [[nodiscard]] DbusMenuLayout layout(int id, int depth, const QStringList& names) const;
+    [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names = {}) const;
     /// False when there is no such entry.
-    bool handleEvent(const DbusMenuEvent& event);
-    [[nodiscard]] QVariant ownProperty(const QString& name) const;
-    bool handleProperties(const QDBusMessage& message, const QDBusConnection& connection);
+    bool handleEvent(int id, const QString& event);
+    /// Answers the current call with an error.
+    void refuse() const;
+    [[nodiscard]] QString textDirection() const;
 
-    /// What goes back to the caller; absent when the call has other types than the method, or asks
-    /// for what there is not.
-    using Answer = std::optional<QVariantList>;
-    [[nodiscard]] Answer getLayout(const QDBusMessage& call);
-    [[nodiscard]] Answer getGroupProperties(const QDBusMessage& call);
-    [[nodiscard]] Answer getProperty(const QDBusMessage& call);
-    [[nodiscard]] Answer takeEvent(const QDBusMessage& call);
-    [[nodiscard]] Answer takeEventGroup(const QDBusMessage& call);
-    [[nodiscard]] Answer aboutToShow(const QDBusMessage& call);
-    [[nodiscard]] Answer aboutToShowGroup(const QDBusMessage& call);
-
-    QDBusConnection connection_;
+    uint version_ = 3;
+    QString status_ = "normal";
+    QStringList iconThemePath_;
     std::function<std::vector<StatusMenuItem>()> build_;
     std::function<void(bool)> onOpen_;
     std::map<std::string, int> ids_;

@@ -4,7 +4,8 @@
 #include "platform/desktop/status/DbusTypes.h"
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QDBusObjectPath>
+#include <QObject>
 
 #include <functional>
 
@@ -12,7 +13,26 @@ namespace calmora {
 
 /// The status item as panels see it (org.kde.StatusNotifierItem).
 /// Source: freedesktop StatusNotifierItem specification.
-class NotifierItem : public QDBusVirtualObject {
+class NotifierItem final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
+    Q_PROPERTY(QString Category MEMBER category_ CONSTANT)
+    Q_PROPERTY(QString Id MEMBER id_ CONSTANT)
+    Q_PROPERTY(QString Title MEMBER title_ CONSTANT)
+    Q_PROPERTY(QString Status MEMBER status_ CONSTANT)
+    Q_PROPERTY(int WindowId MEMBER windowId_ CONSTANT)
+    Q_PROPERTY(QString IconThemePath READ iconThemePath)
+    Q_PROPERTY(QString IconName READ iconName)
+    Q_PROPERTY(QList<calmora::DbusPixmap> IconPixmap READ iconPixmap)
+    Q_PROPERTY(QString OverlayIconName MEMBER noName_ CONSTANT)
+    Q_PROPERTY(QList<calmora::DbusPixmap> OverlayIconPixmap MEMBER noPixmap_ CONSTANT)
+    Q_PROPERTY(QString AttentionIconName MEMBER noName_ CONSTANT)
+    Q_PROPERTY(QList<calmora::DbusPixmap> AttentionIconPixmap MEMBER noPixmap_ CONSTANT)
+    Q_PROPERTY(QString AttentionMovieName MEMBER noName_ CONSTANT)
+    Q_PROPERTY(calmora::DbusToolTip ToolTip READ toolTip)
+    Q_PROPERTY(bool ItemIsMenu MEMBER isMenu_ CONSTANT)
+    Q_PROPERTY(QDBusObjectPath Menu MEMBER menu_ CONSTANT)
+
   public:
     static constexpr auto path = "/StatusNotifierItem";
     static constexpr auto interfaceName = "org.kde.StatusNotifierItem";
@@ -34,24 +54,47 @@ class NotifierItem : public QDBusVirtualObject {
 
     NotifierItem(const QDBusConnection& connection, const QString& id, const QString& title,
                  const QString& menuPath, Handlers handlers);
-    ~NotifierItem() override;
 
-    /// Enters the item into the panel's register. The answer is not waited for.
+    /// Registers the item with the panel, without waiting for the answer.
     void announce();
 
     void setIcon(const Icon& icon);
 
-    [[nodiscard]] QString introspect(const QString& path) const override;
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+  public Q_SLOTS:
+    // The interface's methods, under its names. Other types than these never arrive here.
+    void Activate(int x, int y);
+    void SecondaryActivate(int x, int y);
+    void ContextMenu(int x, int y);
+    void Scroll(int delta, const QString& orientation);
+    void ProvideXdgActivationToken(const QString& token);
+
+  Q_SIGNALS:
+    void NewTitle();
+    void NewIcon();
+    void NewAttentionIcon();
+    void NewOverlayIcon();
+    void NewToolTip();
+    void NewStatus(const QString& status);
 
   private:
-    bool handleProperties(const QDBusMessage& message, const QDBusConnection& connection);
-    [[nodiscard]] QVariantMap properties() const;
+    [[nodiscard]] QString iconThemePath() const { return icon_.themePath; }
+
+    [[nodiscard]] QString iconName() const { return icon_.name; }
+
+    [[nodiscard]] QList<DbusPixmap> iconPixmap() const { return icon_.pixmaps; }
+
+    [[nodiscard]] DbusToolTip toolTip() const { return {{}, {}, title_, {}}; }
 
     QDBusConnection connection_;
+    QString category_ = "ApplicationStatus";
     QString id_;
     QString title_;
-    QString menuPath_;
+    QString status_ = "Active";
+    int windowId_ = 0;
+    QString noName_;
+    QList<DbusPixmap> noPixmap_;
+    bool isMenu_ = false;
+    QDBusObjectPath menu_;
     Handlers handlers_;
     Icon icon_;
 };

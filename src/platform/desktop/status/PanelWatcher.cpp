@@ -1,6 +1,6 @@
 #include "platform/desktop/status/PanelWatcher.h"
 
-#include "platform/desktop/dbus/AsyncCall.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 #include <QTimer>

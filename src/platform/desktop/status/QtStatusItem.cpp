@@ -64,9 +64,8 @@ QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applic
 
 QtStatusItem::~QtStatusItem() = default;
 
-void QtStatusItem::setTemplateImage(const std::optional<Image>& image, int points) {
+void QtStatusItem::setTemplateImage(const std::optional<Image>& image, int /*points*/) {
     image_ = image;
-    points_ = points;
     publishIcon();
 }
 

@@ -58,7 +58,6 @@ class QtStatusItem final : public QObject, public StatusItem {
 
     const LocalizedStrings& strings_;
     std::optional<Image> image_;
-    int points_ = 0;
     std::function<void(bool)> onPanelMenu_;
     std::function<void(StatusEvent)> action_;
     std::function<std::vector<StatusMenuItem>()> build_;

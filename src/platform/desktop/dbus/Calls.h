@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+
+#include <functional>
+
+namespace calmora {
+
+/// A method call with its arguments.
+[[nodiscard]] QDBusMessage methodCall(const QString& service, const QString& path,
+                                      const QString& interface, const QString& method,
+                                      const QVariantList& arguments = {});
+
+/// A call to the bus itself (org.freedesktop.DBus).
+[[nodiscard]] QDBusMessage busCall(const QString& method, const QVariantList& arguments = {});
+
+/// A call for the value of a property (org.freedesktop.DBus.Properties.Get).
+[[nodiscard]] QDBusMessage propertyCall(const QString& service, const QString& path,
+                                        const QString& interface, const QString& property);
+
+/// Sends a method call and hands its answer, which may be an error, to `done` from the main loop.
+/// Never waits. Nothing is called once `context` is gone.
+void callAsync(const QDBusConnection& connection, const QDBusMessage& call, QObject& context,
+               std::function<void(const QDBusMessage&)> done);
+
+} // namespace calmora
