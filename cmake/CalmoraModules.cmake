@@ -76,6 +76,20 @@ function(calmora_add_module target kind)
     set_property(TARGET ${target} PROPERTY CALMORA_LINK ${MODULE_LINK})
 endfunction()
 
+# A library that the program loads when it first needs it, so that most sessions never have what it
+# links in memory: calmora_add_loaded_library(<target> <source> <target to link>...). It exports
+# functions with the C ABI; loadedLibrary() finds it.
+function(calmora_add_loaded_library target source)
+    add_library(${target} MODULE "${source}")
+    target_link_libraries(${target} PRIVATE calmora_warnings ${ARGN})
+    target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src")
+    set_target_properties(${target} PROPERTIES
+        PREFIX "" CXX_VISIBILITY_PRESET hidden
+        LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${CALMORA_MODULES_FROM_PROGRAM}")
+    install(TARGETS ${target} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/calmora")
+endfunction()
+
 # Reads what the files of all modules include, and stops with the name of the file that
 # - includes a header of a module that its own does not link,
 # - includes X11 outside of platform/x11, or Qt in a PLAIN module,

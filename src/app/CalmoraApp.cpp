@@ -8,6 +8,7 @@
 #include "settings/AboutPanel.h"
 #include "settings/SettingsView.h"
 #include "settings/SettingsWindow.h"
+#include "support/LoadedLibrary.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
 #include "updates/FeedSource.h"
@@ -121,9 +122,7 @@ std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
     if (*identity::updateFeed == 0) {
         return std::make_unique<UnavailableUpdater>();
     }
-    const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
-    releases_ = std::make_unique<FeedSource>(identity::updateFeed,
-                                             program / identity::modules / "calmora_network.so",
+    releases_ = std::make_unique<FeedSource>(identity::updateFeed, loadedLibrary("network"),
                                              releaseLanguages(), runLoop_);
     updateWindow_ = std::make_unique<UpdateWindow>(icon(), [](const std::string& page) {
         QDesktopServices::openUrl(QUrl(QString::fromStdString(page), QUrl::StrictMode));

@@ -1,13 +1,13 @@
 #include "updates/FeedSource.h"
 
 #include "platform/RunLoop.h"
+#include "support/LoadedLibrary.h"
 #include "updates/FeedAddress.h"
 #include "updates/FeedTransfer.h"
 #include "updates/ReleaseReader.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QLibrary>
 #include <QLocale>
 #include <QUrl>
 
@@ -71,8 +71,7 @@ Subscription FeedSource::fetch(std::function<void(const ReleaseList&)> done) {
     if (url.isLocalFile()) {
         return tell([name = url.toLocalFile()] { return readFile(name); });
     }
-    QLibrary library(QString::fromStdString(networkLibrary_.string()));
-    const auto start = reinterpret_cast<StartFeedTransfer>(library.resolve(startFeedTransferName));
+    auto* start = functionIn<StartFeedTransfer>(networkLibrary_, startFeedTransferName);
     if (!start) {
         return tell([] { return UpdateError::loader; });
     }

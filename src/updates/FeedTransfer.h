@@ -29,10 +29,10 @@ class FeedTransfer {
     virtual ~FeedTransfer() = default;
 };
 
-/// Starts a transfer, which the caller owns, and calls `done` once from the main loop. `done` may
-/// destroy the transfer.
-using StartFeedTransfer = FeedTransfer* (*)(const FeedRequest& request,
-                                            std::function<void(const FeedAnswer&)> done);
+/// Starts a transfer, which the caller owns, and tells the answer once from the main loop. `done`
+/// may end the transfer.
+using StartFeedTransfer = FeedTransfer*(const FeedRequest& request,
+                                        std::function<void(const FeedAnswer&)> done);
 
 /// The name of the function, of type StartFeedTransfer, that the network library exports.
 inline constexpr const char* startFeedTransferName = "calmoraStartFeedTransfer";

@@ -52,14 +52,18 @@ class Package(DesktopCase):
         control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
                                  capture_output=True).stdout
         for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6", "qt6-svg-plugins",
-                                             "libqt6network6", "libxcb1")),
-                                ("Recommends", ("libcanberra0", "libcanberra-pulse"))):
+                                             "libqt6network6", "libxcb1", "libcanberra0",
+                                             "libglib2.0-0")),
+                                ("Recommends", ("libcanberra-pulse",))):
             line = re.search(rf"^{field}: (.*)$", control, re.MULTILINE)[1]
-            self.assertEqual([p for p in packages if p not in re.split(r"[ ,]+", line)], [])
+            # Debian 13 has some of them with "t64" at the end of the name.
+            named = {name.removesuffix("t64") for name in re.split(r"[ ,]+", line)}
+            self.assertEqual(set(packages) - named, set())
 
     def test_runs_without_the_source_tree(self):
         files = [file for file in self.usr.rglob("*") if file.is_file()]
         for needed in ("bin/calmora", "lib/calmora/calmora_network.so",
+                       "lib/calmora/calmora_sound.so", "lib/calmora/calmora_gsettings.so",
                        f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
                        f"share/icons/hicolor/48x48/apps/{APP_ID}.png"):
             self.assertIn(self.usr / needed, files)

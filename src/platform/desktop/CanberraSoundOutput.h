@@ -17,8 +17,6 @@ class CanberraSoundOutput final : public SoundOutput {
     /// Name and identifier under which the sound server lists the program.
     CanberraSoundOutput(std::string applicationName, std::string applicationId);
 
-    ~CanberraSoundOutput() override;
-
     /// The sound may outlive this object.
     [[nodiscard]] std::unique_ptr<Sound> load(const std::filesystem::path& file) override;
 

@@ -52,22 +52,6 @@ TEST(Accelerator, ReadsKeysOfQt) {
     }
 }
 
-TEST(Accelerator, FindsTheStringsOfGVariants) {
-    const std::pair<const char*, std::vector<std::string>> rows[] = {
-        {"['<Super>l', '<Alt>Above_Tab']", {"<Super>l", "<Alt>Above_Tab"}},
-        {"''", {""}},
-        {"@as []", {}},
-        {"uint32 30", {}},
-        {R"(["it's", 'a\'b\\'])", {"it's", "a'b\\"}},
-        {"'", {""}},
-        {"'\\", {"\\"}},
-        {"", {}},
-    };
-    for (const auto& [text, expected] : rows) {
-        EXPECT_EQ(gvariantStrings(text), expected) << text;
-    }
-}
-
 TEST(Accelerator, ReadsOpenboxFiles) {
     const std::vector<Accelerator> expected{{0x800, "F4"}, {0x100, "e"}, {0x1000, "g"}, {0, "F1"}};
     EXPECT_EQ(openboxAccelerators(R"(<?xml version="1.0"?><keyboard>

@@ -148,20 +148,6 @@ std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
     return result;
 }
 
-std::vector<std::string> gvariantStrings(std::string_view text) {
-    std::vector<std::string> result;
-    for (std::size_t at = text.find_first_of("'\""); at < text.size();
-         at = text.find_first_of("'\"", at + 1)) {
-        std::string& string = result.emplace_back();
-        const char quote = text[at];
-        for (++at; at < text.size() && text[at] != quote; ++at) {
-            at += text[at] == '\\' && at + 1 < text.size() ? 1 : 0;
-            string += text[at];
-        }
-    }
-    return result;
-}
-
 std::optional<Accelerator> qtAccelerator(std::uint32_t key) {
     Accelerator result;
     const std::pair<std::uint32_t, std::uint32_t> modifiers[] = {

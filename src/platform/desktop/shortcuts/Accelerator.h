@@ -31,11 +31,6 @@ struct Accelerator {
 /// is left out.
 [[nodiscard]] std::vector<Accelerator> openboxAccelerators(std::string_view xml);
 
-/// The strings in a value of GSettings, as GVariant writes it: "['<Super>l', '']". Whatever else
-/// stands there is passed over.
-/// Source: GVariant Text Format.
-[[nodiscard]] std::vector<std::string> gvariantStrings(std::string_view text);
-
 /// Reads a key of Qt with its modifiers, as KDE keeps them: 0x10000041 is Super with A. Absent
 /// when it is none, or has a modifier that no shortcut of ours can have.
 /// Source: Qt::Key and Qt::KeyboardModifier.

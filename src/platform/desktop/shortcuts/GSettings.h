@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace calmora {
+
+/// The strings that are set for each key of a schema now, by the key.
+using SettingsValues = std::vector<std::pair<std::string, std::vector<std::string>>>;
+
+/// The function that the library "gsettings" exports. Appends the values of a schema; nothing when
+/// it is not installed. `path` says where, for a schema without a place of its own; null for one
+/// that has a place.
+using ReadGSettings = void(const char* schema, const char* path, SettingsValues& values);
+inline constexpr const char* readGSettingsName = "calmoraReadGSettings";
+
+} // namespace calmora
