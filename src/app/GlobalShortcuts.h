@@ -5,7 +5,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 #include "platform/qt/AlertSession.h"
-#include "platform/qt/input/QtMenuTracking.h"
+#include "platform/qt/input/RunLoopLocalEventMonitor.h"
 
 #include <QDBusConnection>
 
@@ -39,7 +39,7 @@ class GlobalShortcuts {
     DesktopShortcuts desktop_;
     KeyboardShortcuts shortcuts_;
     RecorderEnvironment recorders_;
-    QtMenuTracking menus_;
+    RunLoopLocalEventMonitor menus_;
     Subscription alertEnds_;
 };
 

@@ -44,6 +44,8 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_GTK_UNIQUE_BUS_NAME",
     "_GTK_APPLICATION_OBJECT_PATH",
     "_KDE_NET_WM_DESKTOP_FILE",
+    "_NET_WM_NAME",
+    "_CALMORA_CLOCK",
     "WM_S",
     "_NET_WM_CM_S",
     "_NET_SYSTEM_TRAY_S",

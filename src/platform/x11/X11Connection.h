@@ -24,6 +24,18 @@ struct X11Free {
 template <typename T>
 using X11Reply = std::unique_ptr<T, X11Free>;
 
+/// The kind of an event, whether a client or the server sent it.
+[[nodiscard]] inline std::uint8_t eventType(const xcb_generic_event_t& event) {
+    constexpr unsigned sentByClient = 0x80;
+    return static_cast<std::uint8_t>(event.response_type & ~sentByClient);
+}
+
+/// The event as the structure that belongs to its type.
+template <typename Event>
+[[nodiscard]] const Event& eventAs(const xcb_generic_event_t& event) {
+    return reinterpret_cast<const Event&>(event);
+}
+
 /// The atoms that are in use; names in X11Connection.cpp, in the same order.
 enum class X11Atom : std::uint8_t {
     wmProtocols,
@@ -60,6 +72,8 @@ enum class X11Atom : std::uint8_t {
     gtkUniqueBusName,
     gtkApplicationObjectPath,
     kdeDesktopFile,
+    netWmName,
+    calmoraClock,
     // Manager selections of the screen (ICCCM 2.8); their names end in its number.
     selectionWindowManager,
     selectionCompositor,

@@ -9,7 +9,7 @@
 #include "platform/linux/EventPoll.h"
 #include "platform/qt/AlertSession.h"
 #include "platform/qt/DescriptorWatch.h"
-#include "platform/qt/input/QtMenuTracking.h"
+#include "platform/qt/input/RunLoopLocalEventMonitor.h"
 #include "platform/x11/hotkeys/X11HotKeys.h"
 #include "platform/x11/hotkeys/X11Keyboard.h"
 #include "platform/x11/hotkeys/X11KeyboardLayout.h"
@@ -105,11 +105,11 @@ class RecorderOnX11 : public testing::Test {
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
     RecorderEnvironment environment{shortcuts, notifications,           system, layout,
                                     strings,   {{"Quit", {{"q"}}, {}}}, {},     {}};
-    QtMenuTracking menus{notifications, [this](std::uint32_t key, ModifierFlags modifiers) {
-                             const auto code = layout.keyCode(key);
-                             return code &&
-                                    shortcuts.isRegistered(Shortcut::of(Key{*code}, modifiers));
-                         }};
+    RunLoopLocalEventMonitor menus{
+        notifications, [this](std::uint32_t key, ModifierFlags modifiers) {
+            const auto code = layout.keyCode(key);
+            return code && shortcuts.isRegistered(Shortcut::of(Key{*code}, modifiers));
+        }};
     HotKeyManager manager{shortcuts};
     std::string heard;
     QWidget window;

@@ -91,8 +91,8 @@ struct ClockedWindows final : TransientWindows {
 
     void setInputArea(QWindow&, const QRect&) override {}
 
-    std::unique_ptr<KeyboardLoan> lendKeyboard(QWindow&, std::function<bool()>,
-                                               std::function<void(Leaving)>) override {
+    std::unique_ptr<FocusGrab> grabFocus(QWindow&, std::function<bool()>,
+                                         std::function<void(Leaving)>) override {
         return nullptr;
     }
 

@@ -64,10 +64,10 @@ std::size_t QtAlerts::runModal(const Alert& alert) {
     frame.showAt(centred({shown.width() + 2, height + 2}, screen->availableGeometry()));
     shown.focusDefaultButton();
 
-    const auto loan = windows_.lendKeyboard(
+    const auto focus = windows_.grabFocus(
         *frame.windowHandle(), [] { return false; }, [&](Leaving) { frame.raise(); });
     // No window manager gives the keyboard to this window at a click.
-    frame.setOnPress([&] { loan->renew(); });
+    frame.setOnPress([&] { focus->renew(); });
     loop.exec();
     return answer;
 }

@@ -42,11 +42,11 @@ QtPopover::QtPopover(TransientWindows& windows, AlertSession& alerts)
     frame_.setWindowTitle("Calmora");
     frame_.setOnEscape([this] { performClose(); });
     alertChanges_ = alerts_.onChanged([this](bool isOpen) {
-        if (!isOpen && loan_) {
+        if (!isOpen && focus_) {
             // The alert is about to give the keyboard back.
             QTimer::singleShot(0, &frame_, [this] {
-                if (loan_) {
-                    loan_->check();
+                if (focus_) {
+                    focus_->check();
                 }
             });
         }
@@ -65,7 +65,7 @@ void QtPopover::setContentSize(Size size) {
 
 void QtPopover::show(std::optional<Rect> anchor) {
     const auto screens = screenAreas();
-    if (loan_ || screens.empty() || alerts_.isOpen() ||
+    if (focus_ || screens.empty() || alerts_.isOpen() ||
         guard_.refuses(std::chrono::steady_clock::now())) {
         return;
     }
@@ -77,18 +77,18 @@ void QtPopover::show(std::optional<Rect> anchor) {
     anchor_ = anchor;
     bounds_ = placePopover(contentSize_, anchor_, screens);
     frame_.showAt(toQRect(bounds_));
-    loan_ = windows_.lendKeyboard(
+    focus_ = windows_.grabFocus(
         *frame_.windowHandle(), [this] { return alerts_.isOpen(); },
         [this](Leaving how) { userLeft(how); });
 }
 
 void QtPopover::performClose() {
     // What an alert asks about stays as it is, also for a panel that passes a click on.
-    if (!loan_ || alerts_.isOpen()) {
+    if (!focus_ || alerts_.isOpen()) {
         return;
     }
     // First the keyboard, then the window: hidden, it could no longer hand it on.
-    loan_.reset();
+    focus_.reset();
     frame_.hide();
     didClose_.emit();
 }

@@ -28,7 +28,7 @@ class QtPopover final : public Popover {
 
     void setContentSize(Size size) override;
 
-    [[nodiscard]] bool isShown() const override { return loan_ != nullptr; }
+    [[nodiscard]] bool isShown() const override { return focus_ != nullptr; }
 
     void show(std::optional<Rect> anchor) override;
 
@@ -53,7 +53,7 @@ class QtPopover final : public Popover {
     Signal<> willShow_;
     Signal<> didClose_;
     TransientFrame frame_;
-    std::unique_ptr<KeyboardLoan> loan_;
+    std::unique_ptr<FocusGrab> focus_;
     Subscription alertChanges_;
 };
 

@@ -12,10 +12,10 @@ namespace calmora {
 
 namespace {
 
-class ManagedKeyboardLoan final : public KeyboardLoan {
+class ManagedFocusGrab final : public FocusGrab {
   public:
-    ManagedKeyboardLoan(QWindow& window, std::function<bool()> isAlertOpen,
-                        std::function<void(Leaving)> onLeft)
+    ManagedFocusGrab(QWindow& window, std::function<bool()> isAlertOpen,
+                     std::function<void(Leaving)> onLeft)
         : window_(&window), isAlertOpen_(std::move(isAlertOpen)), onLeft_(std::move(onLeft)) {
         window_->requestActivate();
         QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &context_,
@@ -64,10 +64,10 @@ bool ManagedTransientWindows::isComposited() {
 
 void ManagedTransientWindows::setInputArea(QWindow&, const QRect&) {}
 
-std::unique_ptr<KeyboardLoan>
-ManagedTransientWindows::lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,
-                                      std::function<void(Leaving)> onLeft) {
-    return std::make_unique<ManagedKeyboardLoan>(window, std::move(isAlertOpen), std::move(onLeft));
+std::unique_ptr<FocusGrab> ManagedTransientWindows::grabFocus(QWindow& window,
+                                                              std::function<bool()> isAlertOpen,
+                                                              std::function<void(Leaving)> onLeft) {
+    return std::make_unique<ManagedFocusGrab>(window, std::move(isAlertOpen), std::move(onLeft));
 }
 
 std::optional<ModifierFlags> ManagedTransientWindows::modifiers() {

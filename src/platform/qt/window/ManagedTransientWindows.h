@@ -14,9 +14,9 @@ class ManagedTransientWindows final : public TransientWindows {
 
     void setInputArea(QWindow& window, const QRect& inner) override;
 
-    [[nodiscard]] std::unique_ptr<KeyboardLoan>
-    lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,
-                 std::function<void(Leaving)> onLeft) override;
+    [[nodiscard]] std::unique_ptr<FocusGrab>
+    grabFocus(QWindow& window, std::function<bool()> isAlertOpen,
+              std::function<void(Leaving)> onLeft) override;
 
     [[nodiscard]] std::optional<ModifierFlags> modifiers() override;
 

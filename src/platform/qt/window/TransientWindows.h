@@ -14,26 +14,26 @@ class QWindow;
 
 namespace calmora {
 
-/// What took a transient window out of the user's attention.
+/// How the user left a transient window.
 enum class Leaving {
     /// A mouse button went down outside the program's windows.
     pressedOutside,
-    /// Another window got the keyboard.
+    /// Another window got the focus.
     turnedAway,
-    /// Another program's window moved and may lie above now. Told at most every 50 ms.
+    /// Another program's window moved and may lie above now. Reported at most every 50 ms.
     covered,
 };
 
-/// The keyboard, lent to one transient window. Its end gives the keyboard back to the window that
-/// had it before, if the borrower still holds it and that window is still there.
-class KeyboardLoan {
+/// The keyboard focus of one transient window. Its end gives the focus back to the window that had
+/// it before, if both still exist and the focus has not moved.
+class FocusGrab {
   public:
-    virtual ~KeyboardLoan() = default;
+    virtual ~FocusGrab() = default;
 
-    /// Takes the keyboard again, as after a click on the borrower.
+    /// Takes the focus again, as after a click on the window.
     virtual void renew() = 0;
 
-    /// Looks whether the keyboard is still here, as after an alert.
+    /// Checks whether the focus is still here, as after an alert.
     virtual void check() = 0;
 };
 
@@ -51,11 +51,11 @@ class TransientWindows {
     /// Lets the pointer through outside of `inner`, given in device pixels within the window.
     virtual void setInputArea(QWindow& window, const QRect& inner) = 0;
 
-    /// Gives the keyboard to `window`, which is on screen, and tells whenever the user leaves it.
-    /// `isAlertOpen` is asked whenever the keyboard moves: it may go to an alert.
-    [[nodiscard]] virtual std::unique_ptr<KeyboardLoan>
-    lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,
-                 std::function<void(Leaving)> onLeft) = 0;
+    /// Gives the focus to `window`, which is on screen, and calls `onLeft` whenever the user leaves
+    /// it. `isAlertOpen` is called whenever the focus moves: it may go to an alert.
+    [[nodiscard]] virtual std::unique_ptr<FocusGrab>
+    grabFocus(QWindow& window, std::function<bool()> isAlertOpen,
+              std::function<void(Leaving)> onLeft) = 0;
 
     /// The modifiers that are down now; absent where only events tell.
     [[nodiscard]] virtual std::optional<ModifierFlags> modifiers() = 0;

@@ -9,9 +9,10 @@
 namespace calmora {
 namespace {
 
-/// Qt may use another platform than X11, as for tests and pictures.
+/// Qt may use another platform than X11, as for tests and pictures. The one for pictures has the
+/// native interface of X11, too, but no connection.
 std::unique_ptr<TransientWindows> makeTransientWindows() {
-    if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    if (QGuiApplication::platformName() == "xcb") {
         return std::make_unique<X11TransientWindows>();
     }
     return std::make_unique<ManagedTransientWindows>();

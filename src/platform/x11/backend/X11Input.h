@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/hotkeys/X11Modifiers.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
@@ -8,7 +10,6 @@
 #include <QSocketNotifier>
 
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,23 +17,10 @@
 
 namespace calmora {
 
-/// Frees what xcb hands out.
-struct XcbFree {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-/// A reply or an event of the X server; null where there is none.
-template <typename T>
-using XcbReply = std::unique_ptr<T, XcbFree>;
-
-/// Ends a connection to the X server.
-struct XcbDisconnect {
-    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-};
-
-/// A connection of our own for what the user's hands do: which window has the keyboard, which
-/// modifiers are down, raw button presses. Beside Qt's connection, so that event selections and
-/// errors stay apart. A connection that breaks answers with nothing. Main thread.
+/// What the user does with keyboard and mouse: which window has the keyboard, which modifiers are
+/// down, raw button presses. On a connection of its own, because its events must arrive while an
+/// alert is open and those of hot keys must not, and Qt's selections are Qt's. A connection that
+/// breaks answers with nothing. Main thread.
 class X11Input {
   public:
     /// Connects to the display of the running QGuiApplication.
@@ -42,17 +30,16 @@ class X11Input {
 
     [[nodiscard]] xcb_connection_t* connection() const { return connection_.get(); }
 
-    [[nodiscard]] xcb_window_t root() const { return root_; }
+    /// The window with the focus; XCB_NONE or XCB_INPUT_FOCUS_POINTER_ROOT where none has it.
+    [[nodiscard]] xcb_window_t focusedWindow() const;
 
-    /// The window that has the keyboard; XCB_NONE or XCB_INPUT_FOCUS_POINTER_ROOT where none has.
-    [[nodiscard]] xcb_window_t keyboardOwner() const;
+    /// Gives the focus to a window that is on screen.
+    void grabFocus(xcb_window_t window) const;
 
-    /// Gives the keyboard to a window that is on screen, or to whatever the pointer is over.
-    void giveKeyboard(xcb_window_t window) const;
-
-    /// Passes the keyboard from one window to another, if the first still has it. `time` is when
-    /// the user made it so: whoever acts upon a later event wins.
-    void passKeyboard(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const;
+    /// Passes the focus from one window to another, if the first still has it; to whatever the
+    /// pointer is over if the other cannot take it. `time` is when the user asked for it: whoever
+    /// acts upon a later event wins.
+    void passFocus(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const;
 
     /// Whether the window exists and can be seen on some desktop.
     [[nodiscard]] bool isViewable(xcb_window_t window) const;
@@ -102,29 +89,20 @@ class X11Input {
   private:
     void dispatch();
     void handle(const xcb_generic_event_t& event);
-    void readModifierMap();
-    void setKeyboardOwner(xcb_window_t window, xcb_timestamp_t time) const;
+    void setFocus(xcb_window_t window, xcb_timestamp_t time) const;
     void touchClock(xcb_window_t window) const;
     void selectScreenEvents() const;
 
-    struct ModifierMasks {
-        std::uint16_t option = 0;
-        std::uint16_t command = 0;
-    };
-
-    std::unique_ptr<xcb_connection_t, XcbDisconnect> connection_;
-    xcb_window_t root_ = XCB_NONE;
-    xcb_atom_t compositor_ = XCB_NONE;
-    /// A property without content whose changes tell the time.
-    xcb_atom_t clockProperty_ = XCB_NONE;
-    /// Never shown.
+    X11Connection connection_;
+    /// Never shown; a change of its property tells the time.
     xcb_window_t clockWindow_ = XCB_NONE;
     std::uint32_t qtResourceBase_ = 0;
     std::uint32_t qtResourceMask_ = 0;
     /// The XInput extension's number; 0 where the server has none.
     std::uint8_t inputExtension_ = 0;
     int screenWatches_ = 0;
-    std::optional<ModifierMasks> masks_;
+    /// Absent until they are read, and after a change.
+    std::optional<X11Modifiers> modifiers_;
     Signal<const xcb_generic_event_t&> event_;
     QObject context_;
     std::unique_ptr<QSocketNotifier> notifier_;

@@ -1,6 +1,6 @@
 #include "platform/x11/backend/X11TransientWindows.h"
 
-#include "platform/x11/backend/X11KeyboardLoan.h"
+#include "platform/x11/backend/X11FocusGrab.h"
 
 #include <QGuiApplication>
 #include <QRect>
@@ -15,11 +15,10 @@ namespace {
 
 /// Sends what Qt has queued, so that a window of ours exists before another connection names it.
 void syncQt() {
-    if (const auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        xcb_connection_t* connection = native->connection();
-        const XcbReply<xcb_get_input_focus_reply_t> reply(
-            xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    }
+    xcb_connection_t* connection =
+        qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
 } // namespace
@@ -43,12 +42,12 @@ void X11TransientWindows::setInputArea(QWindow& window, const QRect& inner) {
     xcb_flush(input_.connection());
 }
 
-std::unique_ptr<KeyboardLoan>
-X11TransientWindows::lendKeyboard(QWindow& window, std::function<bool()> isAlertOpen,
-                                  std::function<void(Leaving)> onLeft) {
+std::unique_ptr<FocusGrab> X11TransientWindows::grabFocus(QWindow& window,
+                                                          std::function<bool()> isAlertOpen,
+                                                          std::function<void(Leaving)> onLeft) {
     syncQt();
-    return std::make_unique<X11KeyboardLoan>(input_, static_cast<xcb_window_t>(window.winId()),
-                                             std::move(isAlertOpen), std::move(onLeft));
+    return std::make_unique<X11FocusGrab>(input_, static_cast<xcb_window_t>(window.winId()),
+                                          std::move(isAlertOpen), std::move(onLeft));
 }
 
 std::optional<ModifierFlags> X11TransientWindows::modifiers() {

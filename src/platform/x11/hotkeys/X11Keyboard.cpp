@@ -1,57 +1,12 @@
 #include "platform/x11/hotkeys/X11Keyboard.h"
 
 #include "platform/linux/EventPoll.h"
+#include "platform/x11/hotkeys/X11ModifierMap.h"
 #include "platform/x11/hotkeys/XcbXkb.h"
 
-#include <cstddef>
 #include <utility>
 
 namespace calmora {
-namespace {
-
-struct ModifierMap {
-    X11ModifierKeys keys;
-    X11Modifiers modifiers;
-};
-
-ModifierMap readModifiers(xcb_connection_t* connection) {
-    const xcb_setup_t* setup = xcb_get_setup(connection);
-    const X11KeyCode first = setup->min_keycode;
-    const auto modifierCookie = xcb_get_modifier_mapping(connection);
-    const auto keyCookie = xcb_get_keyboard_mapping(
-        connection, first, static_cast<std::uint8_t>(setup->max_keycode - first + 1));
-    const X11Reply<xcb_get_modifier_mapping_reply_t> modifiers(
-        xcb_get_modifier_mapping_reply(connection, modifierCookie, nullptr));
-    const X11Reply<xcb_get_keyboard_mapping_reply_t> mapping(
-        xcb_get_keyboard_mapping_reply(connection, keyCookie, nullptr));
-    if (!modifiers || !mapping) {
-        return {};
-    }
-    ModifierMap result;
-    const xcb_keycode_t* keyCodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    for (std::size_t bit = 0; bit < result.keys.size(); ++bit) {
-        for (std::size_t i = 0; i < modifiers->keycodes_per_modifier; ++i) {
-            const X11KeyCode key = keyCodes[bit * modifiers->keycodes_per_modifier + i];
-            if (key >= first) {
-                result.keys.at(bit).push_back(key);
-            }
-        }
-    }
-    const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(mapping.get());
-    const std::size_t perKey = mapping->keysyms_per_keycode;
-    result.modifiers = x11Modifiers(result.keys, [&](X11KeyCode key) {
-        const xcb_keysym_t* begin = keysyms + (key - first) * perKey;
-        return std::vector<std::uint32_t>(begin, begin + perKey);
-    });
-    return result;
-}
-
-template <typename Event>
-const Event& as(const xcb_generic_event_t& event) {
-    return reinterpret_cast<const Event&>(event);
-}
-
-} // namespace
 
 struct X11Keyboard::State {
     EventPoll& poll;
@@ -59,7 +14,7 @@ struct X11Keyboard::State {
     bool isUsable = false;
     std::uint8_t xkbEvent = 0;
     std::uint8_t xinputOpcode = 0;
-    ModifierMap map;
+    X11ModifierMap map;
     std::uint32_t rawMask = 0;
     bool isStale = false;
     Subscription watch;
@@ -100,7 +55,7 @@ struct X11Keyboard::State {
             return false;
         }
         selectXkbEvents();
-        map = readModifiers(c);
+        map = readModifierMap(connection);
         return connection.isAlive();
     }
 
@@ -121,13 +76,13 @@ struct X11Keyboard::State {
     }
 
     void sort(const xcb_generic_event_t& event, bool dropsPresses) {
-        const std::uint8_t type = event.response_type & 0x7FU;
+        const std::uint8_t type = eventType(event);
         if (type == XCB_KEY_PRESS) {
-            keyPress.emit(as<xcb_key_press_event_t>(event), dropsPresses);
+            keyPress.emit(eventAs<xcb_key_press_event_t>(event), dropsPresses);
         } else if (type == XCB_MAPPING_NOTIFY) {
             isStale = true;
         } else if (type == XCB_GE_GENERIC) {
-            sortRawKey(as<xcb_ge_generic_event_t>(event), dropsPresses);
+            sortRawKey(eventAs<xcb_ge_generic_event_t>(event), dropsPresses);
         } else if (type == xkbEvent) {
             sortXkb(event);
         }
@@ -155,11 +110,11 @@ struct X11Keyboard::State {
     /// Also told by a key from another keyboard, so it is looked up what really changed.
     void refresh() {
         isStale = false;
-        const ModifierMap now = readModifiers(connection.get());
+        const X11ModifierMap now = readModifierMap(connection);
         if (!connection.isAlive()) {
             return;
         }
-        const ModifierMap before = std::exchange(map, now);
+        const X11ModifierMap before = std::exchange(map, now);
         if (before.modifiers != now.modifiers) {
             modifiersChanged.emit();
         }

@@ -2,30 +2,21 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <string_view>
-
 namespace calmora {
 
 std::string windowManagerName(const X11Connection& connection) {
     if (!connection.isAlive()) {
         return {};
     }
-    xcb_connection_t* c = connection.get();
-    constexpr std::string_view nameAtom = "_NET_WM_NAME";
-    const auto atomCookie = xcb_intern_atom(c, 0, nameAtom.size(), nameAtom.data());
-    const X11Reply<xcb_get_property_reply_t> check(xcb_get_property_reply(
-        c,
-        connection.requestProperty(connection.root(),
-                                   connection.atom(X11Atom::netSupportingWmCheck), 1),
-        nullptr));
-    const X11Reply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(c, atomCookie, nullptr));
-    if (!atom || words(check).empty()) {
-        return {};
-    }
+    const auto read = [&](xcb_window_t window, X11Atom property, std::uint32_t words) {
+        return X11Reply<xcb_get_property_reply_t>(xcb_get_property_reply(
+            connection.get(), connection.requestProperty(window, connection.atom(property), words),
+            nullptr));
+    };
+    const auto check = read(connection.root(), X11Atom::netSupportingWmCheck, 1);
     constexpr std::uint32_t longest = 64;
-    const X11Reply<xcb_get_property_reply_t> name(xcb_get_property_reply(
-        c, connection.requestProperty(words(check).front(), atom->atom, longest), nullptr));
-    return text(name);
+    return words(check).empty() ? std::string()
+                                : text(read(words(check).front(), X11Atom::netWmName, longest));
 }
 
 } // namespace calmora

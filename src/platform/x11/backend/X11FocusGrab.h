@@ -3,34 +3,32 @@
 #include "platform/qt/window/TransientWindows.h"
 #include "platform/x11/backend/X11Input.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 
-#include <chrono>
 #include <optional>
 #include <set>
 
 namespace calmora {
 
-/// The keyboard, lent on X11 to an override-redirect window. Watches raw button presses, focus and
-/// the comings and goings of windows only while it lives.
+/// The input focus of an override-redirect window. Watches raw button presses, the focus and
+/// windows that appear and vanish only while it lives.
 /// Source: X11 core protocol, SetInputFocus and FocusOut.
-class X11KeyboardLoan final : public KeyboardLoan {
+class X11FocusGrab final : public FocusGrab {
   public:
-    /// `borrower` is on screen. The other arguments as TransientWindows::lendKeyboard() has them.
-    X11KeyboardLoan(X11Input& input, xcb_window_t borrower, std::function<bool()> isAlertOpen,
-                    std::function<void(Leaving)> onLeft);
+    /// `window` is on screen. The other arguments as TransientWindows::grabFocus() has them.
+    X11FocusGrab(X11Input& input, xcb_window_t window, std::function<bool()> isAlertOpen,
+                 std::function<void(Leaving)> onLeft);
 
-    ~X11KeyboardLoan() override;
+    ~X11FocusGrab() override;
 
     void renew() override;
 
     void check() override { look(false); }
 
   private:
-    using Steady = std::chrono::steady_clock;
-
-    /// Remembers when a mouse button last went down in a window of ours. By the time that the raw
-    /// press arrives the window may be gone, and what is under the pointer is somebody else's.
+    /// Remembers when a mouse button last went down in a window of ours: when the raw press arrives
+    /// that window may be gone, and another one be under the pointer.
     class OwnPresses final : public QObject {
       public:
         OwnPresses();
@@ -51,19 +49,19 @@ class X11KeyboardLoan final : public KeyboardLoan {
     void leave(Leaving how);
 
     X11Input& input_;
-    xcb_window_t borrower_;
+    xcb_window_t window_;
     std::function<bool()> isAlertOpen_;
     std::function<void(Leaving)> onLeft_;
-    /// Who gets the keyboard back.
-    xcb_window_t formerOwner_;
-    /// When the press was made that ends the loan.
+    /// Gets the focus back.
+    xcb_window_t former_;
+    /// When the press was made that ends the grab.
     xcb_timestamp_t leftAt_ = XCB_CURRENT_TIME;
     /// Top-level windows that appeared meanwhile.
     std::set<xcb_window_t> appeared_;
-    /// A grab since a window last vanished: a combination of the window manager.
+    /// A keyboard grab since a window last vanished: a combination of the window manager.
     bool userActed_ = false;
-    /// When a window of another program last vanished.
-    std::optional<std::chrono::steady_clock::time_point> vanishedAt_;
+    /// Runs for a while after a window of another program has vanished.
+    QDeadlineTimer settling_{0};
     bool isCheckDue_ = false;
     bool isCoverDue_ = false;
     QObject context_;

@@ -1,4 +1,4 @@
-#include "platform/qt/input/QtMenuTracking.h"
+#include "platform/qt/input/RunLoopLocalEventMonitor.h"
 
 #include "platform/NotificationCenter.h"
 
@@ -37,19 +37,20 @@ bool closesMenus(int key) {
 
 } // namespace
 
-QtMenuTracking::QtMenuTracking(NotificationCenter& notifications, IsHotKey isHotKey)
+RunLoopLocalEventMonitor::RunLoopLocalEventMonitor(NotificationCenter& notifications,
+                                                   IsHotKey isHotKey)
     : notifications_(notifications), isHotKey_(std::move(isHotKey)) {
     qApp->installEventFilter(this);
 }
 
-QtMenuTracking::~QtMenuTracking() = default;
+RunLoopLocalEventMonitor::~RunLoopLocalEventMonitor() = default;
 
-void QtMenuTracking::setPanelMenuOpen(bool isOpen) {
+void RunLoopLocalEventMonitor::setPanelMenuOpen(bool isOpen) {
     isPanelMenuOpen_ = isOpen;
     update();
 }
 
-bool QtMenuTracking::eventFilter(QObject* watched, QEvent* event) {
+bool RunLoopLocalEventMonitor::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::Show:
     case QEvent::Hide:
@@ -73,7 +74,7 @@ bool QtMenuTracking::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-void QtMenuTracking::update() {
+void RunLoopLocalEventMonitor::update() {
     const bool isOpen = openPopups_ > 0 || isPanelMenuOpen_;
     if (std::exchange(isTracking_, isOpen) != isOpen) {
         notifications_.post(

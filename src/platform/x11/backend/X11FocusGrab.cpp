@@ -1,4 +1,4 @@
-#include "platform/x11/backend/X11KeyboardLoan.h"
+#include "platform/x11/backend/X11FocusGrab.h"
 
 #include "platform/qt/window/FocusMove.h"
 
@@ -14,21 +14,15 @@ namespace calmora {
 
 namespace {
 
-constexpr std::uint8_t generatedEvent = 0x80;
 /// Turning the wheel presses the buttons 4 to 7.
 constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
-/// Two programs that both want to be on top must not fight without pause.
+/// Avoids a raise loop with another always-on-top window.
 constexpr std::chrono::milliseconds coverDelay{50};
-/// How long a window manager may take to take down the frame of a window that vanished.
+/// Time for a window manager to remove the frame of a window that vanished.
 constexpr std::chrono::milliseconds frameDelay{60};
-/// How long a window manager may take to give the keyboard to another window.
-constexpr std::chrono::milliseconds settling{500};
-
-template <typename Event>
-const Event& as(const xcb_generic_event_t& event) {
-    return reinterpret_cast<const Event&>(event);
-}
+/// Time for a window manager to give the focus to another window.
+constexpr std::chrono::milliseconds settlingTime{500};
 
 void selectFocus(const X11Input& input, xcb_window_t window, bool isWatching) {
     const std::uint32_t mask = isWatching ? XCB_EVENT_MASK_FOCUS_CHANGE : XCB_EVENT_MASK_NO_EVENT;
@@ -38,16 +32,16 @@ void selectFocus(const X11Input& input, xcb_window_t window, bool isWatching) {
 
 } // namespace
 
-X11KeyboardLoan::OwnPresses::OwnPresses() {
+X11FocusGrab::OwnPresses::OwnPresses() {
     qGuiApp->installEventFilter(this);
 }
 
-bool X11KeyboardLoan::OwnPresses::covers(xcb_timestamp_t time) const {
+bool X11FocusGrab::OwnPresses::covers(xcb_timestamp_t time) const {
     // Time stamps wrap around after 49 days.
     return latest_ && static_cast<std::int32_t>(time - *latest_) <= 0;
 }
 
-bool X11KeyboardLoan::OwnPresses::eventFilter(QObject* watched, QEvent* event) {
+bool X11FocusGrab::OwnPresses::eventFilter(QObject* watched, QEvent* event) {
     if (watched->isWindowType() && (event->type() == QEvent::MouseButtonPress ||
                                     event->type() == QEvent::MouseButtonDblClick)) {
         latest_ = static_cast<xcb_timestamp_t>(static_cast<QInputEvent*>(event)->timestamp());
@@ -55,38 +49,36 @@ bool X11KeyboardLoan::OwnPresses::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-X11KeyboardLoan::X11KeyboardLoan(X11Input& input, xcb_window_t borrower,
-                                 std::function<bool()> isAlertOpen,
-                                 std::function<void(Leaving)> onLeft)
-    : input_(input), borrower_(borrower), isAlertOpen_(std::move(isAlertOpen)),
-      onLeft_(std::move(onLeft)), formerOwner_(input.keyboardOwner()),
-      screen_(input.watchScreen()) {
+X11FocusGrab::X11FocusGrab(X11Input& input, xcb_window_t window, std::function<bool()> isAlertOpen,
+                           std::function<void(Leaving)> onLeft)
+    : input_(input), window_(window), isAlertOpen_(std::move(isAlertOpen)),
+      onLeft_(std::move(onLeft)), former_(input.focusedWindow()), screen_(input.watchScreen()) {
     events_ = input_.onEvent([this](const xcb_generic_event_t& event) { handle(event); });
-    selectFocus(input_, borrower_, true);
+    selectFocus(input_, window_, true);
     renew();
 }
 
-X11KeyboardLoan::~X11KeyboardLoan() {
-    selectFocus(input_, borrower_, false);
-    input_.passKeyboard(borrower_, formerOwner_, leftAt_);
+X11FocusGrab::~X11FocusGrab() {
+    selectFocus(input_, window_, false);
+    input_.passFocus(window_, former_, leftAt_);
 }
 
-void X11KeyboardLoan::renew() {
+void X11FocusGrab::renew() {
     leftAt_ = XCB_CURRENT_TIME;
-    input_.giveKeyboard(borrower_);
+    input_.grabFocus(window_);
 }
 
-void X11KeyboardLoan::look(bool isSettled) {
+void X11FocusGrab::look(bool isSettled) {
     isCheckDue_ = false;
-    const xcb_window_t owner = input_.keyboardOwner();
-    // Windows that appeared before it got the keyboard are in the queue by now.
+    const xcb_window_t owner = input_.focusedWindow();
+    // Windows that appeared before it got the focus are in the queue by now.
     input_.dispatchQueued();
-    FocusMove move{.isStillHere = owner == borrower_, .isAlertOpen = isAlertOpen_()};
+    FocusMove move{.isStillHere = owner == window_, .isAlertOpen = isAlertOpen_()};
     if (!move.isStillHere && !move.isAlertOpen) {
         move.isOwnerOurs = input_.isOurs(owner);
         move.isOwnerNew = appeared_.contains(input_.topLevel(owner));
-        move.formerOwnerExists = input_.isViewable(formerOwner_);
-        move.windowVanished = vanishedAt_ && Steady::now() - *vanishedAt_ < settling;
+        move.formerOwnerExists = input_.isViewable(former_);
+        move.windowVanished = !settling_.hasExpired();
         move.userActed = userActed_;
         move.isSettled = isSettled;
     }
@@ -94,7 +86,7 @@ void X11KeyboardLoan::look(bool isSettled) {
     case FocusVerdict::stay:
         break;
     case FocusVerdict::takeBack:
-        formerOwner_ = owner;
+        former_ = owner;
         renew();
         break;
     case FocusVerdict::waitAndSee:
@@ -107,7 +99,7 @@ void X11KeyboardLoan::look(bool isSettled) {
     }
 }
 
-void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
+void X11FocusGrab::handle(const xcb_generic_event_t& event) {
     if (const auto press = input_.rawPress(event)) {
         if ((press->button < firstWheelButton || press->button > lastWheelButton) &&
             !isAlertOpen_() && !ownPresses_.covers(press->time) &&
@@ -117,10 +109,10 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         }
         return;
     }
-    switch (event.response_type & ~generatedEvent) {
+    switch (eventType(event)) {
     case XCB_FOCUS_OUT: {
-        const auto& out = as<xcb_focus_out_event_t>(event);
-        if (out.event == borrower_) {
+        const auto& out = eventAs<xcb_focus_out_event_t>(event);
+        if (out.event == window_) {
             userActed_ = userActed_ || out.mode == XCB_NOTIFY_MODE_GRAB;
             if (!std::exchange(isCheckDue_, true)) {
                 QTimer::singleShot(0, &context_, [this] { check(); });
@@ -129,7 +121,7 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         break;
     }
     case XCB_CONFIGURE_NOTIFY:
-        if (!input_.isOurs(as<xcb_configure_notify_event_t>(event).window) &&
+        if (!input_.isOurs(eventAs<xcb_configure_notify_event_t>(event).window) &&
             !std::exchange(isCoverDue_, true)) {
             QTimer::singleShot(coverDelay, &context_, [this] {
                 isCoverDue_ = false;
@@ -138,16 +130,16 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
         }
         break;
     case XCB_MAP_NOTIFY:
-        appeared_.insert(as<xcb_map_notify_event_t>(event).window);
+        appeared_.insert(eventAs<xcb_map_notify_event_t>(event).window);
         break;
     case XCB_UNMAP_NOTIFY:
     case XCB_DESTROY_NOTIFY: {
         // Both events name the window in the same place.
-        const xcb_window_t window = as<xcb_unmap_notify_event_t>(event).window;
+        const xcb_window_t window = eventAs<xcb_unmap_notify_event_t>(event).window;
         appeared_.erase(window);
         if (!input_.isOurs(window)) {
             userActed_ = false;
-            vanishedAt_ = Steady::now();
+            settling_.setRemainingTime(settlingTime);
         }
         break;
     }
@@ -156,8 +148,8 @@ void X11KeyboardLoan::handle(const xcb_generic_event_t& event) {
     }
 }
 
-void X11KeyboardLoan::leave(Leaving how) {
-    // The handler may end this loan.
+void X11FocusGrab::leave(Leaving how) {
+    // The handler may destroy this object.
     if (const auto onLeft = onLeft_) {
         onLeft(how);
     }
