@@ -1,5 +1,7 @@
 #include "platform/desktop/shortcuts/Accelerator.h"
 
+#include <QXmlStreamReader>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -51,45 +53,6 @@ constexpr std::array qtKeys{
     QtKey{0x01000017, "Next"},
 };
 
-/// The text without its XML comments.
-std::string withoutComments(std::string_view xml) {
-    std::string result;
-    for (std::size_t begin = xml.find("<!--"); begin != std::string_view::npos;
-         begin = xml.find("<!--")) {
-        result += xml.substr(0, begin);
-        const std::size_t end = xml.find("-->", begin);
-        xml.remove_prefix(end == std::string_view::npos ? xml.size() : end + 3);
-    }
-    return result.append(xml);
-}
-
-/// The value of an attribute of a tag; empty when it has none.
-std::string_view attribute(std::string_view tag, std::string_view name) {
-    for (std::size_t at = tag.find(name); at != std::string_view::npos;
-         at = tag.find(name, at + 1)) {
-        const std::string_view rest = tag.substr(at + name.size());
-        if (rest.size() > 1 && rest[0] == '=' && (rest[1] == '"' || rest[1] == '\'')) {
-            const std::size_t end = rest.find(rest[1], 2);
-            return end == std::string_view::npos ? std::string_view() : rest.substr(2, end - 2);
-        }
-    }
-    return {};
-}
-
-std::vector<std::string_view> words(std::string_view text) {
-    std::vector<std::string_view> result;
-    while (true) {
-        const std::size_t begin = text.find_first_not_of(" \t\r\n");
-        if (begin == std::string_view::npos) {
-            return result;
-        }
-        text.remove_prefix(begin);
-        const std::size_t size = std::min(text.find_first_of(" \t\r\n"), text.size());
-        result.push_back(text.substr(0, size));
-        text.remove_prefix(size);
-    }
-}
-
 } // namespace
 
 std::optional<Accelerator> gtkAccelerator(std::string_view text) {
@@ -125,24 +88,24 @@ std::optional<Accelerator> openboxAccelerator(std::string_view text) {
 }
 
 std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
-    const std::string clean = withoutComments(xml);
-    std::string_view rest = clean;
+    QXmlStreamReader reader(QByteArray(xml.data(), static_cast<qsizetype>(xml.size())));
+    reader.setNamespaceProcessing(false);
     std::vector<Accelerator> result;
     int depth = 0;
-    for (std::size_t at = rest.find('<'); at != std::string_view::npos; at = rest.find('<')) {
-        rest.remove_prefix(at + 1);
-        const std::string_view tag = rest.substr(0, rest.find('>'));
-        if (tag == "/keybind") {
-            depth = std::max(0, depth - 1);
-        } else if (tag.starts_with("keybind") && tag.find_first_of(" \t\r\n/") == 7) {
-            if (depth == 0) {
-                for (const std::string_view key : words(attribute(tag, "key"))) {
-                    if (auto accelerator = openboxAccelerator(key)) {
-                        result.push_back(std::move(*accelerator));
-                    }
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (reader.qualifiedName() != u"keybind") {
+            continue;
+        }
+        if (token == QXmlStreamReader::StartElement && depth++ == 0) {
+            const QString keys = reader.attributes().value("key").toString().simplified();
+            for (const QString& key : keys.split(' ')) {
+                if (auto accelerator = openboxAccelerator(key.toStdString())) {
+                    result.push_back(std::move(*accelerator));
                 }
             }
-            depth += tag.ends_with('/') ? 0 : 1;
+        } else if (token == QXmlStreamReader::EndElement) {
+            --depth;
         }
     }
     return result;

@@ -18,10 +18,7 @@ constexpr std::int64_t lastVirtualKeyCode = 127;
 
 KeyNames::KeyNames(const KeyboardLayout& layout) : layout_(layout) {
     const XkbContext context = makeXkbContext();
-    constexpr xkb_rule_names american{"evdev", "pc105", "us", "", ""};
-    const XkbKeymap keymap(
-        context ? xkb_keymap_new_from_names(context.get(), &american, XKB_KEYMAP_COMPILE_NO_FLAGS)
-                : nullptr);
+    const XkbKeymap keymap = americanKeymap(context.get());
     for (std::int64_t code = 0; keymap && code <= lastVirtualKeyCode; ++code) {
         const auto key = x11KeyCode(code);
         const xkb_keysym_t* symbols = nullptr;

@@ -58,6 +58,13 @@ XkbContext makeXkbContext() {
     return context;
 }
 
+XkbKeymap americanKeymap(xkb_context* context) {
+    constexpr xkb_rule_names american{"evdev", "pc105", "us", "", ""};
+    return XkbKeymap(
+        context ? xkb_keymap_new_from_names(context, &american, XKB_KEYMAP_COMPILE_NO_FLAGS)
+                : nullptr);
+}
+
 std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap, xkb_layout_index_t active) {
     const xkb_layout_index_t count = xkb_keymap_num_layouts(&keymap);
     if (active < count && writesAscii(keymap, active)) {

@@ -23,6 +23,9 @@ using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 /// A context that logs nothing; null when there is no memory.
 [[nodiscard]] XkbContext makeXkbContext();
 
+/// The keymap of a US keyboard; null without a context.
+[[nodiscard]] XkbKeymap americanKeymap(xkb_context* context);
+
 /// The layout of `keymap` that stands for ASCII: `active` if its lowest level has at least 20 of
 /// the letters a to z, else the first that has; absent when none does.
 [[nodiscard]] std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap,

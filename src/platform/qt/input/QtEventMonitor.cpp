@@ -9,18 +9,6 @@ namespace calmora {
 
 namespace {
 
-ModifierFlags flagsOf(Qt::KeyboardModifiers modifiers) {
-    ModifierFlags flags;
-    const auto add = [&](Qt::KeyboardModifier modifier, std::uint32_t flag) {
-        flags.mask |= modifiers.testFlag(modifier) ? flag : 0;
-    };
-    add(Qt::ShiftModifier, ModifierFlags::shift);
-    add(Qt::ControlModifier, ModifierFlags::control);
-    add(Qt::AltModifier, ModifierFlags::option);
-    add(Qt::MetaModifier, ModifierFlags::command);
-    return flags;
-}
-
 Qt::KeyboardModifiers modifierOfKey(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -51,9 +39,20 @@ Qt::KeyboardModifiers modifiersAfter(const QInputEvent& event) {
 
 } // namespace
 
+ModifierFlags modifierFlags(Qt::KeyboardModifiers modifiers) {
+    ModifierFlags flags;
+    const auto add = [&](Qt::KeyboardModifier modifier, std::uint32_t flag) {
+        flags.mask |= modifiers.testFlag(modifier) ? flag : 0;
+    };
+    add(Qt::ShiftModifier, ModifierFlags::shift);
+    add(Qt::ControlModifier, ModifierFlags::control);
+    add(Qt::AltModifier, ModifierFlags::option);
+    add(Qt::MetaModifier, ModifierFlags::command);
+    return flags;
+}
+
 QtEventMonitor::QtEventMonitor(TransientWindows& windows)
-    : windows_(windows), changed_([this](bool isListening) { setListening(isListening); }),
-      filter_(*this) {}
+    : windows_(windows), changed_([this](bool isListening) { setListening(isListening); }) {}
 
 Subscription QtEventMonitor::onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) {
     return changed_.connect(std::move(handler));
@@ -67,11 +66,11 @@ void QtEventMonitor::reread() {
 
 void QtEventMonitor::setListening(bool isListening) {
     if (isListening) {
-        // What is held down already is no change.
-        last_ = windows_.modifiers().value_or(flagsOf(QGuiApplication::keyboardModifiers()));
-        qGuiApp->installEventFilter(&filter_);
+        // What is already held down is no change.
+        last_ = windows_.modifiers().value_or(modifierFlags(QGuiApplication::keyboardModifiers()));
+        qGuiApp->installEventFilter(this);
     } else {
-        qGuiApp->removeEventFilter(&filter_);
+        qGuiApp->removeEventFilter(this);
     }
 }
 
@@ -81,8 +80,8 @@ void QtEventMonitor::note(ModifierFlags flags) {
     }
 }
 
-bool QtEventMonitor::Filter::eventFilter(QObject* watched, QEvent* event) {
-    // Each event passes by its window first and then by one widget after the other.
+bool QtEventMonitor::eventFilter(QObject* watched, QEvent* event) {
+    // Each event goes to its window first and then to one widget after the other.
     if (!watched->isWindowType()) {
         return false;
     }
@@ -91,11 +90,11 @@ bool QtEventMonitor::Filter::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
-        monitor_.note(monitor_.windows_.modifiers().value_or(
-            flagsOf(modifiersAfter(static_cast<const QInputEvent&>(*event)))));
+        note(windows_.modifiers().value_or(
+            modifierFlags(modifiersAfter(static_cast<const QInputEvent&>(*event)))));
         break;
     case QEvent::FocusIn:
-        monitor_.reread();
+        reread();
         break;
     default:
         break;

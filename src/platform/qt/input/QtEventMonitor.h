@@ -8,10 +8,13 @@
 
 namespace calmora {
 
-/// The modifiers, as the keyboard has them after each key and mouse event that reaches a window of
-/// ours and whenever the keyboard comes back: a release that went elsewhere is noticed then.
-/// Watches only while someone listens.
-class QtEventMonitor final : public EventMonitor {
+/// The modifiers as Qt has them in events.
+[[nodiscard]] ModifierFlags modifierFlags(Qt::KeyboardModifiers modifiers);
+
+/// The modifiers, read after each key and mouse event that reaches a window of ours and whenever
+/// the focus comes back: a release that went elsewhere is noticed then. Installs its event filter
+/// only while it has listeners.
+class QtEventMonitor final : public QObject, public EventMonitor {
   public:
     /// `windows` must outlive the monitor.
     explicit QtEventMonitor(TransientWindows& windows);
@@ -22,25 +25,16 @@ class QtEventMonitor final : public EventMonitor {
     /// Reads the keyboard again, as after events that were discarded.
     void reread();
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    class Filter final : public QObject {
-      public:
-        explicit Filter(QtEventMonitor& monitor) : monitor_(monitor) {}
-
-      protected:
-        bool eventFilter(QObject* watched, QEvent* event) override;
-
-      private:
-        QtEventMonitor& monitor_;
-    };
-
     void setListening(bool isListening);
     void note(ModifierFlags flags);
 
     TransientWindows& windows_;
     ModifierFlags last_;
     Signal<ModifierFlags> changed_;
-    Filter filter_;
 };
 
 } // namespace calmora

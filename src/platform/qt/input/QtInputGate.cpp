@@ -32,7 +32,7 @@ bool isNotAfter(std::uint32_t time, std::uint32_t limit) {
 } // namespace
 
 QtInputGate::QtInputGate(TransientWindows& windows, std::function<void()> onDiscard)
-    : windows_(windows), onDiscard_(std::move(onDiscard)), filter_(*this) {}
+    : windows_(windows), onDiscard_(std::move(onDiscard)) {}
 
 void QtInputGate::discardQueuedInput() {
     until_ = windows_.eventTime();
@@ -40,8 +40,8 @@ void QtInputGate::discardQueuedInput() {
     setShut(true);
     if (!until_) {
         // What is waiting arrives within one turn of the loop.
-        QTimer::singleShot(0, &filter_,
-                           [this] { QTimer::singleShot(0, &filter_, [this] { setShut(false); }); });
+        QTimer::singleShot(0, this,
+                           [this] { QTimer::singleShot(0, this, [this] { setShut(false); }); });
     }
     if (onDiscard_) {
         onDiscard_();
@@ -49,9 +49,9 @@ void QtInputGate::discardQueuedInput() {
 }
 
 void QtInputGate::setShut(bool isShut) {
-    qGuiApp->removeEventFilter(&filter_);
+    qGuiApp->removeEventFilter(this);
     if (isShut) {
-        qGuiApp->installEventFilter(&filter_);
+        qGuiApp->installEventFilter(this);
     }
 }
 
@@ -75,8 +75,8 @@ bool QtInputGate::discards(const QEvent& event) {
     return isDiscarded;
 }
 
-bool QtInputGate::Filter::eventFilter(QObject* watched, QEvent* event) {
-    return watched->isWindowType() && isInput(event->type()) && gate_.discards(*event);
+bool QtInputGate::eventFilter(QObject* watched, QEvent* event) {
+    return watched->isWindowType() && isInput(event->type()) && discards(*event);
 }
 
 } // namespace calmora

@@ -13,26 +13,18 @@ namespace calmora {
 
 /// Discards clicks and keys by their time stamp: what happened before the call never reaches a
 /// window. A click whose press is discarded loses its release too.
-class QtInputGate final : public InputGate {
+class QtInputGate final : public QObject, public InputGate {
   public:
-    /// `windows` must outlive the gate. `onDiscard` runs after each call, for whoever has to make
-    /// up for events that nobody sees.
+    /// `windows` must outlive the gate. `onDiscard` runs after each call, to make up for the events
+    /// that nobody sees.
     explicit QtInputGate(TransientWindows& windows, std::function<void()> onDiscard = nullptr);
 
     void discardQueuedInput() override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    class Filter final : public QObject {
-      public:
-        explicit Filter(QtInputGate& gate) : gate_(gate) {}
-
-      protected:
-        bool eventFilter(QObject* watched, QEvent* event) override;
-
-      private:
-        QtInputGate& gate_;
-    };
-
     [[nodiscard]] bool discards(const QEvent& event);
     void setShut(bool isShut);
 
@@ -41,7 +33,6 @@ class QtInputGate final : public InputGate {
     /// Time stamp of the last event to discard; absent where the next turns of the loop decide.
     std::optional<std::uint32_t> until_;
     Qt::MouseButtons pressesDiscarded_;
-    Filter filter_;
 };
 
 } // namespace calmora

@@ -1,6 +1,7 @@
 #include "platform/qt/input/RunLoopLocalEventMonitor.h"
 
 #include "platform/NotificationCenter.h"
+#include "platform/qt/input/QtEventMonitor.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,20 +17,6 @@ bool isPopup(const QObject* object) {
     return object->isWidgetType() && static_cast<const QWidget*>(object)->windowType() == Qt::Popup;
 }
 
-ModifierFlags modifierFlags(Qt::KeyboardModifiers modifiers) {
-    ModifierFlags flags;
-    const std::pair<Qt::KeyboardModifier, std::uint32_t> rows[] = {
-        {Qt::ControlModifier, ModifierFlags::control},
-        {Qt::AltModifier, ModifierFlags::option},
-        {Qt::ShiftModifier, ModifierFlags::shift},
-        {Qt::MetaModifier, ModifierFlags::command},
-    };
-    for (const auto& [modifier, flag] : rows) {
-        flags.mask |= modifiers.testFlag(modifier) ? flag : 0;
-    }
-    return flags;
-}
-
 bool closesMenus(int key) {
     return key == Qt::Key_Alt || key == Qt::Key_Meta || key == Qt::Key_Super_L ||
            key == Qt::Key_Super_R;
@@ -42,8 +29,6 @@ RunLoopLocalEventMonitor::RunLoopLocalEventMonitor(NotificationCenter& notificat
     : notifications_(notifications), isHotKey_(std::move(isHotKey)) {
     qApp->installEventFilter(this);
 }
-
-RunLoopLocalEventMonitor::~RunLoopLocalEventMonitor() = default;
 
 void RunLoopLocalEventMonitor::setPanelMenuOpen(bool isOpen) {
     isPanelMenuOpen_ = isOpen;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/KeyboardLayout.h"
-
-#include <memory>
+#include "platform/linux/keyboard/AsciiKeymap.h"
+#include "support/Signal.h"
 
 namespace calmora {
 
@@ -15,15 +15,22 @@ class X11KeyboardLayout final : public KeyboardLayout {
   public:
     /// `keyboard` must outlive the layout.
     explicit X11KeyboardLayout(X11Keyboard& keyboard);
-    ~X11KeyboardLayout() override;
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
     [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override;
     [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
 
   private:
-    struct State;
-    std::unique_ptr<State> state_;
+    void read() const;
+    void readFromServer() const;
+
+    X11Keyboard& keyboard_;
+    XkbContext context_ = makeXkbContext();
+    /// Null until it is read.
+    mutable XkbKeymap keymap_;
+    mutable xkb_layout_index_t layout_ = 0;
+    Signal<> changed_;
+    Subscription layoutChanges_;
 };
 
 } // namespace calmora
