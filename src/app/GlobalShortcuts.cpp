@@ -1,9 +1,7 @@
 #include "app/GlobalShortcuts.h"
 
 #include "platform/KeyboardLayout.h"
-#include "platform/desktop/shortcuts/GnomeShortcuts.h"
-#include "platform/desktop/shortcuts/KdeShortcuts.h"
-#include "platform/desktop/shortcuts/XfceShortcuts.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/WindowBackend.h"
 #include "settings/ProgramMenu.h"

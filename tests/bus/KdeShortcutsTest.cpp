@@ -1,4 +1,4 @@
-#include "platform/desktop/shortcuts/KdeShortcuts.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
 
 #include "PrivateBus.h"
 

@@ -146,4 +146,8 @@ class X11Connection {
 /// The text of a property, without the zero bytes at its end.
 [[nodiscard]] std::string text(const X11Reply<xcb_get_property_reply_t>& reply);
 
+/// The name of the running window manager; empty when there is none, or it has no name.
+/// Source: EWMH, _NET_SUPPORTING_WM_CHECK.
+[[nodiscard]] std::string windowManagerName(const X11Connection& connection);
+
 } // namespace calmora

@@ -1,9 +1,7 @@
 // What desktops have bound: openbox and Xfce, asked of the real ones, and GNOME's settings.
 #include "fakes/FakeKeys.h"
-#include "platform/desktop/shortcuts/GnomeShortcuts.h"
-#include "platform/desktop/shortcuts/XfceShortcuts.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/hotkeys/X11WindowManagerName.h"
 #include "support/VirtualDesktop.h"
 
 #include <gmock/gmock.h>

@@ -5,8 +5,6 @@
 #include "platform/linux/keyboard/KeyCodes.h"
 
 #include <array>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace calmora {
@@ -67,23 +65,6 @@ std::vector<SymbolicHotKey> DesktopShortcuts::copySymbolicHotKeys() {
         }
     }
     return result;
-}
-
-DesktopShortcuts::Source openboxShortcuts(WindowManagerName windowManager,
-                                          std::vector<std::filesystem::path> files) {
-    return [windowManager = std::move(windowManager),
-            files = std::move(files)]() -> std::vector<Accelerator> {
-        if (windowManager() != "Openbox") {
-            return {};
-        }
-        for (const std::filesystem::path& path : files) {
-            std::ifstream file(path);
-            if (file) {
-                return openboxAccelerators(std::string(std::istreambuf_iterator<char>(file), {}));
-            }
-        }
-        return {};
-    };
 }
 
 } // namespace calmora

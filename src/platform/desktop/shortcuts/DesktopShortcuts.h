@@ -3,7 +3,6 @@
 #include "platform/SystemShortcuts.h"
 #include "platform/desktop/shortcuts/Accelerator.h"
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
@@ -45,13 +44,5 @@ class DesktopShortcuts final : public SystemShortcuts {
     const KeyboardLayout& layout_;
     std::vector<Source> sources_;
 };
-
-/// Gives the name of the running window manager, as it tells it; empty when none does.
-using WindowManagerName = std::function<std::string()>;
-
-/// Reads openbox's bindings while openbox manages the windows: the first of `files` that can be
-/// read, the user's before the system's.
-[[nodiscard]] DesktopShortcuts::Source openboxShortcuts(WindowManagerName windowManager,
-                                                        std::vector<std::filesystem::path> files);
 
 } // namespace calmora

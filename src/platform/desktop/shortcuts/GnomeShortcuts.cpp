@@ -1,6 +1,5 @@
-#include "platform/desktop/shortcuts/GnomeShortcuts.h"
-
 #include "platform/desktop/shortcuts/GSettings.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
 #include "support/LoadedLibrary.h"
 
 #include <array>

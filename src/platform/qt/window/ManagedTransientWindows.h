@@ -4,23 +4,24 @@
 
 namespace calmora {
 
-/// Transient windows as ordinary tool windows of the window manager, with nothing but Qt: where
-/// the window system is not X11.
+/// Transient windows as ordinary tool windows of the window manager, by Qt alone.
 class ManagedTransientWindows final : public TransientWindows {
   public:
-    [[nodiscard]] Qt::WindowFlags transientFlags() const override;
+    [[nodiscard]] Qt::WindowFlags transientFlags() const override {
+        return Qt::Tool | Qt::FramelessWindowHint;
+    }
 
-    [[nodiscard]] bool isComposited() override;
+    [[nodiscard]] bool isComposited() override { return true; }
 
-    void setInputArea(QWindow& window, const QRect& inner) override;
+    void setInputArea(QWindow& /*window*/, const QRect& /*inner*/) override {}
 
     [[nodiscard]] std::unique_ptr<FocusGrab>
     grabFocus(QWindow& window, std::function<bool()> isAlertOpen,
               std::function<void(Leaving)> onLeft) override;
 
-    [[nodiscard]] std::optional<ModifierFlags> modifiers() override;
+    [[nodiscard]] std::optional<ModifierFlags> modifiers() override { return {}; }
 
-    [[nodiscard]] std::optional<std::uint32_t> eventTime() override;
+    [[nodiscard]] std::optional<std::uint32_t> eventTime() override { return {}; }
 };
 
 } // namespace calmora

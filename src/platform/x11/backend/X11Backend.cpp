@@ -2,7 +2,6 @@
 
 #include "platform/qt/window/ManagedTransientWindows.h"
 #include "platform/x11/backend/X11TransientWindows.h"
-#include "platform/x11/hotkeys/X11WindowManagerName.h"
 
 #include <QGuiApplication>
 

@@ -1,7 +1,6 @@
-#include "platform/desktop/shortcuts/KdeShortcuts.h"
-
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
 
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
@@ -14,14 +13,18 @@
 namespace calmora {
 namespace {
 
-/// In milliseconds, for each of the two rounds.
-constexpr int timeout = 150;
+/// How long each question may take.
+constexpr int milliseconds = 150;
 
-QDBusPendingCall ask(const QDBusConnection& bus, const QString& path, const char* interface,
-                     const char* method) {
-    QDBusMessage call = methodCall("org.kde.kglobalaccel", path, interface, method);
+/// Asks a program that is not started for it.
+QDBusPendingCall ask(const QDBusConnection& bus, QDBusMessage call) {
     call.setAutoStartService(false);
-    return bus.asyncCall(call, timeout);
+    return bus.asyncCall(call, milliseconds);
+}
+
+QDBusPendingCall askKde(const QDBusConnection& bus, const QString& path, const char* interface,
+                        const char* method) {
+    return ask(bus, methodCall("org.kde.kglobalaccel", path, interface, method));
 }
 
 /// Appends the keys of one program's shortcuts; the surplus of a list that is too long is left out.
@@ -51,14 +54,14 @@ void readKeys(const QDBusArgument& infos, std::vector<Accelerator>& result) {
 DesktopShortcuts::Source kdeShortcuts(const QDBusConnection& bus) {
     return [bus] {
         QDBusPendingCall components =
-            ask(bus, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents");
+            askKde(bus, "/kglobalaccel", "org.kde.KGlobalAccel", "allComponents");
         components.waitForFinished();
         std::vector<QDBusPendingCall> calls;
         const auto paths = readArgument<QList<QDBusObjectPath>>(components.reply())
                                .value_or(QList<QDBusObjectPath>());
         for (const QDBusObjectPath& path : paths) {
             calls.push_back(
-                ask(bus, path.path(), "org.kde.kglobalaccel.Component", "allShortcutInfos"));
+                askKde(bus, path.path(), "org.kde.kglobalaccel.Component", "allShortcutInfos"));
         }
         std::vector<Accelerator> result;
         for (QDBusPendingCall& call : calls) {
@@ -69,6 +72,21 @@ DesktopShortcuts::Source kdeShortcuts(const QDBusConnection& bus) {
             }
         }
         return result;
+    };
+}
+
+DesktopShortcuts::Source xfceShortcuts(const QDBusConnection& bus) {
+    return [bus] {
+        QDBusPendingCall call =
+            ask(bus, methodCall("org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf",
+                                "GetAllProperties", {"xfce4-keyboard-shortcuts", "/"}));
+        call.waitForFinished();
+        std::vector<XfceProperty> properties;
+        const auto all = readArgument<QVariantMap>(call.reply()).value_or(QVariantMap());
+        for (auto at = all.cbegin(); at != all.cend(); ++at) {
+            properties.push_back({at.key().toStdString(), readValue<bool>(at.value())});
+        }
+        return xfceAccelerators(properties);
     };
 }
 
