@@ -10,11 +10,11 @@
 namespace calmora {
 
 /// Plays sounds through the desktop's sound server. libcanberra is loaded when the first sound is
-/// played, and playing never waits; without the library or a sound server nothing is heard.
+/// played. Playing never waits; it is silent without the library or a sound server.
 /// Source: libcanberra, ca_context_play(); files must be WAV with 16 bits.
 class CanberraSoundOutput final : public SoundOutput {
   public:
-    /// Name and identifier under which the sound server lists the program.
+    /// Name and identifier under which the sound server shows the program.
     CanberraSoundOutput(std::string applicationName, std::string applicationId);
 
     /// The sound may outlive this object.

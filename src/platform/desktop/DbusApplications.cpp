@@ -11,17 +11,18 @@ namespace {
 
 constexpr auto panelWatcherName = "org.kde.StatusNotifierWatcher";
 constexpr auto panelWatcherPath = "/StatusNotifierWatcher";
+constexpr auto itemUnregistered = "StatusNotifierItemUnregistered";
 constexpr auto playerPath = "/org/mpris/MediaPlayer2";
 constexpr auto playerInterface = "org.mpris.MediaPlayer2";
 constexpr auto propertiesInterface = "org.freedesktop.DBus.Properties";
 constexpr int flushMilliseconds = 200;
-/// Anyone may say that there is a new one.
+/// Anyone may announce one.
 constexpr std::size_t mostItems = 1000;
 
-/// Names whose owners carry the session.
+/// Names whose owners the session depends on.
 QStringList protectedNames() {
     return {
-        // The bus, the user's service manager, sandboxes' doors, accessibility, secrets.
+        // The bus, the user's service manager, portals of sandboxes, accessibility, secrets.
         "org.freedesktop.DBus",
         "org.freedesktop.systemd1",
         "org.freedesktop.portal*",
@@ -31,7 +32,7 @@ QStringList protectedNames() {
         "org.gnome.keyring*",
         "org.kde.kwalletd5",
         "org.kde.kwalletd6",
-        // Notices and status items.
+        // Notifications and status items.
         "org.freedesktop.Notifications",
         panelWatcherName,
         // Session managers, shells, window managers, settings daemons.
@@ -78,7 +79,7 @@ QStringList protectedNames() {
     };
 }
 
-/// The name of the bus in a watcher's spelling of an item: ":1.45/StatusNotifierItem",
+/// The bus name in a watcher's spelling of an item: ":1.45/StatusNotifierItem",
 /// ":1.45@/org/ayatana/…", "org.kde.StatusNotifierItem-1234-1".
 QString nameOfItem(const QString& item) {
     const auto end = std::ranges::find_if(item, [](QChar c) { return c == '/' || c == '@'; });
@@ -131,23 +132,10 @@ DbusApplications::DbusApplications(const QDBusConnection& connection)
     const auto listen = [this](const BusSignal::Match& match, auto handler) {
         signals_.push_back(std::make_unique<BusSignal>(connection_, match, handler));
     };
-    listen({panelWatcherPath, panelWatcherName, "StatusNotifierItemRegistered", {}},
-           [this](const QDBusMessage& message) {
-               const auto item = readArgument<QString>(message);
-               if (item && items_.size() < mostItems) {
-                   std::set<QString> items = items_;
-                   items.insert(*item);
-                   setItems(std::move(items));
-               }
-           });
-    listen({panelWatcherPath, panelWatcherName, "StatusNotifierItemUnregistered", {}},
-           [this](const QDBusMessage& message) {
-               if (const auto item = readArgument<QString>(message)) {
-                   std::set<QString> items = items_;
-                   items.erase(*item);
-                   setItems(std::move(items));
-               }
-           });
+    for (const char* name : {"StatusNotifierItemRegistered", itemUnregistered}) {
+        listen({panelWatcherPath, panelWatcherName, name},
+               [this](const QDBusMessage& message) { itemChanged(message); });
+    }
     listen({playerPath, propertiesInterface, "PropertiesChanged", {playerInterface}},
            [this](const QDBusMessage& message) {
                const auto change = readArguments<QString, QVariantMap, QStringList>(message);
@@ -171,6 +159,18 @@ void DbusApplications::readItems() {
               });
 }
 
+void DbusApplications::itemChanged(const QDBusMessage& message) {
+    if (const auto item = readArgument<QString>(message)) {
+        std::set<QString> items = items_;
+        if (message.member() == itemUnregistered) {
+            items.erase(*item);
+        } else if (items.size() < mostItems) {
+            items.insert(*item);
+        }
+        setItems(std::move(items));
+    }
+}
+
 void DbusApplications::setItems(std::set<QString> items) {
     items_ = std::move(items);
     std::set<QString> names;
@@ -179,15 +179,7 @@ void DbusApplications::setItems(std::set<QString> items) {
             names.insert(name);
         }
     }
-    for (const QString& name : itemNames_) {
-        if (!names.contains(name)) {
-            itemOwners_.unfollow(name);
-        }
-    }
-    for (const QString& name : names) {
-        itemOwners_.follow(name);
-    }
-    itemNames_ = std::move(names);
+    itemOwners_.setNames(names);
 }
 
 void DbusApplications::playersChanged() {
@@ -284,7 +276,7 @@ void DbusApplications::flush() {
         return;
     }
     hasUnflushed_ = false;
-    // The bus takes messages in order: once it answers this one, it has the earlier ones.
+    // The bus takes messages in order: with the answer it has the earlier ones.
     connection_.call(busCall("GetId"), QDBus::Block, flushMilliseconds);
 }
 

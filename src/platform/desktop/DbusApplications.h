@@ -16,7 +16,7 @@
 
 namespace calmora {
 
-/// The programs on the session bus, over a connection of Qt's. Without a bus everything is empty.
+/// The programs on the session bus. Without a bus everything is empty.
 class DbusApplications final : public BusApplications {
   public:
     explicit DbusApplications(const QDBusConnection& connection);
@@ -35,6 +35,7 @@ class DbusApplications final : public BusApplications {
     using ActionsKey = std::pair<std::string, std::string>;
 
     void readItems();
+    void itemChanged(const QDBusMessage& message);
     void setItems(std::set<QString> items);
     void playersChanged();
     void setCanQuit(const QString& uniqueName, bool canQuit);
@@ -45,10 +46,8 @@ class DbusApplications final : public BusApplications {
 
     BusNames protected_;
 
-    /// As the watcher of the panel spells them: a name of the bus, often with a path behind it.
+    /// As the panel's watcher spells them: a bus name, often followed by a path.
     std::set<QString> items_;
-    /// The names of the bus in items_.
-    std::set<QString> itemNames_;
     BusNames itemOwners_;
 
     BusNames players_;

@@ -23,7 +23,7 @@ DesktopNotifications::DesktopNotifications(const QDBusConnection& bus, const QSt
 void DesktopNotifications::add(const UserNotification& notification) {
     const QString title = QString::fromStdString(notification.title);
     const QString body = QString::fromStdString(notification.body);
-    // Asked each time: the server may be another one than the last time.
+    // Asked each time: the server may have changed.
     callAsync(bus_, serverCall("GetCapabilities"), answers_, [=, this](const QDBusMessage& answer) {
         const auto capabilities = readArgument<QStringList>(answer);
         if (!capabilities) {

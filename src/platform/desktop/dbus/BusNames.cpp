@@ -47,18 +47,24 @@ BusNames::BusNames(const QDBusConnection& connection, const QStringList& pattern
         });
 }
 
-void BusNames::follow(const QString& name) {
-    if (connection_.isConnected() && !watcher_.watchedServices().contains(name)) {
-        watcher_.addWatchedService(name);
-        lookUp(name);
+void BusNames::setNames(const std::set<QString>& names) {
+    if (!connection_.isConnected()) {
+        return;
     }
-}
-
-void BusNames::unfollow(const QString& name) {
-    watcher_.removeWatchedService(name);
-    changes_.erase(name);
-    if (owners_.erase(name) > 0) {
-        onChanged_();
+    for (const QString& name : watcher_.watchedServices()) {
+        if (!names.contains(name)) {
+            watcher_.removeWatchedService(name);
+            changes_.erase(name);
+            if (owners_.erase(name) > 0) {
+                onChanged_();
+            }
+        }
+    }
+    for (const QString& name : names) {
+        if (!changes_.contains(name)) {
+            watcher_.addWatchedService(name);
+            lookUp(name);
+        }
     }
 }
 

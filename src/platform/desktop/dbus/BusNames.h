@@ -11,11 +11,12 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <set>
 
 namespace calmora {
 
-/// Who owns certain names of the bus, kept current by the bus's own notices about these names
-/// alone: what others do on the bus does not wake us. Main thread.
+/// The owners of certain names of the bus, kept current by the bus's signals about these names
+/// alone: other traffic does not wake the program. Main thread.
 /// Source: dbus.freedesktop.org, "Message Bus Messages".
 class BusNames {
   public:
@@ -25,20 +26,17 @@ class BusNames {
         ProcessId process = 0;
     };
 
-    /// Follows each of `patterns`: a name, or with a '*' at its end the name without it and
-    /// everything below ("org.example*" takes org.example and org.example.One). `onChanged` is
-    /// told from the main loop after each change of owners().
+    /// Follows each of `patterns`: a name, or with a '*' at its end the name without it and all
+    /// below it ("org.example*" matches org.example and org.example.One). `onChanged` is called
+    /// from the main loop after each change of owners().
     BusNames(const QDBusConnection& connection, const QStringList& patterns,
              std::function<void()> onChanged);
 
-    /// The names that have an owner whose process is known.
+    /// The names with an owner whose process is known.
     [[nodiscard]] const std::map<QString, Owner>& owners() const { return owners_; }
 
-    /// Follows one more name, unique names included.
-    void follow(const QString& name);
-
-    /// Follows it no longer.
-    void unfollow(const QString& name);
+    /// Follows exactly these names instead; they may be unique names.
+    void setNames(const std::set<QString>& names);
 
   private:
     void lookUp(const QString& name);
@@ -47,7 +45,7 @@ class BusNames {
     QDBusConnection connection_;
     std::function<void()> onChanged_;
     std::map<QString, Owner> owners_;
-    /// Counts the changes of each name, so that a late answer about an earlier owner is dropped.
+    /// Counts the changes of each name, to drop late answers about an earlier owner.
     std::map<QString, std::uint64_t> changes_;
     QDBusServiceWatcher watcher_;
 };

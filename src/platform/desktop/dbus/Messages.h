@@ -16,23 +16,24 @@
 
 namespace calmora {
 
-// Anyone on the bus may send us anything, and Qt ends the program when a message is read as other
-// types than it carries. So all that others send is read here, after its types were compared.
+// Anyone on the bus may send anything, and Qt ends the program when a message is read as other
+// types than it carries. Signals and answers are read here, after their types were compared; calls
+// to our objects are compared by Qt.
 
-/// Longer than any list that an honest sender has for us; a message with a longer one is not read.
+/// Messages with a longer list are not read.
 constexpr qsizetype longestList = 10'000;
 
-/// The D-Bus type of a value out of a message, such as "a{sv}"; empty for one that has none.
+/// The D-Bus type of a value in a message, such as "a{sv}"; empty when it has none.
 /// Source: freedesktop D-Bus Specification, "Type System".
 [[nodiscard]] QString typeOf(const QVariant& value);
 
-/// The D-Bus type that a C++ type is sent as; empty for one that Qt was not told about.
+/// The D-Bus type that a C++ type is sent as; empty for one that is not registered with Qt.
 template <typename Value>
 [[nodiscard]] QString typeOf() {
     return QString::fromLatin1(QDBusMetaType::typeToSignature(QMetaType::fromType<Value>()));
 }
 
-/// Reads what `from` stands at, whose type was compared before. False for a list that is too long.
+/// Reads the next value, whose type was compared before. False for a list that is too long.
 template <typename Value>
 [[nodiscard]] bool readBounded(const QDBusArgument& from, Value& value) {
     from >> value;
@@ -54,7 +55,7 @@ template <typename Element>
 
 [[nodiscard]] bool readBounded(const QDBusArgument& from, QVariantMap& map);
 
-/// Reads the value when it has exactly the type and no list that is too long; else false.
+/// Reads the value if it has exactly this type and no list that is too long; else false.
 template <typename Value>
 [[nodiscard]] bool readInto(Value& value, const QVariant& from) {
     const QString type = typeOf(from);
@@ -68,18 +69,17 @@ template <typename Value>
     return true;
 }
 
-/// The same for a list of strings, which Qt has taken apart by itself.
+/// The same for a list of strings, which Qt has already read.
 [[nodiscard]] bool readInto(QStringList& list, const QVariant& from);
 
-/// The value, when it has exactly the type and no list that is too long; else nothing.
+/// The value, under the same conditions.
 template <typename Value>
 [[nodiscard]] std::optional<Value> readValue(const QVariant& from) {
     Value value{};
     return readInto(value, from) ? std::optional(std::move(value)) : std::nullopt;
 }
 
-/// The arguments of a call, a signal or an answer, when they have exactly these types and no list
-/// that is too long; else nothing, nor for an error.
+/// The arguments of a signal or an answer, under the same conditions; nothing for an error.
 template <typename... Values>
 [[nodiscard]] std::optional<std::tuple<Values...>> readArguments(const QDBusMessage& message) {
     const QVariantList arguments = message.arguments();

@@ -43,7 +43,7 @@ struct QtKey {
     const char* name;
 };
 
-// What Qt calls keys that write nothing. Both Enter keys have names of their own.
+// Keys that write nothing. Both Enter keys have names of their own.
 constexpr std::array qtKeys{
     QtKey{0x01000000, "Escape"},    QtKey{0x01000001, "Tab"},    QtKey{0x01000002, "Tab"},
     QtKey{0x01000003, "BackSpace"}, QtKey{0x01000004, "Return"}, QtKey{0x01000005, "KP_Enter"},
@@ -149,7 +149,7 @@ std::vector<Accelerator> xfceAccelerators(const std::vector<XfceProperty>& prope
                 continue;
             }
             const std::string_view key = std::string_view(property.name).substr(list.size());
-            // What follows a further slash are details of a combination.
+            // A further slash separates details of a combination.
             if (key == "override" || key.find('/') != std::string_view::npos) {
                 continue;
             }

@@ -27,12 +27,12 @@ struct Accelerator {
 /// Source: openbox.org/wiki/Help:Bindings.
 [[nodiscard]] std::optional<Accelerator> openboxAccelerator(std::string_view text);
 
-/// The combinations bound in an openbox configuration; of a chain, the first. What cannot be read
-/// is left out.
+/// The combinations bound in an openbox configuration; of a chain, the first. Invalid ones are
+/// skipped.
 [[nodiscard]] std::vector<Accelerator> openboxAccelerators(std::string_view xml);
 
-/// Reads a key of Qt with its modifiers, as KDE keeps them: 0x10000041 is Super with A. Absent
-/// when it is none, or has a modifier that no shortcut of ours can have.
+/// Reads a key of Qt with its modifiers, as KDE keeps them: 0x10000041 is Super with A. Absent when
+/// it is invalid, or has a modifier that no shortcut of ours can have.
 /// Source: Qt::Key and Qt::KeyboardModifier.
 [[nodiscard]] std::optional<Accelerator> qtAccelerator(std::uint32_t key);
 
@@ -44,8 +44,8 @@ struct XfceProperty {
     std::optional<bool> flag;
 };
 
-/// The combinations of Xfce's window manager and commands. What the desktop came with counts only
-/// while the user has not set up an own list.
+/// The combinations of Xfce's window manager and commands: the defaults, unless the user has a list
+/// of their own.
 [[nodiscard]] std::vector<Accelerator>
 xfceAccelerators(const std::vector<XfceProperty>& properties);
 

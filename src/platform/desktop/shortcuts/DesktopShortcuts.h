@@ -13,26 +13,26 @@ namespace calmora {
 
 class KeyboardLayout;
 
-/// Finds keys by the names that X gives to what they write.
+/// Finds keys by X keysym names.
 class KeyNames {
   public:
     /// `layout` must outlive this object.
     explicit KeyNames(const KeyboardLayout& layout);
 
-    /// The virtual key code of the key that an X keysym name means: for a letter or sign the key
-    /// that writes it now, else the key that is so called. Absent when there is none.
+    /// The virtual key code that a keysym name means: for a letter or sign the key that writes it
+    /// now, else the key of that name. Absent when there is none.
     [[nodiscard]] std::optional<std::int64_t> keyCode(const std::string& name) const;
 
   private:
     const KeyboardLayout& layout_;
-    /// What a US keyboard calls its keys: keysym and virtual key code.
+    /// The keys of a US keyboard: keysym and virtual key code.
     std::map<std::uint32_t, std::int64_t> american_;
 };
 
-/// The shortcuts that the desktop's settings list, from whoever keeps such a list here.
+/// The shortcuts in the desktop's settings.
 class DesktopShortcuts final : public SystemShortcuts {
   public:
-    /// Gives what one program has bound now; empty when it does not run.
+    /// Gives what one program has bound now; empty while it does not run.
     using Source = std::function<std::vector<Accelerator>()>;
 
     /// `layout` must outlive this object.

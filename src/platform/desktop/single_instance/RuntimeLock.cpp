@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -16,11 +15,7 @@
 namespace calmora {
 namespace {
 
-constexpr char greeting = '!';
-constexpr int retryMilliseconds = 20;
-
-/// The address of a socket in an open folder. The way through the descriptor keeps the path short
-/// enough for an address, whatever the folder's.
+/// The address of a socket in an open folder. A path through the descriptor is always short enough.
 sockaddr_un addressIn(const FileDescriptor& folder, const std::string& name) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -54,7 +49,7 @@ RuntimeLock::RuntimeLock(const std::filesystem::path& folder, const std::string&
         isHeldElsewhere_ = errno == EWOULDBLOCK;
         return;
     }
-    // Whoever bound the socket before is gone: the lock is ours.
+    // The process that bound an earlier socket has ended: the lock is ours.
     unlinkat(folder_.get(), socketName_.c_str(), 0);
     FileDescriptor listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const sockaddr_un address = addressIn(folder_, socketName_);
@@ -64,30 +59,24 @@ RuntimeLock::RuntimeLock(const std::filesystem::path& folder, const std::string&
     }
 }
 
-bool RuntimeLock::answer() const {
-    const FileDescriptor other(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC));
-    return other && send(other.get(), &greeting, 1, MSG_NOSIGNAL | MSG_DONTWAIT) == 1;
+bool RuntimeLock::acceptAttempt() const {
+    return static_cast<bool>(
+        FileDescriptor(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC)));
 }
 
-bool RuntimeLock::knock(std::chrono::milliseconds atMost) const {
-    using Clock = std::chrono::steady_clock;
-    const auto deadline = Clock::now() + atMost;
+void RuntimeLock::connectToHolder() const {
     const sockaddr_un address = addressIn(folder_, socketName_);
-    do {
-        const FileDescriptor door(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        if (connect(door.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
-            const auto left =
-                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
-            pollfd waiting{.fd = door.get(), .events = POLLIN, .revents = 0};
-            char answered = 0;
-            return poll(&waiting, 1, static_cast<int>(std::max<std::int64_t>(left.count(), 0))) ==
-                       1 &&
-                   recv(door.get(), &answered, 1, 0) == 1 && answered == greeting;
+    // The holder may have the lock but not yet its socket.
+    constexpr int mostAttempts = 100;
+    constexpr int pauseMilliseconds = 20;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const FileDescriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        if (connect(client.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) ==
+            0) {
+            return;
         }
-        // The holder has the lock but not yet its socket.
-        poll(nullptr, 0, retryMilliseconds);
-    } while (Clock::now() < deadline);
-    return false;
+        poll(nullptr, 0, pauseMilliseconds);
+    }
 }
 
 std::filesystem::path RuntimeLock::userFolder() {

@@ -2,35 +2,34 @@
 
 #include "support/FileDescriptor.h"
 
-#include <chrono>
 #include <filesystem>
 #include <string>
 
 namespace calmora {
 
-/// A lock that one process of the user holds at a time, with a socket beside it through which
-/// others reach the holder. Both end with the process, however it ends.
+/// A lock that one process of the user holds at a time, and a socket through which others reach the
+/// holder. Both end with the process, however it ends.
 /// Source: flock(2), unix(7).
 class RuntimeLock {
   public:
     /// Tries to take the lock `folder`/`name`.lock.
     RuntimeLock(const std::filesystem::path& folder, const std::string& name);
 
-    /// Whether another process has the lock. False also where nobody can lock.
+    /// Whether another process has the lock. False also where no lock can be made.
     [[nodiscard]] bool isHeldElsewhere() const { return isHeldElsewhere_; }
 
-    /// The socket on which the holder hears of others: readable when one knocks. Negative for
-    /// those who are not the holder.
-    [[nodiscard]] int knocks() const { return socket_.get(); }
+    /// The holder's socket, readable at a connection attempt; negative for others.
+    [[nodiscard]] int descriptor() const { return socket_.get(); }
 
-    /// The holder: takes one knock and answers it. False when nobody knocks.
-    bool answer() const;
+    /// Takes one connection attempt. False when there is none.
+    [[nodiscard]] bool acceptAttempt() const;
 
-    /// Another one: knocks at the holder's and waits for the answer.
-    [[nodiscard]] bool knock(std::chrono::milliseconds atMost) const;
+    /// Makes a connection attempt, which the holder sees even if it is busy now. Returns after two
+    /// seconds at most.
+    void connectToHolder() const;
 
-    /// The folder for such locks: XDG_RUNTIME_DIR, else one of the user's own below /tmp; empty
-    /// where there is none that only the user can write.
+    /// The folder for such locks: XDG_RUNTIME_DIR, else one of the user's own below /tmp. Empty
+    /// where none is writable by the user alone.
     /// Source: freedesktop XDG Base Directory Specification.
     [[nodiscard]] static std::filesystem::path userFolder();
 

@@ -6,16 +6,9 @@
 #include <QDBusReply>
 #include <QTimer>
 
-#include <chrono>
 #include <utility>
 
 namespace calmora {
-namespace {
-
-/// For an answer of the running program, which may be busy quitting another one.
-constexpr std::chrono::milliseconds answerTime{3000};
-
-} // namespace
 
 SingleInstance::SingleInstance(const QDBusConnection& bus, const std::string& applicationId,
                                const std::filesystem::path& runtimeFolder) {
@@ -25,7 +18,7 @@ SingleInstance::SingleInstance(const QDBusConnection& bus, const std::string& ap
 }
 
 bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId) {
-    // The object comes first: whoever finds the name must find it, too.
+    // The object comes first: who finds the name must find the object.
     object_ = std::make_unique<ApplicationObject>(bus, applicationId, [this] { activate(); });
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
         bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
@@ -38,9 +31,11 @@ bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId
         return false;
     }
     isFirst_ = false;
+    // The running program may be busy quitting another one.
+    constexpr int timeoutMilliseconds = 3000;
     bus.call(methodCall(applicationId, ApplicationObject::pathOf(applicationId),
                         ApplicationObject::interfaceName, "Activate", {QVariantMap()}),
-             QDBus::Block, static_cast<int>(answerTime.count()));
+             QDBus::Block, timeoutMilliseconds);
     return true;
 }
 
@@ -52,13 +47,13 @@ void SingleInstance::claimLock(const std::filesystem::path& folder,
     lock_ = std::make_unique<RuntimeLock>(folder, applicationId);
     if (lock_->isHeldElsewhere()) {
         isFirst_ = false;
-        static_cast<void>(lock_->knock(answerTime));
+        lock_->connectToHolder();
         return;
     }
-    if (lock_->knocks() >= 0) {
-        knocks_ = std::make_unique<QSocketNotifier>(lock_->knocks(), QSocketNotifier::Read);
-        QObject::connect(knocks_.get(), &QSocketNotifier::activated, knocks_.get(), [this] {
-            if (lock_->answer()) {
+    if (lock_->descriptor() >= 0) {
+        attempts_ = std::make_unique<QSocketNotifier>(lock_->descriptor(), QSocketNotifier::Read);
+        QObject::connect(attempts_.get(), &QSocketNotifier::activated, attempts_.get(), [this] {
+            if (lock_->acceptAttempt()) {
                 activate();
             }
         });
@@ -76,7 +71,7 @@ void SingleInstance::activate() {
 Subscription SingleInstance::onActivated(std::function<void()> handler) {
     Subscription token = activated_.connect(std::move(handler));
     if (std::exchange(isActivationPending_, false)) {
-        QTimer::singleShot(0, object_ ? static_cast<QObject*>(object_.get()) : knocks_.get(),
+        QTimer::singleShot(0, object_ ? static_cast<QObject*>(object_.get()) : attempts_.get(),
                            [this] { activate(); });
     }
     return token;

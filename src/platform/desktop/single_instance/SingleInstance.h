@@ -15,22 +15,22 @@
 
 namespace calmora {
 
-/// Lets the program run once in a session. On the session bus the application's id is the proof;
-/// without a bus it is a lock in the user's runtime folder.
+/// Lets the program run once in a session: by the application's id on the session bus, or without a
+/// bus by a lock in the user's runtime folder.
 class SingleInstance {
   public:
-    /// Becomes the one that runs, or asks the one that runs to show itself, which may take up to
-    /// three seconds when that one is busy.
+    /// Becomes the running instance, or asks that one to show itself, which may take up to three
+    /// seconds when it is busy.
     SingleInstance(const QDBusConnection& bus, const std::string& applicationId,
                    const std::filesystem::path& runtimeFolder = RuntimeLock::userFolder());
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// Whether this process is the one that runs. If not, the other one knows by now and this
-    /// process has nothing left to do.
+    /// Whether this process is the running instance. If not, that one was asked to show itself and
+    /// this process may end.
     [[nodiscard]] bool isFirst() const { return isFirst_; }
 
-    /// Tells that the program was started a second time. The first subscriber also hears of a
+    /// Called when the program is started a second time. The first subscriber is also called for a
     /// start that came before it.
     [[nodiscard]] Subscription onActivated(std::function<void()> handler);
 
@@ -44,7 +44,7 @@ class SingleInstance {
     Signal<> activated_;
     std::unique_ptr<ApplicationObject> object_;
     std::unique_ptr<RuntimeLock> lock_;
-    std::unique_ptr<QSocketNotifier> knocks_;
+    std::unique_ptr<QSocketNotifier> attempts_;
 };
 
 } // namespace calmora

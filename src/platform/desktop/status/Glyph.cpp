@@ -35,7 +35,7 @@ QImage tinted(const Image& image, int side, const QColor& color) {
 } // namespace
 
 QColor glyphColorOn(const QColor& background) {
-    // Half of the way up the perceived lightness, not of the light itself.
+    // Half of the perceived lightness, not of the light.
     return qGray(background.rgb()) > 150 ? Qt::black : Qt::white;
 }
 
@@ -43,7 +43,7 @@ QColor backgroundOf(const QImage& icon) {
     if (icon.isNull()) {
         return {};
     }
-    // With a fraction as the scale the outermost pixels may lie beside the icon, or the screen.
+    // At a fractional scale the outermost pixels may lie beside the icon.
     const int edge = static_cast<int>(std::ceil(icon.devicePixelRatio()));
     const QRect inner = icon.rect().adjusted(edge, edge, -edge, -edge);
     const QRect area = inner.isEmpty() ? icon.rect() : inner;
@@ -79,7 +79,7 @@ QColor barColor(QScreen& screen) {
     const QPoint origin = bar.topLeft() - whole.topLeft();
     const QImage seen =
         screen.grabWindow(0, origin.x(), origin.y(), bar.width(), bar.height()).toImage();
-    // Most of a bar is empty: its colour is the one that is there most often.
+    // Most of a bar is empty: its colour is the most frequent one.
     std::map<QRgb, int> counts;
     for (int y = 0; y < seen.height(); y += 3) {
         for (int x = 0; x < seen.width(); x += 3) {

@@ -11,15 +11,14 @@ class QScreen;
 
 namespace calmora {
 
-/// Black or white, whichever can be read better on a bar of this colour.
+/// Black or white, whichever contrasts more with a bar of this colour.
 [[nodiscard]] QColor glyphColorOn(const QColor& background);
 
-/// The colour of the bar around an icon, from a picture of the icon on the screen: that of its
-/// corners, which a glyph leaves free. Invalid for an empty picture.
+/// The colour of the bar around an icon, from the corners of its picture on the screen, which a
+/// glyph leaves free. Invalid for an empty picture.
 [[nodiscard]] QColor backgroundOf(const QImage& icon);
 
-/// The colour of the bar that keeps windows away from an edge of the screen, as it is drawn now.
-/// Invalid where no bar does.
+/// The colour on screen of the bar that reserves space at an edge; invalid when there is none.
 [[nodiscard]] QColor barColor(QScreen& screen);
 
 /// The picture in one colour, in the sizes that bars use; null when it cannot be drawn.

@@ -15,8 +15,8 @@
 namespace calmora {
 
 /// The status item's menu for panels that draw it themselves (com.canonical.dbusmenu).
-/// An entry keeps its number as long as there is one with its title, so that a click that crosses
-/// a change of the menu hits nothing else.
+/// An entry keeps its id while there is one with its title, so that a click sent before a change of
+/// the menu hits nothing else.
 class MenuObject final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
@@ -29,8 +29,8 @@ class MenuObject final : public QObject, protected QDBusContext {
     static constexpr auto path = "/MenuBar";
     static constexpr auto interfaceName = "com.canonical.dbusmenu";
 
-    /// `build` gives the entries each time that the menu opens. `onOpen` is called when the panel
-    /// opens its drawing of the menu and when it closes it.
+    /// `build` gives the entries each time the menu opens. `onOpen` is called when the panel opens
+    /// and closes its drawing of the menu.
     MenuObject(QDBusConnection connection, std::function<std::vector<StatusMenuItem>()> build,
                std::function<void(bool)> onOpen);
 

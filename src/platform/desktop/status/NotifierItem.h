@@ -38,15 +38,15 @@ class NotifierItem final : public QObject {
     static constexpr auto interfaceName = "org.kde.StatusNotifierItem";
 
     struct Icon {
-        /// Name for panels that draw it themselves; empty means none.
+        /// Name of a themed icon for panels that recolour it; empty means none.
         QString name;
-        /// Folder in which the name may be found, too.
+        /// Another folder in which panels look for the name.
         QString themePath;
         QList<DbusPixmap> pixmaps;
     };
 
     struct Handlers {
-        /// A left click. The place is where the panel says it was, which panels see differently.
+        /// A left click. What panels pass as its place differs.
         std::function<void(Point)> activate;
         /// A right click in a panel that draws no menu.
         std::function<void(Point)> contextMenu;

@@ -28,7 +28,7 @@ PanelWatcher::PanelWatcher(const QDBusConnection& connection, std::function<void
         [this](const QString&, const QString&, const QString& owner) { setOwner(owner); });
     callAsync(connection_, busCall("GetNameOwner", {watcherName}), watcher_,
               [this](const QDBusMessage& reply) {
-                  // A notice that came before this answer is newer.
+                  // A signal that came before this answer is newer.
                   if (owner_.isEmpty()) {
                       setOwner(readArgument<QString>(reply).value_or(QString()));
                   }

@@ -7,22 +7,21 @@
 
 namespace calmora {
 
-/// Follows the panel's register of status items (org.kde.StatusNotifierWatcher). Never waits.
+/// Follows the panel's register of status items (org.kde.StatusNotifierWatcher). Never blocks.
 class PanelWatcher {
   public:
     enum class Panel {
         /// The bus has not answered yet.
         unknown,
-        /// There is no register: no bus, or a desktop without one.
+        /// No bus, or no register on it.
         absent,
-        /// There is one.
         present,
-        /// GNOME's shell keeps it, whose extensions open the menu on a left click.
+        /// GNOME's shell has it, whose extensions open the menu on a left click.
         gnomeShell,
     };
 
-    /// `onPanel` is told from the main loop, first as soon as the bus has answered, then each time
-    /// that the register changes its owner.
+    /// `onPanel` is called from the main loop when the bus has answered, then after each change of
+    /// the register's owner.
     PanelWatcher(const QDBusConnection& connection, std::function<void(Panel)> onPanel);
     PanelWatcher(const PanelWatcher&) = delete;
     PanelWatcher& operator=(const PanelWatcher&) = delete;

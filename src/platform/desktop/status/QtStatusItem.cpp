@@ -21,13 +21,13 @@ namespace calmora {
 namespace {
 
 constexpr auto title = "Calmora";
-/// An icon in a panel is about this wide.
+/// Side of a panel's icon, about.
 constexpr int usualSide = 22;
-/// After this time a panel that starts has painted itself.
+/// A panel that starts has painted itself by then.
 constexpr std::chrono::milliseconds paintTime{1000};
 
-/// The name under which a panel finds the picture and knows that it may draw it in its own colour:
-/// "-symbolic" at the end, beside the picture's own file. Empty where there is none.
+/// The name of the picture's recolourable variant ("-symbolic" at the end), if its file exists;
+/// else empty.
 QString recolorableName(const Image& image) {
     const std::string name = image.file.stem().string() + "-symbolic";
     std::error_code error;
@@ -40,8 +40,8 @@ bool isX11() {
     return QGuiApplication::platformName() == "xcb";
 }
 
-/// Whether the desktop's panel shows an icon as it is drawn, also a symbolic one on a dark bar.
-/// There, where the bar can be looked at, the glyph comes as pixels in the colour that fits it.
+/// Whether the desktop's panel recolours no icons. There the glyph is sent as pixels that contrast
+/// with the bar, if the screen can be read.
 bool drawsNamesAsTheyAre() {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':');
     return isX11() && QGuiApplication::primaryScreen() &&
@@ -146,8 +146,7 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
 
 void QtStatusItem::clicked(StatusEvent event, Point place) {
     setPanelMenuOpen(false);
-    // What panels give as the place differs: the pointer's, the icon's, nothing at all. On X11
-    // the pointer can be asked.
+    // Panels pass the pointer's place, the icon's, or nothing. On X11 the pointer can be asked.
     if (isX11()) {
         const QPoint pointer = QCursor::pos();
         lastClick_ = {pointer.x(), pointer.y()};

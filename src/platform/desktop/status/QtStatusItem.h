@@ -20,27 +20,26 @@ namespace calmora {
 
 class LocalizedStrings;
 
-/// The status item on Linux desktops: a StatusNotifierItem in every panel that takes one, whenever
-/// it comes; an icon in the old tray while there is none. Works without either, and without a bus.
+/// The status item on Linux desktops: a StatusNotifierItem in a panel that takes one, else a legacy
+/// tray icon. Works without either, and without a bus.
 class QtStatusItem final : public QObject, public StatusItem {
   public:
-    /// `applicationId` names the item to panels. `strings` must outlive it.
-    /// `onPanelMenu` is told when a panel opens and closes its drawing of the menu; the close also
-    /// when the panel vanishes or sends a click instead.
+    /// `applicationId` identifies the item to panels. `strings` must outlive it. `onPanelMenu` is
+    /// called when a panel opens and closes its drawing of the menu; also for a panel that vanishes
+    /// or sends a click instead of the close.
     QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
                  const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu = {});
     ~QtStatusItem() override;
 
-    /// Where a file "NAME-symbolic.svg" lies beside the image's file "NAME.svg", its name goes to
-    /// the panel, which may draw it in its own colour. Panels that want pixels get them in the
-    /// desktop's text colour.
+    /// If there is a "NAME-symbolic.svg" beside the image's file "NAME.svg", panels get that name
+    /// and may recolour it. Panels that want pixels get them in the desktop's text colour.
     void setTemplateImage(const std::optional<Image>& image, int points) override;
     void setAction(std::function<void(StatusEvent)> action) override;
     void setMenu(std::function<std::vector<StatusMenuItem>()> build) override;
     void popUpMenu() override;
 
-    /// The icon's rectangle in the old tray; else a square around the place of the last click,
-    /// since panels do not tell theirs.
+    /// The tray icon's rectangle; in a panel, which does not tell it, a square around the last
+    /// click.
     [[nodiscard]] std::optional<Rect> frame() const override;
 
   protected:

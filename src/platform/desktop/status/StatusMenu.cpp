@@ -11,10 +11,10 @@
 namespace calmora {
 namespace {
 
-/// The forms of Command on this system, the one that users know first: it is the one shown.
+/// Keys that stand for Command; the first is shown.
 constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 
-/// Keys with which a menu would close although they only begin a combination.
+/// Keys that would close a menu although they only begin a combination.
 bool beginsCombination(const QKeyEvent& event) {
     return event.key() == Qt::Key_Alt || event.key() == Qt::Key_Meta ||
            event.key() == Qt::Key_Super_L || event.key() == Qt::Key_Super_R;

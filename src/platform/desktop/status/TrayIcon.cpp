@@ -16,7 +16,7 @@
 namespace calmora {
 namespace {
 
-/// After this time a tray has painted itself around the icon.
+/// A tray has painted itself around the icon by then.
 constexpr std::chrono::milliseconds settleTime{100};
 
 } // namespace
@@ -58,7 +58,7 @@ std::optional<Rect> TrayIcon::geometry() const {
 }
 
 bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
-    // Qt tells nothing of its icon's place, but the window that it puts into a tray does.
+    // Qt does not report where its icon is, but its window in the tray gets paint events.
     if (event->type() == QEvent::Paint && !isAdapting_ && watched->isWidgetType() &&
         watched->inherits("QSystemTrayIconSys")) {
         isAdapting_ = true;
@@ -73,7 +73,7 @@ bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
 void TrayIcon::draw() {
     QIcon icon = glyph_ ? glyphIcon(*glyph_, color_) : QIcon();
     if (icon.isNull()) {
-        // Qt shows no icon without a picture; the place in the tray stays the button.
+        // Qt shows no icon without a picture; an empty one can still be clicked.
         QPixmap empty(22, 22);
         empty.fill(Qt::transparent);
         icon.addPixmap(empty);

@@ -13,18 +13,18 @@
 
 namespace calmora {
 
-/// The icon in a tray of the old kind (XEmbed), for desktops without a register of status items.
-/// Must not be made while there is such a register: Qt decides once per process which kind it
-/// uses.  Source: freedesktop System Tray Protocol.
+/// A legacy XEmbed tray icon, for desktops without a register of status items. Must not be made
+/// while there is such a register: Qt decides once per process which kind it uses.
+/// Source: freedesktop System Tray Protocol.
 class TrayIcon : public QObject {
   public:
-    /// `onClick` is told of every click, a fast second one included.
+    /// `onClick` is called for every click, also for a fast second one.
     TrayIcon(const QString& title, std::function<void(StatusEvent)> onClick);
 
-    /// The glyph, drawn black or white after the tray's background.
+    /// The glyph, drawn black or white to contrast with the tray.
     void setGlyph(const std::optional<Image>& glyph);
 
-    /// Where the icon is; absent while no tray shows it.
+    /// Where the icon is on screen; absent while no tray shows it.
     [[nodiscard]] std::optional<Rect> geometry() const;
 
   protected:
