@@ -134,15 +134,5 @@ TEST_F(DbusApplicationsTest, knowsWhoCarriesTheSession) {
     EXPECT_TRUE(waitFor([&] { return !isProtected(self); }));
 }
 
-TEST(DbusApplicationsWithoutBus, tellNothing) {
-    DbusApplications applications(QDBusConnection("no such connection"));
-    applications.learnActions({":1.1", "/x"});
-    applications.flush();
-    EXPECT_FALSE(applications.ownsStatusItem(1));
-    EXPECT_FALSE(applications.quitMediaPlayer(1));
-    EXPECT_FALSE(applications.activateQuit({":1.1", "/x"}));
-    EXPECT_TRUE(applications.protectedProcesses().empty());
-}
-
 } // namespace
 } // namespace calmora

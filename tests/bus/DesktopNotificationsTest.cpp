@@ -44,10 +44,5 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
     }
 }
 
-TEST(DesktopNotifications, loses_notices_without_a_bus) {
-    DesktopNotifications nowhere(QDBusConnection("not connected"), "org.example.Tool");
-    nowhere.add({"id", "Calmora", "body"});
-}
-
 } // namespace
 } // namespace calmora

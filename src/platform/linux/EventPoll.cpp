@@ -13,7 +13,7 @@ namespace {
 
 void drain(int descriptor) {
     std::uint64_t count = 0;
-    // Both eventfd and timerfd give eight bytes, or nothing when another read was faster.
+    // Both eventfd and timerfd give eight bytes or nothing.
     [[maybe_unused]] const ssize_t read = ::read(descriptor, &count, sizeof count);
 }
 
@@ -41,7 +41,7 @@ struct EventPoll::State {
 
     void runDeferred() {
         drain(wake.get());
-        // What is deferred from here on waits for the next dispatch.
+        // Actions deferred from here on wait for the next dispatch.
         const std::uint64_t end = nextId;
         while (!deferred.empty() && deferred.begin()->first < end) {
             const auto action = std::move(deferred.begin()->second);
@@ -56,7 +56,7 @@ EventPoll::EventPoll() : state_(std::make_shared<State>()) {
 }
 
 EventPoll::~EventPoll() {
-    // A dispatch further up the stack finds nothing left to call.
+    // A dispatch() on the stack has nothing left to call.
     state_->watches.clear();
     state_->deferred.clear();
 }

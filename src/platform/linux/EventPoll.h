@@ -11,9 +11,9 @@
 
 namespace calmora {
 
-/// One descriptor for everything that the Linux layer waits for: the connection to the window
-/// system, pidfds, timers. A main loop watches descriptor() and calls dispatch() when it is
-/// readable. Nothing is ever due while nobody watches. Main thread.
+/// One descriptor for all that the Linux layer waits for: the connection to the window system,
+/// pidfds, timers. A main loop watches descriptor() and calls dispatch() when it is readable. Main
+/// thread.
 /// Source: epoll(7), timerfd_create(2).
 class EventPoll {
   public:
@@ -23,12 +23,12 @@ class EventPoll {
     ~EventPoll();
 
     /// Calls `ready` from dispatch() whenever `descriptor` can be read or has hung up, until the
-    /// token ends. The descriptor stays the caller's, is watched once only and must outlive the
-    /// token. An empty token when the descriptor cannot be watched.
+    /// token ends. The caller keeps the descriptor, which must outlive the token, and watches it
+    /// only once. An empty token when it cannot be watched.
     [[nodiscard]] Subscription watch(int descriptor, std::function<void()> ready);
 
     /// Calls `action` from dispatch() every `interval`, first after one interval, until the token
-    /// ends. Missed turns are not made up for.
+    /// ends. Missed turns are skipped.
     [[nodiscard]] Subscription every(std::chrono::milliseconds interval,
                                      std::function<void()> action);
 

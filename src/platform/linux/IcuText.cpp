@@ -25,7 +25,7 @@ std::string collationLocale() {
 }
 
 icu::Locale icuLocale(const std::string& name) {
-    // The plain locales have no language; the root's rules are for readers, too.
+    // The plain locales have no language.
     if (name.empty() || name == "C" || name == "POSIX" || name.starts_with("C.")) {
         return icu::Locale::getRoot();
     }
@@ -53,7 +53,7 @@ struct IcuText::Rules {
     icu::Locale locale;
     /// Null when ICU has no data at all; texts are then compared folded, by code point.
     std::unique_ptr<icu::Collator> collator;
-    /// Set once search was used; its text and pattern are of the last search.
+    /// Made by the first search; has the text and pattern of the last one.
     std::unique_ptr<icu::StringSearch> search;
     icu::UnicodeString pattern;
 };

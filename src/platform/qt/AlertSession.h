@@ -7,14 +7,14 @@
 
 namespace calmora {
 
-/// Knows whether an alert is open. What must wait for the user's answer asks here.
+/// Whether an alert is open, for whatever must wait for the answer.
 class AlertSession {
   public:
     /// Whether an alert is open.
     [[nodiscard]] bool isOpen() const { return depth_ > 0; }
 
-    /// Opens a session that lasts as long as the token; sessions nest. The token must not outlive
-    /// this object.
+    /// Opens a session that lasts as long as the token; sessions nest. This object must outlive the
+    /// token.
     [[nodiscard]] Subscription begin() {
         if (depth_++ == 0) {
             changed_.emit(true);
@@ -26,7 +26,7 @@ class AlertSession {
         });
     }
 
-    /// Tells true when the first alert opens and false when the last one has closed.
+    /// Called with true when the first alert opens and with false when the last one has closed.
     [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler) {
         return changed_.connect(std::move(handler));
     }

@@ -10,13 +10,13 @@
 namespace calmora {
 
 /// Turns SIGTERM, SIGINT and SIGHUP into a call from the main loop, so that the program ends as
-/// after its own Quit command. Source: signalfd(2).
+/// with its Quit command. Source: signalfd(2).
 class EndingSignals {
   public:
-    /// Holds the signals back from now on. To be called before the program has other threads.
+    /// Blocks the signals from now on. Must be called before the program has other threads.
     EndingSignals();
 
-    /// Calls `action` for each signal, those included that came before.
+    /// Calls `action` for each signal, also for those that came before.
     void onSignal(std::function<void()> action);
 
   private:

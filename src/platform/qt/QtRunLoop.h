@@ -5,9 +5,9 @@
 
 namespace calmora {
 
-/// Qt's event loop. A repeating timer that falls due while an alert is open runs once when the
-/// alert has been answered. Long timers may come up to 5 % off their time, so that the kernel can
-/// wake the machine for several at once.
+/// Qt's event loop. A repeating timer that is due while an alert is open runs once after the
+/// answer. Long timers may be 5 % late or early, so that the kernel can wake the machine for
+/// several at once.
 class QtRunLoop final : public RunLoop {
   public:
     /// `alerts` must outlive every token.

@@ -9,8 +9,8 @@ class KeyboardLayout;
 class TransientWindows;
 class WindowSystem;
 
-/// Everything that depends on the window system of the session. Nothing else in the program knows
-/// which one that is. What it returns lives as long as the backend. Main thread.
+/// Everything that depends on the window system of the session. What it returns lives as long as
+/// the backend. Main thread.
 class WindowBackend {
   public:
     virtual ~WindowBackend() = default;
@@ -18,7 +18,7 @@ class WindowBackend {
     /// The windows of the running applications.
     [[nodiscard]] virtual WindowSystem& windows() = 0;
 
-    /// The keys that act wherever the keyboard focus is.
+    /// Keys that act wherever the focus is.
     [[nodiscard]] virtual HotKeys& hotKeys() = 0;
 
     /// What the keys of the keyboard write.
@@ -27,10 +27,10 @@ class WindowBackend {
     /// How our own popover, alerts and menus appear. Needs the QApplication.
     [[nodiscard]] virtual TransientWindows& transientWindows() = 0;
 
-    /// Forgets the presses of hot keys that were made up to now and have not acted yet.
+    /// Discards presses of hot keys that have not acted yet.
     virtual void discardKeyPresses() = 0;
 
-    /// The name that the window manager gives itself; empty when there is none, or it has no name.
+    /// The name of the window manager; empty when there is none, or it has no name.
     [[nodiscard]] virtual std::string windowManagerName() = 0;
 
     /// What the list of applications lacks here, in English; empty when it is complete.

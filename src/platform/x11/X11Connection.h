@@ -15,7 +15,7 @@
 
 namespace calmora {
 
-/// Frees what xcb hands out.
+/// Frees what xcb returns.
 struct X11Free {
     void operator()(void* memory) const { std::free(memory); }
 };
@@ -82,8 +82,8 @@ enum class X11Atom : std::uint8_t {
     count,
 };
 
-/// A connection of our own to the X server, with its screen and atoms. A connection that could not
-/// be made, or that has broken, answers every request with nothing; it never ends the program.
+/// A connection to the X server, with its screen and atoms. One that could not be made, or that has
+/// broken, answers every request with nothing.
 class X11Connection {
   public:
     /// Connects to `display`; empty means the one that the environment names.
@@ -104,7 +104,7 @@ class X11Connection {
         return atoms_.at(static_cast<std::size_t>(atom));
     }
 
-    /// The process that listens at the other end; absent when the server is on another machine.
+    /// The server's process; absent when it is on another machine.
     /// Source: unix(7), SO_PEERCRED.
     [[nodiscard]] std::optional<ProcessId> serverProcess() const { return serverProcess_; }
 
@@ -113,11 +113,11 @@ class X11Connection {
         return resource & ~resourceMask_;
     }
 
-    /// Whether processesOf() tells the process of each client on this machine.
+    /// Whether processesOf() knows the clients on this machine.
     [[nodiscard]] bool knowsClientProcesses() const { return knowsClientProcesses_; }
 
-    /// Asks for the processes of the clients that own the resources; one answer for each of them
-    /// in their order, absent where the server cannot tell. One round trip.
+    /// The processes of the clients that own the resources, in their order; absent where the server
+    /// does not know. One round trip.
     /// Source: X-Resource extension 1.2, QueryClientIds.
     [[nodiscard]] std::vector<std::optional<ProcessId>>
     processesOf(std::span<const xcb_window_t> resources) const;
@@ -139,8 +139,8 @@ class X11Connection {
     bool knowsClientProcesses_ = false;
 };
 
-/// The 32-bit values of a property; empty when the reply is null or has another format. Valid as
-/// long as the reply.
+/// The 32-bit values of a property; empty for no reply or another format. Valid as long as the
+/// reply.
 [[nodiscard]] std::span<const std::uint32_t> words(const X11Reply<xcb_get_property_reply_t>& reply);
 
 /// The text of a property, without the zero bytes at its end.

@@ -8,9 +8,9 @@
 
 namespace calmora {
 
-/// The best of the pictures in a _NET_WM_ICON property for a square of `wanted` pixels: the
-/// smallest that fills it, else the largest there is. A picture much larger than needed is scaled
-/// down. Null when no picture is complete. Source: EWMH, _NET_WM_ICON.
+/// The best picture in a _NET_WM_ICON property for a square of `wanted` pixels: the smallest that
+/// fills it, else the largest. Scaled down if much larger. Null when none is complete.
+/// Source: EWMH, _NET_WM_ICON.
 [[nodiscard]] std::shared_ptr<const ImagePixels> chooseIcon(std::span<const std::uint32_t> property,
                                                             int wanted);
 

@@ -7,9 +7,9 @@
 
 namespace calmora {
 
-/// The windows that are embedded in the tray whose selection `owner` holds: windows of other
-/// clients inside its own. `docks` are where a panel may have it. One round trip for each level of
-/// windows.  Source: freedesktop System Tray Protocol, XEMBED.
+/// The windows embedded in the tray whose selection `owner` holds: those of other clients inside
+/// its own, also inside `docks`. One round trip for each level of windows. Source: freedesktop
+/// System Tray Protocol, XEMBED.
 [[nodiscard]] std::vector<xcb_window_t>
 trayIcons(const X11Connection& connection, xcb_window_t owner, std::span<const xcb_window_t> docks);
 

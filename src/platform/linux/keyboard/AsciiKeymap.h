@@ -10,7 +10,7 @@
 
 namespace calmora {
 
-/// Releases what xkbcommon hands out.
+/// Releases what xkbcommon returns.
 struct XkbRelease {
     void operator()(xkb_context* context) const { xkb_context_unref(context); }
 
@@ -26,8 +26,8 @@ using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 /// The keymap of a US keyboard; null without a context.
 [[nodiscard]] XkbKeymap americanKeymap(xkb_context* context);
 
-/// The layout of `keymap` that stands for ASCII: `active` if its lowest level has at least 20 of
-/// the letters a to z, else the first that has; absent when none does.
+/// The layout of `keymap` that writes ASCII, which means at least 20 of the letters a to z on its
+/// lowest level: `active`, else the first such one; absent when there is none.
 [[nodiscard]] std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap,
                                                             xkb_layout_index_t active);
 

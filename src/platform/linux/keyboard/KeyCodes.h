@@ -5,7 +5,7 @@
 
 namespace calmora {
 
-/// A key as the X server numbers it: evdev's code plus 8. Physical keys, whatever they write.
+/// A physical key as the X server numbers it: evdev's code plus 8.
 using X11KeyCode = std::uint8_t;
 
 /// The X keycode of a virtual key code; absent for a key that never reaches X (Fn).
@@ -15,8 +15,8 @@ using X11KeyCode = std::uint8_t;
 /// The virtual key code of an X keycode; absent for a key that has none.
 [[nodiscard]] std::optional<std::int64_t> virtualKeyCode(X11KeyCode keyCode);
 
-/// Whether the key with this virtual key code locks a modifier, so that it can be no hot key:
-/// Caps Lock, and Num Lock, which is where other keyboards have the keypad's Clear.
+/// Whether this key locks a modifier, so that it cannot be a hot key: Caps Lock, and Num Lock,
+/// which is where other keyboards have the keypad's Clear.
 [[nodiscard]] constexpr bool isLockKey(std::int64_t keyCode) {
     return keyCode == 57 || keyCode == 71;
 }

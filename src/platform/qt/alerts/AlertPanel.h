@@ -8,13 +8,13 @@
 
 namespace calmora {
 
-/// What an alert shows: picture, message, explanation, buttons. The first button stands outermost.
+/// The content of an alert: picture, message, explanation, buttons. The first button is outermost.
 class AlertPanel final : public QWidget {
   public:
-    /// `onAnswer` is told the index of the chosen button.
+    /// `onAnswer` is called with the index of the chosen button.
     AlertPanel(const Alert& alert, const Image& icon, std::function<void(std::size_t)> onAnswer);
 
-    /// Gives the keyboard to the default button.
+    /// Focuses the default button.
     void focusDefaultButton();
 
   private:

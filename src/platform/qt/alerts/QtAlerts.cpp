@@ -16,7 +16,7 @@ namespace calmora {
 
 namespace {
 
-/// The screen that the user looks at: that of our focused window, else the pointer's.
+/// The screen of our focused window, else the pointer's.
 const QScreen* currentScreen() {
     if (const QWindow* focused = QGuiApplication::focusWindow()) {
         return focused->screen();
@@ -66,7 +66,7 @@ std::size_t QtAlerts::runModal(const Alert& alert) {
 
     const auto focus = windows_.grabFocus(
         *frame.windowHandle(), [] { return false; }, [&](Leaving) { frame.raise(); });
-    // No window manager gives the keyboard to this window at a click.
+    // No window manager focuses this window at a click.
     frame.setOnPress([&] { focus->renew(); });
     loop.exec();
     return answer;

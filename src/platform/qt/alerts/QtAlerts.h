@@ -6,14 +6,14 @@
 
 namespace calmora {
 
-/// Alerts in the middle of the screen, above everything. The last button is the default one and
-/// the answer of Escape. Takes clicks whatever modifier is held.
+/// Alerts in the middle of the screen, above everything. The last button is the default and the
+/// answer of Escape. Takes clicks with any modifier held.
 class QtAlerts final : public Alerts {
   public:
     /// The references must outlive this object. `ownIcon` is shown by an alert without an icon.
     QtAlerts(TransientWindows& windows, AlertSession& session, Image ownIcon);
 
-    /// The last button's index also when the program is asked to end meanwhile.
+    /// Gives the last button's index, too, when the program is asked to end meanwhile.
     std::size_t runModal(const Alert& alert) override;
 
   private:

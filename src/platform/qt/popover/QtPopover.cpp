@@ -43,7 +43,7 @@ QtPopover::QtPopover(TransientWindows& windows, AlertSession& alerts)
     frame_.setOnEscape([this] { performClose(); });
     alertChanges_ = alerts_.onChanged([this](bool isOpen) {
         if (!isOpen && focus_) {
-            // The alert is about to give the keyboard back.
+            // The alert is about to give the focus back.
             QTimer::singleShot(0, &frame_, [this] {
                 if (focus_) {
                     focus_->check();
@@ -69,7 +69,7 @@ void QtPopover::show(std::optional<Rect> anchor) {
         guard_.refuses(std::chrono::steady_clock::now())) {
         return;
     }
-    // A menu of ours, from which a shortcut was pressed, would keep the keyboard.
+    // A menu of ours that is open would keep the focus.
     for (QWidget* menu = QApplication::activePopupWidget(); menu && menu->close();
          menu = QApplication::activePopupWidget()) {
     }
@@ -83,11 +83,11 @@ void QtPopover::show(std::optional<Rect> anchor) {
 }
 
 void QtPopover::performClose() {
-    // What an alert asks about stays as it is, also for a panel that passes a click on.
+    // Stays behind an alert, also when a panel reports a click.
     if (!focus_ || alerts_.isOpen()) {
         return;
     }
-    // First the keyboard, then the window: hidden, it could no longer hand it on.
+    // Before hiding: a hidden window could not pass the focus on.
     focus_.reset();
     frame_.hide();
     didClose_.emit();
@@ -95,7 +95,7 @@ void QtPopover::performClose() {
 
 void QtPopover::userLeft(Leaving how) {
     if (how == Leaving::covered) {
-        return; // Only an alert insists on being on top.
+        return; // Only an alert stays on top.
     }
     if (how == Leaving::pressedOutside && anchor_ && toQRect(*anchor_).contains(QCursor::pos())) {
         return; // The icon's own action follows.

@@ -13,17 +13,16 @@
 
 namespace calmora {
 
-/// The window under the status icon. It has the keyboard while it is shown and closes when the
-/// user turns elsewhere: a press outside of it and the icon, another window that gets the
-/// keyboard, Escape. An alert of ours does not close it.
+/// The window under the status icon. It has the focus while it is shown and closes at Escape, a
+/// press outside of it and the icon, and when another window gets the focus. An alert of ours does
+/// not close it.
 class QtPopover final : public Popover {
   public:
-    /// Both must outlive the popover.
+    /// The arguments must outlive the popover.
     QtPopover(TransientWindows& windows, AlertSession& alerts);
 
     ~QtPopover() override;
 
-    /// What it shows.
     void setContent(std::unique_ptr<QWidget> content);
 
     void setContentSize(Size size) override;

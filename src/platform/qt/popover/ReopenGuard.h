@@ -5,8 +5,8 @@
 
 namespace calmora {
 
-/// Keeps one click on the status icon from closing the popover by its press and opening it again
-/// by its release, where the icon's place is unknown and the press counted as one outside.
+/// Keeps one click on the status icon from closing the popover by its press, which counts as one
+/// outside where the icon's place is unknown, and opening it again by its release.
 class ReopenGuard {
   public:
     using Time = std::chrono::steady_clock::time_point;

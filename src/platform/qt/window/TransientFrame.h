@@ -14,7 +14,7 @@ class TransientFrame : public QWidget {
   public:
     explicit TransientFrame(TransientWindows& windows);
 
-    /// What the frame shows; the frame owns it from now on.
+    /// The frame's content.
     void setBody(std::unique_ptr<QWidget> body);
 
     /// Shows the body at `bounds`, on the virtual screen; shadow and edge lie around it.
@@ -23,10 +23,10 @@ class TransientFrame : public QWidget {
     /// Moves and resizes the body.
     void setBounds(const QRect& bounds);
 
-    /// Called when Escape was pressed and the body had no use for it.
+    /// Called when Escape is pressed and the body does not use it.
     void setOnEscape(std::function<void()> action) { onEscape_ = std::move(action); }
 
-    /// Called when a mouse button went down anywhere in the frame, before the body learns of it.
+    /// Called when a mouse button goes down in the frame, before the body gets the event.
     void setOnPress(std::function<void()> action) { onPress_ = std::move(action); }
 
   protected:

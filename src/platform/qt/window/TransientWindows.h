@@ -37,12 +37,12 @@ class FocusGrab {
     virtual void check() = 0;
 };
 
-/// What transient windows need of the window system beyond Qt.
+/// What transient windows need from the window system beyond Qt.
 class TransientWindows {
   public:
     virtual ~TransientWindows() = default;
 
-    /// Flags of a window that takes clicks whatever modifier is held.
+    /// Flags of a window that takes clicks with any modifier held.
     [[nodiscard]] virtual Qt::WindowFlags transientFlags() const = 0;
 
     /// Whether windows may be translucent.
@@ -57,10 +57,10 @@ class TransientWindows {
     grabFocus(QWindow& window, std::function<bool()> isAlertOpen,
               std::function<void(Leaving)> onLeft) = 0;
 
-    /// The modifiers that are down now; absent where only events tell.
+    /// The modifiers that are down now; absent where only events have them.
     [[nodiscard]] virtual std::optional<ModifierFlags> modifiers() = 0;
 
-    /// The time of now on the clock of QInputEvent::timestamp(); absent where it cannot be asked.
+    /// The current time of QInputEvent::timestamp(); absent where it cannot be asked.
     [[nodiscard]] virtual std::optional<std::uint32_t> eventTime() = 0;
 };
 

@@ -17,8 +17,7 @@ std::unique_ptr<TransientWindows> makeTransientWindows() {
     return std::make_unique<ManagedTransientWindows>();
 }
 
-/// A Wayland compositor tells its X server only of X11 programs: of their windows, and of keys
-/// that go to them.
+/// On Wayland the X server knows only the windows of X11 programs, and the keys that go to them.
 bool isOnWayland() {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }

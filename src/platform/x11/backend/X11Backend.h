@@ -13,8 +13,8 @@ namespace calmora {
 
 class EventPoll;
 
-/// The window system of X11 sessions, and of X11 programs on a Wayland session (Xwayland). Without
-/// an X server it lists nothing and has no hot keys.
+/// The window system of X11 sessions, and of X11 programs on Wayland (Xwayland). Without an X
+/// server it lists no windows and has no hot keys.
 class X11Backend final : public WindowBackend {
   public:
     /// Connects to the display that the environment names. `events` must outlive the backend.

@@ -29,7 +29,7 @@ X11Input::X11Input() {
     notifier_ = std::make_unique<QSocketNotifier>(connection_.descriptor(), QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, &context_,
                      [this] { dispatch(); });
-    // A round trip may have read events along with its reply: the descriptor stays silent then.
+    // Events that came with a reply are in memory, which the descriptor does not show.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                      &context_, [this] { dispatchQueued(); });
 }
@@ -49,7 +49,7 @@ void X11Input::grabFocus(xcb_window_t window) const {
 }
 
 void X11Input::passFocus(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const {
-    // Nobody may take it between the question and the answer.
+    // Nobody may take the focus between question and answer.
     xcb_grab_server(connection_.get());
     if (focusedWindow() == from) {
         setFocus(isViewable(to) ? to : xcb_window_t{XCB_NONE}, time);
@@ -116,7 +116,7 @@ Subscription X11Input::watchScreen() {
             xcb_get_extension_data(connection, &xcb_input_id);
         if (extension && extension->present != 0) {
             inputExtension_ = extension->major_opcode;
-            // The server treats a client that does not ask for 2.x as one of the old protocol.
+            // Without this request the server treats the client as one of XInput 1.
             xcb_discard_reply(connection, xcb_input_xi_query_version(connection, 2, 2).sequence);
         }
     }

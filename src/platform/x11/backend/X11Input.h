@@ -60,13 +60,12 @@ class X11Input {
     /// that carries Super_L; AltGr is neither.
     [[nodiscard]] std::optional<ModifierFlags> modifiers();
 
-    /// The server's time of now, in milliseconds; it wraps around.
+    /// The server's current time in milliseconds; it wraps around. One round trip.
     [[nodiscard]] std::optional<xcb_timestamp_t> serverTime();
 
-    /// Selects, until the token ends, what happens all over the screen: windows that appear and
-    /// vanish (SubstructureNotify of the root), and raw button presses, which reach every client
-    /// that asks. Tokens may overlap.
-    /// Source: XInput 2.1, RawButtonPress.
+    /// Selects, until the token ends, windows that appear and vanish (SubstructureNotify of the
+    /// root) and raw button presses all over the screen. Tokens may overlap. Source: XInput 2.1,
+    /// RawButtonPress.
     [[nodiscard]] Subscription watchScreen();
 
     /// A mouse button that went down somewhere.
@@ -75,13 +74,13 @@ class X11Input {
         xcb_timestamp_t time = XCB_CURRENT_TIME;
     };
 
-    /// The raw press that watchScreen() selected; absent for every other event.
+    /// The raw press in an event that watchScreen() selected; absent in every other event.
     [[nodiscard]] std::optional<RawPress> rawPress(const xcb_generic_event_t& event) const;
 
-    /// Tells the events that have arrived along with replies.
+    /// Handles the events that arrived with replies.
     void dispatchQueued();
 
-    /// Tells every event of this connection.
+    /// Called with every event of this connection.
     [[nodiscard]] Subscription onEvent(std::function<void(const xcb_generic_event_t&)> handler) {
         return event_.connect(std::move(handler));
     }

@@ -27,7 +27,7 @@ class Grabs {
     explicit Grabs(const X11Keyboard& keyboard)
         : keyboard_(&keyboard), modifiers_(keyboard.modifiers()) {}
 
-    /// The status: success, or the first error's code. A refusal leaves no grab behind.
+    /// Success, or the first error's code. A refusal leaves no grab behind.
     [[nodiscard]] std::int32_t take(Combination combination) const {
         std::vector<xcb_void_cookie_t> cookies;
         for (const X11ModifierMask mask : masks(combination)) {
@@ -70,7 +70,7 @@ class Grabs {
             XCB_INPUT_DEVICE_ALL_MASTER, count, 1, XCB_INPUT_GRAB_TYPE_KEYCODE,
             XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_INPUT_GRAB_OWNER_NO_OWNER,
             &eventMask, modifiers.data());
-        // Sent along with it, and waited for: a key pressed meanwhile would be lost to the probe.
+        // Sent along with it, and waited for: the probe would swallow a key pressed meanwhile.
         const auto undo = xcb_input_xi_passive_ungrab_device_checked(
             connection(), root(), combination.key, XCB_INPUT_DEVICE_ALL_MASTER, count,
             XCB_INPUT_GRAB_TYPE_KEYCODE, modifiers.data());
@@ -94,7 +94,7 @@ class Grabs {
     [[nodiscard]] xcb_window_t root() const { return keyboard_->connection().root(); }
 
     const X11Keyboard* keyboard_;
-    // Grabs are given back with the locks with which they were taken.
+    // Grabs are released with the locks with which they were taken.
     X11Modifiers modifiers_;
 };
 
@@ -116,7 +116,7 @@ struct X11HotKeys::State {
     std::uint64_t nextEntry = 0;
     /// Keys that are down, with the hot keys that they fired.
     std::map<X11KeyCode, std::vector<HotKeyIdentifier>> held;
-    /// Followed while raw keys are told; their events say nothing of modifiers.
+    /// Tracked while raw keys are reported: their events have no modifiers.
     std::set<X11KeyCode> down;
     Handler handler;
     bool tellsHotKeys = false;

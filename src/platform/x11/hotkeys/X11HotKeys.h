@@ -8,9 +8,9 @@ namespace calmora {
 
 class X11Keyboard;
 
-/// Hot keys by passive grabs of the X server. A hot key is a physical key: it stays under any
-/// layout, and fires with any lock on. A combination counts as taken when another client has it by
-/// a grab of the core protocol or of XInput 2, which do not see each other.
+/// Hot keys by passive grabs of the X server. A hot key is a physical key: it fires under any
+/// layout and with any lock on. A combination is taken when another client has a grab of the core
+/// protocol or of XInput 2, which do not see each other.
 class X11HotKeys final : public HotKeys {
   public:
     /// `keyboard` must outlive the hot keys.

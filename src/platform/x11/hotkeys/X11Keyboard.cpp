@@ -107,7 +107,7 @@ struct X11Keyboard::State {
         }
     }
 
-    /// Also told by a key from another keyboard, so it is looked up what really changed.
+    /// The events come for a key of another keyboard, too, so look for an actual change.
     void refresh() {
         isStale = false;
         const X11ModifierMap now = readModifierMap(connection);
@@ -121,7 +121,7 @@ struct X11Keyboard::State {
         layoutChanged.emit();
     }
 
-    /// Events that follow each other are answered by one look-up.
+    /// One look-up for several changes in a row.
     void drain(bool dropsPresses = false) {
         for (bool isSettled = false; !isSettled;) {
             while (
@@ -156,7 +156,7 @@ X11Keyboard::X11Keyboard(EventPoll& poll, const std::string& display)
 }
 
 X11Keyboard::~X11Keyboard() {
-    // A drain further up the stack may keep the state for a while; it must not be told anything.
+    // A drain() on the stack may keep the state alive; it must not emit any more.
     state_->watch.reset();
     state_->drainLater.reset();
     state_->isUsable = false;
@@ -200,7 +200,7 @@ void X11Keyboard::flush() {
         return;
     }
     xcb_flush(state_->connection.get());
-    // What a reply brought along lies in memory, where the descriptor does not show it.
+    // Events that came with a reply are in memory, which the descriptor does not show.
     state_->drainLater = state_->poll.later([weak = std::weak_ptr(state_)] {
         if (const auto state = weak.lock()) {
             state->drain();
@@ -232,7 +232,7 @@ void X11Keyboard::selectRawKeys(bool presses, bool releases) {
 
 void X11Keyboard::discardKeyPresses() {
     if (isAlive()) {
-        // Whatever the server has seen up to now is here once it answers.
+        // Earlier events are here when the server answers.
         const X11Reply<xcb_get_input_focus_reply_t> answer(xcb_get_input_focus_reply(
             state_->connection.get(), xcb_get_input_focus(state_->connection.get()), nullptr));
         const auto state = state_;

@@ -16,19 +16,18 @@ namespace calmora {
 
 class EventPoll;
 
-/// The keyboard of the X server over a connection of its own, so that what is asked of it (XKB,
-/// raw keys) changes nothing for the toolkit's connection. A connection that breaks ends
-/// everything here quietly. Main thread.
+/// The X server's keyboard on a connection of its own, so that its selections (XKB, raw keys) do
+/// not affect the toolkit's. After the connection breaks nothing happens any more. Main thread.
 class X11Keyboard {
   public:
-    /// Connects to `display`; empty means the one that the environment names. `poll` must outlive
-    /// the keyboard.
+    /// Connects to `display`; empty means that of the environment. `poll` must outlive the
+    /// keyboard.
     explicit X11Keyboard(EventPoll& poll, const std::string& display = {});
     X11Keyboard(const X11Keyboard&) = delete;
     X11Keyboard& operator=(const X11Keyboard&) = delete;
     ~X11Keyboard();
 
-    /// Whether there is a connection, with XKB and XInput 2.1 at its other end.
+    /// Whether the server answers and has XKB and XInput 2.1.
     [[nodiscard]] bool isAlive() const;
 
     [[nodiscard]] const X11Connection& connection() const;
@@ -42,17 +41,16 @@ class X11Keyboard {
     /// The keys that are down at this moment. One round trip.
     [[nodiscard]] std::set<X11KeyCode> keysDown();
 
-    /// Sends what waits, and makes sure that events which arrived meanwhile are told.
+    /// Sends queued requests, and handles events that came with replies from the next dispatch.
     void flush();
 
-    /// Which raw key events are told.
+    /// Selects raw key events.
     void selectRawKeys(bool presses, bool releases);
 
-    /// Tells of the key presses that have arrived and were not told yet as too late. To be called
-    /// after a time in which no key may act.
+    /// Reports the key presses that wait as too late, after a time in which no key may act.
     void discardKeyPresses();
 
-    /// A grabbed key was pressed. One that comes too late must not act, not even when it repeats.
+    /// A grabbed key was pressed. If too late it must not act, not even when it repeats.
     [[nodiscard]] Subscription
     onKeyPress(std::function<void(const xcb_key_press_event_t&, bool isTooLate)> slot);
 

@@ -14,7 +14,7 @@ namespace calmora {
 /// Modifier bits as the X server has them in key events: Shift, Lock, Control, Mod1 to Mod5.
 using X11ModifierMask = std::uint16_t;
 
-/// Which bits mean which modifier keys now; the user may move all but Shift, Lock and Control.
+/// Which bits mean which modifier keys; all but Shift, Lock and Control can be remapped.
 struct X11Modifiers {
     static constexpr X11ModifierMask shift = 1;
     static constexpr X11ModifierMask lock = 2;
@@ -38,8 +38,7 @@ struct X11Modifiers {
     /// The bits without those of locks, pointer buttons and the keyboard layout.
     [[nodiscard]] X11ModifierMask withoutLocks(X11ModifierMask mask) const;
 
-    /// Every combination of the locks, the one without any first. None of them must keep a hot
-    /// key from firing.
+    /// Every combination of the locks, with none first. Hot keys fire under all of them.
     [[nodiscard]] std::vector<X11ModifierMask> lockVariants() const;
 };
 
