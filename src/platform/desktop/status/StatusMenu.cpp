@@ -14,12 +14,6 @@ namespace {
 /// Keys that stand for Command; the first is shown.
 constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 
-/// Keys that would close a menu although they only begin a combination.
-bool beginsCombination(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Alt || event.key() == Qt::Key_Meta ||
-           event.key() == Qt::Key_Super_L || event.key() == Qt::Key_Super_R;
-}
-
 } // namespace
 
 StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
@@ -48,10 +42,6 @@ StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
 }
 
 void StatusMenu::keyPressEvent(QKeyEvent* event) {
-    if (beginsCombination(*event)) {
-        event->accept();
-        return;
-    }
     const QKeySequence pressed(event->keyCombination());
     for (QAction* action : actions()) {
         if (action->isEnabled() && action->shortcuts().contains(pressed)) {
@@ -61,14 +51,6 @@ void StatusMenu::keyPressEvent(QKeyEvent* event) {
         }
     }
     QMenu::keyPressEvent(event);
-}
-
-void StatusMenu::keyReleaseEvent(QKeyEvent* event) {
-    if (beginsCombination(*event)) {
-        event->accept();
-        return;
-    }
-    QMenu::keyReleaseEvent(event);
 }
 
 } // namespace calmora

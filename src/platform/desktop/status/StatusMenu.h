@@ -9,14 +9,13 @@
 
 namespace calmora {
 
-/// The status item's menu where no panel draws it.
+/// The status item's menu where no panel draws it. Its key equivalents work while it is open.
 class StatusMenu : public QMenu {
   public:
     explicit StatusMenu(const std::vector<StatusMenuItem>& items);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
 };
 
 } // namespace calmora

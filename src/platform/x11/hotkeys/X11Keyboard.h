@@ -1,15 +1,15 @@
 #pragma once
 
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/hotkeys/X11Modifiers.h"
+#include "platform/x11/hotkeys/X11ModifierMap.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <xcb/xinput.h>
 
 namespace calmora {
@@ -25,18 +25,17 @@ class X11Keyboard {
     explicit X11Keyboard(EventPoll& poll, const std::string& display = {});
     X11Keyboard(const X11Keyboard&) = delete;
     X11Keyboard& operator=(const X11Keyboard&) = delete;
-    ~X11Keyboard();
 
     /// Whether the server answers and has XKB and XInput 2.1.
     [[nodiscard]] bool isAlive() const;
 
-    [[nodiscard]] const X11Connection& connection() const;
+    [[nodiscard]] const X11Connection& connection() const { return connection_; }
 
     /// The modifiers as they are mapped now.
-    [[nodiscard]] const X11Modifiers& modifiers() const;
+    [[nodiscard]] const X11Modifiers& modifiers() const { return map_.modifiers; }
 
     /// The keys that set each modifier bit now.
-    [[nodiscard]] const X11ModifierKeys& modifierKeys() const;
+    [[nodiscard]] const X11ModifierKeys& modifierKeys() const { return map_.keys; }
 
     /// The keys that are down at this moment. One round trip.
     [[nodiscard]] std::set<X11KeyCode> keysDown();
@@ -50,25 +49,59 @@ class X11Keyboard {
     /// Reports the key presses that wait as too late, after a time in which no key may act.
     void discardKeyPresses();
 
+    // Handlers must not destroy the keyboard.
+
     /// A grabbed key was pressed. If too late it must not act, not even when it repeats.
     [[nodiscard]] Subscription
-    onKeyPress(std::function<void(const xcb_key_press_event_t&, bool isTooLate)> slot);
+    onKeyPress(std::function<void(const xcb_key_press_event_t&, bool isTooLate)> slot) {
+        return keyPress_.connect(std::move(slot));
+    }
 
     /// A key went down or up anywhere, while such events are selected.
-    [[nodiscard]] Subscription onRawKey(std::function<void(X11KeyCode, bool isDown)> slot);
+    [[nodiscard]] Subscription onRawKey(std::function<void(X11KeyCode, bool isDown)> slot) {
+        return rawKey_.connect(std::move(slot));
+    }
 
     /// The modifiers are mapped differently now.
-    [[nodiscard]] Subscription onModifiersChanged(std::function<void()> slot);
+    [[nodiscard]] Subscription onModifiersChanged(std::function<void()> slot) {
+        return modifiersChanged_.connect(std::move(slot));
+    }
 
     /// The keys write something else now: another layout, or another one of several is active.
-    [[nodiscard]] Subscription onLayoutChanged(std::function<void()> slot);
+    [[nodiscard]] Subscription onLayoutChanged(std::function<void()> slot) {
+        return layoutChanged_.connect(std::move(slot));
+    }
 
     /// The connection has broken.
-    [[nodiscard]] Subscription onClosed(std::function<void()> slot);
+    [[nodiscard]] Subscription onClosed(std::function<void()> slot) {
+        return closed_.connect(std::move(slot));
+    }
 
   private:
-    struct State;
-    std::shared_ptr<State> state_;
+    [[nodiscard]] bool setUp();
+    void selectXkbEvents() const;
+    void drain(bool dropsPresses = false);
+    void sort(const xcb_generic_event_t& event, bool dropsPresses);
+    void sortRawKey(const xcb_ge_generic_event_t& event, bool dropsPresses) const;
+    void sortXkb(const xcb_generic_event_t& event);
+    void refresh();
+
+    EventPoll& poll_;
+    X11Connection connection_;
+    std::uint8_t xkbEvent_ = 0;
+    std::uint8_t xinputOpcode_ = 0;
+    X11ModifierMap map_;
+    /// Set up and not broken.
+    bool isUsable_ = false;
+    bool isStale_ = false;
+    std::uint32_t rawMask_ = 0;
+    Signal<const xcb_key_press_event_t&, bool> keyPress_;
+    Signal<X11KeyCode, bool> rawKey_;
+    Signal<> modifiersChanged_;
+    Signal<> layoutChanged_;
+    Signal<> closed_;
+    Subscription watch_;
+    Subscription drainLater_;
 };
 
 } // namespace calmora
