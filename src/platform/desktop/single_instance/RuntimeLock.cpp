@@ -1,14 +1,14 @@
 #include "platform/desktop/single_instance/RuntimeLock.h"
 
+#include <QStandardPaths>
+
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -24,12 +24,6 @@ sockaddr_un addressIn(const FileDescriptor& folder, const std::string& name) {
         std::memcpy(address.sun_path, path.data(), path.size());
     }
     return address;
-}
-
-bool isOurs(const char* folder) {
-    struct stat status{};
-    return lstat(folder, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == getuid() &&
-           (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
 }
 
 } // namespace
@@ -80,12 +74,7 @@ void RuntimeLock::connectToHolder() const {
 }
 
 std::filesystem::path RuntimeLock::userFolder() {
-    if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && isOurs(runtime)) {
-        return runtime;
-    }
-    const std::string own = "/tmp/calmora-" + std::to_string(getuid());
-    mkdir(own.c_str(), 0700);
-    return isOurs(own.c_str()) ? std::filesystem::path(own) : std::filesystem::path();
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation).toStdString();
 }
 
 } // namespace calmora
