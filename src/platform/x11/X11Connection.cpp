@@ -105,8 +105,7 @@ X11Connection::X11Connection(const std::string& display) {
     serverProcess_ = peerProcess(descriptor());
     const auto* extension = xcb_get_extension_data(get(), &xcb_res_id);
     if (extension != nullptr && extension->present != 0) {
-        const X11Reply<xcb_res_query_version_reply_t> version(
-            xcb_res_query_version_reply(get(), xcb_res_query_version(get(), 1, 2), nullptr));
+        const auto version = ask<xcb_res_query_version, xcb_res_query_version_reply>(1, 2);
         knowsClientProcesses_ =
             version && (version->server_major > 1 ||
                         (version->server_major == 1 && version->server_minor >= 2));
@@ -134,10 +133,8 @@ X11Connection::processesOf(std::span<const xcb_window_t> resources) const {
             specs.push_back({resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID});
         }
     }
-    const X11Reply<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(
-        get(),
-        xcb_res_query_client_ids(get(), static_cast<std::uint32_t>(specs.size()), specs.data()),
-        nullptr));
+    const auto reply = ask<xcb_res_query_client_ids, xcb_res_query_client_ids_reply>(
+        static_cast<std::uint32_t>(specs.size()), specs.data());
     if (!reply) {
         return result;
     }
@@ -187,9 +184,8 @@ std::string windowManagerName(const X11Connection& connection) {
         return {};
     }
     const auto read = [&](xcb_window_t window, X11Atom property, std::uint32_t words) {
-        return X11Reply<xcb_get_property_reply_t>(xcb_get_property_reply(
-            connection.get(), connection.requestProperty(window, connection.atom(property), words),
-            nullptr));
+        return connection.ask<xcb_get_property, xcb_get_property_reply>(
+            0, window, connection.atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, words);
     };
     const auto check = read(connection.root(), X11Atom::netSupportingWmCheck, 1);
     constexpr std::uint32_t longest = 64;

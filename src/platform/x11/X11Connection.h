@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <vector>
 #include <xcb/res.h>
 #include <xcb/xcb.h>
@@ -121,6 +122,14 @@ class X11Connection {
     /// Source: X-Resource extension 1.2, QueryClientIds.
     [[nodiscard]] std::vector<std::optional<ProcessId>>
     processesOf(std::span<const xcb_window_t> resources) const;
+
+    /// Sends a request and waits for the reply, which is null when there is none:
+    /// ask<xcb_query_tree, xcb_query_tree_reply>(window).
+    template <auto request, auto fetch, typename... Arguments>
+    [[nodiscard]] auto ask(Arguments... arguments) const {
+        auto* reply = fetch(get(), request(get(), arguments...), nullptr);
+        return X11Reply<std::remove_pointer_t<decltype(reply)>>(reply);
+    }
 
     /// The first 32-bit values of a property: at most `words` of them.
     [[nodiscard]] xcb_get_property_cookie_t

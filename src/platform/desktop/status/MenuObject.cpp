@@ -31,17 +31,12 @@ QVariantMap describe(const StatusMenuItem& item) {
     return properties;
 }
 
-QVariantMap chosen(const QVariantMap& all, const QStringList& names) {
-    if (names.isEmpty()) {
-        return all;
+/// The properties with these names; all if there are no names.
+QVariantMap chosen(QVariantMap properties, const QStringList& names) {
+    if (!names.isEmpty()) {
+        properties.removeIf([&](const auto& at) { return !names.contains(at.key()); });
     }
-    QVariantMap some;
-    for (auto at = all.cbegin(); at != all.cend(); ++at) {
-        if (names.contains(at.key())) {
-            some.insert(at.key(), at.value());
-        }
-    }
-    return some;
+    return properties;
 }
 
 } // namespace
@@ -80,13 +75,9 @@ bool MenuObject::update() {
     }
     QList<DbusMenuProperties> updated;
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-        const QVariantMap& now = entries_[i].properties;
-        QVariantMap changes;
-        for (auto at = now.cbegin(); at != now.cend(); ++at) {
-            if (before[i].properties.value(at.key()) != at.value()) {
-                changes[at.key()] = at.value();
-            }
-        }
+        QVariantMap changes = entries_[i].properties;
+        changes.removeIf(
+            [&](const auto& at) { return before[i].properties.value(at.key()) == at.value(); });
         if (!changes.isEmpty()) {
             updated.append({entries_[i].id, changes});
         }

@@ -12,21 +12,20 @@ namespace calmora {
 
 namespace {
 
-class ManagedFocusGrab final : public FocusGrab {
+class ManagedFocusGrab final : public QObject, public FocusGrab {
   public:
     ManagedFocusGrab(QWindow& window, std::function<bool()> isAlertOpen,
                      std::function<void(Leaving)> onLeft)
         : window_(&window), isAlertOpen_(std::move(isAlertOpen)), onLeft_(std::move(onLeft)) {
         window_->requestActivate();
-        QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &context_,
-                         [this](QWindow* focus) {
-                             if (focus == window_) {
-                                 hadFocus_ = true;
-                             } else if (hadFocus_) {
-                                 // Between two windows of ours there is a moment with none.
-                                 QTimer::singleShot(0, &context_, [this] { check(); });
-                             }
-                         });
+        connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* focus) {
+            if (focus == window_) {
+                hadFocus_ = true;
+            } else if (hadFocus_) {
+                // Between two windows of ours there is a moment with none.
+                QTimer::singleShot(0, this, [this] { check(); });
+            }
+        });
         hadFocus_ = QGuiApplication::focusWindow() == window_;
     }
 
@@ -49,7 +48,6 @@ class ManagedFocusGrab final : public FocusGrab {
     std::function<bool()> isAlertOpen_;
     std::function<void(Leaving)> onLeft_;
     bool hadFocus_ = false;
-    QObject context_;
 };
 
 } // namespace

@@ -32,19 +32,15 @@ void selectFocus(const X11Input& input, xcb_window_t window, bool isWatching) {
 
 } // namespace
 
-X11FocusGrab::OwnPresses::OwnPresses() {
-    qGuiApp->installEventFilter(this);
-}
-
-bool X11FocusGrab::OwnPresses::covers(xcb_timestamp_t time) const {
+bool X11FocusGrab::isOwnPress(xcb_timestamp_t time) const {
     // Time stamps wrap around after 49 days.
-    return latest_ && static_cast<std::int32_t>(time - *latest_) <= 0;
+    return ownPress_ && static_cast<std::int32_t>(time - *ownPress_) <= 0;
 }
 
-bool X11FocusGrab::OwnPresses::eventFilter(QObject* watched, QEvent* event) {
+bool X11FocusGrab::eventFilter(QObject* watched, QEvent* event) {
     if (watched->isWindowType() && (event->type() == QEvent::MouseButtonPress ||
                                     event->type() == QEvent::MouseButtonDblClick)) {
-        latest_ = static_cast<xcb_timestamp_t>(static_cast<QInputEvent*>(event)->timestamp());
+        ownPress_ = static_cast<xcb_timestamp_t>(static_cast<QInputEvent*>(event)->timestamp());
     }
     return false;
 }
@@ -54,6 +50,7 @@ X11FocusGrab::X11FocusGrab(X11Input& input, xcb_window_t window, std::function<b
     : input_(input), window_(window), isAlertOpen_(std::move(isAlertOpen)),
       onLeft_(std::move(onLeft)), former_(input.focusedWindow()), screen_(input.watchScreen()) {
     events_ = input_.onEvent([this](const xcb_generic_event_t& event) { handle(event); });
+    qGuiApp->installEventFilter(this);
     selectFocus(input_, window_, true);
     renew();
 }
@@ -91,7 +88,7 @@ void X11FocusGrab::look(bool isSettled) {
         break;
     case FocusVerdict::waitAndSee:
         isCheckDue_ = true;
-        QTimer::singleShot(frameDelay, &context_, [this] { look(true); });
+        QTimer::singleShot(frameDelay, this, [this] { look(true); });
         break;
     case FocusVerdict::close:
         leave(Leaving::turnedAway);
@@ -102,7 +99,7 @@ void X11FocusGrab::look(bool isSettled) {
 void X11FocusGrab::handle(const xcb_generic_event_t& event) {
     if (const auto press = input_.rawPress(event)) {
         if ((press->button < firstWheelButton || press->button > lastWheelButton) &&
-            !isAlertOpen_() && !ownPresses_.covers(press->time) &&
+            !isAlertOpen_() && !isOwnPress(press->time) &&
             !input_.isOurs(input_.topLevelUnderPointer())) {
             leftAt_ = press->time;
             leave(Leaving::pressedOutside);
@@ -115,7 +112,7 @@ void X11FocusGrab::handle(const xcb_generic_event_t& event) {
         if (out.event == window_) {
             userActed_ = userActed_ || out.mode == XCB_NOTIFY_MODE_GRAB;
             if (!std::exchange(isCheckDue_, true)) {
-                QTimer::singleShot(0, &context_, [this] { check(); });
+                QTimer::singleShot(0, this, [this] { check(); });
             }
         }
         break;
@@ -123,7 +120,7 @@ void X11FocusGrab::handle(const xcb_generic_event_t& event) {
     case XCB_CONFIGURE_NOTIFY:
         if (!input_.isOurs(eventAs<xcb_configure_notify_event_t>(event).window) &&
             !std::exchange(isCoverDue_, true)) {
-            QTimer::singleShot(coverDelay, &context_, [this] {
+            QTimer::singleShot(coverDelay, this, [this] {
                 isCoverDue_ = false;
                 leave(Leaving::covered);
             });

@@ -14,7 +14,7 @@ namespace calmora {
 /// The input focus of an override-redirect window. Watches raw button presses, the focus and
 /// windows that appear and vanish only while it lives.
 /// Source: X11 core protocol, SetInputFocus and FocusOut.
-class X11FocusGrab final : public FocusGrab {
+class X11FocusGrab final : public QObject, public FocusGrab {
   public:
     /// `window` is on screen. The other arguments as TransientWindows::grabFocus() has them.
     X11FocusGrab(X11Input& input, xcb_window_t window, std::function<bool()> isAlertOpen,
@@ -26,23 +26,13 @@ class X11FocusGrab final : public FocusGrab {
 
     void check() override { look(false); }
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    /// Remembers when a mouse button last went down in a window of ours: when the raw press arrives
-    /// that window may be gone, and another one be under the pointer.
-    class OwnPresses final : public QObject {
-      public:
-        OwnPresses();
-
-        /// Whether the press was made in a window of ours, or before one that was.
-        [[nodiscard]] bool covers(xcb_timestamp_t time) const;
-
-      protected:
-        bool eventFilter(QObject* watched, QEvent* event) override;
-
-      private:
-        std::optional<xcb_timestamp_t> latest_;
-    };
-
+    /// Whether a press was made in a window of ours, or before one that was. When the raw press
+    /// arrives that window may be gone, and another one be under the pointer.
+    [[nodiscard]] bool isOwnPress(xcb_timestamp_t time) const;
     void handle(const xcb_generic_event_t& event);
     /// `isSettled` as in FocusMove.
     void look(bool isSettled);
@@ -64,8 +54,8 @@ class X11FocusGrab final : public FocusGrab {
     QDeadlineTimer settling_{0};
     bool isCheckDue_ = false;
     bool isCoverDue_ = false;
-    QObject context_;
-    OwnPresses ownPresses_;
+    /// When a mouse button last went down in a window of ours.
+    std::optional<xcb_timestamp_t> ownPress_;
     Subscription screen_;
     Subscription events_;
 };

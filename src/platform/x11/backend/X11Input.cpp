@@ -35,8 +35,7 @@ X11Input::X11Input() {
 }
 
 xcb_window_t X11Input::focusedWindow() const {
-    const X11Reply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
-        connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+    const auto reply = connection_.ask<xcb_get_input_focus, xcb_get_input_focus_reply>();
     return reply ? reply->focus : XCB_NONE;
 }
 
@@ -71,15 +70,14 @@ void X11Input::touchClock(xcb_window_t window) const {
 }
 
 bool X11Input::isViewable(xcb_window_t window) const {
-    const X11Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
-        connection_.get(), xcb_get_window_attributes(connection_.get(), window), nullptr));
+    const auto reply =
+        connection_.ask<xcb_get_window_attributes, xcb_get_window_attributes_reply>(window);
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 xcb_window_t X11Input::topLevel(xcb_window_t window) const {
     while (window != XCB_NONE) {
-        const X11Reply<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(
-            connection_.get(), xcb_query_tree(connection_.get(), window), nullptr));
+        const auto reply = connection_.ask<xcb_query_tree, xcb_query_tree_reply>(window);
         if (!reply || reply->parent == XCB_NONE) {
             return XCB_NONE;
         }
@@ -92,8 +90,8 @@ xcb_window_t X11Input::topLevel(xcb_window_t window) const {
 }
 
 xcb_window_t X11Input::topLevelUnderPointer() const {
-    const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
-        connection_.get(), xcb_query_pointer(connection_.get(), connection_.root()), nullptr));
+    const auto reply =
+        connection_.ask<xcb_query_pointer, xcb_query_pointer_reply>(connection_.root());
     return reply ? reply->child : XCB_NONE;
 }
 
@@ -102,10 +100,8 @@ bool X11Input::isOurs(xcb_window_t window) const {
 }
 
 bool X11Input::isComposited() const {
-    const X11Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        connection_.get(),
-        xcb_get_selection_owner(connection_.get(), connection_.atom(X11Atom::selectionCompositor)),
-        nullptr));
+    const auto reply = connection_.ask<xcb_get_selection_owner, xcb_get_selection_owner_reply>(
+        connection_.atom(X11Atom::selectionCompositor));
     return reply && reply->owner != XCB_NONE;
 }
 
@@ -157,8 +153,8 @@ std::optional<X11Input::RawPress> X11Input::rawPress(const xcb_generic_event_t& 
 }
 
 std::optional<ModifierFlags> X11Input::modifiers() {
-    const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
-        connection_.get(), xcb_query_pointer(connection_.get(), connection_.root()), nullptr));
+    const auto reply =
+        connection_.ask<xcb_query_pointer, xcb_query_pointer_reply>(connection_.root());
     if (!reply) {
         return std::nullopt;
     }

@@ -181,7 +181,7 @@ struct X11HotKeys::State {
         // The grab of the pressed key would keep the whole keyboard until its release.
         xcb_ungrab_keyboard(connection, event.time);
         const X11KeyCode key = event.detail;
-        const Combination combination{key, grabsOf(event.state)};
+        const Combination combination{key, keyboard.modifiers().withoutLocks(event.state)};
         if (held.contains(key)) {
             keyboard.flush();
             return; // it repeats
@@ -205,10 +205,6 @@ struct X11HotKeys::State {
         if (isUp) {
             release(key);
         }
-    }
-
-    [[nodiscard]] X11ModifierMask grabsOf(X11ModifierMask state) const {
-        return keyboard.modifiers().withoutLocks(state);
     }
 
     void release(X11KeyCode key) {

@@ -134,9 +134,7 @@ std::set<X11KeyCode> X11Keyboard::keysDown() {
     if (!isAlive()) {
         return down;
     }
-    xcb_connection_t* c = connection_.get();
-    const X11Reply<xcb_query_keymap_reply_t> keymap(
-        xcb_query_keymap_reply(c, xcb_query_keymap(c), nullptr));
+    const auto keymap = connection_.ask<xcb_query_keymap, xcb_query_keymap_reply>();
     flush();
     for (unsigned key = 0; keymap && key < 256; ++key) {
         if ((keymap->keys[key / 8] & (1U << (key % 8))) != 0) {
@@ -174,8 +172,7 @@ void X11Keyboard::selectRawKeys(bool presses, bool releases) {
 void X11Keyboard::discardKeyPresses() {
     if (isAlive()) {
         // Earlier events are here when the server answers.
-        const X11Reply<xcb_get_input_focus_reply_t> answer(xcb_get_input_focus_reply(
-            connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+        static_cast<void>(connection_.ask<xcb_get_input_focus, xcb_get_input_focus_reply>());
         drain(/*dropsPresses=*/true);
     }
 }

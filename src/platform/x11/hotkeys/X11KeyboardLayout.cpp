@@ -33,8 +33,8 @@ void X11KeyboardLayout::readFromServer() const {
     }
     XkbKeymap keymap(xkb_x11_keymap_new_from_device(context_.get(), connection, device,
                                                     XKB_KEYMAP_COMPILE_NO_FLAGS));
-    const X11Reply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
-        connection, xcb_xkb_get_state(connection, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    const auto state = keyboard_.connection().ask<xcb_xkb_get_state, xcb_xkb_get_state_reply>(
+        XCB_XKB_ID_USE_CORE_KBD);
     keyboard_.flush();
     if (!keymap || !state) {
         return;
