@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDBusError>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
@@ -86,32 +85,22 @@ constexpr auto iconFace = NotifierItem::interfaceName;
 constexpr auto program = "/org/example/Tool";
 constexpr auto programFace = ApplicationObject::interfaceName;
 
-/// Every method of ours with the types that it takes.
-constexpr struct {
+/// Every method of ours.
+const struct {
     const char* path;
     const char* interface;
-    const char* method;
-    const char* types;
-} methods[] = {
-    {menu, menuFace, "GetLayout", "iias"},
-    {menu, menuFace, "GetGroupProperties", "aias"},
-    {menu, menuFace, "GetProperty", "is"},
-    {menu, menuFace, "Event", "isvu"},
-    {menu, menuFace, "EventGroup", "a(isvu)"},
-    {menu, menuFace, "AboutToShow", "i"},
-    {menu, menuFace, "AboutToShowGroup", "ai"},
-    {menu, properties, "Get", "ss"},
-    {menu, properties, "GetAll", "s"},
-    {icon, iconFace, "Activate", "ii"},
-    {icon, iconFace, "ContextMenu", "ii"},
-    {icon, iconFace, "SecondaryActivate", "ii"},
-    {icon, iconFace, "Scroll", "is"},
-    {icon, iconFace, "ProvideXdgActivationToken", "s"},
-    {icon, properties, "Get", "ss"},
-    {icon, properties, "GetAll", "s"},
-    {program, programFace, "Activate", "a{sv}"},
-    {program, programFace, "Open", "asa{sv}"},
-    {program, programFace, "ActivateAction", "sava{sv}"},
+    QStringList methods;
+} objects[] = {
+    {menu,
+     menuFace,
+     {"GetLayout", "GetGroupProperties", "GetProperty", "Event", "EventGroup", "AboutToShow",
+      "AboutToShowGroup"}},
+    {menu, properties, {"Get", "GetAll", "Set"}},
+    {icon,
+     iconFace,
+     {"Activate", "ContextMenu", "SecondaryActivate", "Scroll", "ProvideXdgActivationToken"}},
+    {icon, properties, {"Get", "GetAll", "Set"}},
+    {program, programFace, {"Open", "ActivateAction"}},
 };
 
 class MalformedMessages : public testing::Test {
@@ -123,34 +112,28 @@ class MalformedMessages : public testing::Test {
     const std::vector<QVariantList> kinds = manyKinds();
 };
 
-TEST_F(MalformedMessages, AreRefusedAsCalls) {
+TEST_F(MalformedMessages, DoNothingAsCalls) {
     FakeLocalizedStrings strings;
     int done = 0;
     QtStatusItem item(own, "org.example.Tool", strings);
     item.setMenu([&] { return std::vector<StatusMenuItem>{{"Quit", "q", true, [&] { ++done; }}}; });
     item.setAction([&](StatusEvent) { ++done; });
     ApplicationObject application(own, "org.example.Tool", [&] { ++done; });
-    const std::string refusal = QDBusError::errorString(QDBusError::UnknownMethod).toStdString();
+    std::vector<QVariantList> all = kinds;
     const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
-    for (const auto& row : methods) {
-        std::vector<std::pair<QString, QDBusPendingCall>> calls;
-        const auto send = [&](const QVariantList& arguments, const QString& types) {
-            QDBusMessage call = QDBusMessage::createMethodCall(own.baseService(), row.path,
-                                                               row.interface, row.method);
-            call.setArguments(arguments);
-            calls.emplace_back(types, other.asyncCall(call));
-        };
-        for (const QVariantList& arguments : kinds) {
-            if (const QString types = typesOf(arguments); types != row.types) {
-                send(arguments, types);
+    all.insert(all.end(), {{endless}, {endless, QStringList()}});
+    for (const auto& object : objects) {
+        for (const QString& method : object.methods) {
+            std::vector<QDBusPendingCall> calls;
+            for (const QVariantList& arguments : all) {
+                QDBusMessage call = QDBusMessage::createMethodCall(own.baseService(), object.path,
+                                                                   object.interface, method);
+                call.setArguments(arguments);
+                calls.push_back(other.asyncCall(call));
             }
-        }
-        send({endless}, "ai");
-        send({endless, QStringList()}, "aias");
-        for (auto& [types, call] : calls) {
-            ASSERT_TRUE(waitFor([&] { return call.isFinished(); })) << row.method;
-            EXPECT_EQ(call.reply().errorName().toStdString(), types == row.types ? "" : refusal)
-                << row.method << " with " << types.toStdString();
+            for (const QDBusPendingCall& call : calls) {
+                ASSERT_TRUE(waitFor([&] { return call.isFinished(); })) << method.toStdString();
+            }
         }
     }
     EXPECT_EQ(done, 0);
