@@ -178,7 +178,7 @@ TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     hands_.closeWindow(dialog);
     EXPECT_TRUE(owns(second_));
 
-    loopFor(ReopenGuard::span);
+    loopFor(QtPopover::reopenDelay);
     show();
     hands_.closeWindow(second_);
     std::this_thread::sleep_for(milliseconds{50});
@@ -213,7 +213,7 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     popover_.show({});
     EXPECT_FALSE(popover_.isShown());
 
-    loopFor(ReopenGuard::span);
+    loopFor(QtPopover::reopenDelay);
     show();
     hands_.click(700, 480); // The second window, which also gets the click.
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));

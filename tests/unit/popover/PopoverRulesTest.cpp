@@ -1,5 +1,4 @@
 #include "platform/qt/popover/PopoverPlacement.h"
-#include "platform/qt/popover/ReopenGuard.h"
 #include "platform/qt/window/FocusMove.h"
 
 #include <gtest/gtest.h>
@@ -85,15 +84,6 @@ TEST(FocusMove, ClosesOnlyWhenSomeoneTurnedAway) {
     for (const auto& row : rows) {
         EXPECT_EQ(judge(row.move), row.verdict) << row.name;
     }
-}
-
-TEST(ReopenGuard, RefusesForTheLengthOfOneClick) {
-    ReopenGuard guard;
-    const ReopenGuard::Time start{std::chrono::hours{1}};
-    EXPECT_FALSE(guard.refuses(start));
-    guard.noteLeft(start);
-    EXPECT_TRUE(guard.refuses(start + std::chrono::milliseconds{249}));
-    EXPECT_FALSE(guard.refuses(start + std::chrono::milliseconds{250}));
 }
 
 } // namespace

@@ -65,8 +65,7 @@ void QtPopover::setContentSize(Size size) {
 
 void QtPopover::show(std::optional<Rect> anchor) {
     const auto screens = screenAreas();
-    if (focus_ || screens.empty() || alerts_.isOpen() ||
-        guard_.refuses(std::chrono::steady_clock::now())) {
+    if (focus_ || screens.empty() || alerts_.isOpen() || !reopening_.hasExpired()) {
         return;
     }
     // A menu of ours that is open would keep the focus.
@@ -100,7 +99,7 @@ void QtPopover::userLeft(Leaving how) {
     if (how == Leaving::pressedOutside && anchor_ && toQRect(*anchor_).contains(QCursor::pos())) {
         return; // The icon's own action follows.
     }
-    guard_.noteLeft(std::chrono::steady_clock::now());
+    reopening_.setRemainingTime(reopenDelay);
     performClose();
 }
 

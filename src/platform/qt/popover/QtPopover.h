@@ -2,13 +2,13 @@
 
 #include "platform/Popover.h"
 #include "platform/qt/AlertSession.h"
-#include "platform/qt/popover/ReopenGuard.h"
 #include "platform/qt/window/TransientFrame.h"
 #include "platform/qt/window/TransientWindows.h"
 #include "support/Signal.h"
 
-#include <QObject>
+#include <QDeadlineTimer>
 
+#include <chrono>
 #include <memory>
 
 namespace calmora {
@@ -18,6 +18,11 @@ namespace calmora {
 /// not close it.
 class QtPopover final : public Popover {
   public:
+    /// For so long it refuses to open after the user left it. Otherwise one click on the status
+    /// icon would close it by the press, which counts as one outside where the icon's place is
+    /// unknown, and open it again by the release.
+    static constexpr std::chrono::milliseconds reopenDelay{250};
+
     /// The arguments must outlive the popover.
     QtPopover(TransientWindows& windows, AlertSession& alerts);
 
@@ -48,7 +53,7 @@ class QtPopover final : public Popover {
     Size contentSize_;
     std::optional<Rect> anchor_;
     Rect bounds_;
-    ReopenGuard guard_;
+    QDeadlineTimer reopening_{0};
     Signal<> willShow_;
     Signal<> didClose_;
     TransientFrame frame_;
