@@ -1,14 +1,14 @@
-# A module is one library: the files of one folder of src, each header verified to compile alone.
+# Adds a module: one library, usually the files of one folder of src. Every header must compile alone.
 #
 #   calmora_add_module(<target> PLAIN|QT
-#       FOLDERS <folder>...       the default is the folder of the CMakeLists.txt alone
-#       FILES <name>...           the files so called, without their extensions; the default is
-#                                 all files that no module before has taken
+#       FOLDERS <folder>...       the default is the folder of the CMakeLists.txt
+#       FILES <name>...           file names without extension; the default is every file that no
+#                                 earlier module has
 #       LINK <target>...)         public dependencies
 #
-# PLAIN modules use the standard library and plain C libraries; QT modules may use Qt. Modules are
-# added from the lowest to the highest: a module can only link what was added before it, so that no
-# circle can arise between modules. calmora_check_includes() checks the files against that.
+# PLAIN modules use the standard library and C libraries; QT modules may also use Qt. Modules are
+# added from the lowest to the highest: a module can link only what was added before it, so that
+# there is no circle between modules. calmora_check_includes() checks the files against that.
 
 add_library(calmora_warnings INTERFACE)
 target_compile_options(calmora_warnings INTERFACE
@@ -90,10 +90,10 @@ function(calmora_add_loaded_library target source)
     install(TARGETS ${target} LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/calmora")
 endfunction()
 
-# Reads what the files of all modules include, and stops with the name of the file that
+# Reads the includes of all modules. Stops and names the file that
 # - includes a header of a module that its own does not link,
-# - includes X11 outside of platform/x11, or Qt in a PLAIN module,
-# or with the files that make a circle between folders.
+# - includes X11 outside platform/x11, or Qt in a PLAIN module,
+# or the files that make a circle between folders.
 function(calmora_check_includes)
     get_property(files GLOBAL PROPERTY CALMORA_FILES)
     set(source_folder "${PROJECT_SOURCE_DIR}/src/")
@@ -128,8 +128,7 @@ function(calmora_check_includes)
         endforeach()
     endforeach()
 
-    # A folder that includes none of those that are left, or that none of them includes, is in no
-    # circle.
+    # A folder that includes none of the remaining ones, or is included by none, is in no circle.
     list(REMOVE_DUPLICATES folders)
     set(shrinks TRUE)
     while(shrinks)

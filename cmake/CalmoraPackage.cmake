@@ -1,5 +1,5 @@
-# What is installed beside program and resources for a system's sake, and the Debian package:
-# `cmake --build BUILD --target package`.
+# The Debian package (`cmake --build BUILD --target package`), and the documents that are installed
+# with the program.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME calmora)
@@ -8,11 +8,10 @@ set(CPACK_PACKAGE_CONTACT "The Calmora developers <developers@calmora.example>")
 set(CPACK_PACKAGE_VENDOR "The Calmora developers")
 string(TOLOWER "${PROJECT_DESCRIPTION}" CPACK_PACKAGE_DESCRIPTION_SUMMARY)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Calmora lives as one small icon in the status bar. A click opens the list of
-the applications that run, with their CPU and memory use. It quits one of
-them or all ticked ones: politely, so that unsaved work can be saved, or by
-force. Applications can be protected, or quit by themselves when they were
-not used for a chosen time.")
+    "Calmora is a small icon in the status bar. A click opens the list of the
+running applications with their CPU and memory use. It quits one of them or
+all ticked ones: politely, so that unsaved work can be saved, or by force.
+Applications can be protected, and idle ones can be quit automatically.")
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
