@@ -37,6 +37,10 @@ width-percent=true
 alignment=Right
 type=statusnotifier
 """
+# The programs that run here, by what the names of their desktop entries begin with.
+INSTALLED = ("debian-uxterm", "debian-xterm", "galculator", "local.qpdfview", "org.xfce.mousepad.",
+             "qpdfview")
+SYSTEM_SETTINGS = ("openbox", "xfce4")
 PR_SET_CHILD_SUBREAPER = 36
 ACCESSIBILITY_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
@@ -87,14 +91,17 @@ class VirtualDesktop:
 
     def _open(self):
         self.environment = {k: v for k, v in os.environ.items()
-                            if k in ("PATH", "USER", "LOGNAME", "SHELL", "ASAN_OPTIONS",
-                                     "UBSAN_OPTIONS", "LSAN_OPTIONS")}
+                            if k in ("USER", "LOGNAME", "ASAN_OPTIONS", "UBSAN_OPTIONS",
+                                     "LSAN_OPTIONS")}
         self.environment.update(LANG="C.UTF-8", HOME=str(self.folder), XDG_SESSION_TYPE="x11",
-                                NO_AT_BRIDGE="1", QT_QPA_PLATFORM="xcb")
+                                PATH="/usr/local/bin:/usr/bin:/bin:/usr/games", SHELL="/bin/bash",
+                                GSETTINGS_BACKEND="memory", NO_AT_BRIDGE="1",
+                                QT_QPA_PLATFORM="xcb")
         for name in ("CONFIG", "DATA", "CACHE", "STATE"):
             place = self.folder / name.lower()
             place.mkdir()
             self.environment[f"XDG_{name}_HOME"] = str(place)
+        self._install_system()
         runtime = self.folder / "runtime"
         runtime.mkdir(mode=0o700)
         self.environment["XDG_RUNTIME_DIR"] = str(runtime)
@@ -105,11 +112,48 @@ class VirtualDesktop:
         if self.dark is not None:
             self._start_portal()
         if self.window_manager:
-            self.start(self.window_manager)
-            self.wait_until(lambda: "window id #" in self.output(
-                "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "window manager")
+            self._start_window_manager()
         if self.tray:
             self.start_tray()
+
+    def _install_system(self):
+        """Fills the folders that stand for /usr/share and /etc/xdg, so that other desktops on the
+        machine change nothing: without their applications, default applications, autostart and
+        settings.
+        """
+        system = self.folder / "system"
+        applications, config = system / "share/applications", system / "xdg"
+        applications.mkdir(parents=True)
+        config.mkdir()
+        for entry in pathlib.Path("/usr/share").iterdir():
+            if entry.name != "applications":
+                (system / "share" / entry.name).symlink_to(entry)
+        for entry in pathlib.Path("/usr/share/applications").iterdir():
+            if entry.name.startswith(INSTALLED):
+                (applications / entry.name).symlink_to(entry)
+        for name in SYSTEM_SETTINGS:
+            (config / name).symlink_to(pathlib.Path("/etc/xdg", name))
+        self.environment.update(XDG_DATA_DIRS=str(system / "share"), XDG_CONFIG_DIRS=str(config))
+
+    def _start_window_manager(self):
+        """Managers lose windows that are mapped while they start, so only one that made it into
+        the list is proof that it runs.
+        """
+        self.start(self.window_manager)
+
+        def has_windows():
+            return "0x" in self.output("xprop", "-root", "_NET_CLIENT_LIST")
+
+        def manages():
+            with subprocess.Popen("xev", env=self.environment, stdout=subprocess.DEVNULL) as probe:
+                try:
+                    return self.wait_until(has_windows, "managed window", 0.3)
+                except Timeout:
+                    return False
+                finally:
+                    probe.kill()
+        self.wait_until(manages, self.window_manager)
+        self.wait_until(lambda: not has_windows(), "the end of the first window")
 
     def start_tray(self):
         """Starts the tray, also one that was ended or that was not there."""

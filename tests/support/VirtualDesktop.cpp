@@ -5,6 +5,7 @@
 #include "support/Waiting.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <stdexcept>
@@ -17,6 +18,36 @@ namespace calmora {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// The programs that tests run, by what the names of their desktop entries begin with.
+constexpr std::array installedPrograms = {
+    "debian-uxterm", "debian-xterm",       "feh",        "galculator",     "hexchat",
+    "idle",          "io.github.Hexchat",  "lxterminal", "meld",           "org.gnome.Meld",
+    "org.pwmt",      "org.xfce.mousepad.", "pcmanfm",    "local.qpdfview", "qpdfview"};
+
+/// Fills the folders that stand for /usr/share and /etc/xdg, so that other desktops on the machine
+/// change nothing: without their applications, default applications, autostart and settings.
+void installSystem(const fs::path& data, const fs::path& config) {
+    fs::create_directories(data / "applications");
+    for (const auto& entry : fs::directory_iterator("/usr/share")) {
+        if (entry.path().filename() != "applications") {
+            fs::create_symlink(entry, data / entry.path().filename());
+        }
+    }
+    for (const auto& entry : fs::directory_iterator("/usr/share/applications")) {
+        const std::string name = entry.path().filename();
+        if (std::ranges::any_of(installedPrograms,
+                                [&](const char* program) { return name.starts_with(program); })) {
+            fs::create_symlink(entry, data / "applications" / name);
+        }
+    }
+    std::ofstream(data / "applications/mimeapps.list")
+        << "[Default Applications]\ninode/directory=pcmanfm.desktop\n";
+    fs::create_directory(config);
+    for (const char* folder : {"libfm", "openbox", "pcmanfm", "xfce4"}) {
+        fs::create_symlink(fs::path("/etc/xdg") / folder, config / folder);
+    }
+}
 
 /// Whether a window manager manages windows. Some lose windows that are mapped while they
 /// start, so only a window that made it into the list is proof.
@@ -63,13 +94,14 @@ VirtualDesktop::VirtualDesktop(Bare) {
         {"HOME", home().string()},
         {"PATH", "/usr/local/bin:/usr/bin:/bin:/usr/games"},
         {"LANG", "C.UTF-8"},
+        {"SHELL", "/bin/bash"},
         {"XDG_RUNTIME_DIR", (home() / "run").string()},
         {"XDG_CONFIG_HOME", (home() / "config").string()},
-        {"XDG_CONFIG_DIRS", (home() / "system").string() + ":/etc/xdg"},
+        {"XDG_CONFIG_DIRS", (home() / "system").string()},
         {"XDG_DATA_HOME", (home() / "data").string()},
         {"XDG_CACHE_HOME", (home() / "cache").string()},
         {"XDG_STATE_HOME", (home() / "state").string()},
-        {"XDG_DATA_DIRS", "/usr/local/share:/usr/share"},
+        {"XDG_DATA_DIRS", (home() / "share").string()},
         {"XDG_SESSION_TYPE", "x11"},
         // No bus unless the test has one: nothing may start one by itself.
         {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (home() / "run/no-bus").string()},
@@ -80,6 +112,7 @@ VirtualDesktop::VirtualDesktop(Bare) {
         fs::create_directory(home() / folder);
     }
     fs::permissions(home() / "run", fs::perms::owner_all);
+    installSystem(home() / "share", home() / "system");
     for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"}) {
         if (const char* value = std::getenv(name)) {
             environment_[name] = value;

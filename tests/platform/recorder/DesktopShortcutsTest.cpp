@@ -67,8 +67,8 @@ TEST(DesktopShortcuts, AreThoseOfGnome) {
           <key name="binding" type="s"><default>''</default></key>
         </schema></schemalist>)";
     ASSERT_EQ(desktop.run({"glib-compile-schemas", desktop.home()}), 0) << desktop.log();
+    desktop.enter();
     ::setenv("GSETTINGS_SCHEMA_DIR", desktop.home().c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", desktop.variable("XDG_CONFIG_HOME"), 1);
     ::setenv("GSETTINGS_BACKEND", "keyfile", 1);
     const auto nameWindowManager = [&](const char* name) {
         const std::string check = "_NET_SUPPORTING_WM_CHECK";
