@@ -60,7 +60,7 @@ class PopoverDriver:
         """Everything of one role that is showing."""
         return [node for node in self.showing() if node["role"] == role]
 
-    def button(self, name, seconds=5.0):
+    def button(self, name, seconds=15.0):
         """Waits for the button whose name begins so."""
         return self.desktop.wait_for_node(self.calmora, "push button", name, seconds)
 
@@ -72,11 +72,11 @@ class PopoverDriver:
         """What the rows of the list say, from top to bottom."""
         return [node["name"] for node in sorted(self.nodes("list item"), key=lambda row: row["y"])]
 
-    def wait_for_row(self, name, seconds=5.0):
+    def wait_for_row(self, name, seconds=15.0):
         """Waits until a row begins so."""
         return self.desktop.wait_for_node(self.calmora, "list item", name, seconds)
 
-    def wait_for_no_row(self, name, seconds=5.0):
+    def wait_for_no_row(self, name, seconds=15.0):
         """Waits until no row begins so."""
         self.desktop.wait_until(lambda: not any(row.startswith(name) for row in self.rows()),
                                 f"no row “{name}”", seconds)

@@ -10,7 +10,7 @@ import pathlib
 import sys
 
 from popover_driver import PopoverDriver
-from virtual_desktop import Timeout, VirtualDesktop
+from virtual_desktop import TIMEOUT_SCALE, Timeout, VirtualDesktop
 
 APPLICATIONS = {"xterm": "XTerm", "galculator": "Galculator", "mousepad": "Mousepad",
                 "qpdfview": "qpdfview"}
@@ -45,11 +45,11 @@ def take_tour(program, folder, dark):
 
             name = APPLICATIONS[VICTIM]
             driver.press(f"Quit {name}")
-            running[VICTIM].wait(timeout=5)
+            running[VICTIM].wait(timeout=15 * TIMEOUT_SCALE)
             driver.wait_for_no_row(name)
             print(f"Quit {name} through the popover; its process is gone ({scheme}).")
             driver.calmora.terminate()
-            driver.calmora.wait(timeout=5)
+            driver.calmora.wait(timeout=15 * TIMEOUT_SCALE)
         except Timeout:
             save(desktop, folder / f"failed-{scheme}.png")
             print(desktop.logs(), file=sys.stderr)

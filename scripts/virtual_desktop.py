@@ -45,12 +45,17 @@ PR_SET_CHILD_SUBREAPER = 36
 ACCESSIBILITY_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 
+# Every time limit is multiplied by this, which slow machines set.
+TIMEOUT_SCALE = float(os.environ.get("CALMORA_TEST_TIMEOUT_SCALE", 1))
+
+
 class Timeout(Exception):
     """A condition did not come true before its deadline."""
 
 
-def wait_until(condition, what, seconds=10.0, interval=0.02):
-    """The first true value of `condition()`; raises Timeout after `seconds`."""
+def wait_until(condition, what, seconds=15.0, interval=0.02):
+    """The first true value of `condition()`; raises Timeout after `seconds`, scaled."""
+    seconds *= TIMEOUT_SCALE
     deadline = time.monotonic() + seconds
     while True:
         value = condition()
@@ -217,16 +222,16 @@ class VirtualDesktop:
         self.children.append(child)
         return child
 
-    def output(self, *command, seconds=10):
+    def output(self, *command, seconds=15):
         """What a command prints on this desktop; empty when it fails."""
         try:
             done = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                  capture_output=True, text=True, timeout=seconds, check=False)
+                                  capture_output=True, text=True, timeout=seconds * TIMEOUT_SCALE, check=False)
         except subprocess.TimeoutExpired:
             return ""
         return done.stdout.strip() if done.returncode == 0 else ""
 
-    def wait_until(self, condition, what, seconds=10.0):
+    def wait_until(self, condition, what, seconds=15.0):
         """See wait_until() above."""
         return wait_until(condition, what, seconds)
 
@@ -261,7 +266,7 @@ class VirtualDesktop:
             queue = node["children"] + queue
         return nodes
 
-    def wait_for_node(self, child, role, name, seconds=5.0):
+    def wait_for_node(self, child, role, name, seconds=15.0):
         """Waits for a node that is showing, has this role and whose name begins with `name`."""
         return self.wait_until(
             lambda: next((node for node in self.accessible(child)

@@ -39,27 +39,27 @@ TEST_F(DbusApplicationsTest, followsTheItemsOfThePanel) {
 
     // A panel that starts late.
     ASSERT_TRUE(panel.registerService(watcherName));
-    EXPECT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
     EXPECT_FALSE(applications.ownsStatusItem(1));
     EXPECT_EQ(applications.statusItemProcesses(), std::vector{self});
     EXPECT_EQ(changes, 1);
 
     watcher.emitSignal(watcherName, "StatusNotifierItemUnregistered", {items.front()});
-    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+    EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 
     // Another spelling, and an item that goes away together with its program.
     ASSERT_TRUE(item.registerService("org.kde.StatusNotifierItem-4711-1"));
     watcher.emitSignal(watcherName, "StatusNotifierItemRegistered",
                        {"org.kde.StatusNotifierItem-4711-1"});
-    EXPECT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
     ASSERT_TRUE(item.unregisterService("org.kde.StatusNotifierItem-4711-1"));
-    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+    EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 
     // The panel itself goes.
     watcher.emitSignal(watcherName, "StatusNotifierItemRegistered", {items.front()});
-    ASSERT_TRUE(waitFor([&] { return applications.ownsStatusItem(self); }));
+    ASSERT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
     ASSERT_TRUE(panel.unregisterService(watcherName));
-    EXPECT_TRUE(waitFor([&] { return !applications.ownsStatusItem(self); }));
+    EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 }
 
 TEST_F(DbusApplicationsTest, asksPlayersThatCanQuit) {
@@ -71,24 +71,24 @@ TEST_F(DbusApplicationsTest, asksPlayersThatCanQuit) {
         return message.member() == "Get" ? property(canQuit) : QVariantList();
     });
     DbusApplications applications(bus.connect());
-    ASSERT_TRUE(waitFor([&] { return applications.isMediaPlayer(self); }));
-    ASSERT_TRUE(waitFor([&] { return player.count("Get") == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return applications.isMediaPlayer(self); }));
+    ASSERT_TRUE(loopUntil([&] { return player.count("Get") == 1; }));
     EXPECT_FALSE(applications.quitMediaPlayer(self)) << "it says that it cannot quit";
 
     player.emitSignal("org.freedesktop.DBus.Properties", "PropertiesChanged",
                       {"org.mpris.MediaPlayer2", QVariantMap{{"CanQuit", true}}, QStringList()});
-    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.quitMediaPlayer(self); }));
     applications.flush();
-    EXPECT_TRUE(waitFor([&] { return player.count("Quit") == 1; }));
+    EXPECT_TRUE(loopUntil([&] { return player.count("Quit") == 1; }));
 
     ASSERT_TRUE(early.unregisterService("org.mpris.MediaPlayer2.early"));
-    EXPECT_TRUE(waitFor([&] { return !applications.isMediaPlayer(self); }));
+    EXPECT_TRUE(loopUntil([&] { return !applications.isMediaPlayer(self); }));
     EXPECT_FALSE(applications.quitMediaPlayer(self));
 
     // A name that comes later.
     canQuit = true;
     ASSERT_TRUE(early.registerService("org.mpris.MediaPlayer2.late.instance7"));
-    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.quitMediaPlayer(self); }));
     EXPECT_FALSE(applications.quitMediaPlayer(1));
 }
 
@@ -109,9 +109,9 @@ TEST_F(DbusApplicationsTest, activatesOnlyActionsThatExist) {
     applications.learnActions(yes);
     applications.learnActions(no);
     applications.learnActions({"no name", "no path"});
-    EXPECT_TRUE(waitFor([&] { return applications.activateQuit(yes); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.activateQuit(yes); }));
     applications.flush();
-    ASSERT_TRUE(waitFor([&] { return with.count("Activate") == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return with.count("Activate") == 1; }));
     EXPECT_EQ(with.calls.back().signature(), "sava{sv}");
     EXPECT_EQ(with.calls.back().arguments().value(0), "quit");
     EXPECT_FALSE(applications.activateQuit(no));
@@ -122,16 +122,16 @@ TEST_F(DbusApplicationsTest, knowsWhoCarriesTheSession) {
     const auto isProtected = [&](qint64 process) {
         return std::ranges::count(applications.protectedProcesses(), process) == 1;
     };
-    EXPECT_TRUE(waitFor([&] { return isProtected(bus.processId()); })) << "the bus itself";
+    EXPECT_TRUE(loopUntil([&] { return isProtected(bus.processId()); })) << "the bus itself";
     EXPECT_FALSE(isProtected(self));
     QDBusConnection portal = bus.connect();
     int changes = 0;
     const Subscription subscription = applications.onChanged([&] { changes += isProtected(self); });
     ASSERT_TRUE(portal.registerService("org.freedesktop.impl.portal.desktop.example"));
-    EXPECT_TRUE(waitFor([&] { return isProtected(self); }));
+    EXPECT_TRUE(loopUntil([&] { return isProtected(self); }));
     EXPECT_EQ(changes, 1) << "it is told at once";
     ASSERT_TRUE(portal.unregisterService("org.freedesktop.impl.portal.desktop.example"));
-    EXPECT_TRUE(waitFor([&] { return !isProtected(self); }));
+    EXPECT_TRUE(loopUntil([&] { return !isProtected(self); }));
 }
 
 } // namespace

@@ -33,7 +33,7 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
         daemon.calls.clear();
         notifications.add(notice);
         EXPECT_TRUE(daemon.calls.empty()) << "nobody waits for the server";
-        ASSERT_TRUE(waitFor([&] { return daemon.count("Notify") == 1; }));
+        ASSERT_TRUE(loopUntil([&] { return daemon.count("Notify") == 1; }));
         const QVariantList arguments = daemon.calls.back().arguments();
         ASSERT_EQ(daemon.calls.back().signature(), "susssasa{sv}i");
         EXPECT_EQ(arguments.first(6), (QVariantList{"Calmora", 0U, "org.example.Tool", "Calmora",

@@ -132,13 +132,13 @@ TEST_F(MalformedMessages, DoNothingAsCalls) {
                 calls.push_back(other.asyncCall(call));
             }
             for (const QDBusPendingCall& call : calls) {
-                ASSERT_TRUE(waitFor([&] { return call.isFinished(); })) << method.toStdString();
+                ASSERT_TRUE(loopUntil([&] { return call.isFinished(); })) << method.toStdString();
             }
         }
     }
     EXPECT_EQ(done, 0);
     callAndWait(other, own.baseService(), program, programFace, "Activate", {QVariantMap()});
-    EXPECT_TRUE(waitFor([&] { return done == 1; })) << "a right call after all the wrong ones";
+    EXPECT_TRUE(loopUntil([&] { return done == 1; })) << "a right call after all the wrong ones";
 }
 
 TEST_F(MalformedMessages, AreIgnoredAsSignals) {
@@ -148,7 +148,7 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
     ASSERT_TRUE(other.registerService(QString(player) + ".one"));
     DbusApplications applications(own);
     DesktopColorScheme scheme(own);
-    ASSERT_TRUE(waitFor([&] { return object.count("Get") == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return object.count("Get") == 1; }));
 
     const struct {
         const char* path;
@@ -180,7 +180,7 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
     EXPECT_FALSE(applications.quitMediaPlayer(self));
     object.emitSignal(properties, "PropertiesChanged",
                       {player, QVariantMap{{"CanQuit", true}}, QStringList()});
-    EXPECT_TRUE(waitFor([&] { return applications.quitMediaPlayer(self); }));
+    EXPECT_TRUE(loopUntil([&] { return applications.quitMediaPlayer(self); }));
 }
 
 TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
@@ -208,12 +208,12 @@ TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
         const Subscription token = scheme.onChanged([&](bool) { ADD_FAILURE() << types; });
         applications.learnActions(exported);
         notifications.add({"id", "title", "body"});
-        ASSERT_TRUE(waitFor([&] {
+        ASSERT_TRUE(loopUntil([&] {
             return !players.calls.empty() && !notices.calls.empty() && !portal.calls.empty();
         })) << types;
         // Answered by the bus after all those answers.
         callAndWait(own, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
-        EXPECT_TRUE(waitFor([&] {
+        EXPECT_TRUE(loopUntil([&] {
             return applications.activateQuit(exported) == (types == "as") &&
                    (notices.count("Notify") != 0) == (types == "as") &&
                    applications.quitMediaPlayer(self) == (kind == QVariantList{wrapped(true)});

@@ -2,7 +2,6 @@
 
 #include <QDBusPendingCall>
 #include <QFile>
-#include <QTest>
 
 #include <algorithm>
 #include <utility>
@@ -23,7 +22,8 @@ PrivateBus::PrivateBus() {
     file.write(QString(configuration).arg(folder_.path()).toUtf8());
     file.close();
     daemon_.start("dbus-daemon", {"--config-file=" + path, "--print-address", "--nofork"});
-    while (!daemon_.canReadLine() && daemon_.waitForReadyRead(5000)) {
+    while (!daemon_.canReadLine() &&
+           daemon_.waitForReadyRead(static_cast<int>(scaled(defaultTimeout).count()))) {
     }
     address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
 }
@@ -66,17 +66,13 @@ int ScriptedObject::count(const QString& member) const {
         calls, [&](const QDBusMessage& call) { return call.member() == member; }));
 }
 
-bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds atMost) {
-    return QTest::qWaitFor(condition, static_cast<int>(atMost.count()));
-}
-
 QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,
                          const QString& path, const QString& interface, const QString& method,
                          const QVariantList& arguments) {
     QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, method);
     call.setArguments(arguments);
     const QDBusPendingCall pending = connection.asyncCall(call);
-    return waitFor([&] { return pending.isFinished(); }) ? pending.reply() : QDBusMessage();
+    return loopUntil([&] { return pending.isFinished(); }) ? pending.reply() : QDBusMessage();
 }
 
 } // namespace calmora

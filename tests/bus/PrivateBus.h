@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/QtWaiting.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -60,10 +62,6 @@ class ScriptedObject : public QDBusVirtualObject {
     QString path_;
     Answer answer_;
 };
-
-/// Runs the event loop until the condition holds; false when it does not within the time.
-[[nodiscard]] bool waitFor(const std::function<bool()>& condition,
-                           std::chrono::milliseconds atMost = std::chrono::seconds(5));
 
 /// Calls a method and runs the event loop until the answer is there.
 QDBusMessage callAndWait(const QDBusConnection& connection, const QString& service,

@@ -21,7 +21,7 @@ const QDBusConnection noBus("no such connection");
 bool startAgain(const QDBusConnection& bus, const std::filesystem::path& folder) {
     auto other =
         std::async(std::launch::async, [&] { return SingleInstance(bus, id, folder).isFirst(); });
-    EXPECT_TRUE(waitFor([&] { return other.wait_for(0s) == std::future_status::ready; }));
+    EXPECT_TRUE(loopUntil([&] { return other.wait_for(0s) == std::future_status::ready; }));
     return other.get();
 }
 
@@ -35,9 +35,9 @@ TEST(SingleInstanceTest, isProvenByTheNameOnTheBus) {
         int activations = 0;
         EXPECT_FALSE(startAgain(bus.connect(), folder.path().toStdString()));
         const Subscription token = first.onActivated([&] { ++activations; });
-        EXPECT_TRUE(waitFor([&] { return activations == 1; })) << "a start before the listener";
+        EXPECT_TRUE(loopUntil([&] { return activations == 1; })) << "a start before the listener";
         EXPECT_FALSE(startAgain(bus.connect(), folder.path().toStdString()));
-        EXPECT_TRUE(waitFor([&] { return activations == 2; }));
+        EXPECT_TRUE(loopUntil([&] { return activations == 2; }));
 
         const auto call = [&](const char* method, const QVariantList& arguments) {
             return callAndWait(bus.connect(), id, "/org/example/The_Program",
@@ -47,7 +47,7 @@ TEST(SingleInstanceTest, isProvenByTheNameOnTheBus) {
         EXPECT_EQ(call("Open", {QStringList{"file:///x"}, QVariantMap()}),
                   QDBusMessage::ReplyMessage);
         EXPECT_EQ(call("Quit", {}), QDBusMessage::ErrorMessage);
-        EXPECT_TRUE(waitFor([&] { return activations == 3; }));
+        EXPECT_TRUE(loopUntil([&] { return activations == 3; }));
     }
     ASSERT_TRUE(own.unregisterService(id));
     EXPECT_TRUE(SingleInstance(bus.connect(), id, folder.path().toStdString()).isFirst());
@@ -66,7 +66,7 @@ TEST(SingleInstanceTest, isProvenByALockWithoutABus) {
         const Subscription token = first.onActivated([&] { ++activations; });
         EXPECT_FALSE(startAgain(noBus, runtime));
         EXPECT_FALSE(startAgain(noBus, runtime));
-        EXPECT_TRUE(waitFor([&] { return activations == 2; }));
+        EXPECT_TRUE(loopUntil([&] { return activations == 2; }));
     }
     EXPECT_TRUE(SingleInstance(noBus, id, runtime).isFirst()) << "after the end of the first";
     EXPECT_TRUE(SingleInstance(noBus, id, "/no/such/folder").isFirst()) << "nothing can be proven";

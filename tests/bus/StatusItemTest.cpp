@@ -115,14 +115,14 @@ class StatusItemTest : public testing::Test {
 
 TEST_F(StatusItemTest, answersThePanel) {
     startPanel();
-    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    ASSERT_TRUE(loopUntil([&] { return isRegistered(); }));
     stopPanel();
     startPanel();
-    ASSERT_TRUE(waitFor([&] { return isRegistered(); })) << "a panel that comes back";
+    ASSERT_TRUE(loopUntil([&] { return isRegistered(); })) << "a panel that comes back";
     EXPECT_EQ(item.frame(), std::nullopt);
 
     call(NotifierItem::path, itemInterface, "Activate", {700, 20});
-    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return events.size() == 1; }));
     EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
     const Rect frame = item.frame().value();
     EXPECT_TRUE(frame.x < 700 && 700 < frame.x + frame.width);
@@ -131,7 +131,7 @@ TEST_F(StatusItemTest, answersThePanel) {
     EXPECT_EQ(call(NotifierItem::path, itemInterface, "SecondaryActivate", {1, 1}).type(),
               QDBusMessage::ReplyMessage);
     call(NotifierItem::path, itemInterface, "ContextMenu", {0, 0});
-    ASSERT_TRUE(waitFor([&] { return events.size() == 2; }));
+    ASSERT_TRUE(loopUntil([&] { return events.size() == 2; }));
     EXPECT_EQ(events.back(), StatusEvent::rightMouseUp);
     EXPECT_EQ(item.frame(), frame) << "a panel that gives no place keeps the last one";
 
@@ -166,7 +166,7 @@ TEST_F(StatusItemTest, showsTheGlyphInTheDesktopsColor) {
 
 TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     startPanel();
-    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    ASSERT_TRUE(loopUntil([&] { return isRegistered(); }));
     const DbusMenuLayout menu = layout();
     ASSERT_EQ(titles(menu),
               QStringList({"About__ Calmora", "Check for Updates…", "-", "Quit Calmora"}));
@@ -178,7 +178,7 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     EXPECT_FALSE(children(menu)[0].properties.contains("shortcut"));
 
     EXPECT_EQ(tell("clicked", about), QDBusMessage::ReplyMessage);
-    EXPECT_TRUE(waitFor([&] { return abouts == 1; }));
+    EXPECT_TRUE(loopUntil([&] { return abouts == 1; }));
     EXPECT_EQ(tell("clicked", 4711), QDBusMessage::ErrorMessage);
 
     int notices = 0;
@@ -192,10 +192,10 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     const BusSignal listener(panel, {MenuObject::path, menuInterface, "ItemsPropertiesUpdated", {}},
                              [&](const QDBusMessage&) { ++notices; });
     tell("opened");
-    EXPECT_TRUE(waitFor([&] { return notices == 1; })) << "a panel that only says it has opened";
+    EXPECT_TRUE(loopUntil([&] { return notices == 1; })) << "a panel that only says it has opened";
     canUpdate = true;
     tell("opened");
-    EXPECT_TRUE(waitFor([&] { return notices == 2; }));
+    EXPECT_TRUE(loopUntil([&] { return notices == 2; }));
     EXPECT_TRUE(menuOpen.back());
     tell("closed");
     EXPECT_FALSE(menuOpen.back());
@@ -207,7 +207,7 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
         } else {
             call(NotifierItem::path, itemInterface, "Activate", {3, 4});
         }
-        EXPECT_TRUE(waitFor([&] { return !menuOpen.back(); })) << "a panel that tells no close";
+        EXPECT_TRUE(loopUntil([&] { return !menuOpen.back(); })) << "a panel that tells no close";
     }
     const auto properties = qdbus_cast<QList<DbusMenuProperties>>(
         callMenu("GetGroupProperties",
@@ -222,7 +222,7 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     const QList<DbusMenuEvent> group = {{update, "clicked"}, {4711, "clicked"}, {quit, "clicked"}};
     const QVariantList failed = callMenu("EventGroup", {QVariant::fromValue(group)}).arguments();
     EXPECT_EQ(qdbus_cast<QList<int>>(failed.value(0)), QList<int>{4711});
-    EXPECT_TRUE(waitFor([&] { return updates == 1 && quits == 1; }));
+    EXPECT_TRUE(loopUntil([&] { return updates == 1 && quits == 1; }));
 
     const QVariantList groups =
         callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0, 4711})}).arguments();
@@ -234,13 +234,13 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
     ASSERT_TRUE(panel.registerService("org.gnome.Shell"));
     const int quit = children(layout()).back().id;
     startPanel();
-    ASSERT_TRUE(waitFor([&] { return isRegistered(); }));
+    ASSERT_TRUE(loopUntil([&] { return isRegistered(); }));
     const DbusMenuLayout menu = layout();
     EXPECT_EQ(titles(menu), QStringList({"Show/Hide Calmora", "-", "About__ Calmora",
                                          "Check for Updates…", "-", "Quit Calmora"}));
     EXPECT_EQ(children(menu).back().id, quit) << "a click under way must not hit another entry";
     tell("clicked", children(menu).front().id);
-    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return events.size() == 1; }));
     EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
 }
 

@@ -4,15 +4,15 @@ import json
 import os
 import pathlib
 import sys
+import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 
 from popover_driver import PopoverDriver  # noqa: E402
-from virtual_desktop import Timeout, VirtualDesktop, descendants, process_table  # noqa: E402
+from virtual_desktop import TIMEOUT_SCALE, VirtualDesktop  # noqa: E402
 
 PROGRAM = os.environ["CALMORA_PROGRAM"]
-WINDOW_CLIENT = os.environ["CALMORA_WINDOW_CLIENT"]
 
 
 class DesktopCase(unittest.TestCase):
@@ -62,10 +62,15 @@ class DesktopCase(unittest.TestCase):
         for child in children:
             self.assertIsNone(child.poll(), f"{child.args[0]} has ended")
 
-    def wait_for_exit(self, child, seconds=5.0):
+    def wait_for_exit(self, child, seconds=15.0):
         """Waits until a program has ended."""
         self.desktop.wait_until(lambda: child.poll() is not None, f"end of {child.args[0]}",
                                 seconds)
+
+    @staticmethod
+    def give_time(seconds):
+        """Lets what must not happen happen; the check that follows says that it did not."""
+        time.sleep(seconds * TIMEOUT_SCALE)
 
     def run(self, result=None):
         self.result = result
@@ -81,5 +86,4 @@ class DesktopCase(unittest.TestCase):
         print(f"{self.id()}: screen in {picture}\n{self.desktop.logs()}", file=sys.stderr)
 
 
-__all__ = ["DesktopCase", "PROGRAM", "PopoverDriver", "Timeout", "VirtualDesktop",
-           "WINDOW_CLIENT", "descendants", "process_table"]
+__all__ = ["DesktopCase", "PROGRAM", "PopoverDriver"]

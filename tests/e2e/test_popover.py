@@ -2,7 +2,6 @@
 
 import os
 import signal
-import time
 import unittest
 
 from desktop_case import DesktopCase
@@ -42,13 +41,14 @@ class Quitting(DesktopCase):
         driver = self.start_calmora()
         driver.open()
         driver.press("Quit Mousepad")
-        time.sleep(2)  # The quit gives up after 1.5 s; only then may the row be judged.
-        dialogs = self.desktop.windows_of(editor.pid)
-        self.assertEqual(len(dialogs), 2, "no dialog asks to save")
+        dialogs = self.desktop.wait_until(
+            lambda: len(found := self.desktop.windows_of(editor.pid)) == 2 and found,
+            "a dialog that asks to save")
+        # It answers once the quit has given up; only then may the row be judged.
         if not driver.is_open():
             driver.click_icon()
         driver.press("Quit Mousepad")
-        time.sleep(0.5)
+        self.give_time(0.5)
         self.assert_alive(editor)
         self.assertEqual(self.desktop.windows_of(editor.pid), dialogs,
                          "the second request disturbed the dialog")
@@ -67,7 +67,7 @@ class ForceMode(DesktopCase):
         driver.press("Quit XTerm")
         # While the quit waits for its 1.5 s, clicks pile up; they must hit nothing afterwards.
         self.desktop.click_node(elsewhere)
-        time.sleep(2)
+        self.give_time(2)
         self.assert_alive(stubborn, calculator)
         self.assertTrue(driver.is_open())
         driver.hold_option()
@@ -103,7 +103,7 @@ class ForceMode(DesktopCase):
         self.assertTrue([node for node in desktop.accessible(driver.calmora)
                          if node["name"] == "Do you want to force quit 3 selected apps?"])
         desktop.xdotool("key", "Escape")
-        time.sleep(0.3)
+        self.desktop.wait_until(lambda: not driver.nodes("alert"), "answered question")
         self.assert_alive(first, second, calculator)
 
         driver.hold_option()
@@ -175,14 +175,13 @@ class Shortcuts(DesktopCase):
         driver.button("Cancel")
         desktop.xdotool("key", self.SHOW)
         desktop.xdotool("key", "Escape")
-        time.sleep(0.5)
+        self.give_time(0.5)
         self.assertFalse(driver.is_open(), "a press from the time of the question acted later")
         self.assert_alive(terminal)
-        desktop.xdotool("key", "ctrl+alt+q")
+        # The quit waits for the stubborn one when the second press comes.
+        desktop.xdotool("key", "ctrl+alt+q", self.SHOW)
         self.wait_for_exit(terminal)
-        # The quit waits on for the stubborn one.
-        desktop.xdotool("key", self.SHOW)
-        time.sleep(2)
+        self.give_time(2)
         self.assertFalse(driver.is_open(), "a press from the time of the quit acted later")
         desktop.xdotool("key", self.SHOW)
         driver.wait_for_row("Galculator")

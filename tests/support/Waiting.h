@@ -1,21 +1,28 @@
 #pragma once
 
-#include "platform/linux/EventPoll.h"
-
 #include <chrono>
+#include <cstdlib>
 #include <functional>
 #include <poll.h>
 #include <thread>
 
 namespace calmora {
 
-/// Long enough for a loaded machine; what holds ends a wait at once.
-constexpr std::chrono::seconds patience{15};
+/// A time limit in a test, multiplied by the environment variable CALMORA_TEST_TIMEOUT_SCALE, which
+/// slow machines set.
+inline std::chrono::milliseconds scaled(std::chrono::milliseconds time) {
+    const char* scale = std::getenv("CALMORA_TEST_TIMEOUT_SCALE");
+    const double factor = scale != nullptr ? std::atof(scale) : 1.0;
+    return factor > 0 ? std::chrono::duration_cast<std::chrono::milliseconds>(time * factor) : time;
+}
 
-/// Looks at the condition every few milliseconds until it holds; false at the deadline.
+/// Long enough for a loaded machine; a condition that holds ends a wait at once.
+constexpr std::chrono::seconds defaultTimeout{15};
+
+/// Looks at the condition every few milliseconds until it holds; false after `timeout`, scaled.
 inline bool waitFor(const std::function<bool()>& condition,
-                    std::chrono::milliseconds timeout = patience) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
+                    std::chrono::milliseconds timeout = defaultTimeout) {
+    const auto deadline = std::chrono::steady_clock::now() + scaled(timeout);
     while (!condition()) {
         if (std::chrono::steady_clock::now() >= deadline) {
             return false;
@@ -25,11 +32,12 @@ inline bool waitFor(const std::function<bool()>& condition,
     return true;
 }
 
-/// Runs `events` as a main loop does, asleep while nothing is due, until the condition holds;
-/// false at the deadline. Counts in `turns` how often it woke up.
-inline bool pumpUntil(EventPoll& events, const std::function<bool()>& condition,
-                      std::chrono::milliseconds timeout = patience, int* turns = nullptr) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
+/// Runs an EventPoll as a main loop does, asleep while nothing is due, until the condition holds;
+/// false after `timeout`, scaled. Counts in `turns` how often it woke up.
+template <typename Events>
+bool pumpUntil(Events& events, const std::function<bool()>& condition,
+               std::chrono::milliseconds timeout = defaultTimeout, int* turns = nullptr) {
+    const auto deadline = std::chrono::steady_clock::now() + scaled(timeout);
     while (!condition()) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(
             deadline - std::chrono::steady_clock::now());
@@ -45,6 +53,26 @@ inline bool pumpUntil(EventPoll& events, const std::function<bool()>& condition,
         }
     }
     return true;
+}
+
+/// Runs an EventPoll for a while, to see that nothing happens; how often it woke up.
+template <typename Events>
+int pumpFor(Events& events, std::chrono::milliseconds time) {
+    int turns = 0;
+    pumpUntil(events, [] { return false; }, time, &turns);
+    return turns;
+}
+
+/// Runs an EventPoll until what other programs have caused has arrived: until nothing has come for
+/// 100 ms. False when it goes on coming.
+template <typename Events>
+bool pumpUntilQuiet(Events& events) {
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        if (pumpFor(events, std::chrono::milliseconds(100)) == 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace calmora

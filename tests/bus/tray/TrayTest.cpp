@@ -72,27 +72,28 @@ class TrayTest : public testing::Test {
 };
 
 TEST_F(TrayTest, takesClicksInATrayThatComesLateAndGoesForAPanel) {
-    EXPECT_FALSE(waitFor([&] { return item.frame().has_value(); }, std::chrono::milliseconds(100)));
+    EXPECT_FALSE(
+        loopUntil([&] { return item.frame().has_value(); }, std::chrono::milliseconds(100)));
     const pid_t tray =
         desktop->start({"trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
                         "--height", "24", "--transparent", "true", "--tint", "0x202020"});
     // A tray takes clicks for the icon once it shows it.
     ASSERT_TRUE(
-        waitFor([&] { return isInTray() && lightness().second - lightness().first > 150; }));
+        loopUntil([&] { return isInTray() && lightness().second - lightness().first > 150; }));
     click({1268, 12}, {"--repeat", "2", "--delay", "40", "1"});
-    EXPECT_TRUE(waitFor([&] { return events.size() == 2; })) << "a fast second click counts";
+    EXPECT_TRUE(loopUntil([&] { return events.size() == 2; })) << "a fast second click counts";
     click({1268, 12}, {"3"});
-    EXPECT_TRUE(waitFor([&] { return events.size() == 3; }));
+    EXPECT_TRUE(loopUntil([&] { return events.size() == 3; }));
     using enum StatusEvent;
     EXPECT_EQ(events, (std::vector{leftMouseUp, leftMouseUp, rightMouseUp}));
 
     QDBusConnection panel = bus.connect();
     ScriptedObject watcher(panel, "/StatusNotifierWatcher");
     ASSERT_TRUE(panel.registerService("org.kde.StatusNotifierWatcher"));
-    EXPECT_TRUE(waitFor([&] { return !hasTrayWindow(); }));
-    EXPECT_TRUE(waitFor([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
+    EXPECT_TRUE(loopUntil([&] { return !hasTrayWindow(); }));
+    EXPECT_TRUE(loopUntil([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
     ASSERT_TRUE(panel.unregisterService("org.kde.StatusNotifierWatcher"));
-    EXPECT_TRUE(waitFor([&] { return hasTrayWindow() && isInTray(); })) << "the panel went away";
+    EXPECT_TRUE(loopUntil([&] { return hasTrayWindow() && isInTray(); })) << "the panel went away";
     desktop->end(tray);
 }
 
@@ -100,11 +101,11 @@ TEST_F(TrayTest, remembersThePointerWherePanelsTellNothing) {
     QDBusConnection panel = bus.connect();
     ScriptedObject watcher(panel, "/StatusNotifierWatcher");
     ASSERT_TRUE(panel.registerService("org.kde.StatusNotifierWatcher"));
-    ASSERT_TRUE(waitFor([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
     const QString name = watcher.calls.back().arguments().value(0).toString();
     click({300, 700}, {"1"});
     callAndWait(panel, name, NotifierItem::path, NotifierItem::interfaceName, "Activate", {0, 0});
-    ASSERT_TRUE(waitFor([&] { return events.size() == 1; }));
+    ASSERT_TRUE(loopUntil([&] { return events.size() == 1; }));
     EXPECT_TRUE(contains(item.frame().value(), {300, 700}));
 
     // The menu opens there and blocks until it is closed.

@@ -1,4 +1,5 @@
 #include "platform/x11/hotkeys/X11HotKeys.h"
+#include "platform/linux/EventPoll.h"
 
 #include "platform/x11/hotkeys/X11Keyboard.h"
 #include "platform/x11/hotkeys/XcbXkb.h"
@@ -125,7 +126,7 @@ TEST_P(X11HotKeysUnderWindowManagers, FireOnceHoweverLongTheyAreHeldInAnotherWin
         return focus && focus->focus > keys->root();
     }));
     keys->press({controlKey, altKey, kKey});
-    pumpUntil(events, [] { return false; }, 1500ms);
+    pumpFor(events, 1500ms);
     EXPECT_THAT(heard, ElementsAre("+1"));
     // The keyboard is free meanwhile, also for other hot keys.
     ASSERT_EQ(take(j, control | option), 0);
@@ -198,8 +199,7 @@ TEST_F(X11HotKeysTest, RefusalsLeaveNothingBehind) {
     grabByOther(kKey, superMask | capsLock);
     keys->sync();
     EXPECT_EQ(take(k, command), HotKeyStatus::taken) << "with Caps Lock on it is another's";
-    EXPECT_TRUE(
-        waitFor([&] { return isFree(kKey, superMask) && isFree(kKey, superMask | 16); }, 3s));
+    EXPECT_TRUE(waitFor([&] { return isFree(kKey, superMask) && isFree(kKey, superMask | 16); }));
 
     const std::uint32_t modifiers[] = {8};
     const std::uint32_t eventMask = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS;
@@ -237,9 +237,9 @@ TEST_F(X11HotKeysTest, RawKeysPassTheGrabsOfMenus) {
     hotKeys->addEventTypes(HotKeyEventTypes::rawKeys);
     keys->tap({numLockKey});
     keys->press({superKey, kKey});
-    pumpUntil(events, [] { return false; }, 1000ms);
+    pumpFor(events, 1000ms);
     keys->release({kKey, superKey});
-    pumpUntil(events, [&] { return !heard.empty() && heard.back() == "up 55/0"; }, 2s);
+    pumpUntil(events, [&] { return !heard.empty() && heard.back() == "up 55/0"; });
     EXPECT_THAT(heard, ElementsAre("down 71/0", "up 71/0", "down 55/256", "down 40/256",
                                    "up 40/256", "up 55/0"));
     heard.clear();
@@ -258,7 +258,7 @@ TEST_F(X11HotKeysTest, PressesThatMustNotActAreThrownAway) {
     EXPECT_THAT(takeHeard(), IsEmpty());
     keys->press({controlKey, kKey});
     keyboard->discardKeyPresses();
-    pumpUntil(events, [] { return false; }, 1000ms);
+    pumpFor(events, 1000ms);
     EXPECT_THAT(heard, IsEmpty()) << "not even while it is held on";
     keys->release({kKey, controlKey});
     keys->tap({controlKey, kKey});
@@ -281,9 +281,7 @@ TEST_F(X11HotKeysTest, EndQuietlyWithTheServer) {
     hotKeys->addEventTypes(HotKeyEventTypes::rawKeys);
     keyboard->discardKeyPresses();
     tokens.clear();
-    int turns = 0;
-    pumpUntil(events, [] { return false; }, 50ms, &turns);
-    EXPECT_LT(turns, 3) << "a dead connection does not spin";
+    EXPECT_LT(pumpFor(events, 50ms), 3) << "a dead connection does not spin";
 }
 
 } // namespace

@@ -14,12 +14,12 @@
 #include "platform/x11/hotkeys/X11Keyboard.h"
 #include "platform/x11/hotkeys/X11KeyboardLayout.h"
 #include "support/KeyPresser.h"
+#include "support/QtWaiting.h"
 #include "support/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCursor>
 #include <QMenu>
 #include <QTest>
 #include <QTimer>
@@ -52,7 +52,7 @@ class RecorderOnX11 : public testing::Test {
         }
         window.resize(300, 200);
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(loopUntil([&] { return window.isActiveWindow(); }));
         manager.onActivateMenu = [this] { heard += "a"; };
         manager.onQuitAll = [this] { heard += "q"; };
         manager.registerShortcuts();
@@ -63,13 +63,14 @@ class RecorderOnX11 : public testing::Test {
         return static_cast<RecorderCocoa&>(*window.findChildren<QLineEdit*>().at(index));
     }
 
-    /// A real click in the middle.
-    void click(QWidget& widget) {
-        QCursor::setPos(widget.mapToGlobal(widget.rect().center()));
-        settle();
+    /// Clicks a recorder and waits until it records.
+    void record(int index) {
+        const QPoint place = recorder(index).mapToGlobal(recorder(index).rect().center());
+        keys.move(place.x(), place.y());
         keys.button(1, true);
         keys.button(1, false);
         settle();
+        ASSERT_TRUE(loopUntil([&] { return recorder(index).isRecording(); }));
     }
 
     void tap(std::initializer_list<std::uint8_t> codes) {
@@ -77,14 +78,26 @@ class RecorderOnX11 : public testing::Test {
         settle();
     }
 
-    /// Lets what was pressed arrive on both connections. Every use is followed by a check of what
-    /// must be, so that a wait too short shows as a failure.
-    static void settle() { QTest::qWait(150); }
+    /// Gives what was pressed time to arrive on both connections.
+    static void settle() { loopFor(std::chrono::milliseconds(150)); }
 
     std::string takeHeard() { return std::exchange(heard, {}); }
 
+    /// Waits for the shortcuts to be heard in this order, and that no more follow.
+    void expectHeard(const std::string& expected) {
+        loopUntil([&] { return heard.size() >= expected.size(); });
+        settle();
+        EXPECT_EQ(takeHeard(), expected);
+    }
+
     std::string stored(const std::string& name) {
         return defaults.string("KeyboardShortcuts_" + name).value_or("none");
+    }
+
+    /// Waits for a shortcut to be stored.
+    void expectStored(const std::string& name, const std::string& expected) {
+        loopUntil([&] { return stored(name) == expected; });
+        EXPECT_EQ(stored(name), expected);
     }
 
     AlertSession alerts;
@@ -113,33 +126,32 @@ class RecorderOnX11 : public testing::Test {
 };
 
 TEST_F(RecorderOnX11, RecordingEndsWithTheFocus) {
-    click(recorder(0));
-    ASSERT_TRUE(recorder(0).isRecording());
+    record(0);
     const pid_t terminal = desktop->start({"xterm", "-geometry", "20x5+700+500"});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isActiveWindow(); }, 10000));
+    EXPECT_TRUE(loopUntil([&] { return !window.isActiveWindow(); }));
     EXPECT_FALSE(recorder(0).isRecording()) << "another window has the keyboard";
     EXPECT_FALSE(shortcuts.handlersPaused());
     desktop->end(terminal);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }, 10000));
+    EXPECT_TRUE(loopUntil([&] { return window.isActiveWindow(); }));
     settle();
     EXPECT_FALSE(recorder(0).isRecording()) << "the keyboard coming back is no wish to record";
 }
 
 TEST_F(RecorderOnX11, TakesEvenWhatTheWindowManagerOrAnotherShortcutHas) {
     shortcuts.setShortcut(Shortcut{40, 0x1800}, shortcuts.name("quitAll"));
-    click(recorder(0));
+    record(0);
     tap({controlKey, altKey, kKey});
-    EXPECT_EQ(stored("activateMenu"), controlOptionK);
+    expectStored("activateMenu", controlOptionK);
     EXPECT_EQ(recorder(2).text(), "⌃⌥K") << "another recorder of the name";
     EXPECT_EQ(takeHeard(), "") << "the press that was recorded";
     tap({controlKey, altKey, kKey});
-    EXPECT_EQ(takeHeard(), "aq");
+    expectHeard("aq");
     EXPECT_TRUE(window.isActiveWindow()) << "a hot key takes the keyboard from nobody";
-    click(recorder(0));
+    record(0);
     testing::internal::CaptureStdout();
     tap({altKey, tabKey});
+    expectStored("activateMenu", R"({"carbonKeyCode":48,"carbonModifiers":2048})");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌥⇥: 10\n");
-    EXPECT_EQ(stored("activateMenu"), R"({"carbonKeyCode":48,"carbonModifiers":2048})");
 }
 
 TEST_F(RecorderOnX11, AlertsGiveTheKeyboardBack) {
@@ -157,15 +169,15 @@ TEST_F(RecorderOnX11, AlertsGiveTheKeyboardBack) {
             isAnswered = true;
         });
     };
-    click(recorder(0));
+    record(0);
     keys.tap({133, 24}); // Super and Q
-    ASSERT_TRUE(QTest::qWaitFor([&] { return isAnswered; }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return recorder(0).isRecording(); })) << "and goes on";
+    ASSERT_TRUE(loopUntil([&] { return isAnswered; }));
+    EXPECT_TRUE(loopUntil([&] { return recorder(0).isRecording(); })) << "and goes on";
     settle();
     EXPECT_EQ(takeHeard(), "") << "a shortcut pressed meanwhile";
     EXPECT_EQ(stored("activateMenu"), "none");
     tap({controlKey, altKey, kKey});
-    EXPECT_EQ(stored("activateMenu"), controlOptionK);
+    expectStored("activateMenu", controlOptionK);
 }
 
 TEST_F(RecorderOnX11, ShortcutsWorkWhileAMenuIsOpen) {
@@ -173,10 +185,11 @@ TEST_F(RecorderOnX11, ShortcutsWorkWhileAMenuIsOpen) {
     QMenu menu;
     menu.addAction("One");
     menu.popup(window.mapToGlobal(QPoint(20, 20)));
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    ASSERT_TRUE(
+        QTest::qWaitForWindowExposed(&menu, static_cast<int>(scaled(defaultTimeout).count())));
     settle();
     tap({controlKey, altKey, kKey});
-    EXPECT_EQ(takeHeard(), "q");
+    expectHeard("q");
     EXPECT_TRUE(menu.isVisible()) << "Alt does not close it";
 }
 

@@ -3,6 +3,7 @@
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/popover/QtPopover.h"
 #include "platform/x11/backend/X11TransientWindows.h"
+#include "support/QtWaiting.h"
 #include "support/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
@@ -31,16 +32,6 @@ constexpr std::uint8_t letterA = 38;
 
 /// Long enough for Qt to notice that a window lost the keyboard.
 constexpr milliseconds settling{250};
-
-/// Runs Qt's loop until the condition holds, at most ten seconds.
-bool loopUntil(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 10'000);
-}
-
-/// Runs Qt's loop for a while, to see that nothing happens.
-void loopFor(milliseconds duration) {
-    QTest::qWait(static_cast<int>(duration.count()));
-}
 
 class TransientTest : public testing::Test {
   protected:

@@ -1,6 +1,7 @@
 #include "platform/qt/DescriptorWatch.h"
 #include "platform/qt/QtRunLoop.h"
 #include "support/FileDescriptor.h"
+#include "support/QtWaiting.h"
 
 #include <gtest/gtest.h>
 
@@ -35,8 +36,8 @@ TEST(RunLoop, RunsEachKindAsOftenAsItsTokenAllows) {
     });
     EXPECT_EQ(heard, "") << "nothing runs before the loop turns";
     cancelled.reset();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= 3 && heard.ends_with("later"); }));
-    QTest::qWait(10);
+    ASSERT_TRUE(loopUntil([&] { return ticks >= 3 && heard.ends_with("later"); }));
+    loopFor(std::chrono::milliseconds(10));
     EXPECT_EQ(heard, "next nested later");
     EXPECT_EQ(ticks, 3);
 }
@@ -61,12 +62,12 @@ TEST(RunLoop, HoldsTimersAndDescriptorsBackWhileAnAlertIsOpen) {
     Subscription inner = alerts.begin();
     ASSERT_EQ(write(writing.get(), "d", 1), 1);
     inner.reset();
-    QTest::qWait(50);
+    loopFor(std::chrono::milliseconds(50));
     EXPECT_EQ(heard, "");
 
     outer.reset();
     EXPECT_EQ(heard, "") << "not in the middle of whoever showed the alert";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return heard.size() >= 2; }));
+    ASSERT_TRUE(loopUntil([&] { return heard.size() >= 2; }));
     EXPECT_NE(heard.find('d'), std::string::npos);
     EXPECT_NE(heard.find('t'), std::string::npos);
 }

@@ -1,4 +1,5 @@
 #include "ShortcutsPane.h"
+#include "support/QtWaiting.h"
 
 #include <gtest/gtest.h>
 
@@ -88,7 +89,7 @@ TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
 
     for (const auto& row : rows) {
         QTest::mouseClick(&recorder, Qt::LeftButton);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return recorder.isRecording(); }));
+        ASSERT_TRUE(loopUntil([&] { return recorder.isRecording(); }));
         QTimer::singleShot(0, &recorder, [&] {
             auto* sheet = pane->window.findChild<QMessageBox*>("recorderAlert");
             ASSERT_NE(sheet, nullptr);

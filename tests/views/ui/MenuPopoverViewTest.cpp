@@ -1,5 +1,7 @@
+#include "support/QtWaiting.h"
 #include "ui/AppRowView.h"
 #include "ui/PopoverFixture.h"
+#include "ui/RowStack.h"
 
 #include <gmock/gmock.h>
 
@@ -41,8 +43,16 @@ class MenuPopoverViewTest : public testing::Test, public PopoverFixture {
         settle();
     }
 
-    /// Lets every motion end.
-    static void rest() { QTest::qWait(320); }
+    /// Lets every motion of the rows end.
+    void rest() {
+        settle();
+        EXPECT_TRUE(loopUntil([this] {
+            return std::ranges::none_of(view->findChildren<QWidget*>(), [](QWidget* widget) {
+                const auto* stack = dynamic_cast<RowStack*>(widget);
+                return stack != nullptr && stack->isMoving();
+            });
+        }));
+    }
 
     QAbstractButton& button(const char* name) { return *view->findChild<QAbstractButton*>(name); }
 
@@ -360,7 +370,7 @@ TEST_F(MenuPopoverViewTest, GlidesAfterAQuitAndJumpsAfterASort) {
     moveTo(&rowButton("Alpha", "quit"));
     click(rowButton("Alpha", "quit"));
     EXPECT_NEAR(gammaAt(), before, 12);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return gammaAt() < before - 10; }, 1000));
+    EXPECT_TRUE(loopUntil([&] { return gammaAt() < before - 10; }));
     EXPECT_GT(gammaAt(), before - 46) << "on its way";
     rest();
     EXPECT_EQ(gammaAt(), before - 46);

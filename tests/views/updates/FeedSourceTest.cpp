@@ -1,4 +1,5 @@
 #include "updates/FeedSource.h"
+#include "support/QtWaiting.h"
 
 #include "platform/qt/QtRunLoop.h"
 #include "support/TempFolder.h"
@@ -88,7 +89,7 @@ struct FeedSourceTest : testing::Test {
             token.reset();
         });
         EXPECT_FALSE(told) << "not before the loop turns";
-        if (!QTest::qWaitFor([&] { return told.has_value(); }, 15000)) {
+        if (!loopUntil([&] { return told.has_value(); })) {
             return "no answer";
         }
         if (const auto* releases = std::get_if<std::vector<Release>>(&*told)) {
@@ -195,10 +196,9 @@ TEST_F(FeedSourceTest, HangsUpWhenNobodyWaitsAnyMore) {
     FeedSource source(server.address("/silence"), NETWORK_LIBRARY, {}, loop);
     bool isTold = false;
     Subscription token = source.fetch([&](const ReleaseList&) { isTold = true; });
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return server.latest && server.request.contains("\r\n\r\n"); }));
+    ASSERT_TRUE(loopUntil([&] { return server.latest && server.request.contains("\r\n\r\n"); }));
     token.reset();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !server.latest; }));
+    EXPECT_TRUE(loopUntil([&] { return !server.latest; }));
     EXPECT_FALSE(isTold);
 }
 
