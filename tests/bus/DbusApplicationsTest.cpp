@@ -13,7 +13,7 @@
 namespace calmora {
 namespace {
 
-constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
+constexpr auto itemWatcher = "org.kde.StatusNotifierWatcher";
 constexpr auto watcherPath = "/StatusNotifierWatcher";
 
 QVariantList property(const QVariant& value) {
@@ -38,27 +38,27 @@ TEST_F(DbusApplicationsTest, followsTheItemsOfThePanel) {
         applications.onChanged([&] { changes += applications.ownsStatusItem(self); });
 
     // A panel that starts late.
-    ASSERT_TRUE(panel.registerService(watcherName));
+    ASSERT_TRUE(panel.registerService(itemWatcher));
     EXPECT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
     EXPECT_FALSE(applications.ownsStatusItem(1));
     EXPECT_EQ(applications.statusItemProcesses(), std::vector{self});
     EXPECT_EQ(changes, 1);
 
-    watcher.emitSignal(watcherName, "StatusNotifierItemUnregistered", {items.front()});
+    watcher.emitSignal(itemWatcher, "StatusNotifierItemUnregistered", {items.front()});
     EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 
     // Another spelling, and an item that goes away together with its program.
     ASSERT_TRUE(item.registerService("org.kde.StatusNotifierItem-4711-1"));
-    watcher.emitSignal(watcherName, "StatusNotifierItemRegistered",
+    watcher.emitSignal(itemWatcher, "StatusNotifierItemRegistered",
                        {"org.kde.StatusNotifierItem-4711-1"});
     EXPECT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
     ASSERT_TRUE(item.unregisterService("org.kde.StatusNotifierItem-4711-1"));
     EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 
     // The panel itself goes.
-    watcher.emitSignal(watcherName, "StatusNotifierItemRegistered", {items.front()});
+    watcher.emitSignal(itemWatcher, "StatusNotifierItemRegistered", {items.front()});
     ASSERT_TRUE(loopUntil([&] { return applications.ownsStatusItem(self); }));
-    ASSERT_TRUE(panel.unregisterService(watcherName));
+    ASSERT_TRUE(panel.unregisterService(itemWatcher));
     EXPECT_TRUE(loopUntil([&] { return !applications.ownsStatusItem(self); }));
 }
 

@@ -44,7 +44,8 @@ class Quitting(DesktopCase):
         dialogs = self.desktop.wait_until(
             lambda: len(found := self.desktop.windows_of(editor.pid)) == 2 and found,
             "a dialog that asks to save")
-        # It answers once the quit has given up; only then may the row be judged.
+        driver.is_open()  # It answers once the quit has given up,
+        self.give_time(0.5)  # and the dialog may then close it.
         if not driver.is_open():
             driver.click_icon()
         driver.press("Quit Mousepad")

@@ -255,6 +255,9 @@ TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
 /// Usage: calmora_transient_tests WINDOW_MANAGER [Google Test options]
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
     const calmora::VirtualDesktop desktop({.windowManager = argc > 1 ? argv[1] : "openbox"});
     desktop.enter();
     qputenv("QT_QPA_PLATFORM", "xcb");

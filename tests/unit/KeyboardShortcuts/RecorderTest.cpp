@@ -10,11 +10,11 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr std::uint32_t control = ModifierFlags::control;
-constexpr std::uint32_t option = ModifierFlags::option;
-constexpr std::uint32_t shift = ModifierFlags::shift;
-constexpr std::uint32_t command = ModifierFlags::command;
-constexpr std::uint32_t function = ModifierFlags::function;
+constexpr std::uint32_t controlKey = ModifierFlags::control;
+constexpr std::uint32_t optionKey = ModifierFlags::option;
+constexpr std::uint32_t shiftKey = ModifierFlags::shift;
+constexpr std::uint32_t commandKey = ModifierFlags::command;
+constexpr std::uint32_t functionKey = ModifierFlags::function;
 
 /// A control in memory with a working focus.
 class FakeControl final : public RecorderControl {
@@ -115,7 +115,7 @@ class RecorderTest : public ShortcutsFixture {
         layout,
         strings,
         MainMenu{{"File", {}, {{"Close", {{"w"}}, {}}, {"Close All", {{"W"}}, {}}}},
-                 {"Quit", {{"q"}, {"q", {control}}}, {}}},
+                 {"Quit", {{"q"}, {"q", {controlKey}}}, {}}},
         {},
         {}};
     FakeControl box;
@@ -137,10 +137,10 @@ TEST_F(RecorderTest, RecordsOneShortcut) {
     box.focus();
     EXPECT_EQ(box.placeholder, "press_shortcut");
     EXPECT_TRUE(box.isMonitoring && shortcuts.handlersPaused());
-    press(12, command, true);
+    press(12, commandKey, true);
     press(48, 0, true);
     EXPECT_EQ(outcome(), "recording none") << "auto-repeat is ignored";
-    EXPECT_EQ(press(40, control | option), RecorderVerdict::swallow);
+    EXPECT_EQ(press(40, controlKey | optionKey), RecorderVerdict::swallow);
     EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":40,"carbonModifiers":6144} ⌃⌥K)");
     EXPECT_EQ(box.text + box.placeholder, "⌃⌥Krecord_shortcut");
     EXPECT_EQ(box.spoken, "Control+Alt+K");
@@ -174,30 +174,30 @@ TEST_F(RecorderTest, ChecksKeysInOrder) {
     } rows[] = {
         {48, 0, "idle none", RecorderVerdict::pass},
         {48, ModifierFlags::capsLock, "idle none", RecorderVerdict::pass},
-        {48, shift, "recording none beep"},
+        {48, shiftKey, "recording none beep"},
         {53, 0, "idle none"},
-        {53, command, accepted(53, 256, "⌘⎋")},
+        {53, commandKey, accepted(53, 256, "⌘⎋")},
         {0, 0, "recording none beep"},
-        {123, function | ModifierFlags::numericPad, "recording none beep"},
+        {123, functionKey | ModifierFlags::numericPad, "recording none beep"},
         {87, ModifierFlags::numericPad, "recording none beep"},
         {96, 0, accepted(96, 0, "F5")},
-        {96, shift | function, accepted(96, 512, "⇧F5")},
-        {51, command, accepted(51, 256, "⌘⌫")},
-        {71, command, "recording none beep"},
-        {-1, command, "recording none beep"},
-        {55, command, "recording none"},
+        {96, shiftKey | functionKey, accepted(96, 512, "⇧F5")},
+        {51, commandKey, accepted(51, 256, "⌘⌫")},
+        {71, commandKey, "recording none beep"},
+        {-1, commandKey, "recording none beep"},
+        {55, commandKey, "recording none"},
         {57, 0, "recording none"},
-        {13, command, "recording none [used by Close|]"},
-        {13, command | shift, "recording none [used by Close All|]"},
-        {13, command | control, accepted(13, 0x1100, "⌃⌘W")},
-        {12, control, "recording none [used by Quit|]"},
-        {12, command, "recording none [used by Quit|]"},
-        {40, option | shift, accepted(40, 0xa00, "⌥⇧K")},
-        {40, option | control, accepted(40, 0x1800, "⌃⌥K")},
-        {46, command, "recording none" + taken},
+        {13, commandKey, "recording none [used by Close|]"},
+        {13, commandKey | shiftKey, "recording none [used by Close All|]"},
+        {13, commandKey | controlKey, accepted(13, 0x1100, "⌃⌘W")},
+        {12, controlKey, "recording none [used by Quit|]"},
+        {12, commandKey, "recording none [used by Quit|]"},
+        {40, optionKey | shiftKey, accepted(40, 0xa00, "⌥⇧K")},
+        {40, optionKey | controlKey, accepted(40, 0x1800, "⌃⌥K")},
+        {46, commandKey, "recording none" + taken},
         {111, 0, accepted(111, 0, "F12")},
-        {111, command, "recording none" + taken},
-        {40, command, accepted(40, 256, "⌘K")},
+        {111, commandKey, "recording none" + taken},
+        {40, commandKey, accepted(40, 256, "⌘K")},
     };
 
     for (const auto& row : rows) {
@@ -208,7 +208,7 @@ TEST_F(RecorderTest, ChecksKeysInOrder) {
     }
     box.answer = 1;
     box.focus();
-    press(46, command);
+    press(46, commandKey);
     EXPECT_EQ(outcome(), R"(idle {"carbonKeyCode":46,"carbonModifiers":256})" + taken + " ⌘M")
         << "forced";
 }
@@ -252,7 +252,7 @@ TEST_F(RecorderTest, FollowsTheStoreAndTheLayout) {
     FakeControl second;
     second.recorder = makeRecorder(second, "a");
     box.focus();
-    press(0, command);
+    press(0, commandKey);
     shortcuts.setShortcut(optionS, shortcuts.name("b"));
     EXPECT_EQ(second.text, "⌘A") << "not another name's";
     EXPECT_TRUE(second.hasClearButton);

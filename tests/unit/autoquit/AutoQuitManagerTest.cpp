@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 using Pids = std::vector<ProcessId>;
 using Names = std::vector<std::string>;
 
-constexpr std::uint64_t second = 1'000'000'000;
+constexpr std::uint64_t oneSecond = 1'000'000'000;
 
 struct AutoQuitManagerTest : testing::Test {
     AutoQuitManagerTest() {
@@ -163,7 +163,7 @@ TEST_F(AutoQuitManagerTest, SparesBusyCautiousApplications) {
     const std::string cautious = "com.jetbrains.fleet";
     std::uint64_t usedBefore = 0;
     for (const auto& [percent, isQuit] : {std::pair{2.9, true}, {3.0, false}, {150.0, false}}) {
-        usedBefore += 1000 * second;
+        usedBefore += 1000 * oneSecond;
         machine.workspace.launch({.pid = 3,
                                   .bundleIdentifier = cautious,
                                   .process = {.counters = ProcessCounters{usedBefore, 0, 0}},
@@ -172,7 +172,7 @@ TEST_F(AutoQuitManagerTest, SparesBusyCautiousApplications) {
         EXPECT_EQ(check(), Pids{3}) << "the first sample has no figure";
         machine.clock.advance(58500ms);
         machine.processes.at(3).counters->userTime +=
-            static_cast<std::uint64_t>(std::llround(percent / 100 * 60 * second));
+            static_cast<std::uint64_t>(std::llround(percent / 100 * 60 * oneSecond));
         age(cautious, 1h);
         EXPECT_EQ(check(), isQuit ? Pids{3} : Pids{}) << percent;
         machine.processes.end(3);
@@ -199,7 +199,7 @@ TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsWithBusyChildren) {
         machine.processes.start(
             21, {.parent = 20,
                  .counters = ProcessCounters{
-                     .userTime = static_cast<std::uint64_t>(childUses.count()) * second}});
+                     .userTime = static_cast<std::uint64_t>(childUses.count()) * oneSecond}});
         EXPECT_EQ(check(), isQuit ? Pids{20} : Pids{}) << childUses.count();
     }
 }

@@ -8,7 +8,7 @@ namespace calmora {
 namespace {
 
 using namespace std::chrono_literals;
-using Pids = std::set<ProcessId>;
+using PidSet = std::set<ProcessId>;
 using Signals = std::vector<std::pair<ProcessId, std::int32_t>>;
 
 constexpr auto never = std::nullopt;
@@ -184,10 +184,10 @@ TEST_F(AppQuitterTest, QuitsTickedRecordsInSequence) {
     }
     const std::vector<AppInfo> records{
         {.pid = 1}, {.pid = 2}, {.pid = 9}, {.pid = 3, .isSelected = false}, {.pid = 4}};
-    EXPECT_EQ(quitter.quitApps(records, false), (Pids{1, 4}));
+    EXPECT_EQ(quitter.quitApps(records, false), (PidSet{1, 4}));
     EXPECT_EQ(machine.workspace.terminateRequests, (std::vector<ProcessId>{1, 2, 4}));
     EXPECT_EQ(slept(), 50ms + 1500ms + 50ms);
-    EXPECT_EQ(quitter.quitApps(records, true), (Pids{2}));
+    EXPECT_EQ(quitter.quitApps(records, true), (PidSet{2}));
 }
 
 TEST_F(AppQuitterTest, MeasuresWaitsByTheMonotonicClock) {
@@ -196,7 +196,7 @@ TEST_F(AppQuitterTest, MeasuresWaitsByTheMonotonicClock) {
     EXPECT_TRUE(quitter.waitForExit({2, 0, -1}, 0ms)) << "ids below 1 name no process";
     EXPECT_FALSE(quitter.waitForExit({1}, 0ms));
     EXPECT_EQ(slept(), 0ms);
-    EXPECT_EQ(machine.processes.probed, (Pids{1, 2}));
+    EXPECT_EQ(machine.processes.probed, (PidSet{1, 2}));
 
     machine.clock.after(60ms, [this] { machine.clock.wall -= 24h; });
     EXPECT_FALSE(quitter.waitForExit({1}, 500ms));

@@ -11,7 +11,7 @@ namespace {
 
 using enum ActivationPolicy;
 
-std::string summary(const std::vector<AppInfo>& apps) {
+std::string listing(const std::vector<AppInfo>& apps) {
     std::string text;
     for (const AppInfo& app : apps) {
         text += app.name + ":" + std::to_string(app.pid);
@@ -19,7 +19,7 @@ std::string summary(const std::vector<AppInfo>& apps) {
             text += "<" + *app.parentBundleIdentifier;
         }
         if (app.childProcesses) {
-            text += "[" + summary(*app.childProcesses) + "]";
+            text += "[" + listing(*app.childProcesses) + "]";
         }
         text += " ";
     }
@@ -64,8 +64,8 @@ TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
          }) {
         machine.workspace.launch(app);
     }
-    EXPECT_EQ(summary(runningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
-    EXPECT_EQ(summary(runningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
+    EXPECT_EQ(listing(runningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
+    EXPECT_EQ(listing(runningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
 
     const AppInfo first = runningApps(true).front();
     EXPECT_TRUE(first.isSelected && !first.isWhitelisted && !first.isBackgroundApp);
@@ -73,7 +73,7 @@ TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
     EXPECT_EQ(first.icon->themeName, "icon11");
 
     machine.bundle.identifier.reset();
-    EXPECT_EQ(summary(runningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
+    EXPECT_EQ(listing(runningApps(false)), "beta:10 BETA:12 Calmora:13 files:18 ")
         << "without an identifier of our own, others without one are taken for us";
 }
 
@@ -102,12 +102,12 @@ TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
     }
     machine.processes.at(29).parent.reset();
     const std::vector<AppInfo> apps = backgroundApps();
-    EXPECT_EQ(summary(apps),
+    EXPECT_EQ(listing(apps),
               "Agent:23 Child:25 Files:29 helper:22<org.example.PhotoEditor Orphan:24 ");
     EXPECT_TRUE(apps.front().isBackgroundApp);
 
     machine.processes.at(22).parent = 0;
-    EXPECT_EQ(summary(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
+    EXPECT_EQ(listing(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
 }
 
 TEST_F(ProcessMonitorTest, FoldsBackgroundApplicationsUnderTheirParents) {
@@ -123,7 +123,7 @@ TEST_F(ProcessMonitorTest, FoldsBackgroundApplicationsUnderTheirParents) {
         member(1, "m1", "org.example.PhotoEditor"),
         member(6, "low", "com.b.two words"),
     });
-    EXPECT_EQ(summary(rows),
+    EXPECT_EQ(listing(rows),
               "Word:3[single:3<WORD ] Two Words:6[low:6<com.b.two words ] "
               "Photoeditor:4[m2:4<org.example.PhotoEditor m1:1<org.example.PhotoEditor ] z:5 a:2 ");
     const AppInfo& group = rows[2];

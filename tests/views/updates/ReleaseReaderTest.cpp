@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::string_literals;
 
-const std::string feed = R"(<?xml version="1.0" encoding="UTF-8"?>
+const std::string fullFeed = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- <release version="99"/> -->
 <component type="desktop-application">
   <id>app.calmora.Calmora</id>
@@ -61,10 +61,10 @@ TEST(ReleaseReader, ReadsWhatAppStreamFilesSay) {
     const std::string rest = "|https://example.org/1.2?a=b&c\n2.0~rc1?||\n";
     const std::string english =
         "1.2|Quicker and smaller <b> & more.\n\n• One\n• <i>Two</i>\n\nLast" + rest;
-    EXPECT_EQ(told(readReleases(feed)), english);
-    EXPECT_EQ(told(readReleases(feed, {"de_DE", "de"})),
+    EXPECT_EQ(told(readReleases(fullFeed)), english);
+    EXPECT_EQ(told(readReleases(fullFeed, {"de_DE", "de"})),
               "1.2|Schneller.\n\n• Eins\n• Zwei\n\nZuletzt" + rest);
-    EXPECT_EQ(told(readReleases(feed, {"fr"})), english) << "a part is not French";
+    EXPECT_EQ(told(readReleases(fullFeed, {"fr"})), english) << "a part is not French";
     const std::pair<const char*, const char*> others[] = {
         {"<releases><release version='1'/></releases>", "1||\n"},
         {"\xEF\xBB\xBF<releases/>", ""},
@@ -145,7 +145,7 @@ TEST(ReleaseReader, SurvivesDamagedLists) {
     pieces.insert(pieces.end(), {std::string(1, '\0'), "<release version='7'>", "<!DOCTYPE a>"});
     int readable = 0;
     for (int round = 0; round < 4000; ++round) {
-        std::string xml = feed;
+        std::string xml = fullFeed;
         for (std::size_t wounds = upTo(3); wounds <= 3; ++wounds) {
             const std::size_t at = upTo(xml.size() - 1);
             switch (upTo(3)) {
