@@ -79,9 +79,9 @@ def in_terminal(desktop, name, arguments):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("program")
-    parser.add_argument("latency_tool")
-    parser.add_argument("window_client")
+    # The programs start in the desktop's folder.
+    for program in ("program", "latency_tool", "window_client"):
+        parser.add_argument(program, type=os.path.abspath)
     parser.add_argument("--seconds", type=int, default=60)
     options = parser.parse_args()
 

@@ -9,6 +9,7 @@ auto-quit they are always taken over a whole minute, which holds one of its chec
 
 import argparse
 import json
+import os
 import pathlib
 import statistics
 import subprocess
@@ -179,9 +180,9 @@ def measure_settings(desktop, options):
 
 def main():
     parser = argparse.ArgumentParser()
-    parser.add_argument("program")
-    parser.add_argument("latency_tool")
-    parser.add_argument("window_client")
+    # The programs start in the desktop's folder.
+    for program in ("program", "latency_tool", "window_client"):
+        parser.add_argument(program, type=os.path.abspath)
     parser.add_argument("--seconds", type=int, default=60)
     options = parser.parse_args()
 

@@ -1,4 +1,5 @@
-# Adds a module: one library, usually the files of one folder of src. Every header must compile alone.
+# Adds a module: one library, usually the files of one folder of src. Every header compiles alone: its
+# .cpp file includes it first, and a header without one is verified (all_verify_interface_header_sets).
 #
 #   calmora_add_module(<target> PLAIN|QT
 #       FOLDERS <folder>...       the default is the folder of the CMakeLists.txt
@@ -36,6 +37,7 @@ function(calmora_add_module target kind)
     endif()
     get_property(taken GLOBAL PROPERTY CALMORA_FILES)
     set(headers "")
+    set(headers_alone "")
     set(sources "")
     foreach(folder IN LISTS MODULE_FOLDERS)
         file(GLOB found CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h"
@@ -49,6 +51,10 @@ function(calmora_add_module target kind)
             endif()
             if(file MATCHES "\\.h$")
                 list(APPEND headers "${file}")
+                cmake_path(REPLACE_EXTENSION file cpp OUTPUT_VARIABLE source)
+                if(NOT EXISTS "${source}")
+                    list(APPEND headers_alone "${file}")
+                endif()
             else()
                 list(APPEND sources "${file}")
             endif()
@@ -67,6 +73,13 @@ function(calmora_add_module target kind)
     endif()
     target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src"
                    FILES ${headers})
+    if(headers_alone)
+        target_sources(${target} INTERFACE FILE_SET alone TYPE HEADERS
+                       BASE_DIRS "${PROJECT_SOURCE_DIR}/src" FILES ${headers_alone})
+        set_property(TARGET ${target} PROPERTY INTERFACE_HEADER_SETS_TO_VERIFY alone)
+    else()
+        set_property(TARGET ${target} PROPERTY VERIFY_INTERFACE_HEADER_SETS OFF)
+    endif()
     target_link_libraries(${target} ${scope} ${MODULE_LINK})
     if(kind STREQUAL "QT")
         # Qt's macros "emit" and "slots" would rename members of ours.
@@ -91,6 +104,7 @@ function(calmora_add_loaded_library target source)
 endfunction()
 
 # Reads the includes of all modules. Stops and names the file that
+# - has a header but does not include it first,
 # - includes a header of a module that its own does not link,
 # - includes X11 outside platform/x11, or Qt in a PLAIN module,
 # or the files that make a circle between folders.
@@ -106,6 +120,11 @@ function(calmora_check_includes)
         cmake_path(GET short PARENT_PATH folder)
         list(APPEND folders "${folder}")
         file(STRINGS "${file}" lines REGEX "^#include ")
+        string(REGEX REPLACE "\\.cpp$" ".h" own "${short}")
+        if(file MATCHES "\\.cpp$" AND EXISTS "${source_folder}${own}"
+           AND NOT lines MATCHES "^#include \"${own}\"")
+            message(FATAL_ERROR "src/${short} does not include ${own} first")
+        endif()
         foreach(line IN LISTS lines)
             if(line MATCHES "<(xcb|X11)/" AND NOT folder MATCHES "^platform/x11")
                 message(FATAL_ERROR "src/${short}: only platform/x11 may use X11 (${line})")
