@@ -19,10 +19,4 @@ class Clock {
     virtual void sleep(std::chrono::microseconds duration) = 0;
 };
 
-/// Clock::ticks() as a time since its arbitrary start; zero where the timebase cannot be read.
-[[nodiscard]] inline std::chrono::nanoseconds monotonicTime(const Clock& clock) {
-    const Timebase base = clock.timebase();
-    return std::chrono::nanoseconds(base.denom == 0 ? 0 : clock.ticks() * base.numer / base.denom);
-}
-
 } // namespace calmora

@@ -37,7 +37,7 @@ bool SessionGuard::isProtectedNow(ProcessId process) {
 }
 
 std::optional<ProtectionReason> SessionGuard::reason(ProcessId process) {
-    const auto now = monotonicTime(clock_);
+    const auto now = clock_.ticks();
     if (!gathered_ || now - *gathered_ > factsLifetime) {
         session_ = gather();
         gathered_ = now;

@@ -63,7 +63,7 @@ ApplicationList::ApplicationList(WorkspaceSources sources)
     : sources_(std::move(sources)), background_(sources_.reader) {}
 
 void ApplicationList::refreshInstalled() {
-    const auto now = monotonicTime(sources_.clock);
+    const auto now = sources_.clock.ticks();
     if (checkedInstalled_ && now - *checkedInstalled_ < installedLifetime) {
         return;
     }
@@ -175,7 +175,7 @@ std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const
 bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
                                   bool hasRegularWindow) {
     Verdict& verdict = verdicts_[process];
-    const auto now = monotonicTime(sources_.clock);
+    const auto now = sources_.clock.ticks();
     if (verdict.startTime != startTime || verdict.hasRegularWindow != hasRegularWindow ||
         now - verdict.askedAt >= verdictLifetime) {
         verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), now};

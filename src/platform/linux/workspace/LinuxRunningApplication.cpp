@@ -171,11 +171,11 @@ void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> befo
     const auto isOwn = [&](const TopLevelWindow& window) {
         return window.listedProcess() == process;
     };
-    const auto deadline = monotonicTime(sources_.clock) + hidingTime;
+    const auto deadline = sources_.clock.ticks() + hidingTime;
     if (!mayBeSignalled(before)) {
         return;
     }
-    while (monotonicTime(sources_.clock) < deadline) {
+    while (sources_.clock.ticks() < deadline) {
         sources_.clock.sleep(hidingStep);
         const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
         const bool hasNewWindow = std::ranges::any_of(windows, [&](const TopLevelWindow& window) {
