@@ -3,6 +3,8 @@
 #include "platform/ProcessId.h"
 #include "support/Waiting.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -12,6 +14,11 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+/// Skips the rest of a test for a user who may not arrange what it is about; `what` says what.
+#define SKIP_WITHOUT_RIGHT(isAllowed, what)                                                        \
+    if (!(isAllowed))                                                                              \
+    GTEST_SKIP() << "only root may " << (what)
 
 namespace calmora {
 

@@ -153,9 +153,7 @@ TEST(LinuxProcessTable, NeverSignalsInitItselfItsAncestorsOrTheKernel) {
 }
 
 TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
-    if (getuid() != 0) {
-        GTEST_SKIP() << "only root can be other users";
-    }
+    SKIP_WITHOUT_RIGHT(getuid() == 0, "be other users");
     const RealProcess theirs([] { setuid(nobody) == 0 ? void() : _exit(1); });
     const RealProcess withOurRights([] { setresuid(nobody, 0, 0) == 0 ? void() : _exit(1); });
     Table table;
@@ -181,9 +179,7 @@ TEST(LinuxProcessTable, LeavesOtherUsersProcessesAlone) {
 }
 
 TEST(LinuxProcessTable, ReachesASetuidProgramThatItsUserStarted) {
-    if (getuid() != 0) {
-        GTEST_SKIP() << "only root can be other users";
-    }
+    SKIP_WITHOUT_RIGHT(getuid() == 0, "be other users");
     const TempFolder folder;
     const std::filesystem::path program = folder.path() / "sleep-as-root";
     std::filesystem::copy_file("/usr/bin/sleep", program);
@@ -225,9 +221,7 @@ TEST(LinuxProcessTable, LeavesProgramsOfAnotherDisplayOut) {
 }
 
 TEST(LinuxProcessTable, ReadsAProcessThatHidesFromItsOwnUser) {
-    if (getuid() != 0) {
-        GTEST_SKIP() << "only root can be other users";
-    }
+    SKIP_WITHOUT_RIGHT(getuid() == 0, "be other users");
     expectInFork(
         []() -> std::string {
             const RealProcess hidden([] { prctl(PR_SET_DUMPABLE, 0); });

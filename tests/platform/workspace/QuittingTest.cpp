@@ -139,9 +139,7 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
 }
 
 TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
-    if (!canChooseProcessIds()) {
-        GTEST_SKIP() << "choosing process ids needs root";
-    }
+    SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
     LinuxDesktop machine;
     const pid_t process = machine.shown(machine.client());
     const auto held = machine.workspace.runningApplication(process);

@@ -69,9 +69,7 @@ TEST_F(WindowOwnersTest, AWindowThatPassedOnIsNotClosed) {
 }
 
 TEST_F(WindowOwnersTest, AStrangerWithTheOwnersIdIsNoOwner) {
-    if (!canChooseProcessIds()) {
-        GTEST_SKIP() << "choosing process ids needs root";
-    }
+    SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
     const pid_t tray = machine.desktop.start({"trayer", "--edge", "top"});
     EXPECT_TRUE(waitFor([&] {
         return testing::Value(machine.windows.displayProcesses(), testing::Contains(tray));
