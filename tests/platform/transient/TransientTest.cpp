@@ -1,4 +1,4 @@
-#include "Hands.h"
+#include "UserInput.h"
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/popover/QtPopover.h"
@@ -45,25 +45,25 @@ class TransientTest : public testing::Test {
     }
 
     ~TransientTest() override {
-        hands_.release({altL});
+        input_.release({altL});
         popover_.performClose();
         for (const xcb_window_t window : {first_, second_}) {
-            hands_.closeWindow(window);
+            input_.closeWindow(window);
         }
-        hands_.move(1000, 700);
+        input_.move(1000, 700);
         loopFor(milliseconds{50});
     }
 
     /// A window of another program that has the keyboard.
     xcb_window_t openActive(int x, int y) {
-        const xcb_window_t window = hands_.openWindow(x, y);
+        const xcb_window_t window = input_.openWindow(x, y);
         EXPECT_TRUE(owns(window));
         return window;
     }
 
     /// Whether the keyboard goes to a window, soon.
     bool owns(xcb_window_t window) {
-        return loopUntil([&] { return hands_.keyboardOwner() == window; });
+        return loopUntil([&] { return input_.keyboardOwner() == window; });
     }
 
     void show() {
@@ -76,7 +76,7 @@ class TransientTest : public testing::Test {
     }
 
     bool ownsKeyboard(const QWidget* widget) {
-        return hands_.keyboardOwner() == widget->window()->winId();
+        return input_.keyboardOwner() == widget->window()->winId();
     }
 
     /// The popover keeps the keyboard.
@@ -90,7 +90,7 @@ class TransientTest : public testing::Test {
         return widget->mapToGlobal(widget->rect().center());
     }
 
-    void clickOn(const QWidget* widget) { hands_.click(middle(widget).x(), middle(widget).y()); }
+    void clickOn(const QWidget* widget) { input_.click(middle(widget).x(), middle(widget).y()); }
 
     /// Shows an alert of two buttons and runs `act` while it is open.
     std::size_t ask(const std::function<void(QWidget& alert)>& act) {
@@ -99,7 +99,7 @@ class TransientTest : public testing::Test {
             loopUntil([&] {
                 for (QWidget* widget : QApplication::topLevelWidgets()) {
                     QWidget* found = widget->findChild<QWidget*>("alert");
-                    if (found && found->isVisible() && hands_.keyboardOwner() == widget->winId()) {
+                    if (found && found->isVisible() && input_.keyboardOwner() == widget->winId()) {
                         alert = found;
                     }
                 }
@@ -117,7 +117,7 @@ class TransientTest : public testing::Test {
                                  .buttons = {{"Force Quit", true}, {"Cancel", false}}});
     }
 
-    Hands hands_;
+    UserInput input_;
     X11TransientWindows windows_;
     AlertSession session_;
     QtAlerts alerts_{windows_, session_, Image{}};
@@ -130,24 +130,24 @@ class TransientTest : public testing::Test {
 
 TEST_F(TransientTest, BorrowsTheKeyboardAndGivesItBack) {
     show();
-    hands_.tap({letterA});
+    input_.tap({letterA});
     EXPECT_TRUE(loopUntil([&] { return field_->text() == "a"; }));
-    hands_.tap({escape});
+    input_.tap({escape});
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    EXPECT_EQ(hands_.keyboardOwner(), second_);
+    EXPECT_EQ(input_.keyboardOwner(), second_);
 }
 
 TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
     show();
     const std::size_t answer = ask([&](QWidget& alert) {
-        hands_.click(700, 480); // The second window.
+        input_.click(700, 480); // The second window.
         EXPECT_TRUE(owns(second_));
         loopFor(settling);
-        EXPECT_EQ(hands_.topmost(), alert.window()->winId()) << "nothing covers an alert";
+        EXPECT_EQ(input_.topmost(), alert.window()->winId()) << "nothing covers an alert";
         const QPoint title = middle(alert.findChild<QWidget*>("messageText"));
-        hands_.click(title.x(), title.y());
+        input_.click(title.x(), title.y());
         EXPECT_TRUE(loopUntil([&] { return ownsKeyboard(&alert); }));
-        hands_.tap({escape});
+        input_.tap({escape});
     });
     EXPECT_EQ(answer, 1U);
     expectToStay();
@@ -155,62 +155,62 @@ TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
 
 TEST_F(TransientTest, TakesTheKeyboardBackWhenTheActiveWindowVanishes) {
     show();
-    hands_.closeWindow(second_);
+    input_.closeWindow(second_);
     expectToStay();
-    hands_.closeWindow(first_);
+    input_.closeWindow(first_);
     expectToStay();
 }
 
 TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     show();
-    const xcb_window_t dialog = hands_.openWindow(300, 300);
+    const xcb_window_t dialog = input_.openWindow(300, 300);
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
     EXPECT_TRUE(owns(dialog));
-    hands_.closeWindow(dialog);
+    input_.closeWindow(dialog);
     EXPECT_TRUE(owns(second_));
 
     loopFor(QtPopover::reopenDelay);
     show();
-    hands_.closeWindow(second_);
+    input_.closeWindow(second_);
     std::this_thread::sleep_for(milliseconds{50});
-    const xcb_window_t other = hands_.openWindow(300, 300);
-    for (int turn = 0; turn < 100 && hands_.keyboardOwner() != other; ++turn) {
+    const xcb_window_t other = input_.openWindow(300, 300);
+    for (int turn = 0; turn < 100 && input_.keyboardOwner() != other; ++turn) {
         std::this_thread::sleep_for(milliseconds{10});
     }
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    EXPECT_EQ(hands_.keyboardOwner(), other);
-    hands_.closeWindow(other);
+    EXPECT_EQ(input_.keyboardOwner(), other);
+    input_.closeWindow(other);
 }
 
 TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
-    const xcb_window_t icon = hands_.openIcon(icon_->x, icon_->y, icon_->width);
+    const xcb_window_t icon = input_.openIcon(icon_->x, icon_->y, icon_->width);
     show();
-    hands_.click(icon_->x + 3, icon_->y + 3);
+    input_.click(icon_->x + 3, icon_->y + 3);
     loopFor(settling);
-    hands_.click(middle(field_).x(), middle(field_).y());
-    hands_.clickHere(5);
+    input_.click(middle(field_).x(), middle(field_).y());
+    input_.clickHere(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown());
 
-    const xcb_window_t panel = hands_.openIcon(1200, 700, 24);
-    hands_.move(1210, 710);
-    hands_.clickHere(5);
+    const xcb_window_t panel = input_.openIcon(1200, 700, 24);
+    input_.move(1210, 710);
+    input_.clickHere(5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
-    hands_.move(1200, 780); // The bare root.
-    hands_.button(1, true);
+    input_.move(1200, 780); // The bare root.
+    input_.button(1, true);
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    hands_.button(1, false);
+    input_.button(1, false);
     popover_.show({});
     EXPECT_FALSE(popover_.isShown());
 
     loopFor(QtPopover::reopenDelay);
     show();
-    hands_.click(700, 480); // The second window, which also gets the click.
+    input_.click(700, 480); // The second window, which also gets the click.
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
     EXPECT_TRUE(owns(second_));
-    hands_.closeWindow(icon);
-    hands_.closeWindow(panel);
+    input_.closeWindow(icon);
+    input_.closeWindow(panel);
 }
 
 TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
@@ -222,20 +222,20 @@ TEST_F(TransientTest, TellsOptionAlsoWhenItsReleaseWentElsewhere) {
     const auto hears = [&](std::size_t count, std::uint32_t last) {
         return loopUntil([&] { return heard.size() == count && heard.back() == last; });
     };
-    hands_.press({altL});
+    input_.press({altL});
     EXPECT_TRUE(hears(1, ModifierFlags::option));
-    hands_.release({altL});
+    input_.release({altL});
     EXPECT_TRUE(hears(2, 0));
-    hands_.tap({altGr}); // Sits on a modifier of its own.
+    input_.tap({altGr}); // Sits on a modifier of its own.
     loopFor(milliseconds{50});
     EXPECT_EQ(heard.size(), 2U);
 
-    hands_.press({altL});
+    input_.press({altL});
     EXPECT_TRUE(hears(3, ModifierFlags::option));
     ask([&](QWidget& alert) {
-        hands_.click(700, 480);
+        input_.click(700, 480);
         EXPECT_TRUE(owns(second_));
-        hands_.release({altL});
+        input_.release({altL});
         loopFor(settling);
         EXPECT_EQ(heard.size(), 3U) << "nobody sees this release";
         // A window manager that took the first click for the start of a move also takes the next

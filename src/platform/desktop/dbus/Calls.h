@@ -22,7 +22,7 @@ namespace calmora {
 [[nodiscard]] QDBusMessage propertyCall(const QString& service, const QString& path,
                                         const QString& interface, const QString& property);
 
-/// Sends a method call and hands its answer, which may be an error, to `done` from the main loop.
+/// Sends a method call and passes its answer, which may be an error, to `done` from the main loop.
 /// Never waits. Nothing is called once `context` is gone.
 void callAsync(const QDBusConnection& connection, const QDBusMessage& call, QObject& context,
                std::function<void(const QDBusMessage&)> done);

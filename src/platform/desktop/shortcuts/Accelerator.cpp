@@ -1,5 +1,7 @@
 #include "platform/desktop/shortcuts/Accelerator.h"
 
+#include "platform/linux/keyboard/KeyCodes.h"
+
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -10,10 +12,7 @@
 namespace calmora {
 namespace {
 
-constexpr std::uint32_t command = 1U << 8;
-constexpr std::uint32_t shift = 1U << 9;
-constexpr std::uint32_t option = 1U << 11;
-constexpr std::uint32_t control = 1U << 12;
+using namespace carbon;
 
 using Modifier = std::pair<std::string_view, std::uint32_t>;
 
@@ -38,19 +37,18 @@ std::optional<std::uint32_t> modifier(const std::array<Modifier, count>& table,
     return found != table.end() ? std::optional(found->second) : std::nullopt;
 }
 
-struct QtKey {
-    std::uint32_t key;
-    const char* name;
-};
+using QtKey = std::pair<std::uint32_t, const char*>;
 
 // Keys that write nothing. Both Enter keys have names of their own.
 constexpr std::array qtKeys{
-    QtKey{0x01000000, "Escape"},    QtKey{0x01000001, "Tab"},    QtKey{0x01000002, "Tab"},
-    QtKey{0x01000003, "BackSpace"}, QtKey{0x01000004, "Return"}, QtKey{0x01000005, "KP_Enter"},
-    QtKey{0x01000006, "Insert"},    QtKey{0x01000007, "Delete"}, QtKey{0x01000010, "Home"},
-    QtKey{0x01000011, "End"},       QtKey{0x01000012, "Left"},   QtKey{0x01000013, "Up"},
-    QtKey{0x01000014, "Right"},     QtKey{0x01000015, "Down"},   QtKey{0x01000016, "Prior"},
-    QtKey{0x01000017, "Next"},
+    QtKey{Qt::Key_Escape, "Escape"}, QtKey{Qt::Key_Tab, "Tab"},
+    QtKey{Qt::Key_Backtab, "Tab"},   QtKey{Qt::Key_Backspace, "BackSpace"},
+    QtKey{Qt::Key_Return, "Return"}, QtKey{Qt::Key_Enter, "KP_Enter"},
+    QtKey{Qt::Key_Insert, "Insert"}, QtKey{Qt::Key_Delete, "Delete"},
+    QtKey{Qt::Key_Home, "Home"},     QtKey{Qt::Key_End, "End"},
+    QtKey{Qt::Key_Left, "Left"},     QtKey{Qt::Key_Up, "Up"},
+    QtKey{Qt::Key_Right, "Right"},   QtKey{Qt::Key_Down, "Down"},
+    QtKey{Qt::Key_PageUp, "Prior"},  QtKey{Qt::Key_PageDown, "Next"},
 };
 
 } // namespace
@@ -113,18 +111,19 @@ std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
 
 std::optional<Accelerator> qtAccelerator(std::uint32_t key) {
     Accelerator result;
-    const std::pair<std::uint32_t, std::uint32_t> modifiers[] = {
-        {0x02000000, shift}, {0x04000000, control}, {0x08000000, option}, {0x10000000, command}};
+    const std::pair<std::uint32_t, std::uint32_t> modifiers[] = {{Qt::ShiftModifier, shift},
+                                                                 {Qt::ControlModifier, control},
+                                                                 {Qt::AltModifier, option},
+                                                                 {Qt::MetaModifier, command}};
     for (const auto& [mask, carbon] : modifiers) {
         result.modifiers |= (key & mask) != 0 ? carbon : 0;
         key &= ~mask;
     }
-    constexpr std::uint32_t firstFunctionKey = 0x01000030;
     constexpr std::uint32_t lastCharacter = 0x10FFFF;
-    if (const auto* named = std::ranges::find(qtKeys, key, &QtKey::key); named != qtKeys.end()) {
-        result.key = named->name;
-    } else if (key >= firstFunctionKey && key < firstFunctionKey + 35) {
-        result.key = "F" + std::to_string(key - firstFunctionKey + 1);
+    if (const auto* named = std::ranges::find(qtKeys, key, &QtKey::first); named != qtKeys.end()) {
+        result.key = named->second;
+    } else if (key >= Qt::Key_F1 && key <= Qt::Key_F35) {
+        result.key = "F" + std::to_string(key - Qt::Key_F1 + 1);
     } else if (key >= ' ' && key <= lastCharacter) {
         std::array<char, 8> name{};
         std::snprintf(name.data(), name.size(), "U%04X", key);

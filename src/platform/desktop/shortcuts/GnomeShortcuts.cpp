@@ -16,7 +16,7 @@ constexpr std::array schemas{
     "org.gnome.mutter.wayland.keybindings", "org.gnome.settings-daemon.plugins.media-keys",
     "org.gnome.shell.keybindings",
 };
-/// The key that lists the places of the user's own commands, and what stands at each.
+/// The key that lists the paths of the user's own commands, and the schema at each.
 constexpr const char* customList = "custom-keybindings";
 constexpr const char* customSchema =
     "org.gnome.settings-daemon.plugins.media-keys.custom-keybinding";

@@ -53,7 +53,7 @@ std::vector<MenuObject::Entry> MenuObject::buildEntries() {
     std::vector<Entry> entries;
     int separators = 0;
     for (StatusMenuItem& item : build_()) {
-        // No title has a line feed, so a separator's key is nobody else's.
+        // No title has a line feed, so that a separator's key is unique.
         const std::string key =
             item.title.empty() ? '\n' + std::to_string(separators++) : item.title;
         const auto [found, isNew] = ids_.try_emplace(key, lastId_ + 1);

@@ -8,6 +8,14 @@ namespace calmora {
 /// A physical key as the X server numbers it: evdev's code plus 8.
 using X11KeyCode = std::uint8_t;
 
+/// The bits of a Carbon modifier mask.
+namespace carbon {
+inline constexpr std::uint32_t command = 1U << 8;
+inline constexpr std::uint32_t shift = 1U << 9;
+inline constexpr std::uint32_t option = 1U << 11;
+inline constexpr std::uint32_t control = 1U << 12;
+} // namespace carbon
+
 /// The X keycode of a virtual key code; absent for a key that never reaches X (Fn).
 /// Source: linux/input-event-codes.h, xkeyboard-config keycodes/evdev.
 [[nodiscard]] std::optional<X11KeyCode> x11KeyCode(std::int64_t keyCode);

@@ -15,8 +15,8 @@ namespace calmora {
 /// window. A click whose press is discarded loses its release too.
 class QtInputGate final : public QObject, public InputGate {
   public:
-    /// `windows` must outlive the gate. `onDiscard` runs after each call, to make up for the events
-    /// that nobody sees.
+    /// `windows` must outlive the gate. `onDiscard` runs after each call, to make up for the
+    /// discarded events.
     explicit QtInputGate(TransientWindows& windows, std::function<void()> onDiscard = nullptr);
 
     void discardQueuedInput() override;

@@ -174,7 +174,7 @@ std::optional<ModifierFlags> X11Input::modifiers() {
 
 std::optional<xcb_timestamp_t> X11Input::serverTime() {
     touchClock(clockWindow_);
-    // The server answers in order: the notice is here before the answer.
+    // The server answers in order: the event arrives before the answer.
     static_cast<void>(focusedWindow());
     while (
         const X11Reply<xcb_generic_event_t> event{xcb_poll_for_queued_event(connection_.get())}) {

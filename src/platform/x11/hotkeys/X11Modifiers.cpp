@@ -7,23 +7,16 @@
 namespace calmora {
 namespace {
 
-struct CarbonBit {
-    static constexpr std::uint32_t command = 1U << 8;
-    static constexpr std::uint32_t shift = 1U << 9;
-    static constexpr std::uint32_t option = 1U << 11;
-    static constexpr std::uint32_t control = 1U << 12;
-};
-
 struct Pair {
     std::uint32_t carbon;
     X11ModifierMask mask;
 };
 
 std::array<Pair, 4> pairs(const X11Modifiers& modifiers) {
-    return {{{CarbonBit::control, X11Modifiers::control},
-             {CarbonBit::option, modifiers.option},
-             {CarbonBit::shift, X11Modifiers::shift},
-             {CarbonBit::command, modifiers.command}}};
+    return {{{carbon::control, X11Modifiers::control},
+             {carbon::option, modifiers.option},
+             {carbon::shift, X11Modifiers::shift},
+             {carbon::command, modifiers.command}}};
 }
 
 } // namespace

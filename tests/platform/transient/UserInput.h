@@ -4,10 +4,10 @@
 
 namespace calmora {
 
-/// The user's hands and another program's windows, on a connection of their own.
-class Hands : public KeyPresser {
+/// The user's input and another program's windows, on a connection of their own.
+class UserInput : public KeyPresser {
   public:
-    Hands() : KeyPresser({}) {}
+    UserInput() : KeyPresser({}) {}
 
     /// Moves there, presses and releases.
     void click(int x, int y) {
