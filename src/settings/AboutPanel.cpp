@@ -1,8 +1,8 @@
 #include "settings/AboutPanel.h"
 
 #include "platform/LocalizedStrings.h"
+#include "settings/AboutSettingsView.h"
 #include "settings/WindowKeys.h"
-#include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
 #include <QKeyEvent>
@@ -13,20 +13,8 @@ namespace calmora {
 
 namespace {
 
-constexpr int iconSide = 96;
 /// Between the margins; the title bar has room for the title.
-constexpr int leastWidth = 190;
-
-QLabel* addLabel(QVBoxLayout& layout, const char* name, const QString& text, const QFont& font) {
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setText(text);
-    label->setObjectName(name);
-    label->setFont(font);
-    label->setAlignment(Qt::AlignCenter);
-    layout.addWidget(label);
-    return label;
-}
+constexpr int leastAboutWidth = 190;
 
 } // namespace
 
@@ -42,21 +30,18 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(56, 28, 56, 32);
     layout->setSpacing(6);
-    layout->addStrut(leastWidth);
-    auto* picture = new QLabel;
-    picture->setPixmap(imagePixmap(icon, iconSide, devicePixelRatio()));
-    picture->setAlignment(Qt::AlignCenter);
-    layout->addWidget(picture);
-    layout->addSpacing(8);
-    addLabel(*layout, "name", "Calmora", Theme::font(TextStyle::title, QFont::Bold));
-    auto* line = addLabel(*layout, "version",
-                          QString::fromStdString(fillPlaceholders(strings.text("version_label %@"),
-                                                                  {version.value_or("1.0.0")})),
-                          Theme::font(TextStyle::body));
+    layout->addStrut(leastAboutWidth);
+    addIconAndName(*layout, icon);
+    layout->insertSpacing(2, 8); // Below the icon: the strut is the first item.
+    auto* line = new QLabel(versionText(version));
+    line->setObjectName("version");
+    line->setFont(Theme::font(TextStyle::body));
+    line->setAlignment(Qt::AlignCenter);
     QPalette palette = line->palette();
     palette.setColor(QPalette::WindowText, Theme::of(*this).color(ThemeColor::secondary));
     line->setPalette(palette);
     line->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(line);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

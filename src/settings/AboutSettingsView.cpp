@@ -1,9 +1,9 @@
 #include "settings/AboutSettingsView.h"
 
 #include "platform/Updater.h"
-#include "widgets/BorderedButton.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
+#include "widgets/Labels.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
@@ -15,7 +15,8 @@
 namespace calmora {
 namespace {
 
-constexpr int spacing = 16;
+constexpr int aboutIconSide = 96;
+constexpr int aboutSpacing = 16;
 constexpr int dividerWidth = 200;
 constexpr double iconRadius = 22;
 
@@ -33,38 +34,43 @@ QPixmap rounded(const QPixmap& picture) {
     return result;
 }
 
-Label* line(const char* name, const QString& text, TextStyle style, QFont::Weight weight,
-            ThemeColor color) {
-    auto* label = new Label(style, weight, color);
+void addLine(QVBoxLayout& column, const char* name, const QString& text, TextStyle style,
+             ThemeColor color, QFont::Weight weight = QFont::Normal) {
+    auto* label = new Label(text, style, color);
+    label->setWeight(weight);
     label->setObjectName(name);
-    label->setText(text);
-    return label;
+    column.addWidget(label, 0, Qt::AlignHCenter);
 }
 
 } // namespace
+
+void addIconAndName(QVBoxLayout& column, const std::optional<Image>& icon) {
+    const qreal ratio = column.parentWidget()->devicePixelRatioF();
+    const QPixmap picture = icon ? imagePixmap(*icon, aboutIconSide, ratio) : QPixmap();
+    if (!picture.isNull()) {
+        auto* label = new QLabel;
+        label->setObjectName("icon");
+        label->setPixmap(rounded(picture));
+        column.addWidget(label, 0, Qt::AlignHCenter);
+    }
+    addLine(column, "name", "Calmora", TextStyle::title, ThemeColor::primary, QFont::Bold);
+}
+
+QString versionText(const std::optional<std::string>& version) {
+    return uiText("version_label %@", QString::fromStdString(version.value_or("1.0.0")));
+}
 
 AboutSettingsView::AboutSettingsView(Updater& updater, const std::optional<Image>& icon,
                                      const std::optional<std::string>& version, QWidget* parent)
     : QWidget(parent), checkForUpdatesViewModel_(updater) {
     setObjectName("aboutSettings");
     auto* items = new QVBoxLayout(this);
-    items->setSpacing(spacing);
+    items->setSpacing(aboutSpacing);
     items->addStretch();
-    const auto add = [&](QWidget* item) { items->addWidget(item, 0, Qt::AlignHCenter); };
+    addIconAndName(*items, icon);
+    addLine(*items, "version", versionText(version), TextStyle::body, ThemeColor::secondary);
 
-    const QPixmap picture = icon ? imagePixmap(*icon, iconSide, devicePixelRatio()) : QPixmap();
-    if (!picture.isNull()) {
-        auto* label = new QLabel;
-        label->setObjectName("icon");
-        label->setPixmap(rounded(picture));
-        add(label);
-    }
-    add(line("name", "Calmora", TextStyle::title, QFont::Bold, ThemeColor::primary));
-    add(line("version",
-             uiText("version_label %@", QString::fromStdString(version.value_or("1.0.0"))),
-             TextStyle::body, QFont::Normal, ThemeColor::secondary));
-
-    auto* check = new BorderedButton(uiText("Check for Updates…"), TextStyle::body);
+    auto* check = new Button(uiText("Check for Updates…"), TextStyle::body);
     check->setObjectName("checkForUpdates");
     if (const auto reason = updater.unavailableReason()) {
         check->setToolTip(uiText(reason->c_str()));
@@ -75,13 +81,13 @@ AboutSettingsView::AboutSettingsView(Updater& updater, const std::optional<Image
     };
     follow();
     changes_ = checkForUpdatesViewModel_.observe(follow);
-    add(check);
+    items->addWidget(check, 0, Qt::AlignHCenter);
 
-    auto* divider = new Divider(nullptr, 0);
+    auto* divider = new Divider(0);
     divider->setFixedWidth(dividerWidth);
-    add(divider);
-    add(line("notice", uiText("Quits your applications. Spares your work."), TextStyle::caption,
-             QFont::Normal, ThemeColor::tertiary));
+    items->addWidget(divider, 0, Qt::AlignHCenter);
+    addLine(*items, "notice", uiText("Quits your applications. Spares your work."),
+            TextStyle::caption, ThemeColor::tertiary);
     items->addStretch();
 }
 

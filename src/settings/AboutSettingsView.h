@@ -4,10 +4,13 @@
 #include "settings/CheckForUpdatesViewModel.h"
 #include "support/Subscription.h"
 
+#include <QString>
 #include <QWidget>
 
 #include <optional>
 #include <string>
+
+class QVBoxLayout;
 
 namespace calmora {
 
@@ -16,8 +19,6 @@ class Updater;
 /// The About pane of the settings window: icon, name, version and a button to check for updates.
 class AboutSettingsView final : public QWidget {
   public:
-    static constexpr int iconSide = 96;
-
     /// `updater` must outlive the pane. An icon that cannot be drawn takes no space;
     /// without a version the pane shows "1.0.0".
     AboutSettingsView(Updater& updater, const std::optional<Image>& icon,
@@ -27,5 +28,12 @@ class AboutSettingsView final : public QWidget {
     CheckForUpdatesViewModel checkForUpdatesViewModel_;
     Subscription changes_;
 };
+
+/// Adds the program's icon with round corners, and its name, to a column. An icon that is absent
+/// or cannot be drawn takes no space.
+void addIconAndName(QVBoxLayout& column, const std::optional<Image>& icon);
+
+/// The line with the version; "1.0.0" without one.
+[[nodiscard]] QString versionText(const std::optional<std::string>& version);
 
 } // namespace calmora

@@ -2,12 +2,10 @@
 
 #include "settings/CandidateList.h"
 #include "settings/NeverQuitEditing.h"
-#include "widgets/BorderedButton.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/FormMetrics.h"
-#include "widgets/Paragraph.h"
-#include "widgets/SymbolView.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QEvent>
@@ -50,7 +48,7 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     setFixedSize(sheetSize);
 
     auto* title = new Paragraph(windowTitle(), TextStyle::headline, ThemeColor::primary, this);
-    auto* done = new BorderedButton(uiText("Done"), TextStyle::caption, this);
+    auto* done = new Button(uiText("Done"), TextStyle::caption, this);
     done->setObjectName("done");
     done->setDefault(true);
     connect(done, &QAbstractButton::clicked, this, &QDialog::accept);
@@ -65,7 +63,7 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     layout->setContentsMargins(1, 0, 1, 1);
     layout->setSpacing(0);
     layout->addLayout(titleRow);
-    layout->addWidget(new Divider(this, 0));
+    layout->addWidget(new Divider(0, this));
     std::vector<WorkspaceApplication> candidates = addAppCandidates(platform);
     if (candidates.empty()) {
         layout->addWidget(emptyState(this), 1);

@@ -1,10 +1,9 @@
 #include "settings/CandidateRow.h"
 
-#include "widgets/AppIconView.h"
-#include "widgets/BorderedButton.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/FormMetrics.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -23,14 +22,13 @@ constexpr int padding = 5;
 CandidateRow::CandidateRow(const WorkspaceApplication& app, std::function<void()> onAdd,
                            QWidget* parent)
     : QWidget(parent),
-      added_(new Label(TextStyle::caption, QFont::Normal, ThemeColor::secondary, this)),
-      add_(new BorderedButton(uiText("Add"), TextStyle::caption, this)) {
+      added_(new Label(uiText("Added"), TextStyle::caption, ThemeColor::secondary, this)),
+      add_(new Button(uiText("Add"), TextStyle::caption, this)) {
     setObjectName("candidate");
-    auto* name = new Label(TextStyle::body, QFont::Normal, ThemeColor::primary, this);
+    auto* name = new Label(app.localizedName ? displayName(*app.localizedName) : uiText("Unknown"),
+                           TextStyle::body, ThemeColor::primary, this);
     name->setObjectName("appName");
-    name->setText(app.localizedName ? displayName(*app.localizedName) : uiText("Unknown"));
     added_->setObjectName("added");
-    added_->setText(uiText("Added"));
     added_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     add_->setObjectName("add");
     add_->setAccessibleDescription(name->text());

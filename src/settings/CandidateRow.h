@@ -8,7 +8,7 @@
 
 namespace calmora {
 
-class BorderedButton;
+class Button;
 class Label;
 
 /// A running application that can be added to the never-quit list.
@@ -26,7 +26,7 @@ class CandidateRow final : public QWidget {
 
   private:
     Label* added_;
-    BorderedButton* add_;
+    Button* add_;
 };
 
 } // namespace calmora

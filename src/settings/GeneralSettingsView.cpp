@@ -4,14 +4,12 @@
 #include "settings/AddAppSheet.h"
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitListEditor.h"
-#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/FormArea.h"
-#include "widgets/FormMetrics.h"
-#include "widgets/FormSection.h"
-#include "widgets/Paragraph.h"
+#include "widgets/Form.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
 #include "widgets/PickerRow.h"
-#include "widgets/SwitchRow.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -61,24 +59,18 @@ GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater
                                          QWidget* parent)
     : QWidget(parent), settings_(settings), updater_(updater), platform_(platform),
       openAtLogin_(settings, loginItem) {
-    auto* form = new QWidget;
-    build(form);
+    auto* form = new Form;
+    build(*form);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new FormArea(form));
+    layout->addWidget(form);
     refresh();
     changes_ = settings_.observeAny([this] { refresh(); });
 }
 
-void GeneralSettingsView::build(QWidget* form) {
-    auto* sections = new QVBoxLayout(form);
-    sections->setContentsMargins(metrics::formMargin, metrics::formMargin, metrics::formMargin,
-                                 metrics::formMargin);
-    sections->setSpacing(metrics::sectionGap);
+void GeneralSettingsView::build(Form& form) {
     const auto add = [&](const char* title) -> FormSection& {
-        auto* section = new FormSection(title ? uiText(title) : QString(), form);
-        sections->addWidget(section);
-        return *section;
+        return form.addSection(uiText(title));
     };
 
     addSwitch(add("Startup"), settings_.openAtLogin, "Open Calmora at login");
@@ -115,7 +107,7 @@ void GeneralSettingsView::build(QWidget* form) {
     });
 
     auto* resetRow = new QWidget;
-    auto* reset = new BorderedButton(uiText("Reset All Settings"), TextStyle::body, resetRow);
+    auto* reset = new Button(uiText("Reset All Settings"), TextStyle::body, resetRow);
     reset->setObjectName("resetAllSettings");
     reset->setWordWrap();
     connect(reset, &QAbstractButton::clicked, this, [this] { settings_.resetToDefaults(); });
@@ -124,15 +116,14 @@ void GeneralSettingsView::build(QWidget* form) {
                                     metrics::rowInset);
     resetLayout->addWidget(reset);
     resetLayout->addStretch(1);
-    add(nullptr).addRow(resetRow);
-    sections->addStretch(1);
+    form.addSection().addRow(resetRow);
 }
 
 QWidget* GeneralSettingsView::addSwitch(FormSection& section, Preference<bool>& preference,
                                         const char* title) {
     auto* row = new SwitchRow(uiText(title));
     row->setObjectName(preference.key());
-    connect(row, &QCheckBox::clicked, this, [&preference](bool isOn) { preference.set(isOn); });
+    connect(row, &QCheckBox::clicked, this, [&preference] { preference.set(!preference()); });
     bindings_.emplace_back([row, &preference] { row->setChecked(preference()); });
     section.addRow(row);
     return row;
@@ -160,20 +151,16 @@ void GeneralSettingsView::addUpdates(FormSection& section) {
     row->setObjectName("automaticallyChecksForUpdates");
     const auto show = [this, row] { row->setChecked(updater_.automaticallyChecksForUpdates()); };
     show();
-    connect(row, &QCheckBox::clicked, this, [this, show](bool isOn) {
-        updater_.setAutomaticallyChecksForUpdates(isOn);
+    connect(row, &QCheckBox::clicked, this, [this, show] {
+        updater_.setAutomaticallyChecksForUpdates(!updater_.automaticallyChecksForUpdates());
         show();
     });
     section.addRow(row);
     if (const auto reason = updater_.unavailableReason()) {
-        auto* explanation =
-            new Paragraph(uiText(reason->c_str()), TextStyle::caption, ThemeColor::secondary);
-        explanation->setObjectName("updatesUnavailable");
-        explanation->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
-                                        metrics::rowPadding);
-        section.addRow(explanation);
+        const QString text = uiText(reason->c_str());
+        section.addNote(text)->setObjectName("updatesUnavailable");
         row->setEnabled(false);
-        row->setToolTip(explanation->text());
+        row->setToolTip(text);
     }
 }
 

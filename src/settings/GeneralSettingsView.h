@@ -12,6 +12,7 @@
 namespace calmora {
 
 class AppSettings;
+class Form;
 class FormSection;
 class LoginItem;
 class Updater;
@@ -31,7 +32,7 @@ class GeneralSettingsView final : public QWidget {
     [[nodiscard]] bool showingAddAppSheet() const { return showingAddAppSheet_; }
 
   private:
-    void build(QWidget* form);
+    void build(Form& form);
     /// Adds a row that shows and edits a preference; returns the row.
     QWidget* addSwitch(FormSection& section, Preference<bool>& preference, const char* title);
     template <typename Value, typename Choices>

@@ -2,15 +2,11 @@
 
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitEditing.h"
-#include "widgets/AppIconView.h"
-#include "widgets/BorderedButton.h"
 #include "widgets/Controls.h"
-#include "widgets/CountBadge.h"
 #include "widgets/DisplayText.h"
-#include "widgets/FormMetrics.h"
-#include "widgets/PairRow.h"
-#include "widgets/Paragraph.h"
-#include "widgets/SymbolView.h"
+#include "widgets/Form.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
 
 #include <QHBoxLayout>
 
@@ -55,9 +51,9 @@ QWidget* NeverQuitListEditor::makeHeader(std::function<void()> onAddApp) {
     count_->setObjectName("neverQuitCount");
     layout->addWidget(count_);
     layout->addStretch(1);
-    addApp_ = new BorderedButton(uiText("Add App"), TextStyle::caption, header);
+    addApp_ = new Button(uiText("Add App"),
+                         ButtonLook{.text = TextStyle::caption, .symbol = "plus"}, header);
     addApp_->setObjectName("addApp");
-    addApp_->setSymbol("plus");
     connect(addApp_, &QAbstractButton::clicked, this, std::move(onAddApp));
     header->setParts(title, addApp_);
     return header;
@@ -100,9 +96,8 @@ QWidget* NeverQuitListEditor::makeRow(const std::string& bundleIdentifier,
     layout->setSpacing(metrics::rowSpacing);
     layout->addWidget(
         new AppIconView(appIcon(bundleIdentifier, platform_.workspace), iconSide, row));
-    auto* label = new Label(TextStyle::body, QFont::Normal, ThemeColor::primary, row);
+    auto* label = new Label(displayName(name), TextStyle::body, ThemeColor::primary, row);
     label->setObjectName("appName");
-    label->setText(displayName(name));
     layout->addWidget(label, 1);
     auto* remove = new SymbolButton(row);
     remove->setObjectName("removeFromNeverQuit");

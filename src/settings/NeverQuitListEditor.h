@@ -2,7 +2,7 @@
 
 #include "platform/Platform.h"
 #include "support/Subscription.h"
-#include "widgets/FormRows.h"
+#include "widgets/Form.h"
 
 #include <functional>
 #include <string>
@@ -14,7 +14,7 @@ class QLabel;
 namespace calmora {
 
 class AppSettings;
-class BorderedButton;
+class Button;
 
 /// Shows the never-quit list: the number of entries, a button to add one, and a row per
 /// application with a button to remove it. Updates with the settings.
@@ -37,7 +37,7 @@ class NeverQuitListEditor final : public FormRows {
     AppSettings& settings_;
     Platform platform_;
     QLabel* count_ = nullptr;
-    BorderedButton* addApp_ = nullptr;
+    Button* addApp_ = nullptr;
     QWidget* emptyText_ = nullptr;
     std::vector<QWidget*> rows_;
     std::vector<QAbstractButton*> removeButtons_;

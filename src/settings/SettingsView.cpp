@@ -3,12 +3,14 @@
 #include "platform/Bundle.h"
 #include "settings/AboutSettingsView.h"
 #include "settings/GeneralSettingsView.h"
-#include "settings/SettingsTabs.h"
 #include "settings/ShortcutsSettingsView.h"
-#include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
 
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace calmora {
@@ -22,10 +24,17 @@ SettingsView::SettingsView(AppSettings& settings, Updater& updater,
                            const SettingsSurroundings& surroundings, QWidget* parent)
     : QWidget(parent) {
     setFixedSize(size);
-    auto* tabs = new SettingsTabs;
+    auto* tabs = new QTabBar;
+    tabs->setObjectName("settingsTabs");
+    tabs->setDrawBase(false);
+    tabs->setExpanding(false);
+    tabs->setUsesScrollButtons(false);
+    tabs->setElideMode(Qt::ElideNone);
+    tabs->setFocusPolicy(Qt::TabFocus);
+    tabs->setFont(Theme::font(TextStyle::body));
     auto* panes = new QStackedWidget;
     const auto add = [&](const char* label, const char* symbol, QWidget* pane) {
-        tabs->add(symbol, uiText(label));
+        tabs->setTabData(tabs->addTab(uiText(label)), symbol);
         panes->addWidget(pane);
     };
     add("General", "gear",
@@ -40,7 +49,7 @@ SettingsView::SettingsView(AppSettings& settings, Updater& updater,
     column->setContentsMargins(0, tabMargin, 0, 0);
     column->setSpacing(tabMargin);
     column->addWidget(tabs, 0, Qt::AlignHCenter);
-    column->addWidget(new Divider);
+    column->addWidget(new Divider(metrics::inset));
     column->addWidget(panes, 1);
 }
 

@@ -176,23 +176,16 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
 void AppRowView::arrange() {
     const int quitSide = Theme::symbolSide(quitPoints);
     const QRect all = rect();
-    const auto middle = [&](int x, int side) {
-        return QRect(x, (all.height() - side) / 2, side, side);
-    };
     int left = metrics::inset;
-    QRect clickable(left - clickMargin, 0, metrics::checkBox + 2 * clickMargin, all.height());
-    const QRect checkBox = mirrored(middle(left, metrics::checkBox));
+    const QRect clickable(left - clickMargin, 0, metrics::checkBox + 2 * clickMargin, all.height());
     check_->setGeometry(mirrored(clickable));
-    check_->setBox(checkBox.translated(-check_->pos()));
     left += metrics::checkBox + spacing;
-    iconBounds_ = mirrored(middle(left, iconSide));
+    iconBounds_ = mirrored(QRect(left, (all.height() - iconSide) / 2, iconSide, iconSide));
     left += iconSide + spacing;
 
     int right = all.width() - metrics::inset;
-    const QRect quitBox = mirrored(middle(right - quitSide, quitSide));
-    clickable = QRect(right - quitSide - clickMargin, 0, quitSide + 2 * clickMargin, all.height());
-    quit_->setGeometry(mirrored(clickable));
-    quit_->setBox(quitBox.translated(-quit_->pos()));
+    quit_->setGeometry(mirrored(
+        QRect(right - quitSide - clickMargin, 0, quitSide + 2 * clickMargin, all.height())));
 
     figures_ = figures();
     badgeBounds_ = {};

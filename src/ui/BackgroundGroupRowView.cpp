@@ -32,9 +32,10 @@ std::size_t memberCount(const AppInfo& app) {
 } // namespace
 
 /// The clickable first line of a group.
-class BackgroundGroupRowView::Header final : public QPushButton {
+class BackgroundGroupRowView::Header final : public Button {
   public:
-    explicit Header(BackgroundGroupRowView& group) : QPushButton(&group), group_(group) {
+    explicit Header(BackgroundGroupRowView& group)
+        : Button({}, TextStyle::caption, &group), group_(group) {
         setObjectName("groupHeader");
         setFocusPolicy(Qt::TabFocus);
         setAutoDefault(false);
@@ -75,8 +76,8 @@ class BackgroundGroupRowView::Header final : public QPushButton {
             if (closes == isExpanded_) {
                 click();
             }
-        } else if (!handleButtonKey(*this, *event)) {
-            QPushButton::keyPressEvent(event);
+        } else {
+            Button::keyPressEvent(event);
         }
     }
 

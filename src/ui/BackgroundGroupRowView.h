@@ -5,8 +5,6 @@
 #include "ui/RowStack.h"
 #include "ui/StackRow.h"
 
-#include <QPushButton>
-
 #include <functional>
 
 namespace calmora {

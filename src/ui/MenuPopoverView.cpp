@@ -14,6 +14,7 @@
 #include "ui/SearchBox.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
+#include "widgets/Labels.h"
 #include "widgets/Metrics.h"
 
 #include <QApplication>
@@ -146,7 +147,7 @@ void MenuPopoverView::build() {
                           nullptr);
     stack_->setObjectName("rows");
     area_->hold(stack_);
-    status_ = new Label(TextStyle::caption2, QFont::Normal, ThemeColor::tertiary, this);
+    status_ = new Label({}, TextStyle::caption2, ThemeColor::tertiary, this);
     status_->setObjectName("status");
     gear_ = new SymbolButton(this);
     gear_->setObjectName("openSettings");
@@ -169,15 +170,13 @@ void MenuPopoverView::build() {
     selection->addWidget(search_, 1);
     selection->addSpacing(ring);
     column->addLayout(selection);
-    column->addWidget(new Divider(this));
+    column->addWidget(new Divider(metrics::inset, this));
     column->addWidget(area_, 1);
-    column->addWidget(new Divider(this));
+    column->addWidget(new Divider(metrics::inset, this));
     if (!surroundings_.limitation.empty()) {
-        auto* limitation =
-            new Label(TextStyle::caption2, QFont::Normal, ThemeColor::secondary, this);
+        auto* limitation = new Paragraph(uiText(surroundings_.limitation.c_str()),
+                                         TextStyle::caption2, ThemeColor::secondary, this);
         limitation->setObjectName("limitation");
-        limitation->setWordWrap(true);
-        limitation->setText(uiText(surroundings_.limitation.c_str()));
         auto* line = new QHBoxLayout;
         line->setContentsMargins(metrics::inset, 6, metrics::inset, 0);
         line->addWidget(limitation);

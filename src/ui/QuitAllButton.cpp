@@ -1,36 +1,38 @@
 #include "ui/QuitAllButton.h"
 
-#include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
-#include "widgets/Theme.h"
 
 #include <QEvent>
-#include <QKeyEvent>
-#include <QLinearGradient>
 #include <QMouseEvent>
-#include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace calmora {
 namespace {
 
 constexpr int faceHeight = 36;
 constexpr int leastWidth = 200;
-/// Left and right of the text, together.
-constexpr int textInset = 16;
 constexpr double pressedScale = 0.96;
 constexpr int scaleMilliseconds = 100;
 constexpr int farthestMove = 10;
 
 } // namespace
 
-QuitAllButton::QuitAllButton(QWidget* parent) : QPushButton(parent) {
+QuitAllButton::QuitAllButton(QWidget* parent)
+    : Button(uiText("Quit All"),
+             {.face = ButtonLook::Face::teal,
+              .text = TextStyle::headline,
+              .weight = QFont::DemiBold,
+              .padding = {8, 0},
+              .radius = metrics::buttonRadius,
+              .ring = metrics::focusRing,
+              .respondsToPointer = false},
+             parent) {
     setObjectName("quitAll");
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);
-    setText(uiText("Quit All"));
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     scale_.setDuration(scaleMilliseconds);
     scale_.setEasingCurve(QEasingCurve::InOutQuad);
     scale_.setStartValue(1.0);
@@ -39,26 +41,22 @@ QuitAllButton::QuitAllButton(QWidget* parent) : QPushButton(parent) {
 }
 
 void QuitAllButton::setForceQuit(bool isForceQuit) {
-    if (isForceQuit != isForceQuit_) {
-        isForceQuit_ = isForceQuit;
+    if (isForceQuit != this->isForceQuit()) {
+        ButtonLook look = this->look();
+        look.face = isForceQuit ? ButtonLook::Face::red : ButtonLook::Face::teal;
+        setLook(std::move(look));
         setText(uiText(isForceQuit ? "Force Quit All" : "Quit All"));
-        update();
     }
 }
 
 QSize QuitAllButton::sizeHint() const {
-    const int text = QFontMetrics(Theme::font(TextStyle::headline)).horizontalAdvance(this->text());
-    return {std::max(leastWidth, text + textInset + 2 * metrics::focusRing),
+    return {std::max(leastWidth, Button::sizeHint().width() - 2),
             faceHeight + 2 * metrics::focusRing};
 }
 
-QRect QuitAllButton::face() const {
-    constexpr int ring = metrics::focusRing;
-    return rect().adjusted(ring, ring, -ring, -ring);
-}
-
 bool QuitAllButton::hitButton(const QPoint& position) const {
-    return face().contains(position);
+    constexpr int ring = metrics::focusRing;
+    return rect().adjusted(ring, ring, -ring, -ring).contains(position);
 }
 
 void QuitAllButton::setPressed(bool pressed) {
@@ -93,12 +91,6 @@ void QuitAllButton::mouseReleaseEvent(QMouseEvent* event) {
     QPushButton::mouseReleaseEvent(event);
 }
 
-void QuitAllButton::keyPressEvent(QKeyEvent* event) {
-    if (!handleButtonKey(*this, *event)) {
-        QPushButton::keyPressEvent(event);
-    }
-}
-
 void QuitAllButton::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange && !isEnabled()) {
         setPressed(false);
@@ -106,31 +98,10 @@ void QuitAllButton::changeEvent(QEvent* event) {
     QPushButton::changeEvent(event);
 }
 
-void QuitAllButton::paintEvent(QPaintEvent*) {
-    const Theme theme = Theme::of(*this);
-    const QRectF bounds = face();
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (!isEnabled()) {
-        painter.setOpacity(metrics::disabledOpacity);
-    }
-    const double scale = scale_.state() == QAbstractAnimation::Running
-                             ? scale_.currentValue().toDouble()
-                             : (isQuitAllPressed_ ? pressedScale : 1.0);
-    painter.translate(bounds.center());
-    painter.scale(scale, scale);
-    painter.translate(-bounds.center());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme.buttonFace(bounds, isForceQuit_));
-    painter.drawRoundedRect(bounds, metrics::buttonRadius, metrics::buttonRadius);
-    painter.setPen(theme.color(ThemeColor::onAccent));
-    painter.setFont(Theme::font(TextStyle::headline));
-    painter.drawText(bounds, Qt::AlignCenter,
-                     painter.fontMetrics().elidedText(
-                         text(), Qt::ElideRight, static_cast<int>(bounds.width()) - textInset));
-    if (showsFocus(*this)) {
-        drawFocusRing(painter, bounds, metrics::buttonRadius, theme);
-    }
+double QuitAllButton::scale() const {
+    return scale_.state() == QAbstractAnimation::Running ? scale_.currentValue().toDouble()
+           : isQuitAllPressed_                           ? pressedScale
+                                                         : 1.0;
 }
 
 } // namespace calmora

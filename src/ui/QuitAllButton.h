@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QPushButton>
-#include <QVariantAnimation>
+#include "widgets/Controls.h"
 
-#include <functional>
+#include <QVariantAnimation>
 
 namespace calmora {
 
 /// The large button that quits everything ticked: teal, or red in force mode. It shrinks a little
 /// while the pointer holds it down.
-class QuitAllButton final : public QPushButton {
+class QuitAllButton final : public Button {
   public:
     explicit QuitAllButton(QWidget* parent = nullptr);
 
@@ -17,27 +16,24 @@ class QuitAllButton final : public QPushButton {
     void setForceQuit(bool isForceQuit);
 
     /// The mode that the button shows.
-    [[nodiscard]] bool isForceQuit() const { return isForceQuit_; }
+    [[nodiscard]] bool isForceQuit() const { return look().face == ButtonLook::Face::red; }
 
     /// Whether the pointer holds the button down.
     [[nodiscard]] bool isQuitAllPressed() const { return isQuitAllPressed_; }
 
+    [[nodiscard]] double scale() const override;
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
     void changeEvent(QEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
   private:
     void setPressed(bool pressed);
-    [[nodiscard]] QRect face() const;
 
-    bool isForceQuit_ = false;
     bool isQuitAllPressed_ = false;
     QPoint pressedAt_;
     QVariantAnimation scale_;

@@ -1,8 +1,8 @@
 #include "updates/UpdatePanel.h"
 
-#include "widgets/BorderedButton.h"
+#include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Paragraph.h"
+#include "widgets/Labels.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
@@ -102,7 +102,7 @@ QWidget* UpdatePanel::makeContent(const UpdateReport& report) {
     buttons->setSpacing(buttonGap);
     buttons->addStretch();
     if (!report.page.empty()) {
-        auto* open = new BorderedButton(uiText("update_open_page"), TextStyle::body);
+        auto* open = new Button(uiText("update_open_page"), TextStyle::body);
         open->setObjectName("openPage");
         connect(open, &QAbstractButton::clicked, this, [this, page = report.page] {
             openPage_(page);
@@ -110,8 +110,7 @@ QWidget* UpdatePanel::makeContent(const UpdateReport& report) {
         });
         buttons->addWidget(open);
     }
-    auto* closing =
-        new BorderedButton(uiText(report.isRunning ? "Cancel" : "Close"), TextStyle::body);
+    auto* closing = new Button(uiText(report.isRunning ? "Cancel" : "Close"), TextStyle::body);
     closing->setObjectName("close");
     connect(closing, &QAbstractButton::clicked, this, &QWidget::close);
     buttons->addWidget(closing);

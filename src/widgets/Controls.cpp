@@ -1,24 +1,28 @@
 #include "widgets/Controls.h"
 
-#include "widgets/DisplayText.h"
-#include "widgets/Pictures.h"
+#include "widgets/Labels.h"
 
+#include <QFontMetrics>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QStyleOptionButton>
+
+#include <algorithm>
+#include <utility>
 
 namespace calmora {
 namespace {
 
-QRect centred(const QRect& bounds, int side) {
-    QRect box(0, 0, side, side);
-    box.moveCenter(bounds.center());
-    return box;
+constexpr int symbolGap = 4;
+constexpr int slideMilliseconds = 120;
+
+/// Everything in a switch's row but its title.
+constexpr int besideTitle = 2 * metrics::rowInset + metrics::switchWidth + metrics::rowSpacing;
+
+QFont fontOf(const ButtonLook& look) {
+    return Theme::font(look.text, look.weight);
 }
 
-} // namespace
-
-bool handleButtonKey(QAbstractButton& button, QKeyEvent& event) {
+/// Handles Return and the arrows; false for every other key.
+bool handleKey(QAbstractButton& button, QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -35,14 +39,92 @@ bool handleButtonKey(QAbstractButton& button, QKeyEvent& event) {
     }
 }
 
+/// Sizes a control by its text, wrapped to its width.
+void setHeightForWidth(QWidget& widget, QSizePolicy::Policy horizontal) {
+    QSizePolicy policy(horizontal, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    widget.setSizePolicy(policy);
+}
+
+} // namespace
+
+Button::Button(const QString& text, ButtonLook look, QWidget* parent)
+    : QPushButton(text, parent), look_(std::move(look)) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+Button::Button(const QString& text, TextStyle style, QWidget* parent)
+    : Button(text, ButtonLook{.text = style}, parent) {}
+
+void Button::setLook(ButtonLook look) {
+    if (look != look_) {
+        look_ = std::move(look);
+        updateGeometry();
+        update();
+    }
+}
+
+void Button::setWordWrap() {
+    setHeightForWidth(*this, QSizePolicy::Maximum);
+}
+
+int Button::besideText() const {
+    return 2 * (look_.padding.width() + look_.ring) +
+           (look_.symbol.isEmpty() ? 0 : Theme::symbolSide(look_.symbolPoints) + symbolGap);
+}
+
+QSize Button::sizeHint() const {
+    const QFontMetrics font(fontOf(look_));
+    return {font.horizontalAdvance(text()) + 2 + besideText(),
+            font.height() + 2 * (look_.padding.height() + look_.ring)};
+}
+
+QSize Button::minimumSizeHint() const {
+    const QSize whole = sizeHint();
+    return sizePolicy().hasHeightForWidth()
+               ? QSize(longestWord(fontOf(look_), text()) + besideText(), whole.height())
+               : whole;
+}
+
+int Button::heightForWidth(int width) const {
+    return wrappedHeight(fontOf(look_), text(), width - besideText()) +
+           2 * (look_.padding.height() + look_.ring);
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    if (!handleKey(*this, *event)) {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+SymbolButton::SymbolButton(QWidget* parent)
+    : Button({}, ButtonLook{.face = ButtonLook::Face::none}, parent) {
+    setFocusPolicy(Qt::TabFocus);
+    setAutoDefault(false);
+}
+
+void SymbolButton::setSymbol(const QString& symbol, int points, ThemeColor color) {
+    ButtonLook look = this->look();
+    look.symbol = symbol;
+    look.symbolPoints = points;
+    look.symbolColor = color;
+    setLook(std::move(look));
+}
+
+void SymbolButton::setOpacity(double opacity) {
+    ButtonLook look = this->look();
+    look.opacity = opacity;
+    setLook(std::move(look));
+}
+
+QSize SymbolButton::sizeHint() const {
+    const int side = Theme::symbolSide(look().symbolPoints) + 2 * metrics::focusRing;
+    return {side, side};
+}
+
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover, false);
-}
-
-void CheckBox::setBox(const QRect& box) {
-    box_ = box;
-    update();
 }
 
 void CheckBox::setOpacity(double opacity) {
@@ -62,109 +144,46 @@ bool CheckBox::hitButton(const QPoint& position) const {
 }
 
 void CheckBox::keyPressEvent(QKeyEvent* event) {
-    if (!handleButtonKey(*this, *event)) {
+    if (!handleKey(*this, *event)) {
         QCheckBox::keyPressEvent(event);
     }
 }
 
-void CheckBox::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setOpacity(opacity_);
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    option.rect = box_.isNull() ? centred(rect(), metrics::checkBox) : box_;
-    style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, this);
-    if (showsFocus(*this)) {
-        drawFocusRing(painter, option.rect, metrics::badgeRadius, Theme::of(*this));
+SwitchRow::SwitchRow(const QString& title, QWidget* parent) : CheckBox(parent) {
+    setText(title);
+    setFocusPolicy(Qt::StrongFocus);
+    setHeightForWidth(*this, QSizePolicy::Preferred);
+    knob_.setStartValue(0.0);
+    knob_.setEndValue(1.0);
+    knob_.setDuration(slideMilliseconds);
+    knob_.setEasingCurve(QEasingCurve::InOutQuad);
+    connect(&knob_, &QVariantAnimation::valueChanged, this, [this] { update(); });
+    connect(this, &QCheckBox::toggled, this, [this](bool isOn) { slide(isOn); });
+}
+
+QSize SwitchRow::sizeHint() const {
+    const int title = QFontMetrics(Theme::font(TextStyle::body)).horizontalAdvance(text()) + 2;
+    const int width = title + besideTitle;
+    return {width, heightForWidth(width)};
+}
+
+QSize SwitchRow::minimumSizeHint() const {
+    return {longestWord(Theme::font(TextStyle::body), text()) + besideTitle, metrics::formRow};
+}
+
+int SwitchRow::heightForWidth(int width) const {
+    const int title = wrappedHeight(Theme::font(TextStyle::body), text(), width - besideTitle);
+    return std::max(metrics::formRow, title + 2 * metrics::rowPadding);
+}
+
+void SwitchRow::slide(bool isOn) {
+    knob_.setDirection(isOn ? QVariantAnimation::Forward : QVariantAnimation::Backward);
+    if (isVisible()) {
+        knob_.start();
+    } else {
+        knob_.stop();
+        knob_.setCurrentTime(isOn ? slideMilliseconds : 0);
     }
-}
-
-SymbolButton::SymbolButton(QWidget* parent) : QPushButton(parent) {
-    setFocusPolicy(Qt::TabFocus);
-    setAutoDefault(false);
-    setAttribute(Qt::WA_Hover);
-}
-
-void SymbolButton::setSymbol(const QString& symbol, int points, ThemeColor color) {
-    if (symbol != symbol_ || points != points_ || color != color_) {
-        symbol_ = symbol;
-        points_ = points;
-        color_ = color;
-        update();
-    }
-}
-
-void SymbolButton::setBox(const QRect& box) {
-    box_ = box;
-    update();
-}
-
-void SymbolButton::setOpacity(double opacity) {
-    if (opacity != opacity_) {
-        opacity_ = opacity;
-        update();
-    }
-}
-
-QSize SymbolButton::sizeHint() const {
-    const int side = Theme::symbolSide(points_) + 2 * metrics::focusRing;
-    return {side, side};
-}
-
-void SymbolButton::keyPressEvent(QKeyEvent* event) {
-    if (!handleButtonKey(*this, *event)) {
-        QPushButton::keyPressEvent(event);
-    }
-}
-
-void SymbolButton::paintEvent(QPaintEvent*) {
-    const Theme theme = Theme::of(*this);
-    const int side = Theme::symbolSide(points_);
-    const QRect box = box_.isNull() ? centred(rect(), side) : box_;
-    QPainter painter(this);
-    painter.setOpacity(isDown() ? opacity_ * 0.6 : opacity_);
-    const bool lit = underMouse() && isEnabled() && color_ != ThemeColor::red;
-    drawSymbol(painter, box, symbol_, side, theme.color(lit ? ThemeColor::primary : color_));
-    if (showsFocus(*this)) {
-        drawFocusRing(painter, box, side / 2.0, theme);
-    }
-}
-
-Label::Label(TextStyle style, QFont::Weight weight, ThemeColor color, QWidget* parent)
-    : QLabel(parent), style_(style), weight_(weight), color_(color) {
-    setTextFormat(Qt::PlainText);
-}
-
-QFont Label::styledFont() const {
-    return Theme::font(style_, weight_);
-}
-
-QSize Label::sizeHint() const {
-    const QFontMetrics metrics(styledFont());
-    return {metrics.horizontalAdvance(text()) + 1, metrics.height()};
-}
-
-QSize Label::minimumSizeHint() const {
-    return {0, sizeHint().height()};
-}
-
-void Label::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const QFont font = styledFont();
-    painter.setFont(font);
-    painter.setPen(Theme::of(*this).color(color_));
-    drawLine(painter, rect(), QFontMetrics(font).elidedText(text(), Qt::ElideRight, width()),
-             LineEnd::leading, layoutDirection());
-}
-
-Divider::Divider(QWidget* parent, int inset) : QWidget(parent), inset_(inset) {
-    setFixedHeight(1);
-}
-
-void Divider::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect().adjusted(inset_, 0, -inset_, 0),
-                     Theme::of(*this).color(ThemeColor::separator));
 }
 
 } // namespace calmora

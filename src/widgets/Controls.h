@@ -4,29 +4,97 @@
 #include "widgets/Theme.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
-
-class QKeyEvent;
+#include <QString>
+#include <QVariantAnimation>
 
 namespace calmora {
 
-/// Handles the keys that mean the same for every button: Return presses it, and the arrows are
-/// left to the list or form around it. Qt would move the focus with them, for example into a
-/// picker, whose value the next press would change. False for every other key.
-[[nodiscard]] bool handleButtonKey(QAbstractButton& button, QKeyEvent& event);
+/// How the style draws a Button. By default it is small, with an outline.
+struct ButtonLook {
+    /// What fills the button.
+    enum class Face { none, outline, teal, red };
+    Face face = Face::outline;
+    TextStyle text = TextStyle::body;
+    QFont::Weight weight = QFont::Medium;
+    /// Around the text, inside the face.
+    QSize padding{10, 4};
+    int radius = metrics::rowRadius;
+    /// Left free around the face for the focus ring; 0 draws the ring inside.
+    int ring = 0;
+    /// Shows the focus also where it came by pointer.
+    bool showsEveryFocus = false;
+    /// Whether the face changes under the pointer.
+    bool respondsToPointer = true;
+    /// The name of a symbol before the text; empty means none.
+    QString symbol = {};
+    int symbolPoints = 9;
+    /// Of a symbol without a face.
+    ThemeColor symbolColor = ThemeColor::secondary;
+    double opacity = 1;
+
+    friend bool operator==(const ButtonLook&, const ButtonLook&) = default;
+};
+
+/// A push button that the style draws as its look says. Return presses it, and the arrows are left
+/// to the list or form around it: Qt would move the focus with them, for example into a picker,
+/// whose value the next press would change.
+class Button : public QPushButton {
+  public:
+    Button(const QString& text, ButtonLook look, QWidget* parent = nullptr);
+    /// A small button with an outline.
+    Button(const QString& text, TextStyle style, QWidget* parent = nullptr);
+
+    [[nodiscard]] const ButtonLook& look() const { return look_; }
+
+    /// Repaints if the look differs.
+    void setLook(ButtonLook look);
+
+    /// Wraps the text if it does not fit on one line.
+    void setWordWrap();
+
+    /// The size of the face; less than 1 while it is pressed, if the button shrinks then.
+    [[nodiscard]] virtual double scale() const { return 1; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    /// The width of everything but the text.
+    [[nodiscard]] int besideText() const;
+
+    ButtonLook look_;
+};
+
+/// A button that is one symbol. The symbol may be smaller than the area that takes clicks.
+class SymbolButton final : public Button {
+  public:
+    explicit SymbolButton(QWidget* parent = nullptr);
+
+    void setSymbol(const QString& symbol, int points, ThemeColor color);
+
+    /// Draws everything fainter; 1 by default.
+    void setOpacity(double opacity);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 /// A check box that shows what it is told: a click only reports itself (`clicked`), the new state
-/// comes back through setChecked(). The box may be smaller than the area that takes clicks.
+/// comes back through setChecked(). All of the widget takes clicks. Keys as for a Button.
 class CheckBox : public QCheckBox {
   public:
     explicit CheckBox(QWidget* parent = nullptr);
 
-    /// Where the box is drawn, in the widget's coordinates; the middle by default.
-    void setBox(const QRect& box);
-
     /// Draws everything fainter; 1 by default.
     void setOpacity(double opacity);
+
+    [[nodiscard]] double opacity() const { return opacity_; }
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -35,71 +103,29 @@ class CheckBox : public QCheckBox {
 
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
   private:
-    QRect box_;
     double opacity_ = 1;
 };
 
-/// A plain button that is one symbol. The symbol may be smaller than the area that takes clicks.
-class SymbolButton : public QPushButton {
+/// A row of a form with a title and a switch at its end. A click anywhere in the row, Space and
+/// Return report themselves, as with a CheckBox.
+class SwitchRow final : public CheckBox {
   public:
-    explicit SymbolButton(QWidget* parent = nullptr);
+    explicit SwitchRow(const QString& title, QWidget* parent = nullptr);
 
-    /// What is drawn: a symbol of `points` in a colour. `name` is also what screen readers say.
-    void setSymbol(const QString& symbol, int points, ThemeColor color);
-
-    /// Where the symbol is drawn, in the widget's coordinates; the middle by default.
-    void setBox(const QRect& box);
-
-    /// Draws everything fainter; 1 by default.
-    void setOpacity(double opacity);
-
-    [[nodiscard]] QSize sizeHint() const override;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
-    QString symbol_;
-    int points_ = 16;
-    ThemeColor color_ = ThemeColor::secondary;
-    QRect box_;
-    double opacity_ = 1;
-};
-
-/// A line of text in a style and colour of the theme, cut at the end where it is too long.
-class Label : public QLabel {
-  public:
-    Label(TextStyle style, QFont::Weight weight, ThemeColor color, QWidget* parent = nullptr);
+    /// Where the knob is, from 0 (off) to 1 (on).
+    [[nodiscard]] double knob() const { return knob_.currentValue().toDouble(); }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
   private:
-    [[nodiscard]] QFont styledFont() const;
+    /// Moves the knob, without animation while hidden.
+    void slide(bool isOn);
 
-    TextStyle style_;
-    QFont::Weight weight_;
-    ThemeColor color_;
-};
-
-/// A thin horizontal line.
-class Divider : public QWidget {
-  public:
-    /// `inset` is the space left free at both ends.
-    explicit Divider(QWidget* parent = nullptr, int inset = metrics::inset);
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
-    int inset_;
+    QVariantAnimation knob_;
 };
 
 } // namespace calmora

@@ -1,27 +1,17 @@
 #include "widgets/PickerRow.h"
 
-#include "widgets/FormMetrics.h"
-#include "widgets/Paragraph.h"
-#include "widgets/Pictures.h"
+#include "widgets/Labels.h"
+#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QStyle>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
 
 namespace calmora {
-namespace {
-
-constexpr int textInset = 9;
-constexpr int chevronPoints = 8;
-constexpr int verticalPadding = 4;
-
-} // namespace
 
 Picker::Picker(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
@@ -35,8 +25,8 @@ QSize Picker::sizeHint() const {
     for (int index = 0; index < count(); ++index) {
         widest = std::max(widest, font.horizontalAdvance(itemText(index)));
     }
-    return {widest + 3 * textInset + Theme::symbolSide(chevronPoints),
-            font.height() + 2 * verticalPadding};
+    return {widest + 3 * metrics::pickerInset + Theme::symbolSide(metrics::chevronPoints),
+            font.height() + 8};
 }
 
 void Picker::showPopup() {
@@ -54,36 +44,6 @@ void Picker::keyPressEvent(QKeyEvent* event) {
 
 void Picker::wheelEvent(QWheelEvent* event) {
     event->ignore();
-}
-
-void Picker::paintEvent(QPaintEvent*) {
-    const Theme theme = Theme::of(*this);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(isEnabled() ? 1 : metrics::disabledOpacity);
-    const QRectF face = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setPen(theme.color(ThemeColor::controlBorder));
-    painter.setBrush(theme.color(ThemeColor::controlFace));
-    painter.drawRoundedRect(face, metrics::buttonCorner, metrics::buttonCorner);
-
-    const Qt::LayoutDirection direction = layoutDirection();
-    const int side = Theme::symbolSide(chevronPoints);
-    const QRect chevron(width() - textInset - side, 0, side, height());
-    drawSymbol(painter, QStyle::visualRect(direction, rect(), chevron), "chevron.down", side,
-               theme.color(ThemeColor::secondary));
-    const QRect label(textInset, 0, chevron.left() - textInset, height());
-    painter.setFont(Theme::font(TextStyle::body));
-    painter.setPen(theme.color(ThemeColor::primary));
-    painter.drawText(
-        QStyle::visualRect(direction, rect(), label),
-        static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter)),
-        currentText());
-    if (showsFocus(*this)) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));
-        painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), metrics::buttonCorner,
-                                metrics::buttonCorner);
-    }
 }
 
 PickerRow::PickerRow(const QString& title, const std::vector<PickerOption>& options,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "widgets/PairRow.h"
+#include "widgets/Form.h"
 
 #include <QComboBox>
 #include <QString>
@@ -32,7 +32,6 @@ class Picker final : public QComboBox {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 
 /// A row of a form with a title and a picker at its end.

@@ -173,4 +173,12 @@ void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap) {
         pixmap);
 }
 
+void drawPixmapOr(QPainter& painter, const QRect& bounds, const QPixmap& pixmap,
+                  const QString& symbol, int side, const QColor& color) {
+    drawPixmap(painter, bounds,
+               pixmap.isNull()
+                   ? symbolPixmap(symbol, side, color, painter.device()->devicePixelRatioF())
+                   : pixmap);
+}
+
 } // namespace calmora

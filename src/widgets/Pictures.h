@@ -28,4 +28,8 @@ void drawSymbol(QPainter& painter, const QRect& bounds, const QString& name, int
 /// Draws a decoded picture into the middle of `bounds`.
 void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap);
 
+/// Draws a decoded picture, or a symbol in place of one that is null.
+void drawPixmapOr(QPainter& painter, const QRect& bounds, const QPixmap& pixmap,
+                  const QString& symbol, int side, const QColor& color);
+
 } // namespace calmora

@@ -74,6 +74,8 @@ QColor Theme::color(ThemeColor color) const {
         return dark ? QColor(0x3f, 0xc7, 0xba) : QColor(0x0b, 0x7a, 0x70);
     case ThemeColor::tealFill:
         return withAlpha(this->color(ThemeColor::teal), 0.12);
+    case ThemeColor::accentFace:
+        return dark ? this->color(ThemeColor::teal).darker(150) : this->color(ThemeColor::teal);
     case ThemeColor::red:
         return dark ? QColor(0xff, 0x6b, 0x61) : QColor(0xcf, 0x2a, 0x24);
     case ThemeColor::onAccent:

@@ -47,6 +47,8 @@ enum class ThemeColor {
     teal,
     /// Faint teal behind a teal text: teal at 0.12.
     tealFill,
+    /// The face of what is ticked: a teal that text in onAccent can be read on.
+    accentFace,
     /// Harm.
     red,
     /// Text and symbols on a filled control.

@@ -1,12 +1,17 @@
 #include "widgets/ThemeStyle.h"
 
+#include "widgets/Controls.h"
 #include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
+#include <QComboBox>
 #include <QLabel>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QScrollArea>
 #include <QStyleOption>
+#include <QTabBar>
 
 #include <algorithm>
 
@@ -17,6 +22,13 @@ constexpr int scrollBarWidth = 10;
 constexpr int shortestHandle = 28;
 /// Around the text of a button, both sides together.
 constexpr int buttonMargin = 14;
+constexpr int symbolGap = 4;
+constexpr int knobMargin = 2;
+constexpr int tabSymbolPoints = 18;
+constexpr int tabPadding = 6;
+/// Between two tabs.
+constexpr int tabGap = 4;
+constexpr int leastTabWidth = 68;
 
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     const Theme theme(option.palette);
@@ -29,10 +41,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
         painter.setOpacity(painter.opacity() * 0.45);
     }
     if (on || partly) {
-        QColor face = theme.color(ThemeColor::teal);
-        if (theme.appearance() == Appearance::dark) {
-            face = face.darker(150);
-        }
+        QColor face = theme.color(ThemeColor::accentFace);
         if (option.state & QStyle::State_Sunken) {
             face = face.darker(115);
         }
@@ -57,6 +66,213 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
         painter.drawRoundedRect(box, metrics::badgeRadius - 0.5, metrics::badgeRadius - 0.5);
     }
     painter.restore();
+}
+
+/// The largest square of a side in the middle of `bounds`.
+QRect centred(const QRect& bounds, int side) {
+    QRect box(0, 0, side, side);
+    box.moveCenter(bounds.center());
+    return box;
+}
+
+/// The outlined face of a small button or picker, with its focus ring inside.
+void drawOutline(QPainter& painter, const QRectF& face, double radius, const Theme& theme) {
+    painter.setPen(theme.color(ThemeColor::controlBorder));
+    painter.setBrush(theme.color(ThemeColor::controlFace));
+    painter.drawRoundedRect(face, radius, radius);
+}
+
+void drawInnerRing(QPainter& painter, const QRectF& face, const Theme& theme) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));
+    painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), metrics::rowRadius,
+                            metrics::rowRadius);
+}
+
+void drawSymbolButton(QPainter& painter, const QStyleOption& option, const Button& button) {
+    const ButtonLook& look = button.look();
+    const Theme theme(option.palette);
+    const int side = Theme::symbolSide(look.symbolPoints);
+    const QRect box = centred(option.rect, side);
+    painter.setOpacity(button.isDown() ? look.opacity * 0.6 : look.opacity);
+    const bool isLit =
+        button.underMouse() && button.isEnabled() && look.symbolColor != ThemeColor::red;
+    drawSymbol(painter, box, look.symbol, side,
+               theme.color(isLit ? ThemeColor::primary : look.symbolColor));
+    if (showsFocus(button)) {
+        drawFocusRing(painter, box, side / 2.0, theme);
+    }
+}
+
+/// Fills the face of a button, darker under the pointer and while it is pressed.
+void drawFace(QPainter& painter, const QRectF& whole, const Button& button, const Theme& theme) {
+    const ButtonLook& look = button.look();
+    const QRectF inner = whole.adjusted(0.5, 0.5, -0.5, -0.5);
+    if (look.face == ButtonLook::Face::outline) {
+        drawOutline(painter, inner, look.radius, theme);
+    }
+    painter.setPen(Qt::NoPen);
+    if (look.face != ButtonLook::Face::outline) {
+        painter.setBrush(theme.buttonFace(whole, look.face == ButtonLook::Face::red));
+        painter.drawRoundedRect(whole, look.radius, look.radius);
+    }
+    if (!look.respondsToPointer ||
+        !(button.isDown() || (button.underMouse() && button.isEnabled()))) {
+        return;
+    }
+    if (look.ring > 0) {
+        painter.setBrush(QColor(0, 0, 0, button.isDown() ? 45 : 18));
+        painter.drawRoundedRect(whole, look.radius, look.radius);
+        return;
+    }
+    painter.setBrush(theme.color(ThemeColor::fill));
+    for (int pass = 0; pass < (button.isDown() ? 2 : 1); ++pass) {
+        painter.drawRoundedRect(inner, look.radius, look.radius);
+    }
+}
+
+void drawButton(QPainter& painter, const QStyleOption& option, const Button& button) {
+    const ButtonLook& look = button.look();
+    const Theme theme(option.palette);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(button.isEnabled() ? 1 : metrics::disabledOpacity);
+    const QRect whole = option.rect.adjusted(look.ring, look.ring, -look.ring, -look.ring);
+    const QPointF middle = QRectF(whole).center();
+    painter.translate(middle);
+    painter.scale(button.scale(), button.scale());
+    painter.translate(-middle);
+    drawFace(painter, whole, button, theme);
+
+    const ThemeColor color =
+        look.face == ButtonLook::Face::outline ? ThemeColor::primary : ThemeColor::onAccent;
+    QRect label = whole.adjusted(look.padding.width(), 0, -look.padding.width(), 0);
+    if (!look.symbol.isEmpty()) {
+        const int side = Theme::symbolSide(look.symbolPoints);
+        const QRect place(label.x(), whole.y(), side, whole.height());
+        drawSymbol(painter, QStyle::visualRect(option.direction, option.rect, place), look.symbol,
+                   side, theme.color(color));
+        label.setLeft(label.left() + side + symbolGap);
+    }
+    painter.setFont(Theme::font(look.text, look.weight));
+    painter.setPen(theme.color(color));
+    const bool wraps = button.sizePolicy().hasHeightForWidth();
+    painter.drawText(
+        QStyle::visualRect(option.direction, option.rect, label),
+        Qt::AlignCenter | Qt::TextWordWrap,
+        wraps ? button.text()
+              : painter.fontMetrics().elidedText(button.text(), Qt::ElideRight, label.width()));
+    if (look.ring == 0 && showsFocus(button)) {
+        drawInnerRing(painter, QRectF(whole).adjusted(0.5, 0.5, -0.5, -0.5), theme);
+    } else if (look.showsEveryFocus ? button.hasFocus() : showsFocus(button)) {
+        drawFocusRing(painter, whole, look.radius, theme);
+    }
+}
+
+void drawCheckBoxAlone(QPainter& painter, const QStyleOption& option, const CheckBox& box) {
+    painter.setOpacity(box.opacity());
+    QStyleOption indicator(option);
+    indicator.rect = centred(option.rect, metrics::checkBox);
+    drawCheckBox(painter, indicator);
+    if (showsFocus(box)) {
+        drawFocusRing(painter, indicator.rect, metrics::badgeRadius, Theme(option.palette));
+    }
+}
+
+QColor mixed(const QColor& a, const QColor& b, double share) {
+    const auto part = [share](float from, float to) {
+        return from + (to - from) * static_cast<float>(share);
+    };
+    return QColor::fromRgbF(part(a.redF(), b.redF()), part(a.greenF(), b.greenF()),
+                            part(a.blueF(), b.blueF()), part(a.alphaF(), b.alphaF()));
+}
+
+void drawSwitch(QPainter& painter, const QRectF& track, const SwitchRow& row, const Theme& theme) {
+    QColor on = theme.color(ThemeColor::teal);
+    if (theme.appearance() == Appearance::dark) {
+        on = on.darker(140);
+    }
+    const QColor face = mixed(theme.color(ThemeColor::controlBorder), on, row.knob());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(row.isDown() ? face.darker(112) : face);
+    const double radius = track.height() / 2;
+    painter.drawRoundedRect(track, radius, radius);
+    const double side = track.height() - 2 * knobMargin;
+    const double share = row.layoutDirection() == Qt::RightToLeft ? 1 - row.knob() : row.knob();
+    const double offset = knobMargin + (track.width() - track.height()) * share;
+    painter.setBrush(theme.color(ThemeColor::onAccent));
+    painter.drawEllipse(QRectF(track.left() + offset, track.top() + knobMargin, side, side));
+    if (showsFocus(row)) {
+        drawFocusRing(painter, track, radius, theme);
+    }
+}
+
+void drawSwitchRow(QPainter& painter, const QStyleOption& option, const SwitchRow& row) {
+    const Theme theme(option.palette);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(row.isEnabled() ? 1 : metrics::disabledOpacity);
+    const QRect content = option.rect.adjusted(metrics::rowInset, 0, -metrics::rowInset, 0);
+    QRect track(0, 0, metrics::switchWidth, metrics::switchHeight);
+    track.moveTopLeft(
+        {content.right() + 1 - track.width(), (content.height() - track.height()) / 2});
+    const QRect title(content.topLeft(),
+                      QPoint(track.left() - metrics::rowSpacing - 1, content.bottom()));
+    painter.setFont(Theme::font(TextStyle::body));
+    painter.setPen(theme.color(ThemeColor::primary));
+    painter.drawText(QStyle::visualRect(option.direction, option.rect, title),
+                     static_cast<int>(QStyle::visualAlignment(option.direction,
+                                                              Qt::AlignLeft | Qt::AlignVCenter)) |
+                         Qt::TextWordWrap,
+                     row.text());
+    drawSwitch(painter, QStyle::visualRect(option.direction, option.rect, track), row, theme);
+}
+
+void drawPicker(QPainter& painter, const QStyleOptionComboBox& option, const QWidget& picker) {
+    const Theme theme(option.palette);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(picker.isEnabled() ? 1 : metrics::disabledOpacity);
+    const QRect whole = option.rect;
+    const QRectF face = QRectF(whole).adjusted(0.5, 0.5, -0.5, -0.5);
+    drawOutline(painter, face, metrics::rowRadius, theme);
+    const int side = Theme::symbolSide(metrics::chevronPoints);
+    const QRect chevron(whole.width() - metrics::pickerInset - side, 0, side, whole.height());
+    drawSymbol(painter, QStyle::visualRect(option.direction, whole, chevron), "chevron.down", side,
+               theme.color(ThemeColor::secondary));
+    const QRect label(metrics::pickerInset, 0, chevron.left() - metrics::pickerInset,
+                      whole.height());
+    painter.setFont(Theme::font(TextStyle::body));
+    painter.setPen(theme.color(ThemeColor::primary));
+    painter.drawText(QStyle::visualRect(option.direction, whole, label),
+                     static_cast<int>(QStyle::visualAlignment(option.direction,
+                                                              Qt::AlignLeft | Qt::AlignVCenter)),
+                     option.currentText);
+    if (showsFocus(picker)) {
+        drawInnerRing(painter, face, theme);
+    }
+}
+
+void drawTab(QPainter& painter, const QStyleOptionTab& option, const QTabBar& bar) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Theme theme(option.palette);
+    const int side = Theme::symbolSide(tabSymbolPoints);
+    const QRect tab = option.rect.adjusted(tabGap / 2, 0, -tabGap / 2, 0);
+    const bool isChosen = option.state & QStyle::State_Selected;
+    if (isChosen || (option.state & QStyle::State_MouseOver)) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.color(ThemeColor::fill));
+        painter.drawRoundedRect(tab, metrics::rowRadius, metrics::rowRadius);
+    }
+    const QColor color = theme.color(isChosen ? ThemeColor::teal : ThemeColor::secondary);
+    const QRect top(tab.left(), tab.top() + tabPadding, tab.width(), side);
+    drawSymbol(painter, top, bar.tabData(option.tabIndex).toString(), side, color);
+    painter.setPen(color);
+    painter.drawText(tab.adjusted(0, side + 2 * tabPadding, 0, -tabPadding), Qt::AlignCenter,
+                     option.text);
+    if (isChosen && showsFocus(bar)) {
+        // Inside the tab: the bar has no room around it.
+        constexpr int inset = metrics::focusRing;
+        drawFocusRing(painter, tab.adjusted(inset, inset, -inset, -inset),
+                      metrics::rowRadius - inset, theme);
+    }
 }
 
 /// Whether a scroll bar belongs to an area of widgets, which leaves room for it; lists of text
@@ -89,8 +305,47 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    painter->save();
+    const auto* button = dynamic_cast<const Button*>(widget);
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    const auto* bar = qobject_cast<const QTabBar*>(widget);
+    if (element == CE_PushButton && button) {
+        const bool isSymbol = button->look().face == ButtonLook::Face::none;
+        (isSymbol ? drawSymbolButton : drawButton)(*painter, *option, *button);
+    } else if (const auto* row = dynamic_cast<const SwitchRow*>(widget)) {
+        drawSwitchRow(*painter, *option, *row);
+    } else if (const auto* box = dynamic_cast<const CheckBox*>(widget)) {
+        drawCheckBoxAlone(*painter, *option, *box);
+    } else if (element == CE_TabBarTab && tab && bar) {
+        drawTab(*painter, *tab, *bar);
+    } else if (element != CE_ComboBoxLabel) { // A picker's label is drawn with its face.
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+    painter->restore();
+}
+
+QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    if (type != CT_TabBarTab || !tab) {
+        return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+    const QFontMetrics text(tab->fontMetrics);
+    const int width = std::max(leastTabWidth, text.horizontalAdvance(tab->text) + 4 * tabPadding);
+    return {width + tabGap, Theme::symbolSide(tabSymbolPoints) + text.height() + 3 * tabPadding};
+}
+
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+    if (const auto* picker = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        control == CC_ComboBox && picker && widget) {
+        painter->save();
+        drawPicker(*painter, *picker, *widget);
+        painter->restore();
+        return;
+    }
     if (control != CC_ScrollBar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;

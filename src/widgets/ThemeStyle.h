@@ -4,23 +4,29 @@
 
 namespace calmora {
 
-/// The look of the standard widgets: Qt's own Fusion style with our check boxes and slim scroll
-/// bars that lie over what they scroll. Works with the palette alone.
+/// The look of the standard widgets: Qt's own Fusion style with our buttons, check boxes, switches,
+/// pickers and tabs (a symbol, named by the tab's data, over a label), and slim scroll bars that
+/// lie over what they scroll. Needs the palette alone.
 class ThemeStyle final : public QProxyStyle {
   public:
     ThemeStyle();
 
     using QProxyStyle::polish;
 
-    /// Makes every label one of plain text, tool tips among them: names from outside stand in
-    /// them, and markup of a name could read any file.
+    /// Makes every label, and so every tool tip, plain text: labels show untrusted names, and
+    /// markup in a name could read any file.
     void polish(QWidget* widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override;
     [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                        SubControl subControl, const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& contents,
+                                         const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,10 +1,9 @@
 #include "platform/qt/alerts/AlertPanel.h"
 
-#include "widgets/Metrics.h"
+#include "widgets/Controls.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
-#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -80,63 +79,23 @@ class AlertIcon final : public QWidget {
     AlertStyle style_;
 };
 
-class AlertPushButton final : public QAbstractButton {
+/// The arrows lead from one button to the next, and the button with the focus shows where Return
+/// goes.
+class AlertPushButton final : public Button {
   public:
-    explicit AlertPushButton(const AlertButton& button) : isDestructive_(button.isDestructive) {
-        setText(shortened(button.title));
-        setFont(Theme::font(TextStyle::body, QFont::Medium));
-        setFocusPolicy(Qt::StrongFocus);
-        setAttribute(Qt::WA_Hover);
-        setCursor(Qt::ArrowCursor);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override {
-        const QSize text = fontMetrics().size(Qt::TextSingleLine, this->text());
-        return {text.width() + 2 * 18 + 2 * metrics::focusRing,
-                text.height() + 2 * 7 + 2 * metrics::focusRing};
-    }
+    explicit AlertPushButton(const AlertButton& button)
+        : Button(shortened(button.title),
+                 {.face = button.isDestructive ? ButtonLook::Face::red : ButtonLook::Face::outline,
+                  .padding = {17, 7},
+                  .radius = metrics::fieldRadius,
+                  .ring = metrics::focusRing,
+                  .showsEveryFocus = true}) {}
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        const Theme theme = Theme::of(*this);
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        constexpr double around = metrics::focusRing;
-        const QRectF face = QRectF(rect()).adjusted(around, around, -around, -around);
-        if (isDestructive_) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(theme.buttonFace(face, true));
-            painter.drawRoundedRect(face, metrics::fieldRadius, metrics::fieldRadius);
-        } else {
-            painter.setPen(QPen(theme.color(ThemeColor::controlBorder), 1));
-            painter.setBrush(theme.color(ThemeColor::controlFace));
-            painter.drawRoundedRect(face.adjusted(0.5, 0.5, -0.5, -0.5), metrics::fieldRadius,
-                                    metrics::fieldRadius);
-        }
-        if (isDown() || underMouse()) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(QColor(0, 0, 0, isDown() ? 45 : 18));
-            painter.drawRoundedRect(face, metrics::fieldRadius, metrics::fieldRadius);
-        }
-        // The default button shows where Return goes, whoever brought the keyboard here.
-        if (hasFocus()) {
-            drawFocusRing(painter, face, metrics::fieldRadius, theme);
-        }
-        painter.setFont(font());
-        painter.setPen(theme.color(isDestructive_ ? ThemeColor::onAccent : ThemeColor::primary));
-        painter.drawText(face, Qt::AlignCenter, text());
-    }
-
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            click();
-            return;
-        }
-        QAbstractButton::keyPressEvent(event);
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        isReturn ? click() : QPushButton::keyPressEvent(event);
     }
-
-  private:
-    bool isDestructive_;
 };
 
 QLabel* makeText(const std::string& text, TextStyle style, ThemeColor color, const Theme& theme) {

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QScrollArea>
+#include <QString>
+#include <QWidget>
+
+class QBoxLayout;
+class QVBoxLayout;
+
+namespace calmora {
+
+/// Rows below each other, with a thin line between the visible ones.
+class FormRows : public QWidget {
+  public:
+    explicit FormRows(QWidget* parent = nullptr);
+
+    /// Adds a row at the end and owns it.
+    void addRow(QWidget* row);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QVBoxLayout* rows_;
+};
+
+/// A section of a form: a title and below it a card with rows.
+class FormSection final : public QWidget {
+  public:
+    /// An empty title takes no space.
+    explicit FormSection(const QString& title, QWidget* parent = nullptr);
+
+    /// Adds a row at the end and owns it.
+    void addRow(QWidget* row) { card_->addRow(row); }
+
+    /// Adds a row with a small text that explains.
+    QWidget* addNote(const QString& text);
+
+  private:
+    FormRows* card_;
+};
+
+/// A row of a form with two parts side by side, or below each other if the row is too narrow for
+/// both, as with large text in a language with long words.
+class PairRow : public QWidget {
+  public:
+    explicit PairRow(QWidget* parent = nullptr);
+
+    /// Fills the row, which owns both. The leading part takes the remaining width.
+    void setParts(QWidget* leading, QWidget* trailing);
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    [[nodiscard]] bool fitsBeside(int width) const;
+
+    QBoxLayout* layout_;
+    QWidget* leading_ = nullptr;
+    QWidget* trailing_ = nullptr;
+};
+
+/// A form of sections below each other. It scrolls vertically, also to the control that gets the
+/// focus by keyboard.
+class Form final : public QScrollArea {
+  public:
+    explicit Form(QWidget* parent = nullptr);
+
+    /// Adds a section at the end; an empty title takes no space.
+    FormSection& addSection(const QString& title = {});
+
+  private:
+    QVBoxLayout* sections_;
+};
+
+} // namespace calmora
