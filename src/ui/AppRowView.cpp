@@ -18,8 +18,8 @@
 namespace calmora {
 namespace {
 
-constexpr int spacing = 10;
-constexpr int iconSide = 24;
+constexpr int rowSpacing = 10;
+constexpr int rowIconSide = 24;
 constexpr int figureSymbolPoints = 9;
 constexpr int figureGap = 2;
 constexpr int badgeGap = 3;
@@ -27,7 +27,6 @@ constexpr int badgePadding = 6;
 constexpr int quitPoints = 16;
 /// Controls take clicks a little beyond what they draw.
 constexpr int clickMargin = 5;
-constexpr int ringInset = 5;
 constexpr int hoverMilliseconds = 100;
 constexpr double backgroundOpacity = 0.7;
 
@@ -78,7 +77,6 @@ void AppRowView::setRow(AppRow row) {
         isHovered_ = false;
     }
     if (old.app.icon != row_.app.icon) {
-        icon_.reset();
         update(iconBounds_);
     }
     name_ = name;
@@ -158,11 +156,11 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
     }
     const QFontMetrics metrics(Theme::font(TextStyle::caption));
     const int symbolWidth = Theme::symbolSide(figureSymbolPoints) + figureGap;
-    int right = width() - metrics::inset - Theme::symbolSide(quitPoints) - spacing;
+    int right = width() - metrics::inset - Theme::symbolSide(quitPoints) - rowSpacing;
     const auto add = [&](const char* symbol, const QString& text, const QString& usual) {
         const int wide = symbolWidth + columnWidth(metrics, text, usual);
         figures.push_back({symbol, text, mirrored(QRect(right - wide, 0, wide, height()))});
-        right -= wide + spacing;
+        right -= wide + rowSpacing;
     };
     if (showsMemory(row_.resourceDisplay)) {
         add("memorychip", memoryText(row_.app.memoryMB), QStringLiteral("8888 MB"));
@@ -179,9 +177,9 @@ void AppRowView::arrange() {
     int left = metrics::inset;
     const QRect clickable(left - clickMargin, 0, metrics::checkBox + 2 * clickMargin, all.height());
     check_->setGeometry(mirrored(clickable));
-    left += metrics::checkBox + spacing;
-    iconBounds_ = mirrored(QRect(left, (all.height() - iconSide) / 2, iconSide, iconSide));
-    left += iconSide + spacing;
+    left += metrics::checkBox + rowSpacing;
+    iconBounds_ = mirrored(QRect(left, (all.height() - rowIconSide) / 2, rowIconSide, rowIconSide));
+    left += rowIconSide + rowSpacing;
 
     int right = all.width() - metrics::inset;
     quit_->setGeometry(mirrored(
@@ -200,10 +198,10 @@ void AppRowView::arrange() {
     } else {
         right -= quitSide;
         for (const Figure& figure : figures_) {
-            right -= spacing + figure.bounds.width();
+            right -= rowSpacing + figure.bounds.width();
         }
     }
-    const QRect nameBounds(left, 0, std::max(0, right - spacing - left), all.height());
+    const QRect nameBounds(left, 0, std::max(0, right - rowSpacing - left), all.height());
     nameBounds_ = mirrored(nameBounds);
     shownName_ = QFontMetrics(Theme::font(TextStyle::body, QFont::Medium))
                      .elidedText(name_, Qt::ElideRight, nameBounds.width());
@@ -244,17 +242,8 @@ void AppRowView::paintEvent(QPaintEvent* event) {
     painter.setOpacity(opacity());
     const QRegion& region = event->region();
     if (region.intersects(iconBounds_)) {
-        const qreal ratio = devicePixelRatioF();
-        if (!icon_ || iconRatio_ != ratio) {
-            icon_ = row_.app.icon ? imagePixmap(*row_.app.icon, iconSide, ratio) : QPixmap();
-            iconRatio_ = ratio;
-        }
-        if (icon_->isNull()) {
-            drawSymbol(painter, iconBounds_, "app.fill", iconSide - 2,
-                       theme.color(ThemeColor::secondary));
-        } else {
-            drawPixmap(painter, iconBounds_, *icon_);
-        }
+        drawIcon(painter, iconBounds_, row_.app.icon, {"app.fill", rowIconSide - 2},
+                 theme.color(ThemeColor::secondary));
     }
     if (region.intersects(nameBounds_)) {
         painter.setPen(theme.color(ThemeColor::primary));
@@ -277,13 +266,7 @@ void AppRowView::paintEvent(QPaintEvent* event) {
     if (row_.isWhitelisted) {
         paintBadge(painter, theme);
     }
-    if (showsFocus(*this)) {
-        painter.setOpacity(1);
-        const int ring = ringInset + metrics::focusRing;
-        drawFocusRing(painter,
-                      rect().adjusted(ring, metrics::focusRing, -ring, -metrics::focusRing),
-                      metrics::rowRadius, theme);
-    }
+    drawRowFocus(painter, *this);
 }
 
 void AppRowView::resizeEvent(QResizeEvent*) {
@@ -300,7 +283,6 @@ void AppRowView::changeEvent(QEvent* event) {
         arrange();
         update();
     } else if (event->type() == QEvent::ThemeChange) {
-        icon_.reset();
         update();
     }
     StackRow::changeEvent(event);

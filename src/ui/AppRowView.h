@@ -5,7 +5,6 @@
 #include "ui/StackRow.h"
 #include "widgets/Controls.h"
 
-#include <QPixmap>
 #include <QVariantAnimation>
 
 #include <functional>
@@ -97,9 +96,6 @@ class AppRowView final : public StackRow {
     QRect iconBounds_;
     QRect badgeBounds_;
     std::vector<Figure> figures_;
-    /// Decoded when first painted; absent until then.
-    std::optional<QPixmap> icon_;
-    qreal iconRatio_ = 0;
 };
 
 } // namespace calmora

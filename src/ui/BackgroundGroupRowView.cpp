@@ -18,10 +18,10 @@
 namespace calmora {
 namespace {
 
-constexpr int spacing = 8;
+constexpr int headerSpacing = 8;
 constexpr int chevronPoints = 10;
 constexpr int chevronBox = 12;
-constexpr int iconSide = 20;
+constexpr int groupIconSide = 20;
 constexpr int countPadding = 5;
 constexpr int memberIndent = 20;
 
@@ -53,15 +53,12 @@ class BackgroundGroupRowView::Header final : public Button {
         const AppInfo& app = group_.row_.app;
         const QString name = displayName(app.name);
         const std::size_t count = memberCount(app);
-        if (name != name_ || count != count_ || app.icon != image_ ||
+        if (name != name_ || count != count_ || app.icon != icon_ ||
             group_.isExpanded_ != isExpanded_) {
             name_ = name;
             count_ = count;
             isExpanded_ = group_.isExpanded_;
-            if (image_ != app.icon) {
-                image_ = app.icon;
-                icon_.reset();
-            }
+            icon_ = app.icon;
             setAccessibleName(QStringLiteral("%1, %2").arg(name_).arg(count_));
             setAccessibleDescription(uiText(isExpanded_ ? "Expanded" : "Collapsed"));
             update();
@@ -101,21 +98,12 @@ class BackgroundGroupRowView::Header final : public Button {
         drawSymbol(painter, chevron, isExpanded_ ? "chevron.down" : "chevron.right",
                    Theme::symbolSide(chevronPoints) - 2, theme.color(ThemeColor::tertiary));
         painter.restore();
-        left += chevronBox + spacing;
+        left += chevronBox + headerSpacing;
 
-        const QRect iconBounds = placed(left, iconSide, iconSide);
-        const qreal ratio = devicePixelRatioF();
-        if (!icon_ || iconRatio_ != ratio) {
-            icon_ = image_ ? imagePixmap(*image_, iconSide, ratio) : QPixmap();
-            iconRatio_ = ratio;
-        }
-        if (icon_->isNull()) {
-            drawSymbol(painter, iconBounds, "gearshape.2.fill", iconSide - 2,
-                       theme.color(ThemeColor::tertiary));
-        } else {
-            drawPixmap(painter, iconBounds, *icon_);
-        }
-        left += iconSide + spacing;
+        const QRect iconBounds = placed(left, groupIconSide, groupIconSide);
+        drawIcon(painter, iconBounds, icon_, {"gearshape.2.fill", groupIconSide - 2},
+                 theme.color(ThemeColor::tertiary));
+        left += groupIconSide + headerSpacing;
 
         const QString count = QString::number(count_);
         const QFont countFont = Theme::font(TextStyle::caption2);
@@ -123,14 +111,14 @@ class BackgroundGroupRowView::Header final : public Button {
         const int countWidth = countMetrics.horizontalAdvance(count) + 2 * countPadding;
         const QFont nameFont = Theme::font(TextStyle::caption, QFont::Medium);
         const QFontMetrics nameMetrics(nameFont);
-        const int room = width() - metrics::inset - left - spacing - countWidth;
+        const int room = width() - metrics::inset - left - headerSpacing - countWidth;
         const QString name = nameMetrics.elidedText(name_, Qt::ElideRight, room);
         const int nameWidth = std::min(room, nameMetrics.horizontalAdvance(name) + 1);
         painter.setPen(theme.color(ThemeColor::secondary));
         painter.setFont(nameFont);
         drawLine(painter, placed(left, nameWidth, height()), name, LineEnd::leading,
                  layoutDirection());
-        left += nameWidth + spacing;
+        left += nameWidth + headerSpacing;
 
         const QRect badge = placed(left, countWidth, countMetrics.height() + 2);
         painter.setPen(Qt::NoPen);
@@ -139,12 +127,7 @@ class BackgroundGroupRowView::Header final : public Button {
         painter.setPen(theme.color(ThemeColor::tertiary));
         painter.setFont(countFont);
         painter.drawText(badge, Qt::AlignCenter, count);
-        if (showsFocus(*this)) {
-            const int ring = metrics::focusRing + 5;
-            drawFocusRing(painter,
-                          rect().adjusted(ring, metrics::focusRing, -ring, -metrics::focusRing),
-                          metrics::rowRadius, theme);
-        }
+        drawRowFocus(painter, *this);
     }
 
   private:
@@ -153,10 +136,7 @@ class BackgroundGroupRowView::Header final : public Button {
     std::size_t count_ = 0;
     bool isExpanded_ = false;
     double presence_ = 1;
-    std::optional<Image> image_;
-    /// Decoded when first painted; absent until then.
-    std::optional<QPixmap> icon_;
-    qreal iconRatio_ = 0;
+    std::optional<Image> icon_;
 };
 
 BackgroundGroupRowView::BackgroundGroupRowView(QWidget* parent)

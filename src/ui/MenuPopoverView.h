@@ -6,18 +6,11 @@
 #include "platform/Popover.h"
 #include "support/Subscription.h"
 #include "ui/AppListViewModel.h"
-#include "ui/RowLayout.h"
 
 #include <QWidget>
 
 #include <functional>
-#include <map>
-#include <optional>
-#include <set>
 #include <string>
-#include <vector>
-
-class QScrollArea;
 
 namespace calmora {
 
@@ -25,22 +18,21 @@ class AppSettings;
 class InputGate;
 class CheckBox;
 class Label;
+class PopoverList;
 class QuitAllButton;
-class RowStack;
 class SearchBox;
-class StackRow;
 class SymbolButton;
 
-/// What the popover's content needs of its surroundings. The references must outlive the view.
+/// What the popover's content depends on. The references must outlive the view.
 struct MenuPopoverSurroundings {
     Platform platform;
     EventMonitor& eventMonitor;
     Popover& popover;
-    /// Told after each quit: it blocks the loop, and a click that waited would hit another row.
+    /// Called after each quit, which blocks the loop: a queued click would hit another row.
     InputGate& inputGate;
     /// Opens the settings window.
     std::function<void()> openSettings = nullptr;
-    /// Key of the text that says what this desktop keeps from the list; empty means nothing.
+    /// Key of the text that says what cannot be listed on this desktop; empty means nothing.
     std::string limitation = {};
 };
 
@@ -66,7 +58,7 @@ class MenuPopoverView final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
-    /// It draws nothing of having the keyboard, so nothing is painted again.
+    /// The focus of the view itself is not shown, so nothing is repainted.
     void focusInEvent(QFocusEvent*) override {}
 
     void focusOutEvent(QFocusEvent*) override {}
@@ -77,31 +69,23 @@ class MenuPopoverView final : public QWidget {
     void showEvent(QShowEvent* event) override;
 
   private:
-    class ListArea;
-
-    /// Makes the widgets, once.
+    /// Creates the widgets, once.
     void build();
     void listen();
+    /// Puts them into a column.
+    void arrange();
     void appear();
     void disappear();
 
     /// Shows the model's values on the next turn of the loop, or at the next appearance.
     void markDirty();
     void rebuild();
-    [[nodiscard]] std::vector<RowSlot> rowSlots() const;
-    [[nodiscard]] RowMotion motionTo(const std::vector<RowSlot>& slots) const;
     void showControls();
     [[nodiscard]] bool isButtonDown() const;
 
-    [[nodiscard]] std::unique_ptr<StackRow> makeRow(RowKind kind);
-    void bindRow(StackRow& row, const RowKey& key);
-    void bindApp(StackRow& row, const AppInfo& app);
-    void bindGroup(StackRow& row, const AppInfo& app);
-
-    [[nodiscard]] bool allSelected() const;
     void quitAll(bool force);
     void quitRow(const AppInfo& app, bool force);
-    void quitBackground(ProcessId pid, bool force);
+    void quitMember(ProcessId pid, bool force);
 
     AppSettings& settings_;
     AppListViewModel& viewModel_;
@@ -110,8 +94,7 @@ class MenuPopoverView final : public QWidget {
     QuitAllButton* quitAll_ = nullptr;
     CheckBox* selectAll_ = nullptr;
     SearchBox* search_ = nullptr;
-    ListArea* area_ = nullptr;
-    RowStack* stack_ = nullptr;
+    PopoverList* list_ = nullptr;
     Label* status_ = nullptr;
     SymbolButton* gear_ = nullptr;
 
@@ -120,15 +103,6 @@ class MenuPopoverView final : public QWidget {
     bool isScheduled_ = false;
     bool waitsForRelease_ = false;
     bool removedAfterQuit_ = false;
-    bool toggledGroup_ = false;
-
-    /// What the list shows, as last taken from the model.
-    std::vector<AppInfo> shownApps_;
-    std::vector<AppInfo> shownBackground_;
-    std::map<RowKey, const AppInfo*> entries_;
-    std::vector<RowSlot> slots_;
-    /// The open groups, by process id; a group that leaves the list is forgotten.
-    std::set<ProcessId> expanded_;
 
     Subscription modelChanges_;
     Subscription settingsChanges_;

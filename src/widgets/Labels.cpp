@@ -133,9 +133,8 @@ AppIconView::AppIconView(const std::optional<Image>& icon, int side, QWidget* pa
 
 void AppIconView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QPixmap picture = icon_ ? imagePixmap(*icon_, width(), devicePixelRatioF()) : QPixmap();
-    drawPixmapOr(painter, rect(), picture, "app.fill", width(),
-                 Theme::of(*this).color(ThemeColor::secondary));
+    drawIcon(painter, rect(), icon_, {"app.fill", width()},
+             Theme::of(*this).color(ThemeColor::secondary));
 }
 
 Divider::Divider(int inset, QWidget* parent) : QWidget(parent), inset_(inset) {

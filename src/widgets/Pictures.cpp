@@ -173,12 +173,13 @@ void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap) {
         pixmap);
 }
 
-void drawPixmapOr(QPainter& painter, const QRect& bounds, const QPixmap& pixmap,
-                  const QString& symbol, int side, const QColor& color) {
-    drawPixmap(painter, bounds,
-               pixmap.isNull()
-                   ? symbolPixmap(symbol, side, color, painter.device()->devicePixelRatioF())
-                   : pixmap);
+void drawIcon(QPainter& painter, const QRect& square, const std::optional<Image>& icon,
+              const IconSubstitute& substitute, const QColor& color) {
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const QPixmap picture = icon ? imagePixmap(*icon, square.width(), ratio) : QPixmap();
+    drawPixmap(painter, square,
+               picture.isNull() ? symbolPixmap(substitute.symbol, substitute.side, color, ratio)
+                                : picture);
 }
 
 } // namespace calmora

@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QString>
 
+#include <optional>
+
 class QPainter;
 
 namespace calmora {
@@ -28,8 +30,14 @@ void drawSymbol(QPainter& painter, const QRect& bounds, const QString& name, int
 /// Draws a decoded picture into the middle of `bounds`.
 void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap);
 
-/// Draws a decoded picture, or a symbol in place of one that is null.
-void drawPixmapOr(QPainter& painter, const QRect& bounds, const QPixmap& pixmap,
-                  const QString& symbol, int side, const QColor& color);
+/// A symbol that stands in for an icon, and its side.
+struct IconSubstitute {
+    QString symbol;
+    int side = 0;
+};
+
+/// Draws an icon into a square, or the substitute in `color` if there is none that can be drawn.
+void drawIcon(QPainter& painter, const QRect& square, const std::optional<Image>& icon,
+              const IconSubstitute& substitute, const QColor& color);
 
 } // namespace calmora

@@ -1,9 +1,11 @@
-#include "ui/RowAccessibility.h"
-
-#include "ui/RowStack.h"
 #include "ui/StackRow.h"
 
+#include "ui/RowStack.h"
+#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
+
 #include <QAccessibleWidget>
+#include <QPainter>
 
 #include <memory>
 
@@ -15,7 +17,10 @@ class Interface final : public QAccessibleWidget {
     using QAccessibleWidget::QAccessibleWidget;
 };
 
-/// Qt takes the interface over.
+/// Beside a row's focus ring.
+constexpr int sideInset = 5;
+
+/// The caller, Qt, owns the interface.
 QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
     if (auto* row = dynamic_cast<StackRow*>(object)) {
         return std::make_unique<Interface>(row, row->accessibleRole()).release();
@@ -27,6 +32,16 @@ QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
 }
 
 } // namespace
+
+void drawRowFocus(QPainter& painter, const QWidget& row) {
+    if (showsFocus(row)) {
+        constexpr int ring = metrics::focusRing;
+        painter.setOpacity(1);
+        drawFocusRing(painter,
+                      row.rect().adjusted(ring + sideInset, ring, -ring - sideInset, -ring),
+                      metrics::rowRadius, Theme::of(row));
+    }
+}
 
 void installRowAccessibility() {
     QAccessible::installFactory(interfaceFor);

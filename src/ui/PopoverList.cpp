@@ -1,0 +1,213 @@
+#include "ui/PopoverList.h"
+
+#include "ui/AppListViewModel.h"
+#include "ui/AppRowView.h"
+#include "ui/BackgroundGroupRowView.h"
+#include "ui/ListExtras.h"
+#include "ui/RowStack.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr int listPadding = 4;
+constexpr int dividerSpace = 4;
+constexpr int highestList = 400;
+
+std::unique_ptr<StackRow> makeRow(RowKind kind) {
+    switch (kind) {
+    case RowKind::app:
+    case RowKind::backgroundApp:
+        return std::make_unique<AppRowView>();
+    case RowKind::backgroundGroup:
+        return std::make_unique<BackgroundGroupRowView>();
+    case RowKind::divider:
+        return std::make_unique<DividerRow>();
+    case RowKind::sectionHeader:
+        return std::make_unique<SectionHeaderRow>();
+    case RowKind::emptyState:
+        return std::make_unique<EmptyStateRow>();
+    }
+    return {};
+}
+
+} // namespace
+
+PopoverList::PopoverList(Actions actions, QWidget* parent)
+    : QScrollArea(parent), actions_(std::move(actions)),
+      stack_(new RowStack({.make = makeRow,
+                           .bind = [this](StackRow& row, const RowKey& key) { bindRow(row, key); },
+                           .reveal = [this](int top, int height) { reveal(top, height); }},
+                          nullptr)) {
+    setObjectName("list");
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMaximumHeight(highestList);
+    verticalScrollBar()->setSingleStep(appRowHeight + appRowSpacing);
+    viewport()->setAutoFillBackground(false);
+    stack_->setObjectName("rows");
+    setWidget(stack_);
+    stack_->setAutoFillBackground(false);
+    connect(verticalScrollBar(), &QAbstractSlider::valueChanged, this, [this] { updateBand(); });
+}
+
+void PopoverList::showList(const AppListViewModel& model, ResourceDisplay display, bool isForceQuit,
+                           bool removedAfterQuit) {
+    display_ = display;
+    isForceQuit_ = isForceQuit;
+    apps_ = model.filteredApps();
+    background_ = model.filteredBackgroundApps();
+    entries_.clear();
+    for (const AppInfo& app : apps_) {
+        entries_.emplace(RowKey{RowKind::app, app.pid}, &app);
+    }
+    for (const AppInfo& app : background_) {
+        const RowKind kind = app.childProcesses ? RowKind::backgroundGroup : RowKind::backgroundApp;
+        entries_.emplace(RowKey{kind, app.pid}, &app);
+    }
+    std::set<ProcessId> groups;
+    for (const AppInfo& app : model.backgroundApps()) {
+        if (app.childProcesses) {
+            groups.insert(app.pid);
+        }
+    }
+    std::erase_if(expanded_, [&](ProcessId pid) { return !groups.contains(pid); });
+    std::vector<RowSlot> slots = rowSlots(!model.searchText().empty());
+    const RowMotion motion = motionTo(slots, removedAfterQuit);
+    toggledGroup_ = false;
+    slots_ = slots;
+    stack_->setRows(std::move(slots), motion);
+    updateBand();
+}
+
+std::vector<RowSlot> PopoverList::rowSlots(bool isSearching) const {
+    std::vector<RowSlot> slots;
+    slots.reserve(apps_.size() + background_.size() + 2);
+    for (const AppInfo& app : apps_) {
+        slots.push_back({.key = {RowKind::app, app.pid},
+                         .height = appRowHeight,
+                         .spaceBefore = slots.empty() ? listPadding : appRowSpacing});
+    }
+    if (!background_.empty()) {
+        const int below = slots.empty() ? 2 * listPadding : listPadding;
+        slots.push_back({.key = {RowKind::divider, 0},
+                         .height = DividerRow::rowHeight,
+                         .spaceBefore = below + dividerSpace,
+                         .lines = 0});
+        slots.push_back({.key = {RowKind::sectionHeader, 0},
+                         .height = SectionHeaderRow::rowHeight(),
+                         .spaceBefore = dividerSpace,
+                         .lines = 0});
+        for (const AppInfo& app : background_) {
+            if (app.childProcesses) {
+                const bool isOpen = expanded_.contains(app.pid);
+                const int members = static_cast<int>(app.childProcesses->size());
+                slots.push_back({.key = {RowKind::backgroundGroup, app.pid},
+                                 .height = BackgroundGroupRowView::heightOf(app, isOpen),
+                                 .lines = isOpen ? 1 + members : 1});
+            } else {
+                slots.push_back({.key = {RowKind::backgroundApp, app.pid}, .height = appRowHeight});
+            }
+        }
+    }
+    if (slots.empty() && isSearching) {
+        slots.push_back(
+            {.key = {RowKind::emptyState, 0}, .height = EmptyStateRow::rowHeight(), .lines = 0});
+    }
+    return slots;
+}
+
+RowMotion PopoverList::motionTo(const std::vector<RowSlot>& slots, bool removedAfterQuit) const {
+    if (toggledGroup_) {
+        return RowMotion::expansion;
+    }
+    if (slots_.empty() || slots.size() == slots_.size()) {
+        return RowMotion::jump;
+    }
+    return removedAfterQuit ? RowMotion::removal : RowMotion::count;
+}
+
+void PopoverList::bindRow(StackRow& row, const RowKey& key) {
+    const auto entry = entries_.find(key);
+    if (entry == entries_.end()) {
+        return;
+    }
+    if (key.kind == RowKind::backgroundGroup) {
+        bindGroup(row, *entry->second);
+    } else {
+        bindApp(row, *entry->second);
+    }
+}
+
+void PopoverList::bindApp(StackRow& row, const AppInfo& app) {
+    const ProcessId pid = app.pid;
+    static_cast<AppRowView&>(row).setRow(
+        {.app = app,
+         .isForceQuit = isForceQuit_,
+         .resourceDisplay = display_,
+         .isWhitelisted = app.isWhitelisted,
+         .onToggle = [this, pid] { actions_.toggle(pid); },
+         .onQuit = [this, app, force = isForceQuit_] { actions_.quit(app, force); },
+         .onToggleWhitelist = [this, pid] { actions_.toggleWhitelist(pid); }});
+}
+
+void PopoverList::bindGroup(StackRow& row, const AppInfo& app) {
+    auto& group = static_cast<BackgroundGroupRowView&>(row);
+    group.setRow(
+        {.app = app,
+         .isForceQuit = isForceQuit_,
+         .resourceDisplay = display_,
+         .onToggle = actions_.toggle,
+         .onQuit = [this, force = isForceQuit_](ProcessId pid) { actions_.quitMember(pid, force); },
+         .onToggleWhitelist = actions_.toggleWhitelist});
+    group.setExpanded(expanded_.contains(app.pid));
+    group.setOnExpandedChanged([this, pid = app.pid](bool isExpanded) {
+        if (isExpanded) {
+            expanded_.insert(pid);
+        } else {
+            expanded_.erase(pid);
+        }
+        toggledGroup_ = true;
+        actions_.groupToggled();
+    });
+}
+
+void PopoverList::reveal(int top, int height) {
+    const int seen = verticalScrollBar()->value();
+    if (top < seen + listPadding) {
+        verticalScrollBar()->setValue(top - listPadding);
+    } else if (top + height + listPadding > seen + viewport()->height()) {
+        verticalScrollBar()->setValue(top + height + listPadding - viewport()->height());
+    }
+}
+
+void PopoverList::updateBand() {
+    const int top = verticalScrollBar()->value();
+    stack_->setBand(top, top + viewport()->height());
+}
+
+void PopoverList::scrollToTop() {
+    verticalScrollBar()->setValue(0);
+}
+
+void PopoverList::scroll(QKeyEvent& event) {
+    QCoreApplication::sendEvent(verticalScrollBar(), &event);
+}
+
+void PopoverList::keyPressEvent(QKeyEvent* event) {
+    event->ignore(); // The popover moves the focus from row to row.
+}
+
+void PopoverList::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    stack_->resize(viewport()->width(), stack_->height());
+    updateBand();
+}
+
+} // namespace calmora
