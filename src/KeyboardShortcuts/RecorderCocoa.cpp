@@ -115,7 +115,7 @@ QSize RecorderCocoa::sizeHint() const {
     return {width, std::max(leastHeight, fontMetrics().height() + 8)};
 }
 
-/// Sees the clicks of the whole program while recording.
+/// Receives the clicks of the whole program while recording.
 bool RecorderCocoa::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::MouseButtonRelease || watched == cancelButton_ ||
         !watched->isWidgetType()) {
@@ -135,12 +135,12 @@ bool RecorderCocoa::eventFilter(QObject* watched, QEvent* event) {
 
 bool RecorderCocoa::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride && isMonitoring_) {
-        // No key of the window or the program acts while it is being recorded.
+        // Shortcuts of the window or the program do not act while recording.
         event->accept();
         return true;
     }
     if (event->type() == QEvent::KeyPress && isMonitoring_) {
-        // Before Tab is taken for a change of the focus.
+        // Before Qt uses Tab to move the focus.
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;
     }
@@ -220,7 +220,7 @@ void RecorderCocoa::paintEvent(QPaintEvent*) {
     const bool isFaint = isEmpty && isEnabled();
     painter.setPen(palette().color(isFaint ? QPalette::PlaceholderText : QPalette::Text));
     const int trailing = isEmpty ? clearMargin : clearSide + clearMargin;
-    // In the middle of the box where there is room, else of what the clear button leaves.
+    // Centred in the box if it fits, else beside the clear button.
     const bool isWide = fontMetrics().horizontalAdvance(text()) > width() - 2 * trailing;
     const QRect inner = rect().adjusted(isWide ? clearMargin : trailing, 0, -trailing, 0);
     painter.drawText(inner, Qt::AlignCenter,
@@ -271,7 +271,7 @@ void RecorderCocoa::monitorEvents(bool isMonitoring) {
     isMonitoring_ = isMonitoring;
     if (isMonitoring) {
         qApp->installEventFilter(this);
-        // So that combinations which others hold arrive here and nowhere else.
+        // So that combinations that others have grabbed arrive here only.
         grabKeyboard();
     } else {
         qApp->removeEventFilter(this);
@@ -287,7 +287,7 @@ void RecorderCocoa::focus() {
     window()->activateWindow();
     setFocus(Qt::OtherFocusReason);
     if (hasFocus()) {
-        // It had it all the time, and nothing tells of it.
+        // It had the focus already, so there was no focus event.
         recorder_->startRecording();
     }
 }
@@ -299,7 +299,7 @@ void RecorderCocoa::beep() {
 std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
     const Subscription waiting =
         environment_.beginAlert ? environment_.beginAlert() : Subscription();
-    // The window owns the sheet and may take it along.
+    // The window owns the sheet and may delete it.
     const QPointer<QMessageBox> sheet = new QMessageBox(
         QMessageBox::Warning, QString(), toQt(alert.messageText), QMessageBox::NoButton,
         isVisible() ? window() : nullptr, Qt::Dialog | Qt::Sheet);
@@ -350,7 +350,7 @@ void RecorderCocoa::clearByUser() {
     recorder_->textDidChange({});
 }
 
-/// Where Tab leads from here, though the focus is already gone.
+/// Focuses what follows in the Tab order, though the focus has already left.
 void RecorderCocoa::focusNext() {
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
         if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->isVisibleTo(window()) &&

@@ -13,7 +13,7 @@ namespace calmora {
 
 namespace {
 
-/// Between the margins; the title bar has room for the title.
+/// Between the margins, so that the title fits into the title bar.
 constexpr int leastAboutWidth = 190;
 
 } // namespace

@@ -11,7 +11,6 @@
 namespace calmora {
 
 class AppSettings;
-class CandidateRow;
 
 /// The applications that can be added to the never-quit list, one row each with a button to add
 /// it. Rows are created when they scroll into view. Updates with the settings.
@@ -26,6 +25,8 @@ class CandidateList final : public QScrollArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
+    class Row;
+
     /// Creates and places the rows in view.
     void realize();
     /// Updates the existing rows from the settings.
@@ -36,7 +37,7 @@ class CandidateList final : public QScrollArea {
     std::vector<WorkspaceApplication> candidates_;
     int rowHeight_;
     /// One for each candidate; null until it comes into view.
-    std::vector<CandidateRow*> rows_;
+    std::vector<Row*> rows_;
     Subscription change_;
 };
 

@@ -14,11 +14,11 @@ class LoginItem;
 struct RecorderEnvironment;
 class Updater;
 
-/// What the settings are shown with. Everything behind it outlives the view.
+/// What the settings depend on. The references must outlive the view.
 struct SettingsSurroundings {
     Platform platform;
     LoginItem& loginItem;
-    /// What the recorders of the shortcuts meet.
+    /// For the recorders of the shortcuts.
     const RecorderEnvironment& recorders;
     /// The program's icon; absent means none.
     std::optional<Image> icon;

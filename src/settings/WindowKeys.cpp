@@ -19,7 +19,7 @@ QKeySequence keySequence(const MenuKey& key) {
                         QKeySequence::PortableText);
 }
 
-/// What a letter of the menu does to a window; empty for what is none of its business.
+/// The action of a menu letter on a window; empty if the window has none.
 std::function<void()> action(QWidget& window, const std::string& letter) {
     if (letter == "q") {
         return [] { QCoreApplication::quit(); };

@@ -6,8 +6,8 @@ namespace calmora {
 
 class LocalizedStrings;
 
-/// Lets a window of the program answer to the keys of the program's menu: quit, close, and, where
-/// it has a button for that, minimize. Text fields answer to the keys for editing by themselves.
+/// Makes a window of the program handle the keys of the program's menu: quit, close, and, where
+/// it has a button for that, minimize. Text fields handle the keys for editing themselves.
 void answerMenuKeys(QWidget& window, const LocalizedStrings& strings);
 
 } // namespace calmora

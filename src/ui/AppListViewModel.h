@@ -63,14 +63,11 @@ class AppListViewModel {
     /// have figures.
     [[nodiscard]] const std::vector<AppInfo>& backgroundApps() const { return backgroundApps_; }
 
-    /// What the user searches for, as it stands.
+    /// The search text.
     [[nodiscard]] const std::string& searchText() const { return searchText_; }
 
-    /// Writing the present text tells nobody.
+    /// Setting the same text again notifies no observer.
     void setSearchText(std::string text);
-
-    /// Whether the sampling timer runs.
-    [[nodiscard]] bool isPolling() const { return static_cast<bool>(pollingTimer_); }
 
     /// The number of ticked entries of apps().
     [[nodiscard]] std::size_t selectedCount() const;
@@ -83,7 +80,7 @@ class AppListViewModel {
     /// or a member's, contains the search text, by name. Computed on each call.
     [[nodiscard]] std::vector<AppInfo> filteredBackgroundApps() const;
 
-    /// Lists the running applications anew; ticks and figures stay with their process ids.
+    /// Lists the running applications again; ticks and figures stay with their process ids.
     void refresh();
 
     /// Samples CPU and memory of apps(). What cannot be sampled keeps its figures.

@@ -86,7 +86,7 @@ void AppRowView::setRow(AppRow row) {
         update();
         return;
     }
-    // Figures alone: repaint what differs, unless a longer one moves its neighbours.
+    // Only figures changed: repaint those that differ, unless a longer one moves its neighbours.
     const std::vector<Figure> before = figures_;
     std::vector<Figure> now = figures();
     if (before.size() != now.size()) {
@@ -297,7 +297,7 @@ void AppRowView::leaveEvent(QEvent*) {
 }
 
 void AppRowView::hideEvent(QHideEvent*) {
-    // A window that closes under the pointer is not told that the pointer left.
+    // A window that closes under the pointer gets no leave event.
     hoverFade_.stop();
     isHovered_ = false;
 }

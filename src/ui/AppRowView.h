@@ -12,13 +12,13 @@
 
 namespace calmora {
 
-/// What an AppRowView shows and whom it tells of the user's actions.
+/// The values that an AppRowView shows, and its callbacks.
 struct AppRow {
     AppInfo app = {};
     /// Force mode of the popover.
     bool isForceQuit = false;
     ResourceDisplay resourceDisplay = ResourceDisplay::cpuOnly;
-    /// The application is protected: a badge stands in place of figures and quit button.
+    /// The application is protected: a badge replaces figures and quit button.
     bool isWhitelisted = false;
     /// The tick box was clicked.
     std::function<void()> onToggle = nullptr;
@@ -39,8 +39,6 @@ class AppRowView final : public StackRow {
 
     /// Shows other values; another process id makes it another row.
     void setRow(AppRow row);
-
-    [[nodiscard]] const AppRow& row() const { return row_; }
 
     /// Whether the pointer is over the row.
     [[nodiscard]] bool isHovered() const { return isHovered_; }

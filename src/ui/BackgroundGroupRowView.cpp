@@ -206,8 +206,7 @@ void BackgroundGroupRowView::setBand(int top, int bottom) {
 }
 
 void BackgroundGroupRowView::showBand() {
-    // While the group opens or closes it is less high than its members: what is cut off need not
-    // exist.
+    // While the group opens or closes it is lower than its members; those cut off need not exist.
     const int shown = testAttribute(Qt::WA_Resized) ? height() : groupHeaderHeight;
     const int bottom = std::min(bandBottom_, shown);
     members_->setBand(bandTop_ - groupHeaderHeight,

@@ -9,8 +9,8 @@
 
 namespace calmora {
 
-/// What a BackgroundGroupRowView shows and whom it tells of the user's actions, each with the
-/// process id of the member.
+/// The values that a BackgroundGroupRowView shows, and its callbacks, each called with the process
+/// id of the member.
 struct BackgroundGroupRow {
     /// The group; its `childProcesses` are the members.
     AppInfo app = {};
@@ -36,16 +36,14 @@ class BackgroundGroupRowView final : public StackRow {
 
     void setRow(BackgroundGroupRow row);
 
-    [[nodiscard]] const BackgroundGroupRow& row() const { return row_; }
-
     /// Whether the members are shown.
     [[nodiscard]] bool isExpanded() const { return isExpanded_; }
 
-    /// Opens or closes the group; tells nobody.
+    /// Opens or closes the group without calling the handler.
     void setExpanded(bool expanded);
 
-    /// Called after the user opened or closed the group; whoever holds the view gives it the
-    /// height of sizeHint(), at once or animated.
+    /// Called after the user opened or closed the group; the owner then gives the view the height
+    /// of sizeHint(), at once or animated.
     void setOnExpandedChanged(std::function<void(bool)> handler);
 
     /// The height of a group with its header and, when expanded, its members.

@@ -33,7 +33,7 @@ class SectionHeaderRow final : public StackRow {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// What stands in the list when a search finds nothing.
+/// Shown in the list when a search finds nothing.
 class EmptyStateRow final : public StackRow {
   public:
     explicit EmptyStateRow(QWidget* parent = nullptr);

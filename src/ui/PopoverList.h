@@ -22,14 +22,14 @@ class StackRow;
 /// most 400 high. Remembers which groups are open.
 class PopoverList final : public QScrollArea {
   public:
-    /// What the user does in the list. `force` is the mode that the row showed.
+    /// Called for the user's actions. `force` is the mode that the row showed.
     struct Actions {
         std::function<void(ProcessId)> toggle;
         std::function<void(ProcessId)> toggleWhitelist;
         std::function<void(const AppInfo&, bool force)> quit;
         /// Quits a member of a group.
         std::function<void(ProcessId, bool force)> quitMember;
-        /// A group was opened or closed: the list wants to be shown again.
+        /// A group was opened or closed: the list must be shown again.
         std::function<void()> groupToggled;
     };
 
@@ -44,7 +44,7 @@ class PopoverList final : public QScrollArea {
 
     void scrollToTop();
 
-    /// Hands a key that scrolls to the scroll bar.
+    /// Forwards a key that scrolls to the scroll bar.
     void scroll(QKeyEvent& event);
 
     [[nodiscard]] RowStack& rows() { return *stack_; }

@@ -18,9 +18,6 @@ class QuitAllButton final : public Button {
     /// The mode that the button shows.
     [[nodiscard]] bool isForceQuit() const { return look().face == ButtonLook::Face::red; }
 
-    /// Whether the pointer holds the button down.
-    [[nodiscard]] bool isQuitAllPressed() const { return isQuitAllPressed_; }
-
     [[nodiscard]] double scale() const override;
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -34,6 +31,7 @@ class QuitAllButton final : public Button {
   private:
     void setPressed(bool pressed);
 
+    /// Whether the pointer holds the button down.
     bool isQuitAllPressed_ = false;
     QPoint pressedAt_;
     QVariantAnimation scale_;

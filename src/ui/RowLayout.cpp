@@ -50,7 +50,7 @@ std::vector<PlacedRow> placeRows(std::span<const RowSlot> slots) {
 }
 
 RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom) {
-    // Rows on their way may stand out of order for a moment, so every one is looked at.
+    // Moving rows may be out of order, so every one is checked.
     RowRange range;
     bool found = false;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -90,7 +90,7 @@ RowGlide::RowGlide(std::span<const PlacedRow> shown, std::vector<PlacedRow> targ
 }
 
 std::vector<PlacedRow> RowGlide::at(std::chrono::milliseconds elapsed) const {
-    if (isOver(elapsed)) {
+    if (motion_ == RowMotion::jump || elapsed >= duration(motion_)) {
         return target_;
     }
     const double part = eased(motion_, static_cast<double>(elapsed.count()) /
@@ -102,10 +102,6 @@ std::vector<PlacedRow> RowGlide::at(std::chrono::milliseconds elapsed) const {
         rows[i].presence = start_[i].presence + (1 - start_[i].presence) * part;
     }
     return rows;
-}
-
-bool RowGlide::isOver(std::chrono::milliseconds elapsed) const {
-    return motion_ == RowMotion::jump || elapsed >= duration(motion_);
 }
 
 LineSpan lineSpan(const RowSlot& slot, int line) {

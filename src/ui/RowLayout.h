@@ -10,17 +10,17 @@
 #include <span>
 #include <vector>
 
-/// Where the rows of a list stand and how they move. Rows have fixed heights, so a list of any
+/// The positions of a list's rows and how they move. Rows have fixed heights, so a list of any
 /// length is arithmetic; which of its rows exist as widgets is decided elsewhere.
 /// All lengths are in device-independent pixels.
 namespace calmora {
 
-/// Heights of the rows that stand for applications, and what is free between two of them.
+/// Heights of the rows of applications, and the space between two of them.
 inline constexpr int appRowHeight = 44;
 inline constexpr int groupHeaderHeight = 32;
 inline constexpr int appRowSpacing = 2;
 
-/// What a row of the list is.
+/// The kind of a row.
 enum class RowKind : std::uint8_t {
     app,
     divider,
@@ -30,30 +30,30 @@ enum class RowKind : std::uint8_t {
     emptyState,
 };
 
-/// What stays the same about a row while lists come and go.
+/// Identifies a row across updates of the list.
 struct RowKey {
     RowKind kind = RowKind::app;
-    /// 0 for rows that stand for no process.
+    /// 0 for rows without a process.
     ProcessId pid = 0;
 
     friend auto operator<=>(const RowKey&, const RowKey&) = default;
 };
 
-/// One row as the list asks for it.
+/// One row as the list requests it.
 struct RowSlot {
     RowKey key;
     /// Of the row itself.
     int height = 0;
-    /// Left free above the row.
+    /// Space above the row.
     int spaceBefore = 0;
-    /// Lines in it that the keyboard can reach: 0 for a divider, 1 for an application, 1 and the
+    /// Lines that the keyboard can reach: 0 for a divider, 1 for an application, 1 and the
     /// members for a group that is open.
     int lines = 1;
 
     friend bool operator==(const RowSlot&, const RowSlot&) = default;
 };
 
-/// One row as it stands.
+/// One row with its position.
 struct PlacedRow {
     RowKey key;
     int top = 0;
@@ -105,18 +105,16 @@ struct RowRange {
                                                  const RowKey& key);
 
 /// A list on its way from one arrangement to the next. Rows that stay move and resize, new rows
-/// fade in where they will stand, rows that left are gone at once.
+/// fade in at their final position, rows that left disappear at once.
 class RowGlide {
   public:
     RowGlide() = default;
 
-    /// From what is on screen now to `target`.
+    /// Moves from the rows on screen to `target`.
     RowGlide(std::span<const PlacedRow> shown, std::vector<PlacedRow> target, RowMotion motion);
 
     /// The rows after `elapsed`, in the order of the target.
     [[nodiscard]] std::vector<PlacedRow> at(std::chrono::milliseconds elapsed) const;
-
-    [[nodiscard]] bool isOver(std::chrono::milliseconds elapsed) const;
 
     /// Where the rows are going.
     [[nodiscard]] const std::vector<PlacedRow>& target() const { return target_; }
@@ -135,7 +133,7 @@ struct RowLine {
     friend bool operator==(const RowLine&, const RowLine&) = default;
 };
 
-/// Where a line stands in its row: the header of a group, then its members.
+/// The position of a line in its row: the header of a group, then its members.
 struct LineSpan {
     int top = 0;
     int height = 0;

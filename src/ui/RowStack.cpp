@@ -37,7 +37,7 @@ void RowStack::setRows(std::vector<RowSlot> slots, RowMotion motion) {
         bindAll();
         return;
     }
-    // When the row with the keyboard leaves, its neighbour takes over.
+    // When the focused row leaves, its neighbour gets the focus.
     const auto focused = focusedLine();
     const bool keepsFocus = !focused || seen.contains(slots_[focused->row].key);
     slots_ = std::move(slots);

@@ -13,16 +13,16 @@
 
 namespace calmora {
 
-/// A list of rows below each other of which only those in sight exist as widgets; they are used
-/// again for other entries. Rows move as a RowMotion says. The widget is as high as its rows.
+/// A list of rows below each other. Only visible rows exist as widgets, which are reused for other
+/// entries. Rows move as a RowMotion says. The widget is as high as its rows.
 class RowStack final : public QWidget {
   public:
     struct Callbacks {
-        /// Makes an empty row.
+        /// Creates an empty row.
         std::function<std::unique_ptr<StackRow>(RowKind)> make;
-        /// Fills a row with what its key stands for; called whenever that may have changed.
+        /// Fills a row with the values of its key; called whenever they may have changed.
         std::function<void(StackRow&, const RowKey&)> bind;
-        /// Brings a span of the list into sight; may be absent.
+        /// Scrolls a span of the list into view; may be absent.
         std::function<void(int top, int height)> reveal;
     };
 
@@ -33,7 +33,7 @@ class RowStack final : public QWidget {
     /// shown. The same rows as before leave a motion that is under way alone.
     void setRows(std::vector<RowSlot> slots, RowMotion motion);
 
-    /// The part in sight, in the list's coordinates.
+    /// Sets the visible part, in the list's coordinates.
     void setBand(int top, int bottom);
 
     /// The widget of a row, while there is one; null otherwise.
@@ -41,29 +41,29 @@ class RowStack final : public QWidget {
 
     [[nodiscard]] bool isMoving() const;
 
-    /// Moves the keyboard a line down (1) or up (-1), from outside to the first line in sight.
+    /// Moves the focus a line down (1) or up (-1), from outside to the first visible line.
     /// False when there is no line to move to.
     bool moveFocus(int step);
 
-    /// Gives the keyboard to a line, which is brought into sight first.
+    /// Focuses a line, which is scrolled into view first.
     void focusLine(RowLine line, RowColumn column);
 
-    /// Where the keyboard is; absent when it is outside the list.
+    /// The line with the focus; absent when it is outside the list.
     [[nodiscard]] std::optional<RowLine> focusedLine() const;
 
-    /// The controls that Tab visits in the line that has, or would get, the keyboard.
+    /// The controls that Tab visits in the line that has, or would get, the focus.
     [[nodiscard]] std::vector<QWidget*> tabStops() const;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void leaveEvent(QEvent* event) override;
-    /// A row that moved under the resting pointer was never entered, so nothing tells it that the
-    /// pointer has left; the row that is entered next does.
+    /// A row that moved under the resting pointer gets no leave event; the next row that the
+    /// pointer enters updates it.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void updateHover();
-    /// Makes, places and puts away widgets so that those in sight stand where they are.
+    /// Creates, places and recycles widgets for the visible rows.
     void arrange();
     void bindAll();
     StackRow& realize(const RowKey& key);
@@ -79,7 +79,7 @@ class RowStack final : public QWidget {
     std::map<RowKind, std::vector<std::unique_ptr<StackRow>>> spare_;
     int bandTop_ = 0;
     int bandBottom_ = 0;
-    /// The row that had the keyboard last.
+    /// The row that had the focus last.
     std::optional<RowKey> lastFocused_;
     int lastLine_ = 0;
 };

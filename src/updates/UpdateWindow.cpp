@@ -9,7 +9,7 @@
 namespace calmora {
 namespace {
 
-/// Title bars and task switchers take what they need from this size.
+/// Title bars and task switchers scale from this size.
 constexpr int windowIconSide = 64;
 
 } // namespace
@@ -24,7 +24,7 @@ UpdateWindow::~UpdateWindow() {
 void UpdateWindow::show(const UpdateReport& report) {
     if (!panel_) {
         panel_ = new UpdatePanel(icon_, openPage_, [this] {
-            panel_.clear(); // It goes by itself.
+            panel_.clear(); // It deletes itself.
             closed_.emit();
         });
         panel_->setWindowIcon(imagePixmap(icon_, windowIconSide, 1));

@@ -9,7 +9,7 @@
 
 namespace calmora {
 
-/// Shows answers in one small window, which waits for nobody and raises itself with each answer.
+/// Shows answers in one small, modeless window, which is raised with each answer.
 class UpdateWindow final : public UpdatePresenter {
   public:
     UpdateWindow(Image icon, UpdatePanel::OpenPage openPage);

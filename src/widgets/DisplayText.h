@@ -22,7 +22,7 @@ namespace calmora {
 /// The shownName() of a name from outside.
 [[nodiscard]] QString displayName(const std::string& name);
 
-/// Which end of its line a text stands at, as the reader of the interface sees it.
+/// The end of a line that a text is aligned to, in the reading direction of the interface.
 enum class LineEnd { leading, trailing };
 
 /// Draws one line of text, centred vertically, at an end of `bounds`. The text reads in its own

@@ -30,7 +30,7 @@ void drawSymbol(QPainter& painter, const QRect& bounds, const QString& name, int
 /// Draws a decoded picture into the middle of `bounds`.
 void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap);
 
-/// A symbol that stands in for an icon, and its side.
+/// A symbol shown in place of an icon, and its side.
 struct IconSubstitute {
     QString symbol;
     int side = 0;

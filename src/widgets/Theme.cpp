@@ -115,7 +115,7 @@ QFont Theme::font(TextStyle style, QFont::Weight weight) {
 }
 
 int Theme::symbolSide(int points) {
-    // A symbol is a little larger than the letters that it stands beside. Even sides match the
+    // A symbol is a little larger than the letters beside it. Even sides match the
     // grid on which the symbols are drawn, and centre without halves.
     return 2 * static_cast<int>(std::lround(points * 1.25 * textScale() / 2));
 }

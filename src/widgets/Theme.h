@@ -31,7 +31,7 @@ enum class TextStyle {
     caption2,
 };
 
-/// Colours by what they mean.
+/// Colours by meaning.
 enum class ThemeColor {
     /// Text.
     primary,
@@ -47,7 +47,7 @@ enum class ThemeColor {
     teal,
     /// Faint teal behind a teal text: teal at 0.12.
     tealFill,
-    /// The face of what is ticked: a teal that text in onAccent can be read on.
+    /// The face of a ticked control; text in onAccent is readable on it.
     accentFace,
     /// Harm.
     red,
@@ -57,7 +57,7 @@ enum class ThemeColor {
     controlBorder,
     /// Face of an empty check box.
     controlFace,
-    /// The ring around the control that has the keyboard.
+    /// The ring around the focused control.
     focusRing,
 };
 
@@ -93,20 +93,20 @@ class Theme {
     Appearance appearance_;
 };
 
-/// The palette of an appearance, for desktops that tell only whether they are dark.
+/// The palette of an appearance, for desktops that report only light or dark.
 [[nodiscard]] QPalette themePalette(Appearance appearance);
 
 /// Prepares the application: its style, the bound of the picture cache, and, where the desktop
 /// gives no palette of its own, the light palette. Call once, before the first widget.
 void installTheme(QApplication& application);
 
-/// Turns the whole application light or dark, now; for a preference that the desktop tells.
+/// Turns the whole application light or dark at once, as the desktop prefers.
 void setAppearance(Appearance appearance);
 
-/// Draws the ring of the control that has the keyboard around `bounds`.
+/// Draws the ring of the focused control around `bounds`.
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme);
 
-/// Whether `widget` has the keyboard and the user got there by keyboard.
+/// Whether `widget` has the focus and got it by keyboard.
 [[nodiscard]] bool showsFocus(const QWidget& widget);
 
 } // namespace calmora

@@ -268,14 +268,14 @@ void drawTab(QPainter& painter, const QStyleOptionTab& option, const QTabBar& ba
     painter.drawText(tab.adjusted(0, side + 2 * tabPadding, 0, -tabPadding), Qt::AlignCenter,
                      option.text);
     if (isChosen && showsFocus(bar)) {
-        // Inside the tab: the bar has no room around it.
+        // Inside the tab: the bar has no space around it.
         constexpr int inset = metrics::focusRing;
         drawFocusRing(painter, tab.adjusted(inset, inset, -inset, -inset),
                       metrics::rowRadius - inset, theme);
     }
 }
 
-/// Whether a scroll bar belongs to an area of widgets, which leaves room for it; lists of text
+/// Whether a scroll bar belongs to an area of widgets, which leaves space for it; lists of text
 /// keep their bar beside them.
 bool liesOver(const QWidget* bar) {
     const QWidget* area = bar;

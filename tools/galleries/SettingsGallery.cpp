@@ -1,4 +1,4 @@
-// Draws the General pane and its sheet into pictures, for people to look at.
+// Draws the General pane and its sheet into pictures for visual checks.
 // Usage: calmora_settings_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
 
 #include "platform/qt/QtLocalizedStrings.h"

@@ -12,7 +12,7 @@ std::string geometry(const Rect& rect) {
            std::to_string(rect.x) + "+" + std::to_string(rect.y);
 }
 
-TEST(PopoverPlacement, StandsBesideTheIconAndInsideItsScreen) {
+TEST(PopoverPlacement, IsBesideTheIconAndInsideItsScreen) {
     constexpr Size size{360, 500};
     const ScreenArea free{{0, 0, 1280, 800}, {0, 0, 1280, 800}};
     const ScreenArea topPanel{{0, 0, 1280, 800}, {0, 24, 1280, 776}};
@@ -51,7 +51,7 @@ TEST(PopoverPlacement, StandsBesideTheIconAndInsideItsScreen) {
     }
 }
 
-TEST(FocusMove, ClosesOnlyWhenSomeoneTurnedAway) {
+TEST(FocusMove, ClosesOnlyWhenTheUserLeft) {
     const struct {
         std::string name;
         FocusMove move;

@@ -200,7 +200,7 @@ TEST_F(AppListViewModelTest, PollsWithOneTimerUntilStopped) {
     EXPECT_TRUE(machine.runLoop.timers().empty()) << "a timer ends with its model";
 }
 
-TEST_F(AppListViewModelTest, DropsTheCountersOfWhatLeftBothLists) {
+TEST_F(AppListViewModelTest, DropsCountersOfEndedApplications) {
     launchSome();
     launch(7, "Agent", "org.agent");
     model.refresh();
@@ -212,7 +212,7 @@ TEST_F(AppListViewModelTest, DropsTheCountersOfWhatLeftBothLists) {
     EXPECT_TRUE(model.snapshots().contains(7)) << "in the other list by now";
 }
 
-TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
+TEST_F(AppListViewModelTest, QuitsAndRemovesWhatHasEnded) {
     launchSome();
     launch(6, "Stays", "org.stays").endsAfterTerminate.reset();
     settings.playSounds.set(true);
@@ -250,7 +250,7 @@ TEST_F(AppListViewModelTest, QuitsAndTakesOutWhatIsGone) {
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
 }
 
-TEST_F(AppListViewModelTest, TellsOfEveryWrite) {
+TEST_F(AppListViewModelTest, NotifiesOfEveryWrite) {
     launch(1, "One", "org.one");
     launch(2, "Two", "com.spotify.client");
     using enum Change::Property;

@@ -1,6 +1,5 @@
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtInputGate.h"
-#include "platform/qt/popover/QtPopover.h"
 #include "platform/qt/window/ManagedTransientWindows.h"
 
 #include <gtest/gtest.h>
@@ -13,32 +12,6 @@
 
 namespace calmora {
 namespace {
-
-TEST(QtPopover, TellsOfShowingAndClosingOnce) {
-    ManagedTransientWindows windows;
-    AlertSession alerts;
-    QtPopover popover(windows, alerts);
-    auto content = std::make_unique<QLineEdit>();
-    QLineEdit& field = *content;
-    popover.setContent(std::move(content));
-    popover.setContentSize({360, 500});
-    std::string heard;
-    const Subscription shows = popover.onWillShow([&] {
-        EXPECT_FALSE(field.isVisible());
-        heard += "show ";
-    });
-    const Subscription closes = popover.onDidClose([&] { heard += "close "; });
-    popover.performClose();
-    popover.show(Rect{100, 0, 24, 24});
-    popover.show(Rect{100, 0, 24, 24});
-    EXPECT_TRUE(field.isVisible());
-    EXPECT_EQ(field.mapToGlobal(QPoint()).x(), popover.bounds().x + 1);
-    QTest::keyClick(&field, Qt::Key_Escape);
-    EXPECT_FALSE(popover.isShown() || field.isVisible());
-    EXPECT_EQ(heard, "show close ");
-    popover.show({});
-    EXPECT_TRUE(popover.isShown()) << "closed by its own action, it opens at once";
-}
 
 TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
     ManagedTransientWindows windows;

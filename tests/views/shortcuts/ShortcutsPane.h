@@ -2,7 +2,6 @@
 
 #include "KeyboardShortcuts/Modifiers.h"
 #include "KeyboardShortcuts/RecorderCocoa.h"
-#include "app/HotKeyManager.h"
 #include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeText.h"

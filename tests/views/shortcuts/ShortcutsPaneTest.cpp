@@ -42,20 +42,15 @@ class ShortcutsPaneTest : public testing::Test {
 
 TEST_F(ShortcutsPaneTest, RecordsShowsAndClears) {
     RecorderCocoa& recorder = pane->recorder("quitAll");
-    EXPECT_FALSE(recorder.isRecording());
     EXPECT_TRUE(recorder.canBecomeKeyView()) << "Tab may choose it by now";
-    EXPECT_EQ(recorder.width(), 130);
     QTest::mouseClick(&recorder, Qt::LeftButton);
     press(recorder, 40, Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     EXPECT_EQ(stored("quitAll"), R"({"carbonKeyCode":40,"carbonModifiers":6400})");
-    EXPECT_EQ(recorder.text(), "⌃⌥⌘K");
-    EXPECT_EQ(recorder.toolTip(), "Control+Alt+Super+K");
     EXPECT_EQ(recorder.accessibleName(), "Quit all: Control+Alt+Super+K");
     auto* clear = recorder.findChild<QToolButton*>("cancelButton");
     ASSERT_TRUE(clear->isVisible());
     QTest::mouseClick(clear, Qt::LeftButton);
     EXPECT_EQ(stored("quitAll"), "none");
-    EXPECT_TRUE(recorder.text().isEmpty() && !clear->isVisible());
     EXPECT_TRUE(recorder.isRecording()) << "goes on for another one";
     press(recorder, 40, Qt::GroupSwitchModifier);
     EXPECT_TRUE(recorder.isRecording()) << "AltGr is no modifier";
@@ -108,7 +103,7 @@ TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
     EXPECT_NE(seen.find("“Quit Calmora”"), std::string::npos) << seen;
 }
 
-TEST_F(ShortcutsPaneTest, NothingStaysPausedBehindAHiddenOrEndedPane) {
+TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsHiddenOrDeleted) {
     QTest::mouseClick(&pane->recorder("quitAll"), Qt::LeftButton);
     ASSERT_TRUE(pane->shortcuts.handlersPaused());
     pane->window.hide();
@@ -162,27 +157,6 @@ TEST(ShortcutsPaneHint, NothingIsCutOffInLargeFonts) {
         EXPECT_TRUE(area->viewport()->rect().contains(
             recorder.mapTo(area->viewport(), recorder.rect().center())));
     }
-}
-
-TEST(HotKeyManager, RunsWhatIsSetWhenTheKeyIsPressed) {
-    ShortcutsPane pane;
-    auto manager = std::make_unique<HotKeyManager>(pane.shortcuts);
-    std::string heard;
-    manager->registerShortcuts();
-    EXPECT_TRUE(pane.hotKeys.takeCalls().empty()) << "none has a default";
-    pane.shortcuts.setShortcut(Shortcut{1, CarbonModifiers::control}, {"quitAll", {}});
-    pane.hotKeys.fire(1);
-    manager->onQuitAll = [&] {
-        heard += "1";
-        manager->onQuitAll = [&] { heard += "2"; };
-    };
-    for (const char* expected : {"1", "12"}) {
-        pane.hotKeys.fire(1);
-        EXPECT_EQ(heard, expected);
-    }
-    manager.reset();
-    pane.hotKeys.fire(1);
-    EXPECT_EQ(heard, "12");
 }
 
 } // namespace

@@ -34,7 +34,7 @@ double contrast(const QColor& text, const QColor& ground) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-TEST(Theme, FollowsThePaletteAndStaysReadable) {
+TEST(Theme, FollowsThePaletteWithReadableContrast) {
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         const QPalette palette = themePalette(appearance);
         const Theme theme(palette);

@@ -302,7 +302,7 @@ TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
     press(Qt::Key_Tab);
     press(Qt::Key_Down);
     EXPECT_EQ(QApplication::focusWidget(), &rowButton("Beta", "quit"));
-    // The row goes, its neighbour gets the keyboard; it is protected and takes it as a whole.
+    // The row goes and its neighbour gets the focus, as a whole because it is protected.
     press(Qt::Key_Return);
     EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(2));
     settle();
@@ -328,7 +328,7 @@ TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
               QAccessible::Button);
 }
 
-TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
+TEST_F(MenuPopoverViewTest, CreatesOnlyVisibleRows) {
     for (ProcessId pid = 1000; pid < 1500; ++pid) {
         launch(pid, "App " + std::to_string(pid));
     }
@@ -341,7 +341,7 @@ TEST_F(MenuPopoverViewTest, HoldsOnlyTheRowsInSight) {
     EXPECT_EQ(rows().back(), "App 1499");
     EXPECT_LT(view->findChildren<QWidget*>("appRow").size(), 14);
 
-    // The row with the keyboard stays while it is out of sight, and the arrows bring it back.
+    // The focused row is kept while it is scrolled out, and the arrows bring it back.
     bar->setValue(0);
     QTest::keyClick(view, Qt::Key_Down);
     bar->setValue(bar->maximum());

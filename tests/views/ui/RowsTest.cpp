@@ -137,7 +137,7 @@ TEST(AppRowView, ShowsANameAsItIsWrittenAndNeverAsMarkup) {
     EXPECT_TRUE(view.accessibleName().startsWith(shown));
     EXPECT_EQ(view.toolTip(), shown);
 
-    alarm(20); // Whoever takes the name for markup waits for the pipe forever.
+    alarm(20); // Reading the name as markup would block on the pipe.
     QHelpEvent help(QEvent::ToolTip, QPoint(80, 20), view.mapToGlobal(QPoint(80, 20)));
     QApplication::sendEvent(&view, &help);
     QWidgetList windows = QApplication::topLevelWidgets();

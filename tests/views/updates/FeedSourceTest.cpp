@@ -103,7 +103,7 @@ struct FeedSourceTest : testing::Test {
     Server server{std::make_unique<QTcpServer>()};
 };
 
-TEST_F(FeedSourceTest, ReadsFromTheServerWhatItMay) {
+TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
     const QByteArray large(1024 * 1024 + 1, ' ');
     const std::string elsewhere =
         "http://localhost:" + std::to_string(server.server.serverPort()) + "/good";
@@ -160,7 +160,7 @@ TEST_F(FeedSourceTest, ReadsFilesWithoutTheNetwork) {
     }
 }
 
-TEST_F(FeedSourceTest, TrustsWhomTheSystemTrusts) {
+TEST_F(FeedSourceTest, TrustsTheSystemsCertificates) {
     const TempFolder folder;
     const QString key = QString::fromStdString((folder.path() / "key.pem").string());
     const QString certificate = QString::fromStdString((folder.path() / "cert.pem").string());
@@ -192,7 +192,7 @@ TEST_F(FeedSourceTest, TrustsWhomTheSystemTrusts) {
     QSslConfiguration::setDefaultConfiguration(usual);
 }
 
-TEST_F(FeedSourceTest, HangsUpWhenNobodyWaitsAnyMore) {
+TEST_F(FeedSourceTest, EndsTheTransferWhenItIsCancelled) {
     FeedSource source(server.address("/silence"), NETWORK_LIBRARY, {}, loop);
     bool isTold = false;
     Subscription token = source.fetch([&](const ReleaseList&) { isTold = true; });

@@ -57,7 +57,7 @@ std::string told(const ReleaseList& list) {
 
 const std::string unreadable = told(UpdateError::unreadable);
 
-TEST(ReleaseReader, ReadsWhatAppStreamFilesSay) {
+TEST(ReleaseReader, ReadsAppStreamFiles) {
     const std::string rest = "|https://example.org/1.2?a=b&c\n2.0~rc1?||\n";
     const std::string english =
         "1.2|Quicker and smaller <b> & more.\n\n• One\n• <i>Two</i>\n\nLast" + rest;
@@ -79,7 +79,7 @@ TEST(ReleaseReader, ReadsWhatAppStreamFilesSay) {
     }
 }
 
-TEST(ReleaseReader, RefusesWhatIsNoList) {
+TEST(ReleaseReader, RefusesAnythingButAList) {
     const std::string inside = "<releases><release version='1'/>";
     for (const std::string& xml :
          {""s, "1.2"s, "<html></html>"s, inside, inside + "</releases><more/>",
@@ -102,7 +102,7 @@ TEST(ReleaseReader, RefusesWhatIsNoList) {
               told(UpdateError::tooLarge));
 }
 
-TEST(ReleaseReader, TakesNoLongerForTheHostile) {
+TEST(ReleaseReader, ReadsHostileListsInLinearTime) {
     const auto repeated = [](const std::string& part, const std::string& before = "<releases>",
                              const std::string& after = "</releases>") {
         std::string xml = before;

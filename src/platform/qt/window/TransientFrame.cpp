@@ -16,7 +16,7 @@ namespace calmora {
 
 namespace {
 
-/// Room for the shadow, and how far it falls below.
+/// Space for the shadow, and how far it is shifted down.
 constexpr int shadowReach = 18;
 constexpr int shadowDrop = 3;
 constexpr double cornerRadius = 12;
@@ -24,7 +24,7 @@ constexpr int edge = 1;
 
 void paintShadow(QPainter& painter, const QRectF& bounds) {
     painter.setPen(Qt::NoPen);
-    // Thin layers that add up: dense at the edge, nothing at the reach.
+    // Thin layers that add up: dense at the edge, transparent at the reach.
     for (int ring = shadowReach; ring > 0; --ring) {
         const double strength = 1.0 - static_cast<double>(ring) / shadowReach;
         painter.setBrush(QColor(0, 0, 0, static_cast<int>(7 * strength * strength) + 1));
@@ -55,7 +55,7 @@ void TransientFrame::showAt(const QRect& bounds) {
     setFloating(windows_.isComposited());
     setBounds(bounds);
     show();
-    // Otherwise everything is painted by the exposure and then, asked for by show(), once more.
+    // Otherwise everything is painted twice: on exposure and because of show().
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     if (isFloating_ && windowHandle()) {
         const qreal scale = devicePixelRatio();
@@ -75,7 +75,7 @@ void TransientFrame::setFloating(bool isFloating) {
     if (std::exchange(isFloating_, isFloating) == isFloating && windowHandle()) {
         return;
     }
-    // Whether a window can be translucent is settled when it is made.
+    // Translucency is fixed when a window is created.
     destroy();
     setAttribute(Qt::WA_TranslucentBackground, isFloating_);
     const int around = margin() + edge;
@@ -128,7 +128,7 @@ void TransientFrame::paintEvent(QPaintEvent* event) {
     const int inset = static_cast<int>(cornerRadius);
     const bool isInside = inner.adjusted(edge, inset, -edge, -inset).contains(event->rect());
     if (isInside) {
-        // A row repaints: no edge, no corner.
+        // Only a row is repainted: no edge, no corner.
         painter.fillRect(event->rect(), palette().window());
         return;
     }
@@ -136,7 +136,7 @@ void TransientFrame::paintEvent(QPaintEvent* event) {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(event->rect(), Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    // Many layers, so only where they are seen.
+    // Many layers, so only where they are visible.
     painter.setClipRegion(QRegion(event->rect()) - inner.adjusted(inset, edge, -inset, -edge) -
                           inner.adjusted(edge, inset, -edge, -inset));
     paintShadow(painter, inner);

@@ -17,7 +17,7 @@ class TransientFrame : public QWidget {
     /// The frame's content.
     void setBody(std::unique_ptr<QWidget> body);
 
-    /// Shows the body at `bounds`, on the virtual screen; shadow and edge lie around it.
+    /// Shows the body at `bounds`, on the virtual screen; shadow and edge surround it.
     void showAt(const QRect& bounds);
 
     /// Moves and resizes the body.
