@@ -26,16 +26,17 @@ TEST(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
         second.all.push_back(window);
     }
     CompositeWindowSystem windows({&machine.windows, &second});
-    LinuxProcessTable table(machine.reader, machine.memory, [&](ProcessId process) {
-        return !isOneOfSeveralOwners(windows.windows(), process);
+    LinuxProcessTable table(machine.reader, machine.memory, machine.guard, [&](ProcessId process) {
+        return isOneOfSeveralOwners(windows.windows(), process);
     });
-    LinuxWorkspace workspace({machine.events,
+    LinuxWorkspace workspace({machine.clock,
+                              machine.events,
                               windows,
                               machine.reader,
                               machine.memory,
                               table,
                               machine.installed,
-                              machine.fence,
+                              machine.guard,
                               machine.bus,
                               {}});
     const auto listed = [&] {

@@ -40,8 +40,8 @@ std::size_t halfOfOpenFiles() {
 LinuxProcessTable::LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
                                      ProtectedProcesses& protection,
                                      std::function<bool(ProcessId)> isSpared)
-    : reader_(reader), memory_(memory), protection_(protection), isSpared_(std::move(isSpared)), fileLimit_(halfOfOpenFiles()),
-      pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
+    : reader_(reader), memory_(memory), protection_(protection), isSpared_(std::move(isSpared)),
+      fileLimit_(halfOfOpenFiles()), pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
 
 std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
     const auto stat = reader_.stat(process);

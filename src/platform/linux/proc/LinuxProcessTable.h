@@ -31,8 +31,7 @@ class LinuxProcessTable final : public ProcessTable {
     /// and so is `isSpared`, which names applications that may be asked but not signalled; empty
     /// names none. The references must outlive the table.
     LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
-                      ProtectedProcesses& protection,
-                      std::function<bool(ProcessId)> isSpared = {});
+                      ProtectedProcesses& protection, std::function<bool(ProcessId)> isSpared = {});
 
     [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override;
     [[nodiscard]] std::vector<ProcessId> allProcesses() const override;
