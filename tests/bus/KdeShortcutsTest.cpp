@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDBusArgument>
-#include <QDBusMetaType>
-#include <QDBusObjectPath>
 #include <QThread>
 
 namespace calmora {
@@ -49,7 +46,11 @@ TEST(KdeShortcuts, AreThoseOfEveryProgram) {
     };
     ScriptedObject kwin(daemon, "/kwin",
                         answering({{{0x08000000 + 0x01000033, 0x10000041}}, {{0}}, {{}}}));
-    ScriptedObject kmix(daemon, "/kmix", answering({{{0x04000042}}}));
+    // Umlaut and arrow; an unknown key, the keypad and no key.
+    ScriptedObject kmix(daemon, "/kmix",
+                        answering({{{0x080000E4, 0x0E000000 + 0x01000012}},
+                                   {{0x08000000 + 0x01000085, 0x24000035}},
+                                   {{0x04000000}}}));
     ScriptedObject odd(daemon, "/odd", [](const QDBusMessage&) { return QVariantList{"none"}; });
     for (QObject* object : std::initializer_list<QObject*>{&list, &kwin, &kmix, &odd}) {
         object->moveToThread(&thread);
@@ -57,7 +58,8 @@ TEST(KdeShortcuts, AreThoseOfEveryProgram) {
     thread.start();
     ASSERT_TRUE(daemon.registerService("org.kde.kglobalaccel"));
     EXPECT_EQ(shortcuts(),
-              (std::vector<Accelerator>{{0x800, "F4"}, {0x100, "U0041"}, {0x1000, "U0042"}}));
+              (std::vector<Accelerator>{
+                  {0x800, "F4"}, {0x100, "U0041"}, {0x800, "U00E4"}, {0x1A00, "Left"}}));
     thread.quit();
     thread.wait();
 }

@@ -1,12 +1,8 @@
 #include "settings/AppSettings.h"
 
-#include "fakes/FakePlatform.h"
-#include "settings/NeverQuitList.h"
+#include "fakes/FakeUserDefaults.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
 
 namespace calmora {
 namespace {
@@ -81,9 +77,10 @@ TEST(AppSettings, ReadStoreAndResetEveryPreference) {
 
 TEST(AppSettings, ReadInvalidValuesAsTheDefault) {
     FakeUserDefaults defaults;
-    const Stored foreign{{"neverQuitMusicApps", "no"s}, {"sortOrder", "cpu"s},
-                         {"resourceDisplay", "Both"s},  {"defaultQuitMode", std::int64_t{1}},
-                         {"autoQuitMinutes", "15"s},    {"neverQuitApps", "a"s}};
+    const Stored foreign{{"neverQuitMusicApps", "no"s},
+                         {"sortOrder", "cpu"s},
+                         {"autoQuitMinutes", "15"s},
+                         {"neverQuitApps", "a"s}};
     defaults.stored = foreign;
     EXPECT_EQ(stored(AppSettings(defaults)), initial);
     EXPECT_EQ(defaults.stored, foreign);
@@ -111,35 +108,6 @@ TEST(AppSettings, PersistEveryWriteThenNotifyOfChanges) {
     EXPECT_EQ(heard, (std::vector<DefaultsValue>{std::int64_t{45}, Strings{"a", "b"},
                                                  Strings{"a", "b", "c"}, Strings{"a", "b", "c"},
                                                  Strings{"b", "c"}}));
-}
-
-TEST(AppSettings, MayBeDestroyedByAnObserver) {
-    using Action = std::function<void(AppSettings&)>;
-    for (const auto& [action, writes] : std::initializer_list<std::pair<Action, std::size_t>>{
-             {[](AppSettings& s) { s.playSounds.set(true); }, 1},
-             {[](AppSettings& s) { s.addToNeverQuit("a"); }, 1},
-             {[](AppSettings& s) { s.resetToDefaults(); }, 5}}) {
-        FakeUserDefaults defaults;
-        defaults.stored = {{"sortOrder", "cpuUsage"s}};
-        auto settings = std::make_unique<AppSettings>(defaults);
-        const Subscription any = settings->observeAny([&] { settings.reset(); });
-        action(*settings);
-        EXPECT_EQ(settings, nullptr);
-        EXPECT_EQ(defaults.writes.size(), writes);
-    }
-}
-
-TEST(NeverQuitList, ProtectsUnderStoredAndCanonicalIdentifiers) {
-    FakePlatform machine;
-    machine.workspace.canonicalIdentifiers = {{"firefox-esr", "org.mozilla.firefox"}};
-    AppSettings settings(machine.defaults);
-    settings.neverQuitApps.set({"firefox-esr", "org.mozilla.firefox", "xterm"});
-    const NeverQuitList list(settings, machine.workspace);
-    EXPECT_TRUE(list.contains("org.mozilla.firefox"));
-    EXPECT_TRUE(list.contains("xterm"));
-    EXPECT_FALSE(list.contains("XTerm"));
-    EXPECT_EQ(list.storedFor("org.mozilla.firefox"),
-              (Strings{"firefox-esr", "org.mozilla.firefox"}));
 }
 
 } // namespace
