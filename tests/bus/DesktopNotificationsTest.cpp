@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDBusArgument>
-
 namespace calmora {
 namespace {
 

@@ -9,16 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QDBusMetaType>
-#include <QDBusObjectPath>
-#include <QDBusPendingCall>
-#include <QDBusVariant>
-
 #include <unistd.h>
-
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace calmora {
 namespace {
@@ -51,25 +42,14 @@ std::vector<QVariantList> manyKinds() {
     const QVariant names = QStringList{"quit", player};
     const QVariant ids = QVariant::fromValue(QList<int>{0, 1});
     const QVariant events = QVariant::fromValue(QList<DbusMenuEvent>{{0, "opened"}});
-    const QVariant values[] = {
-        1,
-        1U,
-        true,
-        1.5,
-        text,
-        names,
-        ids,
-        events,
-        deep,
-        wrapped(ids),
-        wrapped(names),
-        wrapped(true),
-        QByteArray("bytes"),
-        QVariantList{1, "x"},
-        QVariantMap{{"CanQuit", QVariantList{1}}},
-        QVariant::fromValue(QList<DbusMenuProperties>{{0, {{"x", 1}}}}),
-        QVariant::fromValue(DbusToolTip{"x", {{1, 1, "abcd"}}, "y", "z"}),
-    };
+    QVariantList values{1, 1U, true, 1.5, text, names, ids, events, deep, QByteArray("bytes")};
+    values += {wrapped(ids),
+               wrapped(names),
+               wrapped(true),
+               QVariant(QVariantList{1, "x"}),
+               QVariantMap{{"CanQuit", QVariantList{1}}},
+               QVariant::fromValue(QList<DbusMenuProperties>{{0, {{"x", 1}}}}),
+               QVariant::fromValue(DbusToolTip{"x", {{1, 1, "abcd"}}, "y", "z"})};
     std::vector<QVariantList> kinds{{}, {0, 0, 0, 0}, {0, text, deep, text}};
     for (const QVariant& value : values) {
         kinds.push_back({value});

@@ -4,7 +4,6 @@
 #include <QFile>
 
 #include <algorithm>
-#include <utility>
 
 namespace calmora {
 namespace {

@@ -2,15 +2,10 @@
 
 #include "support/QtWaiting.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QProcess>
-#include <QString>
 #include <QTemporaryDir>
-#include <QVariantList>
+#include <QtDBus>
 
-#include <chrono>
 #include <functional>
 #include <vector>
 

@@ -38,16 +38,6 @@ TEST(SingleInstanceTest, isProvenByTheNameOnTheBus) {
         EXPECT_TRUE(loopUntil([&] { return activations == 1; })) << "a start before the listener";
         EXPECT_FALSE(startAgain(bus.connect(), folder.path().toStdString()));
         EXPECT_TRUE(loopUntil([&] { return activations == 2; }));
-
-        const auto call = [&](const char* method, const QVariantList& arguments) {
-            return callAndWait(bus.connect(), id, "/org/example/The_Program",
-                               "org.freedesktop.Application", method, arguments)
-                .type();
-        };
-        EXPECT_EQ(call("Open", {QStringList{"file:///x"}, QVariantMap()}),
-                  QDBusMessage::ReplyMessage);
-        EXPECT_EQ(call("Quit", {}), QDBusMessage::ErrorMessage);
-        EXPECT_TRUE(loopUntil([&] { return activations == 3; }));
     }
     ASSERT_TRUE(own.unregisterService(id));
     EXPECT_TRUE(SingleInstance(bus.connect(), id, folder.path().toStdString()).isFirst());
@@ -65,8 +55,7 @@ TEST(SingleInstanceTest, isProvenByALockWithoutABus) {
         int activations = 0;
         const Subscription token = first.onActivated([&] { ++activations; });
         EXPECT_FALSE(startAgain(noBus, runtime));
-        EXPECT_FALSE(startAgain(noBus, runtime));
-        EXPECT_TRUE(loopUntil([&] { return activations == 2; }));
+        EXPECT_TRUE(loopUntil([&] { return activations == 1; }));
     }
     EXPECT_TRUE(SingleInstance(noBus, id, runtime).isFirst()) << "after the end of the first";
     EXPECT_TRUE(SingleInstance(noBus, id, "/no/such/folder").isFirst()) << "nothing can be proven";
