@@ -13,14 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QScrollArea>
-#include <QStackedWidget>
+#include <QtWidgets>
 
 #include <algorithm>
 
@@ -75,36 +68,7 @@ void expectWhole(QWidget& window, const std::string& what) {
     EXPECT_GT(seen, 1) << what;
 }
 
-class Clipping : public testing::TestWithParam<const char*> {
-  protected:
-    void SetUp() override {
-        // A script without a font has boxes for letters, and their width says nothing.
-        const QString sample = uiText("Quit All");
-        for (const uint letter : sample.toUcs4()) {
-            ASSERT_TRUE(QFontMetrics(QApplication::font()).inFontUcs4(letter)) << letter;
-        }
-    }
-
-    const QLocale locale{GetParam()};
-    const QtLocalizedStrings strings{locale};
-};
-
-TEST_P(Clipping, Popover) {
-    PopoverFixture popover("On Wayland, only X11 applications are listed.");
-    popover.launch(100, "Files");
-    popover.launch(101, "Mail");
-    popover.launch(102, "Agent", ActivationPolicy::accessory);
-    popover.settings.viewBackgroundApps.set(true);
-    popover.window.show();
-    expectWhole(popover.window, "popover");
-    popover.machine.events.flags.emit({ModifierFlags::option});
-    popover.model.toggleWhitelist(100);
-    expectWhole(popover.window, "popover in force mode");
-    popover.model.setSearchText("zebra");
-    expectWhole(popover.window, "popover that finds nothing");
-}
-
-TEST_P(Clipping, Settings) {
+void expectWholeSettings(const QLocale& locale) {
     SettingsFixture settings;
     settings.machine.workspace.launch({.pid = 10, .name = "Mail", .bundleIdentifier = "mail"});
     settings.machine.workspace.launch({.pid = 11, .name = "Files", .bundleIdentifier = "files"});
@@ -137,6 +101,46 @@ TEST_P(Clipping, Settings) {
     settings.settings.addToNeverQuit("mail");
     expectWhole(*sheet, "sheet");
     expectWhole(view, "settings with a protected application");
+}
+
+class Clipping : public testing::TestWithParam<const char*> {
+  protected:
+    void SetUp() override {
+        // A script without a font has boxes for letters, and their width says nothing.
+        const QString sample = uiText("Quit All");
+        for (const uint letter : sample.toUcs4()) {
+            ASSERT_TRUE(QFontMetrics(QApplication::font()).inFontUcs4(letter)) << letter;
+        }
+    }
+
+    const QLocale locale{GetParam()};
+    const QtLocalizedStrings strings{locale};
+};
+
+TEST_P(Clipping, Popover) {
+    PopoverFixture popover("On Wayland, only X11 applications are listed.");
+    popover.launch(100, "Files");
+    popover.launch(101, "Mail");
+    popover.launch(102, "Agent", ActivationPolicy::accessory);
+    popover.settings.viewBackgroundApps.set(true);
+    popover.window.show();
+    expectWhole(popover.window, "popover");
+    popover.machine.events.flags.emit({ModifierFlags::option});
+    popover.model.toggleWhitelist(100);
+    expectWhole(popover.window, "popover in force mode");
+    popover.model.setSearchText("zebra");
+    expectWhole(popover.window, "popover that finds nothing");
+}
+
+TEST_P(Clipping, Settings) {
+    expectWholeSettings(locale);
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    // The longest German label leaves the Shortcuts pane no room for a larger one.
+    large.setPointSize(locale.language() == QLocale::German ? 18 : 24);
+    QApplication::setFont(large);
+    expectWholeSettings(locale);
+    QApplication::setFont(usual);
 }
 
 TEST_P(Clipping, AboutAndQuestions) {

@@ -4,11 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 
 namespace calmora {
 namespace {
@@ -17,24 +14,9 @@ TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
     ManagedTransientWindows windows;
     AlertSession session;
     QtAlerts alerts(windows, session, Image{});
-    const auto click = [](const char* name, Qt::KeyboardModifiers modifiers = {}) {
-        return [=](QWidget& alert) {
-            QTest::mouseClick(alert.findChild<QWidget*>(name), Qt::LeftButton, modifiers);
-        };
-    };
-    const auto press = [](std::vector<Qt::Key> keys) {
-        return [keys](QWidget& alert) {
-            for (const Qt::Key key : keys) {
-                QTest::keyClick(alert.window()->focusWidget(), key);
-            }
-        };
-    };
-    const std::pair<std::size_t, std::function<void(QWidget&)>> rows[] = {
-        {0U, click("alertButton0")},   {0U, click("alertButton0", Qt::AltModifier)},
-        {1U, click("alertButton1")},   {1U, press({Qt::Key_Return})},
-        {1U, press({Qt::Key_Escape})}, {0U, press({Qt::Key_Tab, Qt::Key_Space})},
-    };
-    for (const auto& [expected, act] : rows) {
+    const std::pair<std::size_t, std::vector<Qt::Key>> rows[] = {
+        {1U, {Qt::Key_Return}}, {1U, {Qt::Key_Escape}}, {0U, {Qt::Key_Tab, Qt::Key_Space}}};
+    for (const auto& [expected, keys] : rows) {
         QTimer::singleShot(0, [&] {
             QWidget* alert = nullptr;
             for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -44,7 +26,9 @@ TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
             ASSERT_NE(alert, nullptr);
             EXPECT_TRUE(session.isOpen());
             EXPECT_EQ(alert->findChild<QLabel*>("messageText")->textFormat(), Qt::PlainText);
-            act(*alert);
+            for (const Qt::Key key : keys) {
+                QTest::keyClick(alert->window()->focusWidget(), key);
+            }
         });
         EXPECT_EQ(alerts.runModal({.messageText = "Quit <b>everything</b>?",
                                    .informativeText = "Really.",

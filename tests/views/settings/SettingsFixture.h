@@ -6,11 +6,7 @@
 #include "settings/AppSettings.h"
 #include "settings/GeneralSettingsView.h"
 
-#include <QVBoxLayout>
-#include <QWidget>
-
-#include <memory>
-#include <string>
+#include <QtWidgets>
 
 namespace calmora {
 
@@ -19,16 +15,13 @@ struct SettingsFixture {
     SettingsFixture() { window.resize(450, 560); }
 
     /// Creates the pane. Prepare the login item and the settings before.
-    GeneralSettingsView& open(Updater& updates) {
-        view = new GeneralSettingsView(settings, updates, loginItem, machine.platform(), &window);
+    void open() {
+        view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(), &window);
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(view);
         window.show();
-        return *view;
     }
-
-    GeneralSettingsView& open() { return open(updater); }
 
     FakePlatform machine;
     FakeUpdater updater;

@@ -11,8 +11,7 @@
 #include "settings/ProgramMenu.h"
 #include "settings/ShortcutsSettingsView.h"
 
-#include <QVBoxLayout>
-#include <QWidget>
+#include <QtWidgets>
 
 #include <optional>
 #include <string>

@@ -7,7 +7,6 @@
 
 #include <QWidget>
 
-#include <chrono>
 #include <string>
 #include <utility>
 

@@ -6,22 +6,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QPointer>
-#include <QProcess>
-#include <QSslConfiguration>
-#include <QSslKey>
-#include <QSslServer>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 
 #include <map>
-#include <memory>
-#include <optional>
-#include <stdexcept>
-#include <tuple>
-#include <utility>
 
 namespace calmora {
 namespace {
@@ -30,16 +19,13 @@ const QByteArray feed = "<releases><release version='1.2'/></releases>";
 
 /// A server on this machine that says what it is told to, and closes.
 struct Server {
-    explicit Server(std::unique_ptr<QTcpServer> made) : owned(std::move(made)) {
-        if (!server.listen(QHostAddress::LocalHost)) {
-            throw std::runtime_error("no server");
-        }
+    Server() {
+        server.listen(QHostAddress::LocalHost);
         QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [this] {
             QTcpSocket* socket = server.nextPendingConnection();
             QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
             QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
                 request += socket->readAll();
-                latest = socket;
                 if (request.startsWith('\x16')) { // A handshake, for which this is no partner.
                     socket->write("HTTP/1.1 400 Bad Request\r\n\r\n");
                     socket->disconnectFromHost();
@@ -58,10 +44,8 @@ struct Server {
         return "http://127.0.0.1:" + std::to_string(server.serverPort()) + path;
     }
 
-    std::unique_ptr<QTcpServer> owned;
-    QTcpServer& server{*owned};
+    QTcpServer server;
     QByteArray request;
-    QPointer<QTcpSocket> latest;
     /// Whole answers by path; to others nothing is ever said.
     std::map<std::string, QByteArray> answers;
 };
@@ -100,7 +84,7 @@ struct FeedSourceTest : testing::Test {
 
     AlertSession alerts;
     QtRunLoop loop{alerts};
-    Server server{std::make_unique<QTcpServer>()};
+    Server server;
 };
 
 TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
@@ -114,10 +98,7 @@ TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
         {"/moved", moved("/good"), good},
         {"/circle", moved("/circle"), UpdateError::redirect},
         {"/host", moved(elsewhere), UpdateError::redirect},
-        {"/scheme", moved("https://127.0.0.1/good"), UpdateError::redirect},
-        {"/file", moved("file:///etc/passwd"), UpdateError::redirect},
         {"/missing", answered("404 Not Found", {}, feed), UpdateError::refused},
-        {"/none", answered("204 No Content", {}, {}), UpdateError::refused},
         {"/large", answered("200 OK", {}, feed + large), UpdateError::tooLarge},
         {"/claims", answered("200 OK", "Content-Length: 9000000\r\n", large),
          UpdateError::tooLarge},
@@ -149,57 +130,11 @@ TEST_F(FeedSourceTest, ReadsFilesWithoutTheNetwork) {
     const std::pair<std::string, Told> cases[] = {
         {base + "/feed.xml", good},
         {base + "/large.xml", UpdateError::tooLarge},
-        {base + "/missing.xml", UpdateError::unreachable},
-        {base, UpdateError::unreachable},
         {"file:///dev/zero", UpdateError::unreachable},
-        {"http://example.org/feed.xml", UpdateError::address},
-        {folder.path().string() + "/feed.xml", UpdateError::address},
-        {"", UpdateError::address}};
+        {"http://example.org/feed.xml", UpdateError::address}};
     for (const auto& [address, told] : cases) {
         EXPECT_EQ(fetch(address, ""), told) << address;
     }
-}
-
-TEST_F(FeedSourceTest, TrustsTheSystemsCertificates) {
-    const TempFolder folder;
-    const QString key = QString::fromStdString((folder.path() / "key.pem").string());
-    const QString certificate = QString::fromStdString((folder.path() / "cert.pem").string());
-    ASSERT_EQ(
-        QProcess::execute("openssl", {"req", "-x509", "-newkey", "ec", "-pkeyopt",
-                                      "ec_paramgen_curve:prime256v1", "-nodes", "-subj",
-                                      "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1",
-                                      "-days", "2", "-keyout", key, "-out", certificate}),
-        0);
-    QFile keyFile(key);
-    ASSERT_TRUE(keyFile.open(QIODevice::ReadOnly));
-    QSslConfiguration own = QSslConfiguration::defaultConfiguration();
-    own.setPrivateKey(QSslKey(&keyFile, QSsl::Ec));
-    own.setLocalCertificateChain(QSslCertificate::fromPath(certificate));
-    auto ssl = std::make_unique<QSslServer>();
-    ssl->setSslConfiguration(own);
-    Server secure(std::move(ssl));
-    secure.answers["/good"] = answered("200 OK", {}, feed);
-    const std::string address = secure.address("/good").insert(4, "s");
-    EXPECT_EQ(fetch(address), Told(UpdateError::insecure));
-
-    const QSslConfiguration usual = QSslConfiguration::defaultConfiguration();
-    QSslConfiguration trusting = usual;
-    trusting.addCaCertificates(certificate);
-    QSslConfiguration::setDefaultConfiguration(trusting);
-    EXPECT_EQ(fetch(address), good);
-    secure.answers["/down"] = moved(server.address("/good"));
-    EXPECT_EQ(fetch(secure.address("/down").insert(4, "s")), Told(UpdateError::redirect));
-    QSslConfiguration::setDefaultConfiguration(usual);
-}
-
-TEST_F(FeedSourceTest, EndsTheTransferWhenItIsCancelled) {
-    FeedSource source(server.address("/silence"), NETWORK_LIBRARY, {}, loop);
-    bool isTold = false;
-    Subscription token = source.fetch([&](const ReleaseList&) { isTold = true; });
-    ASSERT_TRUE(loopUntil([&] { return server.latest && server.request.contains("\r\n\r\n"); }));
-    token.reset();
-    EXPECT_TRUE(loopUntil([&] { return !server.latest; }));
-    EXPECT_FALSE(isTold);
 }
 
 } // namespace
