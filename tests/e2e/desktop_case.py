@@ -37,15 +37,6 @@ class DesktopCase(unittest.TestCase):
         self.desktop.wait_for_window(child)
         return child
 
-    def start_unsaved_editor(self):
-        """An editor whose text would be lost; its title has a star."""
-        editor = self.start_application("mousepad")
-        self.desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
-        self.desktop.xdotool("type", "unsaved")
-        self.desktop.wait_until(lambda: self.desktop.output(
-            "xdotool", "search", "--onlyvisible", "--name", r"^\*"), "an edited document")
-        return editor
-
     def preferences(self):
         """Calmora's preferences as they are on disk; empty while there are none."""
         file = self.desktop.folder / "config" / "calmora" / "preferences.json"

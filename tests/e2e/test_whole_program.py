@@ -58,9 +58,15 @@ class Road(DesktopCase):
         self.driver.wait_for_row("Galculator")
         self.desktop.click_node(self.desktop.wait_for_node(self.driver.calmora, "check box",
                                                            "XTerm"))
-        self.driver.hold_option()
-        self.driver.press("Force Quit All")
-        self.driver.release_option()
+        for answer in ("cancel", "confirm"):
+            self.driver.hold_option()
+            self.driver.press("Force Quit All")
+            self.driver.release_option()
+            if answer == "cancel":
+                self.driver.button("Cancel")
+                self.desktop.xdotool("key", "Escape")
+                self.desktop.wait_until(lambda: not self.driver.nodes("alert"), "closed question")
+                self.assert_alive(spared, stopped)
         self.confirm()
         self.wait_for_exit(stopped)
         self.driver.wait_for_no_row("Galculator")
@@ -91,7 +97,7 @@ class Road(DesktopCase):
         self.desktop.wait_until(lambda: not self.driver.is_open(), "closed popover")
 
     def walk(self, **desktop):
-        self.open_desktop(**desktop)
+        self.open_desktop(**desktop).start("sh", "-c", "while :; do sleep 1; done")
         session = list(self.desktop.children)
         self.write_preferences({"autoQuitMinutes": 0})
         self.start_calmora()
@@ -113,8 +119,12 @@ class Road(DesktopCase):
                                                            "Auto-quit"))
         self.desktop.wait_until(lambda: self.preferences().get("autoQuitEnabled"), "the switch")
         self.close_settings()
+        self.desktop.start("dbus-monitor", "interface='org.freedesktop.Notifications'")
+        terminal = self.start_application("xterm")
         idle = self.start_application("galculator")
         self.wait_for_exit(idle, seconds=75)  # The check runs once a minute.
+        self.desktop.wait_until(lambda: "GetCapabilities" in self.desktop.logs(), "a notice")
+        self.assert_alive(terminal)
 
     def test_no_tray(self):
         self.walk(window_manager="openbox", tray=None)
