@@ -55,14 +55,8 @@ class X11HotKeysTest : public testing::Test {
     }
 
     void note(const HotKeyEvent& event) {
-        if (const auto* identifier = std::get_if<HotKeyIdentifier>(&event.identifier)) {
-            heard.push_back((event.kind == HotKeyEventKind::hotKeyPressed ? "+" : "-") +
-                            std::to_string(identifier->id));
-        } else {
-            heard.push_back((event.kind == HotKeyEventKind::rawKeyDown ? "down " : "up ") +
-                            std::to_string(std::get<std::uint32_t>(event.keyCode)) + "/" +
-                            std::to_string(std::get<std::uint32_t>(event.keyModifiers)));
-        }
+        heard.push_back((event.kind == HotKeyEventKind::hotKeyPressed ? "+" : "-") +
+                        std::to_string(std::get<HotKeyIdentifier>(event.identifier).id));
     }
 
     /// Registers under the next number and keeps the token; gives the status.
@@ -169,8 +163,6 @@ TEST_P(X11HotKeysUnderWindowManagers, FollowModifiersThatMove) {
     open(GetParam());
     ASSERT_EQ(take(k, command), 0);
     ASSERT_EQ(take(k, option), 0);
-    int changes = 0;
-    const auto watching = keyboard->onModifiersChanged([&] { ++changes; });
     ASSERT_EQ(desktop->run(
                   {"xmodmap", "-e", "clear mod2", "-e", "clear mod3", "-e", "add mod3 = Num_Lock"}),
               0);
@@ -185,11 +177,6 @@ TEST_P(X11HotKeysUnderWindowManagers, FollowModifiersThatMove) {
     EXPECT_THAT(takeHeard(), ElementsAre("+1", "-1"));
     keys->tap({superKey, kKey});
     EXPECT_THAT(takeHeard(), ElementsAre("+2", "-2"));
-    ASSERT_TRUE(keyboard->isAlive());
-    const int before = changes;
-    keys->tap({kKey});
-    takeHeard();
-    EXPECT_EQ(changes, before) << "a key from another keyboard is no change";
 }
 
 TEST_F(X11HotKeysTest, RefusalsLeaveNothingBehind) {
@@ -215,39 +202,14 @@ TEST_F(X11HotKeysTest, RefusalsLeaveNothingBehind) {
             nullptr));
     ASSERT_TRUE(reply && reply->num_modifiers == 0);
     EXPECT_EQ(take(k, option), HotKeyStatus::taken) << "XInput 2";
-    for (const auto& [keyCode, mask] : {std::pair{57U, command},
-                                        {71U, command},
-                                        {63U, command},
-                                        {k, command | 0x20000U},
-                                        {999U, command}}) {
+    for (const auto& [keyCode, mask] :
+         {std::pair{57U, command}, {k, command | 0x20000U}, {999U, command}}) {
         EXPECT_EQ(take(keyCode, mask), HotKeyStatus::badValue) << keyCode;
     }
     ASSERT_EQ(take(k, control), 0);
     EXPECT_FALSE(isFree(kKey, 4));
     tokens.clear();
     EXPECT_TRUE(waitFor([&] { return isFree(kKey, 4) && isFree(kKey, 4 | capsLock | 16); }));
-}
-
-TEST_F(X11HotKeysTest, RawKeysPassTheGrabsOfMenus) {
-    open();
-    xcb_connection_t* other = keys->connection();
-    xcb_grab_keyboard(other, 0, keys->root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
-                      XCB_GRAB_MODE_ASYNC);
-    hotKeys->removeEventTypes(HotKeyEventTypes::hotKeys);
-    hotKeys->addEventTypes(HotKeyEventTypes::rawKeys);
-    keys->tap({numLockKey});
-    keys->press({superKey, kKey});
-    pumpFor(events, 1000ms);
-    keys->release({kKey, superKey});
-    pumpUntil(events, [&] { return !heard.empty() && heard.back() == "up 55/0"; });
-    EXPECT_THAT(heard, ElementsAre("down 71/0", "up 71/0", "down 55/256", "down 40/256",
-                                   "up 40/256", "up 55/0"));
-    heard.clear();
-    hotKeys->removeEventTypes(HotKeyEventTypes::rawKeys);
-    xcb_ungrab_keyboard(other, XCB_CURRENT_TIME);
-    keys->tap({kKey});
-    hotKeys->addEventTypes(HotKeyEventTypes::hotKeys);
-    EXPECT_THAT(takeHeard(), IsEmpty());
 }
 
 TEST_F(X11HotKeysTest, PressesThatMustNotActAreThrownAway) {

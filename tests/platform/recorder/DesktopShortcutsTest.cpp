@@ -1,4 +1,4 @@
-// What desktops have bound: openbox and Xfce, asked of the real ones, and GNOME's settings.
+// What desktops have bound: the real Xfce, and GNOME's settings.
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/shortcuts/ShortcutSources.h"
 #include "platform/x11/X11Connection.h"
@@ -15,35 +15,10 @@ namespace calmora {
 namespace {
 
 using testing::Contains;
-using testing::Each;
-using testing::Field;
 using testing::IsEmpty;
 using testing::Not;
-using testing::Optional;
 
 const SymbolicHotKey altF4{true, 118, 0x800};
-
-TEST(DesktopShortcuts, AreThoseOfTheRunningOpenbox) {
-    VirtualDesktop desktop({.windowManager = ""});
-    const X11Connection connection(desktop.display());
-    const FakeKeyboardLayout layout;
-    const std::filesystem::path own = desktop.home() / "rc.xml";
-    const auto manager = [&] { return windowManagerName(connection); };
-    DesktopShortcuts shortcuts(layout,
-                               {openboxShortcuts(manager, {own, "/etc/xdg/openbox/rc.xml"})});
-    EXPECT_EQ(windowManagerName(connection), "");
-    EXPECT_THAT(shortcuts.copySymbolicHotKeys(), IsEmpty()) << "it does not run";
-    desktop.startWindowManager("openbox");
-    EXPECT_EQ(windowManagerName(connection), "Openbox");
-    const auto all = shortcuts.copySymbolicHotKeys();
-    EXPECT_THAT(all, Contains(altF4));
-    EXPECT_THAT(all, Contains(SymbolicHotKey{true, 48, 0x800})) << "Alt+Tab";
-    EXPECT_THAT(all, Each(Field(&SymbolicHotKey::isEnabled, Optional(true))));
-    std::ofstream(own) << "<keybind key=\"W-F4\"/>";
-    EXPECT_THAT(shortcuts.copySymbolicHotKeys(),
-                testing::ElementsAre(SymbolicHotKey{true, 118, 0x100}))
-        << "the user's file goes first";
-}
 
 TEST(DesktopShortcuts, AreThoseOfGnome) {
     VirtualDesktop desktop({.windowManager = ""});
