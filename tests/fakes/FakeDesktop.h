@@ -84,10 +84,9 @@ class FakePopover final : public Popover {
 
     bool isShown() const override { return shown_; }
 
-    void show(std::optional<Rect> anchor) override {
+    void show(std::optional<Rect>) override {
         willShow.emit();
         shown_ = true;
-        anchors.push_back(anchor);
     }
 
     void performClose() override {
@@ -106,8 +105,6 @@ class FakePopover final : public Popover {
     }
 
     Size size;
-    /// The anchor of every showing, in order.
-    std::vector<std::optional<Rect>> anchors;
     Signal<> willShow;
     Signal<> didClose;
 
@@ -137,33 +134,18 @@ class FakeSoundOutput final : public SoundOutput {
     };
 };
 
-/// A status item that is clicked by calling its action.
+/// A status item that nobody clicks, in no bar.
 class FakeStatusItem final : public StatusItem {
   public:
-    void setTemplateImage(const std::optional<Image>& newImage, int newPoints) override {
-        image = newImage;
-        points = newPoints;
-    }
+    void setTemplateImage(const std::optional<Image>&, int) override {}
 
-    void setAction(std::function<void(StatusEvent)> newAction) override {
-        action = std::move(newAction);
-    }
+    void setAction(std::function<void(StatusEvent)>) override {}
 
-    void setMenu(std::function<std::vector<StatusMenuItem>()> build) override {
-        menu = std::move(build);
-    }
+    void setMenu(std::function<std::vector<StatusMenuItem>()>) override {}
 
-    void popUpMenu() override { opened.push_back(menu ? menu() : std::vector<StatusMenuItem>{}); }
+    void popUpMenu() override {}
 
-    std::optional<Rect> frame() const override { return rectangle; }
-
-    std::optional<Image> image;
-    int points = 0;
-    std::function<void(StatusEvent)> action;
-    std::function<std::vector<StatusMenuItem>()> menu;
-    /// The menu of every popUpMenu(), in order.
-    std::vector<std::vector<StatusMenuItem>> opened;
-    std::optional<Rect> rectangle;
+    std::optional<Rect> frame() const override { return {}; }
 };
 
 /// Notices in memory.

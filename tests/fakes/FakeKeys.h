@@ -10,7 +10,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,7 +26,6 @@ class FakeHotKeys final : public HotKeys {
         const std::string number = std::to_string(identifier.id);
         calls->push_back("register " + std::to_string(keyCode) + "/" + std::to_string(modifiers) +
                          " as " + number);
-        signatures.insert(identifier.signature);
         if (const auto refused = refusals.find(keyCode); refused != refusals.end()) {
             return {refused->second, {}};
         }
@@ -37,9 +35,6 @@ class FakeHotKeys final : public HotKeys {
 
     Subscription installEventHandler(Handler newHandler) override {
         calls->push_back("install");
-        if (!canInstall) {
-            return {};
-        }
         handler = std::move(newHandler);
         return Subscription([] {});
     }
@@ -76,10 +71,8 @@ class FakeHotKeys final : public HotKeys {
 
     /// Status by key code.
     std::map<std::uint32_t, std::int32_t> refusals;
-    bool canInstall = true;
     std::optional<std::string> reason;
     Handler handler;
-    std::set<std::uint32_t> signatures;
     /// Shared, because tokens record their end and may outlive this object.
     std::shared_ptr<std::vector<std::string>> calls = std::make_shared<std::vector<std::string>>();
 };

@@ -24,7 +24,6 @@ struct FakePlatform {
     FakeAlerts alerts;
     FakeUserDefaults defaults;
     FakeEventMonitor events;
-    FakeStatusItem statusItem;
     FakePopover popover;
 
     /// The platform for the models.

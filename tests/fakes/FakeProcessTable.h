@@ -74,7 +74,6 @@ class FakeProcessTable final : public ProcessTable {
     }
 
     void retainCounters(const std::vector<ProcessId>& processes) override {
-        ++retentions;
         retained = {processes.begin(), processes.end()};
     }
 
@@ -103,9 +102,8 @@ class FakeProcessTable final : public ProcessTable {
     std::set<ProcessId> probed;
     /// Every process whose counters were asked for, in order.
     std::vector<ProcessId> sampled;
-    /// What retainCounters() was last given, and how often it was called.
+    /// What retainCounters() was last given.
     std::set<ProcessId> retained;
-    int retentions = 0;
     /// Emitted for every process that ends.
     Signal<ProcessId> ended;
     /// Runs before a process is held, for events between a lookup and the hold.

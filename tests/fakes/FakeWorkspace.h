@@ -72,7 +72,6 @@ class FakeWorkspace final : public Workspace {
     }
 
     std::unique_ptr<RunningApplication> runningApplication(ProcessId process) override {
-        lookups.push_back(process);
         const auto found = find(process);
         return found != applications_.end() && isRunning(*found)
                    ? std::make_unique<Live>(*this, *found)
@@ -108,8 +107,7 @@ class FakeWorkspace final : public Workspace {
 
     /// How often the list was asked for.
     int lists = 0;
-    /// Every process id and identifier that was looked up, in order.
-    std::vector<ProcessId> lookups;
+    /// Every identifier that was looked up, in order.
     std::vector<std::string> identifierLookups;
     /// Every application that was asked to quit, or forced to, in order.
     std::vector<ProcessId> terminateRequests;

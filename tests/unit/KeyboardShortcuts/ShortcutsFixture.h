@@ -22,12 +22,7 @@ class ShortcutsFixture : public testing::Test {
 
     /// The stored value of a name; "none" if there is none.
     [[nodiscard]] std::string stored(const std::string& name) const {
-        const auto found = defaults.stored.find("KeyboardShortcuts_" + name);
-        if (found == defaults.stored.end()) {
-            return "none";
-        }
-        const auto* json = std::get_if<std::string>(&found->second);
-        return json ? *json : found->second == DefaultsValue(false) ? "false" : "other";
+        return defaults.string("KeyboardShortcuts_" + name).value_or("none");
     }
 
     /// Appends to `heard` when an action runs.

@@ -36,28 +36,15 @@ TEST(KnownApps, TablesMatchTheirChecksum) {
 }
 
 TEST(KnownApps, PrefersListedIdentifiersToVendorPrefixes) {
-    struct Case {
-        std::optional<std::string_view> identifier;
-        std::string_view name;
-        AppCategory category;
-        IdleBehavior behavior;
-    };
-
     using enum AppCategory;
     using enum IdleBehavior;
-    for (const Case& c : {
-             Case{"com.apple.finder", "Finder", systemUtility, neverQuit},
-             Case{"com.adobe.Photoshop", "Adobe Photoshop", creative, cautious},
-             Case{"com.adobe.xd", "Adobe XD", creative, safeToQuit},
-             Case{"com.jetbrains.datagrip", "DataGrip", devTool, safeToQuit},
-             Case{"com.jetbrains.fleet", "fleet", devTool, cautious},
-             Case{"com.seriflabs.affinityphoto", "affinityphoto", creative, cautious},
-             Case{"com.adobe.suite.Extra", "Extra", creative, cautious},
-             Case{"com.adobe.", "", creative, cautious},
+    for (const KnownAppInfo& expected : {
+             KnownAppInfo{"com.adobe.Photoshop", "Adobe Photoshop", creative, cautious},
+             KnownAppInfo{"com.jetbrains.fleet", "fleet", devTool, cautious},
+             KnownAppInfo{"com.adobe.suite.Extra", "Extra", creative, cautious},
+             KnownAppInfo{"com.adobe.", "", creative, cautious},
          }) {
-        const KnownAppInfo expected{std::string(*c.identifier), std::string(c.name), c.category,
-                                    c.behavior};
-        EXPECT_EQ(KnownApps::lookup(c.identifier), expected) << *c.identifier;
+        EXPECT_EQ(KnownApps::lookup(expected.bundleIdentifier), expected);
     }
     for (const char* unknown : {"com.apple.safari", "com.Adobe.Photoshop", "com.adobe", "",
                                 "com.tidal.desktop", "com.apple.finder2"}) {

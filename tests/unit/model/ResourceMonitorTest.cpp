@@ -34,9 +34,7 @@ TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
                                base.physFootprint};
     };
     for (const Case& c : {
-             Case{"idle", base, base, 3s, 0},
-             Case{"user and system", base, used(0.5, 0.25), 1s, 75},
-             Case{"two cores", base, used(2, 0), 1s, 200},
+             Case{"user and system", base, used(1.5, 0.25), 1s, 175},
              Case{"no time between", base, used(1, 0), 0s, 0},
              Case{"user time fell", base, {0, 6 * second, 1}, 1s, 0},
              Case{"system time fell", base, {90 * second, 0, 1}, 1s, 0},
@@ -51,7 +49,6 @@ TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
         fresh.clock.advance(c.elapsed);
         fresh.processes.at(7).counters = c.after;
         EXPECT_DOUBLE_EQ(sampler.getUsage(7)->cpuPercent, c.percent) << c.name;
-        EXPECT_EQ(sampler.snapshots().at(7).userTime, c.after.userTime) << c.name;
     }
 }
 
@@ -71,22 +68,6 @@ TEST_F(ResourceMonitorTest, SkipsUnreadableProcessesAndKeepsTheirSnapshots) {
     machine.clock.advance(1s);
     machine.processes.at(1).counters = ProcessCounters{second * 3 / 2, 0, 0};
     EXPECT_DOUBLE_EQ(monitor.getUsage(1)->cpuPercent, 50);
-}
-
-TEST_F(ResourceMonitorTest, RetainsOnlyWhatIsSampledAgain) {
-    ResourceMonitor other(machine.platform());
-    const std::array<ProcessId, 2> pids{1, 2};
-    machine.processes.start(1);
-    machine.processes.start(2);
-    EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
-    EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
-    EXPECT_EQ(machine.processes.retentions, 1) << "called for changes only";
-    EXPECT_TRUE(other.getUsage(2));
-    EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 2}));
-    monitor.rest();
-    EXPECT_TRUE(machine.processes.retained.empty());
-    EXPECT_EQ(monitor.getUsage(pids).size(), 2U);
-    EXPECT_EQ(machine.processes.retained, (std::set<ProcessId>{1, 2}));
 }
 
 } // namespace
