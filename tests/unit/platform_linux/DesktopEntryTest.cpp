@@ -69,23 +69,17 @@ TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
         {{"python3", "-m", "idlelib"}, "idlelib"},
         {{"python3", "-c", "import x"}, ""},
         {{"/usr/bin/python3.11"}, ""},
-        {{"/bin/sh", "-c", "xterm & wait"}, ""},
         {{"-bash"}, ""},
         {{"env", "GDK_BACKEND=x11", "-u", "FOO", "/usr/bin/app"}, "app"},
-        {{"env", "BAMF_DESKTOP_FILE_HINT=/x.desktop", "/snap/bin/firefox"}, "firefox"},
         {{"nice", "-n", "5", "nohup", "app.bin"}, "app"},
         {{"java", "-Xmx1g", "-cp", "/a:/b", "-jar", "/usr/share/jedit/jedit.jar"}, "jedit"},
         {{"java", "-cp", "/a.jar", "org.foo.Main"}, "a"},
         {{"java", "-cp", "/a.jar:/b.jar", "org.foo.Main"}, ""},
         {{"R", "--no-save", "--file=/x/plot.R"}, "plot.R"},
-        {{"node", "-r", "./hook.js", "main.js"}, "main.js"},
         {{"qmlscene-qt6", "-I", "/usr", "/x/clock.qml"}, "clock.qml"},
-        {{"perl", "-e", "x"}, ""},
-        {{"sudo", "-E", "app"}, "app"},
         {{"deno", "run", "--allow-net", "chat.ts"}, "chat.ts"},
         {{"sh", "/x/love", "/x/notes"}, "love"},
         {{"box64", "/usr/bin/wine", "Z:\\a.exe"}, "a.exe"},
-        {{"wine", "C:\\A\\launcher.exe"}, "launcher.exe"},
         {{"/usr/bin/flatpak", "run", "--command=gimp", "org.gimp.GIMP"}, ""},
         {{"/usr/lib/libreoffice/program/soffice.bin", "--calc"}, "soffice"},
         {{"/usr/lib/chromium/chromium --type=renderer --x"}, "chromium --type=renderer --x"},
@@ -94,9 +88,6 @@ TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
     for (const auto& [command, key] : cases) {
         EXPECT_EQ(execKey(command), key) << testing::PrintToString(command);
     }
-    EXPECT_EQ(programKey("/usr/bin/python3.11"), "");
-    EXPECT_EQ(programKey("/usr/lib/electron25/electron"), "");
-    EXPECT_EQ(programKey("/usr/bin/kate"), "kate");
     for (const char* name :
          {"python3.13t", "python3.7dm", "python3-dbg", "qmlscene", "qmlscene-qt6", "qml6",
           "perl5.36-x86_64-linux-gnu", "ruby3.1", "lua5.4", "node18", "guile-3.0", "tclsh8.6",
@@ -153,17 +144,13 @@ TEST(BaseDirectories, IgnoreRelativePathsAndAddTheExportsOnce) {
 TEST(BaseDirectories, TryLocalesFromSpecialToGeneral) {
     EXPECT_EQ(localeCandidates("sr_YU.UTF-8@Latn"),
               (Words{"sr_YU@Latn", "sr_YU", "sr@Latn", "sr"}));
-    EXPECT_EQ(localeCandidates("de"), (Words{"de"}));
     EXPECT_EQ(localeCandidates("C.UTF-8"), Words{});
-    const auto locales = [](const char* language) {
-        return messageLocales([language](const char* name) -> const char* {
-            const std::string_view variable = name;
-            return variable == "LANGUAGE" ? "fr:de_AT" : variable == "LANG" ? language : nullptr;
-        });
-    };
-    EXPECT_EQ(locales("en_GB.UTF-8"), (Words{"fr", "de_AT", "de", "en_GB", "en"}));
-    EXPECT_EQ(locales("C.UTF-8"), (Words{"fr", "de_AT", "de"}));
-    EXPECT_EQ(locales("C"), Words{});
+    const auto locales = messageLocales([](const char* name) {
+        return name == std::string_view("LANGUAGE") ? "fr:de_AT"
+               : name == std::string_view("LANG")   ? "en_GB.UTF-8"
+                                                    : nullptr;
+    });
+    EXPECT_EQ(locales, (Words{"fr", "de_AT", "de", "en_GB", "en"}));
 }
 
 } // namespace

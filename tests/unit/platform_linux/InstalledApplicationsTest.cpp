@@ -1,5 +1,4 @@
 #include "platform/linux/xdg/InstalledApplications.h"
-#include "platform/linux/xdg/MimeDefaults.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -63,12 +62,10 @@ TEST_F(InstalledApplicationsTest, TakesTheFirstOfEachId) {
     write("user/applications", {{"a", "users"}, {"gone", hidden}, {"broken", "[no entry at all"}});
     write("system/applications",
           {{"a", "systems"}, {"kde/deep/b", "deep"}, {"gone", "gone"}, {"broken", "whole"}});
-    write("system/applications", {{"org.telegram.desktop", "Telegram"}});
     EXPECT_EQ(index().withId("a")->name, "users");
     EXPECT_EQ(index().withId("kde-deep-b")->name, "deep");
     EXPECT_EQ(index().withId("gone"), nullptr);
     EXPECT_EQ(index().withId("broken")->name, "whole");
-    EXPECT_EQ(index().withId("org.telegram.desktop")->name, "Telegram");
     EXPECT_EQ(index().withPath((folder.path() / "user/applications/a.desktop").string())->id, "a");
 
     write("system/applications", {{"chat", "Chat"}});
@@ -177,15 +174,10 @@ TEST_F(InstalledApplicationsTest, FindsTheFileManager) {
     folder.write("config/xfce-mimeapps.list",
                  "[Default Applications]\ninode/directory=thunar.desktop\n");
     EXPECT_EQ(index().fileManager(), "thunar");
-}
-
-TEST_F(InstalledApplicationsTest, HidesRemovedAssociationsOfLessImportantLists) {
-    const auto first = folder.write("first", "[Removed Associations]\na/b=x.desktop;\n");
-    const auto cache = folder.write("cache", "[MIME Cache]\na/b=x.desktop;y.desktop;\n");
-    const auto any = [](const std::string&) { return true; };
-    EXPECT_EQ(defaultApplication("a/b", {first}, {cache}, any), "y");
-    EXPECT_EQ(defaultApplication("a/b", {}, {cache}, any), "x");
-    EXPECT_EQ(defaultApplication("a/c", {first}, {cache}, any), "");
+    std::filesystem::remove(folder.path() / "etc/mimeapps.list");
+    folder.write("config/xfce-mimeapps.list",
+                 "[Removed Associations]\ninode/directory=thunar.desktop\n");
+    EXPECT_EQ(index().fileManager(), "pcmanfm") << "a more important list took it out";
 }
 
 TEST_F(InstalledApplicationsTest, ChoosesAmongEntriesThatShareAKey) {

@@ -1,7 +1,6 @@
 #include "platform/linux/xdg/JsonUserDefaults.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
-#include "platform/linux/xdg/InstalledBundle.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -83,11 +82,13 @@ TEST_F(JsonUserDefaultsTest, MergesItsKeysIntoTheFileAsItIsNow) {
                  R"({"ours": false, "theirs": {"deep": [1, 2.5]}, "dropped": 1})");
     defaults.set("more", std::int64_t{1});
     defaults.remove("dropped");
+    defaults.set("more_2", true);
     loop.turn();
     JsonUserDefaults again(file, loop);
     EXPECT_EQ(again.value("ours"), DefaultsValue(false));
     EXPECT_EQ(again.value("more"), DefaultsValue(std::int64_t{1}));
-    EXPECT_EQ(again.value("dropped"), std::nullopt);
+    EXPECT_EQ(again.keys("m"), (Strings{"more", "more_2"}));
+    EXPECT_EQ(again.keys(""), (Strings{"more", "more_2", "ours", "theirs"}));
     EXPECT_NE(TempFolder::read(file).find("2.5"), std::string::npos);
 }
 
@@ -185,17 +186,6 @@ TEST_F(JsonUserDefaultsTest, WritesThroughALinkAndKeepsPermissions) {
     EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_NE(TempFolder::read(target).find("\"a\""), std::string::npos);
     EXPECT_EQ(modeOf(target), 0640U);
-}
-
-TEST_F(JsonUserDefaultsTest, InstalledBundleFindsResourcesBesideTheExecutable) {
-    const auto sound = folder.write("share/calmora/quit-sound.wav", "RIFF");
-    std::filesystem::create_directories(folder.path() / "share/calmora/folder.wav");
-    const InstalledBundle bundle("app.example", "1.2", folder.path() / "bin");
-    EXPECT_EQ(bundle.resource("quit-sound", "wav"), sound);
-    EXPECT_EQ(bundle.resource("folder", "wav"), std::nullopt);
-    EXPECT_EQ(bundle.resource("missing", "wav"), std::nullopt);
-    EXPECT_EQ(bundle.bundleIdentifier(), "app.example");
-    EXPECT_EQ(InstalledBundle("app.example", "").shortVersion(), std::nullopt);
 }
 
 } // namespace

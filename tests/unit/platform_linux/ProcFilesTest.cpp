@@ -102,10 +102,5 @@ TEST(ProcFiles, ReadTheSandboxOfAFlatpak) {
     EXPECT_FALSE(parseFlatpakInfo("[Application]\nname=org.gnome.Maps/../x\n"));
 }
 
-TEST(ProcFiles, DropTheMarkOfADeletedFileOnce) {
-    EXPECT_EQ(withoutDeletedMark("/usr/bin/x (deleted)"), "/usr/bin/x");
-    EXPECT_EQ(withoutDeletedMark("/usr/bin/x"), "/usr/bin/x");
-}
-
 } // namespace
 } // namespace calmora

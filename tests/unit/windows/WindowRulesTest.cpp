@@ -1,4 +1,3 @@
-#include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/x11/X11Icon.h"
@@ -7,7 +6,6 @@
 
 #include <map>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace calmora {
@@ -82,15 +80,6 @@ TEST(WindowOwner, BelievesTheServerFirst) {
         test.claims.systemTells = test.systemTells;
         EXPECT_EQ(windowOwner(test.claims, "here", lookUp), test.expected) << test.what;
     }
-
-    const OwnerLookup kernel = ownersFromKernel();
-    const auto self = kernel.process(::getpid());
-    ASSERT_TRUE(self);
-    EXPECT_EQ(kernel.startTime(::getpid()), self->startTime);
-    EXPECT_EQ(self->ids.front(), ::getpid());
-    EXPECT_TRUE(self->isOurs);
-    EXPECT_LE(self->startTime, ticksNow());
-    EXPECT_FALSE(kernel.process(0) || kernel.startTime(0));
 }
 
 TopLevelWindow window(WindowId id, ProcessId process, WindowType type = WindowType::normal) {
