@@ -5,7 +5,6 @@
 #include <map>
 #include <sys/socket.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -195,13 +194,6 @@ int main(int argc, char** argv) {
         if (option == "--child" || option == "--orphan") {
             startHelper(program, option == "--orphan");
         }
-    }
-    if (options.contains("--busy")) {
-        std::thread([] {
-            for (volatile unsigned rounds = 0;;) {
-                rounds = rounds + 1;
-            }
-        }).detach();
     }
     return Client(std::move(options)).run();
 }

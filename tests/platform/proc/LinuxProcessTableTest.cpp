@@ -138,8 +138,11 @@ TEST(LinuxProcessTable, ReapsOneChildAndNoOther) {
 
 TEST(LinuxProcessTable, NeverSignalsInitItselfItsAncestorsOrTheKernel) {
     Table table;
-    EXPECT_EQ(table.signal(0, SIGCONT), ESRCH);
-    EXPECT_EQ(table.signal(-1, SIGCONT), ESRCH);
+    for (const ProcessId none : {0, -1, 0x7ffffffe}) {
+        EXPECT_EQ(table.signal(none, SIGCONT), ESRCH);
+        EXPECT_FALSE(table.table.hold(none) || table.table.counters(none));
+        EXPECT_FALSE(table.table.executablePath(none)) << none;
+    }
     // SIGCONT does no harm where the guard fails.
     for (ProcessId ours = getpid(); ours > 0; ours = table.table.parent(ours).value_or(0)) {
         EXPECT_EQ(table.signal(ours, SIGCONT), EPERM) << ours;
@@ -256,6 +259,10 @@ TEST(LinuxProcessTable, CountsEndedThreadsAndOnlyMemoryOfItsOwn) {
         std::fill_n(shared, 32 * mebibyte, 'x');
     });
     Table table;
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    const auto before = openFiles();
     table.table.retainCounters({process.id()});
     for (int sample = 0; sample < 2; ++sample) { // Opened, then kept open.
         const auto counters = table.table.counters(process.id());
@@ -268,7 +275,10 @@ TEST(LinuxProcessTable, CountsEndedThreadsAndOnlyMemoryOfItsOwn) {
         const auto exact = status->rssAnon + status->vmSwap;
         EXPECT_NEAR(static_cast<double>(counters->physFootprint), static_cast<double>(exact),
                     static_cast<double>(mebibyte));
+        EXPECT_EQ(openFiles(), before + 1);
     }
+    table.table.retainCounters({});
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(LinuxProcessTable, WorksOnWhenDescriptorsAreScarce) {
@@ -295,22 +305,6 @@ TEST(LinuxProcessTable, WorksOnWhenDescriptorsAreScarce) {
         }
         return dup(STDOUT_FILENO) >= 0 ? "" : "nothing was left for others";
     });
-}
-
-TEST(LinuxProcessTable, DropsWhatItKeptOpenForTheRest) {
-    const RealProcess process;
-    Table table;
-    const auto openFiles = [] {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-    };
-    const auto before = openFiles();
-    EXPECT_TRUE(table.table.counters(process.id()));
-    EXPECT_EQ(openFiles(), before);
-    table.table.retainCounters({process.id()});
-    EXPECT_TRUE(table.table.counters(process.id()));
-    EXPECT_EQ(openFiles(), before + 1);
-    table.table.retainCounters({});
-    EXPECT_EQ(openFiles(), before);
 }
 
 /// Writes what /proc tells of a process under another root, with another start time.

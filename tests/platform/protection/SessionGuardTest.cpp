@@ -138,7 +138,6 @@ TEST(SocketPeersTest, readNamesOfSockets) {
     for (const auto& [value, expected] : servers) {
         EXPECT_EQ(pulseServerSocket(value), expected) << value;
     }
-    EXPECT_EQ(sessionLeader("LEADER=5\n"), 5);
     EXPECT_EQ(sessionLeader("OLD_LEADER=5\n"), std::nullopt);
     EXPECT_EQ(sessionLeader("UID=1\nLEADER="), std::nullopt);
 }

@@ -85,28 +85,13 @@ const std::map<std::string, std::string> otherPrograms = {
 } // namespace
 
 StormDesktop::StormDesktop() {
-    const fs::path entries = desktop.home() / "data" / "applications";
-    fs::create_directories(entries);
-    for (const auto* programs : {&applications, &otherPrograms}) {
-        for (const auto& [name, path] : *programs) {
-            fs::create_directories(file(name).parent_path());
-            fs::copy_file(windowClient(), file(name), fs::copy_options::skip_existing);
-        }
-    }
     for (const auto& [name, path] : applications) {
-        std::ofstream(entries / (name + ".desktop"))
-            << "[Desktop Entry]\nType=Application\nName=" << name
-            << "\nExec=" << file(name).string() << " --instance " << name
-            << "\nStartupWMClass=" << name << "\n";
+        install(name, "Name=" + name + "\nExec=" + program(path) + " --instance " + name +
+                          "\nStartupWMClass=" + name);
     }
-}
-
-bool StormDesktop::canChooseIds() {
-    std::ifstream in("/proc/sys/kernel/ns_last_pid");
-    pid_t last = 0;
-    in >> last;
-    std::ofstream out("/proc/sys/kernel/ns_last_pid");
-    return static_cast<bool>(out << last << std::flush);
+    for (const auto& [name, path] : otherPrograms) {
+        (void)program(path);
+    }
 }
 
 void StormDesktop::setLastId(pid_t last) {

@@ -37,9 +37,6 @@ struct KeptProgram {
 struct StormDesktop : LinuxDesktop {
     StormDesktop();
 
-    /// Whether process ids can be chosen here.
-    static bool canChooseIds();
-
     /// Makes the kernel continue after this process id.
     static void setLastId(pid_t last);
 

@@ -1,14 +1,11 @@
 #include "WorkspaceTest.h"
 
 #include <csignal>
-#include <filesystem>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace calmora {
 namespace {
-
-namespace fs = std::filesystem;
 
 TEST(QuittingTest, AsksEachWindowThatTakesPartOnce) {
     LinuxDesktop machine;
@@ -86,7 +83,6 @@ TEST(QuittingTest, EndsWhatHidesInTheTray) {
     EXPECT_TRUE(machine.quitter.quitApp(item, false));
     const pid_t player = machine.shown(machine.client());
     machine.bus.players = {player};
-    machine.bus.canQuit = true;
     EXPECT_FALSE(machine.quitter.quitApp(player, false)) << "this bus only pretends";
     EXPECT_THAT(machine.bus.quits, testing::Contains(player));
     EXPECT_TRUE(machine.isRunning(player));
@@ -110,20 +106,14 @@ TEST(QuittingTest, ForcesWhatIsStopped) {
 
 TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
     LinuxDesktop machine;
-    const fs::path folder = machine.desktop.home() / "Apps" / "paintbox";
-    fs::create_directories(folder);
-    for (const char* name : {"paintbox", "paintbox-helper"}) {
-        fs::copy_file(windowClient(), folder / name);
-    }
+    const std::string folder = machine.desktop.home() / "Apps/paintbox/";
     // A neighbour whose name begins alike.
-    fs::create_directories(folder.string() + "-tools");
-    fs::copy_file(windowClient(), folder.string() + "-tools/neighbour");
     const pid_t neighbour =
-        machine.desktop.start({folder.string() + "-tools/neighbour", "--helper"});
-    const std::string helper = (folder / "paintbox-helper").string();
+        machine.desktop.start({machine.program("Apps/paintbox-tools/neighbour"), "--helper"});
+    const std::string helper = machine.program("Apps/paintbox/paintbox-helper");
     const pid_t process =
-        machine.shown(machine.desktop.start({(folder / "paintbox").string(), "--class", "Paintbox",
-                                             "--child", helper, "--orphan", helper}));
+        machine.shown(machine.desktop.start({machine.program("Apps/paintbox/paintbox"), "--class",
+                                             "Paintbox", "--child", helper, "--orphan", helper}));
     const auto helpers = [&] {
         return std::ranges::count_if(machine.table.allProcesses(), [&](ProcessId candidate) {
             return machine.table.executablePath(candidate) == helper &&
@@ -131,7 +121,7 @@ TEST(QuittingTest, ForcesThePrivateFolderWithAllHelpers) {
         });
     };
     EXPECT_TRUE(waitFor([&] { return helpers() == 2; }));
-    EXPECT_EQ(machine.workspace.runningApplication(process)->bundleURL(), folder.string() + "/");
+    EXPECT_EQ(machine.workspace.runningApplication(process)->bundleURL(), folder);
     EXPECT_TRUE(machine.quitter.quitApp(process, true));
     EXPECT_FALSE(machine.isRunning(process));
     EXPECT_EQ(helpers(), 0);

@@ -119,21 +119,5 @@ TEST(RealDesktopTest, TheDesktopBackgroundIsNoApplication) {
     EXPECT_TRUE(machine.isRunning(process));
 }
 
-TEST(RealDesktopTest, ForcingOneEndsAllOfItAndNothingElse) {
-    LinuxDesktop machine;
-    const pid_t first = machine.shown(machine.desktop.start({"xterm"}));
-    const pid_t second = machine.shown(machine.desktop.start({"xterm"}));
-    const pid_t other = machine.shown(machine.desktop.start({"xcalc"}));
-    const pid_t bystander = machine.desktop.start({"/usr/bin/sleep", "60"});
-    EXPECT_EQ(machine.workspace.runningApplicationsWithBundleIdentifier("debian-xterm").size(), 2U);
-    EXPECT_TRUE(machine.quitter.quitApp(first, true));
-    EXPECT_FALSE(machine.isRunning(first));
-    EXPECT_FALSE(machine.isRunning(second)) << "another instance of the same application";
-    for (const pid_t process :
-         {other, bystander, machine.desktop.windowManager(), machine.desktop.server()}) {
-        EXPECT_TRUE(machine.isRunning(process));
-    }
-}
-
 } // namespace
 } // namespace calmora

@@ -18,6 +18,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -41,7 +42,7 @@ struct FakeBus final : BusApplications {
 
     bool quitMediaPlayer(ProcessId process) override {
         quits.push_back(process);
-        return canQuit && players.contains(process);
+        return players.contains(process);
     }
 
     void learnActions(const ExportedActions&) override {}
@@ -59,7 +60,6 @@ struct FakeBus final : BusApplications {
     std::vector<ProcessId> carriers;
     std::set<ProcessId> items;
     std::set<ProcessId> players;
-    bool canQuit = false;
     std::vector<ProcessId> quits;
     Signal<> changed;
 };
@@ -125,6 +125,24 @@ struct LinuxDesktop {
     pid_t client(std::vector<std::string> options = {}) {
         options.insert(options.begin(), windowClient());
         return desktop.start(options);
+    }
+
+    /// Puts the test program at a path below the home folder; gives the whole path.
+    [[nodiscard]] std::string program(const std::string& file) const {
+        const auto path = desktop.home() / file;
+        std::filesystem::create_directories(path.parent_path());
+        std::filesystem::copy_file(windowClient(), path,
+                                   std::filesystem::copy_options::skip_existing);
+        return path;
+    }
+
+    /// Installs a desktop entry with these lines.
+    void install(const std::string& id, const std::string& lines,
+                 const std::string& folder = "data/applications") const {
+        std::filesystem::create_directories(desktop.home() / folder);
+        std::ofstream(desktop.home() / folder / (id + ".desktop"))
+            << "[Desktop Entry]\nType=Application\n"
+            << lines << '\n';
     }
 
     /// The listed application with this process id.

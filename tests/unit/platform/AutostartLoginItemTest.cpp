@@ -55,8 +55,6 @@ TEST_F(AutostartLoginItemTest, ReadsTheUsersFileBeforeTheSystems) {
              Case{"user's", entry, "", true},
              Case{"user's, hidden", hidden, "", false},
              Case{"user's, switched off", off, "", false},
-             Case{"user's, on by both", entry + "Hidden=false\nX-GNOME-Autostart-enabled=true\n",
-                  "", true},
              Case{"hidden in another group", entry + "[Other]\nHidden=true\n", "", true},
              Case{"system's", "", entry, true},
              Case{"system's, hidden", "", hidden, false},

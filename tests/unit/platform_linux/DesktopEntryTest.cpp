@@ -88,11 +88,9 @@ TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
     for (const auto& [command, key] : cases) {
         EXPECT_EQ(execKey(command), key) << testing::PrintToString(command);
     }
-    for (const char* name :
-         {"python3.13t", "python3.7dm", "python3-dbg", "qmlscene", "qmlscene-qt6", "qml6",
-          "perl5.36-x86_64-linux-gnu", "ruby3.1", "lua5.4", "node18", "guile-3.0", "tclsh8.6",
-          "php8.2", "Rscript", "octave-cli-7.3.0", "ld-linux-x86-64.so.2", "gjs-console", "wine64",
-          "bash"}) {
+    for (const char* name : {"python3.13t", "python3.7dm", "python3-dbg", "qmlscene-qt6", "qml6",
+                             "perl5.36-x86_64-linux-gnu", "node18", "guile-3.0", "octave-cli-7.3.0",
+                             "ld-linux-x86-64.so.2", "gjs-console", "wine64", "bash"}) {
         EXPECT_TRUE(isInterpreter(std::string("/usr/bin/") + name)) << name;
     }
     for (const char* name : {"octave-gui", "perlpanel", "node-red", "gimp-2.10", "idle-python3.11",

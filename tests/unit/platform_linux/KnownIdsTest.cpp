@@ -30,7 +30,6 @@ TEST(KnownIds, PointIntoTheCatalogueOrTheMusicList) {
 }
 
 TEST(KnownIds, MapExactlyAndLeaveTheRestAlone) {
-    EXPECT_EQ(wellKnownIdentifier("firefox-esr"), "org.mozilla.firefox");
     EXPECT_EQ(wellKnownIdentifier("spotify_spotify"), "com.spotify.client");
     EXPECT_EQ(wellKnownIdentifier("jetbrains-clion-0a1b2c3d-1111-2222-3333-444455556666"),
               "com.jetbrains.CLion");

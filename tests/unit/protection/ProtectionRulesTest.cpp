@@ -80,6 +80,7 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
     check("by name", name, named("xfwm4", ""));
     check("by cut name", name, named("gnome-session-b", ""));
     check("by executable", name, named("renamed", "dbus-daemon"));
+    check("a script by its name", name, named("applet.py", "python3"));
     check("autostarted", autostart, [](ProtectionCandidate& f) { f.isAutostarted = true; });
     check("autostarted, with a window", std::nullopt,
           [](ProtectionCandidate& f) { f.isAutostarted = f.hasRegularWindow = true; });
