@@ -29,8 +29,6 @@ class FakeWindowSystem final : public WindowSystem {
         return activeChanged.connect(std::move(handler));
     }
 
-    Subscription onClosed(std::function<void()>) override { return {}; }
-
     bool requestClose(WindowId window, ProcessId process) override {
         asked.emplace_back(window, process);
         return true;

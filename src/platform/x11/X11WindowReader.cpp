@@ -51,6 +51,11 @@ X11WindowReader::X11WindowReader(const X11Connection& connection, const X11Sight
                                  OwnerLookup lookUp)
     : connection_(connection), sightings_(sightings), lookUp_(std::move(lookUp)) {}
 
+X11Reply<xcb_get_property_reply_t> X11WindowReader::take(xcb_get_property_cookie_t cookie) const {
+    return X11Reply<xcb_get_property_reply_t>(
+        xcb_get_property_reply(connection_.get(), cookie, nullptr));
+}
+
 bool X11WindowReader::isRelevant(xcb_atom_t property) const {
     constexpr std::array predefined{XCB_ATOM_WM_CLASS, XCB_ATOM_WM_TRANSIENT_FOR,
                                     XCB_ATOM_WM_HINTS};
@@ -117,8 +122,7 @@ std::optional<TopLevelWindow> X11WindowReader::collect(const Pending& pending,
     // Every answer is taken, also after the window has turned out to be gone.
     bool exists = true;
     const auto take = [&](xcb_get_property_cookie_t cookie) {
-        X11Reply<xcb_get_property_reply_t> reply(
-            xcb_get_property_reply(connection_.get(), cookie, nullptr));
+        auto reply = this->take(cookie);
         exists = exists && reply != nullptr;
         return reply;
     };
@@ -210,10 +214,6 @@ X11WindowReader::clients(std::span<const xcb_window_t> windows) const {
 }
 
 std::optional<std::vector<xcb_window_t>> X11WindowReader::managedWindows() {
-    const auto take = [&](xcb_get_property_cookie_t cookie) {
-        return X11Reply<xcb_get_property_reply_t>(
-            xcb_get_property_reply(connection_.get(), cookie, nullptr));
-    };
     const xcb_atom_t check = connection_.atom(X11Atom::netSupportingWmCheck);
     const auto checkCookie = connection_.requestProperty(connection_.root(), check, 1);
     const auto listCookie = connection_.requestProperty(
@@ -277,8 +277,7 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
         for (const Candidate& candidate : candidates) {
             const X11Reply<xcb_get_window_attributes_reply_t> attributes(
                 xcb_get_window_attributes_reply(connection_.get(), candidate.attributes, nullptr));
-            const X11Reply<xcb_get_property_reply_t> state(
-                xcb_get_property_reply(connection_.get(), candidate.state, nullptr));
+            const auto state = take(candidate.state);
             const auto children = childrenOf(candidate.children);
             if (!attributes || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY) {
                 continue;

@@ -31,6 +31,9 @@ class X11WindowReader {
     /// Whether a change of this property can change an answer of read().
     [[nodiscard]] bool isRelevant(xcb_atom_t property) const;
 
+    /// Waits for the value of a property; null for a window that is gone.
+    [[nodiscard]] X11Reply<xcb_get_property_reply_t> take(xcb_get_property_cookie_t cookie) const;
+
     /// The windows of the window manager's list, oldest first; absent when no window manager
     /// keeps one. Source: EWMH, _NET_CLIENT_LIST; _NET_SUPPORTING_WM_CHECK tells whether the
     /// manager that wrote it still lives.

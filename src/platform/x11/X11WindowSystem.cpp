@@ -58,10 +58,6 @@ Subscription X11WindowSystem::onActiveWindowChanged(std::function<void()> handle
     return activeWindowChanged_.connect(std::move(handler));
 }
 
-Subscription X11WindowSystem::onClosed(std::function<void()> handler) {
-    return closed_.connect(std::move(handler));
-}
-
 const std::vector<TopLevelWindow>& X11WindowSystem::windows() {
     if (!isAlive_) {
         return windows_;
@@ -94,11 +90,8 @@ std::optional<WindowId> X11WindowSystem::activeWindow() {
     if (manager_ == XCB_NONE) {
         return focusedWindow();
     }
-    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        connection_.get(),
-        connection_.requestProperty(connection_.root(), connection_.atom(X11Atom::netActiveWindow),
-                                    1),
-        nullptr));
+    const auto reply = reader_.take(connection_.requestProperty(
+        connection_.root(), connection_.atom(X11Atom::netActiveWindow), 1));
     settle();
     const auto active = words(reply);
     return active.empty() || active.front() == XCB_NONE ? std::nullopt
@@ -106,15 +99,13 @@ std::optional<WindowId> X11WindowSystem::activeWindow() {
 }
 
 std::optional<WindowId> X11WindowSystem::focusedWindow() const {
-    const X11Reply<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
-        connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
+    const auto focus = connection_.ask<xcb_get_input_focus, xcb_get_input_focus_reply>();
     xcb_window_t window = focus ? focus->focus : xcb_window_t{XCB_NONE};
     while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != connection_.root()) {
         if (known_.contains(window)) {
             return window;
         }
-        const X11Reply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
-            connection_.get(), xcb_query_tree(connection_.get(), window), nullptr));
+        const auto tree = connection_.ask<xcb_query_tree, xcb_query_tree_reply>(window);
         window = tree ? tree->parent : xcb_window_t{XCB_NONE};
     }
     return {};
@@ -129,8 +120,7 @@ bool X11WindowSystem::requestClose(WindowId window, ProcessId process) {
     const auto supportedCookie = connection_.requestProperty(
         connection_.root(), connection_.atom(X11Atom::netSupported), 1024);
     const auto facts = reader_.read(std::span(&target, 1)).front();
-    const X11Reply<xcb_get_property_reply_t> supported(
-        xcb_get_property_reply(connection_.get(), supportedCookie, nullptr));
+    const auto supported = reader_.take(supportedCookie);
     settle();
     if (!isAlive_ || !facts || facts->process != process || !facts->canBeAsked) {
         return false;
@@ -167,11 +157,8 @@ std::shared_ptr<const ImagePixels> X11WindowSystem::icon(WindowId window) {
         return nullptr;
     }
     if (!known->second.icon) {
-        const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            connection_.get(),
-            connection_.requestProperty(known->first, connection_.atom(X11Atom::netWmIcon),
-                                        iconWords),
-            nullptr));
+        const auto reply = reader_.take(connection_.requestProperty(
+            known->first, connection_.atom(X11Atom::netWmIcon), iconWords));
         known->second.icon = chooseIcon(words(reply), iconSize);
         const auto picture = *known->second.icon;
         settle();
@@ -223,10 +210,8 @@ std::vector<ProcessId> X11WindowSystem::trayIconProcesses() {
     if (!isAlive_) {
         return {};
     }
-    const X11Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        connection_.get(),
-        xcb_get_selection_owner(connection_.get(), connection_.atom(X11Atom::selectionTray)),
-        nullptr));
+    const auto owner = connection_.ask<xcb_get_selection_owner, xcb_get_selection_owner_reply>(
+        connection_.atom(X11Atom::selectionTray));
     if (!owner || owner->owner == XCB_NONE) {
         return {};
     }

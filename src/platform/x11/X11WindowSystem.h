@@ -41,7 +41,6 @@ class X11WindowSystem final : public WindowSystem {
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
-    [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
     [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
@@ -84,7 +83,6 @@ class X11WindowSystem final : public WindowSystem {
     bool isAlive_;
     Signal<> windowsChanged_;
     Signal<> activeWindowChanged_;
-    Signal<> closed_;
     Subscription watch_;
     Subscription telling_;
 
@@ -109,7 +107,6 @@ class X11WindowSystem final : public WindowSystem {
     bool areFactsStale_ = true;
     bool windowsDiffer_ = false;
     bool activeDiffers_ = false;
-    bool closeIsUntold_ = false;
 };
 
 } // namespace calmora

@@ -289,7 +289,7 @@ void X11WindowSystem::settle() {
     }
     checkConnection();
     const bool isStale = isTracking_ && (isListStale_ || areFactsStale_);
-    if ((isStale || windowsDiffer_ || activeDiffers_ || closeIsUntold_) && !telling_) {
+    if ((isStale || windowsDiffer_ || activeDiffers_) && !telling_) {
         telling_ = events_.later([this] {
             telling_.reset();
             tell();
@@ -309,9 +309,6 @@ void X11WindowSystem::tell() {
         activeWindowChanged_.emit();
     }
     settle();
-    if (std::exchange(closeIsUntold_, false)) {
-        closed_.emit();
-    }
 }
 
 void X11WindowSystem::checkConnection() {
@@ -325,7 +322,6 @@ void X11WindowSystem::checkConnection() {
         isTracking_ = false;
         windowsDiffer_ = false;
         activeDiffers_ = false;
-        closeIsUntold_ = true;
     }
 }
 

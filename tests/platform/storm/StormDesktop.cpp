@@ -154,8 +154,10 @@ std::optional<pid_t> StormDesktop::successor(const KeptProgram& program) {
 void StormDesktop::end(const Watched& process) {
     if (process.descriptor && process.descriptor->send(SIGKILL) == 0) {
         // Collected only if it is a child of ours; others go with their parents.
-        waitFor([&] { return process.descriptor->reap() || process.hasEnded(); });
-        process.descriptor->reap();
+        waitFor([&] { return process.hasEnded(); });
+        siginfo_t info{};
+        ::waitid(P_PIDFD, static_cast<id_t>(process.descriptor->descriptor()), &info,
+                 WEXITED | WNOHANG);
     }
 }
 

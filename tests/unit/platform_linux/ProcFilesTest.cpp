@@ -53,7 +53,6 @@ TEST(ProcFiles, ReadUsersAndMemoryOfStatus) {
                                     "RssFile:\t  6952 kB\nVmSwap:\t     512 kB\nThreads:\t1\n");
     ASSERT_TRUE(status);
     EXPECT_EQ(status->realUser, 1000U);
-    EXPECT_EQ(status->effectiveUser, 0U);
     EXPECT_EQ(status->rssAnon, 2048U * 1024);
     EXPECT_EQ(status->vmSwap, 512U * 1024);
     EXPECT_FALSE(parseStatus("Name:\tx\n"));

@@ -1,5 +1,5 @@
 #include "support/ShownName.h"
-#include "platform/linux/xdg/DisplayText.h"
+#include "platform/linux/identity/SyntheticIdentity.h"
 
 #include <gtest/gtest.h>
 

@@ -52,29 +52,17 @@ std::string normalized(std::string_view name) {
 
 /// Folders whose content belongs to many programs, whatever they are called.
 bool isShared(std::string_view folder) {
-    constexpr std::array names = {
-        std::string_view("systemd"),      std::string_view("xorg"),
-        std::string_view("jvm"),          std::string_view("gvfs"),
-        std::string_view("xfce4"),        std::string_view("lxqt"),
-        std::string_view("kf5"),          std::string_view("kf6"),
-        std::string_view("libexec"),      std::string_view("gcc"),
-        std::string_view("dbus-1.0"),     std::string_view("polkit-1"),
-        std::string_view("gnome-shell"),  std::string_view("at-spi2-core"),
-        std::string_view("git-core"),     std::string_view("openssh"),
-        std::string_view("local"),        std::string_view("bin"),
-        std::string_view("sbin"),         std::string_view("lib"),
-        std::string_view("lib64"),        std::string_view("share"),
-        std::string_view("applications"), std::string_view("games"),
-        std::string_view("pkg"),          std::string_view("homebrew")};
+    constexpr auto names = std::to_array<std::string_view>(
+        {"systemd",  "xorg",         "jvm",   "gvfs",     "xfce4",    "lxqt",        "kf5",
+         "kf6",      "libexec",      "gcc",   "dbus-1.0", "polkit-1", "gnome-shell", "at-spi2-core",
+         "git-core", "openssh",      "local", "bin",      "sbin",     "lib",         "lib64",
+         "share",    "applications", "games", "pkg",      "homebrew"});
     if (std::ranges::find(names, folder) != names.end()) {
         return true;
     }
-    constexpr std::array prefixes = {
-        std::string_view("qt"),    std::string_view("python"),    std::string_view("perl"),
-        std::string_view("ruby"),  std::string_view("node"),      std::string_view("php"),
-        std::string_view("java"),  std::string_view("wine"),      std::string_view("electron"),
-        std::string_view("mono"),  std::string_view("dotnet"),    std::string_view("llvm"),
-        std::string_view("conda"), std::string_view("miniconda"), std::string_view("anaconda")};
+    constexpr auto prefixes = std::to_array<std::string_view>(
+        {"qt", "python", "perl", "ruby", "node", "php", "java", "wine", "electron", "mono",
+         "dotnet", "llvm", "conda", "miniconda", "anaconda"});
     return std::ranges::any_of(prefixes,
                                [&](std::string_view prefix) { return folder.starts_with(prefix); });
 }

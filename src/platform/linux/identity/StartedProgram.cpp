@@ -56,6 +56,39 @@ bool isOfAnotherImage(const DesktopEntry& entry, const StartedProgram& program) 
            entry.execPath != program.path;
 }
 
+/// Whether the process runs from the AppImage that its environment names.
+bool isOfAppImage(const ProcessDetails& process) {
+    const LaunchEnvironment& environment = process.environment;
+    const std::string folder = environment.appDir + "/";
+    const auto isInside = [&](const std::optional<std::string>& path) {
+        return path && path->starts_with(folder);
+    };
+    // Nothing is mounted over the system's programs, whatever a variable says.
+    return environment.appImage.starts_with('/') && environment.appDir.starts_with('/') &&
+           !environment.appDir.starts_with("/usr") && environment.appDir != "/" &&
+           (isInside(process.executable) || isInside(process.commandPath));
+}
+
+/// One name for a Windows program: lower case, with slashes. A path below z: becomes the path it
+/// stands for; others get the prefix of their wine installation unless that is the usual one. Empty
+/// for a relative path.
+std::string windowsProgram(std::string_view path, std::string_view winePrefix) {
+    std::string plain = loweredAscii(path);
+    std::ranges::replace(plain, '\\', '/');
+    if (plain.starts_with("z:/")) {
+        plain.erase(0, 2);
+    }
+    const bool isInPrefix = plain.size() > 2 && plain[1] == ':' && plain[2] == '/';
+    if (!isInPrefix) {
+        return plain.starts_with('/') ? plain : std::string();
+    }
+    while (winePrefix.ends_with('/')) {
+        winePrefix.remove_suffix(1);
+    }
+    const bool isUsual = winePrefix.empty() || winePrefix.ends_with("/.wine");
+    return isUsual ? plain : std::string(winePrefix) + ":" + plain;
+}
+
 } // namespace
 
 StartedProgram startedProgram(const ProcessDetails& process) {
@@ -93,35 +126,6 @@ StartedProgram startedProgram(const ProcessDetails& process) {
     program.isKnownByCallOnly = program.path.empty() && called.find('/') == std::string::npos &&
                                 !command.isModule && (isUnreadable || isRenamed);
     return program;
-}
-
-bool isOfAppImage(const ProcessDetails& process) {
-    const LaunchEnvironment& environment = process.environment;
-    const std::string folder = environment.appDir + "/";
-    const auto isInside = [&](const std::optional<std::string>& path) {
-        return path && path->starts_with(folder);
-    };
-    // Nothing is mounted over the system's programs, whatever a variable says.
-    return environment.appImage.starts_with('/') && environment.appDir.starts_with('/') &&
-           !environment.appDir.starts_with("/usr") && environment.appDir != "/" &&
-           (isInside(process.executable) || isInside(process.commandPath));
-}
-
-std::string windowsProgram(std::string_view path, std::string_view winePrefix) {
-    std::string plain = loweredAscii(path);
-    std::ranges::replace(plain, '\\', '/');
-    if (plain.starts_with("z:/")) {
-        plain.erase(0, 2);
-    }
-    const bool isInPrefix = plain.size() > 2 && plain[1] == ':' && plain[2] == '/';
-    if (!isInPrefix) {
-        return plain.starts_with('/') ? plain : std::string();
-    }
-    while (winePrefix.ends_with('/')) {
-        winePrefix.remove_suffix(1);
-    }
-    const bool isUsual = winePrefix.empty() || winePrefix.ends_with("/.wine");
-    return isUsual ? plain : std::string(winePrefix) + ":" + plain;
 }
 
 bool startsProgram(const DesktopEntry& entry, const StartedProgram& program) {

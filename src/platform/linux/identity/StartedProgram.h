@@ -33,14 +33,6 @@ struct StartedProgram {
 /// What this process runs. Pure.
 [[nodiscard]] StartedProgram startedProgram(const ProcessDetails& process);
 
-/// Whether the process runs from the AppImage that its environment names. Pure.
-[[nodiscard]] bool isOfAppImage(const ProcessDetails& process);
-
-/// One name for a Windows program, however it is written: in lower case, with slashes, a path
-/// below z: as the path that it stands for, any other behind the installation of wine that it
-/// lies in unless that is the usual one. Empty for a path that is not whole. Pure.
-[[nodiscard]] std::string windowsProgram(std::string_view path, std::string_view winePrefix);
-
 /// Whether the entry starts this program: the same file; a command in PATH that is a script or a
 /// link to a dispatcher and has the program's name; or, where nothing but the called name is
 /// known, a command of that name in PATH. Pure.

@@ -1,8 +1,8 @@
 #include "platform/linux/identity/SyntheticIdentity.h"
 
 #include "platform/linux/identity/StartedProgram.h"
-#include "platform/linux/xdg/DisplayText.h"
 #include "platform/linux/xdg/ExecKey.h"
+#include "support/ShownName.h"
 #include "support/TextHelpers.h"
 
 #include <algorithm>
@@ -115,6 +115,21 @@ Stem stemOf(const ProcessDetails& process) {
 }
 
 } // namespace
+
+std::string displayLine(std::string_view text) {
+    std::string line;
+    line.reserve(text.size());
+    while (!text.empty()) {
+        const Utf8Character next = firstCharacter(text);
+        if (!next.isValid) {
+            line += "\uFFFD";
+        } else {
+            line += isControl(next.point) ? std::string_view(" ") : text.substr(0, next.length);
+        }
+        text.remove_prefix(next.length);
+    }
+    return std::string(trimmed(line, " "));
+}
 
 bool isGenericClass(std::string_view word) {
     const std::string lower = loweredAscii(word);

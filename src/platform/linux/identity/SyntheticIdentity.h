@@ -14,6 +14,11 @@ namespace calmora {
 /// process is part of it: two programs of one identifier would be quit together. Pure.
 [[nodiscard]] ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts);
 
+/// An untrusted text as one line of valid UTF-8: broken UTF-8 becomes U+FFFD, control characters
+/// become blanks, and both ends are trimmed. Keeps everything else, so that different texts remain
+/// different identifiers; for a text to show see shownName().
+[[nodiscard]] std::string displayLine(std::string_view text);
+
 /// The class of the first window whose class tells something, fit to show; empty where none does.
 [[nodiscard]] std::string tellingClass(const std::vector<TopLevelWindow>& windows);
 

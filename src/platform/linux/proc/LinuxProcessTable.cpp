@@ -1,5 +1,6 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
 
+#include "platform/linux/proc/OpenFileLimit.h"
 #include "platform/linux/proc/ProcFiles.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@
 #include <string_view>
 #include <utility>
 
-#include <sys/resource.h>
 #include <sys/sysinfo.h>
 #include <unistd.h>
 
@@ -28,24 +28,18 @@ clockid_t cpuClockOf(ProcessId process) {
                                   processWideSchedulerClock);
 }
 
-std::size_t halfOfOpenFiles() {
-    rlimit limit{};
-    constexpr std::size_t usual = 1024;
-    const std::size_t files = getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : usual;
-    return files / 2;
-}
-
 } // namespace
 
 LinuxProcessTable::LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
                                      ProtectedProcesses& protection,
                                      std::function<bool(ProcessId)> isSpared)
     : reader_(reader), memory_(memory), protection_(protection), isSpared_(std::move(isSpared)),
-      fileLimit_(halfOfOpenFiles()), pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
+      fileLimit_(openFileLimit() / 2),
+      pageSize_(static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE))) {}
 
 std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
-    const auto stat = reader_.stat(process);
-    return stat && stat->parent > 0 ? std::optional(stat->parent) : std::nullopt;
+    const ProcessId parent = reader_.parent(process);
+    return parent > 0 ? std::optional(parent) : std::nullopt;
 }
 
 std::vector<ProcessId> LinuxProcessTable::allProcesses() const {

@@ -12,4 +12,10 @@ void raiseOpenFileLimit() {
     }
 }
 
+std::size_t openFileLimit() {
+    rlimit limit{};
+    constexpr std::size_t usual = 1024;
+    return getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : usual;
+}
+
 } // namespace calmora

@@ -4,7 +4,6 @@
 #include <csignal>
 
 #include <poll.h>
-#include <sys/wait.h>
 
 // glibc 2.36 declares these without C linkage.
 extern "C" {
@@ -32,12 +31,6 @@ bool PidFd::hasExited() const {
 
 int PidFd::send(int signal) const {
     return pidfd_send_signal(descriptor_.get(), signal, nullptr, 0);
-}
-
-bool PidFd::reap() const {
-    siginfo_t info{};
-    return waitid(P_PIDFD, static_cast<id_t>(descriptor_.get()), &info, WEXITED | WNOHANG) == 0 &&
-           info.si_pid != 0;
 }
 
 } // namespace calmora

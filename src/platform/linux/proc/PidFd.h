@@ -25,10 +25,6 @@ class PidFd {
     /// Sends a signal to exactly this process: 0, or -1 with errno set.
     [[nodiscard]] int send(int signal) const;
 
-    /// Collects the exit of a child of ours that has ended; false when it still runs or is no
-    /// child of ours. Touches no other child.
-    bool reap() const;
-
   private:
     explicit PidFd(FileDescriptor descriptor) : descriptor_(std::move(descriptor)) {}
 

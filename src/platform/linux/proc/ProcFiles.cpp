@@ -97,7 +97,6 @@ std::optional<ProcessStatus> parseStatus(std::string_view text) {
             const auto effective = number<std::uint32_t>(takeWord(*ids));
             hasUser = real && effective;
             status.realUser = real.value_or(0);
-            status.effectiveUser = effective.value_or(0);
         } else if (const auto anonymous = after(line, "RssAnon:")) {
             status.rssAnon = kibibytes(*anonymous);
         } else if (const auto swapped = after(line, "VmSwap:")) {

@@ -32,7 +32,6 @@ struct ProcessStat {
 /// The fields of /proc/PID/status that are used.
 struct ProcessStatus {
     std::uint32_t realUser = 0;
-    std::uint32_t effectiveUser = 0;
     /// Bytes; 0 for a process without memory of its own.
     std::uint64_t rssAnon = 0;
     /// Bytes.

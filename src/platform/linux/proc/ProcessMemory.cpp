@@ -1,23 +1,12 @@
 #include "platform/linux/proc/ProcessMemory.h"
 
-#include <sys/resource.h>
+#include "platform/linux/proc/OpenFileLimit.h"
 
 namespace calmora {
 
-namespace {
-
-std::size_t quarterOfOpenFiles() {
-    rlimit limit{};
-    constexpr std::size_t usual = 1024;
-    const std::size_t files = getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : usual;
-    return files / 4;
-}
-
-} // namespace
-
 ProcessMemory::ProcessMemory(const ProcessReader& reader,
                              std::optional<std::size_t> descriptorLimit)
-    : reader_(reader), descriptorLimit_(descriptorLimit.value_or(quarterOfOpenFiles())) {}
+    : reader_(reader), descriptorLimit_(descriptorLimit.value_or(openFileLimit() / 4)) {}
 
 bool ProcessMemory::hold(ProcessId process) {
     if (held_.contains(process) && !isGone(process)) {
@@ -25,15 +14,15 @@ bool ProcessMemory::hold(ProcessId process) {
     }
     // The descriptor comes first: what is read afterwards, while it is alive, is this process.
     auto descriptor = PidFd::open(process);
-    const auto stat = reader_.stat(process);
-    if (!stat || stat->isGone() || (descriptor && descriptor->hasExited())) {
+    const auto started = reader_.startTime(process);
+    if (!started || (descriptor && descriptor->hasExited())) {
         return false;
     }
     if (descriptors_ >= descriptorLimit_) {
         giveUpDescriptorsOfEnded();
     }
     Held& held = held_[process];
-    held = Held{stat->startTime, nullptr, false};
+    held = Held{*started, nullptr, false};
     if (descriptor && descriptors_ < descriptorLimit_) {
         held.descriptor = std::make_shared<const PidFd>(*std::move(descriptor));
         ++descriptors_;
@@ -44,8 +33,7 @@ bool ProcessMemory::hold(ProcessId process) {
 bool ProcessMemory::isGone(ProcessId process) const {
     const auto found = held_.find(process);
     if (found == held_.end()) {
-        const auto stat = reader_.stat(process);
-        return !stat || stat->isGone();
+        return !reader_.startTime(process);
     }
     return hasEnded(process, found->second);
 }
@@ -67,8 +55,7 @@ bool ProcessMemory::hasEnded(ProcessId process, Held& held) const {
     if (held.descriptor) {
         held.isGone = held.descriptor->hasExited();
     } else {
-        const auto stat = reader_.stat(process);
-        held.isGone = !stat || stat->isGone() || stat->startTime != held.startTime;
+        held.isGone = reader_.startTime(process) != held.startTime;
     }
     if (held.isGone && held.descriptor) {
         held.descriptor.reset();

@@ -167,6 +167,16 @@ std::optional<ProcessStat> ProcessReader::stat(ProcessId process) const {
     return parseStat(read(process, "stat"));
 }
 
+std::optional<std::uint64_t> ProcessReader::startTime(ProcessId process) const {
+    const auto its = stat(process);
+    return its && !its->isGone() ? std::optional(its->startTime) : std::nullopt;
+}
+
+ProcessId ProcessReader::parent(ProcessId process) const {
+    const auto its = stat(process);
+    return its ? its->parent : 0;
+}
+
 std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
     return parseStatus(read(process, "status"));
 }

@@ -38,6 +38,12 @@ class ProcessReader {
     /// Cost: 4 µs.
     [[nodiscard]] std::optional<ProcessStatus> status(ProcessId process) const;
 
+    /// ProcessStat::startTime; absent for a process that is gone.
+    [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
+
+    /// The parent; 0 without one.
+    [[nodiscard]] ProcessId parent(ProcessId process) const;
+
     /// The program file without the mark of a deleted file; absent also for a process that hides
     /// from its own user.
     [[nodiscard]] std::optional<std::string> executable(ProcessId process) const;

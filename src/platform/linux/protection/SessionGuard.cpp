@@ -74,10 +74,7 @@ SessionFacts SessionGuard::gather() {
     facts.self = getpid();
     facts.user = getuid();
     facts.controlGroup = reader_.controlGroup(facts.self);
-    const auto parentOf = [this](ProcessId process) {
-        const auto stat = reader_.stat(process);
-        return stat ? stat->parent : 0;
-    };
+    const auto parentOf = [this](ProcessId process) { return reader_.parent(process); };
     static_cast<void>(anyAncestor(facts.self, parentOf, [&](ProcessId ancestor) {
         facts.ancestors.insert(ancestor);
         return false;

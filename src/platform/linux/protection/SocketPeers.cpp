@@ -45,18 +45,17 @@ std::optional<ProcessId> askListener(const std::string& path) {
 
 std::optional<ProcessId> SocketPeers::listener(const std::string& path) {
     if (const auto found = known_.find(path); found != known_.end()) {
-        const auto stat = reader_.stat(found->second.process);
-        if (stat && stat->startTime == found->second.startTime && !stat->isGone()) {
+        if (reader_.startTime(found->second.process) == found->second.startTime) {
             return found->second.process;
         }
         known_.erase(found);
     }
     const auto process = askListener(path);
-    const auto stat = process ? reader_.stat(*process) : std::nullopt;
-    if (!stat) {
+    const auto started = process ? reader_.startTime(*process) : std::nullopt;
+    if (!started) {
         return std::nullopt;
     }
-    known_[path] = {*process, stat->startTime};
+    known_[path] = {*process, *started};
     return process;
 }
 

@@ -86,14 +86,6 @@ Subscription CompositeWindowSystem::onActiveWindowChanged(std::function<void()> 
     return listen(&WindowSystem::onActiveWindowChanged, handler);
 }
 
-Subscription CompositeWindowSystem::onClosed(std::function<void()> handler) {
-    return listen(&WindowSystem::onClosed, [this, handler = std::move(handler)] {
-        if (!isAlive()) {
-            handler();
-        }
-    });
-}
-
 std::pair<WindowSystem*, WindowId> CompositeWindowSystem::find(WindowId window) const {
     const std::size_t part = window >> partShift;
     return {part < parts_.size() ? parts_[part] : nullptr,

@@ -26,8 +26,6 @@ class CompositeWindowSystem final : public WindowSystem {
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
-    /// Once all parts are gone.
-    [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
     [[nodiscard]] std::vector<ProcessId> displayProcesses() override;

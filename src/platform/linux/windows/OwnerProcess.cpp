@@ -10,11 +10,6 @@ namespace calmora {
 
 namespace {
 
-std::optional<std::uint64_t> startTime(const ProcessReader& reader, ProcessId process) {
-    const auto stat = reader.stat(process);
-    return stat && !stat->isGone() ? std::optional(stat->startTime) : std::nullopt;
-}
-
 std::optional<OwnerProcess> ownerProcess(const ProcessReader& reader, ProcessId process) {
     const auto stat = reader.stat(process);
     const auto status = reader.status(process);
@@ -36,7 +31,7 @@ std::optional<OwnerProcess> ownerProcess(const ProcessReader& reader, ProcessId 
 
 OwnerLookup ownersFromKernel() {
     const auto reader = std::make_shared<const ProcessReader>();
-    return {[reader](ProcessId process) { return startTime(*reader, process); },
+    return {[reader](ProcessId process) { return reader->startTime(process); },
             [reader](ProcessId process) { return ownerProcess(*reader, process); }};
 }
 

@@ -117,9 +117,6 @@ class WindowSystem {
     /// Tells that activeWindow() may give something else now.
     [[nodiscard]] virtual Subscription onActiveWindowChanged(std::function<void()> handler) = 0;
 
-    /// Tells once that the window system has gone away.
-    [[nodiscard]] virtual Subscription onClosed(std::function<void()> handler) = 0;
-
     /// Asks the window to close, as its close button would; one whose owner is merely claimed is
     /// asked directly, since a window manager may signal the owner of one that does not answer.
     /// False when the window is gone, takes no part in that, or is not `process`'s any more, all of

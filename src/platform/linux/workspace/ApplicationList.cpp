@@ -168,8 +168,7 @@ std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const
         !sources_.memory.isGone(process)) {
         return known->second->process.startTime;
     }
-    const auto stat = sources_.reader.stat(process);
-    return stat && !stat->isGone() ? std::optional(stat->startTime) : std::nullopt;
+    return sources_.reader.startTime(process);
 }
 
 bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,

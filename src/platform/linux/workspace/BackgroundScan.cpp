@@ -151,10 +151,8 @@ std::vector<ProcessId> BackgroundScan::agents(const std::set<ProcessId>& applica
             candidates.push_back(known.candidate);
         }
     }
-    return topmostAgents(candidates, applications, [&](ProcessId process) {
-        const auto stat = reader_.stat(process);
-        return stat ? stat->parent : ProcessId{0};
-    });
+    return topmostAgents(candidates, applications,
+                         [&](ProcessId process) { return reader_.parent(process); });
 }
 
 } // namespace calmora

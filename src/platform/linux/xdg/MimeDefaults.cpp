@@ -10,6 +10,13 @@ namespace calmora {
 
 namespace {
 
+/// The applications of one MIME type in one file, best first, by id without ".desktop".
+struct MimeApplications {
+    std::vector<std::string> defaults;
+    std::vector<std::string> added;
+    std::vector<std::string> removed;
+};
+
 std::vector<std::string> idsOf(std::string_view value) {
     std::vector<std::string> ids = splitList(value);
     constexpr std::string_view ending = ".desktop";
@@ -21,8 +28,8 @@ std::vector<std::string> idsOf(std::string_view value) {
     return ids;
 }
 
-} // namespace
-
+/// Parses a mimeapps.list or mimeinfo.cache for one MIME type.
+/// Source: freedesktop Association between MIME types and applications.
 MimeApplications parseMimeApplications(std::string_view text, std::string_view mimeType) {
     MimeApplications applications;
     walkKeyFile(text, [&](const KeyFileLine& line) {
@@ -40,6 +47,8 @@ MimeApplications parseMimeApplications(std::string_view text, std::string_view m
     });
     return applications;
 }
+
+} // namespace
 
 std::vector<std::filesystem::path> mimeApplicationLists(const BaseDirectories& directories) {
     std::vector<std::filesystem::path> lists;

@@ -10,18 +10,6 @@
 
 namespace calmora {
 
-/// The applications of one MIME type, as the lists of one folder name them, best first.
-struct MimeApplications {
-    std::vector<std::string> defaults;
-    std::vector<std::string> added;
-    std::vector<std::string> removed;
-};
-
-/// Parses a mimeapps.list or mimeinfo.cache for one MIME type; the ids stand without ".desktop".
-/// Source: freedesktop Association between MIME types and applications.
-[[nodiscard]] MimeApplications parseMimeApplications(std::string_view text,
-                                                     std::string_view mimeType);
-
 /// The files that name default applications, most important first: mimeapps.list of the desktop
 /// and of all, in the configuration and data folders.
 [[nodiscard]] std::vector<std::filesystem::path>
