@@ -13,7 +13,7 @@ namespace {
 
 void drain(int descriptor) {
     std::uint64_t count = 0;
-    // Both eventfd and timerfd give eight bytes or nothing.
+    // Both eventfd and timerfd return eight bytes or nothing.
     [[maybe_unused]] const ssize_t read = ::read(descriptor, &count, sizeof count);
 }
 
@@ -41,7 +41,7 @@ struct EventPoll::State {
 
     void runDeferred() {
         drain(wake.get());
-        // Actions deferred from here on wait for the next dispatch.
+        // Actions deferred from now on run in the next dispatch.
         const std::uint64_t end = nextId;
         while (!deferred.empty() && deferred.begin()->first < end) {
             const auto action = std::move(deferred.begin()->second);

@@ -11,10 +11,9 @@
 
 namespace calmora {
 
-/// One descriptor for all that the Linux layer waits for: the connection to the window system,
-/// pidfds, timers. A main loop watches descriptor() and calls dispatch() when it is readable. Main
-/// thread.
-/// Source: epoll(7), timerfd_create(2).
+/// One descriptor for everything the Linux layer waits for: the window system, pidfds, timers. A
+/// main loop watches descriptor() and calls dispatch() when it is readable. Main thread. Source:
+/// epoll(7), timerfd_create(2).
 class EventPoll {
   public:
     EventPoll();
@@ -22,9 +21,9 @@ class EventPoll {
     EventPoll& operator=(const EventPoll&) = delete;
     ~EventPoll();
 
-    /// Calls `ready` from dispatch() whenever `descriptor` can be read or has hung up, until the
-    /// token ends. The caller keeps the descriptor, which must outlive the token, and watches it
-    /// only once. An empty token when it cannot be watched.
+    /// Calls `ready` from dispatch() whenever `descriptor` is readable or has hung up, until the
+    /// token ends. The descriptor must outlive the token and may be watched only once. Returns an
+    /// empty token if it cannot be watched.
     [[nodiscard]] Subscription watch(int descriptor, std::function<void()> ready);
 
     /// Calls `action` from dispatch() every `interval`, first after one interval, until the token
@@ -33,14 +32,14 @@ class EventPoll {
                                      std::function<void()> action);
 
     /// Calls `action` once from the next dispatch(), which becomes due at once, unless the token
-    /// ends before.
+    /// ends first.
     [[nodiscard]] Subscription later(std::function<void()> action);
 
-    /// The descriptor to watch for reading; negative when the kernel gave none.
+    /// The descriptor to watch for reading; negative if the kernel could not create one.
     [[nodiscard]] int descriptor() const;
 
-    /// Calls back for what is due and returns; never waits. Callbacks may add and end watches and
-    /// may destroy this object.
+    /// Runs due callbacks and returns; never waits. Callbacks may add and end watches and may
+    /// destroy this object.
     void dispatch();
 
   private:

@@ -51,9 +51,9 @@ std::weak_ordering ordering(int order) {
 
 struct IcuText::Rules {
     icu::Locale locale;
-    /// Null when ICU has no data at all; texts are then compared folded, by code point.
+    /// Null if ICU has no data; texts are then case-folded and compared by code point.
     std::unique_ptr<icu::Collator> collator;
-    /// Made by the first search; has the text and pattern of the last one.
+    /// Created by the first search; keeps its text and pattern.
     std::unique_ptr<icu::StringSearch> search;
     icu::UnicodeString pattern;
 };

@@ -7,11 +7,10 @@
 
 namespace calmora {
 
-/// Texts by the rules of ICU, which are loaded when first needed. Invalid UTF-8 counts as U+FFFD.
-/// Main thread.
+/// Text rules from ICU, loaded on first use. Invalid UTF-8 counts as U+FFFD. Main thread.
 class IcuText final : public Text {
   public:
-    /// `locale` is a POSIX or BCP 47 name ("de_DE.UTF-8"); empty: of LC_ALL, LC_COLLATE or LANG.
+    /// `locale` is a POSIX or BCP 47 name ("de_DE.UTF-8"); empty means LC_ALL, LC_COLLATE or LANG.
     explicit IcuText(std::string locale = {});
     ~IcuText() override;
 

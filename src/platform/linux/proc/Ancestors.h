@@ -4,9 +4,9 @@
 
 namespace calmora {
 
-/// Climbs from a process to its ancestors, nearest first, until `found(ancestor)` is true; false
-/// when it was for none. `parentOf` gives 0 where there is no parent. Bounded, since the tree may
-/// change while it is climbed.
+/// Visits the ancestors of a process, nearest first, until `found(ancestor)` returns true. Returns
+/// whether it did. `parentOf` returns 0 without a parent. Bounded, because the tree may change
+/// meanwhile.
 template <typename ParentOf, typename Found>
 [[nodiscard]] bool anyAncestor(ProcessId process, const ParentOf& parentOf, const Found& found) {
     ProcessId ancestor = parentOf(process);

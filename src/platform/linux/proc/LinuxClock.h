@@ -4,7 +4,7 @@
 
 namespace calmora {
 
-/// The machine's clocks: CLOCK_REALTIME, and CLOCK_MONOTONIC.
+/// CLOCK_REALTIME and CLOCK_MONOTONIC.
 class LinuxClock final : public Clock {
   public:
     [[nodiscard]] std::chrono::system_clock::time_point now() const override;

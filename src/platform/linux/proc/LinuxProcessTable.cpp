@@ -20,8 +20,7 @@ namespace calmora {
 
 namespace {
 
-/// The clock of a process's CPU time, as clock_getcpuclockid(3) computes it, without the extra
-/// system call with which that tests the process.
+/// The CPU clock as clock_getcpuclockid(3) computes it, without its extra system call.
 clockid_t cpuClockOf(ProcessId process) {
     constexpr clockid_t processWideSchedulerClock = 2;
     return static_cast<clockid_t>((~static_cast<unsigned>(process) << 3U) |
@@ -45,8 +44,8 @@ std::optional<ProcessId> LinuxProcessTable::parent(ProcessId process) const {
 std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
     constexpr std::size_t most = 4096;
     std::vector<ProcessId> processes = reader_.processesOf(getuid(), most);
-    // The user may be logged in a second time, on a display where nobody asked for anything.
-    // Helpers that name no display, or cannot be read, stay.
+    // Leaves out other sessions of the same user. Helpers whose display is unset or unreadable
+    // stay.
     const char* variable = std::getenv("DISPLAY");
     const std::string own = displayOf(variable ? variable : "");
     if (!own.empty()) {
@@ -79,7 +78,7 @@ std::optional<ProcessCounters> LinuxProcessTable::counters(ProcessId process) {
         if (auto counters = read(process, kept->second)) {
             return counters;
         }
-        // Its process has ended; another one may have the id by now.
+        // The process has ended; the id may have been reused.
         kept->second.file.reset();
     }
     auto counters = read(process, kept->second);
@@ -94,14 +93,14 @@ std::optional<ProcessCounters> LinuxProcessTable::read(ProcessId process, Counte
     if (!file.file || file.isStatus != wantsStatus) {
         file.file = reader_.open(process, wantsStatus ? "status" : "statm");
         file.isStatus = wantsStatus;
-        // The file is bound to a process now; it must be the one that was asked for.
+        // The file is now bound to a process; check that it is the held one.
         if (!file.file || !isHeldProcess(process)) {
             return std::nullopt;
         }
     }
 
-    // The clock is asked for by the id alone. The file is read after it: it can be read only while
-    // its process has the id, so the id was that process's when the clock was read.
+    // The clock is read by id, then the file, which is readable only while its process has the id.
+    // So both belong to the same process.
     timespec time{};
     if (clock_gettime(cpuClockOf(process), &time) != 0) {
         return std::nullopt;
@@ -115,7 +114,7 @@ std::optional<ProcessCounters> LinuxProcessTable::read(ProcessId process, Counte
                         static_cast<std::uint64_t>(time.tv_nsec);
     if (wantsStatus) {
         const auto status = parseStatus(text);
-        // A process without memory, a zombie, has no such line.
+        // Zombies have no such line.
         if (!status || text.find("\nVmRSS:") == std::string_view::npos) {
             return std::nullopt;
         }
@@ -159,8 +158,7 @@ std::int32_t LinuxProcessTable::sendSignal(ProcessId process, std::int32_t signa
             return refuse(errno);
         }
     }
-    // From here on the descriptor means one process. While that has not ended the id is its own,
-    // so what is read by the id below is about it.
+    // From here on the descriptor is bound to one process. While it runs, reads by id concern it.
     if (memory_.isGone(process) || (descriptor && descriptor->hasExited())) {
         return refuse(ESRCH);
     }
@@ -177,7 +175,7 @@ std::int32_t LinuxProcessTable::sendSignal(ProcessId process, std::int32_t signa
 }
 
 bool LinuxProcessTable::isSwapInUse() {
-    // Once a second is once in a batch. The coarse clock costs a few nanoseconds.
+    // Once a second means once per batch of samples. The coarse clock costs a few nanoseconds.
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     if (swapCheckedAt_ != now.tv_sec) {

@@ -16,20 +16,19 @@
 
 namespace calmora {
 
-/// The kernel's process table through /proc, process CPU clocks and pidfds. Main thread.
+/// The kernel's process table, from /proc, process CPU clocks and pidfds. Main thread.
 ///
-/// CPU time is the process CPU clock: nanoseconds, ended threads included, user and system time in
-/// one sum, which is given as user time (the kernel's own split is only a guess from clock ticks).
+/// CPU time comes from the process CPU clock: nanoseconds, including ended threads, user and system
+/// time in one sum. It is reported as user time, since the kernel only estimates the split.
 ///
-/// The footprint is what the process alone costs: anonymous memory plus what was swapped out of
-/// it; pages of files are left out. Resident minus shared pages of statm are the anonymous ones
-/// and cost a fifth of status, so statm is read while the machine has nothing swapped out, and
-/// RssAnon + VmSwap of status while it has.
+/// The footprint is anonymous memory plus swap, without file pages. Resident minus shared pages of
+/// statm equal the anonymous ones and cost a fifth of status, so statm is read unless the machine
+/// uses swap; then RssAnon + VmSwap of status is.
 class LinuxProcessTable final : public ProcessTable {
   public:
-    /// `memory` is shared with whoever lists processes. `protection` is asked before each signal,
-    /// and so is `isSpared`, which names applications that may be asked but not signalled; empty
-    /// names none. The references must outlive the table.
+    /// `memory` is shared with the lister of processes. `protection` is asked before each signal;
+    /// so is `isSpared`, true for applications that may be asked to quit but not signalled (may be
+    /// empty). The references must outlive the table.
     LinuxProcessTable(const ProcessReader& reader, ProcessMemory& memory,
                       ProtectedProcesses& protection, std::function<bool(ProcessId)> isSpared = {});
 
@@ -40,18 +39,18 @@ class LinuxProcessTable final : public ProcessTable {
     [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override;
     void retainCounters(const std::vector<ProcessId>& processes) override;
 
-    /// Goes through a pidfd that is opened before start time and protection are checked.
+    /// Sends through a pidfd that is opened before start time and protection are checked.
     std::int32_t sendSignal(ProcessId process, std::int32_t signal) override;
 
   private:
-    /// The file that the footprint of a process is read from. Once open it is bound to its process
-    /// and cannot be read after its end, which also shows that the id was not reused.
+    /// The file with a process's footprint. An open file stays bound to its process and fails to
+    /// read after its end, so it also reveals a reused id.
     struct CounterFile {
         FileDescriptor file;
         bool isStatus = false;
     };
 
-    /// Reads the counters through the file, which is opened first unless it is open.
+    /// Reads the counters from the file and opens it if needed.
     [[nodiscard]] std::optional<ProcessCounters> read(ProcessId process, CounterFile& file);
     [[nodiscard]] bool isSwapInUse();
     [[nodiscard]] bool isHeldProcess(ProcessId process) const;
@@ -60,7 +59,7 @@ class LinuxProcessTable final : public ProcessTable {
     ProcessMemory& memory_;
     ProtectedProcesses& protection_;
     std::function<bool(ProcessId)> isSpared_;
-    /// Kept open from sample to sample; one for each retained process, as far as the limit allows.
+    /// Open between samples; one per retained process, up to the limit.
     std::unordered_map<ProcessId, CounterFile> retained_;
     std::size_t fileLimit_;
     std::uint64_t pageSize_;

@@ -8,21 +8,21 @@
 
 namespace calmora {
 
-/// A descriptor that means one process, also after its id passed to another one.
-/// Source: pidfd_open(2), pidfd_send_signal(2).
+/// A descriptor bound to one process, even after its id was reused. Source: pidfd_open(2),
+/// pidfd_send_signal(2).
 class PidFd {
   public:
-    /// The process that has this id now, a zombie included; absent when there is none, or no
-    /// descriptor is left (errno tells).
+    /// Opens the process that has this id now, including a zombie. Absent with errno set if there
+    /// is none or no descriptor is left.
     [[nodiscard]] static std::optional<PidFd> open(ProcessId process);
 
-    /// The descriptor, for a poll: it is readable once the whole process has ended.
+    /// The descriptor for polling; readable once the whole process has ended.
     [[nodiscard]] int descriptor() const { return descriptor_.get(); }
 
-    /// Whether every thread of the process has ended; true for a zombie as well.
+    /// Whether all threads of the process have ended; true for a zombie.
     [[nodiscard]] bool hasExited() const;
 
-    /// Sends a signal to exactly this process: 0, or -1 with errno set.
+    /// Sends a signal to this process only: 0, or -1 with errno set.
     [[nodiscard]] int send(int signal) const;
 
   private:

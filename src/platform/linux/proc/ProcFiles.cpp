@@ -11,7 +11,7 @@ namespace calmora {
 
 namespace {
 
-/// Takes the next word, separated by blanks or tabs, off the front of the text.
+/// Removes and returns the next word, separated by blanks, tabs or newlines.
 std::string_view takeWord(std::string_view& text) {
     const std::size_t start = text.find_first_not_of(" \t\n");
     if (start == std::string_view::npos) {

@@ -12,7 +12,7 @@ bool ProcessMemory::hold(ProcessId process) {
     if (held_.contains(process) && !isGone(process)) {
         return true;
     }
-    // The descriptor comes first: what is read afterwards, while it is alive, is this process.
+    // Open the descriptor first: while it is alive, later reads concern this process.
     auto descriptor = PidFd::open(process);
     const auto started = reader_.startTime(process);
     if (!started || (descriptor && descriptor->hasExited())) {

@@ -12,30 +12,29 @@
 
 namespace calmora {
 
-/// Remembers which process an id meant when it was shown to the user.
-/// A held id keeps meaning that process: once it is gone the id is dead, whoever has it now, until
-/// the id is held again. Main thread.
+/// Remembers which process an id meant when it was shown to the user. A held id stays bound to that
+/// process, even if the id is reused, until it is held again. Main thread.
 class ProcessMemory {
   public:
-    /// `descriptorLimit` bounds the descriptors that are kept; a process held beyond it is
-    /// remembered by its start time alone. Absent means a quarter of the soft limit of open files.
+    /// Keeps at most `descriptorLimit` descriptors, by default a quarter of the soft limit of open
+    /// files; further processes are known by start time alone.
     explicit ProcessMemory(const ProcessReader& reader,
                            std::optional<std::size_t> descriptorLimit = {});
 
-    /// Binds the id to the process that has it now, unless the process it is bound to still
-    /// runs. False when there is no running process with this id.
+    /// Binds the id to its current process, unless the process it is bound to still runs. False if
+    /// no running process has this id.
     bool hold(ProcessId process);
 
-    /// Whether the process that the id means is gone: the held one, else whichever has the id.
-    /// A zombie is gone; a process whose main thread ended before the others is not.
+    /// Whether the held process, or for an id not held its current process, is gone. A zombie is
+    /// gone; a process whose main thread ended before the others is not.
     [[nodiscard]] bool isGone(ProcessId process) const;
 
-    /// Start time of the held process in clock ticks since the machine started; absent when the
-    /// id is not held. Stays after the end of the process.
+    /// Start time of the held process in clock ticks since boot, even after its end; absent for an
+    /// id not held.
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
 
-    /// The descriptor of the held process, for a poll or a signal; null when the id is not held,
-    /// the process was found to be gone, or no descriptor was left. Whoever watches it shares it.
+    /// The held process's descriptor for polling or signals. Null if the id is not held, the
+    /// process was found gone, or no descriptor was left. Watchers share it.
     [[nodiscard]] std::shared_ptr<const PidFd> descriptor(ProcessId process) const;
 
   private:
@@ -45,7 +44,7 @@ class ProcessMemory {
         bool isGone = false;
     };
 
-    /// Looks whether the process is gone; if so its descriptor is given up.
+    /// Checks whether the process is gone and then releases its descriptor.
     bool hasEnded(ProcessId process, Held& held) const;
     void giveUpDescriptorsOfEnded() const;
 

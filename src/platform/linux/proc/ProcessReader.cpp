@@ -20,11 +20,11 @@ namespace calmora {
 
 namespace {
 
-/// What any of the files may hold; command lines and environments can be longer, and what counts
-/// of them stands in front.
+/// Limit per file. Command lines and environments can be longer, but the relevant part is at the
+/// front.
 constexpr std::size_t readLimit = 256 * 1024;
 
-/// "PID/file" as the system calls want it.
+/// "PID/file" for system calls.
 class ProcPath {
   public:
     ProcPath(ProcessId process, const char* file) {
@@ -44,7 +44,7 @@ std::string readAll(int descriptor) {
     do {
         count = ::read(descriptor, buffer.data(), buffer.size());
         text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        // These files come whole: less than was asked for is the end.
+        // A short read marks the end of these files.
     } while (count == static_cast<ssize_t>(buffer.size()) && text.size() < readLimit);
     return text;
 }
@@ -59,7 +59,7 @@ std::optional<ProcessId> processIdOf(const char* name) {
     return process;
 }
 
-/// The desktop file at the root of an AppImage; the format wants exactly one.
+/// The desktop file at the root of an AppImage; the format requires exactly one.
 std::string desktopFileIn(const std::string& folder) {
     std::string found;
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
@@ -72,7 +72,7 @@ std::string desktopFileIn(const std::string& folder) {
     return found.empty() ? found : folder + "/" + found;
 }
 
-/// The file that starts when an interpreter runs this file or folder; empty where there is none.
+/// The file that starts when an interpreter runs this file or folder; empty if none.
 std::string startedFile(const std::string& path) {
     std::string file = resolvedFile(path);
     for (const char* name : {"__main__.py", "package.json", "index.js"}) {
@@ -81,11 +81,11 @@ std::string startedFile(const std::string& path) {
     return file;
 }
 
-/// The script that a relative path means to a process; empty where two folders have one.
+/// The script that a process's relative path means; empty if ambiguous.
 std::string scriptIn(const std::string& workingDirectory, const std::string& shellFolder,
                      const std::string& script) {
     std::string file = startedFile(workingDirectory + "/" + script);
-    // It may have changed its folder since it was started.
+    // The process may have changed its working directory.
     const std::string other =
         shellFolder.starts_with('/') ? startedFile(shellFolder + "/" + script) : "";
     if (!file.empty() && !other.empty() && file != other) {
@@ -94,9 +94,8 @@ std::string scriptIn(const std::string& workingDirectory, const std::string& she
     return file.empty() ? other : file;
 }
 
-/// The argument that may be the script whose first line made the kernel start this program; empty
-/// where there is none. The kernel puts the script's path behind the program and at most one
-/// option.
+/// The argument that may be a script whose first line started this program; empty if none. The
+/// kernel puts the script's path after the program and at most one option.
 std::string possibleScript(const std::vector<std::string>& commandLine) {
     const std::size_t at = commandLine.size() > 2 && commandLine[1].starts_with('-') ? 2 : 1;
     const bool isPath = at < commandLine.size() && commandLine[at].find('/') != std::string::npos;
@@ -150,7 +149,7 @@ std::vector<ProcessId> ProcessReader::processesOf(std::uint32_t user, std::size_
         }
         bool isOurs = info.st_uid == user;
         if (!isOurs && info.st_uid == 0) {
-            // The folder of a process that hides from its own user belongs to root.
+            // The /proc folder of a process that hides from its own user belongs to root.
             const auto its = status(*process);
             isOurs = its && its->realUser == user;
         }
@@ -184,12 +183,12 @@ std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
 std::optional<std::string> ProcessReader::executable(ProcessId process) const {
     const auto target = linkTarget(process, "exe");
     struct stat info{};
-    // A file may have a name that ends like the mark.
+    // A file's real name may end with the mark.
     if (!target || withoutDeletedMark(*target) == *target || ::lstat(target->c_str(), &info) == 0) {
         return target;
     }
     std::string path(withoutDeletedMark(*target));
-    // A folder by the name of the deleted file may hold the programs of others.
+    // A folder with the deleted file's name may hold other programs.
     const bool isFolder = ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
     return isFolder ? std::nullopt : std::optional(std::move(path));
 }
@@ -273,7 +272,7 @@ void ProcessReader::readCommandFile(ProcessDetails& details) const {
     if (runsItself && !isScriptOf(file, *details.executable)) {
         return;
     }
-    // Below a root of its own the paths mean other files than here.
+    // With another root the paths mean other files.
     if (!file.empty() && !hasOwnRoot(details.pid)) {
         details.commandPath = std::move(file);
         details.runsScript = runsItself;
@@ -344,8 +343,7 @@ std::optional<std::string> ProcessReader::linkTarget(ProcessId process, const ch
 }
 
 std::string ProcessReader::readFlatpakInfo(ProcessId process) const {
-    // The file lies in the sandbox's own root, which another program filled: it must be a plain
-    // file there, and opening it must not block.
+    // Another program filled the sandbox's root: accept only a plain file, and do not block.
     const FileDescriptor folder(
         openat(root_.get(), ProcPath(process, "root").get(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!folder) {

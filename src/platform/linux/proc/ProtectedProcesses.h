@@ -4,17 +4,17 @@
 
 namespace calmora {
 
-/// Decides which processes must live, whoever asks: those that carry the user's session, and those
-/// that belong to somebody else. They are no applications either.
+/// Decides which processes must never be signalled nor listed: those that carry the user's session,
+/// and other users' processes.
 class ProtectedProcesses {
   public:
     virtual ~ProtectedProcesses() = default;
 
-    /// Whether the process must live. True also for a process that cannot be read: what is unknown
-    /// is not touched. What the session looks like may be of a moment before.
+    /// Whether the process is protected; also true if it cannot be read. May use session facts from
+    /// a moment ago.
     [[nodiscard]] virtual bool isProtected(ProcessId process) = 0;
 
-    /// isProtected() with everything read again: the final check before a signal or a request.
+    /// isProtected() with everything read again: final check before a signal or a request.
     [[nodiscard]] virtual bool isProtectedNow(ProcessId process) { return isProtected(process); }
 };
 
