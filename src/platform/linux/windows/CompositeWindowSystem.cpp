@@ -5,7 +5,7 @@
 namespace calmora {
 namespace {
 
-/// The highest byte of a window's number says which part it belongs to.
+/// The highest byte of a window id is its part.
 constexpr int partShift = 56;
 
 WindowId joinedId(std::size_t part, WindowId window) {

@@ -14,10 +14,10 @@ class CompositeWindowSystem final : public WindowSystem {
     /// The parts must outlive this object and number their windows below 2^56. At most 256.
     explicit CompositeWindowSystem(std::vector<WindowSystem*> parts) : parts_(std::move(parts)) {}
 
-    /// While one of the parts is.
+    /// Whether any part is.
     [[nodiscard]] bool isAlive() const override;
     [[nodiscard]] std::string displayName() const override;
-    /// Those of all parts, part by part.
+    /// The windows of all parts, part by part.
     [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
     [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
     /// Whether one of the parts does: a compositor knows the windows of its X server, too.
@@ -40,7 +40,7 @@ class CompositeWindowSystem final : public WindowSystem {
     [[nodiscard]] std::vector<ProcessId>
         joinProcesses(std::vector<ProcessId> (WindowSystem::*list)());
     [[nodiscard]] Subscription listen(Listen kind, const std::function<void()>& handler);
-    /// The part that a window belongs to, and its number there; null for no part's.
+    /// The part of a window and its number there; null if no part has it.
     [[nodiscard]] std::pair<WindowSystem*, WindowId> find(WindowId window) const;
 
     std::vector<WindowSystem*> parts_;

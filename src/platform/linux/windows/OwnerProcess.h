@@ -10,27 +10,27 @@
 
 namespace calmora {
 
-/// What the kernel tells of a process that may own a window.
+/// A process that may own a window, from the kernel.
 struct OwnerProcess {
-    /// Its id in each pid namespace that it is in, ours first.
+    /// Its id in each of its pid namespaces, ours first.
     std::vector<ProcessId> ids;
-    /// Clock ticks since the machine started.
+    /// Clock ticks since boot.
     std::uint64_t startTime = 0;
     /// It runs as our own user.
     bool isOurs = false;
-    /// What its program is called: the name of the process, cut at 15 bytes, and that of its file.
+    /// The process name, cut at 15 bytes, and its program's file name.
     std::vector<std::string> names;
 };
 
-/// Looks processes up by id. Both answers are absent when no running process has the id.
+/// Looks up processes by id. Both results are absent if no running process has the id.
 struct OwnerLookup {
-    /// OwnerProcess::startTime alone, which is all that most windows need.
+    /// OwnerProcess::startTime alone, enough for most windows.
     std::function<std::optional<std::uint64_t>(ProcessId)> startTime;
     std::function<std::optional<OwnerProcess>(ProcessId)> process;
 };
 
-/// A look-up that reads /proc. Cost: about 4 µs for a start time, 15 µs for the whole.
-/// Source: proc(5), /proc/PID/stat, status (NSpid, Uid) and exe.
+/// Reads /proc. Cost: about 4 µs for a start time, 15 µs for everything. Source: proc(5),
+/// /proc/PID/stat, status (NSpid, Uid) and exe.
 [[nodiscard]] OwnerLookup ownersFromKernel();
 
 } // namespace calmora

@@ -8,7 +8,7 @@ namespace calmora {
 
 namespace {
 
-/// Leaves descriptors for all else; those beyond are looked at whenever their windows are read.
+/// Leaves descriptors for other uses; owners beyond are checked when their windows are read.
 constexpr std::size_t mostOwners = 128;
 
 } // namespace
@@ -36,7 +36,7 @@ std::vector<ProcessId> OwnerWatch::takeEnded() {
     std::vector<pollfd> requests;
     requests.reserve(owners_.size());
     for (const auto& [process, descriptor] : owners_) {
-        // A negative descriptor is passed over.
+        // poll() skips negative descriptors.
         requests.push_back({descriptor ? descriptor->descriptor() : -1, POLLIN, 0});
     }
     ::poll(requests.data(), requests.size(), 0);

@@ -10,18 +10,18 @@
 
 namespace calmora {
 
-/// Tells which owners of windows have ended. A window can outlive the process that it is known to
-/// belong to, and that process's id can pass to a stranger. Wakes nobody up: it has to be asked.
+/// Detects window owners that have ended. A window can outlive its known process, whose id may then
+/// be reused. Causes no wake-ups; has to be polled.
 class OwnerWatch {
   public:
-    /// Follows these processes, as they are now, and no others.
+    /// Watches exactly these processes from now on.
     void follow(const std::set<ProcessId>& processes);
 
-    /// Those that have ended; they are followed no longer.  Cost: one system call.
+    /// Returns the ended processes and stops watching them. Cost: one system call.
     [[nodiscard]] std::vector<ProcessId> takeEnded();
 
   private:
-    /// Absent for a process that had ended before it could be followed.
+    /// Absent for a process that ended before it could be watched.
     std::map<ProcessId, std::optional<PidFd>> owners_;
 };
 

@@ -12,7 +12,7 @@ namespace calmora {
 
 namespace {
 
-/// Whether somebody listens at a socket. In doubt somebody does.
+/// Whether a process listens on a socket; true in doubt.
 bool isAnswered(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;

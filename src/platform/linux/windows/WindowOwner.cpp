@@ -8,10 +8,10 @@ namespace calmora {
 
 namespace {
 
-/// The kernel cuts the names of processes at this many bytes.
+/// The kernel cuts process names at this many bytes.
 constexpr std::size_t cutName = 15;
 
-/// The name up to its first dot is enough where one of the two is given short.
+/// Compares names up to the first dot if either is short.
 bool sameHost(std::string_view a, std::string_view b) {
     if (a.find('.') != std::string_view::npos && b.find('.') != std::string_view::npos) {
         return a == b;
@@ -27,13 +27,13 @@ bool isCalled(const OwnerProcess& process, const std::string& name) {
     });
 }
 
-/// The owner of a window of which only the window itself tells.
+/// The owner by the window's own claim alone.
 WindowOwner claimedOwner(const OwnerClaims& claims, const std::optional<OwnerProcess>& property) {
-    // A program in a pid namespace of its own would not know the id that it has in ours.
+    // A program in another pid namespace would not know its id in ours.
     if (!property || !property->isOurs || property->ids.size() != 1) {
         return {};
     }
-    // A local client that handed its connection on need not name its machine.
+    // A local client that passed its connection on need not name its machine.
     const bool isNear = claims.client || !claims.machine.empty();
     const bool agrees = !claims.systemTells || isCalled(*property, claims.instance) ||
                         isCalled(*property, claims.className);
@@ -69,7 +69,7 @@ WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
         return {};
     }
     if (client->ids.size() > 1) {
-        // Inside a sandbox a program knows itself by another id, and perhaps another host name.
+        // A sandboxed program has another id and perhaps another host name.
         return client->ids.back() == *claims.property || !isElsewhere ? certain : remote;
     }
     return isElsewhere || process(claims.property) ? remote : certain;

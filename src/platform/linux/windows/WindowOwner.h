@@ -13,22 +13,22 @@
 
 namespace calmora {
 
-/// What is said about the process behind one window.
+/// Claims about the process behind one window.
 struct OwnerClaims {
-    /// By the window system, which saw the client connect. That process may have ended since and
-    /// left its connection to a child.
+    /// From the window system, which saw the client connect. That process may have ended and left
+    /// its connection to a child.
     std::optional<ProcessId> client = {};
-    /// By the client itself (_NET_WM_PID).
+    /// From the client itself (_NET_WM_PID).
     std::optional<ProcessId> property = {};
-    /// The machine that the client says it runs on (WM_CLIENT_MACHINE); empty means unsaid.
+    /// The machine that the client claims to run on (WM_CLIENT_MACHINE); empty if unknown.
     std::string machine = {};
-    /// What the client calls itself (both parts of WM_CLASS).
+    /// Both parts of WM_CLASS.
     std::string instance = {};
     std::string className = {};
     /// When the client was first seen, as OwnerProcess::startTime counts.
     std::uint64_t firstSeen = std::numeric_limits<std::uint64_t>::max();
-    /// The window system tells the process of each local client. One without a process then comes
-    /// over the network.
+    /// The window system knows the process of each local client, so that one without a process
+    /// connects over the network.
     bool systemTells = true;
 };
 
@@ -41,18 +41,17 @@ struct WindowOwner {
     friend bool operator==(const WindowOwner&, const WindowOwner&) = default;
 };
 
-/// Settles the claims. The window system's word counts most. A client elsewhere is remote; so is
-/// one that names another live process than the one that connected, which then only forwards.
+/// Decides between the claims, the window system's first. A client on another machine is remote; so
+/// is one that names another live process than the one that connected, which only forwards.
 ///
-/// No process that started after the client was first seen owns its windows: it has the id of one
-/// that has ended. What a window says of itself counts only for a process of our own user, and,
-/// where the window system would know better of any honest local client, only for a program that
-/// goes by a name of the window's.
+/// A process that started after the client was first seen never owns its windows: its id was
+/// reused. The window's own claim counts only for our user's processes and, where the window system
+/// knows every honest local client, only for a program with one of the window's names.
 [[nodiscard]] WindowOwner windowOwner(const OwnerClaims& claims, std::string_view hostName,
                                       const OwnerLookup& lookUp);
 
-/// Drops the claims on processes that have other windows for certain: a process with a connection
-/// of its own needs nobody else's, so the claim is false.
+/// Drops claims on processes that certainly own other windows: a process with its own connection
+/// does not use another one, so the claim is false.
 void dropContestedClaims(std::span<TopLevelWindow> windows);
 
 } // namespace calmora

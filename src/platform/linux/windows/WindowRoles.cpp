@@ -40,7 +40,7 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
             (window.isModal && hasPlainSibling);
         role.isShell = window.type == WindowType::dock || window.type == WindowType::desktop;
         const bool isPlain = isApplicationType(window.type) && !role.isTransient;
-        // Some toolkits keep modal dialogs out of task bars, also one that is all there is.
+        // Some toolkits keep modal dialogs out of task bars, even an only one.
         const bool isHidden = window.skipsTaskbar && !window.isModal;
         role.isRegular = isPlain && !isHidden;
         role.isHidden = isPlain && isHidden;
@@ -67,7 +67,7 @@ bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId pro
 }
 
 WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window) {
-    // Clients may name each other as parents in a circle.
+    // Bounded: clients may name each other as parents.
     for (std::size_t step = 0; step < 16; ++step) {
         const auto found = std::ranges::find(windows, window, &TopLevelWindow::id);
         if (found == windows.end() || !namesParent(*found) ||

@@ -8,35 +8,34 @@
 
 namespace calmora {
 
-/// What one window is to the application that owns it.
+/// The role of a window in its application.
 struct WindowRole {
-    /// It belongs to another window of the application, such as a question about unsaved work.
+    /// Belongs to another window of the application, such as a question about unsaved work.
     bool isTransient = false;
-    /// A window that makes its process an application that users switch to. So does a modal
-    /// dialog where it is all that the process shows.
+    /// Makes its process an application that users switch to. A modal dialog does so if it is the
+    /// only window.
     bool isRegular = false;
-    /// It would do so if it did not stay out of task bars.
+    /// Would be regular but stays out of task bars.
     bool isHidden = false;
-    /// A window that a polite quit may ask to close.
+    /// May be asked to close by a polite quit.
     bool mayBeAsked = false;
-    /// A panel or a desktop background: part of the desktop, whatever else its process shows.
+    /// A panel or desktop background: part of the desktop, whatever else its process shows.
     bool isShell = false;
 };
 
-/// The roles of `windows`, in their order. A window is transient when its parent is among them; or
-/// when it names some other parent, or is modal, and its process has a plain window beside it
-/// (toolkits name a hidden leader as the parent of dialogs that have none).
+/// The roles of `windows`, in their order. A window is transient if its parent is among them; or if
+/// it names another parent, or is modal, and its process has a plain window too (toolkits name a
+/// hidden leader as the parent of dialogs without one).
 [[nodiscard]] std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows);
 
-/// Whether one of `windows` is a regular one of the process.
+/// Whether the process has a regular window among `windows`.
 [[nodiscard]] bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process);
 
-/// Whether the process may be the owner of one of `windows`, which cannot be told: it must not be
-/// signalled then.
+/// Whether the process is one of several possible owners of a window: it must not be signalled
+/// then.
 [[nodiscard]] bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId process);
 
-/// The window at the end of the chain of parents that starts at `window`, as far as it is among
-/// `windows`; `window` itself where it has no parent.
+/// The last parent of `window` among `windows`; `window` itself without a parent.
 [[nodiscard]] WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window);
 
 } // namespace calmora
