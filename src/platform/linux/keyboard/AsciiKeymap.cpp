@@ -23,7 +23,7 @@ constexpr std::array spacingForms{
     Spacing{XKB_KEY_dead_ogonek, "\u02DB"},
 };
 
-/// The one symbol on the lowest level; XKB_KEY_NoSymbol when there is none or more.
+/// The only symbol on the lowest level; XKB_KEY_NoSymbol if there are none or several.
 xkb_keysym_t symbol(xkb_keymap& keymap, xkb_layout_index_t layout, xkb_keycode_t key) {
     const xkb_layout_index_t count = xkb_keymap_num_layouts_for_key(&keymap, key);
     if (count == 0) {

@@ -10,7 +10,7 @@
 
 namespace calmora {
 
-/// Releases what xkbcommon returns.
+/// Releases objects of xkbcommon.
 struct XkbRelease {
     void operator()(xkb_context* context) const { xkb_context_unref(context); }
 
@@ -20,19 +20,18 @@ struct XkbRelease {
 using XkbContext = std::unique_ptr<xkb_context, XkbRelease>;
 using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 
-/// A context that logs nothing; null when there is no memory.
+/// A context without logging; null without memory.
 [[nodiscard]] XkbContext makeXkbContext();
 
 /// The keymap of a US keyboard; null without a context.
 [[nodiscard]] XkbKeymap americanKeymap(xkb_context* context);
 
-/// The layout of `keymap` that writes ASCII, which means at least 20 of the letters a to z on its
-/// lowest level: `active`, else the first such one; absent when there is none.
+/// The layout of `keymap` that writes ASCII, with at least 20 of the letters a to z on its lowest
+/// level: `active` if it does, else the first one; absent if there is none.
 [[nodiscard]] std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap,
                                                             xkb_layout_index_t active);
 
-/// The text on the lowest level of a key, as UTF-8; a dead key gives its spacing form. Absent when
-/// the key gives no text.
+/// The UTF-8 text on the lowest level of a key; a dead key's spacing form. Absent without text.
 [[nodiscard]] std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t layout,
                                                      X11KeyCode key);
 

@@ -5,7 +5,7 @@
 
 namespace calmora {
 
-/// A physical key as the X server numbers it: evdev's code plus 8.
+/// A physical key's number in X: evdev's code plus 8.
 using X11KeyCode = std::uint8_t;
 
 /// The bits of a Carbon modifier mask.
@@ -23,8 +23,8 @@ inline constexpr std::uint32_t control = 1U << 12;
 /// The virtual key code of an X keycode; absent for a key that has none.
 [[nodiscard]] std::optional<std::int64_t> virtualKeyCode(X11KeyCode keyCode);
 
-/// Whether this key locks a modifier, so that it cannot be a hot key: Caps Lock, and Num Lock,
-/// which is where other keyboards have the keypad's Clear.
+/// Whether this key locks a modifier and so cannot be a hot key: Caps Lock, and Num Lock in place
+/// of the keypad's Clear.
 [[nodiscard]] constexpr bool isLockKey(std::int64_t keyCode) {
     return keyCode == 57 || keyCode == 71;
 }

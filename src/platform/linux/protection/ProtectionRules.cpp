@@ -8,10 +8,10 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The kernel keeps this much of a name (TASK_COMM_LEN without the final zero).
+/// Length of the kernel's process names (TASK_COMM_LEN without the final zero).
 constexpr std::size_t kernelNameLength = 15;
 
-/// Sorted, so that a look-up is a binary search.
+/// Sorted for binary search.
 constexpr std::array sessionPrograms = {
     "(sd-pam)"sv,
     "Hyprland"sv,
@@ -26,7 +26,7 @@ constexpr std::array sessionPrograms = {
     "Xvnc"sv,
     "Xwayland"sv,
     "agetty"sv,
-    // The icon of the print queue, which its autostart entry starts by way of a script.
+    // The icon of the print queue, started by a script in its autostart entry.
     "applet.py"sv,
     "at-spi-bus-launcher"sv,
     "at-spi2-registryd"sv,
@@ -237,8 +237,8 @@ bool isSessionGroup(std::string_view controlGroup) {
     if (hasComponent(controlGroup, "init.scope") || hasComponent(controlGroup, "system.slice")) {
         return true;
     }
-    // What the bus starts on demand stays in the bus's own service: most of it are applications.
-    // The bus itself is known by its names.
+    // Programs started by the bus on demand stay in its service, and most are applications. The bus
+    // itself is known by its names.
     return hasComponent(controlGroup, "session.slice") &&
            !controlGroup.ends_with("/dbus.service") &&
            !controlGroup.ends_with("/dbus-broker.service");
@@ -285,8 +285,8 @@ std::optional<ProtectionReason> protection(const ProtectionCandidate& process,
     if (*process.user != session.user) {
         return ProtectionReason::anotherUser;
     }
-    // Where the whole desktop runs in one such group (a VNC service, a kiosk, a container), the
-    // group says nothing about its members.
+    // If the whole desktop runs in one such group (a VNC service, a kiosk, a container), the group
+    // says nothing about its members.
     if (process.controlGroup != session.controlGroup && isSessionGroup(process.controlGroup)) {
         return ProtectionReason::controlGroup;
     }

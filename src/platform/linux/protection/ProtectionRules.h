@@ -10,11 +10,11 @@
 
 namespace calmora {
 
-/// Why a process must live.
+/// Why a process is protected.
 enum class ProtectionReason {
-    /// The process ids 0, 1 and 2 and everything below: init and the kernel's thread starter.
+    /// Process ids up to 2: init and the kernel's thread starter.
     firstProcesses,
-    /// Nothing could be read of it.
+    /// It could not be read.
     unreadable,
     kernelThread,
     anotherUser,
@@ -24,18 +24,18 @@ enum class ProtectionReason {
     display,
     /// The session manager or the leader of the login session.
     session,
-    /// The owner of a bus name on which the session rests.
+    /// The owner of an essential bus name.
     busOwner,
     audioServer,
-    /// It runs in a part of the session that holds no applications.
+    /// It runs in a control group of the session that holds no applications.
     controlGroup,
-    /// It is known by name.
+    /// Its name is listed.
     name,
-    /// The system starts it with every session, and it shows nothing that users switch to.
+    /// The system starts it with every session, and it has no window that users switch to.
     autostart,
 };
 
-/// What one session looks like from inside, at one moment.
+/// Facts about our session at one moment.
 struct SessionFacts {
     ProcessId self = 0;
     std::uint32_t user = 0;
@@ -48,35 +48,34 @@ struct SessionFacts {
     std::string controlGroup;
 };
 
-/// What one process looks like from outside.
+/// Facts about the process to judge.
 struct ProtectionCandidate {
     ProcessId process = 0;
-    /// The real user id; absent means that the process could not be read.
+    /// The real user id; absent if unreadable.
     std::optional<std::uint32_t> user;
     bool isKernelThread = false;
-    /// Path below the root of the control groups; empty where unknown.
+    /// Path below the root of the control groups; empty if unknown.
     std::string controlGroup;
     /// The kernel's name of the process, at most 15 bytes.
     std::string name;
-    /// The base name of the executable; empty where it may not be read.
+    /// The base name of the executable; empty if unreadable.
     std::string executable;
     /// It runs what an autostart entry of the system starts, see SessionAutostart.
     bool isAutostarted = false;
-    /// It has a window that users switch to, which makes it an application.
+    /// It has a window that users switch to, so it is an application.
     bool hasRegularWindow = false;
 };
 
-/// Why the process must live, as far as its id alone tells; absent means that nothing speaks
-/// against it so far. Reads nothing.
+/// Why the process is protected, judged by its id alone; absent if the id gives no reason. Pure.
 [[nodiscard]] std::optional<ProtectionReason> protectionById(ProcessId process,
                                                              const SessionFacts& session);
 
-/// Why the process must live; absent means that it may be signalled.
+/// Why the process is protected; absent if it may be signalled.
 [[nodiscard]] std::optional<ProtectionReason> protection(const ProtectionCandidate& process,
                                                          const SessionFacts& session);
 
-/// Whether a program of this name is part of every session that it runs in. Takes an executable's
-/// base name, or the kernel's name of a process, which is cut after 15 bytes.
+/// Whether a program of this name is part of a session. `name` is an executable's base name or the
+/// kernel's process name, cut after 15 bytes.
 [[nodiscard]] bool isSessionProgram(std::string_view name);
 
 } // namespace calmora

@@ -14,34 +14,34 @@
 
 namespace calmora {
 
-/// Gathers what the protection rules ask for and applies them. isProtected() reads the session
-/// again when what is known of it is older than a quarter of a second; the owners of bus names, and
-/// what a process is, each time. Main thread.
+/// Gathers the facts for the protection rules and applies them. isProtected() refreshes session
+/// facts after a quarter of a second; owners of bus names and process facts are read each time.
+/// Main thread.
 class SessionGuard final : public ProtectedProcesses {
   public:
     struct Sources {
-        /// The processes of the display: server, window manager, tray, docks, desktops.
+        /// The processes of the display, see WindowSystem::displayProcesses().
         std::function<std::vector<ProcessId>()> display = {};
-        /// The owners of the bus names on which the session rests.
+        /// The owners of essential bus names.
         std::function<std::vector<ProcessId>()> busOwners = {};
-        /// Whether a process with this command line and executable runs what the system starts
-        /// with every session. Empty knows of none.
+        /// Whether a process with this command line and executable runs an autostart entry of the
+        /// system. Empty means none do.
         std::function<bool(const std::vector<std::string>&, const std::optional<std::string>&)>
             isAutostarted = {};
-        /// Whether the process has a window that users switch to. Empty knows of none.
+        /// Whether the process has a window that users switch to. Empty means none has.
         std::function<bool(ProcessId)> hasRegularWindow = {};
-        /// Reads an environment variable; null when it is not set. Empty reads our own.
+        /// Reads an environment variable; null if not set. Empty means our own environment.
         std::function<const char*(const char*)> environment = {};
-        /// Where logind keeps its sessions.
+        /// logind's session files.
         std::filesystem::path loginSessions = "/run/systemd/sessions";
     };
 
-    /// `reader` and `clock` must outlive the guard. Without sources it protects what the kernel
-    /// alone tells: the first processes, ourselves and our ancestors, other users' processes,
-    /// kernel threads, and what is known by its name or control group.
+    /// `reader` and `clock` must outlive the guard. Without sources it relies on the kernel alone:
+    /// the first processes, ourselves and our ancestors, other users, kernel threads, names and
+    /// control groups.
     SessionGuard(const ProcessReader& reader, const Clock& clock, Sources sources);
 
-    /// Cost: nothing for what the session tells, else about 25 µs.
+    /// Cost: none if session facts decide, else about 25 µs.
     [[nodiscard]] bool isProtected(ProcessId process) override;
     [[nodiscard]] bool isProtectedNow(ProcessId process) override;
 

@@ -24,7 +24,7 @@ std::optional<ProcessId> askListener(const std::string& path) {
     if (path.front() == '@') {
         address.sun_path[0] = '\0';
     }
-    // A path ends with its zero, an abstract name with its length.
+    // A path ends at its zero byte, an abstract name at the given length.
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
                                                (path.front() == '@' ? 0 : 1));
     const FileDescriptor descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -72,7 +72,7 @@ std::vector<std::string> sessionManagerSockets(std::string_view value) {
 }
 
 std::string pulseServerSocket(std::string_view value) {
-    // "{machine}" may stand in front; of several servers the first one counts.
+    // May begin with "{machine}"; of several servers the first counts.
     if (value.starts_with('{')) {
         value.remove_prefix(std::min(value.find('}'), value.size() - 1) + 1);
     }

@@ -12,16 +12,16 @@
 
 namespace calmora {
 
-/// Tells which process listens on a Unix socket. A server that was found is not disturbed again
-/// before it has ended. Main thread.
+/// Finds the processes that listen on Unix sockets. Reconnects to a known server only after it has
+/// ended. Main thread.
 class SocketPeers {
   public:
     /// `reader` must outlive this object.
     explicit SocketPeers(const ProcessReader& reader) : reader_(reader) {}
 
-    /// The process that listens at `path`, which begins with '@' for the abstract kind.
-    /// Absent when nobody does, or when it lives outside of our process namespace.
-    /// Connects and hangs up at once; never waits.  Source: unix(7), SO_PEERCRED.
+    /// The process that listens at `path`, which begins with '@' for an abstract socket. Absent if
+    /// there is none or it is outside our pid namespace. Connects and disconnects at once; never
+    /// waits. Source: unix(7), SO_PEERCRED.
     [[nodiscard]] std::optional<ProcessId> listener(const std::string& path);
 
   private:
@@ -38,11 +38,11 @@ class SocketPeers {
 /// Source: X Session Management Library, "Local/…" network ids.
 [[nodiscard]] std::vector<std::string> sessionManagerSockets(std::string_view value);
 
-/// The socket of a PULSE_SERVER value; empty when it names none on this machine.
-/// Source: PulseAudio, "Server String Format".
+/// The socket of a PULSE_SERVER value; empty if it names no local one. Source: PulseAudio, "Server
+/// String Format".
 [[nodiscard]] std::string pulseServerSocket(std::string_view value);
 
-/// The leader out of the text of logind's file of a session; absent where there is none.
+/// The leader in the text of a logind session file; absent if none.
 [[nodiscard]] std::optional<ProcessId> sessionLeader(std::string_view text);
 
 } // namespace calmora
