@@ -8,8 +8,8 @@ namespace calmora {
 
 namespace {
 
-/// It says how a press of a button grabs the pointer for a client that has selected presses. We
-/// never do, so it changes nothing. Source: X Window System Protocol, chapter 10, ButtonPress.
+/// Only affects pointer grabs of clients that select button presses, which we never do. Source: X
+/// Window System Protocol, chapter 10, ButtonPress.
 constexpr std::uint32_t mark = XCB_EVENT_MASK_OWNER_GRAB_BUTTON;
 
 } // namespace
@@ -52,7 +52,7 @@ void X11Sightings::see(xcb_window_t window, std::uint32_t events) {
 }
 
 std::uint64_t X11Sightings::firstSeen(xcb_window_t window) const {
-    // The ids of one client lie beside each other.
+    // The ids of one client are adjacent.
     const std::uint32_t client = connection_.clientBase(window);
     std::uint64_t first = ticksNow();
     for (auto known = firstSeen_.lower_bound(client);

@@ -10,33 +10,30 @@
 
 namespace calmora {
 
-/// Tells a window from a later one with the same id, and since when its client has been there.
-/// The server gives the ids of a client that has gone to the next one that connects, so that an id
-/// alone says nothing about what was known of it.
+/// Detects that a window id was reused, and records when each client was first seen. The server
+/// reuses the ids of a client that has gone, so an id alone identifies nothing.
 ///
-/// Each window that was seen bears a mark in the event mask that the server keeps for us, one
-/// that no event goes with: a window without it is another one. So nothing wakes us up when
-/// windows move, change or go, and nothing is missed while events wait to be read.
+/// Each known window is marked in the event mask that the server keeps for us, with a bit that
+/// causes no events. A window without the mark is another one. This needs no wake-ups when windows
+/// move, change or go, and no unread event can hide a change.
 class X11Sightings {
   public:
     /// The connection must outlive this object.
     explicit X11Sightings(const X11Connection& connection) : connection_(connection) {}
 
-    /// Asks the server for the marks. Sends only: the answers come with those of the next request
-    /// that is waited for.
+    /// Requests the marks without waiting; the replies arrive with those of the next request.
     void ask();
 
-    /// The same for the windows that have a client in common with one of `windows`.
+    /// The same for known windows that share a client with one of `windows`.
     void askBeside(std::span<const xcb_window_t> windows);
 
-    /// The windows that asking found to be gone, or to be others; they are forgotten.
+    /// Returns and forgets the windows whose marks are missing.
     [[nodiscard]] std::vector<xcb_window_t> takeGone();
 
-    /// Marks a window that is not known yet, and has the server report these events of it.
+    /// Marks a new window and selects these events on it.
     void see(xcb_window_t window, std::uint32_t events);
 
-    /// When the client of the window was first seen, in clock ticks since the machine started;
-    /// now for one that is not known.
+    /// When the window's client was first seen, in clock ticks since boot; now if it is unknown.
     [[nodiscard]] std::uint64_t firstSeen(xcb_window_t window) const;
 
   private:

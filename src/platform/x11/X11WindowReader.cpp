@@ -10,12 +10,12 @@ namespace calmora {
 
 namespace {
 
-/// More windows than anybody has; keeps a runaway client from taking us along.
+/// More than anyone needs; guards against a runaway client.
 constexpr std::uint32_t mostWindows = 8192;
 constexpr std::uint32_t textWords = 256;
 constexpr std::uint32_t listWords = 64;
 
-/// Place of the group leader in WM_HINTS and the flag that it is set (ICCCM 4.1.2.4).
+/// Index of the group leader in WM_HINTS and its flag (ICCCM 4.1.2.4).
 constexpr std::size_t hintsGroup = 8;
 constexpr std::uint32_t hintsGroupFlag = 1U << 6U;
 
@@ -119,7 +119,7 @@ WindowType X11WindowReader::type(std::span<const std::uint32_t> atoms) const {
 
 std::optional<TopLevelWindow> X11WindowReader::collect(const Pending& pending,
                                                        OwnerClaims& claims) const {
-    // Every answer is taken, also after the window has turned out to be gone.
+    // Take every reply, even once the window is known to be gone.
     bool exists = true;
     const auto take = [&](xcb_get_property_cookie_t cookie) {
         auto reply = this->take(cookie);
@@ -227,7 +227,7 @@ std::optional<std::vector<xcb_window_t>> X11WindowReader::managedWindows() {
     if (manager.empty() || manager.front() == XCB_NONE || !list || list->type != XCB_ATOM_WINDOW) {
         return {};
     }
-    // A manager that died leaves its property behind, but not the window that it names.
+    // A dead manager leaves its property behind, but not the window it names.
     const auto ownCheck = take(connection_.requestProperty(manager.front(), check, 1));
     const auto own = words(ownCheck);
     if (own.empty() || own.front() != manager.front()) {
@@ -244,7 +244,7 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
         xcb_get_window_attributes_cookie_t attributes{};
         xcb_get_property_cookie_t state{};
         xcb_query_tree_cookie_t children{};
-        /// The child of the root above it; itself at the first level.
+        /// The root's child above it, or itself.
         xcb_window_t top = XCB_NONE;
     };
 
@@ -271,7 +271,8 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
     }
     std::vector<xcb_window_t> marked;
     std::vector<xcb_window_t> visible;
-    // A simple window manager puts each client into a frame, the client one or two levels below.
+    // A simple window manager puts each client into a frame, one or two levels below the root's
+    // child.
     for (int level = 0; level < 3; ++level) {
         std::vector<Candidate> next;
         for (const Candidate& candidate : candidates) {
@@ -282,7 +283,7 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
             if (!attributes || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY) {
                 continue;
             }
-            // The state is Withdrawn (0), Normal (1) or Iconic (3): ICCCM 4.1.3.1.
+            // WM_STATE is Withdrawn (0), Normal (1) or Iconic (3): ICCCM 4.1.3.1.
             if (const auto values = words(state); !values.empty()) {
                 if (values.front() != 0) {
                     marked.push_back(candidate.window);

@@ -14,7 +14,7 @@ namespace calmora {
 namespace {
 
 constexpr int iconSize = 64;
-/// Four mebibytes: a picture of 1024 by 1024 pixels.
+/// Four MiB: a picture of 1024 by 1024 pixels.
 constexpr std::uint32_t iconWords = 1U << 20U;
 
 void addUnique(std::vector<ProcessId>& processes, std::optional<ProcessId> process) {
@@ -23,7 +23,7 @@ void addUnique(std::vector<ProcessId>& processes, std::optional<ProcessId> proce
     }
 }
 
-/// ":0" for ":0", ":0.0" and "unix:0", and for nothing, where the environment says one of them.
+/// ":0" for ":0", ":0.0" and "unix:0"; an empty display means $DISPLAY.
 std::string displayWithoutScreen(const std::string& display) {
     char* host = nullptr;
     int number = 0;
@@ -115,7 +115,7 @@ bool X11WindowSystem::requestClose(WindowId window, ProcessId process) {
     if (!isAlive_) {
         return false;
     }
-    // Closing a window that does not take part would kill its client.
+    // Closing a window without WM_DELETE_WINDOW would kill its client.
     const auto target = static_cast<xcb_window_t>(window);
     const auto supportedCookie = connection_.requestProperty(
         connection_.root(), connection_.atom(X11Atom::netSupported), 1024);

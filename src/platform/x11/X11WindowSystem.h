@@ -16,14 +16,13 @@
 
 namespace calmora {
 
-/// The windows of an X server, by EWMH where a window manager speaks it, else by ICCCM alone.
-/// Asks the server to report changes only while someone listens for them.
-/// Sources: EWMH 1.5, ICCCM 2.0, X-Resource extension 1.2, XEMBED.
+/// The windows of an X server, by EWMH if the window manager supports it, else by ICCCM. Selects
+/// events only while there are listeners. Sources: EWMH 1.5, ICCCM 2.0, X-Resource extension 1.2,
+/// XEMBED.
 class X11WindowSystem final : public WindowSystem {
   public:
-    /// Connects to `display`; empty means the one that the environment names. Where that fails
-    /// the window system is not alive from the start. `events` must outlive it. `environment`
-    /// tells of the session.
+    /// Connects to `display`; empty means $DISPLAY. On failure isAlive() is false from the start.
+    /// `events` must outlive this object. `environment` reads the session's variables.
     explicit X11WindowSystem(EventPoll& events, const std::string& display = {},
                              EnvironmentReader environment = std::getenv,
                              OwnerLookup lookUp = ownersFromKernel());
@@ -49,9 +48,9 @@ class X11WindowSystem final : public WindowSystem {
 
   private:
     struct Known {
-        /// Absent while it has to be read, and for a window that is gone.
+        /// Absent until read, and for a window that is gone.
         std::optional<TopLevelWindow> facts;
-        /// Absent until somebody asks for it.
+        /// Absent until requested.
         std::optional<std::shared_ptr<const ImagePixels>> icon;
         bool isStale = true;
     };
@@ -90,19 +89,19 @@ class X11WindowSystem final : public WindowSystem {
     std::map<xcb_window_t, Known> known_;
     std::vector<TopLevelWindow> windows_;
     OwnerWatch owners_;
-    /// Of the manager and the owners of the manager selections; absent while they must be asked.
+    /// Processes of the manager and the manager selections; absent until requested.
     std::optional<std::vector<ProcessId>> managerProcesses_;
-    /// The window of the manager that speaks EWMH; none without one.
+    /// The EWMH check window; none without such a manager.
     xcb_window_t manager_ = XCB_NONE;
 
-    // What the server has been asked to report.
+    // What is selected on the server.
     bool isTracking_ = false;
     std::uint32_t rootMask_ = 0;
     std::uint32_t windowMask_ = 0;
     xcb_window_t watchedManager_ = XCB_NONE;
 
     bool isListStale_ = true;
-    /// The known windows do not report what windowMask_ says yet.
+    /// windowMask_ is not yet selected on the known windows.
     bool isMaskStale_ = false;
     bool areFactsStale_ = true;
     bool windowsDiffer_ = false;

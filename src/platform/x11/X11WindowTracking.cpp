@@ -1,4 +1,4 @@
-// How X11WindowSystem keeps what it knows up to date.
+// Change tracking of X11WindowSystem.
 #include "platform/x11/X11WindowSystem.h"
 
 #include "platform/linux/windows/WindowOwner.h"
@@ -24,7 +24,7 @@ void X11WindowSystem::readable() {
 }
 
 void X11WindowSystem::handleEvents() {
-    // Bounded: a client may cause events faster than they can be handled.
+    // Bounded: a client may send events faster than they are handled.
     constexpr int most = 4096;
     for (int count = 0; count < most; ++count) {
         const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())};
@@ -73,7 +73,7 @@ void X11WindowSystem::handle(const xcb_generic_event_t& event) {
         activeDiffers_ = activeDiffers_ || manager_ == XCB_NONE;
         break;
     default:
-        // Errors of requests about windows that have vanished end here too.
+        // Includes errors of requests about vanished windows.
         break;
     }
 }
@@ -121,7 +121,7 @@ void X11WindowSystem::forgetEverything() {
     }
 }
 
-/// After a question to the server that X11Sightings::ask() has sent.
+/// Call after X11Sightings::ask() and a round trip.
 void X11WindowSystem::forgetGone() {
     for (const xcb_window_t window : sightings_.takeGone()) {
         isListStale_ = known_.erase(window) > 0 || isListStale_;
@@ -140,7 +140,7 @@ void X11WindowSystem::forgetOwnersThatEnded() {
 }
 
 void X11WindowSystem::update() {
-    // Windows may change while they are read; what still changes after a few rounds is told later.
+    // Windows may change while they are read; later changes are reported by the next update.
     for (int round = 0; round < 4 && isAlive_ && (isListStale_ || areFactsStale_); ++round) {
         if (isListStale_) {
             updateList();
@@ -155,7 +155,7 @@ void X11WindowSystem::update() {
 }
 
 void X11WindowSystem::updateList() {
-    // The marks are asked for first: the list of a manager that has seen a window go is newer.
+    // Request the marks first, so that the manager's list is newer.
     sightings_.ask();
     auto managed = reader_.managedWindows();
     order_ = managed ? std::move(*managed) : reader_.unlistedWindows();
@@ -225,7 +225,7 @@ void X11WindowSystem::listenersChanged() {
     selectEvents();
     if (rootMask_ != 0) {
         update();
-        // Whoever starts to listen hears of what comes, not of what was.
+        // New listeners are notified of later changes only.
         windowsDiffer_ = false;
         settle();
     } else {
@@ -238,7 +238,7 @@ void X11WindowSystem::selectEvents() {
     const bool tracks = windowsChanged_.hasListeners() || (listens && manager_ == XCB_NONE);
     std::uint32_t mask = XCB_EVENT_MASK_NO_EVENT;
     if (listens) {
-        // Managers announce themselves to those who select StructureNotify (ICCCM 2.8).
+        // Managers announce themselves to StructureNotify listeners (ICCCM 2.8).
         mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         if (manager_ == XCB_NONE) {
             mask |= XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
@@ -266,11 +266,11 @@ void X11WindowSystem::selectEvents() {
     if (windowMask != std::exchange(windowMask_, windowMask)) {
         isMaskStale_ = tracks;
         if (tracks) {
-            // The next update selects the events, once it has found out which windows have gone.
+            // The next update selects the events once it knows which windows are gone.
             forgetEverything();
             return;
         }
-        // A later window with the id of a known one must not get its mark.
+        // A new window with a reused id must not be marked.
         sightings_.ask();
         forgetGone();
         std::erase_if(order_, [this](xcb_window_t window) { return !known_.contains(window); });
@@ -280,8 +280,8 @@ void X11WindowSystem::selectEvents() {
     }
 }
 
-/// Waiting for an answer makes xcb read events too, which then no longer make the descriptor
-/// readable: they are looked at here, and what they change is told from the next dispatch.
+/// Waiting for a reply makes xcb read events without making the descriptor readable again. Handles
+/// them here and notifies from the next dispatch.
 void X11WindowSystem::settle() {
     while (
         const X11Reply<xcb_generic_event_t> event{xcb_poll_for_queued_event(connection_.get())}) {
