@@ -8,14 +8,14 @@
 
 namespace calmora {
 
-/// Everything that tells which application a process is.
+/// Everything that identifies a process's application.
 struct ApplicationFacts {
     ProcessDetails process = {};
-    /// Absent where it is gone or may not be read.
+    /// Absent if gone or unreadable.
     std::optional<ProcessDetails> parent = {};
     /// The windows of the process, oldest first, transient ones included.
     std::vector<TopLevelWindow> windows = {};
-    /// Windows of other processes in the window groups of these, oldest first.
+    /// Windows of other processes in the same window groups, oldest first.
     std::vector<TopLevelWindow> groupWindows = {};
 };
 

@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::string_view desktopEnding = ".desktop";
 
-/// A desktop id and how it was found.
+/// A desktop id and the rule that found it.
 struct Match {
     std::string id;
-    /// Null for a sandbox whose desktop file is not among the installed ones.
+    /// Null for a sandbox whose desktop file is not installed.
     const DesktopEntry* entry = nullptr;
     IdentityRule rule = IdentityRule::synthetic;
 };
@@ -28,7 +28,7 @@ Found matchOf(const DesktopEntry* entry, IdentityRule rule) {
     return entry ? Found(Match{entry->id, entry, rule}) : std::nullopt;
 }
 
-/// One ".desktop" only: there is an org.telegram.desktop.desktop.
+/// Strips one ".desktop" only: org.telegram.desktop.desktop exists.
 std::string_view withoutEnding(std::string_view name) {
     if (name.ends_with(desktopEnding)) {
         name.remove_suffix(desktopEnding.size());
@@ -36,8 +36,8 @@ std::string_view withoutEnding(std::string_view name) {
     return name;
 }
 
-/// The words of a window's class that may name its application, the instance first. What many
-/// programs share names none of them.
+/// The words of a window's class that may name its application, the instance first. Interpreter
+/// names are left out.
 std::vector<std::string> classWords(const TopLevelWindow& window) {
     std::vector<std::string> words;
     for (const std::string& word : {window.instance, window.className}) {
@@ -55,7 +55,7 @@ std::vector<std::string> classWordsClassFirst(const TopLevelWindow& window) {
     return words;
 }
 
-/// The entry that a path or an id means, with or without its ending.
+/// The entry for a path or an id, with or without its ending.
 const DesktopEntry* entryNamed(std::string_view pathOrId, const DesktopEntryIndex& index) {
     if (pathOrId.empty()) {
         return nullptr;
@@ -68,7 +68,7 @@ const DesktopEntry* entryNamed(std::string_view pathOrId, const DesktopEntryInde
     return entry ? entry : index.withId(name);
 }
 
-/// The first of several ways that gives an answer; later ones are not tried.
+/// The first result of several rules; later ones are not tried.
 template <typename... Ways>
 Found firstOf(Ways... ways) {
     Found found;
@@ -76,8 +76,8 @@ Found firstOf(Ways... ways) {
     return found;
 }
 
-/// Whether a process in the control group of a snap is the snap's: what was started from there,
-/// a program of the system or of another snap, stays in the group.
+/// Whether a process in a snap's control group runs the snap: programs of the system or other snaps
+/// that it starts stay in the group.
 bool runsFromSnap(const ProcessDetails& process, std::string_view snap) {
     if (!process.executable) {
         return true;
@@ -92,7 +92,7 @@ bool runsFromSnap(const ProcessDetails& process, std::string_view snap) {
             return owner == snap || isBase;
         }
     }
-    // A confined snap sees its base as the root, where its interpreter may lie.
+    // A confined snap's root is its base, which may hold its interpreter.
     return process.hasOwnRoot;
 }
 
@@ -111,7 +111,7 @@ Found bySandbox(const ProcessDetails& process, const DesktopEntryIndex& index) {
     return Match{id, index.withId(id), IdentityRule::sandbox};
 }
 
-/// The best entry that starts this program; null for none.
+/// The best entry that starts this program; null if none.
 const DesktopEntry* entryStarting(const StartedProgram& program, const DesktopEntryIndex& index) {
     for (const std::string* key : {&program.calledKey, &program.key}) {
         for (const DesktopEntry* entry : index.withExecKey(*key)) {
@@ -124,14 +124,14 @@ const DesktopEntry* entryStarting(const StartedProgram& program, const DesktopEn
     return found.empty() ? nullptr : found.front();
 }
 
-/// Goes through the ways in which one process and its windows can be recognised.
+/// Applies the identity rules to one process and its windows.
 class Recognition {
   public:
     Recognition(const ApplicationFacts& facts, const DesktopEntryIndex& index)
         : facts_(facts), index_(index), program_(startedProgram(facts.process)),
           script_(parentScript(facts)) {}
 
-    /// What the process alone tells.
+    /// Rules that need the process only.
     [[nodiscard]] Found byProcess() const {
         return firstOf([&] { return bySystemdUnit(); }, [&] { return byLaunchEnvironment(); },
                        [&] { return byExecKey(); });
@@ -145,7 +145,7 @@ class Recognition {
                        [&] { return byParentScript(); });
     }
 
-    /// What the window alone tells.
+    /// Rules that need the window only.
     [[nodiscard]] Found byWindowAlone(const TopLevelWindow& window) const {
         return firstOf([&] { return byStartupWmClass(window); },
                        [&] { return byWindowHint(window); }, [&] { return byIdOfClass(window); },
@@ -172,7 +172,7 @@ class Recognition {
     }
 
   private:
-    /// The shell script that the process is part of; absent where its parent is none.
+    /// The parent's shell script; absent if the parent runs none.
     static std::optional<StartedProgram> parentScript(const ApplicationFacts& facts) {
         if (facts.parent) {
             StartedProgram program = startedProgram(*facts.parent);
@@ -183,10 +183,9 @@ class Recognition {
         return std::nullopt;
     }
 
-    /// The entry if the process runs what it starts, itself or through a script. A unit and an
-    /// environment pass on to whatever is started there, and remain when the program that they
-    /// were made for has ended: what was typed into a terminal is not the terminal and must not be
-    /// quit as one.
+    /// Returns the entry if the process runs its program, directly or through a script. Child
+    /// processes inherit units and environments and may outlive the program: a command typed into a
+    /// terminal is not the terminal and must not be quit as one.
     [[nodiscard]] const DesktopEntry* ifRun(const DesktopEntry* entry) const {
         const bool isRun = entry && (startsProgram(*entry, program_) ||
                                      (script_ && startsProgram(*entry, *script_)) ||
@@ -195,8 +194,8 @@ class Recognition {
         return isRun ? entry : nullptr;
     }
 
-    /// Of several entries that declare the same, the one that starts this program, then one that
-    /// was installed together with it.
+    /// Of several matching entries, the one that starts this program, then one installed together
+    /// with it.
     [[nodiscard]] const DesktopEntry* declared(DesktopEntryIndex::Entries entries) const {
         const DesktopEntry* together = nullptr;
         const DesktopEntry* first = nullptr;
@@ -233,7 +232,7 @@ class Recognition {
         return entry && mayStart(*entry, program_) ? entry : nullptr;
     }
 
-    /// The first entry with an id like this word that `isWanted` takes.
+    /// The first entry with an id like this word that satisfies `isWanted`.
     template <typename IsWanted>
     [[nodiscard]] const DesktopEntry* withIdLike(const std::string& word,
                                                  const IsWanted& isWanted) const {
@@ -269,7 +268,7 @@ class Recognition {
             entry = ifRun(entryNamed(environment.bamfDesktopFileHint, index_));
         }
         if (!entry && program_.isAppImage && !process.appImageDesktopFile.empty()) {
-            // Many images call their inner entry "app".
+            // Many images name their inner entry "app".
             entry = ifMayStart(index_.withId(withoutEnding(baseName(process.appImageDesktopFile))));
         }
         return matchOf(entry, IdentityRule::launchEnvironment);
@@ -287,7 +286,7 @@ class Recognition {
         if (!window.instance.starts_with("sun-awt-") && !isJava(program_.interpreter)) {
             return std::nullopt;
         }
-        // The toolkit writes the class org.gjt.sp.jedit.jEdit with dashes.
+        // The toolkit replaces dots by dashes in org.gjt.sp.jedit.jEdit.
         const std::string last = window.className.substr(window.className.find_last_of("-.") + 1);
         if (isGenericClass(last)) {
             return std::nullopt;
@@ -310,14 +309,14 @@ class Recognition {
     std::optional<StartedProgram> script_;
 };
 
-/// A transient window counts as the window that it belongs to.
+/// A transient window counts as its parent.
 bool isTransientOfAnother(const TopLevelWindow& window, const ApplicationFacts& facts) {
     return std::ranges::any_of(facts.windows, [&](const TopLevelWindow& other) {
         return other.id == window.transientFor && other.id != window.id && window.transientFor != 0;
     });
 }
 
-/// The application of a process, and those of its windows where they differ.
+/// The application of a process, and its windows' applications if they differ.
 struct Recognized {
     Found application;
     std::vector<std::string> windowIds;
@@ -333,7 +332,7 @@ Recognized recognize(const ApplicationFacts& facts, const DesktopEntryIndex& ind
         if (isTransientOfAnother(window, facts)) {
             continue;
         }
-        // A window that tells nothing counts as the others of its process.
+        // An unidentified window counts as the others of its process.
         Found found = recognition.byWindow(window);
         if (found) {
             result.windowIds.push_back(found->id);
@@ -421,7 +420,7 @@ bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& inde
     if (!desktopIdsOfCgroup(process.cgroup).empty() || snapOfCgroup(process.cgroup)) {
         return true;
     }
-    // Which file the arguments mean has not been read yet, nor the environment.
+    // The script's file and the environment are not read yet.
     const StartedProgram program = startedProgram(process);
     const Command command = commandOfProcess(process.commandLine, process.executable);
     const bool isMounted =

@@ -12,24 +12,23 @@
 
 namespace calmora {
 
-/// Which application a process with its windows is; see IdentityRule for the order of the ways.
-/// Also answers for a process without windows, from what the process alone tells. Pure.
+/// Identifies the application of a process and its windows, or of a process without windows;
+/// IdentityRule lists the rules in order. Pure.
 [[nodiscard]] ApplicationIdentity identify(const ApplicationFacts& facts,
                                            const DesktopEntryIndex& index);
 
-/// Which application a process without windows was started as: by its sandbox, its systemd unit
-/// or the program it runs. Absent when no desktop entry says so, or one
-/// whose program runs in a terminal: it belongs to the terminal. Pure.
+/// Identifies a process without windows by its sandbox, systemd unit or program. Absent without a
+/// desktop entry, or with one for a terminal program, which belongs to the terminal. Pure.
 [[nodiscard]] std::optional<ApplicationIdentity> identifyWindowless(const ProcessDetails& process,
                                                                     const DesktopEntryIndex& index);
 
-/// Whether identifyWindowless() may find something by unit or program: from arguments, program and
-/// control group alone, which cost little. Pure.
+/// Whether identifyWindowless() may find something by unit or program. Needs arguments, program and
+/// control group only, which are cheap to read. Pure.
 [[nodiscard]] bool mayBeInstalled(const ProcessDetails& process, const DesktopEntryIndex& index);
 
-/// The identifier that is given out for a desktop id: "com.apple.finder" for the application that
-/// opens folders, else the well-known one where there is one, else the id itself. An identifier
-/// that was stored as a desktop id means this one. Pure.
+/// The public identifier of a desktop id: "com.apple.finder" for the application that opens
+/// folders, else the well-known one if any, else the id itself. Stored desktop ids are mapped the
+/// same way. Pure.
 [[nodiscard]] std::string bundleIdentifierOf(std::string_view desktopId,
                                              const DesktopEntryIndex& index);
 

@@ -9,23 +9,23 @@
 
 namespace calmora {
 
-/// How an application was recognised, in the order in which the ways are tried.
+/// How an application was identified, in the order of the attempts.
 enum class IdentityRule {
-    /// A flatpak's own id, or the snap that the control group names.
+    /// A flatpak's id, or the snap of the control group.
     sandbox,
     /// StartupWMClass of a desktop entry.
     startupWmClass,
     /// The desktop file that the window names.
     windowHint,
-    /// A desktop file named like the window's class.
+    /// A desktop file with the name of the window's class.
     desktopIdOfClass,
-    /// The systemd unit that the session started the process in.
+    /// The process's systemd unit.
     systemdUnit,
-    /// What the launcher left in the environment.
+    /// The launcher's environment variables.
     launchEnvironment,
     /// The program that a desktop entry starts.
     execKey,
-    /// The only desktop file whose id ends in the window's class.
+    /// The only desktop id that ends in the window's class.
     desktopIdEnd,
     /// The last part of a Java program's class.
     javaClass,
@@ -35,37 +35,37 @@ enum class IdentityRule {
     parentScript,
     /// A window of another process in the same window group.
     windowGroup,
-    /// Nothing: the identifier is made from the program's file.
+    /// None: the identifier is derived from the program's file.
     synthetic,
 };
 
-/// Which application a process is.
+/// The application of a process.
 struct ApplicationIdentity {
-    /// Desktop file id without ".desktop"; absent where nothing named one.
+    /// Desktop file id without ".desktop"; absent if unknown.
     std::optional<std::string> desktopId = {};
-    /// The identifier that the catalogue, the music list and the never-quit list know, where there
-    /// is one, else the desktop id, else a synthetic one that survives restarts if anything tells
-    /// the program from others of its interpreter, else one of this process alone. Never empty.
+    /// The well-known identifier that the catalogue, the music list and the never-quit list use,
+    /// else the desktop id, else a synthetic one. That survives restarts if the program can be told
+    /// from others of its interpreter; otherwise it is unique to this process. Never empty.
     std::string bundleIdentifier = {};
-    /// The identifiers of the other applications that windows of this process belong to, each once
-    /// and as bundleIdentifier gives it: one process shows the documents of a whole office.
+    /// The identifiers of other applications that own windows of this process, without duplicates,
+    /// like bundleIdentifier: one office process shows several kinds of documents.
     std::vector<std::string> otherIdentifiers = {};
     /// Never empty; one line of valid UTF-8.
     std::string localizedName = {};
-    /// The desktop entry's picture; names nothing where there is none.
+    /// The desktop entry's picture; empty if none.
     Image icon = {};
-    /// The desktop entry's file; empty where there is none.
+    /// The desktop entry's file; empty if none.
     std::filesystem::path entryPath = {};
-    /// The program that the desktop entry starts; empty where there is none.
+    /// The program that the desktop entry starts; empty if none.
     std::string execKey = {};
     IdentityRule rule = IdentityRule::synthetic;
-    /// A desktop entry was found, and it is in the menus of this desktop.
+    /// Its desktop entry is in the menus of this desktop.
     bool isVisible = false;
-    /// A desktop entry was found, and the session starts it by itself.
+    /// Its desktop entry is started with the session.
     bool isAutostart = false;
 
-    /// The identifier by which instances are found. Two desktop ids that share a well-known
-    /// identifier are two applications: a forced quit of one must not end the other.
+    /// The identifier to find instances by. Two desktop ids with the same well-known identifier are
+    /// two applications: a forced quit of one must not end the other.
     [[nodiscard]] const std::string& instanceIdentifier() const {
         return desktopId ? *desktopId : bundleIdentifier;
     }

@@ -39,7 +39,7 @@ std::string folderOf(const Components& components, std::size_t count) {
     return folder;
 }
 
-/// Letters and digits alone, in lower case: "KeePassXC" and "keepass-xc" are one name.
+/// Letters and digits only, in lower case: "KeePassXC" and "keepass-xc" are equal.
 std::string normalized(std::string_view name) {
     std::string plain;
     for (const unsigned char letter : name) {
@@ -50,7 +50,7 @@ std::string normalized(std::string_view name) {
     return plain;
 }
 
-/// Folders whose content belongs to many programs, whatever they are called.
+/// Folders shared by many programs, whatever their names.
 bool isShared(std::string_view folder) {
     constexpr auto names = std::to_array<std::string_view>(
         {"systemd",  "xorg",         "jvm",   "gvfs",     "xfce4",    "lxqt",        "kf5",
@@ -67,7 +67,7 @@ bool isShared(std::string_view folder) {
                                [&](std::string_view prefix) { return folder.starts_with(prefix); });
 }
 
-/// Names that a folder of an application may have.
+/// Possible names of an application's folder.
 class Names {
   public:
     void add(std::string_view name) {
@@ -93,7 +93,7 @@ Names strictNames(std::string_view executable, const ApplicationIdentity& identi
     return names;
 }
 
-/// Those, the name in Exec and the end of the id.
+/// strictNames(), the name in Exec and the end of the id.
 Names systemNames(std::string_view executable, const ApplicationIdentity& identity) {
     const std::string id = identity.desktopId.value_or("");
     Names names = strictNames(executable, identity);
@@ -102,7 +102,7 @@ Names systemNames(std::string_view executable, const ApplicationIdentity& identi
     return names;
 }
 
-/// Whether a folder of this name holds many programs, each in a folder of its own.
+/// Whether a folder of this name holds many programs, each in its own folder.
 bool isLibrary(std::string_view folder) {
     constexpr auto libraries =
         std::to_array<std::string_view>({"apps", "applications", "programs", "games", "gog games",
@@ -110,11 +110,11 @@ bool isLibrary(std::string_view folder) {
     return std::ranges::find(libraries, loweredAscii(folder)) != libraries.end();
 }
 
-/// How many leading components are a folder that one program of a library has for itself, below
-/// the first `from` components; 0 for none.
+/// Number of leading components of a program's folder in a library, below the first `from`
+/// components; 0 if none.
 std::size_t libraryFolderDepth(const Components& path, std::size_t from) {
     std::size_t depth = 0;
-    // The last component is the executable, which lies in a folder of the library.
+    // The last component is the executable, inside a folder of the library.
     for (std::size_t at = from; at + 2 < path.size(); ++at) {
         const bool isOfSteam = at > from && loweredAscii(path[at - 1]) == "steamapps";
         if (isOfSteam || isLibrary(path[at])) {
@@ -124,11 +124,11 @@ std::size_t libraryFolderDepth(const Components& path, std::size_t from) {
     return depth;
 }
 
-/// The deepest folder named like the program, below the first `root` components; 0 for none.
+/// The deepest folder with a name of the program, below the first `root` components; 0 if none.
 template <typename IsExcluded>
 std::size_t deepestNamed(const Components& path, std::size_t root, const Names& names,
                          const IsExcluded& isExcluded) {
-    // What a library holds beside its programs is everybody's.
+    // Other content of a library is shared.
     const std::size_t least = std::max(root + 1, libraryFolderDepth(path, root));
     for (std::size_t depth = path.size() - 1; depth >= least; --depth) {
         const std::string_view name = path[depth - 1];
@@ -149,7 +149,7 @@ bool isUserFolder(std::string_view name) {
 std::size_t depthBelowHome(const Components& path, std::size_t home, const Names& names) {
     const std::size_t folders = path.size() - 1;
     return deepestNamed(path, home, names, [&](std::size_t depth) {
-        // The tools of ~/.cargo/bin are not one program, though one of them is called cargo.
+        // ~/.cargo/bin holds many tools, not only cargo.
         if (depth < folders && path[depth - 1].starts_with('.') && path[depth] == "bin") {
             return true;
         }
@@ -181,7 +181,7 @@ std::size_t depthBelowUsr(const Components& path, const Names& names) {
     return at < folders && !isShared(path[at]) && names.contain(path[at]) ? at + 1 : 0;
 }
 
-/// The revision's folder of a snap; none for a program that lies in another snap.
+/// Depth of a snap's revision folder; 0 for a program of another snap.
 std::size_t snapDepth(const Components& path, std::string_view executable, std::string_view snap) {
     const std::string name(snap.substr(0, snap.find('_')));
     for (const std::string root : {"/snap/", "/var/lib/snapd/snap/"}) {
@@ -197,8 +197,8 @@ bool isBelow(std::string_view path, const Components& folder) {
     return path.starts_with(folderOf(folder, folder.size()));
 }
 
-/// Number of leading components that make up the private folder, by where the executable lies;
-/// 0 for none.
+/// Number of leading components of the private folder, judged by the executable's location; 0 if
+/// none.
 std::size_t privateDepth(const Components& path, const ProcessDetails& process,
                          std::string_view home, const ApplicationIdentity& identity) {
     const std::string& executable = *process.executable;
@@ -220,8 +220,7 @@ std::size_t privateDepth(const Components& path, const ProcessDetails& process,
     return path.front() == "usr" ? depthBelowUsr(path, systemNames(path.back(), identity)) : 0;
 }
 
-/// Whether the path names a file in one way only, so that what lies below it can be told by its
-/// first characters.
+/// Whether the path is normalized, so that prefixes can be compared.
 bool isPlainPath(std::string_view path) {
     if (path.size() < 2 || path.front() != '/' || path.back() == '/') {
         return false;
@@ -240,7 +239,7 @@ std::optional<std::string> privateFolder(const ProcessDetails& process,
     if (process.flatpak) {
         return flatpakFolder(*process.flatpak);
     }
-    // Inside of every flatpak the executables lie in the same /app.
+    // In every flatpak the executables are in /app.
     if (!process.executable || process.isExecutableElsewhere || process.runsScript ||
         isInterpreter(*process.executable) || process.executable->starts_with("/app/")) {
         return std::nullopt;
@@ -275,8 +274,8 @@ std::string bundlePath(const ProcessDetails& process, const ApplicationIdentity&
     if (auto folder = privateFolder(process, identity, home, otherExecutables)) {
         return *std::move(folder);
     }
-    // Files with a closing slash: nothing can lie below them. What the arguments say is no file
-    // before it was looked at.
+    // Files with a trailing slash contain nothing. The arguments are not checked, so they are not
+    // used.
     for (const std::string& file : {identity.entryPath.string(), process.commandPath.value_or(""),
                                     process.executable.value_or("")}) {
         if (isPlainPath(file)) {

@@ -10,24 +10,23 @@
 
 namespace calmora {
 
-/// The folder, with a closing slash, that holds this application's executables and nobody
-/// else's. Absent where there is none, which is so for everything in /usr/bin. Pure.
-/// `home` is the user's home folder, empty when it is not known. `otherExecutables` are the
-/// executables of the running applications of other identities; one of them may be this one's own.
+/// The folder, with a trailing slash, that holds only this application's executables; absent if
+/// none, as for everything in /usr/bin. Pure. `home` is the user's home folder, empty if unknown.
+/// `otherExecutables` are the executables of other running applications; one may be this one's.
 [[nodiscard]] std::optional<std::string>
 privateFolder(const ProcessDetails& process, const ApplicationIdentity& identity,
               std::string_view home, std::span<const std::string> otherExecutables);
 
-/// The path that is given out as the application's bundle: its private folder, else a path under
-/// which no executable can lie. Never empty, always with a closing slash, so that a search for
-/// executables by this prefix finds the application's own helpers or nothing. Pure.
+/// The application's bundle path: its private folder, else a path that contains no executables.
+/// Never empty and with a trailing slash, so that a search for executables with this prefix finds
+/// only the application's own helpers. Pure.
 [[nodiscard]] std::string bundlePath(const ProcessDetails& process,
                                      const ApplicationIdentity& identity, std::string_view home,
                                      std::span<const std::string> otherExecutables);
 
-/// Whether an executable is not part of the application that a private folder belongs to: it lies
-/// outside of it, or in a library of programs below it that the application installed
-/// (steamapps/common/GAME, apps/NAME, Games/NAME …). Pure.
+/// Whether an executable is not part of the application with this private folder: it is outside, or
+/// in a library of programs that the application installed (steamapps/common/GAME, apps/NAME,
+/// Games/NAME …). Pure.
 [[nodiscard]] bool belongsToAnotherProgram(std::string_view privateFolder,
                                            std::string_view executable);
 

@@ -10,7 +10,7 @@ namespace calmora {
 
 namespace {
 
-/// Undoes systemd's escaping of a part of a unit's name: \x2d is a dash.
+/// Undoes systemd's escaping of unit names: \x2d is a dash.
 std::string unescapedUnit(std::string_view text) {
     std::string plain;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -38,7 +38,7 @@ std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup) {
     std::vector<std::string> ids;
     const auto addWithAndWithoutLauncher = [&](std::string_view name) {
         ids.push_back(unescapedUnit(name));
-        // Dashes of an id are escaped, so the first plain one ends the launcher's name.
+        // Dashes in an id are escaped, so the first plain one ends the launcher's name.
         const std::size_t dash = name.find('-');
         if (dash != std::string_view::npos && dash + 1 < name.size()) {
             ids.push_back(unescapedUnit(name.substr(dash + 1)));

@@ -7,13 +7,12 @@
 
 namespace calmora {
 
-/// The desktop ids that the name of a systemd unit of an application may mean, most likely first:
-/// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`.
-/// Source: systemd "Desktop Environment Integration".
+/// The desktop ids that an application's systemd unit may mean, most likely first:
+/// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`. Source:
+/// systemd "Desktop Environment Integration".
 [[nodiscard]] std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup);
 
-/// The desktop id of the snap that a control group belongs to: `<snap>_<application>`; absent
-/// for others.
+/// The desktop id of a control group's snap, `<snap>_<application>`; absent for others.
 [[nodiscard]] std::optional<std::string> snapOfCgroup(std::string_view cgroup);
 
 } // namespace calmora

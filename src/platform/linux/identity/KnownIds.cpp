@@ -7,8 +7,8 @@ namespace calmora {
 
 namespace {
 
-// Behind each pair stands where the desktop id comes from. An id that is its own well-known
-// identifier is listed as well, so that the list is complete.
+// Each pair's comment names the origin of the desktop id. Ids that are their own well-known
+// identifier are listed for completeness.
 // clang-format off
 constexpr std::array<KnownId, 148> table = {{
     {"1password", "com.1password.1password"}, // vendor's package
@@ -164,7 +164,7 @@ constexpr std::array<KnownId, 148> table = {{
 
 static_assert(std::ranges::is_sorted(table, {}, &KnownId::desktopId));
 
-/// The id without the UUID that JetBrains' tool puts behind the ids of what it installs.
+/// Strips the UUID that JetBrains' installer appends.
 std::string_view withoutInstallationId(std::string_view id) {
     constexpr std::size_t uuidLength = 36;
     if (!id.starts_with("jetbrains-") || id.size() <= uuidLength + 1 ||

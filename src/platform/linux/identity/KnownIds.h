@@ -12,10 +12,10 @@ struct KnownId {
     std::string_view wellKnown;
 };
 
-/// All pairs, ordered by desktop id; no id stands twice.
+/// All pairs, sorted by desktop id, without duplicate ids.
 [[nodiscard]] std::span<const KnownId> knownIds();
 
-/// The well-known identifier of a desktop id, else the id itself. Letter case counts.
+/// The well-known identifier of a desktop id, else the id itself. Case-sensitive.
 [[nodiscard]] std::string wellKnownIdentifier(std::string_view desktopId);
 
 } // namespace calmora

@@ -10,7 +10,7 @@ namespace calmora {
 
 namespace {
 
-/// Both files are of the system's packages, or both were installed beside them.
+/// Both files belong to the system's packages, or both are below /usr/local.
 bool areOfOneSystem(std::string_view one, std::string_view other) {
     constexpr std::string_view system = "/usr/";
     constexpr std::string_view local = "/usr/local/";
@@ -22,8 +22,7 @@ bool isSameInterpreter(std::string_view one, std::string_view other) {
     return interpreterFamily(one) == interpreterFamily(other);
 }
 
-/// The entry starts something that starts the program of the same name: a script, or a link to a
-/// program of another name.
+/// The entry starts a launcher of the program: a script, or a link to a program with another name.
 bool isLauncherOf(const DesktopEntry& entry, const StartedProgram& program) {
     const bool isLauncher =
         !entry.execInterpreter.empty() || programKey(entry.execPath) != entry.execKey;
@@ -38,7 +37,7 @@ bool isLauncherOf(const DesktopEntry& entry, const StartedProgram& program) {
            folderPart(entry.execPath) == folderPart(program.path);
 }
 
-/// The program lies in a folder of the entry's name that is the entry's own.
+/// The program is in the entry's own folder, which has the entry's name.
 bool liesInFolderOf(const DesktopEntry& entry, const StartedProgram& program) {
     const std::string path = loweredAscii(program.path);
     const std::string name = "/" + loweredAscii(entry.execKey) + "/";
@@ -50,7 +49,7 @@ bool liesInFolderOf(const DesktopEntry& entry, const StartedProgram& program) {
            entry.execPath.starts_with(program.path.substr(0, at + name.size()));
 }
 
-/// Two images may declare the same: the names in them are often the same, such as "app".
+/// Images often declare the same names, such as "app".
 bool isOfAnotherImage(const DesktopEntry& entry, const StartedProgram& program) {
     return program.isAppImage && loweredAscii(entry.execPath).ends_with(".appimage") &&
            entry.execPath != program.path;
@@ -63,7 +62,7 @@ bool isOfAppImage(const ProcessDetails& process) {
     const auto isInside = [&](const std::optional<std::string>& path) {
         return path && path->starts_with(folder);
     };
-    // Nothing is mounted over the system's programs, whatever a variable says.
+    // AppImages never mount over /usr, whatever a variable says.
     return environment.appImage.starts_with('/') && environment.appDir.starts_with('/') &&
            !environment.appDir.starts_with("/usr") && environment.appDir != "/" &&
            (isInside(process.executable) || isInside(process.commandPath));
@@ -145,7 +144,7 @@ bool startsProgram(const DesktopEntry& entry, const StartedProgram& program) {
     if (!program.path.empty()) {
         return program.path == entry.execPath || isLauncherOf(entry, program);
     }
-    // A launcher may give the interpreter its own name (exec -a).
+    // A launcher may rename the interpreter (exec -a).
     const bool mayBeCalledSo = isSameInterpreter(entry.execInterpreter, program.interpreter) ||
                                (!program.interpreter.empty() && isShell(entry.execInterpreter));
     return program.isKnownByCallOnly && entry.isInPath && program.calledKey == entry.execKey &&

@@ -8,47 +8,47 @@
 
 namespace calmora {
 
-/// What a process runs, as far as it can be told from other programs.
+/// The program that a process runs.
 struct StartedProgram {
-    /// keyOf() what it runs, under which entries are looked up; empty where that is not known.
+    /// keyOf() its command, for finding entries; empty if unknown.
     std::string key = {};
-    /// The name that it was called by, without folders: a program may have several. Empty where
-    /// that is an interpreter or wrapper.
+    /// Base name of argument 0, since a program may have several names; empty for an interpreter or
+    /// wrapper.
     std::string calledKey = {};
-    /// The file: the executable, the script or jar of an interpreter, the image of an AppImage,
-    /// or windowsProgram(). Empty where it is not known.
+    /// The file: the executable, an interpreter's script or jar, an AppImage, or a Windows
+    /// program's normalized path. Empty if unknown.
     std::string path = {};
-    /// The executable itself; empty where it cannot be read.
+    /// The executable; empty if unreadable.
     std::string executable = {};
-    /// The interpreter as the process was started with it; empty for a program that runs by itself.
+    /// The interpreter as started; empty for a native program.
     std::string interpreter = {};
     /// `key` is a module of the interpreter.
     bool isModule = false;
-    /// `path` is the image of an AppImage.
+    /// `path` is an AppImage.
     bool isAppImage = false;
-    /// Nothing but the name it was called by tells what it runs.
+    /// Only calledKey is known.
     bool isKnownByCallOnly = false;
 };
 
-/// What this process runs. Pure.
+/// Finds out what the process runs. Pure.
 [[nodiscard]] StartedProgram startedProgram(const ProcessDetails& process);
 
-/// Whether the entry starts this program: the same file; a command in PATH that is a script or a
-/// link to a dispatcher and has the program's name; or, where nothing but the called name is
-/// known, a command of that name in PATH. Pure.
+/// Whether the entry starts this program: the same file; a command in PATH with the program's name
+/// that is a script or a link to a dispatcher; or, if only calledKey is known, a command of that
+/// name in PATH. Pure.
 [[nodiscard]] bool startsProgram(const DesktopEntry& entry, const StartedProgram& program);
 
-/// Whether the executable lies in the folder of what the entry starts, or beside its bin: of two
-/// installations of one program each has its own entry. Pure.
+/// Whether the executable is in the folder of the entry's program, or beside its bin: each of two
+/// installations has its own entry. Pure.
 [[nodiscard]] bool isInstalledTogether(const DesktopEntry& entry, const StartedProgram& program);
 
-/// Whether an entry that has the name of the program's window may be meant: for what an interpreter
-/// runs only one that starts it, or a shell script of the same folder that does; for an AppImage
-/// none of another one. Pure.
+/// Whether an entry that matches the window's name may apply. An interpreter's program needs an
+/// entry that starts it, or whose shell script in the same folder does; an AppImage excludes
+/// entries of other images. Pure.
 [[nodiscard]] bool mayStart(const DesktopEntry& entry, const StartedProgram& program);
 
-/// Whether what the entry declares of its windows holds for this program: as mayStart(), and for
-/// what an interpreter runs also if the entry starts a script that may start it. Pure.
+/// Whether the entry's window declarations apply to this program: as mayStart(), and for an
+/// interpreter's program also if the entry starts a script that may start it. Pure.
 [[nodiscard]] bool declaresFor(const DesktopEntry& entry, const StartedProgram& program);
 
 } // namespace calmora

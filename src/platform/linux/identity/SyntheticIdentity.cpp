@@ -18,9 +18,9 @@ namespace {
 /// An identifier without its last word.
 struct Stem {
     std::string identifier;
-    /// Readable: the name of a file.
+    /// A file name, readable.
     std::string name;
-    /// Other programs may have the same.
+    /// Not unique to this program.
     bool isAmbiguous = false;
 };
 
@@ -29,7 +29,7 @@ std::string_view withoutLastEnding(std::string_view name) {
     return dot == 0 ? name : name.substr(0, dot);
 }
 
-/// The name of a script; of its folder where all such folders have a file of that name.
+/// The name of a script, or of its folder for a common file name.
 std::string_view scriptName(std::string_view path) {
     constexpr std::array<std::string_view, 3> common = {"__main__.py", "package.json", "index.js"};
     if (std::ranges::find(common, baseName(path)) != common.end()) {
@@ -39,7 +39,7 @@ std::string_view scriptName(std::string_view path) {
     return withoutLastEnding(baseName(path));
 }
 
-/// A long text in few letters, the same at each start (FNV-1a).
+/// A stable short hash (FNV-1a).
 std::string digest(std::string_view text) {
     std::uint64_t hash = 0xcbf29ce484222325;
     for (const unsigned char letter : text) {
@@ -50,7 +50,7 @@ std::string digest(std::string_view text) {
     return {digits.data(), end};
 }
 
-/// Where a java program's classes are, however it was told; empty where that is not known.
+/// A java program's class path from any source; empty if unknown.
 std::string classPathOf(const ProcessDetails& process, const JavaProgram& program) {
     std::string path =
         program.classPath.empty() ? process.environment.classPath : program.classPath;
@@ -79,7 +79,7 @@ std::optional<Stem> javaStem(const ProcessDetails& process) {
                 name.substr(name.find_last_of("./") + 1)};
 }
 
-/// What stands for the file of a program that runs by itself.
+/// The file of a native program, or a substitute.
 std::string fileOf(const ProcessDetails& process, const StartedProgram& program) {
     if (!program.path.empty()) {
         return program.path;
@@ -160,7 +160,7 @@ ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts) {
     const std::string windowClass = tellingClass(facts.windows);
     ApplicationIdentity identity;
     identity.bundleIdentifier = stem.identifier;
-    // Two programs of one identifier would be quit together; that is worse than to forget.
+    // Programs with the same identifier would be quit together, which is worse than forgetting one.
     if (stem.isAmbiguous || facts.process.isExecutableElsewhere) {
         identity.bundleIdentifier +=
             ":" + std::to_string(facts.process.pid) + ":" + std::to_string(facts.process.startTime);

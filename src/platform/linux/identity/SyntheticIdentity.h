@@ -9,9 +9,9 @@
 
 namespace calmora {
 
-/// The identity of a program that no desktop entry names, made from its file. The identifier
-/// survives restarts where the facts tell the program from every other one; where they do not, the
-/// process is part of it: two programs of one identifier would be quit together. Pure.
+/// The identity of a program without a desktop entry, derived from its file. The identifier
+/// survives restarts if the facts identify the program; otherwise it includes the process, since
+/// programs with the same identifier would be quit together. Pure.
 [[nodiscard]] ApplicationIdentity syntheticIdentity(const ApplicationFacts& facts);
 
 /// An untrusted text as one line of valid UTF-8: broken UTF-8 becomes U+FFFD, control characters
@@ -19,13 +19,13 @@ namespace calmora {
 /// different identifiers; for a text to show see shownName().
 [[nodiscard]] std::string displayLine(std::string_view text);
 
-/// The class of the first window whose class tells something, fit to show; empty where none does.
+/// The first window class that is not generic, fit to show; empty if none.
 [[nodiscard]] std::string tellingClass(const std::vector<TopLevelWindow>& windows);
 
-/// Whether a window's class or instance is what a toolkit gives to all of its programs.
+/// Whether a toolkit uses this class or instance for all its programs.
 [[nodiscard]] bool isGenericClass(std::string_view word);
 
-/// A readable word for the end of an identifier, where a dot would begin another one. Never empty.
+/// A readable last part of an identifier, without dots. Never empty.
 [[nodiscard]] std::string identifierWord(std::string_view text);
 
 } // namespace calmora
