@@ -13,8 +13,8 @@ namespace {
 
 using CandidatesByProcess = std::map<ProcessId, const AgentCandidate*>;
 
-/// What runs around an application and is no second one: a script or sandbox that carries its
-/// identifier, and a launcher script that waits for its program, whatever that is called.
+/// Ancestors that only wrap an application: a script or sandbox with its identifier, and a launcher
+/// script waiting for its program, whatever its name.
 std::set<ProcessId> wrappersOf(const std::set<ProcessId>& applications,
                                const CandidatesByProcess& byProcess,
                                const std::function<ProcessId(ProcessId)>& parentOf) {

@@ -13,16 +13,16 @@
 
 namespace calmora {
 
-/// What decides how a process presents itself.
+/// Facts that decide a process's activation policy.
 struct ActivationFacts {
     bool isProtected = false;
     /// It owns a panel or a desktop background.
     bool isShell = false;
     /// It has a window that users switch to.
     bool hasRegularWindow = false;
-    /// It has a window of an application that stays out of task bars.
+    /// It has an application window that stays out of task bars.
     bool hasHiddenWindow = false;
-    /// It shows an icon in the panel, of whichever kind.
+    /// It shows any kind of icon in the panel.
     bool hasTrayIcon = false;
     /// It had a window that users switch to.
     bool wasRegular = false;
@@ -30,28 +30,26 @@ struct ActivationFacts {
     bool isAgent = false;
 };
 
-/// How the process presents itself; `prohibited` is no application at all.
+/// The activation policy of a process; `prohibited` means no application.
 [[nodiscard]] ActivationPolicy activationPolicy(const ActivationFacts& facts);
 
-/// A process as far as it matters for which process of a tree is the application.
+/// A possible background application.
 struct AgentCandidate {
     ProcessId process = 0;
     std::uint64_t startTime = 0;
-    /// Which application it was started as; absent when no desktop entry tells.
+    /// Its application; absent without a desktop entry.
     std::optional<std::string> identifier = {};
-    /// The desktop entry is one that users see, or that they have the session start.
+    /// Its desktop entry is visible, or the user autostarts it.
     bool isInstalled = false;
-    /// The systemd unit of an application, or the instance of a flatpak, that it runs in; empty for
-    /// none.
+    /// Its application's systemd unit or flatpak instance; empty if none.
     std::string unit = {};
-    /// It is a shell that runs a script, as launchers of applications are.
+    /// It is a shell running a script, like launchers of applications.
     bool isShellScript = false;
 };
 
-/// The candidates that are background applications: of each tree the topmost process only, since
-/// its helpers share its program, and of each unit the first one. `applications` are those known
-/// otherwise: whatever runs below them belongs to them, and the script that launched one is no
-/// second one. `parentOf` gives 0 where there is none.
+/// The background applications among the candidates: the topmost process of each tree, since its
+/// helpers share its program, and the first of each unit. `applications` are already known: their
+/// descendants and launcher scripts are left out. `parentOf` returns 0 without a parent.
 [[nodiscard]] std::vector<ProcessId>
 topmostAgents(std::span<const AgentCandidate> candidates, const std::set<ProcessId>& applications,
               const std::function<ProcessId(ProcessId)>& parentOf);

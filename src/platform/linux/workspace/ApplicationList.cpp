@@ -17,9 +17,9 @@ namespace calmora {
 
 namespace {
 
-/// One refresh of the popover looks several identifiers up.
+/// One refresh of the popover looks up several identifiers.
 constexpr std::chrono::milliseconds installedLifetime{100};
-/// Asking the guard costs more than all else that the list of an unchanged process takes.
+/// Asking the guard costs more than the rest of an unchanged process.
 constexpr std::chrono::seconds verdictLifetime{10};
 
 bool namesNothing(const Image& image) {
@@ -44,8 +44,7 @@ std::vector<TopLevelWindow> groupWindows(const std::vector<TopLevelWindow>& own,
     return result;
 }
 
-/// Absent also where only the scan of the background says that it is an application, and it has
-/// become another program since.
+/// Absent also if only the background scan found the process and it now runs another program.
 std::optional<ProcessDetails> detailsOf(ProcessId process, ActivationFacts facts,
                                         const WorkspaceSources& sources) {
     auto details = sources.reader.details(process);
@@ -72,7 +71,7 @@ void ApplicationList::refreshInstalled() {
         byProcess_.clear();
         verdicts_.clear();
         background_.forget();
-        // An update that no scan precedes would otherwise list none of the background.
+        // Otherwise an update without a scan would list no background applications.
         if (hasScanned_) {
             scanBackground();
         }
@@ -112,7 +111,7 @@ ApplicationList::Candidates ApplicationList::candidates() {
         found[process].facts.hasTrayIcon = true;
     }
     for (const auto& [process, started] : trayIcons_) {
-        // The id may have passed to a stranger since the last scan.
+        // The id may have been reused since the last scan.
         if (startTime(process) == started) {
             found[process].facts.hasTrayIcon = true;
         }
@@ -134,7 +133,7 @@ ApplicationList::Candidates ApplicationList::candidates() {
 
 const ApplicationList::Applications& ApplicationList::update() {
     refreshInstalled();
-    // A copy: what is asked below may bring the window system's own list up to date.
+    // A copy, because calls below may update the window system's list.
     const auto before = std::exchange(windows_, sources_.windows.windows());
     dropOldVerdicts(before != windows_);
     Candidates found = candidates();
@@ -161,7 +160,7 @@ const ApplicationList::Applications& ApplicationList::update() {
 }
 
 std::optional<std::uint64_t> ApplicationList::startTime(ProcessId process) const {
-    // The descriptor of a listed process tells its end at a tenth of what reading costs.
+    // Checking a listed process's descriptor costs a tenth of reading.
     const auto known = byProcess_.find(process);
     if (known != byProcess_.end() && sources_.memory.descriptor(process) &&
         sources_.memory.startTime(process) == known->second->process.startTime &&
@@ -182,8 +181,7 @@ bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
     return verdict.isProtected;
 }
 
-/// Much of the session takes its names on the bus, and its part of the display, only after it was
-/// first seen.
+/// Session programs may take their bus names and display roles after they were first seen.
 void ApplicationList::dropOldVerdicts(bool windowsChanged) {
     const auto busOwners = std::exchange(busOwners_, sources_.bus.protectedProcesses());
     const auto display = windowsChanged
@@ -205,7 +203,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
     }
     if (const auto was = wereRegular_.find(process);
         was != wereRegular_.end() && was->second != *started) {
-        // The id passed to another process, which starts anew.
+        // The id was reused.
         wereRegular_.erase(was);
         candidate.facts.wasRegular = false;
     }
@@ -225,7 +223,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
     application->windows = std::move(candidate.windows);
     if (isKnown &&
         (application->windows.empty() || application->windows == known->second->windows)) {
-        // Its windows told best who it is, also after they are gone.
+        // Keep the identity found with windows after they are gone.
         application->process = known->second->process;
         application->identity = known->second->identity;
         application->icon = known->second->icon;
@@ -258,7 +256,7 @@ std::optional<Image> ApplicationList::iconOf(const ApplicationIdentity& identity
                                              const std::vector<TopLevelWindow>& windows) {
     if (!namesNothing(identity.icon)) {
         Image image = identity.icon;
-        // Some entries name an icon that only another desktop's theme has.
+        // Some entries name an icon of another desktop's theme.
         image.fallbackThemeName = identity.desktopId.value_or("");
         return image;
     }

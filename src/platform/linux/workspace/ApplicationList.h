@@ -16,14 +16,14 @@
 
 namespace calmora {
 
-/// One process that is an application, at one moment.
+/// An application process at one moment.
 struct ListedApplication {
     ProcessDetails process;
     ApplicationIdentity identity;
     ActivationPolicy policy = ActivationPolicy::prohibited;
     /// All its windows, oldest first.
     std::vector<TopLevelWindow> windows;
-    /// The desktop entry's picture, else the window's own; absent where there is neither.
+    /// The desktop entry's picture, else the window's; absent if none.
     std::optional<Image> icon;
 
     /// Whether both are the same process: process ids are reused.
@@ -32,23 +32,22 @@ struct ListedApplication {
     }
 };
 
-/// Puts windows, processes and desktop entries together to the list of running applications.
-/// Whatever has not changed since the last time is not read or worked out again. Main thread.
+/// Builds the list of running applications from windows, processes and desktop entries. Reuses
+/// everything unchanged since the last update. Main thread.
 class ApplicationList {
   public:
     using Applications = std::vector<std::shared_ptr<const ListedApplication>>;
 
     explicit ApplicationList(WorkspaceSources sources);
 
-    /// Reads the installed applications again where they have changed. What is known of running
-    /// ones is then worked out afresh, so nobody else may do that.
+    /// Reads the installed applications again if they changed and drops results based on the old
+    /// ones. Only this class may refresh them.
     void refreshInstalled();
 
-    /// Looks for applications that only the processes tell of; update() lists those of the last
-    /// scan.
+    /// Scans for applications without windows; update() uses the last scan.
     void scanBackground();
 
-    /// Brings the list up to date. By ascending start time, then process id.
+    /// Updates the list, sorted by start time, then process id.
     const Applications& update();
 
     /// As of the last update().
@@ -65,7 +64,7 @@ class ApplicationList {
 
     using Candidates = std::map<ProcessId, Candidate>;
 
-    /// What the guard said of a process: only for the list, it is asked again before each signal.
+    /// The guard's last answer, for the list only; it is asked again before each signal.
     struct Verdict {
         std::uint64_t startTime = 0;
         bool hasRegularWindow = false;
@@ -88,12 +87,12 @@ class ApplicationList {
     std::optional<std::chrono::nanoseconds> checkedInstalled_;
     bool hasScanned_ = false;
     std::vector<TopLevelWindow> windows_;
-    /// Start times of the processes that had an icon in the tray at the last scan.
+    /// Start times of processes with a tray icon at the last scan.
     std::map<ProcessId, std::uint64_t> trayIcons_;
-    /// Start times of the processes that had a window that users switch to.
+    /// Start times of processes that had a regular window.
     std::map<ProcessId, std::uint64_t> wereRegular_;
     std::map<ProcessId, Verdict> verdicts_;
-    /// What the verdicts rest on.
+    /// Inputs of the verdicts.
     std::vector<ProcessId> busOwners_;
     std::vector<ProcessId> displayProcesses_;
     Applications applications_;

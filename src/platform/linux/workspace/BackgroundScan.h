@@ -15,21 +15,19 @@ namespace calmora {
 class InstalledApplications;
 class ProcessReader;
 
-/// Finds the processes that were started as an installed application on our display: the user may
-/// have other sessions, and programs in them are not ours to list. Each process is read
-/// when it is first seen and, while it is young and may still turn into another program as launcher
-/// scripts do, again at growing intervals if its name has changed.
-/// Main thread.
+/// Finds the processes that were started as installed applications on our display, leaving out the
+/// user's other sessions. Each process is read when first seen and, while young, again at growing
+/// intervals if its name changed: launcher scripts replace their program. Main thread.
 class BackgroundScan {
   public:
-    /// `reader` outlives the scan.
+    /// `reader` must outlive this object.
     explicit BackgroundScan(const ProcessReader& reader) : reader_(reader) {}
 
-    /// Looks at all processes again. `display` is WindowSystem::displayName(); empty takes those
-    /// of any display. Cost: about 1 µs for each process that is known.
+    /// Checks all processes. `display` is WindowSystem::displayName(); empty means any display.
+    /// Cost: about 1 µs per known process.
     void scan(const InstalledApplications& installed, const std::string& display);
 
-    /// Forgets what processes were taken for, because the installed applications changed.
+    /// Forgets all results, because the installed applications changed.
     void forget() { known_.clear(); }
 
     /// The background applications of the last scan(), see topmostAgents().
@@ -37,9 +35,9 @@ class BackgroundScan {
 
   private:
     struct Known {
-        /// Number of the process's folder: a later process with the same id has another one.
+        /// Inode of the process's folder; a reused id has another one.
         std::uint64_t inode = 0;
-        /// In clock ticks since the machine started, as the next.
+        /// In clock ticks since boot, as nextLook.
         std::uint64_t startTime = 0;
         std::uint64_t nextLook = 0;
         std::string comm;

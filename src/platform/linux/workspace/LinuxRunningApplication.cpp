@@ -16,7 +16,7 @@ namespace calmora {
 
 namespace {
 
-/// How long an application may take to hide all its windows, and how often that is looked at.
+/// How long an application may take to hide its windows, and the polling interval.
 constexpr std::chrono::milliseconds hidingTime{300};
 constexpr std::chrono::milliseconds hidingStep{20};
 /// How long a list of windows may be empty while window managers change.
@@ -85,7 +85,7 @@ bool LinuxRunningApplication::forceTerminate() {
     }
     const bool sent = sources_.processes.sendSignal(processIdentifier(), SIGTERM) == 0;
     if (sent) {
-        // Fails when the process is gone already, which is well.
+        // May fail because the process is gone already.
         sources_.processes.sendSignal(processIdentifier(), SIGCONT);
     }
     return sent;
@@ -103,7 +103,7 @@ std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
     return result;
 }
 
-/// Whether a signal may stand in for a request, as far as `windows` tell, which are all there are.
+/// Whether `windows`, all that there are, allow a signal instead of a request.
 bool LinuxRunningApplication::mayBeSignalled(std::span<const TopLevelWindow> windows) const {
     return sources_.windows.isAlive() && sources_.windows.coversAllWindows() &&
            std::ranges::none_of(windows, [this](const TopLevelWindow& window) {
@@ -111,7 +111,7 @@ bool LinuxRunningApplication::mayBeSignalled(std::span<const TopLevelWindow> win
                    return window.process == processIdentifier() &&
                           window.certainty != ProcessCertainty::certain;
                }
-               // It was listed for a window that has turned out not to be known as its own.
+               // It was listed for a window that is no longer known as its own.
                return std::ranges::find(application_->windows, window.id, &TopLevelWindow::id) !=
                       application_->windows.end();
            });
@@ -141,18 +141,18 @@ bool LinuxRunningApplication::quitOverBus() {
 bool LinuxRunningApplication::requestClose() {
     bool sent = false;
     for (const WindowId window : askableWindows()) {
-        // The window's owner is asked for by its id, which must still mean this process.
+        // The owner is compared by id, which must still mean this process.
         sent =
             (!isTerminated() && sources_.windows.requestClose(window, processIdentifier())) || sent;
     }
-    // The caller sleeps from here on, and nothing else would send what waits.
+    // The caller sleeps next, so nothing else would send the requests.
     sources_.windows.flush();
     return sent;
 }
 
 bool LinuxRunningApplication::endInsteadOfAsking() {
     if (std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
-        // They may only be out of sight because their manager is being replaced.
+        // Windows may be missing while a window manager is being replaced.
         sources_.clock.sleep(settlingTime);
     }
     const std::vector<TopLevelWindow> windows = sources_.windows.windowsReadAfresh();
@@ -163,9 +163,8 @@ bool LinuxRunningApplication::endInsteadOfAsking() {
            sources_.processes.sendSignal(processIdentifier(), SIGTERM) == 0;
 }
 
-/// The wait stands here and not in the main loop, which does not turn while an application is
-/// being quit. It takes no longer in sum: the caller waits for the end of the process anyway, and
-/// an application that does end stops the wait.
+/// Waits here because the main loop does not run during a quit. The total time is the same: the
+/// caller waits for the process's end anyway, and an ended process stops the wait.
 void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> before) {
     const ProcessId process = processIdentifier();
     const auto isOwn = [&](const TopLevelWindow& window) {

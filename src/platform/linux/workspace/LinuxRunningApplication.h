@@ -11,11 +11,10 @@
 
 namespace calmora {
 
-/// One process that is an application, bound to that process: another one that gets its id later
-/// is never touched. Main thread.
+/// An application process. Never affects another process that reuses its id. Main thread.
 class LinuxRunningApplication final : public RunningApplication {
   public:
-    /// `bundle` is the path for bundleURL(). `sources` and `requests` outlive the object.
+    /// `bundle` is the path for bundleURL(). `sources` and `requests` must outlive this object.
     LinuxRunningApplication(const WorkspaceSources& sources, QuitRequests& requests,
                             std::shared_ptr<const ListedApplication> application,
                             std::string bundle);
@@ -26,18 +25,18 @@ class LinuxRunningApplication final : public RunningApplication {
     [[nodiscard]] ProcessId processIdentifier() const override;
     [[nodiscard]] bool isTerminated() const override;
 
-    /// Asks each of its windows to close, once. Nothing is sent and the answer is false while the
+    /// Asks each of its windows to close once. Sends nothing and returns false while the
     /// application asks its user something because of an earlier request. One that hides in the
-    /// tray when it is closed is asked over the bus, or ended once it has hidden, for which this
-    /// waits up to 0.3 s. Where no window can be asked the process gets SIGTERM.
+    /// tray when closed is asked over the bus, or ended once hidden; this waits up to 0.3 s for
+    /// that. Without a window to ask, the process gets SIGTERM.
     ///
-    /// SIGTERM asks nobody, so it is sent only on what windows said a moment before, and never to a
-    /// process whose windows are merely claimed to be its own. Nor is it where the application may
-    /// have windows that cannot be seen: on a Wayland session one that seems to live in the tray
-    /// alone gets nothing unless it can be asked over the bus, and the answer is false.
+    /// SIGTERM bypasses the user's confirmation. It is sent only after the windows were read again,
+    /// and never to a process with merely claimed windows or possibly invisible ones: in a Wayland
+    /// session, one that seems to live only in the tray is asked over the bus or not at all, and
+    /// the result is false.
     bool terminate() override;
 
-    /// SIGTERM, and SIGCONT so that a stopped process takes it.
+    /// Sends SIGTERM, and SIGCONT to wake a stopped process.
     bool forceTerminate() override;
 
   private:

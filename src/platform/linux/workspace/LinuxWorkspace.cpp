@@ -21,7 +21,7 @@ namespace calmora {
 namespace {
 
 constexpr std::chrono::seconds scanInterval{2};
-/// Ends beyond these are noticed when the windows go.
+/// Further ends are noticed when their windows close.
 constexpr std::size_t mostEndWatches = 256;
 constexpr std::string_view fileManagerIdentifier = "com.apple.finder";
 
@@ -39,13 +39,13 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     return value;
 }
 
-/// Some applications say who they are only after their first window is up.
+/// Some applications can be identified only after their first window opened.
 bool isKnownAs(const ListedApplication& before, const ListedApplication& now) {
     return before.identity.bundleIdentifier == now.identity.bundleIdentifier &&
            before.identity.localizedName == now.identity.localizedName;
 }
 
-/// The same process in another list; null when it is not there.
+/// The same process in another list; null if missing.
 std::shared_ptr<const ListedApplication> counterpart(const ListedApplication& application,
                                                      const ApplicationList::Applications& list) {
     const auto found = std::ranges::find_if(
@@ -69,21 +69,21 @@ ApplicationSnapshot LinuxWorkspace::runningApplications() {
     }
     ApplicationSnapshot result;
     for (const Application& application : current()) {
-        // From now on this id means this process to whoever quits what they were shown.
+        // Bind the id to this process for later quit requests.
         sources_.memory.hold(application->process.pid);
         result.push_back(valueOf(*application));
     }
     return result;
 }
 
-/// The list, worked out anew.
+/// Updates and returns the list.
 const ApplicationList::Applications& LinuxWorkspace::updated() {
     list_.update();
     tellSoon();
     return list_.applications();
 }
 
-/// The list, worked out anew unless notices keep it and none is waiting.
+/// Returns the list, updated unless events keep it and none is pending.
 const ApplicationList::Applications& LinuxWorkspace::current() {
     const bool isKept = isListening() && !telling_ && sources_.windows.windows() == list_.windows();
     return isKept ? list_.applications() : updated();
@@ -214,7 +214,7 @@ bool LinuxWorkspace::isListening() const {
 void LinuxWorkspace::listenersChanged() {
     if (isListening() && !windowsChanged_) {
         windowsChanged_ = sources_.windows.onWindowsChanged([this] { changed(); });
-        // The bus also tells while an alert is open; what the event poll tells waits for its end.
+        // The bus notifies even while an alert is open; event poll callbacks wait for its end.
         busChanged_ = sources_.bus.onChanged([this] {
             if (!telling_) {
                 telling_ = sources_.events.later([this] { changed(); });
@@ -270,7 +270,7 @@ void LinuxWorkspace::watchEnds() {
         if (watch.process) {
             watch.subscription =
                 sources_.events.watch(watch.process->descriptor(), [this, process] {
-                    // It stays readable for good.
+                    // It stays readable, so stop watching.
                     ends_.erase(process);
                     changed();
                 });
@@ -327,7 +327,7 @@ void LinuxWorkspace::activeChanged() {
     const bool isListed =
         !active || std::ranges::find(windows, *active, &TopLevelWindow::id) != windows.end();
     if (!isListed) {
-        // Some managers name the active window before they list it.
+        // Some managers report the active window before they list it.
         if (!unknownWindow_) {
             unknownWindow_ = sources_.windows.onWindowsChanged([this] { activeChanged(); });
         }
@@ -335,7 +335,7 @@ void LinuxWorkspace::activeChanged() {
     }
     unknownWindow_.reset();
     const Application application = activeApplication();
-    // Nothing and the desktop itself take no turn: coming back from there is no activation.
+    // Having no application, or the desktop, in between is no activation.
     if (application && !(lastActive_ && lastActive_->isSameProcess(*application))) {
         lastActive_ = application;
         activated_.emit(valueOf(*application));

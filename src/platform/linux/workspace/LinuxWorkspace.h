@@ -17,13 +17,12 @@ namespace calmora {
 
 class PidFd;
 
-/// The running applications of a Linux desktop. An application is a process; what makes it one is
-/// in ActivationRules.h, which one it is in ApplicationIdentifier.h.
+/// The running applications of a Linux desktop. An application is a process: ActivationRules.h
+/// decides whether it is one, ApplicationIdentifier.h which one.
 ///
-/// While someone listens for notices the list is kept up to date by events: windows, the bus, and
-/// a pidfd for each application. Applications without windows, which no event announces, are
-/// looked for every two seconds then. While nobody listens the list is made when it is asked for.
-/// Main thread.
+/// With listeners, events keep the list up to date: windows, the bus, and a pidfd per application.
+/// A scan every two seconds finds applications without windows, which cause no event. Without
+/// listeners the list is built on request. Main thread.
 class LinuxWorkspace final : public Workspace {
   public:
     explicit LinuxWorkspace(WorkspaceSources sources);
@@ -49,7 +48,7 @@ class LinuxWorkspace final : public Workspace {
   private:
     using Application = std::shared_ptr<const ListedApplication>;
 
-    /// Tells the end of one listed process.
+    /// Watches for the end of one listed process.
     struct EndWatch {
         std::shared_ptr<const PidFd> process;
         Subscription subscription;
@@ -61,7 +60,7 @@ class LinuxWorkspace final : public Workspace {
     void activeChanged();
     void tellSoon();
     [[nodiscard]] bool isListening() const;
-    /// While the windows are followed they are read once, however often they are asked for.
+    /// While it is held, repeated requests read the windows only once.
     [[nodiscard]] Subscription followWindows();
     const ApplicationList::Applications& updated();
     const ApplicationList::Applications& current();
@@ -69,14 +68,14 @@ class LinuxWorkspace final : public Workspace {
     [[nodiscard]] std::unique_ptr<RunningApplication> bound(const Application& application);
 
     WorkspaceSources sources_;
-    /// Looking something up may find that the installed applications have changed.
+    /// Mutable because look-ups may refresh the installed applications.
     mutable ApplicationList list_;
     QuitRequests requests_;
     Signal<const WorkspaceApplication&> launched_;
     Signal<const WorkspaceApplication&> terminated_;
     Signal<const WorkspaceApplication&> activated_;
 
-    /// What the listeners have been told of.
+    /// The applications last reported to listeners.
     ApplicationList::Applications told_;
     Application lastActive_;
     std::map<ProcessId, EndWatch> ends_;

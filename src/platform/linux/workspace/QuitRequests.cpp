@@ -18,7 +18,7 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
     bool hasNewDialog = false;
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const TopLevelWindow& window = windows[i];
-        // The question may be another process's, for a window of this one.
+        // Another process may show the question for a window of this one.
         const auto parent =
             std::ranges::find(windows, topmostParent(windows, window.id), &TopLevelWindow::id);
         if (window.listedProcess() != process &&
@@ -26,15 +26,15 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
             continue;
         }
         const bool isNew = !before.contains(window.id);
-        // The window that it belongs to may have been hidden meanwhile.
+        // Its parent may have been hidden meanwhile.
         if (isNew && (roles[i].isTransient || before.contains(window.transientFor))) {
             return true;
         }
         hasNewDialog = hasNewDialog || (isNew && window.type == WindowType::dialog);
         hasOldWindow = hasOldWindow || !isNew;
     }
-    // A dialog that names no parent is a question only beside what was to be closed; alone it is
-    // what the application shows next.
+    // A dialog without a parent is a question only beside a window that was to close; alone it is
+    // simply the next window.
     return hasNewDialog && hasOldWindow;
 }
 

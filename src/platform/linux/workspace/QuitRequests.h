@@ -11,18 +11,18 @@
 
 namespace calmora {
 
-/// Remembers what was open when an application was last asked to quit. A dialog that has appeared
-/// since then is its question to the user, and must not be disturbed: closing it means Cancel.
+/// Remembers the windows that were open when an application was last asked to quit. A dialog opened
+/// since then is its question to the user and must not be disturbed: closing it means Cancel.
 class QuitRequests {
   public:
     /// Whether the application has such a dialog open now.
     [[nodiscard]] bool isAsking(ProcessId process, std::uint64_t startTime,
                                 std::span<const TopLevelWindow> windows) const;
 
-    /// Drops what was remembered of processes of which `hasEnded` says so.
+    /// Forgets processes for which `hasEnded` returns true.
     void forgetEnded(const std::function<bool(ProcessId, std::uint64_t startTime)>& hasEnded);
 
-    /// The application is asked now, with these windows open.
+    /// Records a request with these windows open.
     void remember(ProcessId process, std::uint64_t startTime,
                   std::span<const TopLevelWindow> windows);
 

@@ -14,7 +14,7 @@ class ProcessTable;
 class ProtectedProcesses;
 class WindowSystem;
 
-/// What the workspace puts together. Everything outlives it.
+/// The workspace's data sources, which must outlive it.
 struct WorkspaceSources {
     Clock& clock;
     EventPoll& events;
