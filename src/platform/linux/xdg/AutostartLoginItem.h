@@ -10,8 +10,7 @@
 
 namespace calmora {
 
-/// The program's file among what the session starts. The user's file decides before the system's;
-/// both are read each time.
+/// The program's autostart file. The user's file overrides the system's; both are read each time.
 /// Source: freedesktop Desktop Application Autostart Specification.
 class AutostartLoginItem final : public LoginItem {
   public:
@@ -22,12 +21,12 @@ class AutostartLoginItem final : public LoginItem {
 
     [[nodiscard]] bool isEnabled() const override;
 
-    /// On writes the user's file for the running program; off removes it, or, where the system
-    /// has one, hides the system's. False when that cannot be written.
+    /// On: writes the user's file for the running program. Off: removes it, or hides the system's
+    /// file if there is one. False if writing fails.
     bool setEnabled(bool isEnabled) override;
 
   private:
-    /// The system's file that the session would start; absent where there is none.
+    /// The system's autostart file; absent if none.
     [[nodiscard]] std::optional<std::filesystem::path> systemFile() const;
 
     std::string applicationId_;

@@ -11,10 +11,9 @@ namespace calmora {
 /// Reads an environment variable; null when it is not set.
 using EnvironmentReader = std::function<const char*(const char*)>;
 
-/// Where a user's and the system's files are.
-/// Source: freedesktop XDG Base Directory Specification.
+/// The user's and the system's folders. Source: freedesktop XDG Base Directory Specification.
 struct BaseDirectories {
-    /// The home folder; empty when it is not known.
+    /// The home folder; empty if unknown.
     std::filesystem::path home;
     /// XDG_CONFIG_HOME.
     std::filesystem::path configHome;
@@ -22,23 +21,22 @@ struct BaseDirectories {
     std::vector<std::filesystem::path> configDirs;
     /// XDG_DATA_HOME.
     std::filesystem::path dataHome;
-    /// XDG_DATA_DIRS, most important first, and behind them the exports of flatpak and snap
-    /// where the session did not list them.
+    /// XDG_DATA_DIRS, most important first, followed by missing exports of flatpak and snap.
     std::vector<std::filesystem::path> dataDirs;
     /// XDG_CURRENT_DESKTOP in lower case, most specific first.
     std::vector<std::string> currentDesktops;
     /// PATH.
     std::vector<std::filesystem::path> executableDirs;
 
-    /// From the environment; relative paths are ignored, as the XDG Base Directory rules want.
+    /// From the environment; ignores relative paths as the specification requires.
     [[nodiscard]] static BaseDirectories fromEnvironment(const EnvironmentReader& environment);
     /// From this process's own environment.
     [[nodiscard]] static BaseDirectories fromEnvironment();
 };
 
-/// The keys under which a locale's texts are looked up, most specific first: for
-/// "sr_YU.UTF-8@Latn" sr_YU@Latn, sr_YU, sr@Latn, sr. Nothing for "C", "POSIX" and "".
-/// Source: freedesktop Desktop Entry Specification, localized values for keys.
+/// The locale keys to look up, most specific first: for "sr_YU.UTF-8@Latn" sr_YU@Latn, sr_YU,
+/// sr@Latn, sr. Empty for "C", "POSIX" and "". Source: freedesktop Desktop Entry Specification,
+/// localized values for keys.
 [[nodiscard]] std::vector<std::string> localeCandidates(std::string_view locale);
 
 /// The candidates for the language of messages: LANGUAGE, then LC_ALL, LC_MESSAGES or LANG.

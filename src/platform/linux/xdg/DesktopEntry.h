@@ -12,8 +12,7 @@
 
 namespace calmora {
 
-/// One installed application, as its desktop file describes it.
-/// Source: freedesktop Desktop Entry Specification.
+/// A desktop file of an application. Source: freedesktop Desktop Entry Specification.
 struct DesktopEntry {
     /// Desktop file id without ".desktop".
     std::string id = {};
@@ -22,20 +21,20 @@ struct DesktopEntry {
     std::string name = {};
     /// Name without a language.
     std::string unlocalizedName = {};
-    /// Icon as it is written: a name in the icon theme or an absolute path.
+    /// Icon as written: a theme name or an absolute path.
     std::string icon = {};
     std::string exec = {};
     /// What Exec starts.
     Command command = {};
-    /// keyOf() that command; empty where it names nothing.
+    /// keyOf() that command; may be empty.
     std::string execKey = {};
-    /// The file that Exec starts, links resolved, as of resolveExec(); empty where there is none.
+    /// The file that Exec starts, links resolved, see resolveExec(); empty if none.
     std::string execPath = {};
-    /// The interpreter of that file, by Exec or by the file's first line; empty for a program.
+    /// That file's interpreter, from Exec or its first line; empty for a program.
     std::string execInterpreter = {};
-    /// PATH leads to that file by its name.
+    /// PATH finds that file by its name.
     bool isInPath = false;
-    /// The folder in which the program is started; empty where the entry does not say.
+    /// The program's working directory; empty if not given.
     std::string workingFolder = {};
     std::string tryExec = {};
     std::string startupWmClass = {};
@@ -44,22 +43,21 @@ struct DesktopEntry {
     std::vector<std::string> notShowIn = {};
     /// The entry hides the application from menus.
     bool noDisplay = false;
-    /// The entry says that the application counts as not installed.
+    /// The entry marks the application as not installed.
     bool hidden = false;
-    /// The program runs in a terminal window and has none of its own.
+    /// The program runs in a terminal window.
     bool needsTerminal = false;
     /// The application is in menus of the current desktop.
     bool isVisible = false;
-    /// The user has the application started with the session.
+    /// The user autostarts the application.
     bool isAutostart = false;
-    /// The entry is started once there is a tray for its icon.
-    /// Source: LXQt session, X-LXQt-Need-Tray.
+    /// Started once a tray exists. Source: LXQt session, X-LXQt-Need-Tray.
     bool needsTray = false;
 };
 
-/// Parses a desktop file. `id`, `path`, `isVisible` (beyond NoDisplay), `isAutostart` and what
-/// resolveExec() finds are the caller's to fill in. Absent when it describes no application or has
-/// no name. `locales` are localeCandidates(), most wanted first.
+/// Parses a desktop file. The caller sets `id`, `path`, `isVisible` (beyond NoDisplay),
+/// `isAutostart` and the results of resolveExec(). Absent if it describes no application or has no
+/// name. `locales` are localeCandidates().
 [[nodiscard]] std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
                                                             std::span<const std::string> locales);
 
@@ -67,7 +65,7 @@ struct DesktopEntry {
 /// Source: freedesktop Desktop Entry Specification, the Exec key.
 [[nodiscard]] std::vector<std::string> execWords(std::string_view exec);
 
-/// The picture that an Icon value names.
+/// The picture of an Icon value.
 [[nodiscard]] Image iconImage(std::string_view icon);
 
 } // namespace calmora

@@ -11,16 +11,16 @@
 
 namespace calmora {
 
-/// Look-ups among the installed applications. A value: never changes once it is made.
-/// Entries are found as pointers that live as long as the index; null means none.
+/// Immutable index of the installed applications. Returned pointers live as long as the index; null
+/// means none.
 class DesktopEntryIndex {
   public:
     using Entries = std::span<const DesktopEntry* const>;
 
     DesktopEntryIndex() = default;
 
-    /// `fileManager` is the id of the application that opens folders; empty means none.
-    /// Of two entries with the same id the first one counts.
+    /// `fileManager` is the id of the application that opens folders, empty if none. Of entries
+    /// with the same id the first counts.
     explicit DesktopEntryIndex(std::vector<DesktopEntry> entries, std::string fileManager = {});
 
     DesktopEntryIndex(DesktopEntryIndex&&) = default;
@@ -34,28 +34,28 @@ class DesktopEntryIndex {
     /// The entry whose file this is.
     [[nodiscard]] const DesktopEntry* withPath(std::string_view path) const;
 
-    /// The entries with this StartupWMClass, best first: one whose id is the key, then visible
-    /// ones, then by the length of Exec.
+    /// The entries with this StartupWMClass, best first: id equal to the key, then visible ones,
+    /// then by length of Exec.
     [[nodiscard]] Entries withStartupWmClass(std::string_view key) const;
 
-    /// The same in any letter case.
+    /// Case-insensitive withStartupWmClass().
     [[nodiscard]] Entries withStartupWmClassIgnoringCase(std::string_view key) const;
 
     /// The entries whose command has this key, best first as for StartupWMClass.
     [[nodiscard]] Entries withExecKey(std::string_view key) const;
 
-    /// The entries that start this file, best first: visible ones, then by the length of Exec.
+    /// The entries that start this file, best first: visible ones, then by length of Exec.
     [[nodiscard]] Entries withExecPath(std::string_view path) const;
 
-    /// The only visible entry whose id ends in a dot and this word, in any letter case.
+    /// The only visible entry whose id ends in a dot and this word, ignoring case.
     [[nodiscard]] const DesktopEntry* onlyVisibleWithIdEnd(std::string_view word) const;
 
-    /// The only visible entry with this unlocalized name, in any letter case.
+    /// The only visible entry with this unlocalized name, ignoring case.
     [[nodiscard]] const DesktopEntry* onlyVisibleWithName(std::string_view name) const;
 
     [[nodiscard]] std::span<const DesktopEntry> entries() const { return entries_; }
 
-    /// The id of the application that opens folders; empty when there is none.
+    /// The id of the application that opens folders; empty if none.
     [[nodiscard]] const std::string& fileManager() const { return fileManager_; }
 
   private:

@@ -27,7 +27,7 @@ constexpr auto shells = std::to_array<std::string_view>(
      "rbash", "sh", "tcsh", "yash", "zsh"});
 
 // clang-format off
-/// Without their versions. The dynamic loader is one: it runs the program that it is given.
+/// Without versions. Includes the dynamic loader, which runs a given program.
 constexpr auto interpreters = std::to_array<std::string_view>({
     "FEXInterpreter", "R", "Rscript", "awk", "beam.smp", "box64", "box86", "bun", "cjs",
     "cjs-console", "clisp", "deno", "dotnet", "ecl", "electron", "expect", "gawk", "ghc",
@@ -47,14 +47,14 @@ constexpr auto wrappers = std::to_array<std::string_view>({
     "systemd-run", "time"});
 // clang-format on
 
-/// Programs that start an application that their command line names in a way of its own.
+/// Launchers with their own syntax for naming an application.
 constexpr auto launchers = std::to_array<std::string_view>(
     {"flatpak", "gio", "gtk-launch", "snap", "steam-runtime", "xdg-open"});
 
 static_assert(std::ranges::is_sorted(shells) && std::ranges::is_sorted(interpreters) &&
               std::ranges::is_sorted(wrappers) && std::ranges::is_sorted(launchers));
 
-/// Options that take the following word as their value, by program without version.
+/// Options with a separate value, by program without version.
 bool takesValue(std::string_view program, std::string_view option) {
     struct Options {
         std::string_view program;
@@ -112,27 +112,27 @@ bool isSubcommand(std::string_view interpreter, std::string_view word) {
            (family == "deno" || family == "bun" || family == "dotnet");
 }
 
-/// Interpreters that programs are delivered with under the interpreter's own name.
+/// Interpreters that programs bundle under the interpreter's name.
 bool isEngine(std::string_view interpreter) {
     const std::string_view family = interpreterFamily(interpreter);
     return family == "electron" || family == "nw" || family == "love";
 }
 
-/// Programs that load binaries, those of interpreters as well.
+/// Programs that load binaries, even interpreters.
 bool isLoader(std::string_view interpreter) {
     const std::string_view name = baseName(interpreter);
     return isWine(interpreter) || name.starts_with("ld") || name.starts_with("box") ||
            name == "FEXInterpreter";
 }
 
-/// The words of a command behind its interpreter.
+/// The words of a command after its interpreter.
 class InterpreterArguments {
   public:
     InterpreterArguments(std::string_view interpreter, std::span<const std::string> words)
         : family_(interpreterFamily(interpreter)), words_(words) {}
 
-    /// Whether the word at `at`, an option, says what is run; the target is then in `command`.
-    /// Otherwise `at` is moved to the last word of the option.
+    /// Whether the option at `at` determines what is run; sets the target of `command`. Otherwise
+    /// moves `at` to the option's last word.
     bool tells(std::size_t& at, Command& command) const {
         const std::string_view word = words_[at];
         const bool hasNext = at + 1 < words_.size();
@@ -184,7 +184,7 @@ Command commandOf(std::span<const std::string> words) {
         if (isSubcommand(starter, word)) {
             continue;
         }
-        // What an interpreter runs may be called like another one, but a loader runs one.
+        // A script may have an interpreter's name, but a loader runs interpreters.
         const bool mayFollow = command.interpreter.empty() || isLoader(command.interpreter);
         if (mayFollow && (isWrapper(word) || isInterpreter(word))) {
             starter = word;
@@ -198,7 +198,7 @@ Command commandOf(std::span<const std::string> words) {
         command.target = word;
         return command;
     }
-    // Without an argument they run what was put beside them.
+    // Without an argument they run the code bundled beside them.
     return isEngine(command.interpreter) ? Command{command.interpreter, {}, false} : command;
 }
 
@@ -307,7 +307,7 @@ bool isWrapper(std::string_view path) {
 
 std::string_view interpreterFamily(std::string_view path) {
     std::string_view name = baseName(path);
-    // What Debian and the builds of an interpreter put behind its version.
+    // Suffixes of Debian and of interpreter builds.
     for (const std::string_view ending : {"-dbg", "-qt5", "-qt6", "-x86_64-linux-gnu"}) {
         if (name.size() > ending.size() && name.ends_with(ending)) {
             name.remove_suffix(ending.size());

@@ -20,7 +20,7 @@ ProgramFile inPath(const std::string& name, std::span<const std::filesystem::pat
         if (!isWrapper(file.path) || isWrapper(name)) {
             return file;
         }
-        // Sandboxes put links to themselves in front of the programs that they start.
+        // Sandboxes install links to themselves for the programs they start.
         if (file.path.ends_with("/snap") || file.path.ends_with("/flatpak")) {
             return {path, {}, true};
         }

@@ -11,21 +11,21 @@ namespace calmora {
 
 /// A file that a command may start.
 struct ProgramFile {
-    /// With links resolved; empty where there is no regular file.
+    /// Links resolved; empty if there is no regular file.
     std::string path = {};
     /// See scriptInterpreter().
     std::string interpreter = {};
     bool isExecutable = false;
 };
 
-/// Tells what lies at an absolute path.
+/// Looks up an absolute path.
 using ProgramLookup = std::function<ProgramFile(const std::string&)>;
 
-/// What lies at the path on this machine.  Cost: about 15 µs.
+/// The program file at this path. Cost: about 15 µs.
 [[nodiscard]] ProgramFile programFileAt(const std::string& path);
 
-/// Fills in execPath, execInterpreter and isInPath of an entry. `executableDirs` is PATH. A link
-/// to a wrapper or launcher (/snap/bin/tool) is not followed: all of them would be one program.
+/// Sets execPath, execInterpreter and isInPath of an entry. `executableDirs` is PATH. Does not
+/// follow links to wrappers or launchers (/snap/bin/tool), which would make them all one program.
 void resolveExec(DesktopEntry& entry, std::span<const std::filesystem::path> executableDirs,
                  const ProgramLookup& look);
 

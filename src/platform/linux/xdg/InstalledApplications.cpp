@@ -56,8 +56,8 @@ InstalledApplications::Stamp InstalledApplications::stampOf(const std::filesyste
 }
 
 bool InstalledApplications::hasChanged() const {
-    // Time stamps are as coarse as the kernel's tick: what was modified just before the scan may
-    // have been modified just after it as well.
+    // Time stamps have the resolution of the kernel's tick: a file changed just before the scan may
+    // change again unnoticed.
     constexpr std::int64_t tick = 20'000'000;
     return std::ranges::any_of(watched_, [&](const auto& watched) {
         const auto& [path, stamp] = watched;
@@ -111,7 +111,7 @@ void InstalledApplications::scan() {
 }
 
 void InstalledApplications::resolvePrograms(Scan& result) const {
-    // Sessions differ in what they put into PATH.
+    // PATH differs between sessions.
     std::vector<std::filesystem::path> folders = directories_.executableDirs;
     for (const char* usual :
          {"/usr/local/bin", "/usr/bin", "/bin", "/usr/local/games", "/usr/games", "/snap/bin"}) {
@@ -129,8 +129,8 @@ void InstalledApplications::resolvePrograms(Scan& result) const {
             }
             return file->second;
         });
-        // Programs in folders of their own are often updated by a link that leads elsewhere, and
-        // no desktop file changes then. The system's packages rewrite theirs.
+        // Programs outside the system's packages are often updated by changing a link, without
+        // changing the desktop file.
         const std::string& written = entry.command.target;
         if (written.starts_with('/') && !entry.execPath.empty() && written != entry.execPath &&
             !written.starts_with("/usr/") && !written.starts_with("/bin/")) {
@@ -142,7 +142,7 @@ void InstalledApplications::resolvePrograms(Scan& result) const {
 void InstalledApplications::scanFolder(const std::filesystem::path& folder,
                                        const std::string& idPrefix, int depth, Folder kind,
                                        Scan& result) {
-    // The stamp is taken before the folder is read, so that a change meanwhile is seen next time.
+    // Take the stamp before reading, so that a change meanwhile is noticed next time.
     result.watched[folder] = stampOf(folder);
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(folder.c_str()), closedir);
     std::vector<std::string> names;
@@ -178,7 +178,7 @@ void InstalledApplications::addFile(const std::filesystem::path& path, const std
     if (kind == Folder::systemsAutostart) {
         result.systemsAutostart.insert(id);
     }
-    // A more important folder may have it, perhaps to switch it off.
+    // A more important folder may have it, possibly to disable it.
     const bool isOverridden = autostart && !result.seenAutostart.insert(id).second;
     const auto known = result.byId.find(id);
     if (!autostart && known != result.byId.end()) {
@@ -218,7 +218,7 @@ void InstalledApplications::addFile(const std::filesystem::path& path, const std
 }
 
 SessionAutostart InstalledApplications::judgeAutostart(Scan& result) {
-    // A session's own dialog copies an entry of the system to switch it on or off.
+    // Session settings copy a system entry to enable or disable it.
     const auto isOfSystem = [&](const DesktopEntry& entry) {
         return result.systemsAutostart.contains(entry.id);
     };

@@ -16,22 +16,21 @@
 
 namespace calmora {
 
-/// Scans the folders of desktop files into an index, and again when they changed. Main thread.
+/// Scans desktop files into an index, again when they changed. Main thread.
 class InstalledApplications {
   public:
-    /// Reads nothing yet. `locales` are the wanted languages of names, see messageLocales().
+    /// Reads nothing yet. `locales` are messageLocales().
     InstalledApplications(BaseDirectories directories, std::vector<std::string> locales);
 
     /// The applications as of the last refresh(); empty before the first.
     [[nodiscard]] const DesktopEntryIndex& index() const { return index_; }
 
-    /// What the system starts with the session as of the last refresh().
+    /// The system's autostart programs as of the last refresh().
     [[nodiscard]] const SessionAutostart& sessionAutostart() const { return sessionAutostart_; }
 
-    /// Scans when a folder or a list of default applications changed since the last time; true
-    /// when the index was replaced, which ends all pointers into the old one.
-    /// Cost: one stat a folder; when something changed one stat a file, reading those that are
-    /// new, and about 20 µs for each program that the entries start.
+    /// Scans if a folder or a list of default applications changed. True if the index was replaced,
+    /// which invalidates pointers into the old one. Cost: one stat per folder; after a change one
+    /// stat per file, reading new files, and about 20 µs per program.
     bool refresh();
 
   private:
@@ -46,17 +45,17 @@ class InstalledApplications {
         friend bool operator==(const Stamp&, const Stamp&) = default;
     };
 
-    /// A parsed file; no entry for one that describes no application.
+    /// A parsed file; no entry if it describes no application.
     struct Parsed {
         Stamp stamp;
         std::optional<DesktopEntry> entry;
     };
 
-    /// What one scan gathers.
+    /// State of one scan.
     struct Scan {
         std::vector<DesktopEntry> entries;
         std::map<std::string, std::size_t> byId;
-        /// All entries of autostart folders, and the ids that the system's ones have.
+        /// All autostart entries, and the ids of the system's.
         std::vector<DesktopEntry> autostart;
         std::set<std::string> systemsAutostart;
         std::set<std::string> seenAutostart;

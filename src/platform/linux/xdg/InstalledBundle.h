@@ -8,8 +8,8 @@
 
 namespace calmora {
 
-/// The program's own installation. Resources are found relative to the executable, in
-/// <folder of the executable>/../share/calmora, the same when installed and in the build tree.
+/// The program's installation. Resources are in ../share/calmora relative to the executable's
+/// folder, both installed and in the build tree.
 class InstalledBundle final : public Bundle {
   public:
     /// `executableFolder` empty means that of the running program.

@@ -18,7 +18,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// What the file holds now.
+/// The state of the file.
 enum class FileState { absent, empty, readable, damaged, unreadable };
 
 struct FileContent {
@@ -48,7 +48,7 @@ FileContent readFile(const std::filesystem::path& file) {
     return content;
 }
 
-/// Absent for a value of a type that preferences never have.
+/// Absent for an unsupported type.
 std::optional<DefaultsValue> valueOf(const Json& json) {
     if (json.is_boolean()) {
         return json.get<bool>();
@@ -83,7 +83,7 @@ Json jsonOf(const DefaultsValue& value) {
     return std::visit([](const auto& typed) { return Json(typed); }, value);
 }
 
-/// Moves a damaged file out of the way; false when it had to stay where it is.
+/// Renames a damaged file; false on failure.
 bool keepAside(const std::filesystem::path& file) {
     const std::filesystem::path damaged = followedLinks(file);
     std::array<char, 32> stamp{};
@@ -211,7 +211,7 @@ bool JsonUserDefaults::flush() {
         }
     }
     if (content.state == FileState::damaged || content.state == FileState::empty) {
-        // All that is known goes into the new file.
+        // Write all known values to the new file.
         for (const auto& [key, value] : values_) {
             content.object[key] = jsonOf(value);
         }
@@ -228,7 +228,7 @@ bool JsonUserDefaults::flush() {
     if (std::filesystem::create_directories(folder, error)) {
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
     }
-    // Broken UTF-8 must not stop the rest from being written.
+    // Broken UTF-8 must not prevent writing the rest.
     const std::string text =
         content.object.dump(4, ' ', false, Json::error_handler_t::replace) + "\n";
     if (!replaceTextFile(file_, text)) {

@@ -14,17 +14,15 @@
 
 namespace calmora {
 
-/// The preferences in a JSON file, one member a key, each value with its type.
+/// The preferences in a JSON file, one typed member per key.
 ///
-/// A change is merged key by key into the file as it is on disk at that time, so that what
-/// another program wrote beside it stays, and reaches the disk whole or not at all (written to a
-/// file beside it, synced, renamed). A file that is no JSON object is kept aside under a name with
-/// a time stamp, with one line on standard error; an empty one has nothing to keep. What cannot be
-/// written holds for the life of the process and is tried again with the next change and at the
-/// end. Main thread.
+/// Merges each change into the current file, so that other programs' changes stay, and writes
+/// atomically (temporary file, sync, rename). A file that is no JSON object is renamed with a time
+/// stamp and reported on standard error; an empty one is overwritten. Changes that cannot be
+/// written stay in memory and are retried with the next change and at the end. Main thread.
 class JsonUserDefaults final : public UserDefaults {
   public:
-    /// Reads `file`, which need not exist. Changes are written on the next turn of `runLoop`.
+    /// Reads `file`, which may not exist. Changes are written on the next turn of `runLoop`.
     JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop);
 
     /// Writes what is pending.
@@ -42,7 +40,7 @@ class JsonUserDefaults final : public UserDefaults {
     void set(const std::string& key, DefaultsValue value) override;
     void remove(const std::string& key) override;
 
-    /// Writes what is pending now; false when it could not be written and is still pending.
+    /// Writes pending changes; false if they could not be written and are still pending.
     bool flush();
 
   private:
@@ -54,13 +52,13 @@ class JsonUserDefaults final : public UserDefaults {
     RunLoop& runLoop_;
     std::map<std::string, DefaultsValue> registered_;
     std::map<std::string, DefaultsValue> values_;
-    /// Of every value, those included that have a type of no preference.
+    /// All keys, including those of unsupported types.
     std::set<std::string> keys_;
-    /// Changes that are not on disk yet; absent means removed.
+    /// Unwritten changes; absent means removed.
     std::map<std::string, std::optional<DefaultsValue>> pending_;
     Subscription write_;
     bool isWriteDue_ = false;
-    /// A damaged file lies there that could not be moved; it is left alone.
+    /// A damaged file could not be moved; it is left alone.
     bool isDamagedInPlace_ = false;
 };
 

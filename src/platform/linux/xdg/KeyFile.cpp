@@ -42,7 +42,7 @@ void walkKeyFile(std::string_view text, const std::function<bool(const KeyFileLi
             continue;
         }
         if (line.front() == '[') {
-            // A broken heading ends the group before it as well.
+            // A broken heading also ends the previous group.
             isInGroup = line.back() == ']';
             current.group = isInGroup ? line.substr(1, line.size() - 2) : std::string_view();
             continue;

@@ -10,14 +10,14 @@
 
 namespace calmora {
 
-/// The files that name default applications, most important first: mimeapps.list of the desktop
-/// and of all, in the configuration and data folders.
+/// The mimeapps.list files, most important first: per desktop and general, in configuration and
+/// data folders.
 [[nodiscard]] std::vector<std::filesystem::path>
 mimeApplicationLists(const BaseDirectories& directories);
 
-/// The first application that opens a MIME type and that `accept`s, by its id: the default ones,
-/// then the added ones, folder by folder, then what `caches` (mimeinfo.cache files) offer. Empty
-/// when there is none. A removed association hides the less important ones behind it.
+/// The id of the first application for a MIME type that `accept`s: default ones, then added ones,
+/// folder by folder, then those in `caches` (mimeinfo.cache files). A removed association hides
+/// less important ones. Empty if there is none.
 [[nodiscard]] std::string defaultApplication(std::string_view mimeType,
                                              const std::vector<std::filesystem::path>& lists,
                                              const std::vector<std::filesystem::path>& caches,

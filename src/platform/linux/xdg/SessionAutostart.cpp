@@ -9,8 +9,7 @@ namespace calmora {
 
 namespace {
 
-/// How an application is started that shows itself only when it is asked to.
-/// Source: GApplication, G_APPLICATION_IS_SERVICE.
+/// Starts an application without showing it. Source: GApplication, G_APPLICATION_IS_SERVICE.
 constexpr const char* serviceOption = "--gapplication-service";
 
 bool isAbsolute(const std::string& path) {
@@ -21,7 +20,7 @@ bool isAbsolute(const std::string& path) {
 
 SessionAutostart::SessionAutostart(std::span<const DesktopEntry> autostart,
                                    std::span<const DesktopEntry> installed) {
-    // Whether an entry of an application that starts the program wants it seen.
+    // With whether the entry is visible.
     std::multimap<std::string, std::pair<Command, bool>> applications;
     for (const DesktopEntry& entry : installed) {
         if (entry.isVisible || entry.isAutostart) {

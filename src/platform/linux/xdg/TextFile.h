@@ -6,16 +6,16 @@
 
 namespace calmora {
 
-/// The whole content of a plain file of at most 16 MiB. Absent, with errno set, when it does not
-/// exist, is no plain file or cannot be read; never blocks on a pipe.
+/// The content of a plain file of at most 16 MiB. Absent with errno set if it does not exist, is no
+/// plain file or cannot be read; never blocks on a pipe.
 [[nodiscard]] std::optional<std::string> readTextFile(const std::filesystem::path& path);
 
-/// The file that a path means once symbolic links are followed, also when it does not exist.
+/// The path with symbolic links followed, even if the file does not exist.
 [[nodiscard]] std::filesystem::path followedLinks(std::filesystem::path path);
 
-/// Replaces a file as a whole or not at all: written beside it, synced, renamed. Keeps its
-/// permissions; a new file is its owner's alone. Writes through symbolic links. False, with the
-/// old file untouched and nothing left beside it, when that fails.
+/// Replaces a file atomically (temporary file, sync, rename), through symbolic links. Keeps its
+/// permissions; a new file is readable by its owner only. Returns false on failure, with the old
+/// file unchanged and no temporary file left.
 bool replaceTextFile(const std::filesystem::path& path, const std::string& text);
 
 } // namespace calmora
