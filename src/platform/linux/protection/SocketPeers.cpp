@@ -1,9 +1,9 @@
 #include "platform/linux/protection/SocketPeers.h"
 
-#include "support/FileDescriptor.h"
 #include "support/TextHelpers.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstddef>
 #include <cstring>
@@ -15,9 +15,24 @@ namespace calmora {
 namespace {
 
 std::optional<ProcessId> askListener(const std::string& path) {
+    const FileDescriptor descriptor = connectedTo(path);
+    ucred credentials{};
+    socklen_t size = sizeof credentials;
+    if (!descriptor ||
+        getsockopt(descriptor.get(), SOL_SOCKET, SO_PEERCRED, &credentials, &size) != 0 ||
+        credentials.pid <= 0) {
+        return std::nullopt;
+    }
+    return credentials.pid;
+}
+
+} // namespace
+
+FileDescriptor connectedTo(const std::string& path) {
     sockaddr_un address{};
     if (path.empty() || path.size() >= sizeof address.sun_path) {
-        return std::nullopt;
+        errno = path.empty() ? ENOENT : ENAMETOOLONG;
+        return {};
     }
     address.sun_family = AF_UNIX;
     std::memcpy(address.sun_path, path.data(), path.size());
@@ -27,21 +42,13 @@ std::optional<ProcessId> askListener(const std::string& path) {
     // A path ends at its zero byte, an abstract name at the given length.
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
                                                (path.front() == '@' ? 0 : 1));
-    const FileDescriptor descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!descriptor ||
+    FileDescriptor descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (descriptor &&
         connect(descriptor.get(), reinterpret_cast<const sockaddr*>(&address), length) != 0) {
-        return std::nullopt;
+        descriptor.reset(); // Keeps errno.
     }
-    ucred credentials{};
-    socklen_t size = sizeof credentials;
-    if (getsockopt(descriptor.get(), SOL_SOCKET, SO_PEERCRED, &credentials, &size) != 0 ||
-        credentials.pid <= 0) {
-        return std::nullopt;
-    }
-    return credentials.pid;
+    return descriptor;
 }
-
-} // namespace
 
 std::optional<ProcessId> SocketPeers::listener(const std::string& path) {
     if (const auto found = known_.find(path); found != known_.end()) {

@@ -2,6 +2,7 @@
 
 #include "platform/ProcessId.h"
 #include "platform/linux/proc/ProcessReader.h"
+#include "support/FileDescriptor.h"
 
 #include <cstdint>
 #include <map>
@@ -33,6 +34,10 @@ class SocketPeers {
     const ProcessReader& reader_;
     std::map<std::string, Peer> known_;
 };
+
+/// A connection to the Unix socket at `path`, which begins with '@' for an abstract socket. Empty
+/// with errno set on failure; never waits.
+[[nodiscard]] FileDescriptor connectedTo(const std::string& path);
 
 /// The local sockets in the value of SESSION_MANAGER, as listener() takes them.
 /// Source: X Session Management Library, "Local/…" network ids.
