@@ -8,7 +8,7 @@
 namespace calmora {
 
 /// Several window systems as one: a Wayland compositor with the X server that it starts for X11
-/// programs. Where one of them is asked for a single answer, the first that has one gives it.
+/// programs. Single answers come from the first part that has one.
 class CompositeWindowSystem final : public WindowSystem {
   public:
     /// The parts must outlive this object and number their windows below 2^56. At most 256.

@@ -117,7 +117,7 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     if (isSandboxLauncher(known.comm)) {
         return;
     }
-    // Few processes are applications, and all that tells which ones costs four times as much.
+    // Few processes are applications, and reading all details costs four times as much.
     if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
         return;
     }

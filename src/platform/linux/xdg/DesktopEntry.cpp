@@ -10,7 +10,7 @@ namespace calmora {
 
 namespace {
 
-/// A value that a file gives in several languages; the most wanted one wins.
+/// A value in several languages; the most preferred one wins.
 class LocalizedValue {
   public:
     explicit LocalizedValue(std::span<const std::string> locales)

@@ -56,7 +56,7 @@ bool SessionAutostart::starts(std::span<const std::string> commandLine,
                               const std::optional<std::string>& executable) const {
     const Command running = commandOf(commandLine);
     const auto isRun = [&](const Command& command) {
-        // Programs of other packages may have the name of one in a folder of its own.
+        // Programs of other packages may have the same name in another folder.
         const bool isProgram = !isAbsolute(command.program) || command.program == running.program ||
                                executable == command.program;
         return isProgram && (!command.isBare || (command.key == running.key &&
