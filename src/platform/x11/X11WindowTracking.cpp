@@ -167,7 +167,7 @@ void X11WindowSystem::updateList() {
         if (listed.contains(known->first)) {
             ++known;
         } else {
-            sightings_.see(known->first, XCB_EVENT_MASK_NO_EVENT);
+            // Not marked again: by now the id may be that of another window.
             known = known_.erase(known);
         }
     }
