@@ -70,8 +70,7 @@ void protect(SettingsFixture& pane) {
 void render(const QDir& folder, const QString& suffix) {
     SettingsFixture pane;
     fill(pane);
-    UnavailableUpdater noUpdates;
-    pane.open(noUpdates);
+    pane.open();
     save(pane.window, folder.filePath("top" + suffix));
     auto* bar = pane.view->findChild<QScrollArea*>()->verticalScrollBar();
     bar->setValue(bar->maximum());
