@@ -28,7 +28,7 @@ struct BaseDirectories {
     /// PATH.
     std::vector<std::filesystem::path> executableDirs;
 
-    /// From the environment; ignores relative paths as the specification requires.
+    /// From the environment; relative paths are ignored, as freedesktop requires.
     [[nodiscard]] static BaseDirectories fromEnvironment(const EnvironmentReader& environment);
     /// From this process's own environment.
     [[nodiscard]] static BaseDirectories fromEnvironment();

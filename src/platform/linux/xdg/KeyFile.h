@@ -16,8 +16,8 @@ struct KeyFileLine {
 };
 
 /// Calls `visit` for the lines of a freedesktop key file in order until it returns false. Skips
-/// comments, broken lines and lines before the first group. Source: freedesktop Desktop Entry
-/// Specification, basic format.
+/// comments, broken lines and lines before the first group.
+/// Source: freedesktop Desktop Entry Specification, basic format.
 void walkKeyFile(std::string_view text, const std::function<bool(const KeyFileLine&)>& visit);
 
 /// A string value with its escapes (\s \n \t \r \\) resolved.
