@@ -86,6 +86,8 @@ class PopoverDriver:
         self.desktop.click_node(self.wait_for_row(name), button=3)
         # A screen reader is not told of a popup menu before a key moves in it.
         self.desktop.xdotool("key", "Down", "Return")
+        self.desktop.wait_until(lambda: any(row.startswith(name) and "Protected" in row
+                                            for row in self.rows()), f"protected row “{name}”")
 
     def hold_option(self):
         """Presses Option and keeps it down."""

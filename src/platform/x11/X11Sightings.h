@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -15,7 +16,8 @@ namespace calmora {
 ///
 /// Each known window is marked in the event mask that the server keeps for us, with a bit that
 /// causes no events. A window without the mark is another one. This needs no wake-ups when windows
-/// move, change or go, and no unread event can hide a change.
+/// move, change or go, and no unread event can hide a change. A mark may itself land on a later
+/// window, so it counts from when it is read back.
 class X11Sightings {
   public:
     /// The connection must outlive this object.
@@ -27,18 +29,25 @@ class X11Sightings {
     /// The same for known windows that share a client with one of `windows`.
     void askBeside(std::span<const xcb_window_t> windows);
 
-    /// Returns and forgets the windows whose marks are missing.
+    /// Returns and forgets the windows whose marks are missing. Waits for the replies.
     [[nodiscard]] std::vector<xcb_window_t> takeGone();
 
-    /// Marks a new window and selects these events on it.
+    /// Marks a window and selects these events on it. For a window that is known already, also
+    /// requests its old mark in the same breath: call takeGone() before relying on it.
     void see(xcb_window_t window, std::uint32_t events);
 
-    /// When the window's client was first seen, in clock ticks since boot; now if it is unknown.
+    /// Whether the window was marked and has not gone since.
+    [[nodiscard]] bool isMarked(xcb_window_t window) const { return marked_.contains(window); }
+
+    /// When the window's client was first seen, in clock ticks since boot; now if that is unknown.
     [[nodiscard]] std::uint64_t firstSeen(xcb_window_t window) const;
 
   private:
+    void request(xcb_window_t window);
+
     const X11Connection& connection_;
-    std::map<xcb_window_t, std::uint64_t> firstSeen_;
+    /// When each mark was first read back; absent until then.
+    std::map<xcb_window_t, std::optional<std::uint64_t>> marked_;
     std::vector<std::pair<xcb_window_t, xcb_get_window_attributes_cookie_t>> asked_;
 };
 

@@ -225,7 +225,7 @@ std::vector<ProcessId> X11WindowSystem::trayIconProcesses() {
     sightings_.askBeside(icons);
     forgetGone();
     for (const xcb_window_t icon : icons) {
-        if (!known_.contains(icon)) {
+        if (!sightings_.isMarked(icon)) {
             sightings_.see(icon, XCB_EVENT_MASK_NO_EVENT);
         }
     }

@@ -121,11 +121,19 @@ void X11WindowSystem::forgetEverything() {
     }
 }
 
-/// Call after X11Sightings::ask() and a round trip.
+/// Call after the marks were requested.
 void X11WindowSystem::forgetGone() {
     for (const xcb_window_t window : sightings_.takeGone()) {
         isListStale_ = known_.erase(window) > 0 || isListStale_;
+        // What was read of its client may be wrong too.
+        for (auto& [other, known] : known_) {
+            if (connection_.clientBase(other) == connection_.clientBase(window)) {
+                known.isStale = true;
+                areFactsStale_ = true;
+            }
+        }
     }
+    std::erase_if(order_, [this](xcb_window_t window) { return !known_.contains(window); });
 }
 
 void X11WindowSystem::forgetOwnersThatEnded() {
@@ -158,8 +166,9 @@ void X11WindowSystem::updateList() {
     // Request the marks first, so that the manager's list is newer.
     sightings_.ask();
     auto managed = reader_.managedWindows();
-    order_ = managed ? std::move(*managed) : reader_.unlistedWindows();
+    auto list = managed ? std::move(*managed) : reader_.unlistedWindows();
     forgetGone();
+    order_ = std::move(list);
     isListStale_ = false;
     std::set<xcb_window_t> listed;
     std::erase_if(order_, [&](xcb_window_t window) { return !listed.insert(window).second; });
@@ -177,6 +186,7 @@ void X11WindowSystem::updateList() {
             sightings_.see(window, windowMask_);
         }
     }
+    forgetGone();
     areFactsStale_ = true;
     const xcb_window_t before = std::exchange(manager_, reader_.managerWindow());
     if (before != manager_ || (rootMask_ != 0 && watchedManager_ != manager_)) {
@@ -270,13 +280,10 @@ void X11WindowSystem::selectEvents() {
             forgetEverything();
             return;
         }
-        // A new window with a reused id must not be marked.
-        sightings_.ask();
-        forgetGone();
-        std::erase_if(order_, [this](xcb_window_t window) { return !known_.contains(window); });
         for (const auto& [window, known] : known_) {
             sightings_.see(window, windowMask);
         }
+        forgetGone();
     }
 }
 
