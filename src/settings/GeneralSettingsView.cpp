@@ -27,6 +27,9 @@ struct Choice {
     const char* title;
     Value value;
 };
+/// clang deduces aggregates from version 17 on only.
+template <typename Value>
+Choice(const char*, Value) -> Choice<Value>;
 
 constexpr std::array sortOrders{
     Choice{"Name (A-Z)", SortOrder::alphabetical},
