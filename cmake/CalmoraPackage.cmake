@@ -45,3 +45,9 @@ add_custom_target(calmora_documents ALL DEPENDS ${compressed})
 install(FILES "${documents}/calmora.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${documents}/changelog.gz" "${documents}/changelog.Debian.gz" packaging/copyright
         DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES packaging/completions/calmora.bash
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME calmora)
+install(FILES packaging/completions/calmora.fish
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+install(FILES packaging/completions/_calmora
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")

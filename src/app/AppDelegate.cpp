@@ -8,7 +8,8 @@
 #include "ui/AppListViewModel.h"
 #include "ui/ForceQuitConfirmation.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -57,25 +58,39 @@ void AppDelegate::wireShortcuts() {
     hotKeyManager_.registerShortcuts();
 }
 
-void AppDelegate::quitAll() {
+QuitOutcome AppDelegate::quitAll() {
     AppListViewModel applications(settings_, platform_);
     applications.refresh();
-    quitSelected(applications, /*force=*/false);
+    const std::size_t ticked = applications.selectedCount();
+    return {ticked, quitSelected(applications, /*force=*/false)};
 }
 
-void AppDelegate::forceQuitAll() {
+QuitOutcome AppDelegate::forceQuitAll() {
     AppListViewModel applications(settings_, platform_);
     applications.refresh();
-    const std::size_t count = applications.selectedCount();
-    if (count > 0 && confirmForceQuitAll(platform_.alerts, platform_.strings, count)) {
-        quitSelected(applications, /*force=*/true);
+    const std::size_t ticked = applications.selectedCount();
+    if (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked)) {
+        return {ticked, 0};
     }
+    return {ticked, quitSelected(applications, /*force=*/true)};
 }
 
 /// Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
-void AppDelegate::quitSelected(AppListViewModel& applications, bool force) {
-    applications.quitSelected(force);
+std::size_t AppDelegate::quitSelected(AppListViewModel& applications, bool force) {
+    const std::size_t ended = applications.quitSelected(force);
     input_.discardQueuedInput();
+    return ended;
+}
+
+std::vector<AppInfo> AppDelegate::rows() {
+    if (!rows_) {
+        rows_ = std::make_unique<AppListViewModel>(settings_, platform_);
+    }
+    rows_->refresh();
+    rows_->updateResourceUsage();
+    std::vector<AppInfo> rows = rows_->filteredApps();
+    std::ranges::move(rows_->filteredBackgroundApps(), std::back_inserter(rows));
+    return rows;
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {

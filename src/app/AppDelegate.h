@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/HotKeyManager.h"
+#include "model/AppInfo.h"
 #include "platform/Geometry.h"
 #include "platform/Platform.h"
 #include "platform/Popover.h"
@@ -8,6 +9,7 @@
 #include "platform/Updater.h"
 #include "settings/AppSettings.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -19,6 +21,13 @@ class AutoQuitManager;
 class InputGate;
 class UserDefaults;
 class UserNotifications;
+
+/// What quitting the ticked applications came to.
+struct QuitOutcome {
+    std::size_t ticked = 0;
+    /// How many of them ended. None if the user refused.
+    std::size_t ended = 0;
+};
 
 /// The status item and what the global shortcuts do: a left click opens and closes the popover, a
 /// right click opens the menu. Main thread.
@@ -40,8 +49,20 @@ class AppDelegate {
     /// The action of the status item: a right click opens the menu, any other toggles the popover.
     void togglePopover(StatusEvent event);
 
+    /// Opens the popover, or closes it.
+    void togglePopover();
+
     /// Opens the popover unless it is shown.
     void openPopover();
+
+    /// Quits the ticked applications politely. Blocks while they may answer.
+    QuitOutcome quitAll();
+
+    /// Asks, then quits them by force. Blocks until answered.
+    QuitOutcome forceQuitAll();
+
+    /// The rows of the popover, from top to bottom. CPU use is that since the last call.
+    [[nodiscard]] std::vector<AppInfo> rows();
 
     /// Opens the menu where the status bar does not do it by itself.
     void showContextMenu();
@@ -59,12 +80,9 @@ class AppDelegate {
     [[nodiscard]] Updater& updater() { return *updaterController_; }
 
   private:
-    void togglePopover();
     [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
     void wireShortcuts();
-    void quitAll();
-    void forceQuitAll();
-    void quitSelected(AppListViewModel& applications, bool force);
+    std::size_t quitSelected(AppListViewModel& applications, bool force);
 
     AppSettings settings_;
     std::unique_ptr<Updater> updaterController_;
@@ -75,6 +93,8 @@ class AppDelegate {
 
     AppToolkit& toolkit_;
     Platform platform_;
+    /// Null until rows() is asked.
+    std::unique_ptr<AppListViewModel> rows_;
     UserNotifications& notifications_;
     InputGate& input_;
 };

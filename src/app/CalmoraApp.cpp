@@ -1,5 +1,6 @@
 #include "app/CalmoraApp.h"
 
+#include "app/Diagnosis.h"
 #include "app/Identity.h"
 #include "app/WindowBackendChoice.h"
 #include "platform/desktop/status/QtStatusItem.h"
@@ -24,7 +25,9 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 namespace calmora {
@@ -79,10 +82,23 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
       delegate_(defaults_, makeUpdater(), *this, platform(), globalShortcuts_.shortcuts(),
-                notifications_, inputGate_) {
+                notifications_, inputGate_),
+      commands_(delegate_, alertSession_,
+                {.openSettings = [this] { openSettings(); },
+                 .diagnose =
+                     [this](std::span<const ProcessId> processes) {
+                         return diagnosis(*backend_, machine_, sessionBus_, processes);
+                     }}),
+      channel_(sessionBus_, identity::identifier, [this](const QStringList& arguments) {
+          const CommandAnswer answer = runCommand(arguments);
+          return ChannelAnswer{static_cast<uint>(answer.status),
+                               QString::fromStdString(answer.output)};
+      }) {
     appearance_ = colorScheme_.onChanged(
         [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
+    acted_ = instance.onAction(
+        [this](const QString& action) { static_cast<void>(runCommand({"--" + action})); });
     signals.onSignal([] { QCoreApplication::quit(); });
 }
 
@@ -91,8 +107,11 @@ CalmoraApp::~CalmoraApp() {
     delete settingsWindow_;
 }
 
-int CalmoraApp::run() {
+int CalmoraApp::run(const CommandLine& first) {
     delegate_.applicationDidFinishLaunching();
+    if (isForInstance(first.command)) {
+        QTimer::singleShot(0, qApp, [this, first] { commands_.run(first); });
+    }
     // Preload the application list after the tray icon appears.
     QTimer::singleShot(quietAfterLaunch, qApp,
                        [this] { static_cast<void>(machine_.workspace.runningApplications()); });
@@ -156,6 +175,13 @@ void CalmoraApp::openSettings() {
         settingsWindow_ = window;
     }
     showWindow(*settingsWindow_, icon());
+}
+
+CommandAnswer CalmoraApp::runCommand(const QStringList& arguments) {
+    std::vector<std::string> words;
+    std::ranges::transform(arguments, std::back_inserter(words), &QString::toStdString);
+    const auto line = parseCommandLine(words);
+    return line ? commands_.run(*line) : CommandAnswer{.status = CommandStatus::usage};
 }
 
 void CalmoraApp::terminate() {

@@ -3,9 +3,11 @@
 #include "app/AppDelegate.h"
 #include "app/AppToolkit.h"
 #include "app/GlobalShortcuts.h"
+#include "app/InstanceCommands.h"
 #include "app/LinuxMachine.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
+#include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/xdg/AutostartLoginItem.h"
@@ -38,8 +40,9 @@ class CalmoraApp final : private AppToolkit {
 
     ~CalmoraApp() override;
 
-    /// Shows the status item and runs the main loop. Returns the exit status.
-    int run();
+    /// Shows the status item and runs the main loop, carrying out `first` as soon as it runs.
+    /// Returns the exit status.
+    int run(const CommandLine& first);
 
   private:
     std::unique_ptr<Popover> makePopover(AppSettings& settings) override;
@@ -48,6 +51,7 @@ class CalmoraApp final : private AppToolkit {
     void orderFrontAboutPanel() override;
     void terminate() override;
     void openSettings();
+    [[nodiscard]] CommandAnswer runCommand(const QStringList& arguments);
     [[nodiscard]] Image icon() const;
     [[nodiscard]] Platform platform();
 
@@ -74,8 +78,11 @@ class CalmoraApp final : private AppToolkit {
     QPointer<QWidget> aboutPanel_;
     QPointer<QWidget> settingsWindow_;
     AppDelegate delegate_;
+    InstanceCommands commands_;
+    CommandChannel channel_;
     Subscription appearance_;
     Subscription activated_;
+    Subscription acted_;
 };
 
 } // namespace calmora

@@ -1,5 +1,7 @@
 #include "app/CalmoraApp.h"
+#include "app/CommandLine.h"
 #include "app/Identity.h"
+#include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/linux/proc/OpenFileLimit.h"
 #include "widgets/Theme.h"
 
@@ -9,31 +11,56 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
+using calmora::AppCommand;
+using calmora::CommandLine;
+using calmora::CommandStatus;
+
 void printUsage(std::FILE* stream) {
-    std::fprintf(stream,
-                 "Usage: calmora [--version | --help]\n"
-                 "Puts %s into the status bar; started again, it opens its popover.\n",
-                 calmora::identity::name);
+    std::fprintf(stream, R"(Usage: calmora [OPTION]
+Puts %s into the status bar; started again, it opens its popover.
+
+  --toggle            open the popover, or close it
+  --settings          open the settings
+  --quit-all          quit the ticked applications politely
+  --force-quit-all    quit them by force, after a question
+  --list [--json]     print the applications
+  --diagnose [PID]... print what %s sees and uses, and why a process is listed or not
+  --version, --help
+)",
+                 calmora::identity::name, calmora::identity::name);
 }
 
-/// Handles the options that only print a text; whether there was one.
-bool printsText(int argc, char** argv) {
-    using namespace calmora;
+/// Lets the running instance carry out the command: the exit status; absent if none runs and the
+/// command starts one.
+std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandLine& line) {
+    const QCoreApplication application(argc, argv);
+    const QString connectionName("calmora-command");
+    QStringList arguments;
     for (int index = 1; index < argc; ++index) {
-        if (std::strcmp(argv[index], "--version") == 0) {
-            std::printf("%s %s\n", identity::name, identity::version);
-            return true;
-        }
-        if (std::strcmp(argv[index], "--help") == 0) {
-            printUsage(stdout);
-            return true;
-        }
+        arguments += QString::fromLocal8Bit(argv[index]);
     }
-    return false;
+    const bool mayTakeLong =
+        line.command == AppCommand::quitAll || line.command == AppCommand::forceQuitAll;
+    const auto answer = calmora::CommandChannel::send(
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName),
+        calmora::identity::identifier, arguments, mayTakeLong);
+    QDBusConnection::disconnectFromBus(connectionName);
+    if (answer) {
+        std::fputs(answer->output.toUtf8().constData(), stdout);
+        return static_cast<CommandStatus>(answer->status);
+    }
+    if (calmora::startsInstance(line.command)) {
+        return {};
+    }
+    std::fprintf(stderr, "calmora: no running %s answers on the session bus\n",
+                 calmora::identity::name);
+    return CommandStatus::noInstance;
 }
 
 /// Ends with a message and an exit status, not with a core file, if Qt cannot reach the display.
@@ -47,8 +74,24 @@ void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString&
 } // namespace
 
 int main(int argc, char** argv) {
-    if (printsText(argc, argv)) {
+    const auto line = calmora::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+    if (!line) {
+        printUsage(stderr);
+        return 2;
+    }
+    if (line->command == AppCommand::version) {
+        std::printf("%s %s\n", calmora::identity::name, calmora::identity::version);
         return 0;
+    }
+    if (line->command == AppCommand::help) {
+        printUsage(stdout);
+        return 0;
+    }
+    if (calmora::isForInstance(line->command)) {
+        if (const auto status = runInInstance(argc, argv, *line)) {
+            return static_cast<int>(*status);
+        }
+        argc = 1; // The option is ours, not the toolkit's.
     }
     if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
         !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
@@ -85,5 +128,5 @@ int main(int argc, char** argv) {
         return 0;
     }
     calmora::installTheme(application);
-    return calmora::CalmoraApp(sessionBus, instance, signals).run();
+    return calmora::CalmoraApp(sessionBus, instance, signals).run(*line);
 }

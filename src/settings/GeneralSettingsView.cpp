@@ -27,6 +27,7 @@ struct Choice {
     const char* title;
     Value value;
 };
+
 /// clang deduces aggregates from version 17 on only.
 template <typename Value>
 Choice(const char*, Value) -> Choice<Value>;

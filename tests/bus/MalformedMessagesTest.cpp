@@ -98,7 +98,8 @@ TEST_F(MalformedMessages, DoNothingAsCalls) {
     QtStatusItem item(own, "org.example.Tool", strings);
     item.setMenu([&] { return std::vector<StatusMenuItem>{{"Quit", "q", true, [&] { ++done; }}}; });
     item.setAction([&](StatusEvent) { ++done; });
-    ApplicationObject application(own, "org.example.Tool", [&] { ++done; });
+    ApplicationObject application(
+        own, "org.example.Tool", [&] { ++done; }, [&](const QString&) { ++done; });
     std::vector<QVariantList> all = kinds;
     const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
     all.insert(all.end(), {{endless}, {endless, QStringList()}});

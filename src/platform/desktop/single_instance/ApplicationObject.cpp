@@ -7,8 +7,9 @@
 namespace calmora {
 
 ApplicationObject::ApplicationObject(QDBusConnection connection, const QString& applicationId,
-                                     std::function<void()> onActivate)
-    : onActivate_(std::move(onActivate)) {
+                                     std::function<void()> onActivate,
+                                     std::function<void(const QString&)> onAction)
+    : onActivate_(std::move(onActivate)), onAction_(std::move(onAction)) {
     connection.registerObject(pathOf(applicationId), this, QDBusConnection::ExportAllSlots);
 }
 
@@ -25,8 +26,10 @@ void ApplicationObject::Open(const QStringList& /*uris*/, const QVariantMap& pla
     Activate(platform_data);
 }
 
-void ApplicationObject::ActivateAction(const QString& /*action_name*/,
+void ApplicationObject::ActivateAction(const QString& action_name,
                                        const QVariantList& /*parameter*/,
-                                       const QVariantMap& /*platform_data*/) {}
+                                       const QVariantMap& /*platform_data*/) {
+    QTimer::singleShot(0, this, [this, action_name] { onAction_(action_name); });
+}
 
 } // namespace calmora

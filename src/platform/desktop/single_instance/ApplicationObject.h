@@ -20,9 +20,11 @@ class ApplicationObject final : public QObject {
   public:
     static constexpr auto interfaceName = "org.freedesktop.Application";
 
-    /// `onActivate` is called from the main loop.
+    /// The handlers are called from the main loop; `onAction` with the name of an action of the
+    /// desktop entry, or any other.
     ApplicationObject(QDBusConnection connection, const QString& applicationId,
-                      std::function<void()> onActivate);
+                      std::function<void()> onActivate,
+                      std::function<void(const QString&)> onAction);
 
     /// The object path that belongs to an application id.
     [[nodiscard]] static QString pathOf(const QString& applicationId);
@@ -36,6 +38,7 @@ class ApplicationObject final : public QObject {
 
   private:
     std::function<void()> onActivate_;
+    std::function<void(const QString&)> onAction_;
 };
 
 } // namespace calmora

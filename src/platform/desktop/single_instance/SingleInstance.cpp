@@ -19,7 +19,9 @@ SingleInstance::SingleInstance(const QDBusConnection& bus, const std::string& ap
 
 bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId) {
     // The object comes first: who finds the name must find the object.
-    object_ = std::make_unique<ApplicationObject>(bus, applicationId, [this] { activate(); });
+    object_ = std::make_unique<ApplicationObject>(
+        bus, applicationId, [this] { activate(); },
+        [this](const QString& action) { acted_.emit(action); });
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
         bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
                                          QDBusConnectionInterface::DontAllowReplacement);

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace calmora {
 
@@ -34,6 +35,11 @@ class SingleInstance {
     /// start that came before it.
     [[nodiscard]] Subscription onActivated(std::function<void()> handler);
 
+    /// Called with the name of an action that a launcher asks for, see ApplicationObject.
+    [[nodiscard]] Subscription onAction(std::function<void(const QString&)> handler) {
+        return acted_.connect(std::move(handler));
+    }
+
   private:
     void activate();
     [[nodiscard]] bool claimName(QDBusConnection bus, const QString& applicationId);
@@ -42,6 +48,7 @@ class SingleInstance {
     bool isFirst_ = true;
     bool isActivationPending_ = false;
     Signal<> activated_;
+    Signal<const QString&> acted_;
     std::unique_ptr<ApplicationObject> object_;
     std::unique_ptr<RuntimeLock> lock_;
     std::unique_ptr<QSocketNotifier> attempts_;

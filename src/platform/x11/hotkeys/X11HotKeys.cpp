@@ -17,7 +17,7 @@ struct Combination {
     X11KeyCode key = 0;
     X11ModifierMask modifiers = 0;
 
-    friend auto operator<=>(const Combination&, const Combination&) = default;
+    [[maybe_unused]] friend auto operator<=>(const Combination&, const Combination&) = default;
 };
 
 /// Passive grabs on the root window.

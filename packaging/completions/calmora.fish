@@ -1,0 +1,11 @@
+complete -c calmora -f
+complete -c calmora -n "__fish_is_first_token" -l toggle -d "Open or close the popover"
+complete -c calmora -n "__fish_is_first_token" -l settings -d "Open the settings"
+complete -c calmora -n "__fish_is_first_token" -l quit-all -d "Quit the ticked applications"
+complete -c calmora -n "__fish_is_first_token" -l force-quit-all -d "Quit them by force"
+complete -c calmora -n "__fish_is_first_token" -l list -d "Print the applications"
+complete -c calmora -n "__fish_contains_opt list" -l json -d "As JSON"
+complete -c calmora -n "__fish_is_first_token" -l diagnose -d "Print what Calmora sees and uses"
+complete -c calmora -n "__fish_contains_opt diagnose" -a "(__fish_complete_pids)"
+complete -c calmora -n "__fish_is_first_token" -l version -d "Print the version"
+complete -c calmora -n "__fish_is_first_token" -l help -d "Print the usage"
