@@ -51,8 +51,9 @@ TEST(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
     const auto activated = workspace.onActivated([&](const auto&) { ++activations; });
 
     const pid_t client = machine.client();
-    EXPECT_TRUE(waitFor([&] { return listed() == std::vector<ProcessId>{lower, client}; }))
-        << testing::PrintToString(listed());
+    EXPECT_TRUE(waitFor([&, lower = lower] {
+        return listed() == std::vector<ProcessId>{lower, client};
+    })) << testing::PrintToString(listed());
 
     const auto twin = workspace.runningApplication(lower);
     EXPECT_FALSE(twin->forceTerminate());

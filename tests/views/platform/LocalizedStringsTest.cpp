@@ -6,7 +6,7 @@ namespace calmora {
 namespace {
 
 TEST(LocalizedStrings, SpeakTheLanguageOfTheLocaleOrElseEnglish) {
-    const QtLocalizedStrings english(QLocale(QLocale::Icelandic));
+    const QtLocalizedStrings english{QLocale(QLocale::Icelandic)};
     EXPECT_EQ(english.text("apps_running_count %lld", 0), "%lld apps running");
     EXPECT_EQ(english.text("apps_running_count %lld", INT64_MAX), "%lld apps running");
     EXPECT_EQ(english.text("100 %n"), "100 %n");

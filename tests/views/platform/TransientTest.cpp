@@ -17,7 +17,7 @@ TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
     const std::pair<std::size_t, std::vector<Qt::Key>> rows[] = {
         {1U, {Qt::Key_Return}}, {1U, {Qt::Key_Escape}}, {0U, {Qt::Key_Tab, Qt::Key_Space}}};
     for (const auto& [expected, keys] : rows) {
-        QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&, keys = keys] {
             QWidget* alert = nullptr;
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 alert =

@@ -38,7 +38,7 @@ TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
     for (const auto& [act, expected] : rows) {
         QTest::mouseClick(&recorder, Qt::LeftButton);
         ASSERT_TRUE(loopUntil([&] { return recorder.isRecording(); }));
-        QTimer::singleShot(0, &recorder, [&] {
+        QTimer::singleShot(0, &recorder, [&, act = act] {
             auto* sheet = pane.window.findChild<QMessageBox*>("recorderAlert");
             ASSERT_NE(sheet, nullptr);
             EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
