@@ -17,7 +17,9 @@ class FakeWindowSystem final : public WindowSystem {
 
     const std::vector<TopLevelWindow>& windowsReadAfresh() override { return all; }
 
-    bool coversAllWindows() const override { return true; }
+    std::string displayName() const override { return display; }
+
+    bool coversAllWindows() const override { return covers; }
 
     std::optional<WindowId> activeWindow() override { return active; }
 
@@ -43,6 +45,8 @@ class FakeWindowSystem final : public WindowSystem {
     void flush() override {}
 
     std::vector<TopLevelWindow> all;
+    std::string display;
+    bool covers = true;
     std::optional<WindowId> active;
     Signal<> changed;
     Signal<> activeChanged;

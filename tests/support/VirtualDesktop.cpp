@@ -8,6 +8,7 @@
 #include <array>
 #include <csignal>
 #include <fcntl.h>
+#include <sstream>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -121,6 +122,10 @@ VirtualDesktop::VirtualDesktop(Bare) {
 }
 
 VirtualDesktop::VirtualDesktop(const VirtualDesktopOptions& options) : VirtualDesktop(Bare()) {
+    if (options.sway) {
+        startSway();
+        return;
+    }
     display_ = ":" + startReporting(server_, "Xvfb -displayfd 9 -screen 0 1280x800x24 "
                                              "-nolisten tcp -noreset -ac -maxclients 1024");
     environment_["DISPLAY"] = display_;
@@ -178,6 +183,27 @@ std::string VirtualDesktop::startReporting(pid_t& process, const std::string& co
     std::string report;
     require([&] { return (report = TempFolder::read(file)).ends_with('\n'); }, command);
     return report.substr(0, report.find('\n'));
+}
+
+void VirtualDesktop::startSway() {
+    const fs::path report = home() / "session";
+    const fs::path config =
+        folder_.write("sway.conf", "output HEADLESS-1 resolution 1280x800\nfocus_follows_mouse no\n"
+                                   "exec echo $SWAYSOCK $WAYLAND_DISPLAY $DISPLAY . > '" +
+                                       report.string() + "'\n");
+    environment_["XDG_SESSION_TYPE"] = "wayland";
+    server_ = start({"sway", "-c", config.string()}, {{"WLR_BACKENDS", "headless"},
+                                                      {"WLR_LIBINPUT_NO_DEVICES", "1"},
+                                                      {"WLR_RENDERER", "pixman"}});
+    std::istringstream words;
+    require(
+        [&] {
+            words.str(TempFolder::read(report));
+            return words.str().ends_with(".\n");
+        },
+        "sway");
+    words >> environment_["SWAYSOCK"] >> environment_["WAYLAND_DISPLAY"] >> display_;
+    environment_["DISPLAY"] = display_;
 }
 
 void VirtualDesktop::startBus() {

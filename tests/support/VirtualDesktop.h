@@ -20,6 +20,9 @@ struct VirtualDesktopOptions {
     std::string windowManager = "openbox";
     /// A private session bus, without any service that could be started on demand.
     bool sessionBus = false;
+    /// A headless sway, which starts an X server for X11 programs, in place of Xvfb and a window
+    /// manager. Refuses to run as root.
+    bool sway = false;
     /// An XEMBED tray along the upper edge, its icons at the right.
     bool tray = false;
 };
@@ -49,6 +52,7 @@ class VirtualDesktop {
     /// The value of a variable on this desktop; null when it is not set there.
     [[nodiscard]] const char* variable(const char* name) const;
 
+    /// The X server, or sway.
     [[nodiscard]] pid_t server() const { return server_; }
 
     /// 0 without one.
@@ -87,6 +91,7 @@ class VirtualDesktop {
     /// Starts a program and gives the line that it writes to descriptor 9.
     std::string startReporting(pid_t& process, const std::string& command);
     void startBus();
+    void startSway();
     void startSettingsDaemon();
 
     const TempFolder folder_;

@@ -86,8 +86,11 @@ class Client {
 
     xcb_window_t open(xcb_window_t parent, bool map = true) {
         const xcb_window_t window = xcb_generate_id(server_.get());
+        // A Wayland compositor shows only what has been drawn.
+        const std::uint32_t background = 0xffffff;
         xcb_create_window(server_.get(), XCB_COPY_FROM_PARENT, window, server_.root(), 0, 0, 120,
-                          80, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+                          80, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                          XCB_CW_BACK_PIXEL, &background);
         setText(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
                 value("--instance", "client") + '\0' + value("--class", "Client") + '\0');
         setText(window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, value("--title", "client"));

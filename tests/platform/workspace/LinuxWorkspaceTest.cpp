@@ -119,8 +119,17 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     EXPECT_EQ(machine.listed(agent)->localizedName, "Tidy Agent");
     const pid_t helper = descendantOf(agent, 1);
     EXPECT_TRUE(waitFor([&] { return machine.reader.executable(helper) == program; }));
-    EXPECT_EQ(machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy").size(),
-              1U);
+    const auto all = [&] {
+        return machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy").size();
+    };
+    EXPECT_EQ(all(), 1U);
+    // The X server is not the only display.
+    ::setenv("WAYLAND_DISPLAY", "wayland-ours", 1);
+    const pid_t onWayland = machine.desktop.start(
+        {program, "--helper"}, {{"DISPLAY", ":32767"}, {"WAYLAND_DISPLAY", "wayland-ours"}});
+    EXPECT_TRUE(waitFor([&] { return machine.listed(onWayland).has_value(); }));
+    ::unsetenv("WAYLAND_DISPLAY");
+    machine.desktop.end(onWayland);
     const auto installed = machine.workspace.installedApplication("org.example.Tidy");
     ASSERT_TRUE(installed);
     EXPECT_EQ(installed->displayName, "Tidy Agent");

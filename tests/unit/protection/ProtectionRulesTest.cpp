@@ -79,6 +79,7 @@ TEST(ProtectionRules, refuseWhatTheSessionRestsOn) {
     check("no group", std::nullopt, inGroup(""));
     check("by name", name, named("xfwm4", ""));
     check("by cut name", name, named("gnome-session-b", ""));
+    check("a bar of Wayland", name, named("waybar", "waybar"));
     check("by executable", name, named("renamed", "dbus-daemon"));
     check("a script by its name", name, named("applet.py", "python3"));
     check("autostarted", autostart, [](ProtectionCandidate& f) { f.isAutostarted = true; });

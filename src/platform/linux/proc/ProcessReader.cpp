@@ -304,17 +304,20 @@ std::string ProcessReader::comm(ProcessId process) const {
 }
 
 std::optional<std::string> ProcessReader::display(ProcessId process) const {
+    const auto value = environmentVariable(process, "DISPLAY");
+    return value ? std::optional(displayOf(*value)) : std::nullopt;
+}
+
+std::optional<std::string> ProcessReader::environmentVariable(ProcessId process,
+                                                              std::string_view name) const {
     const FileDescriptor descriptor = open(process, "environ");
     if (!descriptor) {
         return std::nullopt;
     }
-    constexpr std::string_view key("\0DISPLAY=", 9);
+    const std::string key = '\0' + std::string(name) + '=';
     const std::string environment = '\0' + readAll(descriptor.get());
     const auto at = environment.find(key);
-    if (at == std::string::npos) {
-        return "";
-    }
-    return displayOf(environment.c_str() + at + key.size());
+    return at == std::string::npos ? "" : environment.c_str() + at + key.size();
 }
 
 FileDescriptor ProcessReader::open(ProcessId process, const char* file) const {

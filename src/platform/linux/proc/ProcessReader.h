@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -75,6 +76,10 @@ class ProcessReader {
     /// The X display from the process's environment without its screen: ":0". Empty if unset,
     /// absent if unreadable.
     [[nodiscard]] std::optional<std::string> display(ProcessId process) const;
+
+    /// A variable of the process's initial environment. Empty if unset, absent if unreadable.
+    [[nodiscard]] std::optional<std::string> environmentVariable(ProcessId process,
+                                                                 std::string_view name) const;
 
     /// Opens a file of the process for reading, such as "statm"; empty on failure.
     [[nodiscard]] FileDescriptor open(ProcessId process, const char* file) const;

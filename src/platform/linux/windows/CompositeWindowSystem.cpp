@@ -1,6 +1,7 @@
 #include "platform/linux/windows/CompositeWindowSystem.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace calmora {
 namespace {
@@ -10,6 +11,10 @@ constexpr int partShift = 56;
 
 WindowId joinedId(std::size_t part, WindowId window) {
     return window == 0 ? 0 : WindowId{part} << partShift | window;
+}
+
+bool covers(const WindowSystem* part) {
+    return part->isAlive() && part->coversAllWindows();
 }
 
 } // namespace
@@ -29,15 +34,44 @@ std::string CompositeWindowSystem::displayName() const {
 
 const std::vector<TopLevelWindow>& CompositeWindowSystem::join(List list) {
     windows_.clear();
+    X11Windows x11Windows;
     for (std::size_t i = 0; i < parts_.size(); ++i) {
+        const bool isX11 = !parts_[i]->displayName().empty();
         for (TopLevelWindow window : (parts_[i]->*list)()) {
+            if (isX11) {
+                x11Windows.ids.emplace(static_cast<std::uint32_t>(window.id),
+                                       joinedId(i, window.id));
+                x11Windows.classes.insert({window.instance, window.className});
+            }
             window.id = joinedId(i, window.id);
             window.transientFor = joinedId(i, window.transientFor);
             window.group = joinedId(i, window.group);
             windows_.push_back(std::move(window));
         }
     }
+    dropDoubles(x11Windows);
     return windows_;
+}
+
+void CompositeWindowSystem::dropDoubles(const X11Windows& x11Windows) {
+    doubles_.clear();
+    hasUnknownOwners_ = false;
+    for (TopLevelWindow& window : windows_) {
+        const auto known = window.x11Id ? x11Windows.ids.find(*window.x11Id) : x11Windows.ids.end();
+        const bool hasOwner = window.listedProcess().has_value();
+        const bool isClassOfX11 =
+            window.mayBeX11 && x11Windows.classes.contains(window.applicationId);
+        if (known != x11Windows.ids.end()) {
+            doubles_.emplace(window.id, known->second);
+        } else if (isClassOfX11 && !hasOwner) {
+            doubles_.emplace(window.id, 0);
+        } else if (!hasOwner && (window.x11Id || window.mayBeX11)) {
+            hasUnknownOwners_ = true;
+        }
+        window.canBeAsked = window.canBeAsked && !isClassOfX11;
+    }
+    std::erase_if(windows_,
+                  [this](const TopLevelWindow& window) { return doubles_.contains(window.id); });
 }
 
 const std::vector<TopLevelWindow>& CompositeWindowSystem::windows() {
@@ -49,23 +83,33 @@ const std::vector<TopLevelWindow>& CompositeWindowSystem::windowsReadAfresh() {
 }
 
 bool CompositeWindowSystem::coversAllWindows() const {
-    return std::ranges::any_of(parts_, [](const WindowSystem* part) {
-        return part->isAlive() && part->coversAllWindows();
-    });
+    return !hasUnknownOwners_ && std::ranges::any_of(parts_, covers);
 }
 
 std::optional<WindowId> CompositeWindowSystem::activeWindow() {
+    static_cast<void>(windows());
+    bool someCover = std::ranges::any_of(parts_, covers);
     std::optional<WindowId> unlisted;
-    for (std::size_t i = 0; i < parts_.size(); ++i) {
-        const auto window = parts_[i]->activeWindow();
-        if (!window) {
+    // Compositors first: one may say that the X server knows.
+    std::vector<std::size_t> order(parts_.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_partition(order, [&](std::size_t i) { return covers(parts_[i]); });
+    for (const std::size_t i : order) {
+        const auto active =
+            someCover && !covers(parts_[i]) ? std::nullopt : parts_[i]->activeWindow();
+        if (!active) {
             continue;
         }
-        const std::vector<TopLevelWindow>& listed = parts_[i]->windows();
-        if (std::ranges::find(listed, *window, &TopLevelWindow::id) != listed.end()) {
-            return joinedId(i, *window);
+        const auto twin = doubles_.find(joinedId(i, *active));
+        const WindowId window = twin == doubles_.end() ? joinedId(i, *active) : twin->second;
+        if (std::ranges::find(windows_, window, &TopLevelWindow::id) != windows_.end()) {
+            return window;
         }
-        unlisted = unlisted.value_or(joinedId(i, *window));
+        if (window == 0) {
+            someCover = false;
+        } else {
+            unlisted = unlisted.value_or(window);
+        }
     }
     return unlisted;
 }

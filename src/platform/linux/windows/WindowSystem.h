@@ -43,11 +43,16 @@ struct TopLevelWindow {
     /// its application.
     bool isRemote = false;
 
+    /// What the X server calls this window, where a Wayland compositor lists a window of X11.
+    std::optional<std::uint32_t> x11Id = {};
+    /// It may be a window of X11 that a Wayland compositor lists without saying so.
+    bool mayBeX11 = false;
+
     /// Under which application id a Wayland client shows the window (xdg_toplevel.set_app_id).
     std::string applicationId = {};
     /// WM_CLASS, first part.
     std::string instance = {};
-    /// WM_CLASS, second part.
+    /// WM_CLASS, second part; `applicationId` where a Wayland client has set that.
     std::string className = {};
     /// _GTK_APPLICATION_ID.
     std::string gtkApplicationId = {};

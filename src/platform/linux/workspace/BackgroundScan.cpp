@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <dirent.h>
 #include <memory>
 #include <string_view>
@@ -64,6 +65,13 @@ std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& i
 /// inside is the application, and not their helper.
 bool isSandboxLauncher(std::string_view comm) {
     return comm == "bwrap" || comm == "xdg-dbus-proxy";
+}
+
+/// Whether the process was started for the Wayland compositor of our session.
+bool isOnOurCompositor(const ProcessReader& reader, ProcessId process) {
+    const char* ours = std::getenv("WAYLAND_DISPLAY");
+    return ours != nullptr && *ours != '\0' &&
+           reader.environmentVariable(process, "WAYLAND_DISPLAY") == ours;
 }
 
 } // namespace
@@ -134,7 +142,8 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
         known.candidate.isInstalled =
             (identity->isVisible || identity->isAutostart) &&
             !installed.sessionAutostart().starts(details->commandLine, details->executable) &&
-            (display.empty() || reader_.display(process) == display);
+            (display.empty() || reader_.display(process) == display ||
+             isOnOurCompositor(reader_, process));
     }
     const auto sandbox = details->flatpak ? flatpakFolder(*details->flatpak) : std::nullopt;
     if (sandbox) {

@@ -5,6 +5,8 @@
 
 #include <QGuiApplication>
 
+#include <utility>
+
 namespace calmora {
 namespace {
 
@@ -24,16 +26,17 @@ bool isOnWayland() {
 
 } // namespace
 
-X11Backend::X11Backend(EventPoll& events)
-    : windows_(events), keyboard_(events), hotKeys_(keyboard_), layout_(keyboard_),
-      transientWindows_(makeTransientWindows()) {}
+X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor)
+    : x11Windows_(events), compositor_(std::move(compositor)),
+      windows_({&x11Windows_, compositor_.get()}), keyboard_(events), hotKeys_(keyboard_),
+      layout_(keyboard_), transientWindows_(makeTransientWindows()) {}
 
 std::string X11Backend::windowManagerName() {
     return calmora::windowManagerName(keyboard_.connection());
 }
 
 std::string X11Backend::listLimitation() const {
-    return isOnWayland() ? "On Wayland, only X11 applications are listed." : "";
+    return isOnWayland() && !compositor_ ? "On Wayland, only X11 applications are listed." : "";
 }
 
 std::string X11Backend::hotKeyLimitation() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/windows/CompositeWindowSystem.h"
 #include "platform/qt/WindowBackend.h"
 #include "platform/qt/window/TransientWindows.h"
 #include "platform/x11/X11WindowSystem.h"
@@ -17,10 +18,14 @@ class EventPoll;
 /// server it lists no windows and has no hot keys.
 class X11Backend final : public WindowBackend {
   public:
-    /// Connects to the display that the environment names. `events` must outlive the backend.
-    explicit X11Backend(EventPoll& events);
+    /// Connects to the display that the environment names. `compositor` knows the windows of the
+    /// Wayland session that the X server belongs to; null when there is none, or nobody tells.
+    /// `events` must outlive the backend.
+    explicit X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor = nullptr);
 
-    [[nodiscard]] WindowSystem& windows() override { return windows_; }
+    [[nodiscard]] WindowSystem& windows() override {
+        return compositor_ ? static_cast<WindowSystem&>(windows_) : x11Windows_;
+    }
 
     [[nodiscard]] HotKeys& hotKeys() override { return hotKeys_; }
 
@@ -37,7 +42,10 @@ class X11Backend final : public WindowBackend {
     [[nodiscard]] std::string hotKeyLimitation() const override;
 
   private:
-    X11WindowSystem windows_;
+    X11WindowSystem x11Windows_;
+    std::unique_ptr<WindowSystem> compositor_;
+    /// Of both; unused without a compositor.
+    CompositeWindowSystem windows_;
     X11Keyboard keyboard_;
     X11HotKeys hotKeys_;
     X11KeyboardLayout layout_;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calmora {
+
+class DesktopEntryIndex;
+
+/// What the program may be called whose windows have this application id, in lower case: as the
+/// id, as its last part, or as what the desktop entries start that have the id, that end in it or
+/// that name it as StartupWMClass.
+[[nodiscard]] std::vector<std::string> programsOfAppId(std::string_view applicationId,
+                                                       const DesktopEntryIndex& index);
+
+} // namespace calmora

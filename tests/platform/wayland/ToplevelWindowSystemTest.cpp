@@ -1,0 +1,76 @@
+// Windows whose processes the compositor does not tell, with real programs under sway.
+#include "platform/wayland/ToplevelWindowSystem.h"
+
+#include "platform/linux/EventPoll.h"
+#include "platform/linux/windows/CompositeWindowSystem.h"
+#include "platform/x11/X11WindowSystem.h"
+#include "support/VirtualDesktop.h"
+#include "support/Waiting.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace calmora {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
+    VirtualDesktop desktop{{.sway = true}};
+    const std::string socket = desktop.variable("XDG_RUNTIME_DIR") + std::string("/") +
+                               desktop.variable("WAYLAND_DISPLAY");
+    EventPoll events;
+    ToplevelWindowSystem toplevels(events, socket,
+                                   [](const std::string& id) { return std::vector{id}; });
+    X11WindowSystem x11(events, desktop.display(),
+                        [&](const char* name) { return desktop.variable(name); });
+    CompositeWindowSystem windows({&x11, &toplevels});
+    ASSERT_TRUE(toplevels.isAlive());
+    EXPECT_THAT(windows.displayProcesses(), testing::Contains(desktop.server()));
+    const auto count = [&] { return windows.windows().size(); };
+    const auto of = [&](const char* name) {
+        std::vector<TopLevelWindow> result;
+        std::ranges::copy_if(windows.windows(), std::back_inserter(result),
+                             [&](const auto& window) { return window.className == name; });
+        return result;
+    };
+
+    int changes = 0;
+    const auto listening = windows.onWindowsChanged([&] { ++changes; });
+    const pid_t foot = desktop.start({"foot", "sleep", "600"});
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && count() == 1; })) << desktop.log();
+    EXPECT_EQ(of("foot").at(0).process, foot);
+
+    const pid_t other = desktop.start({"foot", "sleep", "600"});
+    const pid_t calculator = desktop.start({"galculator"}, {{"GDK_BACKEND", "wayland"}});
+    const pid_t client = desktop.start({windowClient(), "--no-delete", "--class", "Old"});
+    EXPECT_TRUE(pumpUntil(events, [&] { return count() == 4 && of("Old").size() == 1; }))
+        << desktop.log();
+    EXPECT_TRUE(waitFor([&] { return windows.coversAllWindows(); }));
+    for (const TopLevelWindow& window : of("foot")) {
+        EXPECT_EQ(window.process, std::nullopt);
+        EXPECT_THAT(window.candidates, ElementsAre(std::min(foot, other), std::max(foot, other)));
+    }
+    EXPECT_EQ(of("galculator").at(0).process, calculator);
+    EXPECT_EQ(of("Old").at(0).process, client);
+    EXPECT_FALSE(windows.requestClose(of("Old").at(0).id, client));
+    EXPECT_FALSE(windows.requestClose(of("galculator").at(0).id, foot));
+
+    EXPECT_TRUE(windows.requestClose(of("galculator").at(0).id, calculator));
+    windows.flush();
+    EXPECT_TRUE(waitFor([&] { return desktop.exitStatus(calculator).has_value(); }));
+    // With one of the two gone there is no doubt left.
+    desktop.end(other);
+    EXPECT_TRUE(pumpUntil(events, [&] { return count() == 2; }));
+    EXPECT_EQ(of("foot").at(0).process, foot);
+    EXPECT_FALSE(desktop.exitStatus(client).has_value());
+
+    changes = 0;
+    ::kill(desktop.server(), SIGTERM);
+    EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && !toplevels.isAlive(); }));
+    EXPECT_FALSE(windows.coversAllWindows());
+}
+
+} // namespace
+} // namespace calmora
