@@ -66,8 +66,8 @@ void showWindow(QWidget& window, const Image& icon) {
 } // namespace
 
 CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
-                       EndingSignals& signals)
-    : sessionBus_(sessionBus), backend_(makeWindowBackend(events_)),
+                       EndingSignals& signals, const QtEnvironment& environment)
+    : sessionBus_(sessionBus), environment_(environment), backend_(makeWindowBackend(events_)),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
@@ -143,8 +143,10 @@ std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
     }
     releases_ = std::make_unique<FeedSource>(identity::updateFeed, loadedLibrary("network"),
                                              releaseLanguages(), runLoop_);
-    updateWindow_ = std::make_unique<UpdateWindow>(icon(), [](const std::string& page) {
-        QDesktopServices::openUrl(QUrl(QString::fromStdString(page), QUrl::StrictMode));
+    updateWindow_ = std::make_unique<UpdateWindow>(icon(), [this](const std::string& page) {
+        environment_.runWithoutIt([&] {
+            QDesktopServices::openUrl(QUrl(QString::fromStdString(page), QUrl::StrictMode));
+        });
     });
     return std::make_unique<FeedUpdater>(UpdaterSurroundings{.source = *releases_,
                                                              .presenter = *updateWindow_,

@@ -5,6 +5,7 @@
 #include "app/GlobalShortcuts.h"
 #include "app/InstanceCommands.h"
 #include "app/LinuxMachine.h"
+#include "app/QtEnvironment.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
@@ -36,7 +37,8 @@ namespace calmora {
 class CalmoraApp final : private AppToolkit {
   public:
     /// `instance` is the first of the session. The arguments must outlive this object.
-    CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance, EndingSignals& signals);
+    CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance, EndingSignals& signals,
+               const QtEnvironment& environment);
 
     ~CalmoraApp() override;
 
@@ -56,6 +58,7 @@ class CalmoraApp final : private AppToolkit {
     [[nodiscard]] Platform platform();
 
     QDBusConnection sessionBus_;
+    const QtEnvironment& environment_;
     AlertSession alertSession_;
     QtRunLoop runLoop_{alertSession_};
     QtLocalizedStrings strings_;

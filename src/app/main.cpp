@@ -1,6 +1,7 @@
 #include "app/CalmoraApp.h"
 #include "app/CommandLine.h"
 #include "app/Identity.h"
+#include "app/QtEnvironment.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/linux/proc/OpenFileLimit.h"
 #include "widgets/Theme.h"
@@ -98,10 +99,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "calmora: there is no display to show anything on\n");
         return 1;
     }
-    // In a Wayland session only an X11 client can place its popover beside the icon.
-    if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    }
+    const calmora::QtEnvironment environment;
     calmora::raiseOpenFileLimit();
     calmora::EndingSignals signals;
     const QtMessageHandler usualHandler = qInstallMessageHandler(endOnFatalMessage);
@@ -128,5 +126,5 @@ int main(int argc, char** argv) {
         return 0;
     }
     calmora::installTheme(application);
-    return calmora::CalmoraApp(sessionBus, instance, signals).run(*line);
+    return calmora::CalmoraApp(sessionBus, instance, signals, environment).run(*line);
 }

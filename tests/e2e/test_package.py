@@ -48,8 +48,8 @@ class Package(DesktopCase):
         control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
                                  capture_output=True).stdout
         for field, packages in (("Depends", ("libqt6widgets6", "libqt6svg6", "qt6-svg-plugins",
-                                             "libqt6network6", "libxcb1", "libcanberra0",
-                                             "libglib2.0-0")),
+                                             "qt6-wayland", "libqt6network6", "libxcb1",
+                                             "libcanberra0", "libglib2.0-0")),
                                 ("Recommends", ("libcanberra-pulse",))):
             line = re.search(rf"^{field}: (.*)$", control, re.MULTILINE)[1]
             # Debian 13 has some of them with "t64" at the end of the name.

@@ -1,5 +1,5 @@
-#include "platform/qt/popover/PopoverPlacement.h"
 #include "platform/qt/window/FocusMove.h"
+#include "platform/qt/window/PopoverPlacement.h"
 
 #include <gtest/gtest.h>
 

@@ -41,6 +41,9 @@ void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) {}
 
 void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
-void NotifierItem::ProvideXdgActivationToken(const QString& /*token*/) {}
+void NotifierItem::ProvideXdgActivationToken(const QString& token) {
+    // Qt's next window that asks for the focus on Wayland uses it.
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
 
 } // namespace calmora

@@ -146,8 +146,9 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
 
 void QtStatusItem::clicked(StatusEvent event, Point place) {
     setPanelMenuOpen(false);
-    // Panels pass the pointer's place, the icon's, or nothing. On X11 the pointer can be asked.
-    if (isX11()) {
+    // Panels pass the pointer's place, the icon's, or nothing. On X11 the pointer can be asked; the
+    // X server of a Wayland compositor knows only where it was last above an X11 window.
+    if (isX11() && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
         const QPoint pointer = QCursor::pos();
         lastClick_ = {pointer.x(), pointer.y()};
     } else if (place != Point{}) {

@@ -1,14 +1,10 @@
 #include "platform/qt/popover/QtPopover.h"
 
-#include "platform/qt/popover/PopoverPlacement.h"
-
 #include <QApplication>
 #include <QCursor>
-#include <QScreen>
 #include <QTimer>
 
 #include <utility>
-#include <vector>
 
 namespace calmora {
 
@@ -16,22 +12,6 @@ namespace {
 
 QRect toQRect(const Rect& rect) {
     return {rect.x, rect.y, rect.width, rect.height};
-}
-
-Rect fromQRect(const QRect& rect) {
-    return {rect.x(), rect.y(), rect.width(), rect.height()};
-}
-
-/// The primary screen first.
-std::vector<ScreenArea> screenAreas() {
-    std::vector<ScreenArea> areas;
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const ScreenArea area{fromQRect(screen->geometry()),
-                              fromQRect(screen->availableGeometry())};
-        areas.insert(screen == QGuiApplication::primaryScreen() ? areas.begin() : areas.end(),
-                     area);
-    }
-    return areas;
 }
 
 } // namespace
@@ -64,17 +44,20 @@ void QtPopover::setContentSize(Size size) {
 }
 
 void QtPopover::show(std::optional<Rect> anchor) {
-    const auto screens = screenAreas();
-    if (focus_ || screens.empty() || alerts_.isOpen() || !reopening_.hasExpired()) {
+    if (focus_ || alerts_.isOpen() || !reopening_.hasExpired()) {
         return;
     }
     // A menu of ours that is open would keep the focus.
     for (QWidget* menu = QApplication::activePopupWidget(); menu && menu->close();
          menu = QApplication::activePopupWidget()) {
     }
+    const PopoverSurroundings surroundings = windows_.popoverSurroundings(anchor);
+    if (surroundings.screens.empty()) {
+        return;
+    }
     willShow_.emit();
-    anchor_ = anchor;
-    bounds_ = placePopover(contentSize_, anchor_, screens);
+    anchor_ = surroundings.icon;
+    bounds_ = placePopover(contentSize_, anchor_, surroundings.screens);
     frame_.showAt(toQRect(bounds_));
     focus_ = windows_.grabFocus(
         *frame_.windowHandle(), [this] { return alerts_.isOpen(); },

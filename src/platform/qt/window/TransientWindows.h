@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/qt/window/PopoverPlacement.h"
 
 #include <Qt>
 
@@ -8,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QRect;
 class QWindow;
@@ -37,6 +39,14 @@ class FocusGrab {
     virtual void check() = 0;
 };
 
+/// Where a popover can be.
+struct PopoverSurroundings {
+    /// Absent where the icon's place is not known.
+    std::optional<Rect> icon;
+    /// First the one for a popover whose icon is not known; empty where there is no screen.
+    std::vector<ScreenArea> screens;
+};
+
 /// What transient windows need from the window system beyond Qt.
 class TransientWindows {
   public:
@@ -44,6 +54,10 @@ class TransientWindows {
 
     /// Flags of a window that takes clicks with any modifier held.
     [[nodiscard]] virtual Qt::WindowFlags transientFlags() const = 0;
+
+    /// Finds out where the popover can be, right before it is shown. `icon` is what the status item
+    /// knows; the window system may know better. By default: that, and Qt's screens.
+    [[nodiscard]] virtual PopoverSurroundings popoverSurroundings(std::optional<Rect> icon);
 
     /// Whether windows may be translucent.
     [[nodiscard]] virtual bool isComposited() = 0;

@@ -10,18 +10,19 @@
 namespace calmora {
 namespace {
 
-/// Qt may use another platform than X11, as for tests and pictures. The one for pictures has the
-/// native interface of X11, too, but no connection.
-std::unique_ptr<TransientWindows> makeTransientWindows() {
-    if (QGuiApplication::platformName() == "xcb") {
-        return std::make_unique<X11TransientWindows>();
-    }
-    return std::make_unique<ManagedTransientWindows>();
-}
-
 /// On Wayland the X server knows only the windows of X11 programs, and the keys that go to them.
 bool isOnWayland() {
     return qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+/// Qt may use another platform than X11, as for tests and pictures. The one for pictures has the
+/// native interface of X11, too, but no connection. A Wayland compositor gives the keyboard only to
+/// windows that it manages, and tells the X server nothing of clicks elsewhere.
+std::unique_ptr<TransientWindows> makeTransientWindows() {
+    if (QGuiApplication::platformName() == "xcb" && !isOnWayland()) {
+        return std::make_unique<X11TransientWindows>();
+    }
+    return std::make_unique<ManagedTransientWindows>();
 }
 
 } // namespace

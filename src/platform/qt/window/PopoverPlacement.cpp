@@ -1,4 +1,4 @@
-#include "platform/qt/popover/PopoverPlacement.h"
+#include "platform/qt/window/PopoverPlacement.h"
 
 #include <algorithm>
 #include <cstdint>

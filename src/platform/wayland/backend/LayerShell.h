@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/wayland/backend/LayerShellProtocol.h"
+
+#include <functional>
+
+class QScreen;
+class QWindow;
+
+namespace calmora {
+
+/// The layer shell on Qt's own connection to the compositor, with what is needed to use it on Qt's
+/// windows. Needs the QApplication and must not outlive it.
+class LayerShell {
+  public:
+    LayerShell();
+    LayerShell(const LayerShell&) = delete;
+    LayerShell& operator=(const LayerShell&) = delete;
+    ~LayerShell();
+
+    /// Whether Qt runs on Wayland and the compositor has a layer shell. Without it nothing below
+    /// may be called.
+    [[nodiscard]] bool isPresent() const { return shell_ != nullptr && compositor_ != nullptr; }
+
+    /// The surface of a window; null where it has none.
+    [[nodiscard]] static wl_surface* surfaceOf(QWindow& window);
+
+    /// Makes a surface a layer surface; null for the screen leaves it to the compositor.
+    [[nodiscard]] zwlr_layer_surface_v1* addRole(wl_surface* surface, QScreen* screen,
+                                                 zwlr_layer_shell_v1_layer layer) const;
+
+    /// Whether a surface can have the keyboard without keeping it from all others.
+    [[nodiscard]] bool knowsOnDemand() const;
+
+    [[nodiscard]] wl_region* makeRegion() const;
+
+    /// Dispatches what the compositor tells new layer surfaces until `condition` holds: whether it
+    /// came to hold.
+    [[nodiscard]] bool dispatchUntil(const std::function<bool()>& condition) const;
+
+  private:
+    wl_display* display_ = nullptr;
+    wl_event_queue* queue_ = nullptr;
+    wl_registry* registry_ = nullptr;
+    wl_compositor* compositor_ = nullptr;
+    zwlr_layer_shell_v1* shell_ = nullptr;
+};
+
+} // namespace calmora
