@@ -140,10 +140,11 @@ TEST_F(SwayDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
 
     // Nothing happens, so nothing wakes up; nor does anything where nobody listens.
     pumpUntil(events, [&] { return windows.windows().size() == 2; });
-    pumpFor(events, 200ms);
+    EXPECT_TRUE(pumpUntilQuiet(events));
     EXPECT_EQ(pumpFor(events, 300ms), 0);
     onWindows.reset();
     onFocus.reset();
+    EXPECT_TRUE(pumpUntilQuiet(events));
     command("workspace 1");
     focus(one);
     EXPECT_EQ(pumpFor(events, 300ms), 0);
