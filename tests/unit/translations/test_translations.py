@@ -19,7 +19,7 @@ SYMBOL = re.compile(r"[a-z]+(_[a-z]+)+( %[@l]+)*|ok")
 READS_LIKE_TEXT = re.compile(r"[A-Z]|\d+ [a-z]")
 SENTENCE = re.compile(r"[A-Z]\w* [^%\n]*\.")
 NO_TEXTS = re.compile(r"Calmora|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
-                      r"|[A-Z]+(_[A-Z]+)+|[^\0]*\n")
+                      r"|DISPLAY|[A-Z]+(_[A-Z]+)+|[^\0]*\n")
 SILENT_FOLDER = "autoquit/catalogue/"  # Names of programs, which are the same everywhere.
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?(?:@|lld)|%L?\d+|%n")
 
