@@ -15,6 +15,8 @@ add_library(calmora_warnings INTERFACE)
 target_compile_options(calmora_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
     -Wcast-qual -Wformat=2 -Wundef
+    # C headers with keywords of C++ for names need such macros.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-keyword-macro>
     $<$<BOOL:${CALMORA_WARNINGS_AS_ERRORS}>:-Werror>)
 
 function(calmora_add_module target kind)

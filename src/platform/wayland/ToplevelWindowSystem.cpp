@@ -45,7 +45,8 @@ struct ToplevelWindowSystem::Listeners {
             zwlr_foreign_toplevel_handle_v1_destroy(handle);
             return;
         }
-        Toplevel& added = system.toplevels_.emplace_back(&system, handle, ++system.lastId_);
+        Toplevel& added = system.toplevels_.emplace_back(
+            Toplevel{.system = &system, .handle = handle, .id = ++system.lastId_});
         zwlr_foreign_toplevel_handle_v1_add_listener(handle, &toplevelEvents, &added);
     }
 

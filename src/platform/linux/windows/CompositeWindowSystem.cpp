@@ -93,7 +93,8 @@ std::optional<WindowId> CompositeWindowSystem::activeWindow() {
     // Compositors first: one may say that the X server knows.
     std::vector<std::size_t> order(parts_.size());
     std::iota(order.begin(), order.end(), 0);
-    std::ranges::stable_partition(order, [&](std::size_t i) { return covers(parts_[i]); });
+    std::stable_partition(order.begin(), order.end(),
+                          [&](std::size_t i) { return covers(parts_[i]); });
     for (const std::size_t i : order) {
         const auto active =
             someCover && !covers(parts_[i]) ? std::nullopt : parts_[i]->activeWindow();

@@ -3,9 +3,6 @@
 #include <xcb/xcb.h>
 
 // A member of its structures has a keyword of C++ for a name.
-#ifdef __clang__
-#pragma clang diagnostic ignored "-Wkeyword-macro"
-#endif
 #define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
