@@ -1,7 +1,5 @@
 #include "KeyboardShortcuts/CarbonKeyboardShortcuts.h"
 
-#include "KeyboardShortcuts/Modifiers.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <iterator>

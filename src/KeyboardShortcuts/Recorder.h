@@ -1,10 +1,88 @@
 #pragma once
 
-#include "KeyboardShortcuts/RecorderCocoa.h"
+#include "KeyboardShortcuts/ShortcutRecorder.h"
 
-#include <QWidget>
+#include <QLineEdit>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+
+class QMouseEvent;
+class QToolButton;
 
 namespace calmora {
+
+/// The box in which the user sets one shortcut: shows it, records the next key press while it has
+/// the focus, and can be cleared. Tooltip and accessible name spell the shortcut out.
+class RecorderCocoa final : public QLineEdit, private RecorderControl {
+  public:
+    /// The control is wider only if a text does not fit.
+    static constexpr double minimumWidth = 130.0;
+
+    /// `environment` must outlive the control. `title` precedes the shortcut in the accessible
+    /// name.
+    RecorderCocoa(const RecorderEnvironment& environment, KeyboardShortcuts::Name name,
+                  const QString& title, ShortcutRecorder::OnChange onChange,
+                  QWidget* parent = nullptr);
+    ~RecorderCocoa() override;
+
+    [[nodiscard]] const KeyboardShortcuts::Name& shortcutName() const;
+    void setShortcutName(const KeyboardShortcuts::Name& name);
+
+    /// Whether it is recording.
+    [[nodiscard]] bool isRecording() const;
+
+    /// Whether the control accepts the focus without a click or Tab. False for a moment after the
+    /// window appears or becomes active.
+    [[nodiscard]] bool canBecomeKeyView() const { return canBecomeKey_; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    [[nodiscard]] Size bounds() const override;
+    [[nodiscard]] bool isInWindow() const override;
+    void showText(const std::string& text, const std::string& spoken) override;
+    void setPlaceholder(const std::string& text) override;
+    void showClearButton(bool isShown) override;
+    void clickClearButton() override;
+    void monitorEvents(bool isMonitoring) override;
+    void blur() override;
+    void focus() override;
+    void beep() override;
+    std::size_t runAlert(const RecorderAlert& alert) override;
+
+    void preventBecomingKey();
+    void clearByUser();
+    void focusNext();
+    [[nodiscard]] InputEvent inputEvent(const QKeyEvent& event) const;
+
+    const RecorderEnvironment& environment_;
+    QString title_;
+    QToolButton* cancelButton_;
+    bool canBecomeKey_ = false;
+    bool isMonitoring_ = false;
+    std::unique_ptr<ShortcutRecorder> recorder_;
+};
 
 /// A recorder with its label, side by side: the label at the leading edge, the recorder at the
 /// trailing one.

@@ -1,7 +1,5 @@
 #include "KeyboardShortcuts/Shortcut.h"
 
-#include "KeyboardShortcuts/Modifiers.h"
-
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
@@ -24,6 +22,16 @@ std::optional<std::int64_t> integer(const nlohmann::json& object, const char* me
 }
 
 } // namespace
+
+std::string ks_symbolicRepresentation(ModifierFlags flags) {
+    std::string symbols;
+    for (const ModifierKey& key : modifierKeys) {
+        if (flags.contains(key.eventFlag)) {
+            symbols += key.symbol;
+        }
+    }
+    return symbols;
+}
 
 std::optional<Shortcut> Shortcut::fromEvent(const InputEvent& event) {
     if (event.type != InputEventType::keyDown && event.type != InputEventType::keyUp) {

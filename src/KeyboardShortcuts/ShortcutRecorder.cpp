@@ -1,11 +1,13 @@
 #include "KeyboardShortcuts/ShortcutRecorder.h"
 
-#include "KeyboardShortcuts/SpecialKey.h"
 #include "platform/KeyboardLayout.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/NotificationCenter.h"
 #include "platform/SystemShortcuts.h"
+#include "support/TextHelpers.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace calmora {
@@ -41,6 +43,46 @@ bool isImpossible(Key key) {
 bool isFunctionKey(Key key) {
     const SpecialKey* special = specialKey(key);
     return special && special->functionNumber > 0;
+}
+
+bool chooses(const Shortcut& shortcut, const std::string& keyText, const MenuKey& key) {
+    std::string equivalent = key.keyEquivalent;
+    ModifierFlags mask = key.modifierMask;
+    const std::string lower = loweredAscii(equivalent);
+    if (shortcut.modifiers().contains(ModifierFlags::shift) && lower != equivalent) {
+        equivalent = lower;
+        mask.mask |= ModifierFlags::shift;
+    }
+    return keyText == equivalent && shortcut.modifiers() == mask;
+}
+
+/// The title of the first item, depth first, with this shortcut; absent if there is none.
+std::optional<std::string> menuConflict(const Shortcut& shortcut,
+                                        std::span<const MainMenuItem> menu,
+                                        const ShortcutText& text) {
+    const auto keyText = text.menuKeyText(shortcut);
+    for (const MainMenuItem& item : menu) {
+        if (keyText && std::ranges::any_of(item.keys, [&](const MenuKey& key) {
+                return chooses(shortcut, *keyText, key);
+            })) {
+            return item.title;
+        }
+        if (auto found = menuConflict(shortcut, item.submenu, text)) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether one of the desktop's enabled shortcuts is the same. F12 alone never is.
+bool isTakenBySystem(const Shortcut& shortcut, std::span<const SymbolicHotKey> systemShortcuts) {
+    if (shortcut == Shortcut{Key::f12, 0}) {
+        return false;
+    }
+    return std::ranges::any_of(systemShortcuts, [&](const SymbolicHotKey& entry) {
+        return entry.isEnabled.value_or(false) && entry.keyCode && entry.modifiers &&
+               shortcut == Shortcut{*entry.keyCode, normalizedCarbonModifiers(*entry.modifiers)};
+    });
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "KeyboardShortcuts/ShortcutText.h"
 
-#include "KeyboardShortcuts/Modifiers.h"
-#include "KeyboardShortcuts/SpecialKey.h"
 #include "platform/KeyboardLayout.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/Text.h"
@@ -26,16 +24,6 @@ std::string functionKeyCharacter(int number) {
 }
 
 } // namespace
-
-std::string ks_symbolicRepresentation(ModifierFlags flags) {
-    std::string symbols;
-    for (const ModifierKey& key : modifierKeys) {
-        if (flags.contains(key.eventFlag)) {
-            symbols += key.symbol;
-        }
-    }
-    return symbols;
-}
 
 std::string ShortcutText::description(const Shortcut& shortcut) const {
     const std::string symbols = ks_symbolicRepresentation(shortcut.modifiers());

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "settings/ProgramMenu.h"
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace calmora {
 
@@ -18,7 +20,24 @@ class HotKeyManager {
     HotKeyManager& operator=(const HotKeyManager&) = delete;
 
     /// Runs the callbacks from now on when their shortcuts are pressed. Call once.
-    void registerShortcuts();
+    void registerShortcuts() {
+        using Callback = std::function<void()> HotKeyManager::*;
+        const std::pair<const char*, Callback> rows[] = {
+            {ProgramShortcuts::activateMenu, &HotKeyManager::onActivateMenu},
+            {ProgramShortcuts::quitAll, &HotKeyManager::onQuitAll},
+            {ProgramShortcuts::forceQuitAll, &HotKeyManager::onForceQuitAll},
+        };
+        for (const auto& [rawName, callback] : rows) {
+            shortcuts_.onKeyDown(shortcuts_.name(rawName),
+                                 [weak = std::weak_ptr(self_), callback = callback] {
+                                     const auto self = weak.lock();
+                                     // A copy, because the callback may be replaced while it runs.
+                                     if (const auto run = self ? (**self).*callback : nullptr) {
+                                         run();
+                                     }
+                                 });
+        }
+    }
 
     std::function<void()> onActivateMenu;
     std::function<void()> onQuitAll;

@@ -2,7 +2,7 @@
 
 #include "autoquit/IdlePolicy.h"
 #include "autoquit/catalogue/KnownApps.h"
-#include "autoquit/catalogue/MusicPlayers.h"
+#include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/Clock.h"
 #include "platform/InputGate.h"
 #include "platform/LocalizedStrings.h"

@@ -1,6 +1,5 @@
 #include "autoquit/IdlePolicy.h"
 
-#include "autoquit/catalogue/CategoryRule.h"
 #include "autoquit/catalogue/LinuxAnnex.h"
 
 namespace calmora {

@@ -5,7 +5,6 @@
 #include "settings/WindowKeys.h"
 #include "widgets/Theme.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -43,14 +42,6 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     line->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(line);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void AboutPanel::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        close();
-        return;
-    }
-    QWidget::keyPressEvent(event);
 }
 
 } // namespace calmora

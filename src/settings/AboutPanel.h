@@ -17,9 +17,6 @@ class AboutPanel final : public QWidget {
     /// Without a version the panel shows "1.0.0".
     AboutPanel(const LocalizedStrings& strings, const Image& icon,
                const std::optional<std::string>& version);
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace calmora

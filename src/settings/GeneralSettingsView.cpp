@@ -9,7 +9,6 @@
 #include "widgets/Form.h"
 #include "widgets/Labels.h"
 #include "widgets/Metrics.h"
-#include "widgets/PickerRow.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "platform/Image.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -8,7 +13,6 @@
 namespace calmora {
 
 class AppSettings;
-class Workspace;
 
 /// The never-quit list as it applies to running applications. A stored identifier matches itself
 /// and the identifier under which the workspace lists that application, so that the name of a
@@ -33,5 +37,31 @@ class NeverQuitList {
     const Workspace& workspace_;
     std::set<std::string> canonical_;
 };
+
+/// An entry of the never-quit list as the pane shows it.
+struct ProtectedApp {
+    /// As stored.
+    std::string bundleIdentifier;
+    std::string displayName;
+
+    friend bool operator==(const ProtectedApp&, const ProtectedApp&) = default;
+};
+
+/// The name of an application, running or not: from the catalogue, else from the installed
+/// application, else the identifier itself.
+[[nodiscard]] std::string appDisplayName(const std::string& bundleIdentifier,
+                                         const Workspace& workspace);
+
+/// The icon of the installed application; absent if it is not installed.
+[[nodiscard]] std::optional<Image> appIcon(const std::string& bundleIdentifier,
+                                           const Workspace& workspace);
+
+/// The never-quit list, sorted by name as the locale sorts.
+[[nodiscard]] std::vector<ProtectedApp> protectedApps(const AppSettings& settings,
+                                                      const Platform& platform);
+
+/// The running applications that can be added to the never-quit list: regular ones with an
+/// identifier, sorted by name as the locale sorts.
+[[nodiscard]] std::vector<WorkspaceApplication> addAppCandidates(const Platform& platform);
 
 } // namespace calmora

@@ -1,7 +1,7 @@
 #include "settings/NeverQuitListEditor.h"
 
 #include "settings/AppSettings.h"
-#include "settings/NeverQuitEditing.h"
+#include "settings/NeverQuitList.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Form.h"

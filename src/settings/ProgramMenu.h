@@ -10,4 +10,11 @@ class LocalizedStrings;
 /// Command or with Control.
 [[nodiscard]] MainMenu programMenu(const LocalizedStrings& strings);
 
+/// The raw names of the program's three shortcuts. None has a default.
+struct ProgramShortcuts {
+    static constexpr const char* activateMenu = "activateMenu";
+    static constexpr const char* quitAll = "quitAll";
+    static constexpr const char* forceQuitAll = "forceQuitAll";
+};
+
 } // namespace calmora

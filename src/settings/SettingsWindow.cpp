@@ -3,7 +3,6 @@
 #include "platform/LocalizedStrings.h"
 #include "settings/WindowKeys.h"
 
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace calmora {
@@ -21,14 +20,6 @@ void SettingsWindow::setContent(QWidget* content) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(content);
-}
-
-void SettingsWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        close();
-        return;
-    }
-    QWidget::keyPressEvent(event);
 }
 
 } // namespace calmora

@@ -13,9 +13,6 @@ class SettingsWindow final : public QWidget {
 
     /// Fills the window, which takes its size from it, with `content`, which it owns.
     void setContent(QWidget* content);
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace calmora

@@ -1,7 +1,7 @@
 #include "settings/ShortcutsSettingsView.h"
 
 #include "KeyboardShortcuts/Recorder.h"
-#include "settings/ProgramShortcuts.h"
+#include "settings/ProgramMenu.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Form.h"
 #include "widgets/Labels.h"

@@ -49,6 +49,8 @@ void answer(QWidget& window, const MainMenu& menu) {
 
 void answerMenuKeys(QWidget& window, const LocalizedStrings& strings) {
     answer(window, programMenu(strings));
+    QObject::connect(new QShortcut(Qt::Key_Escape, &window), &QShortcut::activated, &window,
+                     &QWidget::close);
 }
 
 } // namespace calmora

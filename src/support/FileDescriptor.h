@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <unistd.h>
 #include <utility>
 
@@ -36,7 +37,13 @@ class FileDescriptor {
     explicit operator bool() const { return descriptor_ >= 0; }
 
     /// Closes the descriptor, if any. Preserves errno.
-    void reset();
+    void reset() {
+        if (descriptor_ >= 0) {
+            const int saved = errno;
+            ::close(std::exchange(descriptor_, -1));
+            errno = saved;
+        }
+    }
 
   private:
     int descriptor_ = -1;

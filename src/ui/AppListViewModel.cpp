@@ -1,7 +1,7 @@
 #include "ui/AppListViewModel.h"
 
 #include "autoquit/catalogue/KnownApps.h"
-#include "autoquit/catalogue/MusicPlayers.h"
+#include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/RunLoop.h"
 #include "platform/Text.h"
 #include "settings/AppSettings.h"

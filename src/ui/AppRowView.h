@@ -2,7 +2,7 @@
 
 #include "model/AppInfo.h"
 #include "settings/AppSettings.h"
-#include "ui/StackRow.h"
+#include "ui/RowStack.h"
 #include "widgets/Controls.h"
 
 #include <QVariantAnimation>

@@ -3,7 +3,6 @@
 #include "model/AppInfo.h"
 #include "settings/AppSettings.h"
 #include "ui/RowStack.h"
-#include "ui/StackRow.h"
 
 #include <functional>
 

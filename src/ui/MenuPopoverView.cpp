@@ -9,7 +9,6 @@
 #include "ui/QuitAllButton.h"
 #include "ui/RowStack.h"
 #include "ui/SearchBox.h"
-#include "ui/StackRow.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"

@@ -3,11 +3,16 @@
 #include "ui/AppListViewModel.h"
 #include "ui/AppRowView.h"
 #include "ui/BackgroundGroupRowView.h"
-#include "ui/ListExtras.h"
 #include "ui/RowStack.h"
+#include "widgets/DisplayText.h"
+#include "widgets/Metrics.h"
+#include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 
 #include <utility>
@@ -18,6 +23,90 @@ namespace {
 constexpr int listPadding = 4;
 constexpr int dividerSpace = 4;
 constexpr int highestList = 400;
+constexpr int headerSpaceBelow = 2;
+constexpr int emptyPadding = 40;
+constexpr int emptySpacing = 8;
+constexpr int emptySymbolPoints = 17;
+
+QFont headerFont() {
+    return Theme::font(TextStyle::caption2, QFont::Medium);
+}
+
+/// The line between the applications and the background section.
+class DividerRow final : public StackRow {
+  public:
+    static constexpr int rowHeight = 1;
+
+    DividerRow() { setObjectName("backgroundDivider"); }
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override {
+        return QAccessible::Separator;
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect().adjusted(metrics::inset, 0, -metrics::inset, 0),
+                         Theme::of(*this).color(ThemeColor::separator));
+    }
+};
+
+/// The heading of the background section.
+class SectionHeaderRow final : public StackRow {
+  public:
+    SectionHeaderRow() {
+        setObjectName("backgroundHeader");
+        setAccessibleName(uiText("Background"));
+    }
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::Heading; }
+
+    /// The height of the heading with the space below it.
+    [[nodiscard]] static int rowHeight() {
+        return QFontMetrics(headerFont()).height() + headerSpaceBelow;
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setFont(headerFont());
+        painter.setPen(Theme::of(*this).color(ThemeColor::tertiary));
+        painter.drawText(rect().adjusted(metrics::inset, 0, -metrics::inset, -headerSpaceBelow),
+                         Qt::AlignLeading | Qt::AlignVCenter, uiText("Background").toUpper());
+    }
+};
+
+/// Shown in the list when a search finds nothing.
+class EmptyStateRow final : public StackRow {
+  public:
+    EmptyStateRow() {
+        setObjectName("emptyState");
+        setAccessibleName(uiText("No apps found"));
+    }
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override {
+        return QAccessible::StaticText;
+    }
+
+    [[nodiscard]] static int rowHeight() {
+        return 2 * emptyPadding + Theme::symbolSide(emptySymbolPoints) + emptySpacing +
+               QFontMetrics(Theme::font(TextStyle::body)).height();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const Theme theme = Theme::of(*this);
+        QPainter painter(this);
+        const int side = Theme::symbolSide(emptySymbolPoints);
+        drawSymbol(painter, QRect(0, emptyPadding, width(), side), "magnifyingglass", side,
+                   theme.color(ThemeColor::tertiary));
+        painter.setFont(Theme::font(TextStyle::body));
+        painter.setPen(theme.color(ThemeColor::secondary));
+        painter.drawText(
+            rect().adjusted(metrics::inset, emptyPadding + side + emptySpacing, -metrics::inset, 0),
+            Qt::AlignHCenter | Qt::AlignTop, uiText("No apps found"));
+    }
+};
 
 std::unique_ptr<StackRow> makeRow(RowKind kind) {
     switch (kind) {

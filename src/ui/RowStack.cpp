@@ -1,9 +1,15 @@
 #include "ui/RowStack.h"
 
+#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
+
+#include <QAccessibleWidget>
 #include <QApplication>
+#include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
+#include <memory>
 #include <set>
 #include <utility>
 
@@ -16,6 +22,25 @@ constexpr int bottomPadding = 4;
 bool holdsFocus(const QWidget& widget) {
     const QWidget* focus = QApplication::focusWidget();
     return focus && (focus == &widget || widget.isAncestorOf(focus));
+}
+
+class Interface final : public QAccessibleWidget {
+  public:
+    using QAccessibleWidget::QAccessibleWidget;
+};
+
+/// Beside a row's focus ring.
+constexpr int sideInset = 5;
+
+/// The caller, Qt, owns the interface.
+QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
+    if (auto* row = dynamic_cast<StackRow*>(object)) {
+        return std::make_unique<Interface>(row, row->accessibleRole()).release();
+    }
+    if (auto* stack = dynamic_cast<RowStack*>(object)) {
+        return std::make_unique<Interface>(stack, QAccessible::List).release();
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -247,6 +272,20 @@ std::vector<QWidget*> RowStack::tabStops() const {
     const auto line = lineForKeyboard();
     StackRow* row = line ? rowWidget(slots_[line->row].key) : nullptr;
     return row ? row->tabStops(line->line) : std::vector<QWidget*>{};
+}
+
+void drawRowFocus(QPainter& painter, const QWidget& row) {
+    if (showsFocus(row)) {
+        constexpr int ring = metrics::focusRing;
+        painter.setOpacity(1);
+        drawFocusRing(painter,
+                      row.rect().adjusted(ring + sideInset, ring, -ring - sideInset, -ring),
+                      metrics::rowRadius, Theme::of(row));
+    }
+}
+
+void installRowAccessibility() {
+    QAccessible::installFactory(interfaceFor);
 }
 
 } // namespace calmora

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "ui/RowLayout.h"
-#include "ui/StackRow.h"
 
+#include <QAccessible>
 #include <QVariantAnimation>
+#include <QWidget>
 
 #include <functional>
 #include <map>
@@ -12,6 +13,42 @@
 #include <vector>
 
 namespace calmora {
+
+/// The control of a line that has the keyboard focus.
+enum class RowColumn { check, quit };
+
+/// A place in a row that can have the keyboard focus.
+struct RowFocus {
+    int line = 0;
+    RowColumn column = RowColumn::check;
+};
+
+/// A row that a RowStack shows, moves and reuses for other entries.
+class StackRow : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+    /// The role that screen readers announce.
+    [[nodiscard]] virtual QAccessible::Role accessibleRole() const = 0;
+
+    /// Sets how far the row has faded in, from 0 to 1.
+    virtual void setPresence(double) {}
+
+    /// Sets the visible part of the row, in its own coordinates.
+    virtual void setBand(int, int) {}
+
+    /// Checks again whether the pointer is over the row, after rows have moved.
+    virtual void updateHover() {}
+
+    /// The place that has the focus; absent when it is elsewhere.
+    [[nodiscard]] virtual std::optional<RowFocus> focused() const { return {}; }
+
+    /// Focuses a place, or the nearest one in that line that can take the focus.
+    virtual void focusOn(RowFocus) {}
+
+    /// The controls of a line that Tab visits, in order.
+    [[nodiscard]] virtual std::vector<QWidget*> tabStops(int) { return {}; }
+};
 
 /// A list of rows below each other. Only visible rows exist as widgets, which are reused for other
 /// entries. Rows move as a RowMotion says. The widget is as high as its rows.
@@ -83,5 +120,12 @@ class RowStack final : public QWidget {
     std::optional<RowKey> lastFocused_;
     int lastLine_ = 0;
 };
+
+/// Draws the focus ring of a row that has the keyboard focus itself.
+void drawRowFocus(QPainter& painter, const QWidget& row);
+
+/// Tells screen readers the roles of a list's rows: list items, headings and groups. May be called
+/// again.
+void installRowAccessibility();
 
 } // namespace calmora

@@ -6,9 +6,10 @@
 #include "platform/UserDefaults.h"
 #include "platform/UserNotifications.h"
 #include "updates/UpdatePresenter.h"
-#include "updates/Version.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <variant>
@@ -18,31 +19,14 @@ namespace {
 
 using std::chrono::milliseconds;
 
-const char* textKey(UpdateError error) {
-    switch (error) {
-    case UpdateError::address:
-        return "update_error_address";
-    case UpdateError::loader:
-        return "update_error_loader";
-    case UpdateError::unreachable:
-        return "update_error_unreachable";
-    case UpdateError::insecure:
-        return "update_error_insecure";
-    case UpdateError::refused:
-        return "update_error_refused";
-    case UpdateError::redirect:
-        return "update_error_redirect";
-    case UpdateError::timeout:
-        return "update_error_timeout";
-    case UpdateError::tooLarge:
-        return "update_error_too_large";
-    case UpdateError::unreadable:
-        return "update_error_unreadable";
-    case UpdateError::version:
-        break;
-    }
-    return "update_error_version";
-}
+/// The keys of the errors' texts, in the order of UpdateError.
+constexpr std::array errorTexts{
+    "update_error_address",  "update_error_loader",    "update_error_unreachable",
+    "update_error_insecure", "update_error_refused",   "update_error_redirect",
+    "update_error_timeout",  "update_error_too_large", "update_error_unreadable",
+    "update_error_version",
+};
+static_assert(errorTexts.size() == static_cast<std::size_t>(UpdateError::version) + 1);
 
 std::chrono::seconds sinceEpoch(const Clock& clock) {
     return std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
@@ -139,7 +123,7 @@ void FeedUpdater::tellUser(const Release* found, std::optional<UpdateError> erro
     UpdateReport report;
     if (error) {
         report.title = text("update_failed_title");
-        report.text = text(textKey(*error));
+        report.text = text(errorTexts.at(static_cast<std::size_t>(*error)));
     } else if (found) {
         report.title = text("update_available_title %@", found->version);
         report.text = text("update_available_text %@", around_.version);

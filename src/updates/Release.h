@@ -2,9 +2,11 @@
 
 #include "support/Subscription.h"
 
+#include <compare>
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -44,6 +46,14 @@ enum class UpdateError {
 
 /// All known releases in any order, or why they could not be read.
 using ReleaseList = std::variant<std::vector<Release>, UpdateError>;
+
+/// Whether a text is a valid version: at most 64 of the characters that deb-version(7) allows, "_"
+/// and "^", at least one digit, and only digits before a colon.
+[[nodiscard]] bool isVersion(std::string_view text);
+
+/// Compares versions as AppStream does: runs of digits as numbers, letters before other characters,
+/// "~" before everything, even the end. Source: deb-version(7), "Sorting algorithm".
+[[nodiscard]] std::weak_ordering compareVersions(std::string_view a, std::string_view b);
 
 /// The newest stable release; null if there is none.
 [[nodiscard]] const Release* newestRelease(std::span<const Release> releases);

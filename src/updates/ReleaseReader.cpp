@@ -1,7 +1,6 @@
 #include "updates/ReleaseReader.h"
 
 #include "updates/FeedAddress.h"
-#include "updates/Version.h"
 
 #include <QString>
 #include <QStringDecoder>

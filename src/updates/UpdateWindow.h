@@ -2,17 +2,22 @@
 
 #include "platform/Image.h"
 #include "support/Signal.h"
-#include "updates/UpdatePanel.h"
 #include "updates/UpdatePresenter.h"
 
 #include <QPointer>
+
+#include <functional>
+#include <string>
 
 namespace calmora {
 
 /// Shows answers in one small, modeless window, which is raised with each answer.
 class UpdateWindow final : public UpdatePresenter {
   public:
-    UpdateWindow(Image icon, UpdatePanel::OpenPage openPage);
+    /// Opens a web page.
+    using OpenPage = std::function<void(const std::string&)>;
+
+    UpdateWindow(Image icon, OpenPage openPage);
     UpdateWindow(const UpdateWindow&) = delete;
     UpdateWindow& operator=(const UpdateWindow&) = delete;
     ~UpdateWindow() override;
@@ -21,10 +26,12 @@ class UpdateWindow final : public UpdatePresenter {
     [[nodiscard]] Subscription onClosed(std::function<void()> handler) override;
 
   private:
+    class Panel;
+
     Image icon_;
-    UpdatePanel::OpenPage openPage_;
+    OpenPage openPage_;
     Signal<> closed_;
-    QPointer<UpdatePanel> panel_;
+    QPointer<Panel> panel_;
 };
 
 } // namespace calmora

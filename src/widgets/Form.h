@@ -1,8 +1,13 @@
 #pragma once
 
+#include <QComboBox>
 #include <QScrollArea>
 #include <QString>
 #include <QWidget>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
 
 class QBoxLayout;
 class QVBoxLayout;
@@ -64,6 +69,46 @@ class PairRow : public QWidget {
     QBoxLayout* layout_;
     QWidget* leading_ = nullptr;
     QWidget* trailing_ = nullptr;
+};
+
+/// A value that a picker offers.
+struct PickerOption {
+    QString title;
+    std::int64_t value = 0;
+};
+
+/// A button that shows the current option and opens the list of options, also with Return. The
+/// wheel scrolls the form and never changes the option.
+class Picker final : public QComboBox {
+  public:
+    explicit Picker(QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    void showPopup() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A row of a form with a title and a picker at its end.
+class PickerRow final : public PairRow {
+  public:
+    /// `onPick` is called when the user picks an option, with its value.
+    PickerRow(const QString& title, const std::vector<PickerOption>& options,
+              std::function<void(std::int64_t)> onPick, QWidget* parent = nullptr);
+
+    /// Shows the option with this value, or nothing if there is none.
+    void setValue(std::int64_t value);
+
+    /// The picker of this row.
+    [[nodiscard]] QComboBox& picker() { return *picker_; }
+
+  private:
+    Picker* picker_;
 };
 
 /// A form of sections below each other. It scrolls vertically, also to the control that gets the

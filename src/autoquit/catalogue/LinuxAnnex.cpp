@@ -1,9 +1,30 @@
 #include "autoquit/catalogue/LinuxAnnex.h"
 
-#include "autoquit/catalogue/Words.h"
+#include <algorithm>
 
 namespace calmora {
 namespace {
+
+/// Calls `visit` with each word of a text, in which blanks and line ends stand between the words.
+template <typename Visit>
+void forEachWord(std::string_view words, Visit visit) {
+    constexpr std::string_view gaps = " \n";
+    while (!words.empty()) {
+        words.remove_prefix(std::min(words.find_first_not_of(gaps), words.size()));
+        const std::string_view word = words.substr(0, words.find_first_of(gaps));
+        if (!word.empty()) {
+            visit(word);
+        }
+        words.remove_prefix(word.size());
+    }
+}
+
+/// Whether a text of words has this word. Letter case counts.
+bool hasWord(std::string_view words, std::string_view word) {
+    bool isFound = false;
+    forEachWord(words, [&](std::string_view other) { isFound = isFound || other == word; });
+    return isFound;
+}
 
 // Applications of Debian 12 and 13, of flatpaks and of vendors' packages.
 // Never quit: somebody waits for it, or work in it dies unseen.
@@ -321,6 +342,54 @@ constexpr AnnexSubject subjects[] = {
     )"},
 };
 
+/// Names of the desktop files of programs that play music, radio or spoken books and no films, and
+/// of clients of a music server.
+constexpr std::string_view linuxPlayers = R"(
+    Cynthiune MPDCon alsaplayer app.moosync.moosync ario audacious betaradio cantata
+    com.doycho.euterpe.gtk com.github.geigi.cozy com.github.louis77.tuner
+    com.github.neithern.g4music com.github.taiko2k.tauonmb com.rafaelmardojai.Blanket
+    com.sayonara-player.Sayonara com.yktoo.ymuse cubic.org-opencubicplayer de.haeckerfelix.Shortwave
+    de.wagnermartin.Plattenalbum deepin-music dev.alextren.Spot exaile gbemol glurp gmpc gogglesmm
+    io.bassi.Amberol io.github.Pithos io.github.quodlibet.QuodLibet io.gitlab.Goodvibes knowthelist
+    lomiri-music-app lxmusic org.atheme.audacious org.clementine_player.Clementine org.fooyin.fooyin
+    org.gmusicbrowser.gmusicbrowser org.gnome.Goobox org.gnome.Lollypop org.gnome.Music
+    org.gnome.Podcasts org.gnome.Rhythmbox3 org.kde.amarok org.kde.elisa org.kde.juk org.kde.kasts
+    org.mixxx.Mixxx org.strawberrymusicplayer.strawberry pithos pragha qmmp qmmp-1 rhythmbox
+    silverjuke sonata sublime-music vagalume
+)";
+
+constexpr std::string_view neverQuitCategories =
+    "Accessibility "                                     // Somebody depends on it.
+    "Archiving FileTools "                               // Backup and synchronisation too.
+    "Calendar Clock "                                    // They remind.
+    "ConsoleOnly Shell TerminalEmulator "                // A terminal: what runs in it is lost.
+    "Emulator "                                          // What runs inside is lost.
+    "Compression DiscBurning FileManager "               // They work in the background.
+    "Dialup FileTransfer P2P RemoteAccess "              // Connections.
+    "Recorder Telephony TelephonyTools VideoConference " // They need not use much of the CPU.
+    "Security "                                          // Password managers and keys.
+    "Applet DesktopSettings Filesystem HardwareSettings Monitor PackageManager Printing Settings "
+    "System TrayIcon";
+
+/// Documents and conversations.
+constexpr std::string_view cautiousCategories =
+    "AudioVideoEditing Building Chat ContactManagement Database Debugger Electronics Email "
+    "Engineering Finance GUIDesigner HamRadio IDE IRCClient InstantMessaging Midi "
+    "NumericalAnalysis OCR Presentation Profiling ProjectManagement Publishing RevisionControl "
+    "Scanning Sequencer Spreadsheet TextEditor TextTools Translation WebDevelopment WordProcessor";
+
+/// Main categories: cautious unless the application only shows something.
+constexpr std::string_view mainCategories =
+    "Audio AudioVideo Development Game Graphics Network Office Science Video";
+
+constexpr std::string_view showingCategories =
+    "Calculator Dictionary Documentation Feed News Viewer WebBrowser";
+
+bool hasAny(std::span<const std::string> categories, std::string_view words) {
+    return std::ranges::any_of(
+        categories, [words](const std::string& category) { return hasWord(words, category); });
+}
+
 } // namespace
 
 std::span<const AnnexSubject> annexSubjects() {
@@ -334,6 +403,20 @@ std::optional<IdleBehavior> annexBehavior(std::string_view identifier) {
         }
     }
     return std::nullopt;
+}
+
+IdleBehavior behaviorOfCategories(std::span<const std::string> categories) {
+    if (hasAny(categories, neverQuitCategories)) {
+        return IdleBehavior::neverQuit;
+    }
+    const bool isWork = hasAny(categories, cautiousCategories);
+    const bool mayBeWork =
+        hasAny(categories, mainCategories) && !hasAny(categories, showingCategories);
+    return isWork || mayBeWork ? IdleBehavior::cautious : IdleBehavior::safeToQuit;
+}
+
+bool isMusicPlayer(std::string_view identifier) {
+    return KnownApps::musicAppBundleIDs().contains(identifier) || hasWord(linuxPlayers, identifier);
 }
 
 } // namespace calmora

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace calmora {
@@ -24,5 +25,15 @@ struct AnnexSubject {
 /// what is not listed.
 /// Cost: reads some 25 kB of text.
 [[nodiscard]] std::optional<IdleBehavior> annexBehavior(std::string_view identifier);
+
+/// How auto-quit treats an application by the Categories of its desktop entry, the strictest of
+/// them deciding. Where a category says too little, the safer behavior is taken. An entry without
+/// categories is safe to quit.
+/// Source: freedesktop Desktop Menu Specification, the registered categories.
+[[nodiscard]] IdleBehavior behaviorOfCategories(std::span<const std::string> categories);
+
+/// Whether the setting neverQuitMusicApps is about this application: one of the catalogue's list
+/// of music players, or a desktop id of a Linux one. Letter case counts.
+[[nodiscard]] bool isMusicPlayer(std::string_view identifier);
 
 } // namespace calmora

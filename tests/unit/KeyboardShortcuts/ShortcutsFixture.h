@@ -1,7 +1,6 @@
 #pragma once
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
-#include "KeyboardShortcuts/Modifiers.h"
 #include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeText.h"

@@ -1,7 +1,6 @@
 #include "autoquit/IdlePolicy.h"
 
 #include "autoquit/catalogue/LinuxAnnex.h"
-#include "autoquit/catalogue/MusicPlayers.h"
 
 #include <gtest/gtest.h>
 

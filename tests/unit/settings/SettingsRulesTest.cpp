@@ -1,4 +1,4 @@
-#include "settings/NeverQuitEditing.h"
+#include "settings/NeverQuitList.h"
 #include "settings/OpenAtLogin.h"
 
 #include "fakes/FakeLoginItem.h"

@@ -1,6 +1,5 @@
 #include "updates/FeedAddress.h"
 #include "updates/Release.h"
-#include "updates/Version.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "shortcuts/ShortcutsPane.h"
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverFixture.h"
-#include "updates/UpdatePanel.h"
+#include "updates/UpdateWindow.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Metrics.h"
 
@@ -160,14 +160,15 @@ TEST_P(Clipping, AboutAndQuestions) {
         expectWhole(panel, alert.messageText);
     }
 
-    UpdatePanel update({}, {}, [] {});
+    UpdateWindow update({}, {});
     for (const char* error :
          {"update_error_address", "update_error_loader", "update_error_version"}) {
         update.show({.title = strings.text("update_failed_title"),
                      .text = strings.text(error),
                      .notes = "News",
                      .page = "https://example.org"});
-        expectWhole(update, error);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        expectWhole(**std::ranges::find(windows, "updatePanel", &QWidget::objectName), error);
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "KeyboardShortcuts/Modifiers.h"
-#include "KeyboardShortcuts/RecorderCocoa.h"
+#include "KeyboardShortcuts/Recorder.h"
 #include "fakes/FakeKeys.h"
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeText.h"

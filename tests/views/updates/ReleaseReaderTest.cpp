@@ -1,7 +1,7 @@
 #include "updates/ReleaseReader.h"
 
 #include "updates/FeedAddress.h"
-#include "updates/Version.h"
+#include "updates/Release.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "KeyboardShortcuts/SpecialKey.h"
+#include "KeyboardShortcuts/Key.h"
 
 #include <algorithm>
 #include <array>
