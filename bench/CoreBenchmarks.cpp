@@ -9,7 +9,7 @@
 #include "platform/linux/IcuText.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
-#include "platform/linux/proc/OpenFileLimit.h"
+#include "platform/linux/proc/PidFd.h"
 #include "platform/linux/protection/SessionGuard.h"
 #include "settings/AppSettings.h"
 #include "support/FileDescriptor.h"

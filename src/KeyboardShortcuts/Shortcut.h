@@ -2,7 +2,6 @@
 
 #include "KeyboardShortcuts/Key.h"
 #include "platform/EventMonitor.h"
-#include "platform/InputEvent.h"
 
 #include <array>
 #include <compare>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "platform/EventMonitor.h"
 #include "platform/Geometry.h"
-#include "platform/InputEvent.h"
 #include "platform/MainMenu.h"
 #include "support/Subscription.h"
 

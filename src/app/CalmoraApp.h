@@ -14,7 +14,6 @@
 #include "platform/linux/xdg/AutostartLoginItem.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
 #include "platform/qt/AlertSession.h"
-#include "platform/qt/EndingSignals.h"
 #include "platform/qt/QtLocalizedStrings.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/WindowBackend.h"

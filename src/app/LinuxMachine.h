@@ -12,7 +12,7 @@
 #include "platform/linux/workspace/LinuxWorkspace.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 #include "platform/linux/xdg/InstalledBundle.h"
-#include "platform/qt/DescriptorWatch.h"
+#include "platform/qt/QtRunLoop.h"
 
 #include <QDBusConnection>
 

@@ -3,7 +3,7 @@
 #include "app/Identity.h"
 #include "app/QtEnvironment.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
-#include "platform/linux/proc/OpenFileLimit.h"
+#include "platform/linux/proc/PidFd.h"
 #include "widgets/Theme.h"
 
 #include <QApplication>

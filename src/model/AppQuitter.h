@@ -3,7 +3,7 @@
 #include "model/AppInfo.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
-#include "platform/RunningApplication.h"
+#include "platform/Workspace.h"
 
 #include <chrono>
 #include <cstdint>

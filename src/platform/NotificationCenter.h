@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace calmora {
 
@@ -37,10 +38,16 @@ class NotificationCenter {
     using Handler = std::function<void(const Notification&)>;
 
     /// Calls `handler` for each notification of this name until the token ends.
-    [[nodiscard]] Subscription observe(const std::string& name, Handler handler);
+    [[nodiscard]] Subscription observe(const std::string& name, Handler handler) {
+        return observers_[name].connect(std::move(handler));
+    }
 
     /// Calls the observers of the name, in the order in which they subscribed, and returns.
-    void post(const Notification& notification);
+    void post(const Notification& notification) {
+        if (const auto found = observers_.find(notification.name); found != observers_.end()) {
+            found->second.emit(notification);
+        }
+    }
 
   private:
     std::map<std::string, Signal<const Notification&>> observers_;

@@ -2,12 +2,10 @@
 #include "platform/desktop/DbusApplications.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
-#include "platform/desktop/single_instance/ApplicationObject.h"
+#include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/desktop/status/QtStatusItem.h"
 
 #include "PrivateBus.h"
-
-#include <gtest/gtest.h>
 
 #include <unistd.h>
 

@@ -1,14 +1,10 @@
 #include "fakes/FakeLocalizedStrings.h"
-#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/status/Glyph.h"
 #include "platform/desktop/status/QtStatusItem.h"
-#include "platform/desktop/status/StatusMenu.h"
 
 #include "PrivateBus.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
 #include <QtWidgets>
 
 namespace calmora {

@@ -1,6 +1,5 @@
 #include "platform/desktop/DbusApplications.h"
 
-#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 #include <algorithm>
@@ -265,10 +264,6 @@ bool DbusApplications::activateQuit(const ExportedActions& actions) {
 
 std::vector<ProcessId> DbusApplications::protectedProcesses() const {
     return processesOf(protected_);
-}
-
-Subscription DbusApplications::onChanged(std::function<void()> handler) {
-    return changed_.connect(std::move(handler));
 }
 
 void DbusApplications::flush() {

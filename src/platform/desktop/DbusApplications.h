@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/desktop/dbus/BusNames.h"
-#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "support/Signal.h"
 
@@ -28,7 +28,11 @@ class DbusApplications final : public BusApplications {
     void learnActions(const ExportedActions& actions) override;
     bool activateQuit(const ExportedActions& actions) override;
     [[nodiscard]] std::vector<ProcessId> protectedProcesses() const override;
-    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
+        return changed_.connect(std::move(handler));
+    }
+
     void flush() override;
 
   private:

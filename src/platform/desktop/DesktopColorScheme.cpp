@@ -1,6 +1,5 @@
 #include "platform/desktop/DesktopColorScheme.h"
 
-#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 
 namespace calmora {
@@ -36,10 +35,6 @@ DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus)
                       notify(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
                   }
               });
-}
-
-Subscription DesktopColorScheme::onChanged(std::function<void(bool)> handler) {
-    return changed_.connect(std::move(handler));
 }
 
 void DesktopColorScheme::notify(const QVariant& scheme) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "support/Signal.h"
 
 #include <QDBusConnection>
@@ -20,7 +20,9 @@ class DesktopColorScheme final {
     explicit DesktopColorScheme(const QDBusConnection& sessionBus);
 
     /// Called with the preference when it is known and at each change: true for dark.
-    [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler);
+    [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler) {
+        return changed_.connect(std::move(handler));
+    }
 
   private:
     void notify(const QVariant& scheme) const;

@@ -1,11 +1,12 @@
 #include "platform/linux/EventPoll.h"
 
 #include <array>
+#include <cstdint>
+#include <map>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <sys/timerfd.h>
 #include <utility>
-#include <vector>
 
 namespace calmora {
 

@@ -4,9 +4,7 @@
 #include "support/Subscription.h"
 
 #include <chrono>
-#include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 
 namespace calmora {

@@ -2,11 +2,12 @@
 
 #include <QTimer>
 
-#include <memory>
-#include <utility>
+#include <csignal>
+
+#include <sys/signalfd.h>
+#include <unistd.h>
 
 namespace calmora {
-
 namespace {
 
 constexpr std::chrono::milliseconds coarseFrom{500};
@@ -70,8 +71,29 @@ Subscription QtRunLoop::after(std::chrono::milliseconds delay, std::function<voi
     return started(std::move(timer));
 }
 
-Subscription QtRunLoop::nextTurn(std::function<void()> action) {
-    return after(std::chrono::milliseconds{0}, std::move(action));
+EndingSignals::EndingSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        sigaddset(&signals, signal);
+    }
+    if (::pthread_sigmask(SIG_BLOCK, &signals, nullptr) == 0) {
+        descriptor_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+    }
+}
+
+void EndingSignals::onSignal(std::function<void()> action) {
+    if (!descriptor_) {
+        return;
+    }
+    notifier_ = std::make_unique<QSocketNotifier>(descriptor_.get(), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                     [this, action = std::move(action)] {
+                         signalfd_siginfo info{};
+                         while (::read(descriptor_.get(), &info, sizeof info) == sizeof info) {
+                             action();
+                         }
+                     });
 }
 
 } // namespace calmora

@@ -112,14 +112,6 @@ X11Connection::X11Connection(const std::string& display) {
     }
 }
 
-bool X11Connection::isAlive() const {
-    return xcb_connection_has_error(get()) == 0;
-}
-
-int X11Connection::descriptor() const {
-    return xcb_get_file_descriptor(get());
-}
-
 std::vector<std::optional<ProcessId>>
 X11Connection::processesOf(std::span<const xcb_window_t> resources) const {
     std::vector<std::optional<ProcessId>> result(resources.size());
@@ -152,11 +144,6 @@ X11Connection::processesOf(std::span<const xcb_window_t> resources) const {
         return byClient.at(clientBase(resource));
     });
     return result;
-}
-
-xcb_get_property_cookie_t X11Connection::requestProperty(xcb_window_t window, xcb_atom_t property,
-                                                         std::uint32_t words) const {
-    return xcb_get_property(get(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
 }
 
 std::span<const std::uint32_t> words(const X11Reply<xcb_get_property_reply_t>& reply) {

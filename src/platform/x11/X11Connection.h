@@ -55,6 +55,7 @@ enum class X11Atom : std::uint8_t {
     netWmStateSkipTaskbar,
     netWmStateModal,
     netWmWindowType,
+    // In the order of WindowType.
     typeNormal,
     typeDialog,
     typeUtility,
@@ -94,10 +95,10 @@ class X11Connection {
     [[nodiscard]] xcb_connection_t* get() const { return connection_.get(); }
 
     /// Whether the server still answers.
-    [[nodiscard]] bool isAlive() const;
+    [[nodiscard]] bool isAlive() const { return xcb_connection_has_error(get()) == 0; }
 
     /// The descriptor to watch for events; negative without a connection.
-    [[nodiscard]] int descriptor() const;
+    [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(get()); }
 
     [[nodiscard]] xcb_window_t root() const { return root_; }
 
@@ -133,7 +134,9 @@ class X11Connection {
 
     /// The first 32-bit values of a property: at most `words` of them.
     [[nodiscard]] xcb_get_property_cookie_t
-    requestProperty(xcb_window_t window, xcb_atom_t property, std::uint32_t words) const;
+    requestProperty(xcb_window_t window, xcb_atom_t property, std::uint32_t words) const {
+        return xcb_get_property(get(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
+    }
 
   private:
     struct Disconnect {

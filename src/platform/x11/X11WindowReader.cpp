@@ -91,26 +91,13 @@ X11WindowReader::Pending X11WindowReader::request(xcb_window_t window) const {
 }
 
 WindowType X11WindowReader::type(std::span<const std::uint32_t> atoms) const {
-    constexpr std::array known{
-        std::pair{X11Atom::typeNormal, WindowType::normal},
-        std::pair{X11Atom::typeDialog, WindowType::dialog},
-        std::pair{X11Atom::typeUtility, WindowType::utility},
-        std::pair{X11Atom::typeDock, WindowType::dock},
-        std::pair{X11Atom::typeDesktop, WindowType::desktop},
-        std::pair{X11Atom::typeToolbar, WindowType::other},
-        std::pair{X11Atom::typeMenu, WindowType::other},
-        std::pair{X11Atom::typeSplash, WindowType::other},
-        std::pair{X11Atom::typeDropdownMenu, WindowType::other},
-        std::pair{X11Atom::typePopupMenu, WindowType::other},
-        std::pair{X11Atom::typeTooltip, WindowType::other},
-        std::pair{X11Atom::typeNotification, WindowType::other},
-        std::pair{X11Atom::typeCombo, WindowType::other},
-        std::pair{X11Atom::typeDnd, WindowType::other},
-    };
+    // The atoms name the types in their order; those behind the known ones are others.
+    constexpr auto first = static_cast<int>(X11Atom::typeNormal);
+    constexpr auto last = static_cast<int>(X11Atom::typeDnd);
     for (const std::uint32_t atom : atoms) {
-        for (const auto& [name, type] : known) {
-            if (connection_.atom(name) == atom) {
-                return type;
+        for (int at = first; at <= last; ++at) {
+            if (connection_.atom(static_cast<X11Atom>(at)) == atom) {
+                return std::min(static_cast<WindowType>(at - first + 1), WindowType::other);
             }
         }
     }

@@ -1,7 +1,7 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/linux/xdg/ExecKey.h"
-#include "platform/linux/xdg/ExecutableFile.h"
+#include "platform/linux/xdg/ExecResolver.h"
 
 #include <gtest/gtest.h>
 

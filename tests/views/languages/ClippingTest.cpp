@@ -1,6 +1,6 @@
 // Every window in every language: no text may be cut off.
 
-#include "platform/qt/alerts/AlertPanel.h"
+#include "platform/qt/alerts/QtAlerts.h"
 #include "settings/AboutPanel.h"
 #include "settings/SettingsFixture.h"
 #include "settings/SettingsView.h"

@@ -1,4 +1,3 @@
-#include "platform/qt/DescriptorWatch.h"
 #include "platform/qt/QtRunLoop.h"
 #include "support/FileDescriptor.h"
 #include "support/QtWaiting.h"

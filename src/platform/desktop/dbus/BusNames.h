@@ -4,7 +4,6 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
-#include <QObject>
 #include <QString>
 #include <QStringList>
 

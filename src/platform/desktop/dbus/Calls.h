@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
 #include <functional>
@@ -26,5 +27,31 @@ namespace calmora {
 /// Never waits. Nothing is called once `context` is gone.
 void callAsync(const QDBusConnection& connection, const QDBusMessage& call, QObject& context,
                std::function<void(const QDBusMessage&)> done);
+
+/// Passes one signal of the bus to a function for as long as this object lives.
+class BusSignal : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Match {
+        QString path;
+        QString interface;
+        QString name;
+        /// Wanted values of the first arguments.
+        QStringList arguments = {};
+        /// The sender; empty means anyone.
+        QString service = {};
+    };
+
+    BusSignal(QDBusConnection connection, const Match& match,
+              std::function<void(const QDBusMessage&)> handler);
+
+  private Q_SLOTS:
+
+    void receive(const QDBusMessage& message) { handler_(message); }
+
+  private:
+    std::function<void(const QDBusMessage&)> handler_;
+};
 
 } // namespace calmora

@@ -2,7 +2,7 @@
 
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
-#include "platform/desktop/single_instance/ApplicationObject.h"
+#include "platform/desktop/single_instance/SingleInstance.h"
 
 #include <QTimer>
 

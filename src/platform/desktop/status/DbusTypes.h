@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QList>
 #include <QMetaType>
@@ -92,7 +93,20 @@ const QDBusArgument& operator>>(const QDBusArgument& from, Type& value) {
 }
 
 /// Registers the types above with Qt D-Bus; may be called again.
-void registerStatusTypes();
+inline void registerStatusTypes() {
+    qDBusRegisterMetaType<DbusPixmap>();
+    qDBusRegisterMetaType<QList<DbusPixmap>>();
+    qDBusRegisterMetaType<DbusToolTip>();
+    qDBusRegisterMetaType<QList<QDBusVariant>>();
+    qDBusRegisterMetaType<DbusMenuLayout>();
+    qDBusRegisterMetaType<DbusMenuProperties>();
+    qDBusRegisterMetaType<QList<DbusMenuProperties>>();
+    qDBusRegisterMetaType<DbusMenuRemoved>();
+    qDBusRegisterMetaType<QList<DbusMenuRemoved>>();
+    qDBusRegisterMetaType<DbusMenuEvent>();
+    qDBusRegisterMetaType<QList<DbusMenuEvent>>();
+    qDBusRegisterMetaType<QList<QStringList>>();
+}
 
 } // namespace calmora
 

@@ -37,10 +37,6 @@ void NotifierItem::ContextMenu(int x, int y) {
     QTimer::singleShot(0, this, [this, x, y] { handlers_.contextMenu({x, y}); });
 }
 
-void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) {}
-
-void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
-
 void NotifierItem::ProvideXdgActivationToken(const QString& token) {
     // Qt's next window that asks for the focus on Wayland uses it.
     qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());

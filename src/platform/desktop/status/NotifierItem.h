@@ -63,9 +63,13 @@ class NotifierItem final : public QObject {
   public Q_SLOTS:
     // The interface's methods, under its names. Other types than these never arrive here.
     void Activate(int x, int y);
-    void SecondaryActivate(int x, int y);
+
+    void SecondaryActivate(int /*x*/, int /*y*/) {}
+
     void ContextMenu(int x, int y);
-    void Scroll(int delta, const QString& orientation);
+
+    void Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
     void ProvideXdgActivationToken(const QString& token);
 
   Q_SIGNALS:

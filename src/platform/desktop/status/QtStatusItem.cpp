@@ -2,23 +2,29 @@
 
 #include "platform/LocalizedStrings.h"
 #include "platform/desktop/status/Glyph.h"
-#include "platform/desktop/status/StatusMenu.h"
+#include "support/ShownName.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QKeyEvent>
+#include <QKeySequence>
 #include <QPalette>
 #include <QScreen>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <filesystem>
-#include <string>
 #include <system_error>
 #include <utility>
 
 namespace calmora {
 namespace {
+
+/// Keys that stand for Command; the first is shown.
+constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 
 constexpr auto title = "Calmora";
 /// Side of a panel's icon, about.
@@ -50,6 +56,43 @@ bool drawsNamesAsTheyAre() {
 
 } // namespace
 
+StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
+    setObjectName("statusMenu");
+    for (const StatusMenuItem& item : items) {
+        if (item.title.empty()) {
+            addSeparator();
+            continue;
+        }
+        QAction* action =
+            addAction(QString::fromStdString(shownName(item.title)).replace('&', "&&"));
+        action->setEnabled(item.isEnabled);
+        if (!item.keyEquivalent.empty()) {
+            const QKeySequence key(QString::fromStdString(item.keyEquivalent).toUpper());
+            QList<QKeySequence> shortcuts;
+            for (const Qt::KeyboardModifier command : commands) {
+                shortcuts += QKeySequence(QKeyCombination(command, key[0].key()));
+            }
+            action->setShortcuts(shortcuts);
+            action->setShortcutVisibleInContextMenu(true);
+        }
+        if (item.action) {
+            connect(action, &QAction::triggered, action, item.action);
+        }
+    }
+}
+
+void StatusMenu::keyPressEvent(QKeyEvent* event) {
+    const QKeySequence pressed(event->keyCombination());
+    for (QAction* action : actions()) {
+        if (action->isEnabled() && action->shortcuts().contains(pressed)) {
+            hide();
+            action->trigger();
+            return;
+        }
+    }
+    QMenu::keyPressEvent(event);
+}
+
 QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applicationId,
                            const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu)
     : strings_(strings), onPanelMenu_(std::move(onPanelMenu)),
@@ -67,10 +110,6 @@ QtStatusItem::~QtStatusItem() = default;
 void QtStatusItem::setTemplateImage(const std::optional<Image>& image, int /*points*/) {
     image_ = image;
     publishIcon();
-}
-
-void QtStatusItem::setAction(std::function<void(StatusEvent)> action) {
-    action_ = std::move(action);
 }
 
 void QtStatusItem::setMenu(std::function<std::vector<StatusMenuItem>()> build) {

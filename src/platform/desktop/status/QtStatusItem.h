@@ -7,6 +7,7 @@
 #include "platform/desktop/status/TrayIcon.h"
 
 #include <QDBusConnection>
+#include <QMenu>
 #include <QObject>
 #include <QPoint>
 
@@ -19,6 +20,15 @@
 namespace calmora {
 
 class LocalizedStrings;
+
+/// The status item's menu where no panel draws it. Its key equivalents work while it is open.
+class StatusMenu : public QMenu {
+  public:
+    explicit StatusMenu(const std::vector<StatusMenuItem>& items);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
 
 /// The status item on Linux desktops: a StatusNotifierItem in a panel that takes one, else a legacy
 /// tray icon. Works without either, and without a bus.
@@ -34,7 +44,11 @@ class QtStatusItem final : public QObject, public StatusItem {
     /// If there is a "NAME-symbolic.svg" beside the image's file "NAME.svg", panels get that name
     /// and may recolour it. Panels that want pixels get them in the desktop's text colour.
     void setTemplateImage(const std::optional<Image>& image, int points) override;
-    void setAction(std::function<void(StatusEvent)> action) override;
+
+    void setAction(std::function<void(StatusEvent)> action) override {
+        action_ = std::move(action);
+    }
+
     void setMenu(std::function<std::vector<StatusMenuItem>()> build) override;
     void popUpMenu() override;
 

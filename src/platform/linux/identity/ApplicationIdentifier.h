@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/linux/identity/ApplicationFacts.h"
 #include "platform/linux/identity/ApplicationIdentity.h"
 #include "platform/linux/identity/CgroupNames.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
@@ -8,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace calmora {
 

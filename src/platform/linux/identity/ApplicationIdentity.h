@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Image.h"
+#include "platform/linux/proc/ProcessDetails.h"
+#include "platform/linux/windows/WindowSystem.h"
 
 #include <filesystem>
 #include <optional>
@@ -69,6 +71,17 @@ struct ApplicationIdentity {
     [[nodiscard]] const std::string& instanceIdentifier() const {
         return desktopId ? *desktopId : bundleIdentifier;
     }
+};
+
+/// Everything that identifies a process's application.
+struct ApplicationFacts {
+    ProcessDetails process = {};
+    /// Absent if gone or unreadable.
+    std::optional<ProcessDetails> parent = {};
+    /// The windows of the process, oldest first, transient ones included.
+    std::vector<TopLevelWindow> windows = {};
+    /// Windows of other processes in the same window groups, oldest first.
+    std::vector<TopLevelWindow> groupWindows = {};
 };
 
 } // namespace calmora

@@ -4,7 +4,6 @@
 #include "support/TextHelpers.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace calmora {
 

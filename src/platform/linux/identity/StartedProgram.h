@@ -4,7 +4,6 @@
 #include "platform/linux/xdg/DesktopEntry.h"
 
 #include <string>
-#include <string_view>
 
 namespace calmora {
 

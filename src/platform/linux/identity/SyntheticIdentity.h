@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/linux/identity/ApplicationFacts.h"
 #include "platform/linux/identity/ApplicationIdentity.h"
 
 #include <string>

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <set>
-#include <utility>
 
 namespace calmora {
 namespace {

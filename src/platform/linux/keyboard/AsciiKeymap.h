@@ -2,7 +2,6 @@
 
 #include "platform/linux/keyboard/KeyCodes.h"
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>

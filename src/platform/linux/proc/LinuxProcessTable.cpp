@@ -1,15 +1,13 @@
 #include "platform/linux/proc/LinuxProcessTable.h"
 
-#include "platform/linux/proc/OpenFileLimit.h"
+#include "platform/linux/proc/PidFd.h"
 #include "platform/linux/proc/ProcFiles.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -55,14 +53,6 @@ std::vector<ProcessId> LinuxProcessTable::allProcesses() const {
         });
     }
     return processes;
-}
-
-std::optional<std::string> LinuxProcessTable::executablePath(ProcessId process) const {
-    return reader_.executableFromHere(process);
-}
-
-bool LinuxProcessTable::hold(ProcessId process) {
-    return memory_.hold(process);
 }
 
 std::optional<ProcessCounters> LinuxProcessTable::counters(ProcessId process) {

@@ -34,8 +34,13 @@ class LinuxProcessTable final : public ProcessTable {
 
     [[nodiscard]] std::optional<ProcessId> parent(ProcessId process) const override;
     [[nodiscard]] std::vector<ProcessId> allProcesses() const override;
-    [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override;
-    bool hold(ProcessId process) override;
+
+    [[nodiscard]] std::optional<std::string> executablePath(ProcessId process) const override {
+        return reader_.executableFromHere(process);
+    }
+
+    bool hold(ProcessId process) override { return memory_.hold(process); }
+
     [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override;
     void retainCounters(const std::vector<ProcessId>& processes) override;
 

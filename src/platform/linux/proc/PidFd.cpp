@@ -1,9 +1,9 @@
 #include "platform/linux/proc/PidFd.h"
 
 #include <cerrno>
-#include <csignal>
 
 #include <poll.h>
+#include <sys/resource.h>
 
 // glibc 2.36 declares these without C linkage.
 extern "C" {
@@ -31,6 +31,20 @@ bool PidFd::hasExited() const {
 
 int PidFd::send(int signal) const {
     return pidfd_send_signal(descriptor_.get(), signal, nullptr, 0);
+}
+
+void raiseOpenFileLimit() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = limit.rlim_max;
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+std::size_t openFileLimit() {
+    rlimit limit{};
+    constexpr std::size_t usual = 1024;
+    return getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : usual;
 }
 
 } // namespace calmora

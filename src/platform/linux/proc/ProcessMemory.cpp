@@ -1,7 +1,5 @@
 #include "platform/linux/proc/ProcessMemory.h"
 
-#include "platform/linux/proc/OpenFileLimit.h"
-
 namespace calmora {
 
 ProcessMemory::ProcessMemory(const ProcessReader& reader,

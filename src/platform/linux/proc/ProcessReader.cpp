@@ -1,7 +1,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 
 #include "platform/linux/xdg/ExecKey.h"
-#include "platform/linux/xdg/ExecutableFile.h"
+#include "platform/linux/xdg/ExecResolver.h"
 
 #include <algorithm>
 #include <array>
@@ -162,10 +162,6 @@ std::vector<ProcessId> ProcessReader::processesOf(std::uint32_t user, std::size_
     return processes;
 }
 
-std::optional<ProcessStat> ProcessReader::stat(ProcessId process) const {
-    return parseStat(read(process, "stat"));
-}
-
 std::optional<std::uint64_t> ProcessReader::startTime(ProcessId process) const {
     const auto its = stat(process);
     return its && !its->isGone() ? std::optional(its->startTime) : std::nullopt;
@@ -174,10 +170,6 @@ std::optional<std::uint64_t> ProcessReader::startTime(ProcessId process) const {
 ProcessId ProcessReader::parent(ProcessId process) const {
     const auto its = stat(process);
     return its ? its->parent : 0;
-}
-
-std::optional<ProcessStatus> ProcessReader::status(ProcessId process) const {
-    return parseStatus(read(process, "status"));
 }
 
 std::optional<std::string> ProcessReader::executable(ProcessId process) const {
@@ -213,10 +205,6 @@ std::optional<std::string> ProcessReader::executableFromHere(ProcessId process) 
         }
     }
     return "/proc/" + std::to_string(process) + "/root" + *path;
-}
-
-std::vector<std::string> ProcessReader::commandLine(ProcessId process) const {
-    return parseCommandLine(read(process, "cmdline"));
 }
 
 std::optional<ProcessDetails> ProcessReader::details(ProcessId process) const {
@@ -292,10 +280,6 @@ bool ProcessReader::hasOwnRoot(ProcessId process) const {
     struct stat info{};
     return fstatat(root_.get(), ProcPath(process, "root").get(), &info, 0) == 0 &&
            std::pair<std::uint64_t, std::uint64_t>{info.st_dev, info.st_ino} != ourRoot_;
-}
-
-std::string ProcessReader::controlGroup(ProcessId process) const {
-    return parseCgroup(read(process, "cgroup"));
 }
 
 std::string ProcessReader::comm(ProcessId process) const {

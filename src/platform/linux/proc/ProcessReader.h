@@ -33,10 +33,14 @@ class ProcessReader {
     [[nodiscard]] std::vector<ProcessId> processesOf(std::uint32_t user, std::size_t limit) const;
 
     /// Cost: 4 µs.
-    [[nodiscard]] std::optional<ProcessStat> stat(ProcessId process) const;
+    [[nodiscard]] std::optional<ProcessStat> stat(ProcessId process) const {
+        return parseStat(read(process, "stat"));
+    }
 
     /// Cost: 4 µs.
-    [[nodiscard]] std::optional<ProcessStatus> status(ProcessId process) const;
+    [[nodiscard]] std::optional<ProcessStatus> status(ProcessId process) const {
+        return parseStatus(read(process, "status"));
+    }
 
     /// ProcessStat::startTime; absent for a process that is gone.
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
@@ -54,7 +58,9 @@ class ProcessReader {
     [[nodiscard]] std::optional<std::string> executableFromHere(ProcessId process) const;
 
     /// The arguments; empty for a kernel thread.
-    [[nodiscard]] std::vector<std::string> commandLine(ProcessId process) const;
+    [[nodiscard]] std::vector<std::string> commandLine(ProcessId process) const {
+        return parseCommandLine(read(process, "cmdline"));
+    }
 
     /// Everything that identifies an application. Absent if the process is gone or its id was
     /// reused meanwhile. Cost: about 40 µs; 15 more for interpreters.
@@ -68,7 +74,9 @@ class ProcessReader {
     [[nodiscard]] bool hasOwnRoot(ProcessId process) const;
 
     /// Path below the root of the control groups, see parseCgroup().
-    [[nodiscard]] std::string controlGroup(ProcessId process) const;
+    [[nodiscard]] std::string controlGroup(ProcessId process) const {
+        return parseCgroup(read(process, "cgroup"));
+    }
 
     /// The name alone; empty for a process that is gone. Cost: 1 µs.
     [[nodiscard]] std::string comm(ProcessId process) const;

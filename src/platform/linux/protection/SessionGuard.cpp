@@ -27,15 +27,6 @@ void fill(std::set<ProcessId>& processes, const std::function<std::vector<Proces
 SessionGuard::SessionGuard(const ProcessReader& reader, const Clock& clock, Sources sources)
     : reader_(reader), clock_(clock), sources_(std::move(sources)), peers_(reader) {}
 
-bool SessionGuard::isProtected(ProcessId process) {
-    return reason(process).has_value();
-}
-
-bool SessionGuard::isProtectedNow(ProcessId process) {
-    gathered_.reset();
-    return isProtected(process);
-}
-
 std::optional<ProtectionReason> SessionGuard::reason(ProcessId process) {
     const auto now = clock_.ticks();
     if (!gathered_ || now - *gathered_ > factsLifetime) {

@@ -42,8 +42,14 @@ class SessionGuard final : public ProtectedProcesses {
     SessionGuard(const ProcessReader& reader, const Clock& clock, Sources sources);
 
     /// Cost: none if session facts decide, else about 25 µs.
-    [[nodiscard]] bool isProtected(ProcessId process) override;
-    [[nodiscard]] bool isProtectedNow(ProcessId process) override;
+    [[nodiscard]] bool isProtected(ProcessId process) override {
+        return reason(process).has_value();
+    }
+
+    [[nodiscard]] bool isProtectedNow(ProcessId process) override {
+        gathered_.reset();
+        return isProtected(process);
+    }
 
     /// Why the process is protected; absent when it is not.
     [[nodiscard]] std::optional<ProtectionReason> reason(ProcessId process);

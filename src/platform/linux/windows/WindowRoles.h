@@ -2,7 +2,6 @@
 
 #include "platform/linux/windows/WindowSystem.h"
 
-#include <cstddef>
 #include <span>
 #include <vector>
 

@@ -10,7 +10,6 @@
 #include "platform/linux/xdg/InstalledApplications.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace calmora {

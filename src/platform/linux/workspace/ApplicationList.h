@@ -1,20 +1,44 @@
 #pragma once
 
 #include "platform/Workspace.h"
-#include "platform/linux/identity/ApplicationFacts.h"
 #include "platform/linux/identity/ApplicationIdentity.h"
 #include "platform/linux/workspace/BackgroundScan.h"
-#include "platform/linux/workspace/WorkspaceSources.h"
 
 #include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
+#include <string>
 #include <vector>
 
 namespace calmora {
+
+class BusApplications;
+class Clock;
+class EventPoll;
+class InstalledApplications;
+class ProcessMemory;
+class ProcessReader;
+class ProcessTable;
+class ProtectedProcesses;
+class WindowSystem;
+
+/// The workspace's data sources, which must outlive it.
+struct WorkspaceSources {
+    Clock& clock;
+    EventPoll& events;
+    WindowSystem& windows;
+    const ProcessReader& reader;
+    /// Shared with `processes`.
+    ProcessMemory& memory;
+    ProcessTable& processes;
+    InstalledApplications& installed;
+    ProtectedProcesses& protection;
+    BusApplications& bus;
+    /// The user's home folder; empty when it is not known.
+    std::string home;
+};
 
 /// An application process at one moment.
 struct ListedApplication {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/RunningApplication.h"
+#include "platform/Workspace.h"
 #include "platform/linux/workspace/ApplicationList.h"
 #include "platform/linux/workspace/QuitRequests.h"
-#include "platform/linux/workspace/WorkspaceSources.h"
 
 #include <memory>
 #include <span>

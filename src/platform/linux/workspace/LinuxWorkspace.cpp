@@ -89,10 +89,6 @@ const ApplicationList::Applications& LinuxWorkspace::current() {
     return isKept ? list_.applications() : updated();
 }
 
-Subscription LinuxWorkspace::followWindows() {
-    return sources_.windows.onWindowsChanged([] {});
-}
-
 LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
     const auto active = sources_.windows.activeWindow();
     if (!active) {
@@ -193,22 +189,6 @@ LinuxWorkspace::installedApplication(const std::string& bundleIdentifier) const 
         application.icon = iconImage(entry->icon);
     }
     return application;
-}
-
-Subscription LinuxWorkspace::onLaunched(Handler handler) {
-    return launched_.connect(std::move(handler));
-}
-
-Subscription LinuxWorkspace::onTerminated(Handler handler) {
-    return terminated_.connect(std::move(handler));
-}
-
-Subscription LinuxWorkspace::onActivated(Handler handler) {
-    return activated_.connect(std::move(handler));
-}
-
-bool LinuxWorkspace::isListening() const {
-    return launched_.hasListeners() || terminated_.hasListeners();
 }
 
 void LinuxWorkspace::listenersChanged() {

@@ -4,7 +4,6 @@
 #include "platform/linux/workspace/ApplicationList.h"
 #include "platform/linux/workspace/LinuxRunningApplication.h"
 #include "platform/linux/workspace/QuitRequests.h"
-#include "platform/linux/workspace/WorkspaceSources.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
@@ -41,9 +40,18 @@ class LinuxWorkspace final : public Workspace {
     [[nodiscard]] std::string canonicalIdentifier(const std::string& identifier) const override;
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;
-    [[nodiscard]] Subscription onLaunched(Handler handler) override;
-    [[nodiscard]] Subscription onTerminated(Handler handler) override;
-    [[nodiscard]] Subscription onActivated(Handler handler) override;
+
+    [[nodiscard]] Subscription onLaunched(Handler handler) override {
+        return launched_.connect(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onTerminated(Handler handler) override {
+        return terminated_.connect(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onActivated(Handler handler) override {
+        return activated_.connect(std::move(handler));
+    }
 
   private:
     using Application = std::shared_ptr<const ListedApplication>;
@@ -59,9 +67,16 @@ class LinuxWorkspace final : public Workspace {
     void changed();
     void activeChanged();
     void tellSoon();
-    [[nodiscard]] bool isListening() const;
+
+    [[nodiscard]] bool isListening() const {
+        return launched_.hasListeners() || terminated_.hasListeners();
+    }
+
     /// While it is held, repeated requests read the windows only once.
-    [[nodiscard]] Subscription followWindows();
+    [[nodiscard]] Subscription followWindows() {
+        return sources_.windows.onWindowsChanged([] {});
+    }
+
     const ApplicationList::Applications& updated();
     const ApplicationList::Applications& current();
     [[nodiscard]] Application activeApplication();

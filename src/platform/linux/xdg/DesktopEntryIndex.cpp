@@ -40,29 +40,9 @@ DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries, std::str
     }
 }
 
-const DesktopEntry* DesktopEntryIndex::withId(std::string_view id) const {
-    return best(ids_, std::string(id));
-}
-
-const DesktopEntry* DesktopEntryIndex::withPath(std::string_view path) const {
-    return best(paths_, std::string(path));
-}
-
-DesktopEntryIndex::Entries DesktopEntryIndex::withStartupWmClass(std::string_view key) const {
-    return all(wmClasses_, std::string(key));
-}
-
 DesktopEntryIndex::Entries
 DesktopEntryIndex::withStartupWmClassIgnoringCase(std::string_view key) const {
     return all(lowerWmClasses_, loweredAscii(key));
-}
-
-DesktopEntryIndex::Entries DesktopEntryIndex::withExecKey(std::string_view key) const {
-    return all(execKeys_, std::string(key));
-}
-
-DesktopEntryIndex::Entries DesktopEntryIndex::withExecPath(std::string_view path) const {
-    return all(execPaths_, std::string(path));
 }
 
 const DesktopEntry* DesktopEntryIndex::onlyVisibleWithIdEnd(std::string_view word) const {

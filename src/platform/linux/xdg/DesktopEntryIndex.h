@@ -2,7 +2,6 @@
 
 #include "platform/linux/xdg/DesktopEntry.h"
 
-#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,23 +28,33 @@ class DesktopEntryIndex {
     DesktopEntryIndex& operator=(const DesktopEntryIndex&) = delete;
 
     /// The entry with this id, exactly.
-    [[nodiscard]] const DesktopEntry* withId(std::string_view id) const;
+    [[nodiscard]] const DesktopEntry* withId(std::string_view id) const {
+        return best(ids_, std::string(id));
+    }
 
     /// The entry whose file this is.
-    [[nodiscard]] const DesktopEntry* withPath(std::string_view path) const;
+    [[nodiscard]] const DesktopEntry* withPath(std::string_view path) const {
+        return best(paths_, std::string(path));
+    }
 
     /// The entries with this StartupWMClass, best first: id equal to the key, then visible ones,
     /// then by length of Exec.
-    [[nodiscard]] Entries withStartupWmClass(std::string_view key) const;
+    [[nodiscard]] Entries withStartupWmClass(std::string_view key) const {
+        return all(wmClasses_, std::string(key));
+    }
 
     /// Case-insensitive withStartupWmClass().
     [[nodiscard]] Entries withStartupWmClassIgnoringCase(std::string_view key) const;
 
     /// The entries whose command has this key, best first as for StartupWMClass.
-    [[nodiscard]] Entries withExecKey(std::string_view key) const;
+    [[nodiscard]] Entries withExecKey(std::string_view key) const {
+        return all(execKeys_, std::string(key));
+    }
 
     /// The entries that start this file, best first: visible ones, then by length of Exec.
-    [[nodiscard]] Entries withExecPath(std::string_view path) const;
+    [[nodiscard]] Entries withExecPath(std::string_view path) const {
+        return all(execPaths_, std::string(path));
+    }
 
     /// The only visible entry whose id ends in a dot and this word, ignoring case.
     [[nodiscard]] const DesktopEntry* onlyVisibleWithIdEnd(std::string_view word) const;

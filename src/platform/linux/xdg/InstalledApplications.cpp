@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <set>
 #include <string_view>
 #include <utility>
 

@@ -15,14 +15,6 @@ InstalledBundle::InstalledBundle(std::string identifier, std::string version,
     resources_ = (executableFolder / "../share/calmora").lexically_normal();
 }
 
-std::optional<std::string> InstalledBundle::bundleIdentifier() const {
-    return identifier_.empty() ? std::nullopt : std::optional(identifier_);
-}
-
-std::optional<std::string> InstalledBundle::shortVersion() const {
-    return version_.empty() ? std::nullopt : std::optional(version_);
-}
-
 std::optional<std::filesystem::path> InstalledBundle::resource(const std::string& name,
                                                                const std::string& extension) const {
     std::filesystem::path file = resources_ / (extension.empty() ? name : name + "." + extension);

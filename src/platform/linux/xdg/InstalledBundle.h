@@ -16,8 +16,14 @@ class InstalledBundle final : public Bundle {
     InstalledBundle(std::string identifier, std::string version,
                     std::filesystem::path executableFolder = {});
 
-    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override;
-    [[nodiscard]] std::optional<std::string> shortVersion() const override;
+    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override {
+        return identifier_.empty() ? std::nullopt : std::optional(identifier_);
+    }
+
+    [[nodiscard]] std::optional<std::string> shortVersion() const override {
+        return version_.empty() ? std::nullopt : std::optional(version_);
+    }
+
     [[nodiscard]] std::optional<std::filesystem::path>
     resource(const std::string& name, const std::string& extension) const override;
 

@@ -123,10 +123,6 @@ JsonUserDefaults::JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop)
     }
 }
 
-JsonUserDefaults::~JsonUserDefaults() {
-    flush();
-}
-
 void JsonUserDefaults::registerDefaults(std::map<std::string, DefaultsValue> defaults) {
     for (auto& [key, value] : defaults) {
         registered_.insert_or_assign(key, std::move(value));

@@ -26,7 +26,7 @@ class JsonUserDefaults final : public UserDefaults {
     JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop);
 
     /// Writes what is pending.
-    ~JsonUserDefaults() override;
+    ~JsonUserDefaults() override { flush(); }
 
     JsonUserDefaults(const JsonUserDefaults&) = delete;
     JsonUserDefaults& operator=(const JsonUserDefaults&) = delete;

@@ -54,10 +54,6 @@ ModifierFlags modifierFlags(Qt::KeyboardModifiers modifiers) {
 QtEventMonitor::QtEventMonitor(TransientWindows& windows)
     : windows_(windows), changed_([this](bool isListening) { setListening(isListening); }) {}
 
-Subscription QtEventMonitor::onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) {
-    return changed_.connect(std::move(handler));
-}
-
 void QtEventMonitor::reread() {
     if (changed_.hasListeners()) {
         note(windows_.modifiers().value_or(last_));

@@ -20,7 +20,9 @@ class QtEventMonitor final : public QObject, public EventMonitor {
     explicit QtEventMonitor(TransientWindows& windows);
 
     [[nodiscard]] Subscription
-    onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override;
+    onModifierFlagsChanged(std::function<void(ModifierFlags)> handler) override {
+        return changed_.connect(std::move(handler));
+    }
 
     /// Reads the keyboard again, as after events that were discarded.
     void reread();

@@ -3,7 +3,6 @@
 #include "platform/x11/hotkeys/X11Keyboard.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 #include <utility>

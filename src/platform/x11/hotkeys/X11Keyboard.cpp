@@ -3,8 +3,6 @@
 #include "platform/linux/EventPoll.h"
 #include "platform/x11/hotkeys/XcbXkb.h"
 
-#include <utility>
-
 namespace calmora {
 
 X11Keyboard::X11Keyboard(EventPoll& poll, const std::string& display)
@@ -13,10 +11,6 @@ X11Keyboard::X11Keyboard(EventPoll& poll, const std::string& display)
         watch_ = poll_.watch(connection_.descriptor(), [this] { drain(); });
         flush();
     }
-}
-
-bool X11Keyboard::isAlive() const {
-    return isUsable_ && connection_.isAlive();
 }
 
 bool X11Keyboard::setUp() {

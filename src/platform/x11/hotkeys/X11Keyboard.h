@@ -27,7 +27,7 @@ class X11Keyboard {
     X11Keyboard& operator=(const X11Keyboard&) = delete;
 
     /// Whether the server answers and has XKB and XInput 2.1.
-    [[nodiscard]] bool isAlive() const;
+    [[nodiscard]] bool isAlive() const { return isUsable_ && connection_.isAlive(); }
 
     [[nodiscard]] const X11Connection& connection() const { return connection_; }
 

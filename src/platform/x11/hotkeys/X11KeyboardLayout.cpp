@@ -58,8 +58,4 @@ std::optional<std::int64_t> X11KeyboardLayout::keyCode(std::uint32_t nativeKey) 
     return nativeKey <= lastKey ? virtualKeyCode(static_cast<X11KeyCode>(nativeKey)) : std::nullopt;
 }
 
-Subscription X11KeyboardLayout::onChanged(std::function<void()> handler) {
-    return changed_.connect(std::move(handler));
-}
-
 } // namespace calmora

@@ -18,7 +18,10 @@ class X11KeyboardLayout final : public KeyboardLayout {
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
     [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override;
-    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
+        return changed_.connect(std::move(handler));
+    }
 
   private:
     void read() const;
