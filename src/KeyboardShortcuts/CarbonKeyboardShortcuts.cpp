@@ -3,20 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <limits>
-#include <optional>
 #include <string>
 #include <utility>
 
 namespace calmora {
-namespace {
-
-std::optional<std::uint32_t> unsigned32(std::int64_t value) {
-    const bool fits = value >= 0 && value <= std::numeric_limits<std::uint32_t>::max();
-    return fits ? std::optional(static_cast<std::uint32_t>(value)) : std::nullopt;
-}
-
-} // namespace
 
 void CarbonKeyboardShortcuts::registerShortcut(const Shortcut& shortcut, Callback onKeyDown,
                                                Callback onKeyUp) {
@@ -58,12 +48,12 @@ std::int32_t CarbonKeyboardShortcuts::handle(const HotKeyEvent& event) {
 
 Subscription CarbonKeyboardShortcuts::registerWithSystem(const Shortcut& shortcut,
                                                          std::int64_t id) {
-    const auto keyCode = unsigned32(shortcut.carbonKeyCode);
-    const auto modifiers = unsigned32(shortcut.carbonModifiers);
-    const auto shortId = unsigned32(id);
     HotKeyRegistration answer{HotKeyStatus::badValue, {}};
-    if (keyCode && modifiers && shortId) {
-        answer = hotKeys_.registerHotKey(*keyCode, *modifiers, {signature, *shortId});
+    const std::int64_t values[] = {shortcut.carbonKeyCode, shortcut.carbonModifiers, id};
+    if (std::ranges::all_of(values, std::in_range<std::uint32_t, std::int64_t>)) {
+        answer = hotKeys_.registerHotKey(static_cast<std::uint32_t>(shortcut.carbonKeyCode),
+                                         static_cast<std::uint32_t>(shortcut.carbonModifiers),
+                                         {signature, static_cast<std::uint32_t>(id)});
     }
     if (answer.status == HotKeyStatus::success && answer.hotKey) {
         return std::move(answer.hotKey);

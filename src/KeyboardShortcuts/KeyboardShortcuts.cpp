@@ -96,11 +96,8 @@ void KeyboardShortcuts::removeHandler(const Name& name) {
 }
 
 void KeyboardShortcuts::removeAllHandlers() {
-    for (const Name& name : namesWithActions()) {
-        if (const auto shortcut = getShortcut(name)) {
-            unregisterShortcut(*shortcut);
-        }
-    }
+    const std::set<Name> names = namesWithActions();
+    disable({names.begin(), names.end()});
     keyDownHandlers_.clear();
     keyUpHandlers_.clear();
 }
@@ -133,10 +130,6 @@ void KeyboardShortcuts::setEnabled(bool isEnabled) {
     if (std::exchange(isEnabled_, isEnabled) != isEnabled) {
         hotKeys_.update(isEnabled_, isMenuOpen_);
     }
-}
-
-std::optional<std::string> KeyboardShortcuts::unavailableReason() const {
-    return platform_.hotKeys.unavailableReason();
 }
 
 void KeyboardShortcuts::setUp() {

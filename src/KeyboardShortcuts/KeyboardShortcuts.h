@@ -113,7 +113,9 @@ class KeyboardShortcuts {
     void setHandlersPaused(bool paused) { handlersPaused_ = paused; }
 
     /// Why no shortcut can work here, as a key of LocalizedStrings; absent if shortcuts work.
-    [[nodiscard]] std::optional<std::string> unavailableReason() const;
+    [[nodiscard]] std::optional<std::string> unavailableReason() const {
+        return platform_.hotKeys.unavailableReason();
+    }
 
     /// Formats shortcuts.
     [[nodiscard]] const ShortcutText& text() const { return text_; }

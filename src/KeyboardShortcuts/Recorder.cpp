@@ -89,18 +89,6 @@ RecorderCocoa::~RecorderCocoa() {
     recorder_.reset();
 }
 
-const KeyboardShortcuts::Name& RecorderCocoa::shortcutName() const {
-    return recorder_->shortcutName();
-}
-
-void RecorderCocoa::setShortcutName(const KeyboardShortcuts::Name& name) {
-    recorder_->setShortcutName(name);
-}
-
-bool RecorderCocoa::isRecording() const {
-    return recorder_->isRecording();
-}
-
 QSize RecorderCocoa::sizeHint() const {
     const auto widthOf = [this](const std::string& text) {
         return fontMetrics().horizontalAdvance(toQt(text));
@@ -135,8 +123,11 @@ bool RecorderCocoa::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool RecorderCocoa::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride && isMonitoring_) {
-        // Shortcuts of the window or the program do not act while recording.
+    const bool isOfText =
+        event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonDblClick ||
+        event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::ContextMenu;
+    // Nothing can be selected. Shortcuts of the window or the program do not act while recording.
+    if (isOfText || (event->type() == QEvent::ShortcutOverride && isMonitoring_)) {
         event->accept();
         return true;
     }
@@ -152,10 +143,6 @@ bool RecorderCocoa::event(QEvent* event) {
         clearFocus();
     }
     return QLineEdit::event(event);
-}
-
-void RecorderCocoa::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
 }
 
 void RecorderCocoa::focusInEvent(QFocusEvent* event) {
@@ -187,23 +174,11 @@ void RecorderCocoa::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void RecorderCocoa::mouseDoubleClickEvent(QMouseEvent* event) {
-    event->accept();
-}
-
-void RecorderCocoa::mouseMoveEvent(QMouseEvent* event) {
-    event->accept();
-}
-
 void RecorderCocoa::mousePressEvent(QMouseEvent* event) {
     event->accept();
     if (hasFocus()) {
         recorder_->startRecording();
     }
-}
-
-void RecorderCocoa::mouseReleaseEvent(QMouseEvent* event) {
-    event->accept();
 }
 
 void RecorderCocoa::paintEvent(QPaintEvent*) {
@@ -240,14 +215,6 @@ void RecorderCocoa::showEvent(QShowEvent* event) {
     preventBecomingKey();
 }
 
-Size RecorderCocoa::bounds() const {
-    return {width(), height()};
-}
-
-bool RecorderCocoa::isInWindow() const {
-    return isVisible();
-}
-
 void RecorderCocoa::showText(const std::string& text, const std::string& spoken) {
     QLineEdit::setText(toQt(text));
     setToolTip(toQt(spoken));
@@ -264,10 +231,6 @@ void RecorderCocoa::showClearButton(bool isShown) {
     cancelButton_->setVisible(isShown);
 }
 
-void RecorderCocoa::clickClearButton() {
-    clearByUser();
-}
-
 void RecorderCocoa::monitorEvents(bool isMonitoring) {
     isMonitoring_ = isMonitoring;
     if (isMonitoring) {
@@ -278,10 +241,6 @@ void RecorderCocoa::monitorEvents(bool isMonitoring) {
         qApp->removeEventFilter(this);
         releaseKeyboard();
     }
-}
-
-void RecorderCocoa::blur() {
-    clearFocus();
 }
 
 void RecorderCocoa::focus() {

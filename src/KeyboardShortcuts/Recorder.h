@@ -27,11 +27,14 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
                   QWidget* parent = nullptr);
     ~RecorderCocoa() override;
 
-    [[nodiscard]] const KeyboardShortcuts::Name& shortcutName() const;
-    void setShortcutName(const KeyboardShortcuts::Name& name);
+    [[nodiscard]] const KeyboardShortcuts::Name& shortcutName() const {
+        return recorder_->shortcutName();
+    }
+
+    void setShortcutName(const KeyboardShortcuts::Name& name) { recorder_->setShortcutName(name); }
 
     /// Whether it is recording.
-    [[nodiscard]] bool isRecording() const;
+    [[nodiscard]] bool isRecording() const { return recorder_->isRecording(); }
 
     /// Whether the control accepts the focus without a click or Tab. False for a moment after the
     /// window appears or becomes active.
@@ -45,28 +48,30 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
 
   protected:
     bool event(QEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:
-    [[nodiscard]] Size bounds() const override;
-    [[nodiscard]] bool isInWindow() const override;
+    [[nodiscard]] Size bounds() const override { return {width(), height()}; }
+
+    [[nodiscard]] bool isInWindow() const override { return isVisible(); }
+
     void showText(const std::string& text, const std::string& spoken) override;
     void setPlaceholder(const std::string& text) override;
     void showClearButton(bool isShown) override;
-    void clickClearButton() override;
+
+    void clickClearButton() override { clearByUser(); }
+
     void monitorEvents(bool isMonitoring) override;
-    void blur() override;
+
+    void blur() override { clearFocus(); }
+
     void focus() override;
     void beep() override;
     std::size_t runAlert(const RecorderAlert& alert) override;

@@ -40,14 +40,6 @@ std::optional<Shortcut> Shortcut::fromEvent(const InputEvent& event) {
     return of(event.keyCode, {event.modifiers.mask & ~ModifierFlags::function});
 }
 
-Shortcut Shortcut::of(Key key, ModifierFlags modifiers) {
-    return {key.rawValue, calmora::carbonModifiers(modifiers)};
-}
-
-ModifierFlags Shortcut::modifiers() const {
-    return modifierFlags(carbonModifiers);
-}
-
 std::string encodeShortcut(const Shortcut& shortcut) {
     return "{\"carbonKeyCode\":" + std::to_string(shortcut.carbonKeyCode) +
            ",\"carbonModifiers\":" + std::to_string(shortcut.carbonModifiers) + "}";

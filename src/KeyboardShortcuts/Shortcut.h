@@ -77,10 +77,12 @@ struct Shortcut {
     [[nodiscard]] static std::optional<Shortcut> fromEvent(const InputEvent& event);
 
     /// The shortcut of a key and event-flag modifiers.
-    [[nodiscard]] static Shortcut of(Key key, ModifierFlags modifiers);
+    [[nodiscard]] static Shortcut of(Key key, ModifierFlags modifiers) {
+        return {key.rawValue, calmora::carbonModifiers(modifiers)};
+    }
 
     /// The modifiers in event-flag form.
-    [[nodiscard]] ModifierFlags modifiers() const;
+    [[nodiscard]] ModifierFlags modifiers() const { return modifierFlags(carbonModifiers); }
 
     /// The key.
     [[nodiscard]] Key key() const { return {carbonKeyCode}; }

@@ -174,10 +174,6 @@ RecorderVerdict ShortcutRecorder::handle(const InputEvent& event) {
     return handleKey(event);
 }
 
-void ShortcutRecorder::setStoredText() {
-    showText(environment_.shortcuts.getShortcut(name_));
-}
-
 void ShortcutRecorder::showText(const std::optional<Shortcut>& shortcut) {
     const ShortcutText& text = environment_.shortcuts.text();
     text_ = shortcut ? text.description(*shortcut) : std::string();
@@ -246,11 +242,6 @@ std::optional<std::size_t> ShortcutRecorder::ask(const RecorderAlert& alert) {
     }
     control_.focus();
     return answer;
-}
-
-RecorderVerdict ShortcutRecorder::refuse() {
-    control_.beep();
-    return RecorderVerdict::swallow;
 }
 
 } // namespace calmora

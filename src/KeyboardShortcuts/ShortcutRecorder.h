@@ -117,13 +117,18 @@ class ShortcutRecorder {
     RecorderVerdict handle(const InputEvent& event);
 
   private:
-    void setStoredText();
+    void setStoredText() { showText(environment_.shortcuts.getShortcut(name_)); }
+
     void showText(const std::optional<Shortcut>& shortcut);
     RecorderVerdict handleKey(const InputEvent& event);
     RecorderVerdict record(const Shortcut& shortcut);
     /// The chosen button; absent if the recorder was destroyed meanwhile.
     std::optional<std::size_t> ask(const RecorderAlert& alert);
-    [[nodiscard]] RecorderVerdict refuse();
+
+    [[nodiscard]] RecorderVerdict refuse() {
+        control_.beep();
+        return RecorderVerdict::swallow;
+    }
 
     const RecorderEnvironment& environment_;
     RecorderControl& control_;

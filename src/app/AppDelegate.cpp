@@ -1,6 +1,5 @@
 #include "app/AppDelegate.h"
 
-#include "app/AppToolkit.h"
 #include "autoquit/AutoQuitManager.h"
 #include "platform/Bundle.h"
 #include "platform/InputGate.h"
@@ -53,33 +52,23 @@ void AppDelegate::wireShortcuts() {
             togglePopover();
         }
     };
-    hotKeyManager_.onQuitAll = [this] { quitAll(); };
-    hotKeyManager_.onForceQuitAll = [this] { forceQuitAll(); };
+    hotKeyManager_.onQuitAll = [this] { quitAll(/*force=*/false); };
+    hotKeyManager_.onForceQuitAll = [this] { quitAll(/*force=*/true); };
     hotKeyManager_.registerShortcuts();
 }
 
-QuitOutcome AppDelegate::quitAll() {
+QuitOutcome AppDelegate::quitAll(bool force) {
     AppListViewModel applications(settings_, platform_);
     applications.refresh();
     const std::size_t ticked = applications.selectedCount();
-    return {ticked, quitSelected(applications, /*force=*/false)};
-}
-
-QuitOutcome AppDelegate::forceQuitAll() {
-    AppListViewModel applications(settings_, platform_);
-    applications.refresh();
-    const std::size_t ticked = applications.selectedCount();
-    if (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked)) {
+    if (force &&
+        (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
         return {ticked, 0};
     }
-    return {ticked, quitSelected(applications, /*force=*/true)};
-}
-
-/// Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
-std::size_t AppDelegate::quitSelected(AppListViewModel& applications, bool force) {
     const std::size_t ended = applications.quitSelected(force);
+    // Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
     input_.discardQueuedInput();
-    return ended;
+    return {ticked, ended};
 }
 
 std::vector<AppInfo> AppDelegate::rows() {
@@ -135,14 +124,6 @@ std::vector<StatusMenuItem> AppDelegate::contextMenu() {
              .keyEquivalent = "q",
              .isEnabled = true,
              .action = [this] { quitApp(); }}};
-}
-
-void AppDelegate::showAbout() {
-    toolkit_.orderFrontAboutPanel();
-}
-
-void AppDelegate::quitApp() {
-    toolkit_.terminate();
 }
 
 } // namespace calmora

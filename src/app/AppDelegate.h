@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/AppToolkit.h"
 #include "app/HotKeyManager.h"
 #include "model/AppInfo.h"
 #include "platform/Geometry.h"
@@ -15,8 +16,6 @@
 
 namespace calmora {
 
-class AppListViewModel;
-class AppToolkit;
 class AutoQuitManager;
 class InputGate;
 class UserDefaults;
@@ -55,11 +54,9 @@ class AppDelegate {
     /// Opens the popover unless it is shown.
     void openPopover();
 
-    /// Quits the ticked applications politely. Blocks while they may answer.
-    QuitOutcome quitAll();
-
-    /// Asks, then quits them by force. Blocks until answered.
-    QuitOutcome forceQuitAll();
+    /// Quits what a fresh list has ticked, and asks before force. Blocks until answered, and while
+    /// the applications may end.
+    QuitOutcome quitAll(bool force);
 
     /// The rows of the popover, from top to bottom. CPU use is that since the last call.
     [[nodiscard]] std::vector<AppInfo> rows();
@@ -68,10 +65,10 @@ class AppDelegate {
     void showContextMenu();
 
     /// Shows the About panel.
-    void showAbout();
+    void showAbout() { toolkit_.orderFrontAboutPanel(); }
 
     /// Ends the program.
-    void quitApp();
+    void quitApp() { toolkit_.terminate(); }
 
     /// The preferences.
     [[nodiscard]] AppSettings& settings() { return settings_; }
@@ -82,7 +79,6 @@ class AppDelegate {
   private:
     [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
     void wireShortcuts();
-    std::size_t quitSelected(AppListViewModel& applications, bool force);
 
     AppSettings settings_;
     std::unique_ptr<Updater> updaterController_;

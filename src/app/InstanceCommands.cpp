@@ -90,9 +90,9 @@ CommandAnswer InstanceCommands::run(const CommandLine& line) {
         actions_.openSettings();
         return {};
     case AppCommand::quitAll:
-        return answer(delegate_.quitAll());
+        return answer(delegate_.quitAll(/*force=*/false));
     case AppCommand::forceQuitAll:
-        return answer(delegate_.forceQuitAll());
+        return answer(delegate_.quitAll(/*force=*/true));
     case AppCommand::list: {
         const auto rows = delegate_.rows();
         return {CommandStatus::done, line.asJson ? listAsJson(rows) : listAsText(rows)};

@@ -5,8 +5,6 @@
 
 namespace calmora {
 
-ActivityTracker::ActivityTracker(Platform platform) : platform_(platform) {}
-
 void ActivityTracker::startTracking() {
     if (observer_) {
         return;
@@ -22,10 +20,6 @@ void ActivityTracker::startTracking() {
     observer_ = platform_.workspace.onActivated(record);
 }
 
-void ActivityTracker::recordActivation(const std::string& bundleIdentifier, Date date) {
-    lastActiveTime_.insert_or_assign(bundleIdentifier, date);
-}
-
 std::vector<std::string>
 ActivityTracker::inactiveApps(std::chrono::duration<double> threshold) const {
     const Date now = platform_.clock.now();
@@ -37,11 +31,6 @@ ActivityTracker::inactiveApps(std::chrono::duration<double> threshold) const {
         }
     }
     return inactive;
-}
-
-void ActivityTracker::pruneEntries(const std::set<std::string>& bundleIdentifiers) {
-    std::erase_if(lastActiveTime_,
-                  [&](const auto& entry) { return !bundleIdentifiers.contains(entry.first); });
 }
 
 } // namespace calmora

@@ -21,14 +21,16 @@ class ActivityTracker {
     using Date = std::chrono::system_clock::time_point;
 
     /// Starts empty and unsubscribed.
-    explicit ActivityTracker(Platform platform);
+    explicit ActivityTracker(Platform platform) : platform_(platform) {}
 
     /// Records the frontmost application as activated now, and every activation from here on. Does
     /// nothing if it is tracking already.
     void startTracking();
 
     /// Sets the time of an application's latest activation.
-    void recordActivation(const std::string& bundleIdentifier, Date date);
+    void recordActivation(const std::string& bundleIdentifier, Date date) {
+        lastActiveTime_.insert_or_assign(bundleIdentifier, date);
+    }
 
     /// The applications whose latest activation was more than `threshold` ago, in no particular
     /// order.
@@ -36,7 +38,10 @@ class ActivityTracker {
     inactiveApps(std::chrono::duration<double> threshold) const;
 
     /// Forgets all other applications.
-    void pruneEntries(const std::set<std::string>& bundleIdentifiers);
+    void pruneEntries(const std::set<std::string>& bundleIdentifiers) {
+        std::erase_if(lastActiveTime_,
+                      [&](const auto& entry) { return !bundleIdentifiers.contains(entry.first); });
+    }
 
     /// The latest activation of each application seen.
     [[nodiscard]] const std::map<std::string, Date>& lastActiveTime() const {

@@ -8,8 +8,6 @@
 
 namespace calmora {
 
-ProcessTreeSampler::ProcessTreeSampler(Platform platform) : platform_(platform) {}
-
 void ProcessTreeSampler::beginPass(const std::vector<WorkspaceApplication>& running) {
     children_.reset();
     std::erase_if(samples_, [&running](const auto& sample) {

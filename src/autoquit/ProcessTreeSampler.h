@@ -20,7 +20,7 @@ class ProcessTreeSampler {
     static constexpr std::chrono::minutes longestInterval{3};
 
     /// The platform's parts must outlive the sampler.
-    explicit ProcessTreeSampler(Platform platform);
+    explicit ProcessTreeSampler(Platform platform) : platform_(platform) {}
 
     /// Starts a pass over these running applications: forgets the process tree and the samples of
     /// all others.

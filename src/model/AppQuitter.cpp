@@ -106,10 +106,6 @@ std::set<ProcessId> AppQuitter::quitApps(std::span<const AppInfo> apps, bool for
     return gone;
 }
 
-Application AppQuitter::lookupApp(ProcessId pid) const {
-    return operations_.lookupApp(pid);
-}
-
 bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout) {
     // The wall clock may be set back, and the wait would then block the whole program.
     const std::chrono::nanoseconds start = clock_.ticks();

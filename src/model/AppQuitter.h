@@ -72,7 +72,7 @@ class AppQuitter {
     std::set<ProcessId> quitApps(std::span<const AppInfo> apps, bool force);
 
     /// The running application with a process id; null where there is none.
-    [[nodiscard]] Application lookupApp(ProcessId pid) const;
+    [[nodiscard]] Application lookupApp(ProcessId pid) const { return operations_.lookupApp(pid); }
 
     /// Waits until none of the processes exists; false if some still do after `timeout`. Tests at
     /// least once, and does not sleep if they are gone already.

@@ -34,8 +34,6 @@ AppInfo record(const WorkspaceApplication& application) {
 
 } // namespace
 
-ProcessMonitor::ProcessMonitor(Platform platform) : platform_(platform) {}
-
 std::vector<AppInfo> ProcessMonitor::getRunningApps(const ApplicationSnapshot& running,
                                                     bool includeFinder) const {
     const std::optional<std::string> own = platform_.bundle.bundleIdentifier();

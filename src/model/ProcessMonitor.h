@@ -16,7 +16,7 @@ namespace calmora {
 /// nothing between calls. Main thread.
 class ProcessMonitor {
   public:
-    explicit ProcessMonitor(Platform platform);
+    explicit ProcessMonitor(Platform platform) : platform_(platform) {}
 
     /// The regular applications that have a name, sorted by it, without this program and, unless
     /// `includeFinder`, without the file manager. Equal names keep the workspace's order.

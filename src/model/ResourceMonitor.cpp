@@ -22,8 +22,6 @@ double percent(const ResourceMonitor::Snapshot& before, const ResourceMonitor::S
 
 } // namespace
 
-ResourceMonitor::ResourceMonitor(Platform platform) : platform_(platform) {}
-
 std::optional<ResourceUsage> ResourceMonitor::getUsage(ProcessId process) {
     const std::optional<ProcessCounters> counters = platform_.processes.counters(process);
     if (!counters) {

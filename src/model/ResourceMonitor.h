@@ -40,7 +40,7 @@ class ResourceMonitor {
     using Snapshots = std::unordered_map<ProcessId, Snapshot>;
     using Usages = std::unordered_map<ProcessId, ResourceUsage>;
 
-    explicit ResourceMonitor(Platform platform);
+    explicit ResourceMonitor(Platform platform) : platform_(platform) {}
 
     /// Samples one process. Absent if its counters cannot be read; its snapshot then stays.
     [[nodiscard]] std::optional<ResourceUsage> getUsage(ProcessId process);

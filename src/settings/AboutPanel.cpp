@@ -24,7 +24,7 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName("aboutPanel");
     setWindowTitle(QString::fromStdString(strings.text("About Calmora")));
-    answerMenuKeys(*this, strings);
+    answerMenuKeys(*this);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(56, 28, 56, 32);

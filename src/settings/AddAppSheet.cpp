@@ -6,7 +6,6 @@
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"
-#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QEvent>

@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace calmora {
 
@@ -35,10 +36,14 @@ enum class QuitMode { normal, force };
 }
 
 /// Whether rows show the CPU figure.
-[[nodiscard]] bool showsCPU(ResourceDisplay display);
+[[nodiscard]] constexpr bool showsCPU(ResourceDisplay display) {
+    return display == ResourceDisplay::cpuOnly || display == ResourceDisplay::both;
+}
 
 /// Whether rows show the memory figure.
-[[nodiscard]] bool showsMemory(ResourceDisplay display);
+[[nodiscard]] constexpr bool showsMemory(ResourceDisplay display) {
+    return display == ResourceDisplay::memoryOnly || display == ResourceDisplay::both;
+}
 
 /// All preferences with their keys and defaults. One instance, shared by reference. Main thread.
 class AppSettings final : public PreferenceTable {
@@ -87,10 +92,18 @@ class AppSettings final : public PreferenceTable {
     Preference<std::set<std::string>> neverQuitApps{*this, "neverQuitApps", {}};
 
     /// Inserts an identifier into neverQuitApps. Persists and notifies even if it was there.
-    void addToNeverQuit(const std::string& bundleIdentifier);
+    void addToNeverQuit(const std::string& bundleIdentifier) {
+        std::set<std::string> list = neverQuitApps();
+        list.insert(bundleIdentifier);
+        neverQuitApps.setAndNotify(std::move(list));
+    }
 
     /// Removes an identifier from neverQuitApps. Persists and notifies even if it was not there.
-    void removeFromNeverQuit(const std::string& bundleIdentifier);
+    void removeFromNeverQuit(const std::string& bundleIdentifier) {
+        std::set<std::string> list = neverQuitApps();
+        list.erase(bundleIdentifier);
+        neverQuitApps.setAndNotify(std::move(list));
+    }
 };
 
 } // namespace calmora

@@ -8,7 +8,6 @@
 #include "widgets/DisplayText.h"
 #include "widgets/Form.h"
 #include "widgets/Labels.h"
-#include "widgets/Metrics.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -28,7 +28,9 @@ class PreferenceTable {
     PreferenceTable& operator=(const PreferenceTable&) = delete;
 
     /// Calls `handler` after each change of any preference until the token ends.
-    [[nodiscard]] Subscription observeAny(std::function<void()> handler);
+    [[nodiscard]] Subscription observeAny(std::function<void()> handler) {
+        return changed_.connect([handler = std::move(handler)](std::string_view) { handler(); });
+    }
 
     /// Sets every preference to its default, in the order of declaration, so that every key is
     /// written. Stops if a handler destroys the table.
@@ -67,17 +69,19 @@ class PreferenceBase {
 
   protected:
     /// Adds the preference to the table. `key` must be a literal.
-    PreferenceBase(PreferenceTable& table, const char* key);
+    PreferenceBase(PreferenceTable& table, const char* key) : table_(table), key_(key) {
+        table_.rows_->push_back(this);
+    }
 
     ~PreferenceBase() = default;
 
     /// Registers the default and reads the store.
     [[nodiscard]] std::optional<DefaultsValue> load(DefaultsValue initial) const;
 
-    void persist(DefaultsValue value) const;
+    void persist(DefaultsValue value) const { table_.defaults_.set(key_, std::move(value)); }
 
     /// A handler may destroy the preference: call last.
-    void notify() const;
+    void notify() const { table_.changed_.emit(key_); }
 
   private:
     PreferenceTable& table_;

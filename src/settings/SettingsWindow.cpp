@@ -12,7 +12,7 @@ SettingsWindow::SettingsWindow(const LocalizedStrings& strings)
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName("settingsWindow");
     setWindowTitle(QString::fromStdString(strings.text("Calmora Settings")));
-    answerMenuKeys(*this, strings);
+    answerMenuKeys(*this);
 }
 
 void SettingsWindow::setContent(QWidget* content) {

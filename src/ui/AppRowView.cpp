@@ -2,8 +2,8 @@
 
 #include "ui/RowLayout.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
 #include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -28,7 +28,6 @@ constexpr int quitPoints = 16;
 /// Controls take clicks a little beyond what they draw.
 constexpr int clickMargin = 5;
 constexpr int hoverMilliseconds = 100;
-constexpr double backgroundOpacity = 0.7;
 
 /// Figures of the usual length keep their column, so that nothing jumps when digits change.
 int columnWidth(const QFontMetrics& metrics, const QString& text, const QString& usual) {
@@ -58,10 +57,6 @@ AppRowView::AppRowView(QWidget* parent)
             quit();
         }
     });
-}
-
-AppRowView::AppRowView(AppRow row, QWidget* parent) : AppRowView(parent) {
-    setRow(std::move(row));
 }
 
 void AppRowView::setRow(AppRow row) {
@@ -139,10 +134,6 @@ void AppRowView::showState() {
     say(*this, (QStringList(name_) + details).join(", "));
     check_->setOpacity(opacity());
     quit_->setOpacity(opacity());
-}
-
-double AppRowView::opacity() const {
-    return presence_ * (row_.app.isBackgroundApp ? backgroundOpacity : 1.0);
 }
 
 QRect AppRowView::mirrored(const QRect& bounds) const {
@@ -269,10 +260,6 @@ void AppRowView::paintEvent(QPaintEvent* event) {
     drawRowFocus(painter, *this);
 }
 
-void AppRowView::resizeEvent(QResizeEvent*) {
-    arrange();
-}
-
 void AppRowView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange ||
         event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::StyleChange) {
@@ -286,14 +273,6 @@ void AppRowView::changeEvent(QEvent* event) {
         update();
     }
     StackRow::changeEvent(event);
-}
-
-void AppRowView::enterEvent(QEnterEvent*) {
-    setHovered(true);
-}
-
-void AppRowView::leaveEvent(QEvent*) {
-    setHovered(false);
 }
 
 void AppRowView::hideEvent(QHideEvent*) {
@@ -392,10 +371,6 @@ std::vector<QWidget*> AppRowView::tabStops(int) {
         stops.push_back(this);
     }
     return stops;
-}
-
-QSize AppRowView::sizeHint() const {
-    return {360, appRowHeight};
 }
 
 } // namespace calmora

@@ -35,7 +35,6 @@ struct AppRow {
 class AppRowView final : public StackRow {
   public:
     explicit AppRowView(QWidget* parent = nullptr);
-    explicit AppRowView(AppRow row, QWidget* parent = nullptr);
 
     /// Shows other values; another process id makes it another row.
     void setRow(AppRow row);
@@ -43,7 +42,7 @@ class AppRowView final : public StackRow {
     /// Whether the pointer is over the row.
     [[nodiscard]] bool isHovered() const { return isHovered_; }
 
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return {360, appRowHeight}; }
 
     [[nodiscard]] QAccessible::Role accessibleRole() const override {
         return QAccessible::ListItem;
@@ -58,11 +57,16 @@ class AppRowView final : public StackRow {
   protected:
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
+
+    void enterEvent(QEnterEvent*) override { setHovered(true); }
+
     void hideEvent(QHideEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+
+    void leaveEvent(QEvent*) override { setHovered(false); }
+
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+
+    void resizeEvent(QResizeEvent*) override { arrange(); }
 
   private:
     /// One shown figure: a symbol and a text, right-aligned in a column.
@@ -78,7 +82,11 @@ class AppRowView final : public StackRow {
     [[nodiscard]] std::vector<Figure> figures() const;
     [[nodiscard]] QRect mirrored(const QRect& bounds) const;
     void paintBadge(QPainter& painter, const Theme& theme) const;
-    [[nodiscard]] double opacity() const;
+
+    /// Background applications are fainter.
+    [[nodiscard]] double opacity() const {
+        return presence_ * (row_.app.isBackgroundApp ? 0.7 : 1.0);
+    }
 
     AppRow row_;
     bool isHovered_ = false;

@@ -3,7 +3,6 @@
 #include "ui/AppRowView.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
@@ -156,13 +155,6 @@ BackgroundGroupRowView::BackgroundGroupRowView(QWidget* parent)
     });
 }
 
-BackgroundGroupRowView::BackgroundGroupRowView(BackgroundGroupRow row, QWidget* parent)
-    : BackgroundGroupRowView(parent) {
-    setRow(std::move(row));
-}
-
-BackgroundGroupRowView::~BackgroundGroupRowView() = default;
-
 void BackgroundGroupRowView::setRow(BackgroundGroupRow row) {
     row_ = std::move(row);
     header_->showGroup();
@@ -183,16 +175,8 @@ void BackgroundGroupRowView::setExpanded(bool expanded) {
     updateGeometry();
 }
 
-void BackgroundGroupRowView::setOnExpandedChanged(std::function<void(bool)> handler) {
-    onExpandedChanged_ = std::move(handler);
-}
-
 int BackgroundGroupRowView::heightOf(const AppInfo& app, bool isExpanded) {
     return groupHeaderHeight + (isExpanded ? static_cast<int>(memberCount(app)) * appRowHeight : 0);
-}
-
-QSize BackgroundGroupRowView::sizeHint() const {
-    return {360, heightOf(row_.app, isExpanded_)};
 }
 
 void BackgroundGroupRowView::setPresence(double presence) {

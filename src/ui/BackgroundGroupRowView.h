@@ -5,6 +5,7 @@
 #include "ui/RowStack.h"
 
 #include <functional>
+#include <utility>
 
 namespace calmora {
 
@@ -30,8 +31,6 @@ struct BackgroundGroupRow {
 class BackgroundGroupRowView final : public StackRow {
   public:
     explicit BackgroundGroupRowView(QWidget* parent = nullptr);
-    explicit BackgroundGroupRowView(BackgroundGroupRow row, QWidget* parent = nullptr);
-    ~BackgroundGroupRowView() override;
 
     void setRow(BackgroundGroupRow row);
 
@@ -43,12 +42,14 @@ class BackgroundGroupRowView final : public StackRow {
 
     /// Called after the user opened or closed the group; the owner then gives the view the height
     /// of sizeHint(), at once or animated.
-    void setOnExpandedChanged(std::function<void(bool)> handler);
+    void setOnExpandedChanged(std::function<void(bool)> handler) {
+        onExpandedChanged_ = std::move(handler);
+    }
 
     /// The height of a group with its header and, when expanded, its members.
     [[nodiscard]] static int heightOf(const AppInfo& app, bool isExpanded);
 
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return {360, heightOf(row_.app, isExpanded_)}; }
 
     [[nodiscard]] QAccessible::Role accessibleRole() const override {
         return QAccessible::Grouping;

@@ -12,7 +12,6 @@
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"
-#include "widgets/Metrics.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -148,10 +147,6 @@ void MenuPopoverView::arrange() {
     footer->addWidget(status_, 1);
     footer->addWidget(gear_);
     column->addLayout(footer);
-}
-
-QSize MenuPopoverView::sizeHint() const {
-    return {360, 500};
 }
 
 void MenuPopoverView::showEvent(QShowEvent* event) {

@@ -51,7 +51,7 @@ class MenuPopoverView final : public QWidget {
     /// Whether the popover is in force mode.
     [[nodiscard]] bool isForceQuit() const { return isForceQuit_; }
 
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return {360, 500}; }
 
   protected:
     void changeEvent(QEvent* event) override;

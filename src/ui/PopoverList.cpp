@@ -5,7 +5,6 @@
 #include "ui/BackgroundGroupRowView.h"
 #include "ui/RowStack.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
@@ -13,7 +12,6 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
 
 #include <utility>
 
@@ -279,10 +277,6 @@ void PopoverList::reveal(int top, int height) {
 void PopoverList::updateBand() {
     const int top = verticalScrollBar()->value();
     stack_->setBand(top, top + viewport()->height());
-}
-
-void PopoverList::scrollToTop() {
-    verticalScrollBar()->setValue(0);
 }
 
 void PopoverList::scroll(QKeyEvent& event) {

@@ -5,6 +5,7 @@
 #include "ui/RowLayout.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include <functional>
 #include <map>
@@ -42,7 +43,7 @@ class PopoverList final : public QScrollArea {
     /// Lets the next list appear without motion.
     void startOver() { slots_.clear(); }
 
-    void scrollToTop();
+    void scrollToTop() { verticalScrollBar()->setValue(0); }
 
     /// Forwards a key that scrolls to the scroll bar.
     void scroll(QKeyEvent& event);

@@ -1,6 +1,7 @@
 #include "ui/RowLayout.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -15,18 +16,9 @@ int between(int from, int to, double part) {
 } // namespace
 
 std::chrono::milliseconds duration(RowMotion motion) {
-    using namespace std::chrono_literals;
-    switch (motion) {
-    case RowMotion::jump:
-        return 0ms;
-    case RowMotion::removal:
-        return 250ms;
-    case RowMotion::count:
-        return 200ms;
-    case RowMotion::expansion:
-        return 150ms;
-    }
-    return 0ms;
+    // In the order of RowMotion.
+    constexpr std::array<int, 4> milliseconds{0, 250, 200, 150};
+    return std::chrono::milliseconds(milliseconds.at(static_cast<std::size_t>(motion)));
 }
 
 double eased(RowMotion motion, double t) {
@@ -61,14 +53,6 @@ RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom) {
         }
     }
     return range;
-}
-
-std::optional<std::size_t> findRow(std::span<const PlacedRow> rows, const RowKey& key) {
-    const auto found = std::ranges::find(rows, key, &PlacedRow::key);
-    if (found == rows.end()) {
-        return {};
-    }
-    return static_cast<std::size_t>(found - rows.begin());
 }
 
 RowGlide::RowGlide(std::span<const PlacedRow> shown, std::vector<PlacedRow> target,

@@ -100,10 +100,6 @@ struct RowRange {
 /// From the first to the last row that reaches into the band from `top` to `bottom`.
 [[nodiscard]] RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom);
 
-/// The row with this key; absent when there is none.
-[[nodiscard]] std::optional<std::size_t> findRow(std::span<const PlacedRow> rows,
-                                                 const RowKey& key);
-
 /// A list on its way from one arrangement to the next. Rows that stay move and resize, new rows
 /// fade in at their final position, rows that left disappear at once.
 class RowGlide {

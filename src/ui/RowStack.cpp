@@ -1,6 +1,5 @@
 #include "ui/RowStack.h"
 
-#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QAccessibleWidget>
@@ -53,8 +52,6 @@ RowStack::RowStack(Callbacks callbacks, QWidget* parent)
     connect(&clock_, &QVariantAnimation::finished, this, [this] { arrange(); });
 }
 
-RowStack::~RowStack() = default;
-
 void RowStack::setRows(std::vector<RowSlot> slots, RowMotion motion) {
     std::set<RowKey> seen;
     std::erase_if(slots, [&](const RowSlot& slot) { return !seen.insert(slot.key).second; });
@@ -106,10 +103,6 @@ StackRow* RowStack::rowWidget(const RowKey& key) const {
     return found == live_.end() ? nullptr : found->second.get();
 }
 
-bool RowStack::isMoving() const {
-    return clock_.state() == QAbstractAnimation::Running;
-}
-
 void RowStack::arrange() {
     placed_ =
         isMoving() ? glide_.at(std::chrono::milliseconds(clock_.currentTime())) : glide_.target();
@@ -154,10 +147,6 @@ void RowStack::updateHover() {
     for (const auto& [key, row] : live_) {
         row->updateHover();
     }
-}
-
-void RowStack::leaveEvent(QEvent*) {
-    updateHover();
 }
 
 bool RowStack::eventFilter(QObject* watched, QEvent* event) {
@@ -228,9 +217,10 @@ std::optional<RowLine> RowStack::lineForKeyboard() const {
     }
     const RowRange inSight = rowsInSight(placed_, bandTop_, bandBottom_);
     if (lastFocused_) {
-        const auto index = findRow(placed_, *lastFocused_);
-        if (index && inSight.contains(*index)) {
-            return RowLine{*index, std::clamp(lastLine_, 0, std::max(0, slots_[*index].lines - 1))};
+        const auto slot = std::ranges::find(slots_, *lastFocused_, &RowSlot::key);
+        const auto row = static_cast<std::size_t>(slot - slots_.begin());
+        if (slot != slots_.end() && inSight.contains(row)) {
+            return RowLine{row, std::clamp(lastLine_, 0, std::max(0, slot->lines - 1))};
         }
     }
     for (std::size_t i = inSight.first; i < std::min(inSight.end, placed_.size()); ++i) {

@@ -64,7 +64,6 @@ class RowStack final : public QWidget {
     };
 
     RowStack(Callbacks callbacks, QWidget* parent);
-    ~RowStack() override;
 
     /// Shows other rows, or the same ones with other values. Of rows with one key the first is
     /// shown. The same rows as before leave a motion that is under way alone.
@@ -76,7 +75,7 @@ class RowStack final : public QWidget {
     /// The widget of a row, while there is one; null otherwise.
     [[nodiscard]] StackRow* rowWidget(const RowKey& key) const;
 
-    [[nodiscard]] bool isMoving() const;
+    [[nodiscard]] bool isMoving() const { return clock_.state() == QAbstractAnimation::Running; }
 
     /// Moves the focus a line down (1) or up (-1), from outside to the first visible line.
     /// False when there is no line to move to.
@@ -93,7 +92,9 @@ class RowStack final : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+
+    void leaveEvent(QEvent*) override { updateHover(); }
+
     /// A row that moved under the resting pointer gets no leave event; the next row that the
     /// pointer enters updates it.
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,8 +1,8 @@
 #include "ui/SearchBox.h"
 
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
 #include "widgets/Pictures.h"
+#include "widgets/Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -81,10 +81,6 @@ bool SearchBox::eventFilter(QObject* watched, QEvent* event) {
         update();
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void SearchBox::mousePressEvent(QMouseEvent*) {
-    field_->setFocus(Qt::MouseFocusReason);
 }
 
 void SearchBox::paintEvent(QPaintEvent*) {

@@ -21,7 +21,9 @@ class SearchBox final : public QWidget {
   protected:
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
+
+    void mousePressEvent(QMouseEvent*) override { field_->setFocus(Qt::MouseFocusReason); }
+
     void paintEvent(QPaintEvent* event) override;
 
   private:

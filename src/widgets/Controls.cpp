@@ -39,13 +39,6 @@ bool handleKey(QAbstractButton& button, QKeyEvent& event) {
     }
 }
 
-/// Sizes a control by its text, wrapped to its width.
-void setHeightForWidth(QWidget& widget, QSizePolicy::Policy horizontal) {
-    QSizePolicy policy(horizontal, QSizePolicy::Minimum);
-    policy.setHeightForWidth(true);
-    widget.setSizePolicy(policy);
-}
-
 } // namespace
 
 Button::Button(const QString& text, ButtonLook look, QWidget* parent)
@@ -137,10 +130,6 @@ void CheckBox::setOpacity(double opacity) {
 QSize CheckBox::sizeHint() const {
     const int side = metrics::checkBox + 2 * metrics::focusRing;
     return {side, side};
-}
-
-bool CheckBox::hitButton(const QPoint& position) const {
-    return rect().contains(position);
 }
 
 void CheckBox::keyPressEvent(QKeyEvent* event) {

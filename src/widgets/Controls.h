@@ -1,6 +1,5 @@
 #pragma once
 
-#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QCheckBox>
@@ -101,7 +100,10 @@ class CheckBox : public QCheckBox {
   protected:
     void nextCheckState() override {}
 
-    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override {
+        return rect().contains(position);
+    }
+
     void keyPressEvent(QKeyEvent* event) override;
 
   private:

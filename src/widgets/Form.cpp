@@ -1,7 +1,6 @@
 #include "widgets/Form.h"
 
 #include "widgets/Labels.h"
-#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QApplication>
@@ -96,9 +95,7 @@ PairRow::PairRow(QWidget* parent)
                                 metrics::rowPadding);
     layout_->setSpacing(metrics::rowSpacing);
     setMinimumHeight(metrics::formRow);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setHeightForWidth(*this, QSizePolicy::Preferred);
 }
 
 void PairRow::setParts(QWidget* leading, QWidget* trailing) {
@@ -182,10 +179,6 @@ PickerRow::PickerRow(const QString& title, const std::vector<PickerOption>& opti
             [picker = picker_, pick = std::move(onPick)](int index) {
                 pick(picker->itemData(index).toLongLong());
             });
-}
-
-void PickerRow::setValue(std::int64_t value) {
-    picker_->setCurrentIndex(picker_->findData(static_cast<qlonglong>(value)));
 }
 
 Form::Form(QWidget* parent) : QScrollArea(parent) {

@@ -102,7 +102,9 @@ class PickerRow final : public PairRow {
               std::function<void(std::int64_t)> onPick, QWidget* parent = nullptr);
 
     /// Shows the option with this value, or nothing if there is none.
-    void setValue(std::int64_t value);
+    void setValue(std::int64_t value) {
+        picker_->setCurrentIndex(picker_->findData(static_cast<qlonglong>(value)));
+    }
 
     /// The picker of this row.
     [[nodiscard]] QComboBox& picker() { return *picker_; }

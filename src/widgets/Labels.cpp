@@ -1,7 +1,6 @@
 #include "widgets/Labels.h"
 
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
 #include "widgets/Pictures.h"
 
 #include <QFontMetrics>
@@ -30,10 +29,6 @@ void Label::setWeight(QFont::Weight weight) {
     updateGeometry();
 }
 
-QFont Label::styledFont() const {
-    return weight_ ? Theme::font(style_, *weight_) : Theme::font(style_);
-}
-
 QSize Label::sizeHint() const {
     const QFontMetrics metrics(styledFont());
     return {metrics.horizontalAdvance(text()) + 1, metrics.height()};
@@ -59,9 +54,7 @@ void Label::paintEvent(QPaintEvent*) {
 Paragraph::Paragraph(const QString& text, TextStyle style, ThemeColor color, QWidget* parent)
     : Label(text, style, color, parent) {
     setWordWrap(true);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
+    setHeightForWidth(*this, QSizePolicy::Preferred);
 }
 
 QSize Paragraph::sizeHint() const {
@@ -126,25 +119,22 @@ void SymbolView::paintEvent(QPaintEvent*) {
                Theme::of(*this).color(color_));
 }
 
-AppIconView::AppIconView(const std::optional<Image>& icon, int side, QWidget* parent)
-    : QWidget(parent), icon_(icon) {
-    setFixedSize(side, side);
-}
-
 void AppIconView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawIcon(painter, rect(), icon_, {"app.fill", width()},
              Theme::of(*this).color(ThemeColor::secondary));
 }
 
-Divider::Divider(int inset, QWidget* parent) : QWidget(parent), inset_(inset) {
-    setFixedHeight(1);
-}
-
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect().adjusted(inset_, 0, -inset_, 0),
                      Theme::of(*this).color(ThemeColor::separator));
+}
+
+void setHeightForWidth(QWidget& widget, QSizePolicy::Policy horizontal) {
+    QSizePolicy policy(horizontal, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    widget.setSizePolicy(policy);
 }
 
 int wrappedHeight(const QFont& font, const QString& text, int width) {

@@ -26,7 +26,10 @@ class Label : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
     /// The font of the style.
-    [[nodiscard]] QFont styledFont() const;
+    [[nodiscard]] QFont styledFont() const {
+        return weight_ ? Theme::font(style_, *weight_) : Theme::font(style_);
+    }
+
     /// Makes the painter draw this text.
     void prepare(QPainter& painter) const;
 
@@ -82,7 +85,10 @@ class SymbolView final : public QWidget {
 /// An application's icon in a square, or a symbol if there is no icon that can be drawn.
 class AppIconView final : public QWidget {
   public:
-    AppIconView(const std::optional<Image>& icon, int side, QWidget* parent = nullptr);
+    AppIconView(const std::optional<Image>& icon, int side, QWidget* parent = nullptr)
+        : QWidget(parent), icon_(icon) {
+        setFixedSize(side, side);
+    }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -95,7 +101,9 @@ class AppIconView final : public QWidget {
 class Divider final : public QWidget {
   public:
     /// `inset` is the space left free at both ends.
-    explicit Divider(int inset, QWidget* parent = nullptr);
+    explicit Divider(int inset, QWidget* parent = nullptr) : QWidget(parent), inset_(inset) {
+        setFixedHeight(1);
+    }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -103,6 +111,9 @@ class Divider final : public QWidget {
   private:
     int inset_;
 };
+
+/// Sizes a widget by its text, wrapped to its width.
+void setHeightForWidth(QWidget& widget, QSizePolicy::Policy horizontal);
 
 /// The height of a text wrapped to a width.
 [[nodiscard]] int wrappedHeight(const QFont& font, const QString& text, int width);

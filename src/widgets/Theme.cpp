@@ -1,6 +1,5 @@
 #include "widgets/Theme.h"
 
-#include "widgets/Metrics.h"
 #include "widgets/ThemeStyle.h"
 
 #include <QApplication>
@@ -13,6 +12,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace calmora {
@@ -23,21 +23,8 @@ constexpr double usualFontPixels = 10.0 * 96.0 / 72.0;
 
 constexpr int pictureCacheKiB = 3 * 1024;
 
-int pixels(TextStyle style) {
-    switch (style) {
-    case TextStyle::title:
-        return 22;
-    case TextStyle::title2:
-        return 17;
-    case TextStyle::headline:
-    case TextStyle::body:
-        return 13;
-    case TextStyle::caption:
-    case TextStyle::caption2:
-        return 10;
-    }
-    return 13;
-}
+/// The sizes of texts, in the order of TextStyle.
+constexpr std::array textPixels{22, 13, 13, 10, 10};
 
 QColor withAlpha(QColor color, double alpha) {
     color.setAlphaF(static_cast<float>(alpha));
@@ -109,7 +96,8 @@ QFont Theme::font(TextStyle style) {
 
 QFont Theme::font(TextStyle style, QFont::Weight weight) {
     QFont font = QApplication::font();
-    font.setPixelSize(static_cast<int>(std::lround(pixels(style) * textScale())));
+    font.setPixelSize(static_cast<int>(
+        std::lround(textPixels.at(static_cast<std::size_t>(style)) * textScale())));
     font.setWeight(weight);
     return font;
 }

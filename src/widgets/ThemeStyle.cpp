@@ -1,7 +1,7 @@
 #include "widgets/ThemeStyle.h"
 
 #include "widgets/Controls.h"
-#include "widgets/Metrics.h"
+#include "widgets/DisplayText.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
@@ -33,14 +33,13 @@ constexpr int leastTabWidth = 68;
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     const Theme theme(option.palette);
     const bool on = option.state & QStyle::State_On;
-    const bool partly = option.state & QStyle::State_NoChange;
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (!(option.state & QStyle::State_Enabled)) {
         painter.setOpacity(painter.opacity() * 0.45);
     }
-    if (on || partly) {
+    if (on) {
         QColor face = theme.color(ThemeColor::accentFace);
         if (option.state & QStyle::State_Sunken) {
             face = face.darker(115);
@@ -54,11 +53,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
         const auto at = [&](double x, double y) {
             return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
         };
-        if (on) {
-            painter.drawPolyline(QPolygonF{at(0.25, 0.53), at(0.43, 0.71), at(0.76, 0.31)});
-        } else {
-            painter.drawLine(at(0.27, 0.5), at(0.73, 0.5));
-        }
+        painter.drawPolyline(QPolygonF{at(0.25, 0.53), at(0.43, 0.71), at(0.76, 0.31)});
     } else {
         painter.setPen(QPen(theme.color(ThemeColor::controlBorder), 1));
         painter.setBrush(theme.color(
@@ -241,10 +236,8 @@ void drawPicker(QPainter& painter, const QStyleOptionComboBox& option, const QWi
                       whole.height());
     painter.setFont(Theme::font(TextStyle::body));
     painter.setPen(theme.color(ThemeColor::primary));
-    painter.drawText(QStyle::visualRect(option.direction, whole, label),
-                     static_cast<int>(QStyle::visualAlignment(option.direction,
-                                                              Qt::AlignLeft | Qt::AlignVCenter)),
-                     option.currentText);
+    drawLine(painter, QStyle::visualRect(option.direction, whole, label), option.currentText,
+             LineEnd::leading, option.direction);
     if (showsFocus(picker)) {
         drawInnerRing(painter, face, theme);
     }

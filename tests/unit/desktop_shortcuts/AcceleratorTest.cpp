@@ -6,30 +6,6 @@
 namespace calmora {
 namespace {
 
-using Found = std::optional<Accelerator>;
-
-TEST(Accelerator, ReadsBothSpellings) {
-    const std::pair<const char*, Found> gtkRows[] = {
-        {"<Primary><Alt>t", Accelerator{0x1800, "t"}},
-        {"<control><SHIFT>Left", Accelerator{0x1200, "Left"}},
-        {"Print", Accelerator{0, "Print"}},
-        {"<Hyper>a", {}},
-        {"<Alt", {}},
-    };
-    for (const auto& [text, expected] : gtkRows) {
-        EXPECT_EQ(gtkAccelerator(text), expected) << text;
-    }
-    const std::pair<const char*, Found> openboxRows[] = {
-        {"C-A-Left", Accelerator{0x1800, "Left"}},
-        {"S-W-d", Accelerator{0x300, "d"}},
-        {"F12", Accelerator{0, "F12"}},
-        {"A--", Accelerator{0x800, "-"}},
-    };
-    for (const auto& [text, expected] : openboxRows) {
-        EXPECT_EQ(openboxAccelerator(text), expected) << text;
-    }
-}
-
 TEST(Accelerator, ReadsOpenboxFiles) {
     const std::vector<Accelerator> expected{{0x800, "F4"}, {0x100, "e"}, {0x1000, "g"}, {0, "F1"}};
     EXPECT_EQ(openboxAccelerators(R"(<?xml version="1.0"?><keyboard>

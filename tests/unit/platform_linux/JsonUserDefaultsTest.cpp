@@ -156,24 +156,6 @@ TEST_F(JsonUserDefaultsTest, NeverCutsTheOldFileWhenTheDiskIsFull) {
     EXPECT_EQ(JsonUserDefaults(file, loop).string("new"), std::string(100, 'n'));
 }
 
-TEST_F(JsonUserDefaultsTest, LivesOnWhereNothingCanBeWritten) {
-    const std::filesystem::path taken = folder.path() / "taken";
-    std::filesystem::create_directories(taken);
-    mkfifo((folder.path() / "pipe").c_str(), 0600);
-    std::filesystem::create_symlink("loop", folder.path() / "loop");
-    for (const std::filesystem::path& target :
-         {std::filesystem::path("/proc/calmora/preferences.json"), taken, folder.path() / "pipe",
-          folder.path() / "loop"}) {
-        JsonUserDefaults defaults(target, loop);
-        defaults.set("a", true);
-        loop.turn();
-        EXPECT_FALSE(defaults.flush()) << target;
-        EXPECT_TRUE(defaults.boolean("a"));
-    }
-    EXPECT_TRUE(std::filesystem::is_directory(taken));
-    EXPECT_TRUE(std::filesystem::is_fifo(folder.path() / "pipe"));
-}
-
 TEST_F(JsonUserDefaultsTest, WritesThroughALinkAndKeepsPermissions) {
     const auto target = folder.write("dotfiles/calmora.json", "{}");
     chmod(target.c_str(), 0640);

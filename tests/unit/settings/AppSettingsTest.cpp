@@ -1,6 +1,9 @@
 #include "settings/AppSettings.h"
 
+#include "fakes/FakeLoginItem.h"
+#include "fakes/FakePlatform.h"
 #include "fakes/FakeUserDefaults.h"
+#include "settings/OpenAtLogin.h"
 
 #include <gtest/gtest.h>
 
@@ -108,6 +111,30 @@ TEST(AppSettings, PersistEveryWriteThenNotifyOfChanges) {
     EXPECT_EQ(heard, (std::vector<DefaultsValue>{std::int64_t{45}, Strings{"a", "b"},
                                                  Strings{"a", "b", "c"}, Strings{"a", "b", "c"},
                                                  Strings{"b", "c"}}));
+}
+
+TEST(OpenAtLogin, AppliesThePreferenceAndResetsItAfterAFailure) {
+    FakePlatform machine;
+    AppSettings settings(machine.defaults);
+    FakeLoginItem item;
+    item.enabled = true;
+    {
+        const OpenAtLogin handler(settings, item);
+        EXPECT_TRUE(settings.openAtLogin()) << "changed elsewhere";
+        EXPECT_TRUE(item.requests.empty()) << "not a change to apply";
+        settings.openAtLogin.set(false);
+        settings.openAtLogin.set(true);
+        settings.resetToDefaults();
+        EXPECT_EQ(item.requests, (std::vector<bool>{false, true, false}));
+
+        item.isRefusing = true;
+        item.requests.clear();
+        settings.openAtLogin.set(true);
+        EXPECT_FALSE(settings.openAtLogin());
+        EXPECT_EQ(item.requests, std::vector<bool>{true}) << "the reset is not applied";
+        settings.openAtLogin.set(true);
+        EXPECT_EQ(item.requests.size(), 2U) << "the next change is applied";
+    }
 }
 
 } // namespace

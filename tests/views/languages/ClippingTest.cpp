@@ -9,7 +9,7 @@
 #include "ui/PopoverFixture.h"
 #include "updates/UpdateWindow.h"
 #include "widgets/DisplayText.h"
-#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
 
 #include <gtest/gtest.h>
 

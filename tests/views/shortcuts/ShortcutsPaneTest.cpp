@@ -50,13 +50,6 @@ TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
     }
 }
 
-TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsHidden) {
-    QTest::mouseClick(&pane.recorder("quitAll"), Qt::LeftButton);
-    ASSERT_TRUE(pane.shortcuts.handlersPaused());
-    pane.window.hide();
-    EXPECT_FALSE(pane.shortcuts.handlersPaused());
-}
-
 TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsDeletedDuringAQuestion) {
     QTest::mouseClick(&pane.recorder("quitAll"), Qt::LeftButton);
     bool isEnded = false;
@@ -67,19 +60,6 @@ TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsDeletedDuringAQuestion) {
     press(pane.recorder("quitAll"), 12, Qt::ControlModifier);
     EXPECT_TRUE(isEnded) << "no question was asked";
     EXPECT_FALSE(pane.shortcuts.handlersPaused());
-}
-
-TEST(ShortcutsPaneHint, SaysWhereShortcutsDoNotWork) {
-    const std::tuple<std::optional<std::string>, const char*, const char*> rows[] = {
-        {{}, "", "Shortcuts work from any application."},
-        {{}, "Only here.", "Only here."},
-        {"Nowhere.", "Only here.", "Nowhere."},
-    };
-    for (const auto& [unavailable, limitation, hint] : rows) {
-        ShortcutsPane pane(unavailable, limitation);
-        EXPECT_EQ(pane.window.findChildren<QLabel*>().back()->text(), hint);
-        EXPECT_EQ(pane.recorder("quitAll").isEnabled(), !unavailable);
-    }
 }
 
 } // namespace

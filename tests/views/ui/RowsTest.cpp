@@ -74,7 +74,8 @@ TEST(AppRowView, ShowsANameAsItIsWrittenAndNeverAsMarkup) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string markup = "<img src=\"" + pipe + "\"> &Quit";
     const auto shown = QString::fromStdString(markup);
-    AppRowView view(AppRow{.app = app(1, markup + "\n\u202E")});
+    AppRowView view;
+    view.setRow({.app = app(1, markup + "\n\u202E")});
     view.resize(200, 44);
     view.show();
     EXPECT_TRUE(view.accessibleName().startsWith(shown));

@@ -1,6 +1,5 @@
 #include "platform/qt/window/TransientFrame.h"
 
-#include "widgets/Metrics.h"
 #include "widgets/Theme.h"
 
 #include <QCoreApplication>

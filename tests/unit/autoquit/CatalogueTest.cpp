@@ -1,9 +1,14 @@
 #include "autoquit/IdlePolicy.h"
 
+#include "autoquit/catalogue/KnownAppTable.h"
+#include "autoquit/catalogue/KnownApps.h"
 #include "autoquit/catalogue/LinuxAnnex.h"
+#include "platform/linux/identity/KnownIds.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <set>
 #include <sstream>
 
 namespace calmora {
@@ -79,19 +84,76 @@ TEST(MusicPlayers, AreThoseOfTheCatalogueAndOfLinux) {
     }
 }
 
-// Every entry of Debian 12 and 13 with the category TerminalEmulator, and those that lack it.
-TEST(LinuxAnnex, SparesEveryTerminalOfDebian) {
-    std::istringstream identifiers(
-        "Alacritty Terminal com.gexperts.Tilix com.raggesilver.BlackBox cool-retro-term cutecom "
-        "debian-uxterm debian-xterm deepin-terminal foot foot-server footclient gmrun guake "
-        "guake-indicator kitty lomiri-terminal-app lxde-x-terminal-emulator lxterminal "
-        "mate-terminal mlterm org.gnome.Console org.gnome.Ptyxis org.gnome.Terminal "
-        "org.kde.konsole org.kde.qmlkonsole org.kde.yakuake org.laptop.Terminal.activity pangoterm "
-        "pterm qterminal qterminal-drop rxvt-unicode sakura st terminator terminology terminus "
-        "termit tilda tilda-dbus x3270 xfce4-terminal xfce4-terminal-emulator xgterm xiterm+thai "
-        "zutty");
-    for (std::string identifier; identifiers >> identifier;) {
-        EXPECT_EQ(annexBehavior(identifier), IdleBehavior::neverQuit) << identifier;
+/// FNV-1a over a text and its end.
+void mix(std::uint64_t& sum, std::string_view text) {
+    for (const char letter : text) {
+        sum = (sum ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
+    }
+    sum *= 0x100000001b3;
+}
+
+TEST(KnownApps, TablesMatchTheirChecksum) {
+    std::uint64_t sum = 0xcbf29ce484222325;
+    for (const KnownAppEntry& entry : knownAppTable) {
+        const KnownAppInfo listed{std::string(entry.bundleIdentifier),
+                                  std::string(entry.displayName), entry.category,
+                                  entry.idleBehavior};
+        EXPECT_EQ(KnownApps::lookup(entry.bundleIdentifier), listed);
+        mix(sum, entry.bundleIdentifier);
+        mix(sum, entry.displayName);
+        mix(sum, std::to_string(static_cast<int>(entry.category)));
+        mix(sum, std::to_string(static_cast<int>(entry.idleBehavior)));
+    }
+    for (const std::string_view player : KnownApps::musicAppBundleIDs()) {
+        mix(sum, player);
+    }
+    EXPECT_EQ(sum, 6283804721614749214U);
+}
+
+TEST(KnownApps, PrefersListedIdentifiersToVendorPrefixes) {
+    using enum AppCategory;
+    using enum IdleBehavior;
+    for (const KnownAppInfo& expected : {
+             KnownAppInfo{"com.adobe.Photoshop", "Adobe Photoshop", creative, cautious},
+             KnownAppInfo{"com.jetbrains.fleet", "fleet", devTool, cautious},
+             KnownAppInfo{"com.adobe.suite.Extra", "Extra", creative, cautious},
+             KnownAppInfo{"com.adobe.", "", creative, cautious},
+         }) {
+        EXPECT_EQ(KnownApps::lookup(expected.bundleIdentifier), expected);
+    }
+    for (const char* unknown : {"com.apple.safari", "com.Adobe.Photoshop", "com.adobe", "",
+                                "com.tidal.desktop", "com.apple.finder2"}) {
+        EXPECT_FALSE(KnownApps::lookup(unknown)) << unknown;
+    }
+    EXPECT_FALSE(KnownApps::lookup(std::nullopt));
+}
+
+TEST(KnownIds, PointIntoTheCatalogueOrTheMusicList) {
+    // The vendor's prefix would answer for a misspelt identifier as well.
+    const std::set<std::string_view> jetBrains = {
+        "com.jetbrains.intellij", "com.jetbrains.WebStorm", "com.jetbrains.pycharm",
+        "com.jetbrains.datagrip", "com.jetbrains.CLion",    "com.jetbrains.rider",
+        "com.jetbrains.goland",   "com.jetbrains.rubymine", "com.jetbrains.PhpStorm",
+        "com.jetbrains.toolbox"};
+    std::set<std::string_view> ids;
+    for (const auto& [desktopId, wellKnown] : knownIds()) {
+        EXPECT_TRUE(ids.insert(desktopId).second) << desktopId;
+        const bool isListed = wellKnown.starts_with("com.jetbrains.")
+                                  ? jetBrains.contains(wellKnown)
+                                  : KnownApps::lookup(wellKnown).has_value();
+        EXPECT_TRUE(isListed || KnownApps::musicAppBundleIDs().contains(wellKnown))
+            << desktopId << " -> " << wellKnown;
+        EXPECT_FALSE(annexBehavior(desktopId)) << desktopId << " never comes by this name";
+    }
+}
+
+TEST(KnownIds, MapExactlyAndLeaveTheRestAlone) {
+    EXPECT_EQ(wellKnownIdentifier("spotify_spotify"), "com.spotify.client");
+    EXPECT_EQ(wellKnownIdentifier("jetbrains-clion-0a1b2c3d-1111-2222-3333-444455556666"),
+              "com.jetbrains.CLion");
+    for (const char* id : {"Firefox-esr", "galculator", "", "org.mozilla.firefox",
+                           "jetbrains-clion-0a1b2c3d-1111-2222-3333-44445555666x"}) {
+        EXPECT_EQ(wellKnownIdentifier(id), id);
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include "fakes/FakePlatform.h"
 #include "settings/AppSettings.h"
+#include "ui/ForceQuitConfirmation.h"
+
+#include <gtest/gtest.h>
 
 #include <gtest/gtest.h>
 
@@ -147,26 +150,6 @@ TEST_F(AppListViewModelTest, ShowsBackgroundApplicationsAsTheSettingsAsk) {
     EXPECT_TRUE(model.quitApp(13, false)) << "a background application can be quit";
 }
 
-TEST_F(AppListViewModelTest, PollsWithOneTimerUntilStopped) {
-    launchSome();
-    model.refresh();
-    model.startPolling(2s);
-    model.startPolling(3s);
-    EXPECT_EQ(machine.runLoop.timers(), std::vector<std::chrono::milliseconds>{3s});
-    EXPECT_EQ(machine.processes.sampled.size(), 6U) << "each start samples at once";
-    machine.processes.at(4).counters->userTime = 1'500'000'000;
-    machine.runLoop.advance(3s);
-    EXPECT_EQ(machine.processes.sampled.size(), 9U);
-    EXPECT_DOUBLE_EQ(model.apps()[2].cpuUsage.value(), 50);
-
-    machine.processes.end(4);
-    model.refresh();
-    EXPECT_EQ(model.snapshots().size(), 2U) << "nothing is kept of what ended";
-    model.stopPolling();
-    EXPECT_TRUE(machine.processes.retained.empty());
-    EXPECT_TRUE(machine.runLoop.timers().empty());
-}
-
 TEST_F(AppListViewModelTest, QuitsAndRemovesWhatHasEnded) {
     launchSome();
     launch(6, "Stays", "org.stays").endsAfterTerminate.reset();
@@ -196,6 +179,22 @@ TEST_F(AppListViewModelTest, QuitsAndRemovesWhatHasEnded) {
     model.refresh();
     EXPECT_TRUE(model.quitApp(8, false));
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
+}
+
+TEST(ForceQuitConfirmation, AsksAndTakesOnlyTheFirstButtonForYes) {
+    FakePlatform machine;
+    machine.alerts.answers = {0, 1};
+    EXPECT_TRUE(confirmForceQuitAll(machine.alerts, machine.strings, 3));
+    EXPECT_FALSE(
+        confirmForceQuit(machine.alerts, machine.strings, "Mail\n<b>%@\u202E", Image{"mail"}));
+    const Alert& all = machine.alerts.shown.at(0);
+    const Alert& one = machine.alerts.shown.at(1);
+    EXPECT_EQ(all.messageText, "Do you want to force quit 3 selected apps?");
+    EXPECT_EQ(one.messageText, "Do you want to force \"Mail <b>%@\" to quit?");
+    EXPECT_EQ(one.icon, Image{"mail"});
+    EXPECT_EQ(all.style, AlertStyle::critical);
+    EXPECT_EQ(all.buttons.at(0).title + "|" + all.buttons.at(1).title, "Force Quit All|Cancel");
+    EXPECT_TRUE(all.buttons.at(0).isDestructive && !all.buttons.at(1).isDestructive);
 }
 
 } // namespace

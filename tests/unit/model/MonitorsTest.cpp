@@ -1,0 +1,240 @@
+#include "model/ProcessMonitor.h"
+
+#include "autoquit/ProcessTreeSampler.h"
+#include "fakes/FakePlatform.h"
+#include "model/ResourceMonitor.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+namespace calmora {
+namespace {
+
+using enum ActivationPolicy;
+
+std::string listing(const std::vector<AppInfo>& apps) {
+    std::string text;
+    for (const AppInfo& app : apps) {
+        text += app.name + ":" + std::to_string(app.pid);
+        if (app.parentBundleIdentifier) {
+            text += "<" + *app.parentBundleIdentifier;
+        }
+        if (app.childProcesses) {
+            text += "[" + listing(*app.childProcesses) + "]";
+        }
+        text += " ";
+    }
+    return text;
+}
+
+FakeApplication application(ProcessId pid, std::optional<std::string> name,
+                            std::optional<std::string> identifier,
+                            ActivationPolicy policy = regular, ProcessId parent = 1) {
+    return {.pid = pid,
+            .name = std::move(name),
+            .bundleIdentifier = std::move(identifier),
+            .policy = policy,
+            .process = {.parent = parent}};
+}
+
+struct ProcessMonitorTest : testing::Test {
+    std::vector<AppInfo> runningApps(bool includeFinder) {
+        return monitor.getRunningApps(machine.workspace.runningApplications(), includeFinder);
+    }
+
+    std::vector<AppInfo> backgroundApps() {
+        return monitor.getBackgroundApps(machine.workspace.runningApplications());
+    }
+
+    FakePlatform machine;
+    ProcessMonitor monitor{machine.platform()};
+};
+
+TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
+    for (const FakeApplication& app : {
+             application(10, "beta", "org.b"),
+             application(11, "Alpha", std::nullopt),
+             application(12, "BETA", "org.b2"),
+             application(13, "Calmora", "app.calmora.Calmora"),
+             application(14, "", "org.empty"),
+             application(16, "Agent", "org.agent", accessory),
+             application(17, "Files", "com.apple.finder"),
+             application(18, "files", "com.apple.Finder"),
+         }) {
+        machine.workspace.launch(app);
+    }
+    EXPECT_EQ(listing(runningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
+    EXPECT_EQ(listing(runningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
+}
+
+TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
+    for (const FakeApplication& app : {
+             application(20, "Editor", "org.example.PhotoEditor"),
+             application(21, "Nameless", std::nullopt),
+             application(22, "helper", "org.helper", accessory, 20),
+             application(23, "Agent", "org.agent", prohibited, 22),
+             application(24, "Orphan", "org.orphan", accessory, 99),
+             application(25, "Child", "org.child", accessory, 21),
+             application(26, "Anonymous", std::nullopt, accessory, 20),
+             application(28, "Calmora", "app.calmora.Calmora", accessory, 20),
+             application(29, "Files", "com.apple.finder", accessory),
+         }) {
+        machine.workspace.launch(app);
+    }
+    machine.processes.at(29).parent.reset();
+    const std::vector<AppInfo> apps = backgroundApps();
+    EXPECT_EQ(listing(apps),
+              "Agent:23 Child:25 Files:29 helper:22<org.example.PhotoEditor Orphan:24 ");
+    EXPECT_TRUE(apps.front().isBackgroundApp);
+
+    machine.processes.at(22).parent = 0;
+    EXPECT_EQ(listing(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
+}
+
+TEST_F(ProcessMonitorTest, FoldsBackgroundApplicationsUnderTheirParents) {
+    const auto member = [](ProcessId pid, std::string name, std::optional<std::string> parent) {
+        return AppInfo{
+            .pid = pid, .name = name, .icon = Image{name}, .parentBundleIdentifier = parent};
+    };
+    const std::vector<AppInfo> rows = monitor.groupBackgroundApps({
+        member(5, "z", std::nullopt),
+        member(4, "m2", "org.example.PhotoEditor"),
+        member(3, "single", "WORD"),
+        member(2, "a", std::nullopt),
+        member(1, "m1", "org.example.PhotoEditor"),
+        member(6, "low", "com.b.two words"),
+    });
+    EXPECT_EQ(listing(rows),
+              "Word:3[single:3<WORD ] Two Words:6[low:6<com.b.two words ] "
+              "Photoeditor:4[m2:4<org.example.PhotoEditor m1:1<org.example.PhotoEditor ] z:5 a:2 ");
+    const AppInfo& group = rows[2];
+    EXPECT_TRUE(group.isSelected && group.isBackgroundApp && !group.isWhitelisted);
+    EXPECT_EQ(group.bundleIdentifier, "org.example.PhotoEditor");
+    EXPECT_EQ(group.icon->themeName, "m2");
+}
+
+using namespace std::chrono_literals;
+
+constexpr std::uint64_t second = 1'000'000'000;
+
+struct ResourceMonitorTest : testing::Test {
+    FakePlatform machine;
+    ResourceMonitor monitor{machine.platform()};
+};
+
+TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
+    struct Case {
+        const char* name;
+        ProcessCounters before;
+        ProcessCounters after;
+        std::chrono::milliseconds elapsed;
+        double percent;
+    };
+
+    const ProcessCounters base{10 * second, 5 * second, 104'857'600};
+    const auto used = [&](double user, double system) {
+        return ProcessCounters{base.userTime + static_cast<std::uint64_t>(user * second),
+                               base.systemTime + static_cast<std::uint64_t>(system * second),
+                               base.physFootprint};
+    };
+    for (const Case& c : {
+             Case{"user and system", base, used(1.5, 0.25), 1s, 175},
+             Case{"no time between", base, used(1, 0), 0s, 0},
+             Case{"user time fell", base, {0, 6 * second, 1}, 1s, 0},
+             Case{"system time fell", base, {90 * second, 0, 1}, 1s, 0},
+         }) {
+        FakePlatform fresh;
+        ResourceMonitor sampler(fresh.platform());
+        fresh.processes.start(7, {.counters = c.before});
+        const auto first = sampler.getUsage(7);
+        ASSERT_TRUE(first) << c.name;
+        EXPECT_EQ(first->cpuPercent, 0) << c.name;
+        EXPECT_EQ(first->memoryMB, 100) << c.name;
+        fresh.clock.advance(c.elapsed);
+        fresh.processes.at(7).counters = c.after;
+        EXPECT_DOUBLE_EQ(sampler.getUsage(7)->cpuPercent, c.percent) << c.name;
+    }
+}
+
+TEST_F(ResourceMonitorTest, SkipsUnreadableProcessesAndKeepsTheirSnapshots) {
+    machine.processes.start(1, {.counters = ProcessCounters{second, 0, 0}});
+    machine.processes.start(2, {.counters = std::nullopt});
+    machine.clock.advance(5s);
+    EXPECT_EQ(monitor.getUsage(std::array<ProcessId, 3>{1, 2, 3}).size(), 1U);
+    machine.processes.at(1).counters.reset();
+    EXPECT_FALSE(monitor.getUsage(1));
+    EXPECT_EQ(monitor.snapshots().at(1).wallTime, 5s);
+    machine.clock.advance(1s);
+    machine.processes.at(1).counters = ProcessCounters{second * 3 / 2, 0, 0};
+    EXPECT_DOUBLE_EQ(monitor.getUsage(1)->cpuPercent, 50);
+}
+
+struct ProcessTreeSamplerTest : testing::Test {
+    ProcessTreeSamplerTest() {
+        start(10, 1, 100s);
+        start(11, 10, 100s);
+        start(20, 1, 100s);
+        running.resize(1);
+        running[0].processIdentifier = 10;
+    }
+
+    void start(ProcessId process, ProcessId parent, std::chrono::nanoseconds used) {
+        machine.processes.start(process, {.parent = parent});
+        use(process, used);
+    }
+
+    void use(ProcessId process, std::chrono::nanoseconds more) {
+        ProcessCounters& counters = *machine.processes.at(process).counters;
+        // Some tables report the two separately.
+        counters.userTime += static_cast<std::uint64_t>(more.count()) / 2;
+        counters.systemTime += static_cast<std::uint64_t>(more.count()) / 2;
+    }
+
+    /// The next pass, a minute after the last one.
+    std::optional<double> percent(std::chrono::seconds later = 60s) {
+        machine.clock.advance(later);
+        sampler.beginPass(running);
+        return sampler.cpuPercent(10);
+    }
+
+    FakePlatform machine;
+    ProcessTreeSampler sampler{machine.platform()};
+    std::vector<WorkspaceApplication> running;
+};
+
+TEST_F(ProcessTreeSamplerTest, SumsTheApplicationAndItsDescendants) {
+    EXPECT_EQ(percent(), std::nullopt) << "nothing to compare with";
+    use(10, 300ms);
+    use(11, 600ms);
+    use(20, 50s);
+    start(12, 11, 1500ms);
+    EXPECT_DOUBLE_EQ(percent().value(), 4.0) << "a new process counts from its start";
+    machine.processes.end(12);
+    EXPECT_EQ(percent(), 0.0) << "an ended process does not count";
+    start(11, 10, 30s);
+    EXPECT_DOUBLE_EQ(percent().value(), 50.0) << "another process with the same id";
+    machine.processes.at(11).counters.reset();
+    use(10, 6s);
+    EXPECT_DOUBLE_EQ(percent().value(), 10.0) << "an unreadable process counts as idle";
+    EXPECT_EQ(std::ranges::count(machine.processes.sampled, 20), 0);
+}
+
+TEST_F(ProcessTreeSamplerTest, ComparesOnlyWithARecentSample) {
+    EXPECT_EQ(percent(), std::nullopt);
+    EXPECT_EQ(percent(0s), std::nullopt) << "no time has passed";
+    EXPECT_EQ(percent(181s), std::nullopt);
+    EXPECT_EQ(percent(180s), 0.0);
+    running[0].processIdentifier = 20;
+    sampler.beginPass(running);
+    EXPECT_EQ(percent(), std::nullopt) << "it was not running in between";
+    machine.processes.at(10).parent = 11;
+    EXPECT_EQ(percent(), std::nullopt) << "not sampled while it is not running";
+    running[0].processIdentifier = 10;
+    percent();
+    EXPECT_EQ(percent(), 0.0) << "a cycle ends";
+}
+
+} // namespace
+} // namespace calmora
