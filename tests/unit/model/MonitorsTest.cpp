@@ -21,9 +21,6 @@ std::string listing(const std::vector<AppInfo>& apps) {
         if (app.parentBundleIdentifier) {
             text += "<" + *app.parentBundleIdentifier;
         }
-        if (app.childProcesses) {
-            text += "[" + listing(*app.childProcesses) + "]";
-        }
         text += " ";
     }
     return text;
@@ -91,28 +88,6 @@ TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
 
     machine.processes.at(22).parent = 0;
     EXPECT_EQ(listing(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
-}
-
-TEST_F(ProcessMonitorTest, FoldsBackgroundApplicationsUnderTheirParents) {
-    const auto member = [](ProcessId pid, std::string name, std::optional<std::string> parent) {
-        return AppInfo{
-            .pid = pid, .name = name, .icon = Image{name}, .parentBundleIdentifier = parent};
-    };
-    const std::vector<AppInfo> rows = monitor.groupBackgroundApps({
-        member(5, "z", std::nullopt),
-        member(4, "m2", "org.example.PhotoEditor"),
-        member(3, "single", "WORD"),
-        member(2, "a", std::nullopt),
-        member(1, "m1", "org.example.PhotoEditor"),
-        member(6, "low", "com.b.two words"),
-    });
-    EXPECT_EQ(listing(rows),
-              "Word:3[single:3<WORD ] Two Words:6[low:6<com.b.two words ] "
-              "Photoeditor:4[m2:4<org.example.PhotoEditor m1:1<org.example.PhotoEditor ] z:5 a:2 ");
-    const AppInfo& group = rows[2];
-    EXPECT_TRUE(group.isSelected && group.isBackgroundApp && !group.isWhitelisted);
-    EXPECT_EQ(group.bundleIdentifier, "org.example.PhotoEditor");
-    EXPECT_EQ(group.icon->themeName, "m2");
 }
 
 using namespace std::chrono_literals;

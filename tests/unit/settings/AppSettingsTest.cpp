@@ -42,35 +42,28 @@ const Stored changed{{"openAtLogin", true},
                      {"playSounds", true},
                      {"neverQuitApps", Strings{"a", "b"}}};
 
-/// What fresh settings store when they get the values of `from`.
-Stored stored(const AppSettings& from) {
+/// What settings over these values store when each preference gets its own value again.
+Stored rewritten(const Stored& from) {
     FakeUserDefaults defaults;
-    AppSettings to(defaults);
-    to.openAtLogin.set(from.openAtLogin());
-    to.neverQuitMusicApps.set(from.neverQuitMusicApps());
-    to.deselectAppsByDefault.set(from.deselectAppsByDefault());
-    to.includeFinderWindows.set(from.includeFinderWindows());
-    to.sortOrder.set(from.sortOrder());
-    to.resourceDisplay.set(from.resourceDisplay());
-    to.defaultQuitMode.set(from.defaultQuitMode());
-    to.viewBackgroundApps.set(from.viewBackgroundApps());
-    to.groupBackgroundInstances.set(from.groupBackgroundInstances());
-    to.autoQuitEnabled.set(from.autoQuitEnabled());
-    to.autoQuitMinutes.set(from.autoQuitMinutes());
-    to.playSounds.set(from.playSounds());
-    to.neverQuitApps.set(from.neverQuitApps());
+    defaults.stored = from;
+    AppSettings s(defaults);
+    defaults.stored.clear();
+    const auto rewrite = [](auto&... all) { (all.set(all()), ...); };
+    rewrite(s.openAtLogin, s.neverQuitMusicApps, s.deselectAppsByDefault, s.includeFinderWindows,
+            s.sortOrder, s.resourceDisplay, s.defaultQuitMode, s.viewBackgroundApps,
+            s.groupBackgroundInstances, s.autoQuitEnabled, s.autoQuitMinutes, s.playSounds,
+            s.neverQuitApps);
     return defaults.stored;
 }
 
 TEST(AppSettings, ReadStoreAndResetEveryPreference) {
+    EXPECT_EQ(rewritten({}), initial);
+    EXPECT_EQ(rewritten(changed), changed);
     FakeUserDefaults defaults;
-    EXPECT_EQ(stored(AppSettings(defaults)), initial);
-    EXPECT_EQ(defaults.registered, initial);
-    EXPECT_TRUE(defaults.writes.empty());
-
     defaults.stored = changed;
     AppSettings settings(defaults);
-    EXPECT_EQ(stored(settings), changed);
+    EXPECT_EQ(defaults.registered, initial);
+    EXPECT_TRUE(defaults.writes.empty());
     std::size_t notices = 0;
     const Subscription any = settings.observeAny([&] { ++notices; });
     settings.resetToDefaults();
@@ -79,14 +72,11 @@ TEST(AppSettings, ReadStoreAndResetEveryPreference) {
 }
 
 TEST(AppSettings, ReadInvalidValuesAsTheDefault) {
-    FakeUserDefaults defaults;
-    const Stored foreign{{"neverQuitMusicApps", "no"s},
+    EXPECT_EQ(rewritten({{"neverQuitMusicApps", "no"s},
                          {"sortOrder", "cpu"s},
                          {"autoQuitMinutes", "15"s},
-                         {"neverQuitApps", "a"s}};
-    defaults.stored = foreign;
-    EXPECT_EQ(stored(AppSettings(defaults)), initial);
-    EXPECT_EQ(defaults.stored, foreign);
+                         {"neverQuitApps", "a"s}}),
+              initial);
 }
 
 TEST(AppSettings, PersistEveryWriteThenNotifyOfChanges) {
