@@ -130,31 +130,36 @@ ProcessReader::ProcessReader(const std::filesystem::path& root)
     }
 }
 
+std::vector<std::pair<ProcessId, std::uint64_t>> ProcessReader::folders() const {
+    std::vector<std::pair<ProcessId, std::uint64_t>> folders;
+    const int root = openat(root_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(root < 0 ? nullptr : fdopendir(root),
+                                                      closedir);
+    if (!entries && root >= 0) {
+        close(root);
+    }
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        if (const auto process = processIdOf(entry->d_name)) {
+            folders.emplace_back(*process, entry->d_ino);
+        }
+    }
+    return folders;
+}
+
+std::optional<std::uint32_t> ProcessReader::folderOwner(ProcessId process) const {
+    struct stat info{};
+    const bool exists = fstatat(root_.get(), ProcPath(process, "").get(), &info, 0) == 0;
+    return exists ? std::optional(info.st_uid) : std::nullopt;
+}
+
 std::vector<ProcessId> ProcessReader::processesOf(std::uint32_t user, std::size_t limit) const {
     std::vector<ProcessId> processes;
-    const int folder = openat(root_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0) {
-        return processes;
-    }
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(folder), closedir);
-    if (!entries) {
-        close(folder);
-        return processes;
-    }
-    while (const dirent* entry = readdir(entries.get())) {
-        const auto process = processIdOf(entry->d_name);
-        struct stat info{};
-        if (!process || fstatat(root_.get(), entry->d_name, &info, 0) != 0) {
-            continue;
-        }
-        bool isOurs = info.st_uid == user;
-        if (!isOurs && info.st_uid == 0) {
-            // The /proc folder of a process that hides from its own user belongs to root.
-            const auto its = status(*process);
-            isOurs = its && its->realUser == user;
-        }
-        if (isOurs) {
-            processes.push_back(*process);
+    for (const auto& [process, inode] : folders()) {
+        const auto owner = folderOwner(process);
+        // The /proc folder of a process that hides from its own user belongs to root.
+        const auto its = owner == 0U && user != 0 ? status(process) : std::nullopt;
+        if (owner == user || (its && its->realUser == user)) {
+            processes.push_back(process);
         }
     }
     std::sort(processes.begin(), processes.end());

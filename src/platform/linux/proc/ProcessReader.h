@@ -29,6 +29,12 @@ class ProcessReader {
     /// `root` is where the proc file system is mounted.
     explicit ProcessReader(const std::filesystem::path& root = "/proc");
 
+    /// Every process with the inode of its folder, which a reused id does not share.
+    [[nodiscard]] std::vector<std::pair<ProcessId, std::uint64_t>> folders() const;
+
+    /// The owner of a process's folder: root for a process that hides from its own user.
+    [[nodiscard]] std::optional<std::uint32_t> folderOwner(ProcessId process) const;
+
     /// Up to `limit` process ids of this user, ascending. Cost: about 1 µs per process.
     [[nodiscard]] std::vector<ProcessId> processesOf(std::uint32_t user, std::size_t limit) const;
 

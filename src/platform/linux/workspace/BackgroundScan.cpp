@@ -6,12 +6,8 @@
 #include "platform/linux/xdg/InstalledApplications.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
-#include <dirent.h>
-#include <memory>
 #include <string_view>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -24,42 +20,6 @@ constexpr std::size_t mostProcesses = 4096;
 constexpr std::uint64_t settlingSeconds = 15;
 /// How often a process may be looked at in its first second.
 constexpr std::uint64_t looksPerSecond = 3;
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-
-/// The folders of the user's processes in /proc with their numbers. `isKnown` spares asking for
-/// the owner.
-template <typename IsKnown>
-std::vector<std::pair<ProcessId, std::uint64_t>> processFolders(const IsKnown& isKnown) {
-    std::vector<std::pair<ProcessId, std::uint64_t>> result;
-    const std::unique_ptr<DIR, CloseFolder> proc(::opendir("/proc"));
-    if (!proc) {
-        return result;
-    }
-    const uid_t user = ::getuid();
-    while (const dirent* entry = ::readdir(proc.get())) {
-        const std::string_view name(entry->d_name);
-        ProcessId process = 0;
-        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
-        if (error != std::errc() || end != name.data() + name.size()) {
-            continue;
-        }
-        if (!isKnown(process, entry->d_ino)) {
-            struct stat status{};
-            if (::fstatat(::dirfd(proc.get()), entry->d_name, &status, 0) != 0 ||
-                status.st_uid != user) {
-                continue;
-            }
-        }
-        result.emplace_back(process, entry->d_ino);
-        if (result.size() >= mostProcesses) {
-            break;
-        }
-    }
-    return result;
-}
 
 /// Programs that carry the identity and the unit of the sandbox that they keep up; what runs
 /// inside is the application, and not their helper.
@@ -77,16 +37,20 @@ bool isOnOurCompositor(const ProcessReader& reader, ProcessId process) {
 } // namespace
 
 void BackgroundScan::scan(const InstalledApplications& installed, const std::string& display) {
-    const auto folders = processFolders([&](ProcessId process, std::uint64_t inode) {
-        const auto known = known_.find(process);
-        return known != known_.end() && known->second.inode == inode;
-    });
     const std::uint64_t now = ticksNow();
     std::map<ProcessId, Known> current;
-    for (const auto& [process, inode] : folders) {
-        Known known;
+    for (const auto& [process, inode] : reader_.folders()) {
         const auto found = known_.find(process);
-        if (found != known_.end() && found->second.inode == inode) {
+        const bool isKnown = found != known_.end() && found->second.inode == inode;
+        // Asking for the owner costs more than the rest of a known process.
+        if (!isKnown && reader_.folderOwner(process) != ::getuid()) {
+            continue;
+        }
+        if (current.size() >= mostProcesses) {
+            break;
+        }
+        Known known;
+        if (isKnown) {
             known = std::move(found->second);
         } else {
             known.inode = inode;
