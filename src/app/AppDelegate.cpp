@@ -2,7 +2,7 @@
 
 #include "autoquit/AutoQuitManager.h"
 #include "platform/Bundle.h"
-#include "platform/InputGate.h"
+#include "platform/EventMonitor.h"
 #include "platform/LocalizedStrings.h"
 #include "ui/AppListViewModel.h"
 #include "ui/ForceQuitConfirmation.h"

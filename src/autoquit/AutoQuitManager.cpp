@@ -4,7 +4,7 @@
 #include "autoquit/catalogue/KnownApps.h"
 #include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/Clock.h"
-#include "platform/InputGate.h"
+#include "platform/EventMonitor.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/RunLoop.h"
 #include "platform/UserNotifications.h"

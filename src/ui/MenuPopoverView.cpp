@@ -1,6 +1,5 @@
 #include "ui/MenuPopoverView.h"
 
-#include "platform/InputGate.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"

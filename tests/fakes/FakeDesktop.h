@@ -5,7 +5,6 @@
 #include "platform/Alerts.h"
 #include "platform/Bundle.h"
 #include "platform/EventMonitor.h"
-#include "platform/InputGate.h"
 #include "platform/Popover.h"
 #include "platform/Sound.h"
 #include "platform/StatusItem.h"

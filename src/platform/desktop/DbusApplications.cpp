@@ -20,62 +20,28 @@ constexpr std::size_t mostItems = 1000;
 
 /// Names whose owners the session depends on.
 QStringList protectedNames() {
-    return {
-        // The bus, the user's service manager, portals of sandboxes, accessibility, secrets.
-        "org.freedesktop.DBus",
-        "org.freedesktop.systemd1",
-        "org.freedesktop.portal*",
-        "org.freedesktop.impl.portal*",
-        "org.a11y*",
-        "org.freedesktop.secrets",
-        "org.gnome.keyring*",
-        "org.kde.kwalletd5",
-        "org.kde.kwalletd6",
-        // Notifications and status items.
-        "org.freedesktop.Notifications",
-        panelWatcherName,
-        // Session managers, shells, window managers, settings daemons.
-        "org.gnome.SessionManager",
-        "org.gnome.Shell",
-        "org.gnome.Shell.CalendarServer",
-        "org.gnome.Shell.Notifications",
-        "org.gnome.Mutter*",
-        "org.gnome.SettingsDaemon*",
-        "org.gnome.Panel",
-        "org.gnome.ScreenSaver",
-        "org.kde.ksmserver",
-        "org.kde.KSMServerInterface",
-        "org.kde.plasmashell",
-        "org.kde.KWin",
-        "org.kde.kglobalaccel",
-        "org.kde.kded5",
-        "org.kde.kded6",
-        "org.xfce.SessionManager",
-        "org.xfce.Panel",
-        "org.xfce.SettingsDaemon",
-        "org.xfce.Xfconf",
-        "org.mate.SettingsDaemon",
-        "org.mate.panel",
-        "org.Cinnamon",
-        "org.cinnamon.SettingsDaemon*",
-        "org.cinnamon.ScreenSaver",
-        "org.lxqt.session",
-        "org.budgie_desktop.Panel",
-        "com.canonical.Unity",
-        // Files, settings, input methods, sound.
-        "org.gtk.vfs*",
-        "org.gtk.Private.RemoteVolumeMonitor",
-        "ca.desrt.dconf",
-        "org.freedesktop.IBus*",
-        "org.freedesktop.portal.IBus",
-        "org.fcitx.Fcitx*",
-        "org.fcitx.Fcitx5",
-        "org.PulseAudio1",
-        "org.pulseaudio.Server",
-        // Accounts.
-        "org.gnome.OnlineAccounts",
-        "org.gnome.Identity",
-    };
+    return {// The bus, the user's service manager, portals of sandboxes, accessibility, secrets.
+            "org.freedesktop.DBus", "org.freedesktop.systemd1", "org.freedesktop.portal*",
+            "org.freedesktop.impl.portal*", "org.a11y*", "org.freedesktop.secrets",
+            "org.gnome.keyring*", "org.kde.kwalletd5", "org.kde.kwalletd6",
+            // Notifications and status items.
+            "org.freedesktop.Notifications", panelWatcherName,
+            // Session managers, shells, window managers, settings daemons.
+            "org.gnome.SessionManager", "org.gnome.Shell", "org.gnome.Shell.CalendarServer",
+            "org.gnome.Shell.Notifications", "org.gnome.Mutter*", "org.gnome.SettingsDaemon*",
+            "org.gnome.Panel", "org.gnome.ScreenSaver", "org.kde.ksmserver",
+            "org.kde.KSMServerInterface", "org.kde.plasmashell", "org.kde.KWin",
+            "org.kde.kglobalaccel", "org.kde.kded5", "org.kde.kded6", "org.xfce.SessionManager",
+            "org.xfce.Panel", "org.xfce.SettingsDaemon", "org.xfce.Xfconf",
+            "org.mate.SettingsDaemon", "org.mate.panel", "org.Cinnamon",
+            "org.cinnamon.SettingsDaemon*", "org.cinnamon.ScreenSaver", "org.lxqt.session",
+            "org.budgie_desktop.Panel", "com.canonical.Unity",
+            // Files, settings, input methods, sound.
+            "org.gtk.vfs*", "org.gtk.Private.RemoteVolumeMonitor", "ca.desrt.dconf",
+            "org.freedesktop.IBus*", "org.freedesktop.portal.IBus", "org.fcitx.Fcitx*",
+            "org.fcitx.Fcitx5", "org.PulseAudio1", "org.pulseaudio.Server",
+            // Accounts.
+            "org.gnome.OnlineAccounts", "org.gnome.Identity"};
 }
 
 /// The bus name in a watcher's spelling of an item: ":1.45/StatusNotifierItem",

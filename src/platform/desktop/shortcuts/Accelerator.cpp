@@ -1,6 +1,7 @@
 #include "platform/desktop/shortcuts/Accelerator.h"
 
 #include "platform/linux/keyboard/KeyCodes.h"
+#include "support/TextHelpers.h"
 
 #include <QXmlStreamReader>
 
@@ -29,10 +30,7 @@ constexpr std::array openboxModifiers{Modifier{"c", control}, Modifier{"a", opti
 template <std::size_t count>
 std::optional<std::uint32_t> modifier(const std::array<Modifier, count>& table,
                                       std::string_view name) {
-    std::string lower(name);
-    std::ranges::transform(lower, lower.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    const std::string lower = loweredAscii(name);
     const auto* found = std::ranges::find(table, std::string_view(lower), &Modifier::first);
     return found != table.end() ? std::optional(found->second) : std::nullopt;
 }

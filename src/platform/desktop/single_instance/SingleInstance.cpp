@@ -26,6 +26,10 @@ void ApplicationObject::Activate(const QVariantMap& /*platform_data*/) {
     QTimer::singleShot(0, this, onActivate_);
 }
 
+void ApplicationObject::Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
+    Activate(platform_data);
+}
+
 void ApplicationObject::ActivateAction(const QString& action_name,
                                        const QVariantList& /*parameter*/,
                                        const QVariantMap& /*platform_data*/) {

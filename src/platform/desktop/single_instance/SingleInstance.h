@@ -41,13 +41,9 @@ class ApplicationObject final : public QObject {
   public Q_SLOTS:
     // The interface's methods, under its names. Other types than these never arrive here.
     void Activate(const QVariantMap& platform_data);
-
-    void Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
-        Activate(platform_data);
-    }
-
-    void ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
-                        const QVariantMap& /*platform_data*/);
+    void Open(const QStringList& uris, const QVariantMap& platform_data);
+    void ActivateAction(const QString& action_name, const QVariantList& parameter,
+                        const QVariantMap& platform_data);
 
   private:
     std::function<void()> onActivate_;

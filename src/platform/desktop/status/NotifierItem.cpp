@@ -1,6 +1,7 @@
 #include "platform/desktop/status/NotifierItem.h"
 
 #include "platform/desktop/dbus/Calls.h"
+#include "platform/desktop/dbus/Messages.h"
 
 #include <QDBusPendingCall>
 #include <QTimer>
@@ -8,6 +9,12 @@
 #include <utility>
 
 namespace calmora {
+namespace {
+
+constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
+constexpr auto gnomeShellName = "org.gnome.Shell";
+
+} // namespace
 
 NotifierItem::NotifierItem(const QDBusConnection& connection, const QString& id,
                            const QString& title, const QString& menuPath, Handlers handlers)
@@ -37,9 +44,53 @@ void NotifierItem::ContextMenu(int x, int y) {
     QTimer::singleShot(0, this, [this, x, y] { handlers_.contextMenu({x, y}); });
 }
 
+void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) {}
+
+void NotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
 void NotifierItem::ProvideXdgActivationToken(const QString& token) {
     // Qt's next window that asks for the focus on Wayland uses it.
     qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+PanelWatcher::PanelWatcher(const QDBusConnection& connection, std::function<void(Panel)> onPanel)
+    : connection_(connection), onPanel_(std::move(onPanel)) {
+    if (!connection_.isConnected()) {
+        QTimer::singleShot(0, &watcher_, [this] { setPanel(Panel::absent); });
+        return;
+    }
+    watcher_.setConnection(connection_);
+    watcher_.addWatchedService(watcherName);
+    QObject::connect(
+        &watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &watcher_,
+        [this](const QString&, const QString&, const QString& owner) { setOwner(owner); });
+    callAsync(connection_, busCall("GetNameOwner", {watcherName}), watcher_,
+              [this](const QDBusMessage& reply) {
+                  // A signal that came before this answer is newer.
+                  if (owner_.isEmpty()) {
+                      setOwner(readArgument<QString>(reply).value_or(QString()));
+                  }
+              });
+}
+
+void PanelWatcher::setOwner(const QString& owner) {
+    owner_ = owner;
+    if (owner.isEmpty()) {
+        setPanel(Panel::absent);
+        return;
+    }
+    callAsync(connection_, busCall("GetNameOwner", {gnomeShellName}), watcher_,
+              [this, owner](const QDBusMessage& reply) {
+                  if (owner == owner_) {
+                      const bool isShell = readArgument<QString>(reply) == owner;
+                      setPanel(isShell ? Panel::gnomeShell : Panel::present);
+                  }
+              });
+}
+
+void PanelWatcher::setPanel(Panel panel) {
+    panel_ = panel;
+    onPanel_(panel);
 }
 
 } // namespace calmora

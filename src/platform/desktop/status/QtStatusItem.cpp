@@ -228,11 +228,7 @@ std::vector<StatusMenuItem> QtStatusItem::buildMenu() {
         items.push_back({.title = strings_.text("Show/Hide Calmora"),
                          .keyEquivalent = {},
                          .isEnabled = true,
-                         .action = [this] {
-                             if (action_) {
-                                 action_(StatusEvent::leftMouseUp);
-                             }
-                         }});
+                         .action = [this] { act(StatusEvent::leftMouseUp); }});
         items.push_back({});
     }
     if (build_) {

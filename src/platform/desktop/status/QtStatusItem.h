@@ -3,7 +3,6 @@
 #include "platform/StatusItem.h"
 #include "platform/desktop/status/MenuObject.h"
 #include "platform/desktop/status/NotifierItem.h"
-#include "platform/desktop/status/PanelWatcher.h"
 #include "platform/desktop/status/TrayIcon.h"
 
 #include <QDBusConnection>

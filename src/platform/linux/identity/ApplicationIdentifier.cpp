@@ -137,20 +137,15 @@ class Recognition {
                        [&] { return byExecKey(); });
     }
 
-    [[nodiscard]] Found byWindow(const TopLevelWindow& window) const {
+    /// Rules for a window of the process; for another process's, `isOwn` is false, those that need
+    /// the window only.
+    [[nodiscard]] Found byWindow(const TopLevelWindow& window, bool isOwn) const {
         return firstOf([&] { return byStartupWmClass(window); },
                        [&] { return byWindowHint(window); }, [&] { return byIdOfClass(window); },
-                       [&] { return byProcess(); }, [&] { return byIdEnd(window); },
-                       [&] { return byJavaClass(window); }, [&] { return byEntryName(window); },
-                       [&] { return byParentScript(); });
-    }
-
-    /// Rules that need the window only.
-    [[nodiscard]] Found byWindowAlone(const TopLevelWindow& window) const {
-        return firstOf([&] { return byStartupWmClass(window); },
-                       [&] { return byWindowHint(window); }, [&] { return byIdOfClass(window); },
+                       [&] { return isOwn ? byProcess() : Found(); },
                        [&] { return byIdEnd(window); }, [&] { return byJavaClass(window); },
-                       [&] { return byEntryName(window); });
+                       [&] { return byEntryName(window); },
+                       [&] { return isOwn ? byParentScript() : Found(); });
     }
 
     [[nodiscard]] Found bySystemdUnit() const {
@@ -333,7 +328,7 @@ Recognized recognize(const ApplicationFacts& facts, const DesktopEntryIndex& ind
             continue;
         }
         // An unidentified window counts as the others of its process.
-        Found found = recognition.byWindow(window);
+        Found found = recognition.byWindow(window, true);
         if (found) {
             result.windowIds.push_back(found->id);
             result.application = result.application ? result.application : std::move(found);
@@ -352,7 +347,7 @@ Recognized recognize(const ApplicationFacts& facts, const DesktopEntryIndex& ind
         return result;
     }
     for (const TopLevelWindow& window : facts.groupWindows) {
-        if (result.application = recognition.byWindowAlone(window); result.application) {
+        if (result.application = recognition.byWindow(window, false); result.application) {
             result.application->rule = IdentityRule::windowGroup;
             break;
         }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/identity/ApplicationIdentity.h"
-#include "platform/linux/identity/CgroupNames.h"
+#include "platform/linux/proc/ProcFiles.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
 #include <optional>

@@ -1,6 +1,5 @@
 #include "platform/linux/identity/BundlePath.h"
 
-#include "platform/linux/identity/CgroupNames.h"
 #include "platform/linux/proc/ProcFiles.h"
 #include "platform/linux/xdg/ExecKey.h"
 #include "support/TextHelpers.h"

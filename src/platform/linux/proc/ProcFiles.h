@@ -76,4 +76,12 @@ struct ProcessStatus {
 /// The path of /proc/PID/exe without the " (deleted)" mark.
 [[nodiscard]] std::string_view withoutDeletedMark(std::string_view path);
 
+/// The desktop ids that an application's systemd unit may mean, most likely first:
+/// `app[-<launcher>]-<id>-<random>.scope`, `app[-<launcher>]-<id>[@<random>].service`. Source:
+/// systemd "Desktop Environment Integration".
+[[nodiscard]] std::vector<std::string> desktopIdsOfCgroup(std::string_view cgroup);
+
+/// The desktop id of a control group's snap, `<snap>_<application>`; absent for others.
+[[nodiscard]] std::optional<std::string> snapOfCgroup(std::string_view cgroup);
+
 } // namespace calmora

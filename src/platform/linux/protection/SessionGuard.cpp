@@ -1,6 +1,6 @@
 #include "platform/linux/protection/SessionGuard.h"
 
-#include "platform/linux/proc/Ancestors.h"
+#include "platform/ProcessId.h"
 #include "platform/linux/xdg/TextFile.h"
 #include "support/TextHelpers.h"
 

@@ -1,7 +1,5 @@
 #include "platform/linux/workspace/ActivationRules.h"
 
-#include "platform/linux/proc/Ancestors.h"
-
 #include <algorithm>
 #include <map>
 #include <utility>

@@ -16,8 +16,6 @@ struct ExportedActions {
     std::string busName;
     /// Object path of the application's actions.
     std::string objectPath;
-
-    friend bool operator==(const ExportedActions&, const ExportedActions&) = default;
 };
 
 /// The programs on the session bus. Requests everything ahead of time and follows the bus's

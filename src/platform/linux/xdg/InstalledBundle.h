@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 
 namespace calmora {
 
@@ -14,7 +16,14 @@ class InstalledBundle final : public Bundle {
   public:
     /// `executableFolder` empty means that of the running program.
     InstalledBundle(std::string identifier, std::string version,
-                    std::filesystem::path executableFolder = {});
+                    std::filesystem::path executableFolder = {})
+        : identifier_(std::move(identifier)), version_(std::move(version)) {
+        std::error_code error;
+        if (executableFolder.empty()) {
+            executableFolder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+        }
+        resources_ = (executableFolder / "../share/calmora").lexically_normal();
+    }
 
     [[nodiscard]] std::optional<std::string> bundleIdentifier() const override {
         return identifier_.empty() ? std::nullopt : std::optional(identifier_);
@@ -25,7 +34,15 @@ class InstalledBundle final : public Bundle {
     }
 
     [[nodiscard]] std::optional<std::filesystem::path>
-    resource(const std::string& name, const std::string& extension) const override;
+    resource(const std::string& name, const std::string& extension) const override {
+        std::filesystem::path file =
+            resources_ / (extension.empty() ? name : name + "." + extension);
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(file, error)) {
+            return std::nullopt;
+        }
+        return file;
+    }
 
   private:
     std::string identifier_;

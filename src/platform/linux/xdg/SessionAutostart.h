@@ -38,8 +38,6 @@ class SessionAutostart {
         std::vector<std::string> arguments;
         /// Ambiguous without the arguments.
         bool isBare = false;
-
-        friend bool operator==(const Command&, const Command&) = default;
     };
 
     [[nodiscard]] static Command commandOf(std::span<const std::string> words);

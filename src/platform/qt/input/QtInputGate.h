@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/InputGate.h"
+#include "platform/EventMonitor.h"
 #include "platform/qt/window/TransientWindows.h"
 
 #include <QObject>
