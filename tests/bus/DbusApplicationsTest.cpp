@@ -2,11 +2,7 @@
 
 #include "PrivateBus.h"
 
-#include <gtest/gtest.h>
-
 #include <unistd.h>
-
-#include <algorithm>
 
 namespace calmora {
 namespace {

@@ -2,8 +2,6 @@
 
 #include "PrivateBus.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

@@ -2,8 +2,6 @@
 
 #include "PrivateBus.h"
 
-#include <gtest/gtest.h>
-
 #include <QThread>
 
 namespace calmora {

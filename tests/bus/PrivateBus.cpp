@@ -3,8 +3,6 @@
 #include <QDBusPendingCall>
 #include <QFile>
 
-#include <algorithm>
-
 namespace calmora {
 namespace {
 

@@ -2,11 +2,8 @@
 
 #include "PrivateBus.h"
 
-#include <gtest/gtest.h>
-
 #include <QTemporaryDir>
 
-#include <fstream>
 #include <future>
 
 namespace calmora {

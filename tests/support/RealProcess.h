@@ -65,13 +65,6 @@ class RealProcess {
 
     [[nodiscard]] ProcessId id() const { return id_; }
 
-    /// Ends the child and leaves it unreaped.
-    void kill() const {
-        ::kill(id_, SIGKILL);
-        siginfo_t info{};
-        waitid(P_PID, static_cast<id_t>(id_), &info, WEXITED | WNOWAIT);
-    }
-
   private:
     ProcessId id_ = 0;
 };

@@ -4,8 +4,6 @@
 
 #include "../PrivateBus.h"
 
-#include <gtest/gtest.h>
-
 #include <QtWidgets>
 
 namespace calmora {

@@ -7,11 +7,6 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
-#include <gmock/gmock.h>
-
-#include <optional>
-#include <string>
-#include <vector>
 #include <xcb/xinput.h>
 
 namespace calmora {

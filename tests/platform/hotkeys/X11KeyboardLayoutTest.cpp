@@ -7,10 +7,6 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace calmora {
 namespace {
 

@@ -4,15 +4,7 @@
 #include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/mman.h>

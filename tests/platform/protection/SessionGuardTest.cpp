@@ -4,13 +4,7 @@
 #include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <string>
 
 #include <sys/prctl.h>
 #include <sys/socket.h>

@@ -4,12 +4,8 @@
 #include "platform/x11/X11Connection.h"
 #include "support/VirtualDesktop.h"
 
-#include <gmock/gmock.h>
-
 #include <cstdlib>
 #include <dlfcn.h>
-#include <filesystem>
-#include <fstream>
 
 namespace calmora {
 namespace {

@@ -2,12 +2,13 @@
 // and counts what must not happen. The ids of ended processes are in use again at once.
 //
 // usage: calmora_quitting_storm [quits] [seed]
-#include "StormDesktop.h"
 
-#include "support/Sandbox.h"
+#include "platform/linux/proc/PidFd.h"
+#include "platform/workspace/WorkspaceTest.h"
 
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <random>
 #include <sched.h>
 #include <sys/mount.h>
@@ -20,6 +21,179 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// A process that is watched without the program under test: its end cannot be missed, and no
+/// later process with the same id is taken for it.
+struct Watched {
+    explicit Watched(pid_t process) : id(process) {
+        if (auto opened = PidFd::open(process)) {
+            descriptor = std::make_shared<const PidFd>(*std::move(opened));
+        }
+    }
+
+    [[nodiscard]] bool hasEnded() const { return !descriptor || descriptor->hasExited(); }
+
+    pid_t id;
+    std::shared_ptr<const PidFd> descriptor;
+};
+
+/// A program below a keeper: when the program ends, the keeper collects it at once and makes
+/// another process with the same id.
+struct KeptProgram {
+    pid_t keeper = 0;
+    pid_t program = 0;
+    FileDescriptor report;
+};
+
+/// The file of each application below the home folder; a program that is no application has no
+/// window class and no desktop entry.
+const std::map<std::string, std::string> applications = {
+    // A private folder with helpers.
+    {"paint", "Apps/paint/paint"},
+    // A folder that many programs share.
+    {"notes", "bin/notes"},
+    {"bystander", "bin/bystander"},
+    {"surf", "Apps/surf/surf"},
+};
+const std::map<std::string, std::string> otherPrograms = {
+    {"paint-helper", "Apps/paint/paint-helper"},
+    {"paint-tool", "Apps/paint-tools/paint-tool"},
+    {"tool", "bin/tool"},
+};
+
+/// Makes the kernel continue after this process id.
+void setLastId(pid_t last) {
+    std::ofstream("/proc/sys/kernel/ns_last_pid") << last;
+}
+
+/// The keeper of a program: never returns.
+[[noreturn]] void keep(VirtualDesktop& desktop, const std::vector<std::string>& command,
+                       const std::vector<std::string>& next, int report) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+    for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) {
+        std::signal(signal, SIG_DFL);
+    }
+    const auto tell = [&](pid_t process) {
+        if (::write(report, &process, sizeof process) < 0) {
+            ::_exit(1);
+        }
+    };
+    const pid_t program = desktop.start(command);
+    tell(program);
+    ::waitpid(program, nullptr, 0);
+    // Others start processes as well, so it may take several attempts.
+    for (int attempt = 0; attempt < 500; ++attempt) {
+        setLastId(program - 1);
+        const pid_t later = ::fork();
+        if (later == 0) {
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            if (!next.empty() && ::getpid() == program) {
+                desktop.enter();
+                std::vector<char*> words;
+                for (const std::string& word : next) {
+                    words.push_back(const_cast<char*>(word.c_str()));
+                }
+                words.push_back(nullptr);
+                ::execv(words.front(), words.data());
+            }
+            while (true) {
+                ::pause();
+            }
+        }
+        if (later == program) {
+            tell(later);
+            break;
+        }
+        ::kill(later, SIGKILL);
+        ::waitpid(later, nullptr, 0);
+    }
+    while (true) {
+        ::pause();
+    }
+}
+
+/// A virtual desktop with installed programs of every kind, each the same test client.
+struct StormDesktop : LinuxDesktop {
+    StormDesktop() {
+        for (const auto& [name, path] : applications) {
+            install(name, "Name=" + name + "\nExec=" + program(path) + " --instance " + name +
+                              "\nStartupWMClass=" + name);
+        }
+        for (const auto& [name, path] : otherPrograms) {
+            (void)program(path);
+        }
+    }
+
+    /// The file of an installed program.
+    [[nodiscard]] std::filesystem::path file(const std::string& program) const {
+        const auto found = applications.find(program);
+        return desktop.home() /
+               (found != applications.end() ? found->second : otherPrograms.at(program));
+    }
+
+    /// The command that runs an application with a window of its own class.
+    [[nodiscard]] std::vector<std::string> command(const std::string& application,
+                                                   std::vector<std::string> options = {}) const {
+        const std::vector<std::string> words = {file(application).string(), "--instance",
+                                                application, "--class", application};
+        options.insert(options.begin(), words.begin(), words.end());
+        return options;
+    }
+
+    /// Starts an application and waits until it is listed.
+    pid_t shownApplication(const std::string& application, std::vector<std::string> options = {}) {
+        return shown(desktop.start(command(application, std::move(options))));
+    }
+
+    /// Starts a program without a window.
+    pid_t background(const std::string& program) {
+        return desktop.start({file(program).string(), "--helper"});
+    }
+
+    /// Starts an application below a keeper and waits until it is listed. `next` is what runs
+    /// under its id afterwards; empty for a process that does nothing.
+    KeptProgram kept(const std::string& application, const std::vector<std::string>& next = {}) {
+        std::array<int, 2> ends{};
+        KeptProgram result;
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+            return result;
+        }
+        result.report = FileDescriptor(ends[0]);
+        const FileDescriptor writing(ends[1]);
+        result.keeper = ::fork();
+        if (result.keeper == 0) {
+            keep(desktop, command(application), next, writing.get());
+        }
+        if (::read(result.report.get(), &result.program, sizeof result.program) > 0) {
+            shown(result.program);
+        }
+        return result;
+    }
+
+    /// The process that got a kept program's id after its end; absent within the time.
+    static std::optional<pid_t> successor(const KeptProgram& program) {
+        pollfd entry{program.report.get(), POLLIN, 0};
+        pid_t later = 0;
+        constexpr int milliseconds = 3000;
+        if (::poll(&entry, 1, milliseconds) > 0 &&
+            ::read(program.report.get(), &later, sizeof later) == sizeof later) {
+            return later;
+        }
+        return std::nullopt;
+    }
+
+    /// Ends a process that this one or a process of its has started, and collects it.
+    void end(const Watched& process) {
+        if (process.descriptor && process.descriptor->send(SIGKILL) == 0) {
+            // Collected only if it is a child of ours; others go with their parents.
+            waitFor([&] { return process.hasEnded(); });
+            siginfo_t info{};
+            ::waitid(P_PIDFD, static_cast<id_t>(process.descriptor->descriptor()), &info,
+                     WEXITED | WNOHANG);
+        }
+    }
+};
+
 /// One quit: what it is of, and what it must do.
 struct Round {
     pid_t target = 0;
@@ -28,8 +202,6 @@ struct Round {
     std::vector<pid_t> meant = {};
     /// Alive whatever the answer.
     std::vector<pid_t> spared = {};
-    /// Neither: they may end with the others.
-    std::vector<pid_t> rest = {};
     /// Whether the target is to be quit; else the quit must answer false and end nothing.
     bool quits = true;
     /// Its program's id passes on while the quit runs, to a process that must live.
@@ -56,7 +228,7 @@ class Storm {
         for (int i = 0; i < quits; ++i) {
             const auto& [name, make] = scenarios_[static_cast<std::size_t>(i) % scenarios_.size()];
             forces_ = static_cast<std::size_t>(i) / scenarios_.size() % 2 == 0;
-            StormDesktop::setLastId(lowestId);
+            setLastId(lowestId);
             const testing::ScopedTrace trace(__FILE__, __LINE__, name);
             play(name, make());
         }
@@ -98,7 +270,6 @@ class Storm {
         };
         const auto meant = watch(round.meant);
         auto spared = watch(round.spared);
-        const auto rest = watch(round.rest);
         const auto fault = [&](int& count, const char* what, pid_t process) {
             ++count;
             std::printf("%s (%s): %s: %d\n", name.c_str(), round.force ? "forced" : "asked", what,
@@ -128,7 +299,7 @@ class Storm {
         };
         std::ranges::for_each(spared, judge);
         std::ranges::for_each(standing_, [&](const auto& place) { judge(*place.process); });
-        for (const auto& processes : {rest, spared, meant}) {
+        for (const auto& processes : {spared, meant}) {
             std::ranges::for_each(processes, [&](const auto& each) { machine_.end(each); });
         }
         stand();
@@ -165,25 +336,6 @@ class Storm {
                        : Round{.target = one, .meant = {one}, .spared = {two}};
     }
 
-    /// Two applications that share something; which of them is quit is left to chance.
-    Round oneOfTwo(const char* first, const char* second) {
-        const bool swapped = coin();
-        const pid_t other = machine_.shownApplication(swapped ? first : second);
-        const pid_t app = machine_.shownApplication(swapped ? second : first);
-        return {.target = app, .force = forces_, .meant = {app}, .spared = {other}};
-    }
-
-    /// A shell that runs an application, stays and goes on as another program.
-    Round belowAShell() {
-        const std::string script = (machine_.desktop.home() / "bin" / "start.sh").string();
-        std::ofstream(script) << "\"$@\"\nexec /usr/bin/sleep 60\n";
-        auto words = machine_.command("notes");
-        words.insert(words.begin(), {"/bin/sh", script});
-        const pid_t shell = machine_.desktop.start(words);
-        const pid_t app = machine_.shown(descendantOf(shell, 1));
-        return {.target = app, .force = forces_, .meant = {app}, .spared = {shell}};
-    }
-
     Round stubborn() {
         // Asking takes all its time in vain, so it is tried once in a while.
         const bool force = random_() % 8 != 0;
@@ -192,17 +344,6 @@ class Storm {
         Round round{.target = app, .force = force, .quits = force};
         (force ? round.meant : round.spared) = {app, other};
         return round;
-    }
-
-    Round stopped() {
-        const pid_t app = machine_.shownApplication("notes");
-        ::kill(app, SIGSTOP);
-        return {.target = app, .force = true, .meant = {app}};
-    }
-
-    Round cannotBeAsked() {
-        const pid_t app = machine_.shownApplication("surf", {"--no-delete"});
-        return {.target = app, .meant = {app}, .spared = {machine_.shownApplication("paint")}};
     }
 
     /// What has a new window when it is asked, stays.
@@ -235,28 +376,6 @@ class Storm {
                 .quits = false};
     }
 
-    /// Two instances in sandboxes, another application with the same path, and the file itself.
-    Round sandboxes() {
-        Ids inits;
-        Ids rest;
-        const auto start = [&](const char* id, const char* instance) {
-            const pid_t sandbox = machine_.desktop.start(
-                sandboxed(machine_.desktop.home(), machine_.file("tool").parent_path(), id,
-                          instance, {"/app/bin/tool", "--class", id}));
-            inits.push_back(descendantOf(sandbox, 1));
-            rest.insert(rest.end(), {inits.back(), sandbox});
-            return machine_.shown(descendantOf(sandbox, 2));
-        };
-        const pid_t other = start("org.example.Other", "1");
-        const pid_t one = start("org.example.App", "1");
-        const pid_t two = start("org.example.App", "2");
-        Round round{.target = one, .force = forces_, .meant = {one}, .spared = {other, inits[0]}};
-        (round.force ? round.meant : round.spared).push_back(two);
-        round.spared.push_back(machine_.background("tool"));
-        round.rest = rest;
-        return round;
-    }
-
     std::mt19937 random_;
     /// Whether this turn of the scenarios quits by force; some always or never do.
     bool forces_ = true;
@@ -274,16 +393,10 @@ class Storm {
     std::vector<std::pair<std::string, std::function<Round()>>> scenarios_ = {
         {"private folder", [this] { return privateFolder(); }},
         {"several instances", [this] { return severalInstances(); }},
-        {"one executable", [this] { return oneOfTwo("surf", "surf-mail"); }},
-        {"one well-known id", [this] { return oneOfTwo("firefox", "firefox-esr"); }},
-        {"below a shell", [this] { return belowAShell(); }},
         {"ignores signals", [this] { return stubborn(); }},
-        {"stopped", [this] { return stopped(); }},
-        {"cannot be asked", [this] { return cannotBeAsked(); }},
         {"asks", [this] { return asks(); }},
         {"id passes on", [this] { return passesOnWhileQuitting(); }},
         {"id passed on before", [this] { return passedOnBefore(); }},
-        {"sandboxes", [this] { return sandboxes(); }},
     };
 };
 

@@ -1,11 +1,7 @@
 #include "platform/linux/EventPoll.h"
 #include "support/FileDescriptor.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <optional>
-#include <string>
 #include <sys/eventfd.h>
 #include <unistd.h>
 

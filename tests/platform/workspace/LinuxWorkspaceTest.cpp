@@ -4,8 +4,6 @@
 #include "support/Sandbox.h"
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 

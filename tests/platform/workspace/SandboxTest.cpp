@@ -2,8 +2,6 @@
 
 #include "support/Sandbox.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <sched.h>
 #include <sys/mount.h>
