@@ -16,6 +16,7 @@
 
 namespace calmora {
 
+class AppListViewModel;
 class AutoQuitManager;
 class InputGate;
 class UserDefaults;

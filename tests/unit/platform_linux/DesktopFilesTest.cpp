@@ -3,7 +3,7 @@
 #include "platform/linux/IcuText.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/linux/xdg/ExecKey.h"
-#include "platform/linux/xdg/ExecutableFile.h"
+#include "platform/linux/xdg/ExecResolver.h"
 #include "platform/linux/xdg/InstalledApplications.h"
 #include "support/TempFolder.h"
 

@@ -1,4 +1,3 @@
-#include "platform/qt/DescriptorWatch.h"
 #include "platform/qt/QtLocalizedStrings.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/alerts/QtAlerts.h"
