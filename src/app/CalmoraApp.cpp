@@ -67,7 +67,9 @@ void showWindow(QWidget& window, const Image& icon) {
 
 CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
                        EndingSignals& signals, const QtEnvironment& environment)
-    : sessionBus_(sessionBus), environment_(environment), backend_(makeWindowBackend(events_)),
+    : sessionBus_(sessionBus), environment_(environment),
+      backend_(makeWindowBackend(
+          events_, [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); })),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),

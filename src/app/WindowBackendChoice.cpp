@@ -4,10 +4,17 @@
 #include "platform/wayland/backend/LayerShellBackend.h"
 #include "platform/x11/backend/X11Backend.h"
 
+#include <utility>
+
 namespace calmora {
 
-std::unique_ptr<WindowBackend> makeWindowBackend(EventPoll& events) {
-    return withLayerSurfaces(std::make_unique<X11Backend>(events, makeCompositorWindows(events)));
+std::unique_ptr<WindowBackend>
+makeWindowBackend(EventPoll& events, std::function<const DesktopEntryIndex&()> installed) {
+    auto compositor = makeCompositorWindows(
+        events, [installed = std::move(installed)](const std::string& applicationId) {
+            return programsOfAppId(applicationId, installed());
+        });
+    return withLayerSurfaces(std::make_unique<X11Backend>(events, std::move(compositor)));
 }
 
 } // namespace calmora

@@ -155,6 +155,7 @@ const std::vector<TopLevelWindow>& ToplevelWindowSystem::windows() {
 const std::vector<TopLevelWindow>& ToplevelWindowSystem::windowsReadAfresh() {
     // One that is late is not waited for again before it has answered.
     isAnswering_ = connection_.roundTrip(isAnswering_ ? timeout_ : std::chrono::milliseconds(0));
+    isStale_ = areClientsStale_ = true;
     return windows();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/windows/OwnerWatch.h"
 #include "platform/linux/windows/WindowSystem.h"
+#include "platform/wayland/AppIdPrograms.h"
 #include "platform/wayland/SocketClients.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "support/Signal.h"
@@ -33,9 +34,6 @@ class EventPoll;
 /// Source: wlr-foreign-toplevel-management-unstable-v1.
 class ToplevelWindowSystem final : public WindowSystem {
   public:
-    /// The names, in lower case, of programs whose windows have an application id.
-    using ProgramNames = std::function<std::vector<std::string>(const std::string&)>;
-
     /// Connects to the socket at `path`. Not alive where nobody offers the protocol there within
     /// `timeout`, which limits every later wait as well. `events` must outlive it.
     ToplevelWindowSystem(EventPoll& events, std::string path, ProgramNames programs,

@@ -1,5 +1,5 @@
 // Windows whose processes the compositor does not tell, with real programs under sway.
-#include "platform/wayland/ToplevelWindowSystem.h"
+#include "platform/wayland/CompositorWindows.h"
 
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/windows/CompositeWindowSystem.h"
@@ -18,15 +18,21 @@ using testing::ElementsAre;
 
 TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     VirtualDesktop desktop{{.sway = true}};
-    const std::string socket = desktop.variable("XDG_RUNTIME_DIR") + std::string("/") +
-                               desktop.variable("WAYLAND_DISPLAY");
+    desktop.enter();
     EventPoll events;
-    ToplevelWindowSystem toplevels(events, socket,
-                                   [](const std::string& id) { return std::vector{id}; });
+    const auto make = [&] {
+        return makeCompositorWindows(events, [](const auto& id) { return std::vector{id}; });
+    };
+    const auto sway = make();
+    ::setenv("SWAYSOCK", "/nowhere", 1);
+    const auto compositor = make();
+    ::unsetenv("WAYLAND_DISPLAY");
+    EXPECT_EQ(make(), nullptr);
+    ASSERT_TRUE(sway && compositor);
+    WindowSystem& toplevels = *compositor;
     X11WindowSystem x11(events, desktop.display(),
                         [&](const char* name) { return desktop.variable(name); });
     CompositeWindowSystem windows({&x11, &toplevels});
-    ASSERT_TRUE(toplevels.isAlive());
     EXPECT_THAT(windows.displayProcesses(), testing::Contains(desktop.server()));
     const auto count = [&] { return windows.windows().size(); };
     const auto of = [&](const char* name) {
@@ -41,6 +47,8 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     const pid_t foot = desktop.start({"foot", "sleep", "600"});
     EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && count() == 1; })) << desktop.log();
     EXPECT_EQ(of("foot").at(0).process, foot);
+    EXPECT_EQ(of("foot").at(0).certainty, ProcessCertainty::claimed);
+    EXPECT_EQ(sway->windows().at(0).certainty, ProcessCertainty::certain) << "it is preferred";
 
     const pid_t other = desktop.start({"foot", "sleep", "600"});
     const pid_t calculator = desktop.start({"galculator"}, {{"GDK_BACKEND", "wayland"}});

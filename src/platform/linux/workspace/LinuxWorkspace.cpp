@@ -90,6 +90,7 @@ const ApplicationList::Applications& LinuxWorkspace::current() {
 }
 
 LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
+    list_.refreshInstalled(); // Owners of windows may be found by what is installed.
     const auto active = sources_.windows.activeWindow();
     if (!active) {
         return nullptr;
