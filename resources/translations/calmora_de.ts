@@ -93,6 +93,10 @@
         <translation>%@ sofort beenden</translation>
     </message>
     <message>
+        <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
+        <translation>Dieser Desktop verrät nicht, welchem Prozess welches dieser Fenster gehört; deshalb lässt sich keiner sofort beenden.</translation>
+    </message>
+    <message>
         <source>Protected</source>
         <translation>Geschützt</translation>
     </message>

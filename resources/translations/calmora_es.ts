@@ -93,6 +93,10 @@
         <translation>Forzar el cierre de %@</translation>
     </message>
     <message>
+        <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
+        <translation>Este escritorio no indica a qué proceso pertenece cada una de estas ventanas, por lo que no se puede forzar el cierre de ninguno.</translation>
+    </message>
+    <message>
         <source>Protected</source>
         <translation>Protegida</translation>
     </message>

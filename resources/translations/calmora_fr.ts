@@ -93,6 +93,10 @@
         <translation>Forcer %@ à quitter</translation>
     </message>
     <message>
+        <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
+        <translation>Ce bureau n’indique pas à quel processus appartient chacune de ces fenêtres, donc aucun ne peut être forcé à quitter.</translation>
+    </message>
+    <message>
         <source>Protected</source>
         <translation>Protégée</translation>
     </message>

@@ -90,6 +90,10 @@
         <translation>%@を強制終了</translation>
     </message>
     <message>
+        <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
+        <translation>このデスクトップでは、どのウインドウがどのプロセスのものか分からないため、強制終了できません。</translation>
+    </message>
+    <message>
         <source>Protected</source>
         <translation>保護中</translation>
     </message>

@@ -90,6 +90,10 @@
         <translation>强制退出 %@</translation>
     </message>
     <message>
+        <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
+        <translation>此桌面不提供这些窗口各属于哪个进程，因此无法强制退出。</translation>
+    </message>
+    <message>
         <source>Protected</source>
         <translation>受保护</translation>
     </message>

@@ -115,8 +115,10 @@ bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
     case IdleBehavior::safeToQuit:
         return true;
     case IdleBehavior::cautious:
-        return policy.countsDescendants ? !isTreeBusy(app.processIdentifier)
-                                        : !isBusy(app.processIdentifier);
+        // Each is sampled, whatever the others do.
+        return std::ranges::count_if(app.processes(), [&](ProcessId process) {
+                   return policy.countsDescendants ? isTreeBusy(process) : isBusy(process);
+               }) == 0;
     case IdleBehavior::neverQuit:
         return false;
     }
@@ -138,7 +140,7 @@ void AutoQuitManager::quit(const WorkspaceApplication& app) {
     if (!live || !live->terminate()) {
         return;
     }
-    const bool isGone = appQuitter_.waitForExit({app.processIdentifier}, quitTimeout);
+    const bool isGone = appQuitter_.waitForEnd(*live, quitTimeout);
     input_.discardQueuedInput();
     if (isGone) {
         postAutoQuitNotification(app.localizedName.value_or(app.bundleIdentifier.value_or("")),
@@ -159,10 +161,7 @@ void AutoQuitManager::postAutoQuitNotification(const std::string& appName, std::
 void AutoQuitManager::dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running) {
     // The pid of an ended process may be reused.
     ResourceMonitor::Snapshots kept = resourceMonitor_.snapshots();
-    const auto isGone = [&](const auto& entry) {
-        return std::ranges::find(running, entry.first, &WorkspaceApplication::processIdentifier) ==
-               running.end();
-    };
+    const auto isGone = [&](const auto& entry) { return !isListed(running, entry.first); };
     if (std::erase_if(kept, isGone) > 0) {
         resourceMonitor_.setSnapshots(std::move(kept));
     }

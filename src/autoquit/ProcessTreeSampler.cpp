@@ -10,10 +10,8 @@ namespace calmora {
 
 void ProcessTreeSampler::beginPass(const std::vector<WorkspaceApplication>& running) {
     children_.reset();
-    std::erase_if(samples_, [&running](const auto& sample) {
-        return std::ranges::find(running, sample.first, &WorkspaceApplication::processIdentifier) ==
-               running.end();
-    });
+    std::erase_if(samples_,
+                  [&running](const auto& sample) { return !isListed(running, sample.first); });
 }
 
 std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {

@@ -39,6 +39,13 @@ struct AppInfo {
     std::optional<std::vector<AppInfo>> childProcesses = {};
     /// The catalogue's entry for the identifier.
     std::optional<KnownAppInfo> knownAppInfo = {};
+    /// As WorkspaceApplication::candidates: its figures are their sum, and it cannot be forced.
+    std::vector<ProcessId> candidates = {};
+
+    /// The candidates, or the only process.
+    [[nodiscard]] std::vector<ProcessId> processes() const {
+        return candidates.empty() ? std::vector{pid} : candidates;
+    }
 };
 
 } // namespace calmora

@@ -93,7 +93,8 @@ bool AppQuitter::quitApp(ProcessId pid, bool force) {
     if (!app) {
         return false;
     }
-    return force ? forceQuit(std::move(app)) : quitPolitely(*app, pid);
+    return force ? forceQuit(std::move(app))
+                 : app->terminate() && waitForEnd(*app, gracefulQuitTimeout);
 }
 
 std::set<ProcessId> AppQuitter::quitApps(std::span<const AppInfo> apps, bool force) {
@@ -107,9 +108,13 @@ std::set<ProcessId> AppQuitter::quitApps(std::span<const AppInfo> apps, bool for
 }
 
 bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout) {
+    return waitUntil([&] { return !anyExists(pids); }, timeout);
+}
+
+bool AppQuitter::waitUntil(const std::function<bool()>& isOver, std::chrono::milliseconds timeout) {
     // The wall clock may be set back, and the wait would then block the whole program.
     const std::chrono::nanoseconds start = clock_.ticks();
-    while (anyExists(pids)) {
+    while (!isOver()) {
         if (clock_.ticks() - start >= timeout) {
             return false;
         }
@@ -118,14 +123,28 @@ bool AppQuitter::waitForExit(const std::set<ProcessId>& pids, std::chrono::milli
     return true;
 }
 
-bool AppQuitter::quitPolitely(RunningApplication& app, ProcessId pid) {
-    return app.terminate() && waitForExit({pid}, gracefulQuitTimeout);
+bool AppQuitter::waitForEnd(const RunningApplication& app, std::chrono::milliseconds timeout) {
+    return app.hasSeveralCandidates() ? waitUntil([&] { return app.isTerminated(); }, timeout)
+                                      : waitForExit({app.processIdentifier()}, timeout);
 }
 
 bool AppQuitter::forceQuit(Application app) {
+    if (app->hasSeveralCandidates()) {
+        return false;
+    }
     const ProcessId primaryPID = app->processIdentifier();
-    const std::vector<Application> related = relatedApps(std::move(app));
-    const std::set<ProcessId> pids = collectPIDs(related, primaryPID);
+    std::vector<Application> related = relatedApps(std::move(app));
+    std::set<ProcessId> pids{primaryPID};
+    // Whose helpers there are cannot be told either.
+    const bool mayHaveHelpersOfOthers = std::erase_if(related, [](const Application& instance) {
+                                            return instance->hasSeveralCandidates();
+                                        }) > 0;
+    for (const Application& instance : related) {
+        pids.insert(instance->processIdentifier());
+    }
+    if (!mayHaveHelpersOfOthers) {
+        pids.merge(helpersOf(related));
+    }
     bool isDelivered = false;
     for (const Application& instance : related) {
         isDelivered = instance->forceTerminate() || isDelivered;
@@ -153,12 +172,8 @@ std::vector<Application> AppQuitter::relatedApps(Application app) const {
     return related;
 }
 
-std::set<ProcessId> AppQuitter::collectPIDs(const std::vector<Application>& related,
-                                            ProcessId primaryPID) const {
-    std::set<ProcessId> pids{primaryPID};
-    for (const Application& app : related) {
-        pids.insert(app->processIdentifier());
-    }
+std::set<ProcessId> AppQuitter::helpersOf(const std::vector<Application>& related) const {
+    std::set<ProcessId> pids;
     for (const Application& app : related) {
         std::optional<std::string> path = app->bundleURL();
         if (!path) {

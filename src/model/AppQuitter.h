@@ -64,7 +64,8 @@ class AppQuitter {
 
     /// Quits one application: politely within 1.5 s; or, with `force`, every running instance and
     /// the processes inside their bundles, by the kill signal where needed, within 0.5 s plus 1.0
-    /// s. False when there is no such application or a process remains.
+    /// s. False when there is no such application or a process remains. One with several candidates
+    /// is never forced; politely it is gone once all its windows are.
     bool quitApp(ProcessId pid, bool force);
 
     /// Quits the selected records one after the other, as quitApp() does. Returns the process ids
@@ -78,12 +79,15 @@ class AppQuitter {
     /// least once, and does not sleep if they are gone already.
     bool waitForExit(const std::set<ProcessId>& pids, std::chrono::milliseconds timeout);
 
+    /// Waits until an application that was asked to quit is gone; false if it still runs after
+    /// `timeout`.
+    bool waitForEnd(const RunningApplication& app, std::chrono::milliseconds timeout);
+
   private:
-    bool quitPolitely(RunningApplication& app, ProcessId pid);
+    bool waitUntil(const std::function<bool()>& isOver, std::chrono::milliseconds timeout);
     bool forceQuit(Application app);
     [[nodiscard]] std::vector<Application> relatedApps(Application app) const;
-    [[nodiscard]] std::set<ProcessId> collectPIDs(const std::vector<Application>& related,
-                                                  ProcessId primaryPID) const;
+    [[nodiscard]] std::set<ProcessId> helpersOf(const std::vector<Application>& related) const;
     bool hardKill(const std::set<ProcessId>& pids);
     [[nodiscard]] bool anyExists(const std::set<ProcessId>& pids) const;
 

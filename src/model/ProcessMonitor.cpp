@@ -29,6 +29,7 @@ AppInfo record(const WorkspaceApplication& application) {
     app.bundleIdentifier = application.bundleIdentifier;
     app.otherBundleIdentifiers = application.otherIdentifiers;
     app.icon = application.icon;
+    app.candidates = application.candidates;
     return app;
 }
 

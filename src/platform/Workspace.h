@@ -4,6 +4,7 @@
 #include "platform/ProcessId.h"
 #include "support/Subscription.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -33,8 +34,12 @@ class RunningApplication {
     /// The application's process.
     [[nodiscard]] virtual ProcessId processIdentifier() const = 0;
 
-    /// Whether the process is gone.
+    /// Whether the process is gone; for one with several candidates, whether all of their windows
+    /// are closed.
     [[nodiscard]] virtual bool isTerminated() const = 0;
+
+    /// Whether its windows may belong to any of several processes. None of these may be signalled.
+    [[nodiscard]] virtual bool hasSeveralCandidates() const { return false; }
 
     /// Asks the application to quit as its own Quit command would. True means that a request was
     /// sent, not that the application is gone.
@@ -63,11 +68,27 @@ struct WorkspaceApplication {
     ActivationPolicy activationPolicy = ActivationPolicy::prohibited;
     /// Identifiers of other applications whose windows the same process shows.
     std::vector<std::string> otherIdentifiers = {};
+    /// All processes that its windows may belong to, ascending, where these cannot be told apart;
+    /// empty where there is only one. None of them may be signalled.
+    std::vector<ProcessId> candidates = {};
+
+    /// The candidates, or the only process.
+    [[nodiscard]] std::vector<ProcessId> processes() const {
+        return candidates.empty() ? std::vector{processIdentifier} : candidates;
+    }
 };
 
 /// The running applications at one moment, by ascending start time, then process id. Taken once for
 /// a refresh and handed on to whatever the refresh works out.
 using ApplicationSnapshot = std::vector<WorkspaceApplication>;
+
+/// Whether the process is that of a running application, or one of several candidates.
+[[nodiscard]] inline bool isListed(const ApplicationSnapshot& running, ProcessId process) {
+    return std::ranges::any_of(running, [process](const WorkspaceApplication& application) {
+        return application.processIdentifier == process ||
+               std::ranges::binary_search(application.candidates, process);
+    });
+}
 
 /// An application that is installed, running or not.
 struct InstalledApplication {

@@ -103,15 +103,22 @@ void AppListViewModel::refresh() {
     std::unordered_map<ProcessId, const AppInfo*> known;
     known.reserve(apps_.size());
     for (const AppInfo& app : apps_) {
-        known.emplace(app.pid, &app);
+        for (const ProcessId process : app.processes()) {
+            known.emplace(process, &app);
+        }
     }
     for (AppInfo& app : listed) {
-        const auto before = known.find(app.pid);
-        if (before != known.end()) {
-            app.isSelected = before->second->isSelected;
-            app.cpuUsage = before->second->cpuUsage;
-            app.memoryMB = before->second->memoryMB;
-        } else if (settings_.deselectAppsByDefault()) {
+        bool isKnown = false;
+        // Rows join and part as candidates come and go; no tick may appear by that.
+        for (const ProcessId process : app.processes()) {
+            if (const auto before = known.find(process); before != known.end()) {
+                isKnown = true;
+                app.isSelected = app.isSelected && before->second->isSelected;
+                app.cpuUsage = before->second->cpuUsage;
+                app.memoryMB = before->second->memoryMB;
+            }
+        }
+        if (!isKnown && settings_.deselectAppsByDefault()) {
             app.isSelected = false;
         }
         app.knownAppInfo = KnownApps::lookup(app.bundleIdentifier);
@@ -130,9 +137,11 @@ void AppListViewModel::refresh() {
     ResourceMonitor::Snapshots kept;
     for (const std::vector<AppInfo>* list : {&apps_, &backgroundApps_}) {
         for (const AppInfo& app : *list) {
-            const auto snapshot = resourceMonitor_.snapshots().find(app.pid);
-            if (snapshot != resourceMonitor_.snapshots().end()) {
-                kept.insert(*snapshot);
+            for (const ProcessId process : app.processes()) {
+                const auto snapshot = resourceMonitor_.snapshots().find(process);
+                if (snapshot != resourceMonitor_.snapshots().end()) {
+                    kept.insert(*snapshot);
+                }
             }
         }
     }
@@ -143,15 +152,23 @@ void AppListViewModel::updateResourceUsage() {
     std::vector<ProcessId> pids;
     pids.reserve(apps_.size());
     for (const AppInfo& app : apps_) {
-        pids.push_back(app.pid);
+        const auto processes = app.processes();
+        pids.insert(pids.end(), processes.begin(), processes.end());
     }
     const ResourceMonitor::Usages usages = resourceMonitor_.getUsage(pids);
     std::size_t writes = 0;
     for (AppInfo& app : apps_) {
-        const auto usage = usages.find(app.pid);
-        if (usage != usages.end()) {
-            app.cpuUsage = usage->second.cpuPercent;
-            app.memoryMB = usage->second.memoryMB;
+        std::optional<ResourceUsage> sum;
+        for (const ProcessId process : app.processes()) {
+            if (const auto usage = usages.find(process); usage != usages.end()) {
+                sum = sum.value_or(ResourceUsage());
+                sum->cpuPercent += usage->second.cpuPercent;
+                sum->memoryMB += usage->second.memoryMB;
+            }
+        }
+        if (sum) {
+            app.cpuUsage = sum->cpuPercent;
+            app.memoryMB = sum->memoryMB;
             writes += 2;
         }
     }

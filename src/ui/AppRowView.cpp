@@ -109,7 +109,11 @@ void AppRowView::showState() {
     quit_->setVisible(!row_.isWhitelisted);
     quit_->setSymbol(row_.isForceQuit ? "xmark.circle.fill" : "power.circle", quitPoints,
                      row_.isForceQuit ? ThemeColor::red : ThemeColor::secondary);
-    const QString action = uiText(row_.isForceQuit ? "Force Quit" : "Quit");
+    const bool isRefused = row_.isForceQuit && !row_.app.candidates.empty();
+    quit_->setEnabled(!isRefused);
+    const QString action = isRefused ? uiText("This desktop does not tell which process has which "
+                                              "of these windows, so none can be forced to quit.")
+                                     : uiText(row_.isForceQuit ? "Force Quit" : "Quit");
     if (quit_->toolTip() != action) {
         quit_->setToolTip(action);
     }
@@ -363,7 +367,7 @@ std::vector<QWidget*> AppRowView::tabStops(int) {
     if (check_->isEnabled()) {
         stops.push_back(check_);
     }
-    if (!row_.isWhitelisted) {
+    if (!row_.isWhitelisted && quit_->isEnabled()) {
         stops.push_back(quit_);
     }
     if (stops.empty()) {

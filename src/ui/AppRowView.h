@@ -30,7 +30,8 @@ struct AppRow {
 
 /// One application: tick box, icon, name, figures and quit button. Holds no model: it shows the
 /// values that it is given and reports actions. A background application's box is disabled and
-/// unticked and it has no context menu, since neither would do anything; it can be quit.
+/// unticked and it has no context menu, since neither would do anything; it can be quit. An
+/// application with several candidates cannot be forced: the quit button's tool tip says why.
 /// Repaints only where something shown has changed.
 class AppRowView final : public StackRow {
   public:

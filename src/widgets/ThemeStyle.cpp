@@ -89,7 +89,8 @@ void drawSymbolButton(QPainter& painter, const QStyleOption& option, const Butto
     const Theme theme(option.palette);
     const int side = Theme::symbolSide(look.symbolPoints);
     const QRect box = centred(option.rect, side);
-    painter.setOpacity(button.isDown() ? look.opacity * 0.6 : look.opacity);
+    const double faint = button.isDown() ? 0.6 : button.isEnabled() ? 1 : metrics::disabledOpacity;
+    painter.setOpacity(look.opacity * faint);
     const bool isLit =
         button.underMouse() && button.isEnabled() && look.symbolColor != ThemeColor::red;
     drawSymbol(painter, box, look.symbol, side,

@@ -18,6 +18,8 @@ struct FakeApplication {
     std::optional<std::filesystem::path> executableURL = {};
     FakeProcess process = {};
     std::vector<std::string> otherIdentifiers = {};
+    /// With some, it is gone by closing its windows, and its processes stay.
+    std::vector<ProcessId> candidates = {};
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -140,6 +142,8 @@ class FakeWorkspace final : public Workspace {
 
         bool isTerminated() const override { return !workspace_.isRunning(self_); }
 
+        bool hasSeveralCandidates() const override { return !self_.candidates.empty(); }
+
         bool terminate() override {
             workspace_.terminateRequests.push_back(self_.pid);
             return answer(self_.acceptsTerminate, self_.endsAfterTerminate);
@@ -155,7 +159,9 @@ class FakeWorkspace final : public Workspace {
             accepts = accepts && !isTerminated();
             if (accepts && endsAfter) {
                 workspace_.clock_.after(*endsAfter, [&workspace = workspace_, self = self_] {
-                    if (workspace.isRunning(self)) {
+                    if (!self.candidates.empty()) {
+                        workspace.closed_.insert(self.pid);
+                    } else if (workspace.isRunning(self)) {
                         workspace.processes_.end(self.pid);
                     }
                 });
@@ -169,8 +175,9 @@ class FakeWorkspace final : public Workspace {
     };
 
     static WorkspaceApplication record(const FakeApplication& application) {
-        return {application.pid,  application.bundleIdentifier, application.name,
-                application.icon, application.policy,           application.otherIdentifiers};
+        return {application.pid,       application.bundleIdentifier, application.name,
+                application.icon,      application.policy,           application.otherIdentifiers,
+                application.candidates};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {
@@ -182,7 +189,8 @@ class FakeWorkspace final : public Workspace {
     }
 
     bool isRunning(const FakeApplication& application) const {
-        return processes_.serial(application.pid) == application.process.serial;
+        return processes_.serial(application.pid) == application.process.serial &&
+               !closed_.contains(application.pid);
     }
 
     FakeProcessTable& processes_;
@@ -190,6 +198,7 @@ class FakeWorkspace final : public Workspace {
     FakeRunLoop& runLoop_;
     /// In the order of starting.
     std::vector<FakeApplication> applications_;
+    std::set<ProcessId> closed_;
     std::optional<ProcessId> frontmost_;
     std::vector<Subscription> notices_;
     Subscription ended_ = processes_.ended.connect([this](ProcessId process) {

@@ -114,7 +114,8 @@ VirtualDesktop::VirtualDesktop(Bare) {
     }
     fs::permissions(home() / "run", fs::perms::owner_all);
     installSystem(home() / "share", home() / "system");
-    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"}) {
+    for (const char* name :
+         {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS", "CALMORA_TEST_TIMEOUT_SCALE"}) {
         if (const char* value = std::getenv(name)) {
             environment_[name] = value;
         }

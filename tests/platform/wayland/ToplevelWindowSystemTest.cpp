@@ -1,15 +1,9 @@
 // Windows whose processes the compositor does not tell, with real programs under sway.
 #include "platform/wayland/CompositorWindows.h"
 
-#include "platform/linux/EventPoll.h"
-#include "platform/linux/windows/CompositeWindowSystem.h"
-#include "platform/x11/X11WindowSystem.h"
-#include "support/VirtualDesktop.h"
-#include "support/Waiting.h"
+#include "WorkspaceTest.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
+#include <csignal>
 
 namespace calmora {
 namespace {
@@ -50,6 +44,15 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     EXPECT_EQ(of("foot").at(0).certainty, ProcessCertainty::claimed);
     EXPECT_EQ(sway->windows().at(0).certainty, ProcessCertainty::certain) << "it is preferred";
 
+    // Another client without a window brings no news, but doubt.
+    const pid_t server = desktop.start({"foot", "--server"});
+    EXPECT_TRUE(waitFor([&] {
+        const auto& fresh = toplevels.windowsReadAfresh();
+        return fresh.size() == 1 && !fresh[0].process && fresh[0].candidates.size() == 2;
+    }));
+    desktop.end(server);
+    EXPECT_EQ(of("foot").at(0).process, foot);
+
     const pid_t other = desktop.start({"foot", "sleep", "600"});
     const pid_t calculator = desktop.start({"galculator"}, {{"GDK_BACKEND", "wayland"}});
     const pid_t client = desktop.start({windowClient(), "--no-delete", "--class", "Old"});
@@ -78,6 +81,37 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     ::kill(desktop.server(), SIGTERM);
     EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && !toplevels.isAlive(); }));
     EXPECT_FALSE(windows.coversAllWindows());
+}
+
+TEST(CandidateRows, AreAskedTogetherAndNeverSignalled) {
+    LinuxDesktop machine({.sway = true});
+    machine.desktop.enter();
+    ::unsetenv("SWAYSOCK");
+    const auto compositor =
+        makeCompositorWindows(machine.events, [](const auto& id) { return std::vector{id}; });
+    ASSERT_TRUE(compositor);
+    JoinedDesktop joined(machine, *compositor);
+    const pid_t one = machine.desktop.start({"foot", "sleep", "600"});
+    const pid_t other = machine.desktop.start({"foot", "sleep", "600"});
+    const auto [lower, higher] = std::minmax({one, other});
+    const std::map<ProcessId, std::vector<ProcessId>> expected{{lower, {lower, higher}}};
+    ASSERT_TRUE(waitFor([&] {
+        return joined.listed() == expected && joined.windows.windows().size() == 2;
+    })) << machine.desktop.log();
+
+    const std::vector<AppInfo> ticked{{.pid = lower}};
+    EXPECT_TRUE(joined.quitter.quitApps(ticked, true).empty());
+    for (const ProcessId process : {lower, higher}) {
+        for (const int signal : {SIGTERM, SIGKILL, SIGCONT}) {
+            EXPECT_NE(joined.table.sendSignal(process, signal), 0);
+        }
+    }
+    EXPECT_EQ(joined.listed(), expected);
+
+    EXPECT_TRUE(joined.quitter.quitApp(lower, false));
+    EXPECT_TRUE(waitFor(
+        [&] { return machine.desktop.exitStatus(one) && machine.desktop.exitStatus(other); }));
+    EXPECT_TRUE(joined.listed().empty());
 }
 
 } // namespace

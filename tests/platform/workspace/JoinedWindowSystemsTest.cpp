@@ -2,7 +2,6 @@
 #include "WorkspaceTest.h"
 
 #include "fakes/FakeWindowSystem.h"
-#include "platform/linux/windows/CompositeWindowSystem.h"
 
 #include <csignal>
 
@@ -11,53 +10,47 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
+struct JoinedWindowSystems : testing::Test {
+    JoinedWindowSystems() {
+        for (const WindowId id : {WindowId{1}, WindowId{2}}) {
+            second.all.push_back(window(id));
+        }
+    }
+
+    /// A window that may be either twin's.
+    [[nodiscard]] TopLevelWindow window(WindowId id) const {
+        TopLevelWindow result;
+        result.id = id;
+        result.candidates = {lower, higher};
+        result.applicationId = "org.example.Twin";
+        result.canBeAsked = true;
+        return result;
+    }
+
+    using Listed = std::map<ProcessId, std::vector<ProcessId>>;
+
     LinuxDesktop machine;
     const RealProcess one;
     const RealProcess other;
-    const auto [lower, higher] = std::minmax({one.id(), other.id()});
+    const ProcessId lower = std::min(one.id(), other.id());
+    const ProcessId higher = std::max(one.id(), other.id());
     FakeWindowSystem second;
-    for (const WindowId id : {WindowId{1}, WindowId{2}}) {
-        TopLevelWindow window;
-        window.id = id;
-        window.candidates = {lower, higher};
-        window.applicationId = "org.example.Twin";
-        window.canBeAsked = true;
-        second.all.push_back(window);
-    }
-    CompositeWindowSystem windows({&machine.windows, &second});
-    LinuxProcessTable table(machine.reader, machine.memory, machine.guard, [&](ProcessId process) {
-        return isOneOfSeveralOwners(windows.windows(), process);
-    });
-    LinuxWorkspace workspace({machine.clock,
-                              machine.events,
-                              windows,
-                              machine.reader,
-                              machine.memory,
-                              table,
-                              machine.installed,
-                              machine.guard,
-                              machine.bus,
-                              {}});
-    const auto listed = [&] {
-        std::vector<ProcessId> processes;
-        for (const auto& application : workspace.runningApplications()) {
-            processes.push_back(application.processIdentifier);
-        }
-        std::ranges::sort(processes);
-        return processes;
-    };
+    JoinedDesktop joined{machine, second};
+};
+
+TEST_F(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
     int activations = 0;
-    const auto activated = workspace.onActivated([&](const auto&) { ++activations; });
-
+    const auto activated = joined.workspace.onActivated([&](const auto&) { ++activations; });
+    machine.bus.items = {higher}; // It has its row already.
     const pid_t client = machine.client();
-    EXPECT_TRUE(waitFor([&, lower = lower] {
-        return listed() == std::vector<ProcessId>{lower, client};
-    })) << testing::PrintToString(listed());
+    const Listed expected{{lower, {lower, higher}}, {client, {}}};
+    EXPECT_TRUE(waitFor([&] { return joined.listed() == expected; }))
+        << testing::PrintToString(joined.listed());
 
-    const auto twin = workspace.runningApplication(lower);
+    const auto twin = joined.workspace.runningApplication(lower);
+    EXPECT_TRUE(twin->hasSeveralCandidates());
     EXPECT_FALSE(twin->forceTerminate());
-    EXPECT_NE(table.sendSignal(higher, SIGKILL), 0) << "it may be the one with unsaved work";
+    EXPECT_NE(joined.table.sendSignal(higher, SIGKILL), 0) << "it may have the unsaved work";
     EXPECT_TRUE(twin->terminate());
     EXPECT_THAT(second.asked,
                 ElementsAre(std::pair(WindowId{1}, lower), std::pair(WindowId{2}, lower)));
@@ -67,10 +60,43 @@ TEST(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
     second.all.pop_back();
     second.active = 1;
     // The X client has the keyboard until then, as X tells it.
-    EXPECT_TRUE(workspace.runningApplication(client)->terminate());
+    EXPECT_TRUE(joined.workspace.runningApplication(client)->terminate());
     EXPECT_TRUE(waitFor([&] { return !machine.isRunning(client); }));
     EXPECT_TRUE(pumpUntil(machine.events, [&] { return activations > 0; }));
-    EXPECT_EQ(workspace.frontmostApplication()->processIdentifier, lower);
+    EXPECT_EQ(joined.workspace.frontmostApplication()->processIdentifier, lower);
+}
+
+TEST_F(JoinedWindowSystems, FollowTheWindowsOfCandidatesWhileTheyEnd) {
+    ASSERT_EQ(joined.listed(), (Listed{{lower, {lower, higher}}}));
+    const auto twin = joined.workspace.runningApplication(lower);
+    // A window of its own, which is no part of the row.
+    TopLevelWindow own = window(3);
+    own.candidates.clear();
+    own.process = higher;
+    own.certainty = ProcessCertainty::certain;
+    second.all = {window(2), own};
+    // The lower one has ended with the first.
+    second.all[0].candidates.clear();
+    second.all[0].process = higher;
+    second.all[0].certainty = ProcessCertainty::claimed;
+    EXPECT_FALSE(twin->isTerminated());
+    EXPECT_TRUE(twin->terminate());
+    EXPECT_THAT(second.asked, ElementsAre(std::pair(WindowId{2}, higher)));
+
+    second.all = {own, window(4)};
+    EXPECT_FALSE(twin->isTerminated()) << "the new one may be a question";
+    second.all = {own};
+    EXPECT_TRUE(twin->isTerminated());
+    EXPECT_FALSE(twin->terminate());
+    EXPECT_EQ(second.asked.size(), 1U);
+}
+
+TEST_F(JoinedWindowSystems, ProtectAllCandidatesForOne) {
+    const auto twin = joined.workspace.runningApplication(lower);
+    machine.bus.carriers = {higher};
+    EXPECT_FALSE(twin->terminate());
+    EXPECT_EQ(joined.listed(), Listed{});
+    EXPECT_TRUE(second.asked.empty());
 }
 
 } // namespace

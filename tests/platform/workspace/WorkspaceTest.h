@@ -6,6 +6,7 @@
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
 #include "platform/linux/protection/SessionGuard.h"
+#include "platform/linux/windows/CompositeWindowSystem.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/workspace/BusApplications.h"
 #include "platform/linux/workspace/LinuxWorkspace.h"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -176,6 +178,41 @@ struct LinuxDesktop {
     }
 
     bool isRunning(pid_t process) { return !memory.isGone(process); }
+};
+
+/// The Linux layer over the desktop's X server and a second window system, as the program joins
+/// them.
+struct JoinedDesktop {
+    JoinedDesktop(LinuxDesktop& desktop, WindowSystem& second)
+        : machine(desktop), windows({&desktop.windows, &second}) {}
+
+    LinuxDesktop& machine;
+    CompositeWindowSystem windows;
+    LinuxProcessTable table{
+        machine.reader, machine.memory, machine.guard,
+        [this](ProcessId process) { return isOneOfSeveralOwners(windows.windows(), process); }};
+    LinuxWorkspace workspace{{machine.clock,
+                              machine.events,
+                              windows,
+                              machine.reader,
+                              machine.memory,
+                              table,
+                              machine.installed,
+                              machine.guard,
+                              machine.bus,
+                              {}}};
+    AppQuitter quitter{Platform{workspace, table, machine.clock, machine.rest.runLoop,
+                                machine.rest.bundle, machine.rest.text, machine.rest.strings,
+                                machine.rest.sounds, machine.rest.alerts}};
+
+    /// Each listed process with the candidates beside it, ascending.
+    std::map<ProcessId, std::vector<ProcessId>> listed() {
+        std::map<ProcessId, std::vector<ProcessId>> all;
+        for (const auto& application : workspace.runningApplications()) {
+            all[application.processIdentifier] = application.candidates;
+        }
+        return all;
+    }
 };
 
 } // namespace calmora

@@ -169,11 +169,14 @@ TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsWithBusyChildren) {
     EXPECT_EQ(check(), Pids{});
     EXPECT_EQ(machine.processes.sampled, Pids{}) << "nothing is sampled without need";
     launch(20, "org.xfce.mousepad");
-    for (const auto& [childUses, isQuit] : {std::pair{0s, false}, {2s, false}, {1s, true}}) {
+    machine.workspace.at(20).candidates = {20, 30};
+    machine.processes.start(30);
+    for (const auto& [parent, childUses, isQuit] :
+         {std::tuple{20, 0s, false}, {20, 2s, false}, {30, 2s, false}, {30, 3s, true}}) {
         machine.clock.advance(1min);
         age("org.xfce.mousepad", 1h);
         machine.processes.start(
-            21, {.parent = 20,
+            21, {.parent = parent,
                  .counters = ProcessCounters{
                      .userTime = static_cast<std::uint64_t>(childUses.count()) * oneSecond}});
         EXPECT_EQ(check(), isQuit ? Pids{20} : Pids{}) << childUses.count();

@@ -176,6 +176,27 @@ TEST_F(AppQuitterTest, NeverTouchesAProcessWithAReusedPid) {
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{1, 2, 4, 5}));
 }
 
+TEST_F(AppQuitterTest, AsksCandidatesButSignalsNoneOfThemNorTheirHelpers) {
+    FakeApplication twins = app(2);
+    twins.candidates = {2, 3};
+    twins.endsAfterTerminate = 320ms;
+    machine.workspace.launch(twins);
+    machine.processes.start(3, {.executable = "/opt/app/run"});
+    machine.processes.start(1, {.executable = "/opt/app/helper"});
+    FakeApplication known = app(4);
+    known.acceptsForce = false;
+    machine.workspace.launch(known);
+    const std::vector<AppInfo> ticked{{.pid = 2}, {.pid = 4}};
+
+    EXPECT_EQ(quitter.quitApps(ticked, true), PidSet{4}) << "an instance of its own";
+    EXPECT_EQ(machine.workspace.forceRequests, std::vector<ProcessId>{4});
+    EXPECT_EQ(machine.processes.signals, (Signals{{4, SIGKILL}}));
+    EXPECT_EQ(slept(), 500ms);
+    EXPECT_TRUE(quitter.quitApp(2, false)) << "gone with its windows";
+    EXPECT_EQ(slept(), 350ms);
+    EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{1, 2, 3}));
+}
+
 TEST_F(AppQuitterTest, QuitsTickedRecordsInSequence) {
     for (const ProcessId pid : {1, 2, 3, 4}) {
         FakeApplication application = app(pid, "org.app" + std::to_string(pid));

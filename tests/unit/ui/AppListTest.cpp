@@ -77,6 +77,34 @@ TEST_F(AppListViewModelTest, KeepsTicksAndFiguresByProcess) {
     EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd") << "a new process starts afresh";
 }
 
+TEST_F(AppListViewModelTest, SumsCandidatesAndLetsNoTickAppearWhenTheyPart) {
+    launch(1, "Twin", "org.twin").candidates = {1, 3};
+    machine.processes.start(3, {.counters = ProcessCounters{0, 0, 3U << 20U}});
+    launch(2, "Other", "org.other");
+    model.refresh();
+    model.updateResourceUsage();
+    machine.clock.advance(1s);
+    machine.processes.at(3).counters->userTime = 500'000'000;
+    model.refresh();
+    model.updateResourceUsage();
+    EXPECT_EQ(model.apps()[1].memoryMB, 4);
+    EXPECT_EQ(model.apps()[1].cpuUsage, 50);
+
+    EXPECT_EQ(model.quitSelected(true), 1U);
+    EXPECT_EQ(summary(model.apps()), "Twin+");
+    EXPECT_TRUE(machine.processes.signals.empty());
+    model.toggleSelection(1);
+    machine.processes.end(1);
+    machine.processes.end(3);
+    launch(3, "Twin", "org.twin");
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "Twin");
+    launch(2, "Lower", "org.twin").candidates = {2, 3};
+    machine.processes.end(3);
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "Lower");
+}
+
 TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     launchSome();
     launch(6, "Xd 2", "com.adobe.xd");

@@ -37,7 +37,12 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
         bool isTicked = true;
         bool canTick = true;
         bool canQuit = true;
+        bool canForce = true;
     } cases[] = {
+        {.what = "candidates",
+         .row = {.app = with([](AppInfo& a) { a.candidates = {7, 8}; })},
+         .says = "Mail, —",
+         .canForce = false},
         {"unsampled", {.app = mail, .resourceDisplay = both}, "Mail, —, —"},
         {"CPU alone", {.app = with([](AppInfo& a) { a.cpuUsage = 180; })}, "Mail, 180.0%"},
         {"memory alone",
@@ -62,9 +67,12 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
         EXPECT_EQ(button(view, "tick").isChecked(), c.isTicked) << c.what;
         EXPECT_EQ(button(view, "tick").isEnabled(), c.canTick) << c.what;
         EXPECT_EQ(button(view, "quit").isVisibleTo(&view), c.canQuit) << c.what;
+        EXPECT_TRUE(button(view, "quit").isEnabled()) << c.what;
         row.isForceQuit = true;
         view.setRow(row);
         EXPECT_EQ(button(view, "quit").accessibleName(), "Force Quit Mail") << c.what;
+        EXPECT_EQ(button(view, "quit").isEnabled(), c.canForce) << c.what;
+        EXPECT_EQ(button(view, "quit").toolTip() == "Force Quit", c.canForce) << c.what;
     }
 }
 

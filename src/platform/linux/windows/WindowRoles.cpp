@@ -53,7 +53,8 @@ std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows) {
 bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process) {
     const auto roles = windowRoles(windows);
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i].listedProcess() == process && roles[i].isRegular) {
+        if (roles[i].isRegular && (windows[i].process == process ||
+                                   std::ranges::binary_search(windows[i].candidates, process))) {
             return true;
         }
     }

@@ -27,7 +27,7 @@ struct WindowRole {
 /// hidden leader as the parent of dialogs without one).
 [[nodiscard]] std::vector<WindowRole> windowRoles(std::span<const TopLevelWindow> windows);
 
-/// Whether the process has a regular window among `windows`.
+/// Whether the process has, or may have, a regular window among `windows`.
 [[nodiscard]] bool hasRegularWindow(std::span<const TopLevelWindow> windows, ProcessId process);
 
 /// Whether the process is one of several possible owners of a window: it must not be signalled

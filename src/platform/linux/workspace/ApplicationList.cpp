@@ -105,6 +105,10 @@ ApplicationList::Candidates ApplicationList::candidates() {
         facts.hasRegularWindow = facts.hasRegularWindow || roles[i].isRegular;
         facts.hasHiddenWindow = facts.hasHiddenWindow || roles[i].isHidden;
         candidate.windows.push_back(window);
+        std::vector<ProcessId> processes;
+        std::ranges::set_union(candidate.processes, window.candidates,
+                               std::back_inserter(processes));
+        candidate.processes = std::move(processes);
     }
     for (const ProcessId process : sources_.bus.statusItemProcesses()) {
         found[process].facts.hasTrayIcon = true;
@@ -119,6 +123,13 @@ ApplicationList::Candidates ApplicationList::candidates() {
         found[process].facts.wasRegular = true;
     }
     std::set<ProcessId> applications;
+    for (const TopLevelWindow& window : windows_) {
+        // Each has its row already, even if not under its own id.
+        applications.insert(window.candidates.begin(), window.candidates.end());
+    }
+    std::erase_if(found, [&](const auto& entry) {
+        return entry.second.windows.empty() && applications.contains(entry.first);
+    });
     for (const auto& [process, candidate] : found) {
         if (activationPolicy(candidate.facts) != ActivationPolicy::prohibited) {
             applications.insert(process);
@@ -147,7 +158,9 @@ const ApplicationList::Applications& ApplicationList::update() {
         }
     }
     wereRegular_ = std::move(regular);
-    std::erase_if(verdicts_, [&](const auto& verdict) { return !found.contains(verdict.first); });
+    std::erase_if(verdicts_, [&](const auto& verdict) {
+        return !found.contains(verdict.first) && !isOneOfSeveralOwners(windows_, verdict.first);
+    });
     byProcess_ = std::move(current);
     applications_.clear();
     for (const auto& [process, application] : byProcess_) {
@@ -180,6 +193,16 @@ bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
     return verdict.isProtected;
 }
 
+bool ApplicationList::isAnyProtected(ProcessId process, std::uint64_t startTime,
+                                     const Candidate& candidate) {
+    return isProtected(process, startTime, candidate.facts.hasRegularWindow) ||
+           std::ranges::any_of(candidate.processes, [&](ProcessId other) {
+               const auto started = sources_.reader.startTime(other);
+               return other != process && started &&
+                      isProtected(other, *started, candidate.facts.hasRegularWindow);
+           });
+}
+
 /// Session programs may take their bus names and display roles after they were first seen.
 void ApplicationList::dropOldVerdicts(bool windowsChanged) {
     const auto busOwners = std::exchange(busOwners_, sources_.bus.protectedProcesses());
@@ -206,7 +229,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
         wereRegular_.erase(was);
         candidate.facts.wasRegular = false;
     }
-    candidate.facts.isProtected = isProtected(process, *started, candidate.facts.hasRegularWindow);
+    candidate.facts.isProtected = isAnyProtected(process, *started, candidate);
     const ActivationPolicy policy = activationPolicy(candidate.facts);
     if (policy == ActivationPolicy::prohibited) {
         return nullptr;
@@ -220,6 +243,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
     auto application = std::make_shared<ListedApplication>();
     application->policy = policy;
     application->windows = std::move(candidate.windows);
+    application->candidates = std::move(candidate.processes);
     if (isKnown &&
         (application->windows.empty() || application->windows == known->second->windows)) {
         // Keep the identity found with windows after they are gone.

@@ -47,6 +47,8 @@ struct ListedApplication {
     ActivationPolicy policy = ActivationPolicy::prohibited;
     /// All its windows, oldest first.
     std::vector<TopLevelWindow> windows;
+    /// All processes that some of them may belong to, ascending; empty if all owners are known.
+    std::vector<ProcessId> candidates;
     /// The desktop entry's picture, else the window's; absent if none.
     std::optional<Image> icon;
 
@@ -83,6 +85,8 @@ class ApplicationList {
   private:
     struct Candidate {
         std::vector<TopLevelWindow> windows;
+        /// As ListedApplication::candidates.
+        std::vector<ProcessId> processes;
         ActivationFacts facts;
     };
 
@@ -97,6 +101,8 @@ class ApplicationList {
     };
 
     [[nodiscard]] Candidates candidates();
+    [[nodiscard]] bool isAnyProtected(ProcessId process, std::uint64_t startTime,
+                                      const Candidate& candidate);
     [[nodiscard]] std::optional<std::uint64_t> startTime(ProcessId process) const;
     [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime,
                                    bool hasRegularWindow);

@@ -47,25 +47,78 @@ ProcessId LinuxRunningApplication::processIdentifier() const {
 }
 
 bool LinuxRunningApplication::isTerminated() const {
+    if (!application_->candidates.empty()) {
+        return std::ranges::none_of(sources_.windows.windows(),
+                                    [this](const auto& window) { return isOpenWindow(window); });
+    }
     const ProcessId process = processIdentifier();
     return sources_.memory.startTime(process) != application_->process.startTime ||
            sources_.memory.isGone(process);
 }
 
-bool LinuxRunningApplication::terminate() {
-    const ProcessId process = processIdentifier();
-    if (isTerminated() || sources_.protection.isProtectedNow(process)) {
-        return false;
-    }
+bool LinuxRunningApplication::hasSeveralCandidates() const {
+    return !application_->candidates.empty() ||
+           isOneOfSeveralOwners(sources_.windows.windows(), processIdentifier());
+}
+
+std::vector<ProcessId> LinuxRunningApplication::processes() const {
+    return application_->candidates.empty() ? std::vector{processIdentifier()}
+                                            : application_->candidates;
+}
+
+bool LinuxRunningApplication::wasListed(const TopLevelWindow& window) const {
+    return std::ranges::find(application_->windows, window.id, &TopLevelWindow::id) !=
+           application_->windows.end();
+}
+
+/// With several candidates: whether the window is the row's, also a new one that may be.
+bool LinuxRunningApplication::isOpenWindow(const TopLevelWindow& window) const {
+    const auto owner = window.listedProcess();
+    return wasListed(window) || (owner && window.certainty != ProcessCertainty::certain &&
+                                 std::ranges::binary_search(application_->candidates, *owner));
+}
+
+bool LinuxRunningApplication::isProtectedNow() const {
+    return std::ranges::any_of(processes(), [this](ProcessId process) {
+        return sources_.protection.isProtectedNow(process);
+    });
+}
+
+/// Remembers a request; false while the application asks because of an earlier one.
+bool LinuxRunningApplication::beginRequest(std::span<const TopLevelWindow> windows) {
     requests_.forgetEnded([this](ProcessId asked, std::uint64_t startTime) {
         return sources_.memory.startTime(asked) != startTime || sources_.memory.isGone(asked);
     });
-    const std::vector<TopLevelWindow> before = sources_.windows.windowsReadAfresh();
-    if (requests_.isAsking(process, application_->process.startTime, before)) {
+    std::vector<std::pair<ProcessId, std::uint64_t>> asked;
+    for (const ProcessId process : processes()) {
+        if (process == processIdentifier()) {
+            asked.emplace_back(process, application_->process.startTime);
+        } else if (sources_.memory.hold(process)) {
+            asked.emplace_back(process, sources_.memory.startTime(process).value_or(0));
+        }
+    }
+    for (const auto& [process, startTime] : asked) {
+        if (requests_.isAsking(process, startTime, windows)) {
+            return false;
+        }
+    }
+    for (const auto& [process, startTime] : asked) {
+        requests_.remember(process, startTime, windows);
+    }
+    return true;
+}
+
+bool LinuxRunningApplication::terminate() {
+    if (isTerminated() || isProtectedNow()) {
         return false;
     }
-    requests_.remember(process, application_->process.startTime, before);
-
+    const std::vector<TopLevelWindow> before = sources_.windows.windowsReadAfresh();
+    if (!beginRequest(before)) {
+        return false;
+    }
+    if (!application_->candidates.empty()) {
+        return requestClose();
+    }
     const bool hides = hidesWhenClosed();
     if (hides && quitOverBus()) {
         return true;
@@ -96,7 +149,10 @@ std::vector<WindowId> LinuxRunningApplication::askableWindows() const {
     const auto roles = windowRoles(windows);
     std::vector<WindowId> result;
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i].listedProcess() == processIdentifier() && roles[i].mayBeAsked) {
+        const bool isOwn = application_->candidates.empty()
+                               ? windows[i].listedProcess() == processIdentifier()
+                               : wasListed(windows[i]);
+        if (isOwn && roles[i].mayBeAsked) {
             result.push_back(windows[i].id);
         }
     }
@@ -112,8 +168,7 @@ bool LinuxRunningApplication::mayBeSignalled(std::span<const TopLevelWindow> win
                           window.certainty != ProcessCertainty::certain;
                }
                // It was listed for a window that is no longer known as its own.
-               return std::ranges::find(application_->windows, window.id, &TopLevelWindow::id) !=
-                      application_->windows.end();
+               return wasListed(window);
            });
 }
 
@@ -141,9 +196,14 @@ bool LinuxRunningApplication::quitOverBus() {
 bool LinuxRunningApplication::requestClose() {
     bool sent = false;
     for (const WindowId window : askableWindows()) {
-        // The owner is compared by id, which must still mean this process.
-        sent =
-            (!isTerminated() && sources_.windows.requestClose(window, processIdentifier())) || sent;
+        // The owner is compared by id, which must still mean this process. Candidates may have
+        // ended since they were listed.
+        const auto& now = sources_.windows.windows();
+        const auto found = std::ranges::find(now, window, &TopLevelWindow::id);
+        const auto owner = application_->candidates.empty() ? std::optional(processIdentifier())
+                           : found == now.end()             ? std::nullopt
+                                                            : found->listedProcess();
+        sent = (owner && !isTerminated() && sources_.windows.requestClose(window, *owner)) || sent;
     }
     // The caller sleeps next, so nothing else would send the requests.
     sources_.windows.flush();

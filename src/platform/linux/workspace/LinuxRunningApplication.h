@@ -7,6 +7,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace calmora {
 
@@ -23,6 +24,7 @@ class LinuxRunningApplication final : public RunningApplication {
     [[nodiscard]] std::optional<std::filesystem::path> executableURL() const override;
     [[nodiscard]] ProcessId processIdentifier() const override;
     [[nodiscard]] bool isTerminated() const override;
+    [[nodiscard]] bool hasSeveralCandidates() const override;
 
     /// Asks each of its windows to close once. Sends nothing and returns false while the
     /// application asks its user something because of an earlier request. One that hides in the
@@ -32,7 +34,8 @@ class LinuxRunningApplication final : public RunningApplication {
     /// SIGTERM bypasses the user's confirmation. It is sent only after the windows were read again,
     /// and never to a process with merely claimed windows or possibly invisible ones: in a Wayland
     /// session, one that seems to live only in the tray is asked over the bus or not at all, and
-    /// the result is false.
+    /// the result is false. With several candidates only windows are asked, each as whoever's it
+    /// is by then.
     bool terminate() override;
 
     /// Sends SIGTERM, and SIGCONT to wake a stopped process.
@@ -42,6 +45,11 @@ class LinuxRunningApplication final : public RunningApplication {
     [[nodiscard]] std::vector<WindowId> askableWindows() const;
     [[nodiscard]] bool hidesWhenClosed() const;
     [[nodiscard]] bool mayBeSignalled(std::span<const TopLevelWindow> windows) const;
+    [[nodiscard]] std::vector<ProcessId> processes() const;
+    [[nodiscard]] bool wasListed(const TopLevelWindow& window) const;
+    [[nodiscard]] bool isOpenWindow(const TopLevelWindow& window) const;
+    [[nodiscard]] bool isProtectedNow() const;
+    bool beginRequest(std::span<const TopLevelWindow> windows);
     bool quitOverBus();
     bool requestClose();
     bool endInsteadOfAsking();

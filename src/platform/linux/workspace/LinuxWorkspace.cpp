@@ -36,6 +36,7 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     value.icon = application.icon;
     value.activationPolicy = application.policy;
     value.otherIdentifiers = application.identity.otherIdentifiers;
+    value.candidates = application.candidates;
     return value;
 }
 
