@@ -173,6 +173,7 @@ std::vector<SocketClient> socketClients(const std::string& path, const ProcessRe
     std::ranges::sort(processes);
     processes.erase(std::unique(processes.begin(), processes.end()), processes.end());
     std::vector<SocketClient> clients;
+    clients.reserve(processes.size());
     for (const ProcessId process : processes) {
         clients.push_back({process, programNames(reader.comm(process), reader.executable(process),
                                                  reader.commandLine(process))});

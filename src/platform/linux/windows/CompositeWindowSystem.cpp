@@ -1,7 +1,6 @@
 #include "platform/linux/windows/CompositeWindowSystem.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace calmora {
 namespace {
@@ -91,10 +90,14 @@ std::optional<WindowId> CompositeWindowSystem::activeWindow() {
     bool someCover = std::ranges::any_of(parts_, covers);
     std::optional<WindowId> unlisted;
     // Compositors first: one may say that the X server knows.
-    std::vector<std::size_t> order(parts_.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_partition(order.begin(), order.end(),
-                          [&](std::size_t i) { return covers(parts_[i]); });
+    std::vector<std::size_t> order;
+    for (const bool isCompositor : {true, false}) {
+        for (std::size_t i = 0; i < parts_.size(); ++i) {
+            if (covers(parts_[i]) == isCompositor) {
+                order.push_back(i);
+            }
+        }
+    }
     for (const std::size_t i : order) {
         const auto active =
             someCover && !covers(parts_[i]) ? std::nullopt : parts_[i]->activeWindow();

@@ -316,6 +316,7 @@ void OutsideCatcher::notifyPress() {
 
 std::vector<OutsideCatcher::Output> OutsideCatcher::outputs() const {
     std::vector<Output> outputs;
+    outputs.reserve(covers_.size());
     for (const auto& cover : covers_) {
         outputs.push_back(cover->facts);
     }
