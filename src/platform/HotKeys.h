@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace calmora {
 
@@ -73,6 +74,43 @@ struct HotKeyRegistration {
     Subscription hotKey;
 };
 
+/// A key, as virtual key code and Carbon modifier mask.
+struct HotKeyCombination {
+    std::uint32_t keyCode = 0;
+    std::uint32_t modifiers = 0;
+
+    friend auto operator<=>(const HotKeyCombination&, const HotKeyCombination&) = default;
+};
+
+/// An action with a shortcut, for desktops that know their programs' actions.
+struct HotKeyAction {
+    /// The same in every session, such as "quitAll".
+    std::string id;
+    /// In the user's language.
+    std::string description;
+    /// A shell command that does the same.
+    std::string command;
+    /// What the user has recorded; absent if nothing.
+    std::optional<HotKeyCombination> combination;
+};
+
+/// What the user must know of an action's shortcut beside what they have recorded.
+struct HotKeyHint {
+    enum class Kind {
+        none,
+        /// `text` belongs into the configuration of the desktop.
+        toCopy,
+        /// `text` is what the desktop calls the key that it uses.
+        assigned,
+        /// The desktop has assigned no key.
+        unassigned,
+    };
+    Kind kind = Kind::none;
+    std::string text = {};
+
+    friend bool operator==(const HotKeyHint&, const HotKeyHint&) = default;
+};
+
 /// Global hot keys. Main thread.
 class HotKeys {
   public:
@@ -98,6 +136,23 @@ class HotKeys {
 
     /// Stops delivering events of these types.
     virtual void removeEventTypes(HotKeyEventTypes types) = 0;
+
+    /// What hot keys cannot do here, or how the desktop treats them, as a key of LocalizedStrings;
+    /// empty if they work everywhere.
+    [[nodiscard]] virtual std::string limitation() const { return {}; }
+
+    /// Says which actions there are now. A desktop that wants to know asks for them whenever hot
+    /// keys are registered or released.
+    virtual void setActions(std::function<std::vector<HotKeyAction>()>) {}
+
+    /// What to show beside the shortcut of the action with this id.
+    [[nodiscard]] virtual HotKeyHint hint(const std::string& /*actionId*/) const { return {}; }
+
+    /// Calls `handler` when hints, the limitation or the availability may have changed without a
+    /// change of the recorded shortcuts.
+    [[nodiscard]] virtual Subscription onHintsChanged(std::function<void()> /*handler*/) {
+        return {};
+    }
 };
 
 } // namespace calmora

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <utility>
+#include <xkbcommon/xkbcommon.h>
 
 namespace calmora {
 namespace {
@@ -48,6 +49,12 @@ constexpr std::array qtKeys{
     QtKey{Qt::Key_Right, "Right"},   QtKey{Qt::Key_Down, "Down"},
     QtKey{Qt::Key_PageUp, "Prior"},  QtKey{Qt::Key_PageDown, "Next"},
 };
+
+using QtModifier = std::pair<std::uint32_t, std::uint32_t>;
+
+constexpr std::array qtModifiers{
+    QtModifier{Qt::ShiftModifier, shift}, QtModifier{Qt::ControlModifier, control},
+    QtModifier{Qt::AltModifier, option}, QtModifier{Qt::MetaModifier, command}};
 
 } // namespace
 
@@ -109,11 +116,7 @@ std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
 
 std::optional<Accelerator> qtAccelerator(std::uint32_t key) {
     Accelerator result;
-    const std::pair<std::uint32_t, std::uint32_t> modifiers[] = {{Qt::ShiftModifier, shift},
-                                                                 {Qt::ControlModifier, control},
-                                                                 {Qt::AltModifier, option},
-                                                                 {Qt::MetaModifier, command}};
-    for (const auto& [mask, carbon] : modifiers) {
+    for (const auto& [mask, carbon] : qtModifiers) {
         result.modifiers |= (key & mask) != 0 ? carbon : 0;
         key &= ~mask;
     }
@@ -130,6 +133,30 @@ std::optional<Accelerator> qtAccelerator(std::uint32_t key) {
         return std::nullopt;
     }
     return result;
+}
+
+std::optional<std::uint32_t> qtKey(const Accelerator& accelerator) {
+    const std::string& name = accelerator.key;
+    const xkb_keysym_t symbol = xkb_keysym_from_name(name.c_str(), XKB_KEYSYM_NO_FLAGS);
+    const std::uint32_t character = QChar::toUpper(xkb_keysym_to_utf32(symbol));
+    std::uint32_t key = 0;
+    if (name.starts_with("KP_")) {
+        return std::nullopt;
+    }
+    if (const auto* named = std::ranges::find(qtKeys, name, &QtKey::second);
+        named != qtKeys.end()) {
+        key = named->first;
+    } else if (symbol >= XKB_KEY_F1 && symbol <= XKB_KEY_F35) {
+        key = Qt::Key_F1 + (symbol - XKB_KEY_F1);
+    } else if (character >= ' ') {
+        key = character;
+    } else {
+        return std::nullopt;
+    }
+    for (const auto& [mask, carbon] : qtModifiers) {
+        key |= (accelerator.modifiers & carbon) != 0 ? mask : 0;
+    }
+    return key;
 }
 
 std::vector<Accelerator> xfceAccelerators(const std::vector<XfceProperty>& properties) {

@@ -36,6 +36,10 @@ struct Accelerator {
 /// Source: Qt::Key and Qt::KeyboardModifier.
 [[nodiscard]] std::optional<Accelerator> qtAccelerator(std::uint32_t key);
 
+/// The key of Qt with its modifiers: the reverse of qtAccelerator(). Absent for keys of the keypad
+/// and for a name that is no key of Qt's.
+[[nodiscard]] std::optional<std::uint32_t> qtKey(const Accelerator& accelerator);
+
 /// A property of xfconf's channel "xfce4-keyboard-shortcuts".
 struct XfceProperty {
     /// The path, whose last part is the combination: "/commands/custom/<Primary><Alt>t".

@@ -4,7 +4,11 @@
 #include "platform/linux/keyboard/AsciiKeymap.h"
 #include "platform/linux/keyboard/KeyCodes.h"
 
+#include <QString>
+
+#include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace calmora {
@@ -50,6 +54,22 @@ std::optional<std::int64_t> KeyNames::keyCode(const std::string& name) const {
     }
     const auto found = american_.find(symbol);
     return found != american_.end() ? std::optional(found->second) : std::nullopt;
+}
+
+std::string KeyNames::name(std::int64_t keyCode) const {
+    std::array<char, 64> name{};
+    const auto american =
+        std::ranges::find(american_, keyCode, [](const auto& entry) { return entry.second; });
+    if (american != american_.end()) {
+        xkb_keysym_get_name(american->first, name.data(), name.size());
+    }
+    const std::string_view usual = name.data();
+    const std::u32string character =
+        QString::fromStdString(layout_.character(keyCode).value_or("")).toStdU32String();
+    if (character.size() == 1 && character.front() > U' ' && !usual.starts_with("KP_")) {
+        xkb_keysym_get_name(xkb_utf32_to_keysym(character.front()), name.data(), name.size());
+    }
+    return name.data();
 }
 
 DesktopShortcuts::DesktopShortcuts(const KeyboardLayout& layout, std::vector<Source> sources)

@@ -13,7 +13,7 @@ namespace calmora {
 
 class KeyboardLayout;
 
-/// Finds keys by X keysym names.
+/// Keys and their X keysym names.
 class KeyNames {
   public:
     /// `layout` must outlive this object.
@@ -22,6 +22,10 @@ class KeyNames {
     /// The virtual key code that a keysym name means: for a letter or sign the key that writes it
     /// now, else the key of that name. Absent when there is none.
     [[nodiscard]] std::optional<std::int64_t> keyCode(const std::string& name) const;
+
+    /// The keysym name of a key without modifiers: of what it writes now, else of the key of a US
+    /// keyboard, as for the keypad. Empty when there is none.
+    [[nodiscard]] std::string name(std::int64_t keyCode) const;
 
   private:
     const KeyboardLayout& layout_;
