@@ -1,0 +1,150 @@
+#include "platform/desktop/hotkeys/KdeHotKeys.h"
+
+#include "platform/desktop/dbus/Calls.h"
+#include "platform/desktop/dbus/Messages.h"
+#include "platform/desktop/shortcuts/DesktopShortcuts.h"
+#include "platform/linux/keyboard/KeyCodes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace calmora {
+namespace {
+
+constexpr auto service = "org.kde.kglobalaccel";
+constexpr int answerMilliseconds = 333;
+
+/// The flags of setShortcut(): it is in use, and replaces what the daemon remembers.
+constexpr uint setPresent = 2;
+constexpr uint noAutoloading = 4;
+
+/// The name of an action says its key, so that one that was left behind is ours again.
+QString actionName(HotKeyCombination combination) {
+    return QString("key-%1-%2").arg(combination.keyCode).arg(combination.modifiers);
+}
+
+BusSignal::Match signalOf(const QString& component, const char* name) {
+    return {.path = {},
+            .interface = "org.kde.kglobalaccel.Component",
+            .name = name,
+            .arguments = {component},
+            .service = service};
+}
+
+bool isAbsent(const QDBusMessage& answer) {
+    const QString error = answer.errorName();
+    return error == "org.freedesktop.DBus.Error.ServiceUnknown" ||
+           error == "org.freedesktop.DBus.Error.NameHasNoOwner";
+}
+
+} // namespace
+
+KdeHotKeys::KdeHotKeys(const DesktopHotKeysSurroundings& surroundings)
+    : surroundings_(surroundings), table_(surroundings.mayAct),
+      pressed_(surroundings.sessionBus, signalOf(surroundings.identifier, "globalShortcutPressed"),
+               [this](const QDBusMessage& signal) { receive(signal, &HotKeyTable::press); }),
+      released_(surroundings.sessionBus,
+                signalOf(surroundings.identifier, "globalShortcutReleased"),
+                [this](const QDBusMessage& signal) { receive(signal, &HotKeyTable::release); }),
+      daemon_(service, surroundings.sessionBus, QDBusServiceWatcher::WatchForOwnerChange) {
+    QObject::connect(&daemon_, &QDBusServiceWatcher::serviceOwnerChanged, &daemon_,
+                     [this](const QString&, const QString&, const QString& owner) {
+                         table_.releaseAll();
+                         for (const HotKeyCombination combination : table_.combinations()) {
+                             if (!owner.isEmpty()) {
+                                 static_cast<void>(take(combination));
+                             }
+                         }
+                     });
+}
+
+HotKeyRegistration KdeHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                              HotKeyIdentifier identifier) {
+    const HotKeyCombination combination{keyCode, modifiers};
+    const std::int32_t status = take(combination);
+    if (status != HotKeyStatus::success) {
+        return {status, {}};
+    }
+    return {status,
+            table_.add(combination, identifier, [this, combination] { release(combination); })};
+}
+
+Subscription KdeHotKeys::installEventHandler(Handler handler) {
+    return table_.setHandler(std::move(handler));
+}
+
+void KdeHotKeys::addEventTypes(HotKeyEventTypes types) {
+    if (types == HotKeyEventTypes::hotKeys) {
+        table_.setReporting(true);
+    }
+}
+
+void KdeHotKeys::removeEventTypes(HotKeyEventTypes types) {
+    if (types == HotKeyEventTypes::hotKeys) {
+        table_.setReporting(false);
+    }
+}
+
+void KdeHotKeys::setActions(std::function<std::vector<HotKeyAction>()> actions) {
+    actions_ = std::move(actions);
+}
+
+/// How the daemon names an action: program and action, each as identifier and for the user.
+QStringList KdeHotKeys::action(HotKeyCombination combination) const {
+    QString description = surroundings_.name;
+    for (const HotKeyAction& known : actions_ ? actions_() : std::vector<HotKeyAction>()) {
+        if (known.combination == combination) {
+            description = QString::fromStdString(known.description);
+        }
+    }
+    return {surroundings_.identifier, actionName(combination), surroundings_.name, description};
+}
+
+QDBusMessage KdeHotKeys::ask(const char* method, const QVariantList& arguments) const {
+    QDBusMessage call =
+        methodCall(service, "/kglobalaccel", "org.kde.KGlobalAccel", method, arguments);
+    call.setAutoStartService(false);
+    return surroundings_.sessionBus.call(call, QDBus::Block, answerMilliseconds);
+}
+
+std::int32_t KdeHotKeys::take(HotKeyCombination combination) const {
+    const std::string name = KeyNames(surroundings_.layout).name(combination.keyCode);
+    const auto key = qtKey({combination.modifiers, name});
+    if (!key || isLockKey(combination.keyCode)) {
+        return HotKeyStatus::badValue;
+    }
+    const int number = static_cast<int>(*key);
+    const QStringList names = action(combination);
+    const QDBusMessage registered = ask("doRegister", {names});
+    if (isAbsent(registered)) {
+        return HotKeyStatus::success;
+    }
+    const auto granted =
+        readArgument<QList<int>>(ask("setShortcut", {names, QVariant::fromValue(QList<int>{number}),
+                                                     setPresent | noAutoloading}));
+    if (granted && granted->contains(number)) {
+        return HotKeyStatus::success;
+    }
+    release(combination);
+    return granted ? HotKeyStatus::taken : HotKeyStatus::unavailable;
+}
+
+void KdeHotKeys::release(HotKeyCombination combination) const {
+    // Waits for the answer, because the program may end.
+    static_cast<void>(ask("unregister", {surroundings_.identifier, actionName(combination)}));
+}
+
+void KdeHotKeys::receive(const QDBusMessage& signal,
+                         void (HotKeyTable::*report)(HotKeyCombination)) {
+    const auto arguments = readArguments<QString, QString, qlonglong>(signal);
+    if (!arguments) {
+        return;
+    }
+    const auto combinations = table_.combinations();
+    const auto found = std::ranges::find(combinations, std::get<1>(*arguments), actionName);
+    if (found != combinations.end()) {
+        (table_.*report)(*found);
+    }
+}
+
+} // namespace calmora

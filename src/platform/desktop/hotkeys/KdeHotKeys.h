@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/hotkeys/DesktopHotKeys.h"
+#include "platform/desktop/hotkeys/HotKeyTable.h"
+
+#include <QDBusServiceWatcher>
+
+#include <map>
+
+namespace calmora {
+
+/// Hot keys of KDE's daemon of global shortcuts, which KWin is on Wayland. They are registered
+/// while they are wanted, and again when another daemon takes over. Each call waits for a third of
+/// a second at most.
+/// Source: org.kde.KGlobalAccel and org.kde.kglobalaccel.Component.
+class KdeHotKeys final : public HotKeys {
+  public:
+    explicit KdeHotKeys(const DesktopHotKeysSurroundings& surroundings);
+
+    [[nodiscard]] std::optional<std::string> unavailableReason() const override { return {}; }
+
+    /// A key without a key of Qt's is a bad value; one that another program has is taken. While
+    /// there is no daemon, success: it is registered as soon as there is one.
+    [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                                    HotKeyIdentifier identifier) override;
+    [[nodiscard]] Subscription installEventHandler(Handler handler) override;
+    void addEventTypes(HotKeyEventTypes types) override;
+    void removeEventTypes(HotKeyEventTypes types) override;
+    void setActions(std::function<std::vector<HotKeyAction>()> actions) override;
+
+  private:
+    [[nodiscard]] QStringList action(HotKeyCombination combination) const;
+    [[nodiscard]] QDBusMessage ask(const char* method, const QVariantList& arguments) const;
+    [[nodiscard]] std::int32_t take(HotKeyCombination combination) const;
+    void release(HotKeyCombination combination) const;
+    void receive(const QDBusMessage& signal, void (HotKeyTable::*report)(HotKeyCombination));
+
+    DesktopHotKeysSurroundings surroundings_;
+    HotKeyTable table_;
+    std::function<std::vector<HotKeyAction>()> actions_;
+    BusSignal pressed_;
+    BusSignal released_;
+    QDBusServiceWatcher daemon_;
+};
+
+} // namespace calmora

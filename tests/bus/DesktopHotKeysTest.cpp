@@ -1,0 +1,236 @@
+#include "PrivateBus.h"
+#include "fakes/FakeKeys.h"
+#include "platform/desktop/hotkeys/KdeHotKeys.h"
+#include "platform/desktop/hotkeys/PortalHotKeys.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusMetaType>
+#include <QThread>
+
+#include <atomic>
+
+namespace calmora {
+namespace {
+
+constexpr HotKeyIdentifier first{7, 1};
+constexpr HotKeyCombination recorded{12, 0x1800};
+
+/// The hot keys' side of the bus, and what the handler heard.
+class DesktopHotKeysTest : public testing::Test {
+  protected:
+    DesktopHotKeysTest() { layout.characters = {{12, "q"}, {13, "w"}}; }
+
+    [[nodiscard]] DesktopHotKeysSurroundings surroundings() {
+        return {bus.connect(), layout, "org.example.Program", "Program", [] { return true; }};
+    }
+
+    void listen(HotKeys& hotKeys) {
+        handler = hotKeys.installEventHandler([this](const HotKeyEvent& event) {
+            heard += event.kind == HotKeyEventKind::hotKeyPressed ? '+' : '-';
+            heard += std::to_string(std::get<HotKeyIdentifier>(event.identifier).id);
+            return HotKeyStatus::success;
+        });
+        hotKeys.addEventTypes(HotKeyEventTypes::hotKeys);
+    }
+
+    PrivateBus bus;
+    FakeKeyboardLayout layout;
+    Subscription handler;
+    std::string heard;
+};
+
+/// A daemon that has given away W, on a thread of its own: the asking one waits for it.
+class Daemon {
+  public:
+    explicit Daemon(PrivateBus& bus)
+        : connection(bus.connect()),
+          object(connection, "/kglobalaccel", [this](auto&& message) { return answer(message); }) {
+        object.moveToThread(&thread);
+        thread.start();
+    }
+
+    Daemon(const Daemon&) = delete;
+    Daemon& operator=(const Daemon&) = delete;
+
+    ~Daemon() {
+        thread.quit();
+        thread.wait();
+    }
+
+    void report(QDBusConnection from, const QString& name, const QString& action,
+                const QString& program = "org.example.Program") {
+        QDBusMessage signal =
+            QDBusMessage::createSignal("/component/any", "org.kde.kglobalaccel.Component", name);
+        signal.setArguments({program, action, qlonglong{5}});
+        from.send(signal);
+    }
+
+    QVariantList answer(const QDBusMessage& message) {
+        const QString action = message.member() == "unregister"
+                                   ? message.arguments().value(1).toString()
+                                   : message.arguments().value(0).toStringList().value(1);
+        if (message.member() == "unregister") {
+            registered -= action == "key-12-6144" ? 1 : 0;
+            return {true};
+        }
+        if (message.member() == "doRegister") {
+            return {};
+        }
+        QList<int> keys = qdbus_cast<QList<int>>(message.arguments().value(1));
+        registered += keys == QList<int>{0x0C000051} ? 1 : 0;
+        return {QVariant::fromValue(keys == QList<int>{0x0C000057} ? QList<int>{0} : keys)};
+    }
+
+    /// How often Q is registered.
+    std::atomic<int> registered = 0;
+    QDBusConnection connection;
+    QThread thread;
+    ScriptedObject object;
+};
+
+TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
+    Daemon daemon(bus);
+    KdeHotKeys hotKeys(surroundings());
+    listen(hotKeys);
+    auto early = hotKeys.registerHotKey(12, 0x1800, first);
+    EXPECT_EQ(early.status, HotKeyStatus::success) << "there is no daemon yet";
+    ASSERT_TRUE(daemon.connection.registerService("org.kde.kglobalaccel"));
+    EXPECT_TRUE(loopUntil([&] { return daemon.registered == 1; }));
+
+    EXPECT_EQ(hotKeys.registerHotKey(13, 0x1800, {7, 2}).status, HotKeyStatus::taken);
+    EXPECT_EQ(hotKeys.registerHotKey(57, 0, {7, 3}).status, HotKeyStatus::badValue);
+
+    daemon.report(bus.connect(), "globalShortcutPressed", "key-12-6144");
+    daemon.report(daemon.connection, "globalShortcutPressed", "key-12-6144", "org.example.Other");
+    daemon.report(daemon.connection, "globalShortcutPressed", "key-13-6144");
+    for (const char* name :
+         {"globalShortcutPressed", "globalShortcutPressed", "globalShortcutPressed",
+          "globalShortcutReleased", "globalShortcutPressed", "globalShortcutReleased"}) {
+        daemon.report(daemon.connection, name, "key-12-6144");
+    }
+    EXPECT_TRUE(loopUntil([&] { return heard.ends_with("-1+1-1"); }));
+    EXPECT_EQ(heard, "+1-1+1-1");
+    early.hotKey.reset();
+    EXPECT_EQ(daemon.registered, 0) << "known to be unregistered when the token has ended";
+}
+
+/// (sa{sv}), as the portal carries shortcuts.
+struct Shortcut {
+    QString id;
+    QVariantMap options;
+};
+
+QDBusArgument& operator<<(QDBusArgument& to, const Shortcut& shortcut) {
+    to.beginStructure();
+    to << shortcut.id << shortcut.options;
+    to.endStructure();
+    return to;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& from, Shortcut& shortcut) {
+    from.beginStructure();
+    from >> shortcut.id >> shortcut.options;
+    from.endStructure();
+    return from;
+}
+
+/// A portal that gives the first shortcut the key "Super Q".
+class Portal {
+  public:
+    explicit Portal(const QDBusConnection& connection)
+        : bus(connection),
+          desktop(connection, "/org/freedesktop/portal/desktop",
+                  [this](const QDBusMessage& message) { return answer(message); }) {}
+
+    QVariantList answer(const QDBusMessage& message) {
+        if (message.member() == "Get") {
+            return {QVariant::fromValue(QDBusVariant(1U))};
+        }
+        QVariantMap results;
+        if (message.member() == "CreateSession") {
+            results["session_handle"] = QString("/session/%1").arg(++sessions);
+            session = std::make_unique<ScriptedObject>(bus, results["session_handle"].toString());
+        } else {
+            bound = qdbus_cast<QList<Shortcut>>(message.arguments().value(1));
+            results["shortcuts"] = QVariant::fromValue(
+                QList<Shortcut>{{bound.value(0).id, {{"trigger_description", "Super Q"}}}});
+        }
+        const auto options = qdbus_cast<QVariantMap>(message.arguments().back());
+        const QString request = "/org/freedesktop/portal/desktop/request/" +
+                                message.service().mid(1).replace('.', '_') + '/' +
+                                options["handle_token"].toString();
+        QDBusMessage response =
+            QDBusMessage::createSignal(request, "org.freedesktop.portal.Request", "Response");
+        response.setArguments({0U, results});
+        bus.send(response);
+        return {QVariant::fromValue(QDBusObjectPath(request))};
+    }
+
+    void report(const QDBusConnection& from, const char* name, const char* path, const char* id) {
+        QDBusMessage signal = QDBusMessage::createSignal(
+            "/org/freedesktop/portal/desktop", "org.freedesktop.portal.GlobalShortcuts", name);
+        signal.setArguments({QVariant::fromValue(QDBusObjectPath(path)), QString(id), qulonglong{5},
+                             QVariantMap()});
+        from.send(signal);
+    }
+
+    int sessions = 0;
+    QList<Shortcut> bound;
+    QDBusConnection bus;
+    ScriptedObject desktop;
+    std::unique_ptr<ScriptedObject> session;
+};
+
+TEST_F(DesktopHotKeysTest, ThePortalBindsTheActionsAndSaysTheirKeys) {
+    qDBusRegisterMetaType<Shortcut>();
+    qDBusRegisterMetaType<QList<Shortcut>>();
+    Portal portal(bus.connect());
+    ASSERT_TRUE(portal.bus.registerService("org.freedesktop.portal.Desktop"));
+    std::vector<HotKeyAction> actions{{"open", "Open it", "run --open", recorded},
+                                      {"end", "End it", "run --end", HotKeyCombination{13, 0}},
+                                      {"none", "None", "run --none", {}}};
+    PortalHotKeys hotKeys(surroundings(), {.isOnWayland = true, .hasSessionBus = true});
+    EXPECT_EQ(hotKeys.hint("none"), (HotKeyHint{HotKeyHint::Kind::none, {}}));
+    hotKeys.setActions([&] { return actions; });
+    EXPECT_EQ(hotKeys.hint("none"), (HotKeyHint{HotKeyHint::Kind::toCopy, "run --none"}))
+        << "the portal has not answered";
+    EXPECT_TRUE(hotKeys.unavailableReason());
+    listen(hotKeys);
+    auto hotKey = hotKeys.registerHotKey(12, 0x1800, first);
+    EXPECT_TRUE(loopUntil([&] { return hotKeys.hint("open").text == "Super Q"; }));
+    EXPECT_FALSE(hotKeys.unavailableReason());
+    EXPECT_EQ(hotKeys.hint("end").kind, HotKeyHint::Kind::unassigned);
+    EXPECT_EQ(hotKeys.hint("none").kind, HotKeyHint::Kind::none);
+    ASSERT_EQ(portal.bound.size(), 2);
+    EXPECT_EQ(portal.bound[0].id, "open");
+    EXPECT_EQ(portal.bound[0].options["preferred_trigger"], "CTRL+ALT+q");
+    EXPECT_EQ(portal.bound[0].options["description"], "Open it");
+
+    portal.report(bus.connect(), "Activated", "/session/1", "open");
+    portal.report(portal.bus, "Activated", "/session/2", "open");
+    portal.report(portal.bus, "Activated", "/session/1", "end");
+    for (const char* name : {"Activated", "Activated", "Deactivated", "Activated"}) {
+        portal.report(portal.bus, name, "/session/1", "open");
+    }
+    EXPECT_TRUE(loopUntil([&] { return heard.ends_with("-1+1"); }));
+    EXPECT_EQ(heard, "+1-1+1");
+
+    // A menu of ours suspends the hot keys: no new dialog of the portal. A change does need one.
+    hotKey.hotKey.reset();
+    hotKey = hotKeys.registerHotKey(12, 0x1800, first);
+    ScriptedObject* const before = portal.session.get();
+    loopFor(std::chrono::milliseconds(20));
+    EXPECT_EQ(portal.sessions, 1);
+    EXPECT_EQ(before->count("Close"), 0);
+    actions[0].combination = HotKeyCombination{13, 0x1800};
+    hotKey = hotKeys.registerHotKey(13, 0x1800, first);
+    EXPECT_TRUE(loopUntil([&] {
+        return portal.sessions == 2 && portal.bound[0].options["preferred_trigger"] == "CTRL+ALT+w";
+    }));
+}
+
+} // namespace
+} // namespace calmora
+
+Q_DECLARE_METATYPE(calmora::Shortcut)
