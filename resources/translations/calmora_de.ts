@@ -380,8 +380,24 @@
         <translation>Unter Wayland werden nur X11-Programme aufgeführt.</translation>
     </message>
     <message>
-        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
-        <translation>Unter Wayland wirken Tastenkürzel nur, solange ein X11-Programm im Vordergrund ist.</translation>
+        <source>Key on this desktop: %@</source>
+        <translation>Taste in dieser Arbeitsumgebung: %@</translation>
+    </message>
+    <message>
+        <source>The desktop has assigned no key.</source>
+        <translation>Die Arbeitsumgebung hat keine Taste zugewiesen.</translation>
+    </message>
+    <message>
+        <source>The desktop assigns the keys; what is recorded here is a proposal.</source>
+        <translation>Die Arbeitsumgebung weist die Tasten zu; was hier aufgenommen wird, ist ein Vorschlag.</translation>
+    </message>
+    <message>
+        <source>Record a shortcut, copy its line into the configuration of sway, and reload that.</source>
+        <translation>Nehmen Sie ein Tastenkürzel auf, kopieren Sie seine Zeile in die Konfiguration von sway und laden Sie diese neu.</translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs choose shortcuts. Bind these commands to keys in its settings or its configuration.</source>
+        <translation>In dieser Arbeitsumgebung können Programme keine Tastenkürzel wählen. Weisen Sie diesen Befehlen in ihren Einstellungen oder ihrer Konfiguration Tasten zu.</translation>
     </message>
     <message>
         <source>Shortcuts are not available, because there is no X server.</source>

@@ -380,8 +380,24 @@
         <translation>En Wayland solo se muestran las aplicaciones X11.</translation>
     </message>
     <message>
-        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
-        <translation>En Wayland, los atajos solo funcionan mientras una aplicación X11 está en primer plano.</translation>
+        <source>Key on this desktop: %@</source>
+        <translation>Tecla en este escritorio: %@</translation>
+    </message>
+    <message>
+        <source>The desktop has assigned no key.</source>
+        <translation>El escritorio no ha asignado ninguna tecla.</translation>
+    </message>
+    <message>
+        <source>The desktop assigns the keys; what is recorded here is a proposal.</source>
+        <translation>El escritorio asigna las teclas; lo que se graba aquí es una propuesta.</translation>
+    </message>
+    <message>
+        <source>Record a shortcut, copy its line into the configuration of sway, and reload that.</source>
+        <translation>Grabe un atajo, copie su línea en la configuración de sway y vuelva a cargarla.</translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs choose shortcuts. Bind these commands to keys in its settings or its configuration.</source>
+        <translation>Este escritorio no permite que los programas elijan atajos. Asigne teclas a estas órdenes en sus preferencias o su configuración.</translation>
     </message>
     <message>
         <source>Shortcuts are not available, because there is no X server.</source>

@@ -380,8 +380,24 @@
         <translation>Sous Wayland, seules les applications X11 sont affichées.</translation>
     </message>
     <message>
-        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
-        <translation>Sous Wayland, les raccourcis ne fonctionnent que lorsqu’une application X11 est au premier plan.</translation>
+        <source>Key on this desktop: %@</source>
+        <translation>Touche sur ce bureau : %@</translation>
+    </message>
+    <message>
+        <source>The desktop has assigned no key.</source>
+        <translation>Le bureau n’a attribué aucune touche.</translation>
+    </message>
+    <message>
+        <source>The desktop assigns the keys; what is recorded here is a proposal.</source>
+        <translation>Le bureau attribue les touches ; ce qui est défini ici est une proposition.</translation>
+    </message>
+    <message>
+        <source>Record a shortcut, copy its line into the configuration of sway, and reload that.</source>
+        <translation>Définissez un raccourci, copiez sa ligne dans la configuration de sway, puis rechargez-la.</translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs choose shortcuts. Bind these commands to keys in its settings or its configuration.</source>
+        <translation>Ce bureau ne laisse pas les programmes choisir de raccourcis. Associez ces commandes à des touches dans ses paramètres ou sa configuration.</translation>
     </message>
     <message>
         <source>Shortcuts are not available, because there is no X server.</source>

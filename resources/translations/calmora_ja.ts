@@ -376,8 +376,24 @@
         <translation>Waylandでは、X11のアプリだけが表示されます。</translation>
     </message>
     <message>
-        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
-        <translation>Waylandでは、X11のアプリが手前にあるときだけショートカットを使えます。</translation>
+        <source>Key on this desktop: %@</source>
+        <translation>このデスクトップでのキー: %@</translation>
+    </message>
+    <message>
+        <source>The desktop has assigned no key.</source>
+        <translation>デスクトップはキーを割り当てていません。</translation>
+    </message>
+    <message>
+        <source>The desktop assigns the keys; what is recorded here is a proposal.</source>
+        <translation>キーはデスクトップが割り当てます。ここで設定するキーは提案です。</translation>
+    </message>
+    <message>
+        <source>Record a shortcut, copy its line into the configuration of sway, and reload that.</source>
+        <translation>ショートカットを設定し、その行を sway の設定にコピーして、設定を再読み込みしてください。</translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs choose shortcuts. Bind these commands to keys in its settings or its configuration.</source>
+        <translation>このデスクトップでは、プログラムがショートカットを選べません。デスクトップの設定または設定ファイルで、これらのコマンドにキーを割り当ててください。</translation>
     </message>
     <message>
         <source>Shortcuts are not available, because there is no X server.</source>

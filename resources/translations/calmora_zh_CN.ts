@@ -376,8 +376,24 @@
         <translation>在 Wayland 下仅列出 X11 应用。</translation>
     </message>
     <message>
-        <source>On Wayland, shortcuts work only while an X11 application is in front.</source>
-        <translation>在 Wayland 下，仅当 X11 应用位于前台时快捷键才有效。</translation>
+        <source>Key on this desktop: %@</source>
+        <translation>此桌面上的按键：%@</translation>
+    </message>
+    <message>
+        <source>The desktop has assigned no key.</source>
+        <translation>桌面未分配按键。</translation>
+    </message>
+    <message>
+        <source>The desktop assigns the keys; what is recorded here is a proposal.</source>
+        <translation>按键由桌面分配；此处录制的只是建议。</translation>
+    </message>
+    <message>
+        <source>Record a shortcut, copy its line into the configuration of sway, and reload that.</source>
+        <translation>录制快捷键，将其对应的行复制到 sway 的配置中，然后重新加载配置。</translation>
+    </message>
+    <message>
+        <source>This desktop does not let programs choose shortcuts. Bind these commands to keys in its settings or its configuration.</source>
+        <translation>此桌面不允许程序选择快捷键。请在其设置或配置文件中为这些命令绑定按键。</translation>
     </message>
     <message>
         <source>Shortcuts are not available, because there is no X server.</source>

@@ -29,8 +29,8 @@ struct RecorderEnvironment {
     MainMenu mainMenu;
     /// Suspends hot keys and timers while an alert is open; may be empty.
     std::function<Subscription()> beginAlert;
-    /// Where shortcuts do not work, as a key of LocalizedStrings; empty if they work everywhere.
-    std::string limitation;
+    /// Says what else the user must know of shortcuts here.
+    HotKeys& hotKeys;
 };
 
 /// An alert of the recorder. The first button is the safe one and the answer of Escape.

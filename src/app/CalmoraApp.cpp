@@ -3,6 +3,7 @@
 #include "app/Diagnosis.h"
 #include "app/Identity.h"
 #include "app/WindowBackendChoice.h"
+#include "platform/desktop/hotkeys/DesktopHotKeys.h"
 #include "platform/desktop/status/QtStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
@@ -69,7 +70,15 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                        EndingSignals& signals, const QtEnvironment& environment)
     : sessionBus_(sessionBus), environment_(environment),
       backend_(makeWindowBackend(
-          events_, [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); })),
+          events_, [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); },
+          [this](const KeyboardLayout& layout) {
+              return makeDesktopHotKeys(
+                  {.sessionBus = sessionBus_,
+                   .layout = layout,
+                   .identifier = identity::identifier,
+                   .name = identity::name,
+                   .mayAct = [this] { return !alertSession_.isOpen(); }});
+          })),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),

@@ -2,6 +2,7 @@
 
 #include "app/Identity.h"
 #include "app/LinuxMachine.h"
+#include "platform/HotKeys.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/qt/WindowBackend.h"
@@ -101,7 +102,7 @@ std::string diagnosis(WindowBackend& backend, LinuxMachine& machine,
         return limitation.empty() ? std::string("complete") : limitation;
     };
     add("list", limit(backend.listLimitation()));
-    add("shortcuts", limit(backend.hotKeyLimitation()));
+    add("shortcuts", limit(backend.hotKeys().limitation()));
     add("session bus", sessionBus.isConnected() ? "connected" : "none");
     for (const ProcessId process : processes) {
         add("process " + std::to_string(process), aboutProcess(process, backend, machine));

@@ -1,13 +1,21 @@
 #include "app/GlobalShortcuts.h"
 
+#include "platform/HotKeys.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/LocalizedStrings.h"
 #include "platform/desktop/shortcuts/ShortcutSources.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/WindowBackend.h"
 #include "settings/ProgramMenu.h"
+#include "settings/ProgramMenu.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -45,17 +53,44 @@ GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& 
                  strings,
                  programMenu(strings),
                  [&alertSession] { return alertSession.begin(); },
-                 backend.hotKeyLimitation()},
+                 backend.hotKeys()},
       menus_(notifications_,
              [this, &backend](std::uint32_t nativeKey, ModifierFlags modifiers) {
                  const auto key = backend.keyboardLayout().keyCode(nativeKey);
                  return key && shortcuts_.isRegistered(Shortcut::of(Key{*key}, modifiers));
              }),
+      hotKeys_(backend.hotKeys()),
       // Hot keys pressed while an alert was open are dropped.
       alertEnds_(alertSession.onChanged([&backend](bool isOpen) {
           if (!isOpen) {
               backend.discardKeyPresses();
           }
-      })) {}
+      })) {
+    hotKeys_.setActions([this, &strings] { return actions(strings); });
+}
+
+GlobalShortcuts::~GlobalShortcuts() {
+    hotKeys_.setActions(nullptr);
+}
+
+std::vector<HotKeyAction> GlobalShortcuts::actions(const LocalizedStrings& strings) const {
+    const QString program = QCoreApplication::applicationFilePath();
+    const QString name = QFileInfo(program).fileName();
+    const bool isInPath = QStandardPaths::findExecutable(name) == program;
+    const std::string command = (isInPath ? name : program).toStdString();
+    std::vector<HotKeyAction> result;
+    for (const ProgramShortcut& row : programShortcuts) {
+        HotKeyAction action{.id = row.name,
+                            .description = strings.text(row.description),
+                            .command = command + ' ' + row.option,
+                            .combination = {}};
+        if (const auto shortcut = shortcuts_.getShortcut({row.name, {}})) {
+            action.combination = {static_cast<std::uint32_t>(shortcut->carbonKeyCode),
+                                  static_cast<std::uint32_t>(shortcut->carbonModifiers)};
+        }
+        result.push_back(std::move(action));
+    }
+    return result;
+}
 
 } // namespace calmora

@@ -9,8 +9,11 @@
 
 #include <QDBusConnection>
 
+#include <vector>
+
 namespace calmora {
 
+struct HotKeyAction;
 class LocalizedStrings;
 class Text;
 class WindowBackend;
@@ -25,6 +28,7 @@ class GlobalShortcuts {
                     AlertSession& alertSession);
     GlobalShortcuts(const GlobalShortcuts&) = delete;
     GlobalShortcuts& operator=(const GlobalShortcuts&) = delete;
+    ~GlobalShortcuts();
 
     [[nodiscard]] KeyboardShortcuts& shortcuts() { return shortcuts_; }
 
@@ -35,11 +39,14 @@ class GlobalShortcuts {
     void setPanelMenuOpen(bool isOpen) { menus_.setPanelMenuOpen(isOpen); }
 
   private:
+    [[nodiscard]] std::vector<HotKeyAction> actions(const LocalizedStrings& strings) const;
+
     NotificationCenter notifications_;
     DesktopShortcuts desktop_;
     KeyboardShortcuts shortcuts_;
     RecorderEnvironment recorders_;
     RunLoopLocalEventMonitor menus_;
+    HotKeys& hotKeys_;
     Subscription alertEnds_;
 };
 

@@ -9,12 +9,14 @@
 namespace calmora {
 
 std::unique_ptr<WindowBackend>
-makeWindowBackend(EventPoll& events, std::function<const DesktopEntryIndex&()> installed) {
+makeWindowBackend(EventPoll& events, std::function<const DesktopEntryIndex&()> installed,
+                  const X11Backend::MakeHotKeys& makeHotKeys) {
     auto compositor = makeCompositorWindows(
         events, [installed = std::move(installed)](const std::string& applicationId) {
             return programsOfAppId(applicationId, installed());
         });
-    return withLayerSurfaces(std::make_unique<X11Backend>(events, std::move(compositor)));
+    return withLayerSurfaces(
+        std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys));
 }
 
 } // namespace calmora

@@ -7,12 +7,16 @@ namespace calmora {
 
 class DesktopEntryIndex;
 class EventPoll;
+class HotKeys;
+class KeyboardLayout;
 class WindowBackend;
 
 /// The backend for the window system of this session. `installed` returns the installed
-/// applications; it is called when windows are listed, not before. `events` must outlive the
-/// backend. Needs the QApplication.
-[[nodiscard]] std::unique_ptr<WindowBackend>
-makeWindowBackend(EventPoll& events, std::function<const DesktopEntryIndex&()> installed);
+/// applications; it is called when windows are listed, not before. `makeHotKeys` gives the hot keys
+/// of the desktop; null where programs grab keys. `events` must outlive the backend. Needs the
+/// QApplication.
+[[nodiscard]] std::unique_ptr<WindowBackend> makeWindowBackend(
+    EventPoll& events, std::function<const DesktopEntryIndex&()> installed,
+    const std::function<std::unique_ptr<HotKeys>(const KeyboardLayout&)>& makeHotKeys);
 
 } // namespace calmora

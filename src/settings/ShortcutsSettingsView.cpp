@@ -1,7 +1,8 @@
 #include "settings/ShortcutsSettingsView.h"
 
-#include "KeyboardShortcuts/Recorder.h"
+#include "platform/NotificationCenter.h"
 #include "settings/ProgramMenu.h"
+#include "settings/ShortcutRow.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Form.h"
 #include "widgets/Labels.h"
@@ -9,47 +10,42 @@
 #include <QVBoxLayout>
 
 #include <optional>
-#include <string>
-#include <utility>
 
 namespace calmora {
 
 ShortcutsSettingsView::ShortcutsSettingsView(const RecorderEnvironment& environment,
                                              QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent), environment_(environment) {
     setObjectName("shortcutsSettings");
     auto* form = new Form;
-    const std::optional<std::string> unavailable = environment.shortcuts.unavailableReason();
-    std::string hintText = "Shortcuts work from any application.";
-    if (unavailable || !environment.limitation.empty()) {
-        hintText = unavailable.value_or(environment.limitation);
-    }
-
     FormSection& global = form->addSection(uiText("Global Shortcuts"));
-    const std::pair<const char*, const char*> rows[] = {
-        {"Show/Hide Calmora:", ProgramShortcuts::activateMenu},
-        {"Quit all:", ProgramShortcuts::quitAll},
-        {"Force quit all:", ProgramShortcuts::forceQuitAll},
-    };
-    for (const auto& [label, rawName] : rows) {
-        auto* row =
-            new Recorder(environment, uiText(label), environment.shortcuts.name(rawName), nullptr);
-        row->setObjectName(rawName);
-        row->setFont(Theme::font(TextStyle::body));
-        row->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
-                                metrics::rowPadding);
-        if (unavailable) {
-            row->setEnabled(false);
-            row->setToolTip(uiText(unavailable->c_str()));
-            row->control().setToolTip(row->toolTip());
-        }
+    for (const ProgramShortcut& shortcut : programShortcuts) {
+        auto* row = new ShortcutRow(environment, shortcut);
+        row->setObjectName(shortcut.name);
         global.addRow(row);
+        rows_.emplace_back(shortcut.name, row);
     }
-    form->addSection().addNote(uiText(hintText.c_str()));
-
+    note_ = form->addSection().addNote({});
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(form);
+
+    update();
+    shortcutChanges_ = environment.notifications.observe(KeyboardShortcuts::shortcutByNameDidChange,
+                                                         [this](auto&&) { update(); });
+    hintChanges_ = environment.hotKeys.onHintsChanged([this] { update(); });
+}
+
+void ShortcutsSettingsView::update() {
+    const std::optional<std::string> unavailable = environment_.shortcuts.unavailableReason();
+    for (const auto& [name, row] : rows_) {
+        row->update(environment_.hotKeys.hint(name), unavailable);
+    }
+    std::string note = unavailable.value_or(environment_.hotKeys.limitation());
+    if (note.empty()) {
+        note = "Shortcuts work from any application.";
+    }
+    note_->setText(uiText(note.c_str()));
 }
 
 } // namespace calmora

@@ -81,7 +81,7 @@ FormSection::FormSection(const QString& title, QWidget* parent)
     setAccessibleName(title);
 }
 
-QWidget* FormSection::addNote(const QString& text) {
+Paragraph* FormSection::addNote(const QString& text) {
     auto* note = new Paragraph(text, TextStyle::caption, ThemeColor::secondary);
     note->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
                              metrics::rowPadding);

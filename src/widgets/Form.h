@@ -14,6 +14,8 @@ class QVBoxLayout;
 
 namespace calmora {
 
+class Paragraph;
+
 /// Rows below each other, with a thin line between the visible ones.
 class FormRows : public QWidget {
   public:
@@ -39,7 +41,7 @@ class FormSection final : public QWidget {
     void addRow(QWidget* row) { card_->addRow(row); }
 
     /// Adds a row with a small text that explains.
-    QWidget* addNote(const QString& text);
+    Paragraph* addNote(const QString& text);
 
   private:
     FormRows* card_;

@@ -47,6 +47,17 @@ class FakeHotKeys final : public HotKeys {
         calls->push_back(types == HotKeyEventTypes::hotKeys ? "-hot" : "-raw");
     }
 
+    std::string limitation() const override { return limit; }
+
+    HotKeyHint hint(const std::string& actionId) const override {
+        const auto found = hints.find(actionId);
+        return found != hints.end() ? found->second : HotKeyHint{};
+    }
+
+    Subscription onHintsChanged(std::function<void()> changed) override {
+        return hintsChanged.connect(std::move(changed));
+    }
+
     /// Sends the handler a hot-key event.
     std::int32_t fire(std::uint32_t id, HotKeyEventKind kind = HotKeyEventKind::hotKeyPressed,
                       std::uint32_t signature = 0x434C4D48) const {
@@ -72,6 +83,9 @@ class FakeHotKeys final : public HotKeys {
     /// Status by key code.
     std::map<std::uint32_t, std::int32_t> refusals;
     std::optional<std::string> reason;
+    std::string limit;
+    std::map<std::string, HotKeyHint> hints;
+    Signal<> hintsChanged;
     Handler handler;
     /// Shared, because tokens record their end and may outlive this object.
     std::shared_ptr<std::vector<std::string>> calls = std::make_shared<std::vector<std::string>>();

@@ -84,6 +84,43 @@ int main(int argc, char** argv) {
                                           unavailable.shortcuts.name("activateMenu"));
         unavailable.window.show();
         save(unavailable.window, folder.filePath("unavailable-" + suffix));
+
+        ShortcutsPane sway({},
+                           "Record a shortcut, copy its line into the configuration of sway, and "
+                           "reload that.",
+                           locale);
+        sway.shortcuts.setShortcut(Shortcut{40, 0x1900}, sway.shortcuts.name("activateMenu"));
+        sway.shortcuts.setShortcut(Shortcut{12, 0x1b00}, sway.shortcuts.name("forceQuitAll"));
+        sway.hotKeys.hints = {
+            {"activateMenu",
+             {HotKeyHint::Kind::toCopy, "bindsym Mod4+Mod1+Ctrl+k exec calmora --toggle"}},
+            {"forceQuitAll",
+             {HotKeyHint::Kind::toCopy,
+              "bindsym Mod4+Mod1+Ctrl+Shift+q exec calmora --force-quit-all"}}};
+        sway.hotKeys.hintsChanged.emit();
+        sway.window.show();
+        save(sway.window, folder.filePath("sway-" + suffix));
+
+        ShortcutsPane portal(
+            {}, "The desktop assigns the keys; what is recorded here is a proposal.", locale);
+        portal.shortcuts.setShortcut(Shortcut{40, 0x1900}, portal.shortcuts.name("activateMenu"));
+        portal.shortcuts.setShortcut(Shortcut{12, 0x1b00}, portal.shortcuts.name("quitAll"));
+        portal.hotKeys.hints = {{"activateMenu", {HotKeyHint::Kind::assigned, "Super+Alt+K"}},
+                                {"quitAll", {HotKeyHint::Kind::unassigned, {}}}};
+        portal.hotKeys.hintsChanged.emit();
+        portal.window.show();
+        save(portal.window, folder.filePath("portal-" + suffix));
+
+        ShortcutsPane commands("This desktop does not let programs choose shortcuts. Bind these "
+                               "commands to keys in its settings or its configuration.",
+                               {}, locale);
+        commands.hotKeys.hints = {
+            {"activateMenu", {HotKeyHint::Kind::toCopy, "calmora --toggle"}},
+            {"quitAll", {HotKeyHint::Kind::toCopy, "calmora --quit-all"}},
+            {"forceQuitAll", {HotKeyHint::Kind::toCopy, "calmora --force-quit-all"}}};
+        commands.hotKeys.hintsChanged.emit();
+        commands.window.show();
+        save(commands.window, folder.filePath("commands-" + suffix));
     }
     return 0;
 }

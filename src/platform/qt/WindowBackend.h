@@ -35,9 +35,6 @@ class WindowBackend {
 
     /// What the list of applications lacks here, in English; empty when it is complete.
     [[nodiscard]] virtual std::string listLimitation() const = 0;
-
-    /// What global shortcuts cannot do here, in English; empty when they work everywhere.
-    [[nodiscard]] virtual std::string hotKeyLimitation() const = 0;
 };
 
 } // namespace calmora

@@ -323,7 +323,7 @@ class RecorderTest : public ShortcutsFixture {
         MainMenu{{"File", {}, {{"Close", {{"w"}}, {}}, {"Close All", {{"W"}}, {}}}},
                  {"Quit", {{"q"}, {"q", {controlKey}}}, {}}},
         {},
-        {}};
+        hotKeys};
     FakeControl box;
     Lines statuses;
     Subscription statusObserver = notifications.observe(

@@ -73,6 +73,12 @@ void expectWholeSettings(const QLocale& locale) {
     settings.machine.workspace.launch({.pid = 10, .name = "Mail", .bundleIdentifier = "mail"});
     settings.machine.workspace.launch({.pid = 11, .name = "Files", .bundleIdentifier = "files"});
     ShortcutsPane shortcuts({}, {}, locale);
+    shortcuts.hotKeys.hints = {
+        {"activateMenu", {HotKeyHint::Kind::assigned, "Ctrl+Alt+Shift+Super+Backspace"}},
+        {"quitAll", {HotKeyHint::Kind::unassigned, {}}},
+        {"forceQuitAll",
+         {HotKeyHint::Kind::toCopy,
+          "bindsym Mod4+Mod1+Ctrl+Shift+BackSpace exec calmora --force-quit-all"}}};
     shortcuts.shortcuts.setShortcut(Shortcut{49, 0x1B00}, shortcuts.shortcuts.name("quitAll"));
     SettingsView view(settings.settings, settings.updater,
                       {.platform = settings.machine.platform(),

@@ -25,7 +25,7 @@ struct ShortcutsPane {
                            const std::string& limitation = {}, const QLocale& locale = QLocale::c())
         : strings(locale) {
         hotKeys.reason = std::move(unavailable);
-        environment.limitation = limitation;
+        hotKeys.limit = limitation;
         window.resize(450, 300);
         auto* column = new QVBoxLayout(&window);
         column->setContentsMargins(0, 0, 0, 0);
@@ -46,8 +46,9 @@ struct ShortcutsPane {
     QtLocalizedStrings strings;
     FakeSystemShortcuts desktop;
     KeyboardShortcuts shortcuts{{defaults, notifications, hotKeys, layout, strings, text}};
-    RecorderEnvironment environment{
-        shortcuts, notifications, desktop, layout, strings, programMenu(programStrings), {}, {}};
+    RecorderEnvironment environment{shortcuts, notifications, desktop,
+                                    layout,    strings,       programMenu(programStrings),
+                                    {},        hotKeys};
     QWidget window;
 };
 

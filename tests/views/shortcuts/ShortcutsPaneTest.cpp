@@ -62,5 +62,35 @@ TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsDeletedDuringAQuestion) {
     EXPECT_FALSE(pane.shortcuts.handlersPaused());
 }
 
+TEST(ShortcutsPaneHint, FollowsWhatTheDesktopDoesWithAShortcut) {
+    ShortcutsPane pane;
+    pane.window.show();
+    const auto texts = [&] {
+        QStringList shown;
+        for (const auto* label :
+             pane.window.findChild<QWidget*>("quitAll")->findChildren<QLabel*>()) {
+            shown += label->isVisible() ? label->text() : QString();
+        }
+        shown.removeAll(QString());
+        return shown.join('|');
+    };
+    EXPECT_EQ(texts(), "Quit all:");
+    const std::pair<HotKeyHint, const char*> rows[] = {
+        {{HotKeyHint::Kind::assigned, "Super Q\u202E"}, "Quit all:|Key on this desktop: Super Q"},
+        {{HotKeyHint::Kind::unassigned, ""}, "Quit all:|The desktop has assigned no key."},
+        {{HotKeyHint::Kind::toCopy, "bind <b>"}, "Quit all:|bind <b>"},
+    };
+    for (const auto& [hint, expected] : rows) {
+        pane.hotKeys.hints["quitAll"] = hint;
+        pane.hotKeys.hintsChanged.emit();
+        EXPECT_EQ(texts(), expected);
+    }
+    pane.window.findChild<QWidget*>("quitAll")->findChild<QPushButton*>()->click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "bind <b>");
+    pane.hotKeys.hints.clear();
+    pane.shortcuts.setShortcut(Shortcut{12, 0x1800}, pane.shortcuts.name("quitAll"));
+    EXPECT_EQ(texts(), "Quit all:") << "asked again when a shortcut is recorded";
+}
+
 } // namespace
 } // namespace calmora

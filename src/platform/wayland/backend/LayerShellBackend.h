@@ -29,10 +29,6 @@ class LayerShellBackend final : public WindowBackend {
 
     [[nodiscard]] std::string listLimitation() const override { return rest_->listLimitation(); }
 
-    [[nodiscard]] std::string hotKeyLimitation() const override {
-        return rest_->hotKeyLimitation();
-    }
-
   private:
     std::unique_ptr<WindowBackend> rest_;
     std::unique_ptr<LayerTransientWindows> transientWindows_;

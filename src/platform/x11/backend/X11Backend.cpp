@@ -27,10 +27,12 @@ std::unique_ptr<TransientWindows> makeTransientWindows() {
 
 } // namespace
 
-X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor)
+X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor,
+                       const MakeHotKeys& makeHotKeys)
     : x11Windows_(events), compositor_(std::move(compositor)),
       windows_({&x11Windows_, compositor_.get()}), keyboard_(events), hotKeys_(keyboard_),
-      layout_(keyboard_), transientWindows_(makeTransientWindows()) {}
+      layout_(keyboard_), desktopHotKeys_(makeHotKeys ? makeHotKeys(layout_) : nullptr),
+      transientWindows_(makeTransientWindows()) {}
 
 std::string X11Backend::windowManagerName() {
     return calmora::windowManagerName(keyboard_.connection());
@@ -38,11 +40,6 @@ std::string X11Backend::windowManagerName() {
 
 std::string X11Backend::listLimitation() const {
     return isOnWayland() && !compositor_ ? "On Wayland, only X11 applications are listed." : "";
-}
-
-std::string X11Backend::hotKeyLimitation() const {
-    return isOnWayland() ? "On Wayland, shortcuts work only while an X11 application is in front."
-                         : "";
 }
 
 } // namespace calmora

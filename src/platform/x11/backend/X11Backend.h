@@ -8,6 +8,7 @@
 #include "platform/x11/hotkeys/X11Keyboard.h"
 #include "platform/x11/hotkeys/X11KeyboardLayout.h"
 
+#include <functional>
 #include <memory>
 
 namespace calmora {
@@ -18,16 +19,22 @@ class EventPoll;
 /// server it lists no windows and has no hot keys.
 class X11Backend final : public WindowBackend {
   public:
+    using MakeHotKeys = std::function<std::unique_ptr<HotKeys>(const KeyboardLayout&)>;
+
     /// Connects to the display that the environment names. `compositor` knows the windows of the
     /// Wayland session that the X server belongs to; null when there is none, or nobody tells.
     /// `events` must outlive the backend.
-    explicit X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor = nullptr);
+    /// `makeHotKeys` gives the hot keys of the desktop; null where we grab keys.
+    explicit X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor = nullptr,
+                        const MakeHotKeys& makeHotKeys = nullptr);
 
     [[nodiscard]] WindowSystem& windows() override {
         return compositor_ ? static_cast<WindowSystem&>(windows_) : x11Windows_;
     }
 
-    [[nodiscard]] HotKeys& hotKeys() override { return hotKeys_; }
+    [[nodiscard]] HotKeys& hotKeys() override {
+        return desktopHotKeys_ ? *desktopHotKeys_ : static_cast<HotKeys&>(hotKeys_);
+    }
 
     [[nodiscard]] KeyboardLayout& keyboardLayout() override { return layout_; }
 
@@ -39,8 +46,6 @@ class X11Backend final : public WindowBackend {
 
     [[nodiscard]] std::string listLimitation() const override;
 
-    [[nodiscard]] std::string hotKeyLimitation() const override;
-
   private:
     X11WindowSystem x11Windows_;
     std::unique_ptr<WindowSystem> compositor_;
@@ -49,6 +54,7 @@ class X11Backend final : public WindowBackend {
     X11Keyboard keyboard_;
     X11HotKeys hotKeys_;
     X11KeyboardLayout layout_;
+    std::unique_ptr<HotKeys> desktopHotKeys_;
     std::unique_ptr<TransientWindows> transientWindows_;
 };
 
