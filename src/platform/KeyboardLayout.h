@@ -19,6 +19,10 @@ class KeyboardLayout {
     /// no such key or no text.
     [[nodiscard]] virtual std::optional<std::string> character(std::int64_t keyCode) const = 0;
 
+    /// The same with Shift.
+    [[nodiscard]] virtual std::optional<std::string>
+    shiftedCharacter(std::int64_t keyCode) const = 0;
+
     /// The virtual key code for the window system's own number of a key; absent if there is none.
     [[nodiscard]] virtual std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const = 0;
 

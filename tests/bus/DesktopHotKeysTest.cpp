@@ -19,7 +19,10 @@ constexpr HotKeyCombination recorded{12, 0x1800};
 /// The hot keys' side of the bus, and what the handler heard.
 class DesktopHotKeysTest : public testing::Test {
   protected:
-    DesktopHotKeysTest() { layout.characters = {{12, "q"}, {13, "w"}}; }
+    DesktopHotKeysTest() {
+        layout.characters = {{12, "q"}, {13, "w"}, {18, "1"}};
+        layout.shiftedCharacters = {{12, "Q"}, {18, "!"}};
+    }
 
     [[nodiscard]] DesktopHotKeysSurroundings surroundings() {
         return {bus.connect(), layout, "org.example.Program", "Program", [] { return true; }};
@@ -40,7 +43,8 @@ class DesktopHotKeysTest : public testing::Test {
     std::string heard;
 };
 
-/// A daemon that has given away W, on a thread of its own: the asking one waits for it.
+/// A daemon that has given away W and the exclamation mark, on a thread of its own: the asking one
+/// waits for it.
 class Daemon {
   public:
     explicit Daemon(PrivateBus& bus)
@@ -79,7 +83,10 @@ class Daemon {
         }
         QList<int> keys = qdbus_cast<QList<int>>(message.arguments().value(1));
         registered += keys == QList<int>{0x0C000051} ? 1 : 0;
-        return {QVariant::fromValue(keys == QList<int>{0x0C000057} ? QList<int>{0} : keys)};
+        for (int& key : keys) {
+            key = key == 0x0C000057 || key == 0x04000021 ? 0 : key;
+        }
+        return {QVariant::fromValue(keys)};
     }
 
     /// How often Q is registered.
@@ -99,6 +106,9 @@ TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
     EXPECT_TRUE(loopUntil([&] { return daemon.registered == 1; }));
 
     EXPECT_EQ(hotKeys.registerHotKey(13, 0x1800, {7, 2}).status, HotKeyStatus::taken);
+    EXPECT_EQ(hotKeys.registerHotKey(18, 0x1200, {7, 2}).status, HotKeyStatus::taken)
+        << "KWin takes Shift with 1 for an exclamation mark";
+    EXPECT_EQ(hotKeys.registerHotKey(12, 0x1200, {7, 2}).status, HotKeyStatus::success);
     EXPECT_EQ(hotKeys.registerHotKey(57, 0, {7, 3}).status, HotKeyStatus::badValue);
 
     daemon.report(bus.connect(), "globalShortcutPressed", "key-12-6144");

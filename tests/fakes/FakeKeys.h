@@ -98,6 +98,10 @@ class FakeKeyboardLayout final : public KeyboardLayout {
         return lookUp(characters, keyCode);
     }
 
+    std::optional<std::string> shiftedCharacter(std::int64_t keyCode) const override {
+        return lookUp(shiftedCharacters, keyCode);
+    }
+
     /// A native key is its virtual key code plus 1000.
     std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override {
         return nativeKey >= 1000 ? std::optional<std::int64_t>(nativeKey - 1000) : std::nullopt;
@@ -109,6 +113,7 @@ class FakeKeyboardLayout final : public KeyboardLayout {
 
     std::map<std::int64_t, std::string> characters{{0, "a"},  {1, "s"},  {8, "c"},  {12, "q"},
                                                    {13, "w"}, {40, "k"}, {43, ","}, {46, "m"}};
+    std::map<std::int64_t, std::string> shiftedCharacters;
     Signal<> changed;
 };
 

@@ -108,25 +108,37 @@ QDBusMessage KdeHotKeys::ask(const char* method, const QVariantList& arguments) 
 }
 
 std::int32_t KdeHotKeys::take(HotKeyCombination combination) const {
-    const std::string name = KeyNames(surroundings_.layout).name(combination.keyCode);
-    const auto key = qtKey({combination.modifiers, name});
-    if (!key || isLockKey(combination.keyCode)) {
+    const QList<int> keys = qtKeys(combination);
+    if (keys.isEmpty() || isLockKey(combination.keyCode)) {
         return HotKeyStatus::badValue;
     }
-    const int number = static_cast<int>(*key);
     const QStringList names = action(combination);
-    const QDBusMessage registered = ask("doRegister", {names});
-    if (isAbsent(registered)) {
+    if (isAbsent(ask("doRegister", {names}))) {
         return HotKeyStatus::success;
     }
-    const auto granted =
-        readArgument<QList<int>>(ask("setShortcut", {names, QVariant::fromValue(QList<int>{number}),
-                                                     setPresent | noAutoloading}));
-    if (granted && granted->contains(number)) {
+    const auto granted = readArgument<QList<int>>(
+        ask("setShortcut", {names, QVariant::fromValue(keys), setPresent | noAutoloading}));
+    if (granted && std::ranges::all_of(keys, [&](int key) { return granted->contains(key); })) {
         return HotKeyStatus::success;
     }
     release(combination);
     return granted ? HotKeyStatus::taken : HotKeyStatus::unavailable;
+}
+
+/// The keys of Qt's that KWin may take a combination for: with Shift also the sign that is written
+/// then, without Shift. Empty if there is none.
+QList<int> KdeHotKeys::qtKeys(HotKeyCombination combination) const {
+    const KeyNames names(surroundings_.layout);
+    QList<int> keys;
+    if (const auto key = qtKey({combination.modifiers, names.name(combination.keyCode)})) {
+        keys.append(static_cast<int>(*key));
+        const std::string sign = names.shiftedSign(combination.keyCode);
+        const auto shifted = qtKey({combination.modifiers & ~carbon::shift, sign});
+        if ((combination.modifiers & carbon::shift) != 0 && shifted) {
+            keys.append(static_cast<int>(*shifted));
+        }
+    }
+    return keys;
 }
 
 void KdeHotKeys::release(HotKeyCombination combination) const {

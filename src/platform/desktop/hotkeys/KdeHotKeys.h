@@ -32,6 +32,7 @@ class KdeHotKeys final : public HotKeys {
   private:
     [[nodiscard]] QStringList action(HotKeyCombination combination) const;
     [[nodiscard]] QDBusMessage ask(const char* method, const QVariantList& arguments) const;
+    [[nodiscard]] QList<int> qtKeys(HotKeyCombination combination) const;
     [[nodiscard]] std::int32_t take(HotKeyCombination combination) const;
     void release(HotKeyCombination combination) const;
     void receive(const QDBusMessage& signal, void (HotKeyTable::*report)(HotKeyCombination));

@@ -8,13 +8,24 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 #include <utility>
 
 namespace calmora {
 namespace {
 
 constexpr std::int64_t lastVirtualKeyCode = 127;
+
+std::string symbolName(xkb_keysym_t symbol) {
+    std::array<char, 64> name{};
+    xkb_keysym_get_name(symbol, name.data(), name.size());
+    return name.data();
+}
+
+/// The only character of a text in UTF-8; zero if there is none, or more than one.
+char32_t onlyCharacter(const std::optional<std::string>& text) {
+    const std::u32string characters = QString::fromStdString(text.value_or("")).toStdU32String();
+    return characters.size() == 1 ? characters.front() : U'\0';
+}
 
 } // namespace
 
@@ -57,19 +68,18 @@ std::optional<std::int64_t> KeyNames::keyCode(const std::string& name) const {
 }
 
 std::string KeyNames::name(std::int64_t keyCode) const {
-    std::array<char, 64> name{};
     const auto american =
         std::ranges::find(american_, keyCode, [](const auto& entry) { return entry.second; });
-    if (american != american_.end()) {
-        xkb_keysym_get_name(american->first, name.data(), name.size());
-    }
-    const std::string_view usual = name.data();
-    const std::u32string character =
-        QString::fromStdString(layout_.character(keyCode).value_or("")).toStdU32String();
-    if (character.size() == 1 && character.front() > U' ' && !usual.starts_with("KP_")) {
-        xkb_keysym_get_name(xkb_utf32_to_keysym(character.front()), name.data(), name.size());
-    }
-    return name.data();
+    std::string usual = american != american_.end() ? symbolName(american->first) : std::string();
+    const char32_t written = onlyCharacter(layout_.character(keyCode));
+    const bool isOnKeypad = usual.starts_with("KP_");
+    return written > U' ' && !isOnKeypad ? symbolName(xkb_utf32_to_keysym(written)) : usual;
+}
+
+std::string KeyNames::shiftedSign(std::int64_t keyCode) const {
+    const char32_t written = onlyCharacter(layout_.shiftedCharacter(keyCode));
+    return written > U' ' && !QChar::isLetter(written) ? symbolName(xkb_utf32_to_keysym(written))
+                                                       : std::string();
 }
 
 DesktopShortcuts::DesktopShortcuts(const KeyboardLayout& layout, std::vector<Source> sources)

@@ -27,6 +27,9 @@ class KeyNames {
     /// keyboard, as for the keypad. Empty when there is none.
     [[nodiscard]] std::string name(std::int64_t keyCode) const;
 
+    /// The keysym name of what a key writes with Shift, where that is no letter; else empty.
+    [[nodiscard]] std::string shiftedSign(std::int64_t keyCode) const;
+
   private:
     const KeyboardLayout& layout_;
     /// The keys of a US keyboard: keysym and virtual key code.

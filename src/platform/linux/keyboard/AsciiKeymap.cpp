@@ -22,14 +22,16 @@ constexpr std::array spacingForms{
     Spacing{XKB_KEY_dead_ogonek, "\u02DB"},
 };
 
-/// The only symbol on the lowest level; XKB_KEY_NoSymbol if there are none or several.
-xkb_keysym_t symbol(xkb_keymap& keymap, xkb_layout_index_t layout, xkb_keycode_t key) {
+/// The only symbol on the level; XKB_KEY_NoSymbol if there are none or several.
+xkb_keysym_t symbol(xkb_keymap& keymap, xkb_layout_index_t layout, xkb_keycode_t key,
+                    xkb_level_index_t level) {
     const xkb_layout_index_t count = xkb_keymap_num_layouts_for_key(&keymap, key);
     if (count == 0) {
         return XKB_KEY_NoSymbol;
     }
     const xkb_keysym_t* symbols = nullptr;
-    const int found = xkb_keymap_key_get_syms_by_level(&keymap, key, layout % count, 0, &symbols);
+    const int found =
+        xkb_keymap_key_get_syms_by_level(&keymap, key, layout % count, level, &symbols);
     return found == 1 ? symbols[0] : xkb_keysym_t{XKB_KEY_NoSymbol};
 }
 
@@ -38,7 +40,7 @@ bool writesAscii(xkb_keymap& keymap, xkb_layout_index_t layout) {
     std::set<xkb_keysym_t> letters;
     for (xkb_keycode_t key = xkb_keymap_min_keycode(&keymap);
          key <= xkb_keymap_max_keycode(&keymap); ++key) {
-        const xkb_keysym_t found = symbol(keymap, layout, key);
+        const xkb_keysym_t found = symbol(keymap, layout, key, 0);
         if (found >= XKB_KEY_a && found <= XKB_KEY_z) {
             letters.insert(found);
         }
@@ -78,8 +80,8 @@ std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap, xkb_layout_ind
 }
 
 std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t layout,
-                                       X11KeyCode key) {
-    const xkb_keysym_t found = symbol(keymap, layout, key);
+                                       X11KeyCode key, xkb_level_index_t level) {
+    const xkb_keysym_t found = symbol(keymap, layout, key, level);
     if (const auto* dead = std::ranges::find(spacingForms, found, &Spacing::deadKey);
         dead != spacingForms.end()) {
         return dead->text;

@@ -30,8 +30,9 @@ using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 [[nodiscard]] std::optional<xkb_layout_index_t> asciiLayout(xkb_keymap& keymap,
                                                             xkb_layout_index_t active);
 
-/// The UTF-8 text on the lowest level of a key; a dead key's spacing form. Absent without text.
+/// The UTF-8 text on a level of a key: 0, or 1 with Shift; a dead key's spacing form. Absent
+/// without text.
 [[nodiscard]] std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t layout,
-                                                     X11KeyCode key);
+                                                     X11KeyCode key, xkb_level_index_t level);
 
 } // namespace calmora

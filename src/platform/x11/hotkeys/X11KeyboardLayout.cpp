@@ -46,11 +46,20 @@ void X11KeyboardLayout::readFromServer() const {
 }
 
 std::optional<std::string> X11KeyboardLayout::character(std::int64_t keyCode) const {
+    return characterOn(keyCode, 0);
+}
+
+std::optional<std::string> X11KeyboardLayout::shiftedCharacter(std::int64_t keyCode) const {
+    return characterOn(keyCode, 1);
+}
+
+std::optional<std::string> X11KeyboardLayout::characterOn(std::int64_t keyCode,
+                                                          std::uint32_t level) const {
     if (!keymap_) {
         read();
     }
     const auto key = x11KeyCode(keyCode);
-    return keymap_ && key ? characterOf(*keymap_, layout_, *key) : std::nullopt;
+    return keymap_ && key ? characterOf(*keymap_, layout_, *key, level) : std::nullopt;
 }
 
 std::optional<std::int64_t> X11KeyboardLayout::keyCode(std::uint32_t nativeKey) const {

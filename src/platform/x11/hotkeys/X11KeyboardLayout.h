@@ -17,6 +17,7 @@ class X11KeyboardLayout final : public KeyboardLayout {
     explicit X11KeyboardLayout(X11Keyboard& keyboard);
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
+    [[nodiscard]] std::optional<std::string> shiftedCharacter(std::int64_t keyCode) const override;
     [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override;
 
     [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
@@ -24,6 +25,8 @@ class X11KeyboardLayout final : public KeyboardLayout {
     }
 
   private:
+    [[nodiscard]] std::optional<std::string> characterOn(std::int64_t keyCode,
+                                                         std::uint32_t level) const;
     void read() const;
     void readFromServer() const;
 
