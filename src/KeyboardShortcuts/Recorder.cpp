@@ -2,6 +2,7 @@
 
 #include "platform/KeyboardLayout.h"
 #include "platform/LocalizedStrings.h"
+#include "widgets/Labels.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -340,15 +341,11 @@ InputEvent RecorderCocoa::inputEvent(const QKeyEvent& event) const {
 Recorder::Recorder(const RecorderEnvironment& environment, const QString& title,
                    KeyboardShortcuts::Name name, ShortcutRecorder::OnChange onChange,
                    QWidget* parent)
-    : QWidget(parent),
+    : PairRow(parent),
       control_(new RecorderCocoa(environment, std::move(name), title, std::move(onChange), this)) {
-    auto* label = new QLabel(title, this);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(label, 1);
-    row->addWidget(control_);
+    auto* label = new Paragraph(title, TextStyle::body, ThemeColor::primary, this);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setParts(label, control_);
 }
 
 } // namespace calmora

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KeyboardShortcuts/ShortcutRecorder.h"
+#include "widgets/Form.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -89,9 +90,8 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
     std::unique_ptr<ShortcutRecorder> recorder_;
 };
 
-/// A recorder with its label, side by side: the label at the leading edge, the recorder at the
-/// trailing one.
-class Recorder final : public QWidget {
+/// A recorder with its label before it, as a row of a form.
+class Recorder final : public PairRow {
   public:
     /// `environment` must outlive the row. `title` is plain text.
     Recorder(const RecorderEnvironment& environment, const QString& title,

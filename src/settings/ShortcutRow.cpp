@@ -34,8 +34,6 @@ ShortcutRow::ShortcutRow(const RecorderEnvironment& environment, const ProgramSh
       note_(new Paragraph({}, TextStyle::caption, ThemeColor::secondary)), copy_(new PairRow),
       line_(new QLabel) {
     recorder_->setFont(Theme::font(TextStyle::body));
-    recorder_->setContentsMargins(metrics::rowInset, metrics::rowPadding, metrics::rowInset,
-                                  metrics::rowPadding);
     note_->setContentsMargins(metrics::rowInset, 0, metrics::rowInset, metrics::rowPadding);
     QFont font = Theme::font(TextStyle::caption);
     font.setFamily("monospace");
