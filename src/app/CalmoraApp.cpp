@@ -70,14 +70,14 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                        EndingSignals& signals, const QtEnvironment& environment)
     : sessionBus_(sessionBus), environment_(environment),
       backend_(makeWindowBackend(
-          events_, [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); },
+          events_, sessionBus_,
+          [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); },
           [this](const KeyboardLayout& layout) {
-              return makeDesktopHotKeys(
-                  {.sessionBus = sessionBus_,
-                   .layout = layout,
-                   .identifier = identity::identifier,
-                   .name = identity::name,
-                   .mayAct = [this] { return !alertSession_.isOpen(); }});
+              return makeDesktopHotKeys({.sessionBus = sessionBus_,
+                                         .layout = layout,
+                                         .identifier = identity::identifier,
+                                         .name = identity::name,
+                                         .mayAct = [this] { return !alertSession_.isOpen(); }});
           })),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",

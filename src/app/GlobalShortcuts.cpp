@@ -7,7 +7,6 @@
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/WindowBackend.h"
 #include "settings/ProgramMenu.h"
-#include "settings/ProgramMenu.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

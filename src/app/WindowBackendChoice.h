@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDBusConnection>
+
 #include <functional>
 #include <memory>
 
@@ -16,7 +18,8 @@ class WindowBackend;
 /// of the desktop; null where programs grab keys. `events` must outlive the backend. Needs the
 /// QApplication.
 [[nodiscard]] std::unique_ptr<WindowBackend> makeWindowBackend(
-    EventPoll& events, std::function<const DesktopEntryIndex&()> installed,
+    EventPoll& events, const QDBusConnection& sessionBus,
+    std::function<const DesktopEntryIndex&()> installed,
     const std::function<std::unique_ptr<HotKeys>(const KeyboardLayout&)>& makeHotKeys);
 
 } // namespace calmora

@@ -127,6 +127,11 @@ VirtualDesktop::VirtualDesktop(const VirtualDesktopOptions& options) : VirtualDe
         startSway();
         return;
     }
+    if (options.kwin) {
+        startBus();
+        startKwin();
+        return;
+    }
     display_ = ":" + startReporting(server_, "Xvfb -displayfd 9 -screen 0 1280x800x24 "
                                              "-nolisten tcp -noreset -ac -maxclients 1024");
     environment_["DISPLAY"] = display_;
@@ -205,6 +210,36 @@ void VirtualDesktop::startSway() {
         "sway");
     words >> environment_["SWAYSOCK"] >> environment_["WAYLAND_DISPLAY"] >> display_;
     environment_["DISPLAY"] = display_;
+}
+
+void VirtualDesktop::startKwin() {
+    const fs::path report = home() / "session";
+    const fs::path program = home() / "kwin_wayland";
+    const fs::path session = folder_.write(
+        "kwin-session", "#!/bin/sh\necho $WAYLAND_DISPLAY $DISPLAY $XAUTHORITY . > '" +
+                            report.string() + "'\nexec sleep infinity\n");
+    fs::permissions(session, fs::perms::owner_all);
+    // A program with capabilities, which a copy has not, runs only with rights that tests lack.
+    fs::copy_file("/usr/bin/kwin_wayland", program, fs::copy_options::overwrite_existing);
+    fs::remove(report);
+    environment_["XDG_SESSION_TYPE"] = "wayland";
+    environment_["XDG_CURRENT_DESKTOP"] = "KDE";
+    server_ = start({program.string(), "--virtual", "--width", "1280", "--height", "800",
+                     "--xwayland", "--socket", "wayland-kwin", "--no-lockscreen", session.string()},
+                    {{"KWIN_COMPOSE", "Q"}});
+    std::istringstream words;
+    require(
+        [&] {
+            words.str(TempFolder::read(report));
+            return words.str().ends_with(".\n");
+        },
+        "KWin");
+    std::string authority;
+    words >> environment_["WAYLAND_DISPLAY"] >> display_ >> authority;
+    environment_["DISPLAY"] = display_;
+    if (authority != ".") {
+        environment_["XAUTHORITY"] = authority;
+    }
 }
 
 void VirtualDesktop::startBus() {

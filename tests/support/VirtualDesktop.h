@@ -23,6 +23,8 @@ struct VirtualDesktopOptions {
     /// A headless sway, which starts an X server for X11 programs, in place of Xvfb and a window
     /// manager. Refuses to run as root.
     bool sway = false;
+    /// The same with a virtual KWin, on a session bus.
+    bool kwin = false;
     /// An XEMBED tray along the upper edge, its icons at the right.
     bool tray = false;
 };
@@ -52,7 +54,7 @@ class VirtualDesktop {
     /// The value of a variable on this desktop; null when it is not set there.
     [[nodiscard]] const char* variable(const char* name) const;
 
-    /// The X server, or sway.
+    /// The X server, or the compositor.
     [[nodiscard]] pid_t server() const { return server_; }
 
     /// 0 without one.
@@ -70,6 +72,9 @@ class VirtualDesktop {
 
     /// Starts a window manager, which must not be running; returns when it answers.
     void startWindowManager(const std::string& name);
+
+    /// The same for KWin.
+    void startKwin();
 
     /// Kills one process that start() gave and collects it.
     void end(pid_t process);

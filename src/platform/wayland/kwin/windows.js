@@ -1,0 +1,71 @@
+// Runs in KWin 5.27 and 6, behind a line that defines `parameters`:
+//   service, path, interface   whom to tell
+//   run                        our number
+//   watches                    go on telling when something changes
+//   close                      the id of a window to close; empty for none
+//   process                    whose window that has to be
+const isNew = typeof workspace.windowList === "function";
+const windows = () => (isNew ? workspace.windowList() : workspace.clientList());
+const idOf = (window) => (window ? String(window.internalId) : "");
+// The class of the object, such as KWin::XdgToplevelWindow(0x55d0c8a3c2b0).
+const isX11 = (window) => /^KWin::(X11|Xwayland)/.test(String(window));
+const isToplevel = (window) => /^KWin::XdgToplevel/.test(String(window));
+
+function typeOf(window) {
+    if (window.dock || window.desktopWindow) {
+        return window.dock ? "dock" : "desktop";
+    }
+    if (!isToplevel(window) && !isX11(window)) {
+        return "other"; // Layer surfaces, and what KWin itself shows.
+    }
+    return ["dialog", "utility"].find((type) => window[type]) || (window.normalWindow ? "normal" : "other");
+}
+
+// KWin kills the client of an X11 window that cannot be asked.
+function canBeAsked(window) {
+    return isToplevel(window) && window.closeable && !/^(dock|desktop|other)$/.test(typeOf(window));
+}
+
+const rowOf = (window) => ({
+    id: idOf(window),
+    parent: idOf(window.transientFor),
+    process: window.pid,
+    isX11: isX11(window),
+    x11Id: window.windowId,
+    className: String(window.resourceClass),
+    desktopFile: String(window.desktopFileName),
+    type: typeOf(window),
+    isModal: window.modal,
+    skipsTaskbar: window.skipTaskbar,
+    canBeAsked: canBeAsked(window),
+});
+
+function report(removed, hasAsked) {
+    const rows = windows().filter((window) => window.managed && window !== removed).map(rowOf);
+    const active = idOf(isNew ? workspace.activeWindow : workspace.activeClient);
+    const text = JSON.stringify({run: parameters.run, hasAsked: hasAsked, active: active, windows: rows});
+    callDBus(parameters.service, parameters.path, parameters.interface, "Report", text);
+}
+
+function follow(window) {
+    for (const change of ["closeable", "desktopFileName", "modal", "skipTaskbar", "transient", "windowClass"]) {
+        const signal = window[change + "Changed"];
+        if (signal) {
+            signal.connect(() => report());
+        }
+    }
+}
+
+if (parameters.watches) {
+    windows().forEach(follow);
+    (isNew ? workspace.windowAdded : workspace.clientAdded).connect((window) => {
+        follow(window);
+        report();
+    });
+    (isNew ? workspace.windowRemoved : workspace.clientRemoved).connect((window) => report(window));
+    (isNew ? workspace.windowActivated : workspace.clientActivated).connect(() => report());
+}
+const wanted = windows().filter((window) => idOf(window) === parameters.close &&
+    window.pid === parameters.process && canBeAsked(window) && !window.unresponsive);
+wanted.forEach((window) => window.closeWindow());
+report(null, wanted.length > 0);

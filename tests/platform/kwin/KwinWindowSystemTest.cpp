@@ -1,0 +1,195 @@
+// The window systems of a virtual KWin and its X server, with real programs.
+#include "platform/wayland/kwin/KwinWindowSystem.h"
+
+#include "platform/linux/EventPoll.h"
+#include "platform/linux/windows/CompositeWindowSystem.h"
+#include "platform/x11/X11WindowSystem.h"
+#include "support/QtWaiting.h"
+#include "support/VirtualDesktop.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace calmora {
+namespace {
+
+using testing::Contains;
+using testing::UnorderedElementsAre;
+using namespace std::chrono_literals;
+
+struct KwinDesktop : testing::Test {
+    VirtualDesktop desktop{{.kwin = true}};
+    QDBusConnection bus = connect();
+    EventPoll events;
+    std::string socket = desktop.variable("XDG_RUNTIME_DIR") + std::string("/wayland-kwin");
+
+    QDBusConnection connect() {
+        desktop.enter();
+        return QDBusConnection::connectToBus(desktop.variable("DBUS_SESSION_BUS_ADDRESS"), "test");
+    }
+
+    ~KwinDesktop() override { QDBusConnection::disconnectFromBus("test"); }
+
+    pid_t calculator() { return desktop.start({"galculator"}, {{"GDK_BACKEND", "wayland"}}); }
+
+    pid_t client(std::vector<std::string> options = {}) {
+        options.insert(options.begin(), windowClient());
+        return desktop.start(options);
+    }
+
+    bool hasEnded(pid_t process) { return desktop.exitStatus(process).has_value(); }
+
+    /// Loads or unloads somebody else's script.
+    void script(const char* method, const QVariantList& arguments) {
+        QDBusMessage call = QDBusMessage::createMethodCall("org.kde.KWin", "/Scripting",
+                                                           "org.kde.kwin.Scripting", method);
+        call.setArguments(arguments);
+        EXPECT_EQ(bus.call(call).type(), QDBusMessage::ReplyMessage);
+    }
+};
+
+/// The windows as the program sees them.
+struct Windows {
+    KwinWindowSystem kwin;
+    X11WindowSystem x11;
+    CompositeWindowSystem all{{&x11, &kwin}};
+
+    explicit Windows(KwinDesktop& test)
+        : kwin(test.bus, test.socket),
+          x11(test.events, test.desktop.display(),
+              [&test](const char* name) { return test.desktop.variable(name); }) {}
+
+    /// The first window of a process; one with the id 0 when it has none.
+    TopLevelWindow of(pid_t process) {
+        const auto& windows = all.windows();
+        const auto found =
+            std::ranges::find(windows, std::optional<ProcessId>(process), &TopLevelWindow::process);
+        return found == windows.end() ? TopLevelWindow{} : *found;
+    }
+
+    bool isActive(pid_t process) {
+        const WindowId window = of(process).id;
+        return window != 0 && all.activeWindow() == window;
+    }
+
+    std::vector<ProcessId> owners() {
+        std::vector<ProcessId> result;
+        for (const TopLevelWindow& window : all.windows()) {
+            result.push_back(window.process.value_or(0));
+        }
+        return result;
+    }
+
+    bool close(pid_t process) {
+        const bool asked = all.requestClose(of(process).id, process);
+        all.flush();
+        return asked;
+    }
+};
+
+TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
+    const pid_t one = calculator();
+    Windows windows(*this);
+    ASSERT_TRUE(windows.kwin.isAlive());
+    const pid_t other = calculator();
+    const pid_t editor = desktop.start({"mousepad"}, {{"GDK_BACKEND", "wayland"}});
+    const pid_t polite = client();
+    const pid_t helpless = client({"--no-delete"});
+    EXPECT_TRUE(waitFor([&] {
+        return windows.owners().size() == 5 && windows.all.coversAllWindows();
+    })) << testing::PrintToString(windows.owners())
+        << desktop.log();
+    EXPECT_THAT(windows.owners(), UnorderedElementsAre(one, other, editor, polite, helpless));
+    EXPECT_EQ(windows.of(one).applicationId, "galculator");
+    EXPECT_EQ(windows.of(one).type, WindowType::normal);
+    EXPECT_THAT(windows.all.displayProcesses(), Contains(desktop.server()));
+    EXPECT_EQ(windows.all.windows(), windows.all.windowsReadAfresh());
+
+    // KWin would kill it.
+    EXPECT_FALSE(windows.close(helpless));
+    for (const TopLevelWindow& window : std::vector(windows.kwin.windows())) {
+        EXPECT_EQ(window.canBeAsked, window.process.has_value());
+        if (!window.process) {
+            EXPECT_FALSE(windows.kwin.requestClose(window.id, helpless));
+        }
+    }
+    EXPECT_FALSE(windows.all.requestClose(windows.of(one).id, other)) << "it is another's";
+    EXPECT_FALSE(windows.kwin.requestClose(99999, one));
+
+    EXPECT_TRUE(windows.close(one));
+    EXPECT_TRUE(windows.close(polite));
+    EXPECT_TRUE(waitFor([&] { return hasEnded(one) && hasEnded(polite); }));
+    EXPECT_TRUE(waitFor([&] { return windows.owners().size() == 3; }));
+    EXPECT_THAT(windows.owners(), UnorderedElementsAre(other, editor, helpless));
+    EXPECT_FALSE(hasEnded(other) || hasEnded(editor) || hasEnded(helpless));
+}
+
+TEST_F(KwinDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
+    Windows windows(*this);
+    int windowChanges = 0;
+    int focusChanges = 0;
+    const auto onWindows = windows.kwin.onWindowsChanged([&] { ++windowChanges; });
+    const auto onFocus = windows.kwin.onActiveWindowChanged([&] { ++focusChanges; });
+
+    const pid_t one = calculator();
+    EXPECT_TRUE(loopUntil([&] { return windowChanges > 0 && focusChanges > 0; }));
+    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+    focusChanges = 0;
+    const pid_t old = client();
+    EXPECT_TRUE(loopUntil([&] { return focusChanges > 0; }));
+    EXPECT_TRUE(loopUntil([&] { return windows.isActive(old); }));
+    windowChanges = focusChanges = 0;
+    desktop.end(old);
+    EXPECT_TRUE(loopUntil([&] { return windowChanges > 0 && focusChanges > 0; }));
+    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+
+    // Programs of the bus that are not KWin tell nothing.
+    windowChanges = 0;
+    QDBusMessage lie = QDBusMessage::createMethodCall(
+        bus.baseService(), "/app/calmora/Calmora/Kwin", KwinScripts::interfaceName, "Report");
+    lie.setArguments({R"({"windows":[]})"});
+    EXPECT_TRUE(bus.send(lie));
+    loopFor(300ms);
+    EXPECT_EQ(windowChanges, 0);
+    EXPECT_NE(windows.of(one).id, 0U);
+}
+
+TEST_F(KwinDesktop, SurvivesOtherScriptsAndANewKwin) {
+    const QString file = QString::fromStdString((desktop.home() / "kwin-session").string());
+    script("loadScript", {file, "another"});
+    Windows windows(*this);
+    // Our next script gets the number of the one that watches.
+    script("unloadScript", {"another"});
+    const pid_t one = calculator();
+    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); })) << desktop.log();
+    EXPECT_TRUE(windows.close(one));
+    EXPECT_TRUE(waitFor([&] { return hasEnded(one); }));
+
+    const pid_t second = calculator();
+    EXPECT_TRUE(loopUntil([&] { return windows.of(second).id != 0; }));
+    int changes = 0;
+    const auto listening = windows.kwin.onWindowsChanged([&] { ++changes; });
+    desktop.end(desktop.server());
+    EXPECT_TRUE(loopUntil([&] { return changes > 0 && !windows.kwin.coversAllWindows(); }));
+    EXPECT_TRUE(windows.kwin.windows().empty());
+    EXPECT_TRUE(windows.kwin.displayProcesses().empty());
+
+    desktop.startKwin();
+    changes = 0;
+    const pid_t third = calculator();
+    EXPECT_TRUE(loopUntil([&] { return changes > 0; }));
+    EXPECT_TRUE(loopUntil([&] { return windows.of(third).id != 0; })) << desktop.log();
+    EXPECT_THAT(windows.kwin.displayProcesses(), Contains(desktop.server()));
+}
+
+} // namespace
+} // namespace calmora
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
