@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
+#include <QDBusConnectionInterface>
 
 #include <algorithm>
 
@@ -125,6 +126,20 @@ TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     EXPECT_TRUE(waitFor([&] { return windows.owners().size() == 3; }));
     EXPECT_THAT(windows.owners(), UnorderedElementsAre(other, editor, helpless));
     EXPECT_FALSE(hasEnded(other) || hasEnded(editor) || hasEnded(helpless));
+}
+
+TEST_F(KwinDesktop, NeverClosesAWindowOfX11ItselfNorOneOfAnother) {
+    const pid_t helpless = client({"--no-delete"});
+    const pid_t one = calculator();
+    KwinReport report;
+    KwinScripts scripts(bus, [&](KwinReport arrived) { report = std::move(arrived); });
+    scripts.setKwin(bus.interface()->serviceOwner("org.kde.KWin"));
+    EXPECT_TRUE(waitFor(
+        [&] { return scripts.run("test", {}, 10s).has_value() && report.windows.size() == 2; }));
+    for (const KwinWindow& window : std::vector(report.windows)) {
+        EXPECT_EQ(scripts.run("test", {.close = window.id, .process = helpless}, 10s), false);
+    }
+    EXPECT_FALSE(waitFor([&] { return hasEnded(helpless) || hasEnded(one); }, 300ms));
 }
 
 TEST_F(KwinDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
