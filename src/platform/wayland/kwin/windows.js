@@ -40,32 +40,33 @@ const rowOf = (window) => ({
     canBeAsked: canBeAsked(window),
 });
 
-function report(removed, hasAsked) {
-    const rows = windows().filter((window) => window.managed && window !== removed).map(rowOf);
+function report(hasAsked) {
+    const rows = windows().filter((window) => window.managed).map(rowOf);
     const active = idOf(isNew ? workspace.activeWindow : workspace.activeClient);
     const text = JSON.stringify({run: parameters.run, hasAsked: hasAsked, active: active, windows: rows});
     callDBus(parameters.service, parameters.path, parameters.interface, "Report", text);
 }
 
+// One report for what changes together.
+const soon = new QTimer();
+soon.singleShot = true;
+soon.timeout.connect(() => report(false));
+
 function follow(window) {
-    for (const change of ["closeable", "desktopFileName", "modal", "skipTaskbar", "transient", "windowClass"]) {
-        const signal = window[change + "Changed"];
-        if (signal) {
-            signal.connect(() => report());
-        }
+    for (const what of ["closeable", "desktopFileName", "modal", "skipTaskbar", "transient", "windowClass"]) {
+        window[what + "Changed"].connect(() => soon.start());
     }
 }
 
 if (parameters.watches) {
+    const kind = isNew ? "window" : "client";
     windows().forEach(follow);
-    (isNew ? workspace.windowAdded : workspace.clientAdded).connect((window) => {
-        follow(window);
-        report();
-    });
-    (isNew ? workspace.windowRemoved : workspace.clientRemoved).connect((window) => report(window));
-    (isNew ? workspace.windowActivated : workspace.clientActivated).connect(() => report());
+    workspace[kind + "Added"].connect(follow);
+    for (const what of ["Added", "Removed", "Activated"]) {
+        workspace[kind + what].connect(() => soon.start());
+    }
 }
 const wanted = windows().filter((window) => idOf(window) === parameters.close &&
     window.pid === parameters.process && canBeAsked(window) && !window.unresponsive);
 wanted.forEach((window) => window.closeWindow());
-report(null, wanted.length > 0);
+report(wanted.length > 0);
