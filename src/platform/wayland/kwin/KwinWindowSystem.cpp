@@ -43,7 +43,7 @@ KwinWindowSystem::KwinWindowSystem(const QDBusConnection& connection, const std:
 }
 
 KwinWindowSystem::~KwinWindowSystem() {
-    if (isWatching_) {
+    if (!compositor_.empty()) {
         scripts_.unload(watchingScript, timeout_);
     }
 }
@@ -113,7 +113,8 @@ void KwinWindowSystem::kwinChanged(const QString& uniqueName) {
     if (process > 0 && listener && (*listener == process || *listener == reader.parent(process))) {
         compositor_ = {process, *listener};
         scripts_.setKwin(uniqueName);
-        update();
+        // Qt keeps back what the bus delivers until the main loop runs.
+        pause_.start(0);
     }
 }
 

@@ -29,8 +29,9 @@ namespace calmora {
 class KwinWindowSystem final : public WindowSystem {
   public:
     /// Not alive where nobody owns the name org.kde.KWin, or its owner is not the compositor that
-    /// listens on `socket`. No answer is waited for longer than `timeout`; after a request that got
-    /// none, KWin is given that time ten times over before the next one.
+    /// listens on `socket`. Lists nothing before the main loop runs. No answer is waited for longer
+    /// than `timeout`; after a request that got none, KWin is given that time ten times over before
+    /// the next one.
     KwinWindowSystem(const QDBusConnection& connection, const std::string& socket,
                      std::chrono::milliseconds timeout = std::chrono::seconds(1),
                      OwnerLookup lookUp = ownersFromKernel());
@@ -84,7 +85,7 @@ class KwinWindowSystem final : public WindowSystem {
     bool isAlive_ = false;
     /// The script that reports changes runs, and the last request was answered.
     bool isWatching_ = false;
-    /// Active after a request that got no answer; none is sent meanwhile.
+    /// Active at first and after a request that got no answer; none is sent meanwhile.
     QTimer pause_;
     /// KWin, and the process that listens on its socket for it.
     std::vector<ProcessId> compositor_;
