@@ -37,7 +37,7 @@ namespace {
 
 /// Title bars and task switchers scale this size.
 constexpr int windowIconSide = 64;
-/// By then the panel shows the icon, and the session has started most of its programs.
+/// Time for the panel to show the icon, and for the session to start most of its programs.
 constexpr std::chrono::seconds quietAfterLaunch{2};
 
 /// The popover's content together with the model that it shows.

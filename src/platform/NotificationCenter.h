@@ -26,7 +26,7 @@ struct Notification {
 };
 
 /// Names of the notifications about the program's own menus, including the one that a panel draws
-/// for the status item. No user info. Posted by whoever shows the menu.
+/// for the status item. No user info. Posted by the code that shows the menu.
 struct MenuNotification {
     static constexpr const char* didBeginTracking = "NSMenuDidBeginTrackingNotification";
     static constexpr const char* didEndTracking = "NSMenuDidEndTrackingNotification";

@@ -100,7 +100,7 @@ class Shortcuts(DesktopCase):
         return desktop.output("xdotool", "search", "--onlyvisible", "--name", title).split()
 
     def open_menu(self, desktop, driver):
-        """The status item's menu, whoever draws it."""
+        """The status item's menu, drawn by us or by the panel."""
         drawing = driver.calmora if desktop.tray == "trayer" else desktop.panel
         windows = len(desktop.windows_of(drawing.pid))
         driver.click_icon(3)

@@ -64,7 +64,7 @@ class X11HotKeysTest : public testing::Test {
 
     /// What was heard up to a press of Control, Shift and F5, which is registered for that.
     std::vector<std::string> takeHeard() {
-        Subscription fence = hotKeys->registerHotKey(f5, control | shift, {7, 999}).hotKey;
+        Subscription marker = hotKeys->registerHotKey(f5, control | shift, {7, 999}).hotKey;
         keys->tap({controlKey, shiftKey, f5Key});
         EXPECT_TRUE(pumpUntil(events, [&] { return !heard.empty() && heard.back() == "-999"; }));
         auto result = std::exchange(heard, {});

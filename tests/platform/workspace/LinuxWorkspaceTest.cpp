@@ -46,7 +46,7 @@ TEST(LinuxWorkspaceTest, TellsWhatStartsAndEndsWithoutPolling) {
     EXPECT_TRUE(pumpUntil(machine.events, [&] {
         return notices.has("+Young") && notices.has("*Young");
     })) << testing::PrintToString(notices.heard);
-    EXPECT_FALSE(notices.has("+Old")) << "what runs already is no news";
+    EXPECT_FALSE(notices.has("+Old")) << "running applications are not reported";
     EXPECT_EQ(machine.workspace.frontmostApplication()->processIdentifier, process);
 
     // The window is up: from here on the time counts.

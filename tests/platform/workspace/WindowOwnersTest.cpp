@@ -62,7 +62,7 @@ TEST_F(WindowOwnersTest, AWindowThatPassedOnIsNotClosed) {
         EXPECT_TRUE(machine.quitter.quitApp(first, false));
         EXPECT_EQ(machine.desktop.exitStatus(first), SIGTERM) << "it has no window";
         ::kill(machine.desktop.windowManager(), SIGCONT);
-        machine.shown(machine.client()); // The manager has caught up by then.
+        machine.shown(machine.client()); // Waits until the manager has caught up.
         EXPECT_EQ(machine.windowCount(second), 1U) << "it was asked to close";
         EXPECT_FALSE(machine.desktop.exitStatus(second));
     }

@@ -76,7 +76,7 @@ TEST_F(X11WindowSystemTest, ReadsWhatWindowsSayOfThemselves) {
     const auto pair = windowsOf(withDialog);
     EXPECT_EQ(pair[1].transientFor, pair[0].id);
 
-    // Whoever forwards a window from elsewhere is not its application.
+    // A program that forwards a window from elsewhere is not its application.
     const std::string ours = std::to_string(::getpid());
     std::string host(256, '\0');
     ::gethostname(host.data(), host.size());

@@ -29,7 +29,7 @@ constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 constexpr auto title = "Calmora";
 /// Side of a panel's icon, about.
 constexpr int usualSide = 22;
-/// A panel that starts has painted itself by then.
+/// Long enough for a panel that starts to paint itself.
 constexpr std::chrono::milliseconds paintTime{1000};
 
 /// The name of the picture's recolourable variant ("-symbolic" at the end), if its file exists;

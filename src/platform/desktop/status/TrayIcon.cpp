@@ -16,7 +16,7 @@
 namespace calmora {
 namespace {
 
-/// A tray has painted itself around the icon by then.
+/// Long enough for a tray to paint itself around the icon.
 constexpr std::chrono::milliseconds settleTime{100};
 
 } // namespace

@@ -78,7 +78,7 @@ void ApplicationList::refreshInstalled() {
 }
 
 void ApplicationList::scanBackground() {
-    hasScanned_ = false; // Whoever notices a change of what is installed here need not scan.
+    hasScanned_ = false; // refreshInstalled() need not scan if it finds a change.
     refreshInstalled();
     hasScanned_ = true;
     background_.scan(sources_.installed, sources_.windows.displayName());

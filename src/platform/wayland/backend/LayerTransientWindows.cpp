@@ -276,9 +276,9 @@ void LayerTransientWindows::placeAtPointer(QWindow& menu) {
     }
 }
 
-void LayerTransientWindows::cover(std::chrono::milliseconds patience) {
+void LayerTransientWindows::cover(std::chrono::milliseconds timeout) {
     if (!catcher_) {
-        catcher_ = std::make_unique<OutsideCatcher>(patience, [this] { pressed(); });
+        catcher_ = std::make_unique<OutsideCatcher>(timeout, [this] { pressed(); });
     }
 }
 

@@ -69,7 +69,7 @@ class LayerTransientWindows final : public QObject, public TransientWindows {
     void willHide(QWindow& window);
     void takenAway(QWindow& window);
     void placeAtPointer(QWindow& menu);
-    void cover(std::chrono::milliseconds patience);
+    void cover(std::chrono::milliseconds timeout);
     void updateCover();
     void pressed();
 

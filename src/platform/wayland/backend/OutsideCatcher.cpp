@@ -266,7 +266,7 @@ class OutsideCatcher::Input {
     WaylandProxy<wl_surface> cursor_;
 };
 
-OutsideCatcher::OutsideCatcher(std::chrono::milliseconds patience, std::function<void()> onPress)
+OutsideCatcher::OutsideCatcher(std::chrono::milliseconds timeout, std::function<void()> onPress)
     : onPress_(std::move(onPress)), objects_(std::make_unique<Objects>()) {
     if (!connection_.isAlive()) {
         return;
@@ -293,7 +293,7 @@ OutsideCatcher::OutsideCatcher(std::chrono::milliseconds patience, std::function
     std::ranges::for_each(covers_, [](const auto& cover) { cover->endProbe(); });
     const auto isTold = [](const auto& cover) { return cover->facts.pointer.has_value(); };
     if (input_->hasPointer()) {
-        connection_.dispatchUntil([&] { return std::ranges::any_of(covers_, isTold); }, patience);
+        connection_.dispatchUntil([&] { return std::ranges::any_of(covers_, isTold); }, timeout);
     }
     connection_.roundTrip(answerTime);
 

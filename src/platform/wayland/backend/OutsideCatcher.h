@@ -29,9 +29,9 @@ class OutsideCatcher {
         std::optional<Point> pointer;
     };
 
-    /// Covers the outputs, and waits `patience` at most for the compositor to tell where the
+    /// Covers the outputs, and waits `timeout` at most for the compositor to tell where the
     /// pointer is. `onPress` is called from the event loop, for every button and touch.
-    OutsideCatcher(std::chrono::milliseconds patience, std::function<void()> onPress);
+    OutsideCatcher(std::chrono::milliseconds timeout, std::function<void()> onPress);
 
     OutsideCatcher(const OutsideCatcher&) = delete;
     OutsideCatcher& operator=(const OutsideCatcher&) = delete;

@@ -37,8 +37,8 @@ class X11Input {
     void grabFocus(xcb_window_t window) const;
 
     /// Passes the focus from one window to another, if the first still has it; to whatever the
-    /// pointer is over if the other cannot take it. `time` is when the user asked for it: whoever
-    /// acts upon a later event wins.
+    /// pointer is over if the other cannot take it. `time` is when the user asked for it: a
+    /// request with a later time wins.
     void passFocus(xcb_window_t from, xcb_window_t to, xcb_timestamp_t time) const;
 
     /// Whether the window exists and can be seen on some desktop.
