@@ -5,7 +5,7 @@
 #include "widgets/DisplayText.h"
 #include "widgets/Form.h"
 #include "widgets/Labels.h"
-#include "widgets/Metrics.h"
+#include "widgets/Theme.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

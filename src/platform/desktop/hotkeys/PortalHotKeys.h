@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/dbus/BusSignal.h"
+#include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/hotkeys/DesktopHotKeys.h"
 #include "platform/desktop/hotkeys/HotKeyRoute.h"
 #include "platform/desktop/hotkeys/HotKeyTable.h"
