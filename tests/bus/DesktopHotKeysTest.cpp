@@ -214,8 +214,8 @@ TEST_F(DesktopHotKeysTest, ThePortalBindsTheActionsAndSaysTheirKeys) {
     EXPECT_EQ(hotKeys.hint("none").kind, HotKeyHint::Kind::none);
     ASSERT_EQ(portal.bound.size(), 2);
     EXPECT_EQ(portal.bound[0].id, "open");
-    EXPECT_EQ(portal.bound[0].options["preferred_trigger"], "CTRL+ALT+q");
-    EXPECT_EQ(portal.bound[0].options["description"], "Open it");
+    EXPECT_EQ(portal.bound.value(0).options["preferred_trigger"], "CTRL+ALT+q");
+    EXPECT_EQ(portal.bound.value(0).options["description"], "Open it");
 
     portal.report(bus.connect(), "Activated", "/session/1", "open");
     portal.report(portal.bus, "Activated", "/session/2", "open");
@@ -236,7 +236,8 @@ TEST_F(DesktopHotKeysTest, ThePortalBindsTheActionsAndSaysTheirKeys) {
     actions[0].combination = HotKeyCombination{13, 0x1800};
     hotKey = hotKeys.registerHotKey(13, 0x1800, first);
     EXPECT_TRUE(loopUntil([&] {
-        return portal.sessions == 2 && portal.bound[0].options["preferred_trigger"] == "CTRL+ALT+w";
+        return portal.sessions == 2 &&
+               portal.bound.value(0).options["preferred_trigger"] == "CTRL+ALT+w";
     }));
 }
 
