@@ -4,6 +4,7 @@
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/desktop/status/QtStatusItem.h"
+#include "platform/wayland/kwin/KwinScripts.h"
 
 #include "PrivateBus.h"
 
@@ -79,6 +80,7 @@ const struct {
      {"Activate", "ContextMenu", "SecondaryActivate", "Scroll", "ProvideXdgActivationToken"}},
     {icon, properties, {"Get", "GetAll", "Set"}},
     {program, programFace, {"Open", "ActivateAction"}},
+    {KwinScripts::path, KwinScripts::interfaceName, {"Report"}},
 };
 
 class MalformedMessages : public testing::Test {
@@ -98,6 +100,8 @@ TEST_F(MalformedMessages, DoNothingAsCalls) {
     item.setAction([&](StatusEvent) { ++done; });
     ApplicationObject application(
         own, "org.example.Tool", [&] { ++done; }, [&](const QString&) { ++done; });
+    KwinScripts scripts(own, [&](const KwinReport&) { ++done; });
+    scripts.setKwin(other.baseService());
     std::vector<QVariantList> all = kinds;
     const QVariant endless = QVariant::fromValue(QList<int>(200'000, 0));
     all.insert(all.end(), {{endless}, {endless, QStringList()}});

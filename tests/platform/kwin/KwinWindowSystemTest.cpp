@@ -58,8 +58,8 @@ struct Windows {
     X11WindowSystem x11;
     CompositeWindowSystem all{{&x11, &kwin}};
 
-    Windows(KwinDesktop& test, const QDBusConnection& bus)
-        : kwin(bus, test.socket),
+    Windows(KwinDesktop& test, const QDBusConnection& bus, std::chrono::milliseconds timeout = 1s)
+        : kwin(bus, test.socket, scaled(timeout)),
           x11(test.events, test.desktop.display(),
               [&test](const char* name) { return test.desktop.variable(name); }) {}
 
@@ -165,13 +165,29 @@ TEST_F(KwinDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
 
     // Programs of the bus that are not KWin tell nothing.
     windowChanges = 0;
-    QDBusMessage lie = QDBusMessage::createMethodCall(
-        bus.baseService(), "/app/calmora/Calmora/Kwin", KwinScripts::interfaceName, "Report");
+    QDBusMessage lie = QDBusMessage::createMethodCall(bus.baseService(), KwinScripts::path,
+                                                      KwinScripts::interfaceName, "Report");
     lie.setArguments({R"({"windows":[]})"});
     EXPECT_TRUE(bus.send(lie));
     loopFor(300ms);
     EXPECT_EQ(windowChanges, 0);
     EXPECT_NE(windows.of(one).id, 0U);
+}
+
+TEST_F(KwinDesktop, WaitsForAKwinThatHangsNoLongerThanItMay) {
+    Windows windows(*this, bus, 300ms);
+    const pid_t one = calculator();
+    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+    ::kill(desktop.server(), SIGSTOP);
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_FALSE(windows.close(one));
+    EXPECT_FALSE(windows.kwin.coversAllWindows());
+    EXPECT_EQ(windows.kwin.windowsReadAfresh().size(), 1U);
+    EXPECT_LT(std::chrono::steady_clock::now() - before, scaled(900ms));
+    ::kill(desktop.server(), SIGCONT);
+    EXPECT_TRUE(loopUntil([&] { return windows.kwin.coversAllWindows(); }));
+    EXPECT_TRUE(windows.close(one));
+    EXPECT_TRUE(waitFor([&] { return hasEnded(one); }));
 }
 
 TEST_F(KwinDesktop, SurvivesOtherScriptsAndANewKwin) {

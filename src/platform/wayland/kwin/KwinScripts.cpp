@@ -19,7 +19,6 @@
 namespace calmora {
 namespace {
 
-constexpr auto objectPath = "/app/calmora/Calmora/Kwin";
 constexpr auto scriptingPath = "/Scripting";
 constexpr auto scriptingInterface = "org.kde.kwin.Scripting";
 constexpr std::chrono::milliseconds pollingStep{2};
@@ -28,14 +27,14 @@ constexpr std::chrono::milliseconds pollingStep{2};
 
 KwinScripts::KwinScripts(QDBusConnection connection, std::function<void(KwinReport)> onReport)
     : connection_(std::move(connection)), onReport_(std::move(onReport)) {
-    connection_.registerObject(objectPath, this, QDBusConnection::ExportAllSlots);
+    connection_.registerObject(path, this, QDBusConnection::ExportAllSlots);
 }
 
 std::optional<bool> KwinScripts::run(const QString& name, const Task& task,
                                      std::chrono::milliseconds timeout) {
     hasAsked_.reset();
     const QJsonObject parameters{{"service", connection_.baseService()},
-                                 {"path", objectPath},
+                                 {"path", path},
                                  {"interface", interfaceName},
                                  {"run", static_cast<qint64>(++lastRun_)},
                                  {"watches", task.watches},
@@ -66,8 +65,8 @@ void KwinScripts::unload(const QString& name, std::chrono::milliseconds timeout)
 
 /// Starts a loaded script and waits for its report, which arrives before the answer.
 void KwinScripts::start(int script) {
-    for (const char* path : {"/Scripting/Script%1", "/%1"}) {
-        static_cast<void>(call(QString(path).arg(script), "org.kde.kwin.Script", "run"));
+    for (const char* pattern : {"/Scripting/Script%1", "/%1"}) {
+        static_cast<void>(call(QString(pattern).arg(script), "org.kde.kwin.Script", "run"));
         handleReports();
         if (hasAsked_) {
             return;
@@ -82,11 +81,11 @@ void KwinScripts::start(int script) {
     }
 }
 
-QDBusMessage KwinScripts::call(const QString& path, const QString& interface, const QString& method,
+QDBusMessage KwinScripts::call(const QString& at, const QString& interface, const QString& method,
                                const QVariantList& arguments) {
     const auto left =
         std::chrono::ceil<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
-    return connection_.call(methodCall(kwin_, path, interface, method, arguments), QDBus::Block,
+    return connection_.call(methodCall(kwin_, at, interface, method, arguments), QDBus::Block,
                             std::max(1, static_cast<int>(left.count())));
 }
 

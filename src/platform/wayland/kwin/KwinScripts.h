@@ -23,6 +23,7 @@ class KwinScripts final : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "app.calmora.Calmora.Kwin")
 
   public:
+    static constexpr auto path = "/app/calmora/Calmora/Kwin";
     static constexpr auto interfaceName = "app.calmora.Calmora.Kwin";
 
     /// What the script is to do; see windows.js.
@@ -59,7 +60,7 @@ class KwinScripts final : public QObject, protected QDBusContext {
     void Report(const QString& text);
 
   private:
-    [[nodiscard]] QDBusMessage call(const QString& path, const QString& interface,
+    [[nodiscard]] QDBusMessage call(const QString& at, const QString& interface,
                                     const QString& method, const QVariantList& arguments = {});
     void start(int script);
 
