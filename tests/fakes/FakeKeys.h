@@ -19,7 +19,7 @@ namespace calmora {
 /// Hot keys in memory. Can refuse, and records every call as one short line.
 class FakeHotKeys final : public HotKeys {
   public:
-    std::optional<std::string> unavailableReason() const override { return reason; }
+    std::optional<std::string> unavailableReason() const override { return {}; }
 
     HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                       HotKeyIdentifier identifier) override {
@@ -46,8 +46,6 @@ class FakeHotKeys final : public HotKeys {
     void removeEventTypes(HotKeyEventTypes types) override {
         calls->push_back(types == HotKeyEventTypes::hotKeys ? "-hot" : "-raw");
     }
-
-    std::string limitation() const override { return limit; }
 
     HotKeyHint hint(const std::string& actionId) const override {
         const auto found = hints.find(actionId);
@@ -82,8 +80,6 @@ class FakeHotKeys final : public HotKeys {
 
     /// Status by key code.
     std::map<std::uint32_t, std::int32_t> refusals;
-    std::optional<std::string> reason;
-    std::string limit;
     std::map<std::string, HotKeyHint> hints;
     Signal<> hintsChanged;
     Handler handler;

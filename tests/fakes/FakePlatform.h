@@ -4,10 +4,10 @@
 #include "fakes/FakeLocalizedStrings.h"
 #include "fakes/FakeProcessTable.h"
 #include "fakes/FakeRunLoop.h"
-#include "fakes/FakeText.h"
 #include "fakes/FakeUserDefaults.h"
 #include "fakes/FakeWorkspace.h"
 #include "platform/Platform.h"
+#include "platform/linux/IcuText.h"
 
 namespace calmora {
 
@@ -18,7 +18,7 @@ struct FakePlatform {
     FakeProcessTable processes;
     FakeWorkspace workspace{processes, clock, runLoop};
     FakeBundle bundle;
-    FakeText text;
+    IcuText text{"C"};
     FakeLocalizedStrings strings;
     FakeSoundOutput sounds;
     FakeAlerts alerts;

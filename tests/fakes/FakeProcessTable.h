@@ -73,9 +73,7 @@ class FakeProcessTable final : public ProcessTable {
         return seen(process).counters;
     }
 
-    void retainCounters(const std::vector<ProcessId>& processes) override {
-        retained = {processes.begin(), processes.end()};
-    }
+    void retainCounters(const std::vector<ProcessId>&) override {}
 
     std::int32_t sendSignal(ProcessId process, std::int32_t signal) override {
         if (signal != 0) {
@@ -102,8 +100,6 @@ class FakeProcessTable final : public ProcessTable {
     std::set<ProcessId> probed;
     /// Every process whose counters were asked for, in order.
     std::vector<ProcessId> sampled;
-    /// What retainCounters() was last given.
-    std::set<ProcessId> retained;
     /// Emitted for every process that ends.
     Signal<ProcessId> ended;
     /// Runs before a process is held, for events between a lookup and the hold.

@@ -28,7 +28,7 @@ class FakeUpdater final : public Updater {
         changed.emit(value);
     }
 
-    void checkForUpdates() override { checks += canCheck ? 1 : 0; }
+    void checkForUpdates() override {}
 
     [[nodiscard]] bool automaticallyChecksForUpdates() const override { return isAutomatic; }
 
@@ -36,8 +36,6 @@ class FakeUpdater final : public Updater {
 
     bool canCheck = true;
     bool isAutomatic = false;
-    /// The checks that were started.
-    int checks = 0;
     Signal<bool> changed;
 };
 

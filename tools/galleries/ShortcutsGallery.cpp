@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         setAppearance(appearance);
         const QString suffix = appearance == Appearance::light ? "light.png" : "dark.png";
-        ShortcutsPane pane({}, {}, locale);
+        ShortcutsPane pane(locale);
         pane.layout.characters[2] = "d";
         pane.shortcuts.setShortcut(Shortcut{40, 0x1900}, pane.shortcuts.name("activateMenu"));
         pane.shortcuts.setShortcut(Shortcut{2, 0x1b00}, pane.shortcuts.name("forceQuitAll"));

@@ -4,8 +4,6 @@
 #include "support/RealProcess.h"
 #include "support/TempFolder.h"
 
-#include <gmock/gmock.h>
-
 #include <cstring>
 #include <sys/prctl.h>
 #include <sys/socket.h>

@@ -5,10 +5,7 @@
 #include "support/TempFolder.h"
 #include "support/Waiting.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <functional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>

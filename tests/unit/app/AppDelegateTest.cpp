@@ -6,9 +6,6 @@
 #include "fakes/FakeUpdater.h"
 #include "platform/NotificationCenter.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
 #include <utility>
 
 namespace calmora {
@@ -31,16 +28,6 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
 
     void terminate() override {}
 
-    /// The user has recorded ⌃⌥ with A, S and D for the three shortcuts.
-    void recordShortcuts() {
-        int key = 0;
-        for (const std::string name : {"activateMenu", "quitAll", "forceQuitAll"}) {
-            fakes_.defaults.set("KeyboardShortcuts_" + name,
-                                "{\"carbonKeyCode\":" + std::to_string(key++) +
-                                    ",\"carbonModifiers\":6144}");
-        }
-    }
-
     FakePlatform fakes_;
     FakeUserNotifications notifications_;
     FakeInputGate input_;
@@ -57,7 +44,10 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
 };
 
 TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
-    recordShortcuts();
+    std::int64_t key = 0;
+    for (const char* name : {"activateMenu", "quitAll", "forceQuitAll"}) {
+        shortcuts_.setShortcut(Shortcut{key++, CarbonModifiers::control}, shortcuts_.name(name));
+    }
     delegate_.openPopover();
     delegate_.applicationDidFinishLaunching();
     for (const bool isShown : {true, false}) {

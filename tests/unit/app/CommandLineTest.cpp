@@ -1,7 +1,5 @@
 #include "app/CommandLine.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

@@ -3,11 +3,8 @@
 #include "fakes/FakePlatform.h"
 #include "settings/AppSettings.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <tuple>
 
 namespace calmora {
@@ -97,14 +94,15 @@ TEST_F(AutoQuitManagerTest, QuitsIdleApplicationsOverADay) {
 TEST_F(AutoQuitManagerTest, AcceptsAnyStoredMinutes) {
     using Limits = std::numeric_limits<std::int64_t>;
     ProcessId process = 0;
-    for (const auto& [minutes, since, isQuit] :
-         {std::tuple<std::int64_t, std::chrono::seconds, bool>{0, 1s, true},
-          {0, -1h, false}, // The clock was set back.
-          {-5, 0s, true},
-          {15, 15min, false},
-          {Limits::max() / 60 + 1, 24h * 365, false},
-          {Limits::max(), 24h * 365, false},
-          {Limits::min(), 1h, false}}) {
+    const std::tuple<std::int64_t, std::chrono::seconds, bool> cases[] = {
+        {0, 1s, true},
+        {0, -1h, false}, // The clock was set back.
+        {-5, 0s, true},
+        {15, 15min, false},
+        {Limits::max() / 60 + 1, 24h * 365, false},
+        {Limits::max(), 24h * 365, false},
+        {Limits::min(), 1h, false}};
+    for (const auto& [minutes, since, isQuit] : cases) {
         launch(++process, "a");
         age("a", since);
         settings.autoQuitMinutes.set(minutes);

@@ -5,10 +5,7 @@
 #include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/linux/identity/KnownIds.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
-#include <set>
 #include <sstream>
 
 namespace calmora {
@@ -28,21 +25,21 @@ TEST(IdlePolicy, UsesTheCatalogueThenTheAnnexThenTheCategories) {
     InstalledApplication inTerminal = entry("Utility");
     inTerminal.needsTerminal = true;
     using enum IdleBehavior;
-    for (const auto& [identifier, installed, expected] :
-         std::vector<std::tuple<std::string, std::optional<InstalledApplication>, IdlePolicy>>{
-             {"org.mozilla.firefox", entry("System"), {safeToQuit, false}},
-             {"com.jetbrains.fleet", entry("System"), {cautious, false}},
-             {"debian-xterm", entry(""), {neverQuit, true}},
-             {"org.gnome.baobab", entry("System;Filesystem"), {cautious, true}},
-             {"xdaliclock", entry("Clock"), {safeToQuit, true}},
-             {"debian-xterm.desktop", entry(""), {safeToQuit, true}},
-             {"Debian-xterm", entry("TerminalEmulator"), {neverQuit, true}},
-             {"org.example.Hosted", inTerminal, {neverQuit, true}},
-             // The annex is about installed applications.
-             {"debian-xterm", std::nullopt, {safeToQuit, false}},
-             {"exe:/usr/bin/Eterm.Eterm", std::nullopt, {neverQuit, true}},
-             {"exe:/usr/bin/xcalc.xcalc", std::nullopt, {safeToQuit, false}},
-         }) {
+    const std::tuple<std::string, std::optional<InstalledApplication>, IdlePolicy> cases[] = {
+        {"org.mozilla.firefox", entry("System"), {safeToQuit, false}},
+        {"com.jetbrains.fleet", entry("System"), {cautious, false}},
+        {"debian-xterm", entry(""), {neverQuit, true}},
+        {"org.gnome.baobab", entry("System;Filesystem"), {cautious, true}},
+        {"xdaliclock", entry("Clock"), {safeToQuit, true}},
+        {"debian-xterm.desktop", entry(""), {safeToQuit, true}},
+        {"Debian-xterm", entry("TerminalEmulator"), {neverQuit, true}},
+        {"org.example.Hosted", inTerminal, {neverQuit, true}},
+        // The annex is about installed applications.
+        {"debian-xterm", std::nullopt, {safeToQuit, false}},
+        {"exe:/usr/bin/Eterm.Eterm", std::nullopt, {neverQuit, true}},
+        {"exe:/usr/bin/xcalc.xcalc", std::nullopt, {safeToQuit, false}},
+    };
+    for (const auto& [identifier, installed, expected] : cases) {
         EXPECT_EQ(idlePolicy(identifier, KnownApps::lookup(identifier), installed), expected)
             << identifier;
     }
@@ -113,12 +110,11 @@ TEST(KnownApps, TablesMatchTheirChecksum) {
 TEST(KnownApps, PrefersListedIdentifiersToVendorPrefixes) {
     using enum AppCategory;
     using enum IdleBehavior;
-    for (const KnownAppInfo& expected : {
-             KnownAppInfo{"com.adobe.Photoshop", "Adobe Photoshop", creative, cautious},
-             KnownAppInfo{"com.jetbrains.fleet", "fleet", devTool, cautious},
-             KnownAppInfo{"com.adobe.suite.Extra", "Extra", creative, cautious},
-             KnownAppInfo{"com.adobe.", "", creative, cautious},
-         }) {
+    const KnownAppInfo known[] = {{"com.adobe.Photoshop", "Adobe Photoshop", creative, cautious},
+                                  {"com.jetbrains.fleet", "fleet", devTool, cautious},
+                                  {"com.adobe.suite.Extra", "Extra", creative, cautious},
+                                  {"com.adobe.", "", creative, cautious}};
+    for (const KnownAppInfo& expected : known) {
         EXPECT_EQ(KnownApps::lookup(expected.bundleIdentifier), expected);
     }
     for (const char* unknown : {"com.apple.safari", "com.Adobe.Photoshop", "com.adobe", "",

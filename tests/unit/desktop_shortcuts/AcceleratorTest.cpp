@@ -1,8 +1,6 @@
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

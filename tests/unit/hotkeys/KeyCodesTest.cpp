@@ -1,9 +1,5 @@
 #include "platform/linux/keyboard/KeyCodes.h"
 
-#include <gtest/gtest.h>
-
-#include <set>
-
 namespace calmora {
 namespace {
 

@@ -2,8 +2,6 @@
 
 #include "fakes/FakePlatform.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

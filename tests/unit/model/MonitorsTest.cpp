@@ -4,9 +4,6 @@
 #include "fakes/FakePlatform.h"
 #include "model/ResourceMonitor.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <array>
 
 namespace calmora {
@@ -94,35 +91,26 @@ using namespace std::chrono_literals;
 
 constexpr std::uint64_t second = 1'000'000'000;
 
-struct ResourceMonitorTest : testing::Test {
-    FakePlatform machine;
-    ResourceMonitor monitor{machine.platform()};
-};
+TEST(ResourceMonitor, MeasuresBetweenSamples) {
+    const ProcessCounters base{10 * second, 5 * second, 104'857'600};
+    const ProcessCounters busy{base.userTime + 3 * second / 2, base.systemTime + second / 4};
 
-TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
-    struct Case {
+    const struct {
         const char* name;
-        ProcessCounters before;
         ProcessCounters after;
         std::chrono::milliseconds elapsed;
         double percent;
+    } cases[] = {
+        {"user and system", busy, 1s, 175},
+        {"no time between", busy, 0s, 0},
+        {"user time fell", {0, 6 * second, 1}, 1s, 0},
+        {"system time fell", {90 * second, 0, 1}, 1s, 0},
     };
 
-    const ProcessCounters base{10 * second, 5 * second, 104'857'600};
-    const auto used = [&](double user, double system) {
-        return ProcessCounters{base.userTime + static_cast<std::uint64_t>(user * second),
-                               base.systemTime + static_cast<std::uint64_t>(system * second),
-                               base.physFootprint};
-    };
-    for (const Case& c : {
-             Case{"user and system", base, used(1.5, 0.25), 1s, 175},
-             Case{"no time between", base, used(1, 0), 0s, 0},
-             Case{"user time fell", base, {0, 6 * second, 1}, 1s, 0},
-             Case{"system time fell", base, {90 * second, 0, 1}, 1s, 0},
-         }) {
+    for (const auto& c : cases) {
         FakePlatform fresh;
         ResourceMonitor sampler(fresh.platform());
-        fresh.processes.start(7, {.counters = c.before});
+        fresh.processes.start(7, {.counters = base});
         const auto first = sampler.getUsage(7);
         ASSERT_TRUE(first) << c.name;
         EXPECT_EQ(first->cpuPercent, 0) << c.name;
@@ -133,7 +121,9 @@ TEST_F(ResourceMonitorTest, MeasuresBetweenSamples) {
     }
 }
 
-TEST_F(ResourceMonitorTest, SkipsUnreadableProcessesAndKeepsTheirSnapshots) {
+TEST(ResourceMonitor, SkipsUnreadableProcessesAndKeepsTheirSnapshots) {
+    FakePlatform machine;
+    ResourceMonitor monitor{machine.platform()};
     machine.processes.start(1, {.counters = ProcessCounters{second, 0, 0}});
     machine.processes.start(2, {.counters = std::nullopt});
     machine.clock.advance(5s);

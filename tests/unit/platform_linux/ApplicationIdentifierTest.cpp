@@ -3,11 +3,7 @@
 #include "platform/linux/xdg/ExecKey.h"
 #include "platform/linux/xdg/ExecResolver.h"
 
-#include <gtest/gtest.h>
-
 #include <iterator>
-#include <map>
-#include <set>
 #include <sstream>
 
 namespace calmora {
@@ -141,8 +137,9 @@ struct Program {
     IdentityRule rule;
     const char* commandLine;
     std::string executable;
-    const char* instance = "";
     const char* className = "";
+    /// The class where it is empty.
+    std::string instance = {};
     const char* gtkId = "";
 };
 
@@ -156,86 +153,73 @@ void expectIdentity(const ApplicationFacts& facts, const std::string& identifier
 
 TEST(ApplicationIdentifier, TellsProgramsApart) {
     using enum IdentityRule;
-    for (const Program& program : std::vector<Program>{
-             // The window.
-             {"org.kde.kcalc", desktopIdEnd, "kcalc", "/usr/bin/kcalc", "kcalc", "kcalc"},
-             {"org.example.Tool", entryName, "ft", "/usr/bin/ft", "ft", "Fine Tool"},
-             {"feh", windowHint, "odd", "/usr/bin/odd", "hexchat-1", "Odd", "feh"},
-             {"shared.one", startupWmClass, "one", "/usr/bin/one", "x", "Shared"},
-             {"shared.two", startupWmClass, "two", "/usr/bin/two", "shared", "shared"},
-             // Files of one name are several programs.
-             {"a", execKey, "python3 /opt/a/main.py", python},
-             {"b", execKey, "python3 /opt/b/main.py", python},
-             {"script:/opt/c/main.py.main", synthetic, "python3 /opt/c/main.py", python},
-             {"run-a", execKey, "/opt/a/AppRun", "/opt/a/AppRun"},
-             {"exe:/opt/c/AppRun.AppRun", synthetic, "/opt/c/AppRun", "/opt/c/AppRun"},
-             {"script:/home/u/mousepad.sh.mousepad", synthetic, "sh /home/u/mousepad.sh",
-              "/usr/bin/dash"},
-             {"exe:/home/u/mousepad.mousepad", synthetic, "mousepad", "/home/u/mousepad"},
-             {"exe:/usr/bin/odd.odd", synthetic, "mousepad", "/usr/bin/odd"},
-             {"org.xfce.mousepad", execKey, "mousepad", ""},
-             {"exe:/home/u/mousepad.mousepad", synthetic, "/home/u/mousepad", ""},
-             // Links, launchers and dispatchers of the same program.
-             {"linked", execKey, "title", "/opt/linked/real"},
-             {"gvim", execKey, "gvim x", "/usr/bin/vim.gtk3"},
-             {"launched", execKey, "x", "/usr/lib/launched/launched"},
-             {"launched", execKey, "python3 /usr/share/launched/launched.py", python},
-             {"script:/home/u/launched.py.launched", synthetic, "python3 /home/u/launched.py",
-              python},
-             {"exe:/usr/local/lib/launched.launched", synthetic, "x", "/usr/local/lib/launched"},
-             {"choice", execKey, "chooser", "/usr/lib/qt5/bin/chooser"},
-             {"zoom-client", execKey, "zoom", "/opt/zoom/zoom"},
-             {"exe:/home/u/zoom.zoom", synthetic, "zoom", "/home/u/zoom"},
-             {"engine", execKey, "/opt/engine/electron --x", "/opt/engine/electron"},
-             {"script:/opt/engine/app.asar.app", synthetic,
-              "/opt/engine/electron /opt/engine/app.asar", "/opt/engine/electron"},
-             // An interpreter's window claims what it likes.
-             {"org.gnome.Meld", startupWmClass, "python3 /usr/bin/meld", python, "m", "MeldWindow"},
-             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "m",
-              "MeldWindow"},
-             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "hexchat",
-              "Hexchat"},
-             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "mousepad",
-              "Mousepad"},
-             {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "kcalc",
-              "Fine Tool"},
-             {"frontend", desktopIdOfClass, "python3 /usr/share/frontend/main.py", python,
-              "frontend", "Frontend"},
-             {"script:/home/u/frontend/main.py.main", synthetic, "python3 /home/u/frontend/main.py",
-              python, "frontend", "Frontend"},
-             {"libreoffice-calc", startupWmClass, "python3 /usr/lib/libreoffice/x.py", python, "l",
-              "libreoffice-calc"},
-             {"deluge", execKey, "deluge-gtk", python, "d", "D"},
-             {"exe:/usr/bin/python3.11:4711:99.python3-11", synthetic, "mousepad", python},
-             {"module", execKey, "python3 -m module", python},
-             {"script:module:4711:99.module", synthetic, "/x/bin/python3 -m module", python},
-             // Java.
-             {"jedit", startupWmClass, "java -cp x:y org.declared.jEdit", java, "w",
-              "org-declared-jEdit"},
-             {"jedit", execKey, "java -cp /usr/share/jedit/jedit.jar org.X", java},
-             {"jedit", javaClass, "java -cp a:b X", java, "org-gjt-sp-jedit-jEdit",
-              "org-gjt-sp-jedit-jEdit"},
-             {"java:/a/x.jar:/b/y.jar:org.foo.Main.Main", synthetic,
-              "java -cp /a/x.jar:/b/y.jar org.foo.Main", java, "sun-awt-X11-XFramePeer",
-              "org-foo-Main"},
-             {"script:/a/x.jar.x", synthetic, "java -jar /a/x.jar", java, "Main", "Main"},
-             {"exe:/usr/lib/jvm/j/bin/java:4711:99.java", synthetic, "java -cp a org.foo.Main",
-              java, "m", "org-foo-Main"},
-             {"ide-1", startupWmClass, "java -cp a:b Main", "/opt/ide-1/jbr/bin/java", "ide",
-              "ide"},
-             {"ide-2", startupWmClass, "java -cp a:b Main", "/opt/ide-2/jbr/bin/java", "ide",
-              "ide"},
-             // Wine.
-             {"wine-a", startupWmClass, "C:\\A\\launcher.exe", wine, "launcher.exe",
-              "launcher.exe"},
-             {"wine:c:/b/launcher.exe.launcher", synthetic, "C:\\B\\launcher.exe", wine,
-              "launcher.exe", "launcher.exe"},
-             {"wine:/home/u/c/launcher.exe.launcher", synthetic,
-              "/usr/bin/wine Z:\\home\\u\\C\\launcher.exe", wine, "launcher.exe",
-              "launcher.exe"}}) {
-        expectIdentity(factsOf(program.commandLine, program.executable,
-                               {windowOf(1, program.instance, program.className, program.gtkId)}),
-                       program.identifier, program.rule);
+    const std::string dash = "/usr/bin/dash";
+    const Program programs[] = {
+        // The window.
+        {"org.kde.kcalc", desktopIdEnd, "kcalc", "/usr/bin/kcalc", "kcalc"},
+        {"org.example.Tool", entryName, "ft", "/usr/bin/ft", "Fine Tool", "ft"},
+        {"feh", windowHint, "odd", "/usr/bin/odd", "Odd", "hexchat-1", "feh"},
+        {"shared.one", startupWmClass, "one", "/usr/bin/one", "Shared", "x"},
+        {"shared.two", startupWmClass, "two", "/usr/bin/two", "shared"},
+        // Files of one name are several programs.
+        {"a", execKey, "python3 /opt/a/main.py", python},
+        {"b", execKey, "python3 /opt/b/main.py", python},
+        {"script:/opt/c/main.py.main", synthetic, "python3 /opt/c/main.py", python},
+        {"run-a", execKey, "/opt/a/AppRun", "/opt/a/AppRun"},
+        {"exe:/opt/c/AppRun.AppRun", synthetic, "/opt/c/AppRun", "/opt/c/AppRun"},
+        {"script:/home/u/mousepad.sh.mousepad", synthetic, "sh /home/u/mousepad.sh", dash},
+        {"exe:/home/u/mousepad.mousepad", synthetic, "mousepad", "/home/u/mousepad"},
+        {"exe:/usr/bin/odd.odd", synthetic, "mousepad", "/usr/bin/odd"},
+        {"org.xfce.mousepad", execKey, "mousepad", ""},
+        {"exe:/home/u/mousepad.mousepad", synthetic, "/home/u/mousepad", ""},
+        // Links, launchers and dispatchers of the same program.
+        {"linked", execKey, "title", "/opt/linked/real"},
+        {"gvim", execKey, "gvim x", "/usr/bin/vim.gtk3"},
+        {"launched", execKey, "x", "/usr/lib/launched/launched"},
+        {"launched", execKey, "python3 /usr/share/launched/launched.py", python},
+        {"script:/home/u/launched.py.launched", synthetic, "python3 /home/u/launched.py", python},
+        {"exe:/usr/local/lib/launched.launched", synthetic, "x", "/usr/local/lib/launched"},
+        {"choice", execKey, "chooser", "/usr/lib/qt5/bin/chooser"},
+        {"zoom-client", execKey, "zoom", "/opt/zoom/zoom"},
+        {"exe:/home/u/zoom.zoom", synthetic, "zoom", "/home/u/zoom"},
+        {"engine", execKey, "/opt/engine/electron --x", "/opt/engine/electron"},
+        {"script:/opt/engine/app.asar.app", synthetic, "/opt/engine/electron /opt/engine/app.asar",
+         "/opt/engine/electron"},
+        // An interpreter's window claims what it likes.
+        {"org.gnome.Meld", startupWmClass, "python3 /usr/bin/meld", python, "MeldWindow"},
+        {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "MeldWindow"},
+        {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "Hexchat", "hexchat"},
+        {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "mousepad"},
+        {"script:/home/u/x.py.x", synthetic, "python3 /home/u/x.py", python, "Fine Tool", "kcalc"},
+        {"frontend", desktopIdOfClass, "python3 /usr/share/frontend/main.py", python, "frontend"},
+        {"script:/home/u/frontend/main.py.main", synthetic, "python3 /home/u/frontend/main.py",
+         python, "frontend"},
+        {"libreoffice-calc", startupWmClass, "python3 /usr/lib/libreoffice/x.py", python,
+         "libreoffice-calc", "l"},
+        {"deluge", execKey, "deluge-gtk", python, "D"},
+        {"exe:/usr/bin/python3.11:4711:99.python3-11", synthetic, "mousepad", python},
+        {"module", execKey, "python3 -m module", python},
+        {"script:module:4711:99.module", synthetic, "/x/bin/python3 -m module", python},
+        // Java.
+        {"jedit", startupWmClass, "java -cp x:y org.declared.jEdit", java, "org-declared-jEdit"},
+        {"jedit", execKey, "java -cp /usr/share/jedit/jedit.jar org.X", java},
+        {"jedit", javaClass, "java -cp a:b X", java, "org-gjt-sp-jedit-jEdit"},
+        {"java:/a/x.jar:/b/y.jar:org.foo.Main.Main", synthetic,
+         "java -cp /a/x.jar:/b/y.jar org.foo.Main", java, "org-foo-Main"},
+        {"script:/a/x.jar.x", synthetic, "java -jar /a/x.jar", java, "Main"},
+        {"exe:/usr/lib/jvm/j/bin/java:4711:99.java", synthetic, "java -cp a org.foo.Main", java,
+         "org-foo-Main", "m"},
+        {"ide-1", startupWmClass, "java -cp a:b Main", "/opt/ide-1/jbr/bin/java", "ide"},
+        {"ide-2", startupWmClass, "java -cp a:b Main", "/opt/ide-2/jbr/bin/java", "ide"},
+        // Wine.
+        {"wine-a", startupWmClass, "C:\\A\\launcher.exe", wine, "launcher.exe"},
+        {"wine:c:/b/launcher.exe.launcher", synthetic, "C:\\B\\launcher.exe", wine, "launcher.exe"},
+        {"wine:/home/u/c/launcher.exe.launcher", synthetic,
+         "/usr/bin/wine Z:\\home\\u\\C\\launcher.exe", wine, "launcher.exe"},
+    };
+    for (const auto& [identifier, rule, line, executable, name, instance, gtkId] : programs) {
+        const auto window = windowOf(1, instance.empty() ? name : instance, name, gtkId);
+        expectIdentity(factsOf(line, executable, {window}), identifier, rule);
     }
 }
 
@@ -249,24 +233,24 @@ TEST(ApplicationIdentifier, TellsInstallationsOfWineApart) {
 }
 
 TEST(ApplicationIdentifier, TellsAppImagesApart) {
-    struct Case {
+    using enum IdentityRule;
+
+    const struct {
         const char* image;
         const char* innerEntry;
         const char* className;
         const char* identifier;
         IdentityRule rule;
+    } cases[] = {
+        {"/home/u/A.AppImage", "app", "Image", "app", startupWmClass},
+        {"/home/u/A.AppImage", "x", "x", "app", execKey},
+        {"/home/u/B.AppImage", "app", "Image", "exe:/home/u/B.AppImage.B-AppImage", synthetic},
+        {"/home/u/B.AppImage", "app", "app", "exe:/home/u/B.AppImage.B-AppImage", synthetic},
+        {"/home/u/K.AppImage", "org.kde.krita", "x", "org.kde.krita", launchEnvironment},
+        {"/home/u/C.AppImage", "org.inner", "x", "exe:/home/u/C.AppImage.C-AppImage", synthetic},
     };
 
-    using enum IdentityRule;
-    for (const Case& test :
-         {Case{"/home/u/A.AppImage", "app", "Image", "app", startupWmClass},
-          Case{"/home/u/A.AppImage", "x", "x", "app", execKey},
-          Case{"/home/u/B.AppImage", "app", "Image", "exe:/home/u/B.AppImage.B-AppImage",
-               synthetic},
-          Case{"/home/u/B.AppImage", "app", "app", "exe:/home/u/B.AppImage.B-AppImage", synthetic},
-          Case{"/home/u/K.AppImage", "org.kde.krita", "x", "org.kde.krita", launchEnvironment},
-          Case{"/home/u/C.AppImage", "org.inner", "x", "exe:/home/u/C.AppImage.C-AppImage",
-               synthetic}}) {
+    for (const auto& test : cases) {
         for (const std::string line : {"AppRun", "python3 /tmp/.mount_x/usr/bin/main.py"}) {
             auto facts = factsOf(line, line == "AppRun" ? "/tmp/.mount_x/usr/bin/odd" : python,
                                  {windowOf(1, test.className, test.className)});
@@ -342,33 +326,29 @@ TEST(ApplicationIdentifier, BelievesASandboxBeforeTheWindow) {
 TEST(ApplicationIdentifier, BelievesUnitAndHintOnlyOfTheProgramThatTheyName) {
     using enum IdentityRule;
 
-    struct Case {
+    const struct {
         const char* id;
         const char* commandLine;
         /// Without one the process is an orphan.
         const char* parentCommandLine;
         IdentityRule byUnit;
         IdentityRule byHint;
+    } cases[] = {
+        {"org.kde.konsole", "konsole -e x", "", systemdUnit, launchEnvironment},
+        {"launched", "python3 /opt/k/launched.py", "/usr/bin/fish", systemdUnit, launchEnvironment},
+        {"org.kde.konsole", "odd", "/bin/sh /usr/bin/konsole", systemdUnit, launchEnvironment},
+        // Typed into the terminal, with and without the terminal still there.
+        {"org.kde.konsole", "odd", "/bin/bash", synthetic, synthetic},
+        {"org.kde.konsole", "odd", "/bin/sh /usr/bin/start-odd", synthetic, synthetic},
+        {"org.kde.konsole", "odd", "", synthetic, synthetic},
+        {"org.kde.konsole", "python3 /opt/k/konsole.py", "", synthetic, synthetic},
+        {"org.kde.konsole", "python3 /opt/a/main.py", "", execKey, execKey},
+        {"org.kde.konsole", "odd", "/bin/sh /usr/bin/tool-launcher -x", parentScript, parentScript},
+        {"org.kde.konsole", "odd", "/bin/sh /home/u/tool-launcher", synthetic, synthetic},
+        {"org.kde.konsole", "odd", "/usr/bin/python3 /usr/bin/tool-launcher", synthetic, synthetic},
     };
 
-    for (const Case& test : {
-             Case{"org.kde.konsole", "konsole -e x", "", systemdUnit, launchEnvironment},
-             Case{"launched", "python3 /opt/k/launched.py", "/usr/bin/fish", systemdUnit,
-                  launchEnvironment},
-             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/konsole", systemdUnit,
-                  launchEnvironment},
-             // Typed into the terminal, with and without the terminal still there.
-             Case{"org.kde.konsole", "odd", "/bin/bash", synthetic, synthetic},
-             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/start-odd", synthetic, synthetic},
-             Case{"org.kde.konsole", "odd", "", synthetic, synthetic},
-             Case{"org.kde.konsole", "python3 /opt/k/konsole.py", "", synthetic, synthetic},
-             Case{"org.kde.konsole", "python3 /opt/a/main.py", "", execKey, execKey},
-             Case{"org.kde.konsole", "odd", "/bin/sh /usr/bin/tool-launcher -x", parentScript,
-                  parentScript},
-             Case{"org.kde.konsole", "odd", "/bin/sh /home/u/tool-launcher", synthetic, synthetic},
-             Case{"org.kde.konsole", "odd", "/usr/bin/python3 /usr/bin/tool-launcher", synthetic,
-                  synthetic},
-         }) {
+    for (const auto& test : cases) {
         auto facts = factsOf(test.commandLine, "/usr/bin/" + words(test.commandLine).front(),
                              {windowOf(1, "odd", "Odd")});
         if (*test.parentCommandLine != '\0') {
@@ -407,36 +387,31 @@ TEST(ApplicationIdentifier, ReadsTheNamesOfUnitsAndSnaps) {
 }
 
 TEST(ApplicationIdentifier, MakesIdentifiersThatSurviveARestart) {
-    struct Case {
+    const struct {
         const char* identifier;
         const char* name;
         const char* commandLine;
         std::string executable;
         const char* instance = "";
         const char* className = "";
-        /// What a relative path in the arguments means.
-        std::optional<std::string> commandPath = {};
+    } cases[] = {
+        {"exe:/opt/a.b/my.tool.my-tool", "my-tool", "x", "/opt/a.b/my.tool"},
+        {"exe:/usr/bin/python3.11:4711:99.python3-11", "Foo", "python3 -c x", python, "f", "Foo"},
+        {"exe:comm.comm", "comm", "relative", ""},
+        {"exe:/usr/bin/x.x", "\xef\xbf\xbd", "x", "/usr/bin/x", "a\nb", "\x01\xff"},
     };
 
-    for (const Case& test : {
-             Case{"exe:/opt/a.b/my.tool.my-tool", "my-tool", "x", "/opt/a.b/my.tool"},
-             Case{"script:/home/u/viewer/__main__.py.viewer", "viewer", "python3 viewer",
-                  "/usr/bin/python3.13t", "tk", "Tk", "/home/u/viewer/__main__.py"},
-             Case{"exe:/usr/bin/python3.11:4711:99.python3-11", "Foo", "python3 -c x", python,
-                  "foo", "Foo"},
-             Case{"exe:comm.comm", "comm", "relative", ""},
-             Case{"exe:/usr/bin/x.x", "\xef\xbf\xbd", "x", "/usr/bin/x", "a\nb", "\x01\xff"},
-         }) {
-        auto facts = factsOf(test.commandLine, test.executable,
-                             {windowOf(1, test.instance, test.className)});
-        if (test.commandPath) {
-            facts.process.commandPath = test.commandPath;
-        }
+    for (const auto& test : cases) {
+        const auto facts = factsOf(test.commandLine, test.executable,
+                                   {windowOf(1, test.instance, test.className)});
         const auto identity = identify(facts, DesktopEntryIndex());
         EXPECT_EQ(identity.bundleIdentifier, test.identifier);
         EXPECT_EQ(identity.localizedName, test.name);
         EXPECT_EQ(identity.desktopId, std::nullopt);
     }
+    auto viewer = factsOf("python3 viewer", "/usr/bin/python3.13t", {});
+    viewer.process.commandPath = "/home/u/viewer/__main__.py"; // What the relative path means.
+    expectIdentity(viewer, "script:/home/u/viewer/__main__.py.viewer", IdentityRule::synthetic);
     auto odd = factsOf("odd /x/clock.odd", "/usr/bin/odd", {});
     odd.process.runsScript = true;
     odd.process.commandPath = "/x/clock.odd";

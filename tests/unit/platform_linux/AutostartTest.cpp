@@ -5,12 +5,6 @@
 #include "platform/linux/xdg/SessionAutostart.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
-
 namespace calmora {
 namespace {
 
@@ -46,33 +40,21 @@ TEST_F(AutostartLoginItemTest, ReadsTheUsersFileBeforeTheSystems) {
     const std::string hidden = entry + "Hidden=true\n";
     const std::string off = entry + "X-GNOME-Autostart-enabled=false\n";
 
-    struct Case {
-        const char* name;
-        std::string user;
-        std::string system;
-        bool isEnabled;
-    };
-
-    for (const Case& c : {
-             Case{"none", "", "", false},
-             Case{"user's", entry, "", true},
-             Case{"user's, hidden", hidden, "", false},
-             Case{"user's, switched off", off, "", false},
-             Case{"hidden in another group", entry + "[Other]\nHidden=true\n", "", true},
-             Case{"system's", "", entry, true},
-             Case{"system's, hidden", "", hidden, false},
-             Case{"system's, hidden by the user", hidden, entry, false},
-             Case{"system's off, user's on", entry, off, true},
-         }) {
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {"", "", false},        {entry, "", true},  {hidden, "", false},
+        {off, "", false},       {"", entry, true},  {"", hidden, false},
+        {hidden, entry, false}, {entry, off, true}, {entry + "[Other]\nHidden=true\n", "", true}};
+    for (const auto& [user, system, isEnabled] : cases) {
+        const testing::ScopedTrace trace(__FILE__, __LINE__, user + " over " + system);
         fs::remove_all(folder / "home");
         fs::remove_all(folder / "system");
-        write("home", c.user);
-        write("system", c.system);
-        EXPECT_EQ(item().isEnabled(), c.isEnabled) << c.name;
+        write("home", user);
+        write("system", system);
+        EXPECT_EQ(item().isEnabled(), isEnabled);
         for (const bool wanted : {true, true, false, false, true}) {
-            EXPECT_TRUE(item().setEnabled(wanted)) << c.name;
-            EXPECT_EQ(item().isEnabled(), wanted) << c.name;
-            EXPECT_EQ(fs::exists(file("home")), wanted || !c.system.empty()) << c.name;
+            EXPECT_TRUE(item().setEnabled(wanted));
+            EXPECT_EQ(item().isEnabled(), wanted);
+            EXPECT_EQ(fs::exists(file("home")), wanted || !system.empty());
         }
     }
 }
@@ -111,64 +93,50 @@ bool isSession(const InstalledApplications& installed, const std::string& comman
 
 TEST(SessionAutostart, GoesByTheSystemsEntryAndItsCommandLine) {
     const TempFolder folder;
-    const auto write = [&](const std::string& where, const std::string& id, const std::string& exec,
-                           const std::string& more) {
-        folder.write(where + "/" + id + ".desktop",
-                     "[Desktop Entry]\nType=Application\nName=x\nExec=" + exec + "\n" + more);
-    };
-    write("autostart", "applet", "applet --quiet", "");
-    write("autostart", "switched-off", "switched-off", "");
-    write("autostart", "changed", "changed", "");
-    write("autostart", "deep", "/usr/libexec/deep/agent", "");
-    write("autostart", "script", "/usr/bin/script.py --watch", "");
-    write("autostart", "service", "service --gapplication-service", "");
-    write("autostart", "twin", "env A=b twin --start", "");
-    write("autostart", "icon", "icon", "X-LXQt-Need-Tray=true");
-    write("autostart", "pair", "pair --hide", "");
-    write("autostart", "users", "users --session", "");
-    write("autostart", "shell", "sh -c 'X=1 method true'", "");
-    write("autostart", "unseen", "unseen", "OnlyShowIn=XFCE;");
-    write("applications", "unseen", "unseen", "NoDisplay=true");
-    // On one desktop part of the session, on others an application.
-    write("autostart", "clips", "clips", "OnlyShowIn=KDE;");
-    write("applications", "clips.app", "clips", "NotShowIn=KDE;");
-    write("user/autostart", "switched-off", "switched-off", "Hidden=true");
-    write("user/autostart", "changed", "changed --more", "");
-    write("user/autostart", "mine", "mine", "");
-    write("user/autostart", "other", "users", "");
-    for (const char* command :
-         {"service --gapplication-service", "twin --start %U", "icon", "pair"}) {
-        write("applications", execWords(command).front() + ".app", command, "");
+
+    // By file, the value of Exec and what follows it. "clips" is on one desktop part of the
+    // session, on others an application.
+    const std::pair<std::string, std::string> entries[] = {
+        {"autostart/applet", "applet --quiet"},
+        {"autostart/switched-off", "switched-off"},
+        {"user/autostart/switched-off", "switched-off\nHidden=true"},
+        {"autostart/changed", "changed"},
+        {"user/autostart/changed", "changed --more"},
+        {"autostart/deep", "/usr/libexec/deep/agent"},
+        {"autostart/script", "/usr/bin/script.py --watch"},
+        {"autostart/service", "service --gapplication-service"},
+        {"applications/service.app", "service --gapplication-service"},
+        {"autostart/twin", "env A=b twin --start"},
+        {"applications/twin.app", "twin --start %U"},
+        {"autostart/icon", "icon\nX-LXQt-Need-Tray=true"},
+        {"applications/icon.app", "icon"},
+        {"autostart/pair", "pair --hide"},
+        {"applications/pair.app", "pair"},
+        {"autostart/users", "users --session"},
+        {"user/autostart/other", "users"},
+        {"user/autostart/mine", "mine"},
+        {"autostart/shell", "sh -c 'X=1 method true'"},
+        {"autostart/unseen", "unseen\nOnlyShowIn=XFCE;"},
+        {"applications/unseen", "unseen\nNoDisplay=true"},
+        {"autostart/clips", "clips\nOnlyShowIn=KDE;"},
+        {"applications/clips.app", "clips\nNotShowIn=KDE;"}};
+    for (const auto& [file, exec] : entries) {
+        folder.write(file + ".desktop",
+                     "[Desktop Entry]\nType=Application\nName=x\nExec=" + exec + "\n");
     }
     const InstalledApplications installed = installedIn(folder, "xfce");
-    const std::pair<const char*, bool> cases[] = {
-        {"applet", true},
-        {"/usr/bin/applet --quiet", true},
-        {"applets", false},
-        {"switched-off", true},
-        {"changed", true},
-        {"changed --more", true},
-        {"mine", false},
-        {"/usr/libexec/deep/agent", true},
-        {"/opt/other/agent", false},
-        {"/usr/bin/python3 -s /usr/bin/script.py --watch", true},
-        {"/usr/bin/python3 /home/me/script.py --watch", false},
-        {"service --gapplication-service", true},
-        {"service", false},
-        {"twin --start", false},
-        {"icon", true},
-        {"pair --hide", true},
-        {"pair --hide file", false},
-        {"pair", false},
-        {"users --session", true},
-        {"users", false},
-        {"sh -c 'X=1 method true'", true},
-        {"sh -c method", false},
-        {"unseen", true},
-        {"clips", false},
-    };
-    for (const auto& [command, expected] : cases) {
-        EXPECT_EQ(isSession(installed, command), expected) << command;
+    for (const char* command :
+         {"applet", "/usr/bin/applet --quiet", "switched-off", "changed", "changed --more",
+          "/usr/libexec/deep/agent", "/usr/bin/python3 -s /usr/bin/script.py --watch",
+          "service --gapplication-service", "icon", "pair --hide", "users --session",
+          "sh -c 'X=1 method true'", "unseen"}) {
+        EXPECT_TRUE(isSession(installed, command)) << command;
+    }
+    for (const char* command :
+         {"applets", "mine", "/opt/other/agent", "/usr/bin/python3 /home/me/script.py --watch",
+          "service", "twin --start", "pair --hide file", "pair", "users", "sh -c method",
+          "clips"}) {
+        EXPECT_FALSE(isSession(installed, command)) << command;
     }
     EXPECT_TRUE(isSession(installedIn(folder, "kde"), "clips"));
     const std::vector<std::string> renamed{"something else"};

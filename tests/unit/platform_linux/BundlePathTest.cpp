@@ -1,10 +1,6 @@
 #include "platform/linux/identity/BundlePath.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
 #include <tuple>
-#include <vector>
 
 namespace calmora {
 namespace {
@@ -20,56 +16,55 @@ ApplicationIdentity entryWith(const std::string& id, const std::string& execKey 
             .execKey = execKey};
 }
 
-struct Case {
-    const char* executable;
-    const char* id;
-    const char* execKey;
-    /// Null for none.
-    const char* folder;
-};
-
 TEST(BundlePath, IsAFolderThatIsTheApplicationsAlone) {
-    for (const auto& [executable, id, execKey, folder] : std::vector<Case>{
-             {"/usr/bin/xterm", "debian-xterm", "xterm", nullptr},
-             {"", "org.pwmt.zathura", "zathura", nullptr},
-             {"/usr/lib/firefox-esr/firefox-esr", "firefox-esr", "firefox-esr",
-              "/usr/lib/firefox-esr/"},
-             {"/usr/lib/libreoffice/program/soffice.bin", "libreoffice-calc", "libreoffice",
-              "/usr/lib/libreoffice/"},
-             {"/usr/lib/x86_64-linux-gnu/foo/bin/foo", "foo", "foo",
-              "/usr/lib/x86_64-linux-gnu/foo/"},
-             {"/usr/libexec/foo", "foo", "foo", nullptr},
-             {"/usr/lib/xfce4/panel/wrapper-2.0", "panel", "xfce4", nullptr},
-             {"/usr/lib/jvm/java-17/bin/foo", "jvm", "foo", nullptr},
-             {"/usr/lib/electron25/electron", "electron25", "electron25", nullptr},
-             {"/usr/lib/foo", "foo", "foo", nullptr},
-             {"/opt/google/chrome/chrome", "google-chrome", "google-chrome-stable",
-              "/opt/google/chrome/"},
-             {"/opt/vendor/bin/foo", "foo", "foo", nullptr},
-             {"/opt/vendor/suite/bin/foo", "foo", "foo", nullptr},
-             {"/opt/vendor/suite/foo/lib/foo", "x", "x", "/opt/vendor/suite/foo/"},
-             {"/opt/games/quake/bin/games", "games", "games", nullptr},
-             {"/opt/bin/foo", "foo", "foo", nullptr},
-             {"/opt/jdk/bin/java", "foo", "foo", nullptr},
-             {"/home/u/Apps/tool/libexec/tool-helper/bin/run", "org.example.Tool", "tool", nullptr},
-             {"/home/u/Apps/org.example.Tool/bin/run", "org.example.Tool", "x",
-              "/home/u/Apps/org.example.Tool/"},
-             {"/home/u/src/tool/build/tool", "tool", "tool", "/home/u/src/tool/"},
-             {"/home/u/code/code", "x", "x", "/home/u/code/"},
-             {"/home/u/code/editor/code", "code", "code", nullptr},
-             {"/home/u/git/foo/bin/git", "git", "git", nullptr},
-             {"/home/u/Desktop/Telegram/x", "org.telegram.desktop", "desktop", nullptr},
-             {"/home/u/Desktop/desktop", "x", "x", nullptr},
-             {"/home/u/.cargo/bin/cargo", "cargo", "cargo", nullptr},
-             {"/home/u/.local/share/Steam/steamapps/common/Half-Life/steam", "x", "x", nullptr},
-             {"/home/u/Games/quake/x/quake", "y", "y", "/home/u/Games/quake/"},
-             {"/home/u/.x/quake/Games/doom/quake", "x", "x", nullptr},
-             {"/home/u/tool/tool/tool", "tool", "tool", "/home/u/tool/tool/"},
-             {"/home/u/bin/bin", "bin", "bin", nullptr},
-             {"/home/u/u", "u", "u", nullptr},
-             {"/home/user2/tool/tool", "tool", "tool", nullptr},
-             {"/app/bin/maps", "org.gnome.Maps", "maps", nullptr},
-             {"/srv/foo/foo", "foo", "foo", nullptr}}) {
+    const struct {
+        const char* executable;
+        const char* id;
+        const char* execKey;
+        /// Null for none.
+        const char* folder;
+    } cases[] = {
+        {"/usr/bin/xterm", "debian-xterm", "xterm", nullptr},
+        {"", "org.pwmt.zathura", "zathura", nullptr},
+        {"/usr/lib/firefox-esr/firefox-esr", "firefox-esr", "firefox-esr", "/usr/lib/firefox-esr/"},
+        {"/usr/lib/libreoffice/program/soffice.bin", "libreoffice-calc", "libreoffice",
+         "/usr/lib/libreoffice/"},
+        {"/usr/lib/x86_64-linux-gnu/foo/bin/foo", "foo", "foo", "/usr/lib/x86_64-linux-gnu/foo/"},
+        {"/usr/libexec/foo", "foo", "foo", nullptr},
+        {"/usr/lib/xfce4/panel/wrapper-2.0", "panel", "xfce4", nullptr},
+        {"/usr/lib/jvm/java-17/bin/foo", "jvm", "foo", nullptr},
+        {"/usr/lib/electron25/electron", "electron25", "electron25", nullptr},
+        {"/usr/lib/foo", "foo", "foo", nullptr},
+        {"/opt/google/chrome/chrome", "google-chrome", "google-chrome-stable",
+         "/opt/google/chrome/"},
+        {"/opt/vendor/bin/foo", "foo", "foo", nullptr},
+        {"/opt/vendor/suite/bin/foo", "foo", "foo", nullptr},
+        {"/opt/vendor/suite/foo/lib/foo", "x", "x", "/opt/vendor/suite/foo/"},
+        {"/opt/games/quake/bin/games", "games", "games", nullptr},
+        {"/opt/bin/foo", "foo", "foo", nullptr},
+        {"/opt/jdk/bin/java", "foo", "foo", nullptr},
+        {"/home/u/Apps/tool/libexec/tool-helper/bin/run", "org.example.Tool", "tool", nullptr},
+        {"/home/u/Apps/org.example.Tool/bin/run", "org.example.Tool", "x",
+         "/home/u/Apps/org.example.Tool/"},
+        {"/home/u/src/tool/build/tool", "tool", "tool", "/home/u/src/tool/"},
+        {"/home/u/code/code", "x", "x", "/home/u/code/"},
+        {"/home/u/code/editor/code", "code", "code", nullptr},
+        {"/home/u/git/foo/bin/git", "git", "git", nullptr},
+        {"/home/u/Desktop/Telegram/x", "org.telegram.desktop", "desktop", nullptr},
+        {"/home/u/Desktop/desktop", "x", "x", nullptr},
+        {"/home/u/.cargo/bin/cargo", "cargo", "cargo", nullptr},
+        {"/home/u/.local/share/Steam/steamapps/common/Half-Life/steam", "x", "x", nullptr},
+        {"/home/u/Games/quake/x/quake", "y", "y", "/home/u/Games/quake/"},
+        {"/home/u/.x/quake/Games/doom/quake", "x", "x", nullptr},
+        {"/home/u/tool/tool/tool", "tool", "tool", "/home/u/tool/tool/"},
+        {"/home/u/bin/bin", "bin", "bin", nullptr},
+        {"/home/u/u", "u", "u", nullptr},
+        {"/home/user2/tool/tool", "tool", "tool", nullptr},
+        {"/app/bin/maps", "org.gnome.Maps", "maps", nullptr},
+        {"/srv/foo/foo", "foo", "foo", nullptr},
+    };
+
+    for (const auto& [executable, id, execKey, folder] : cases) {
         const auto identity = entryWith(id, execKey);
         const auto found = privateFolder(programAt(executable), identity, "/home/u", {});
         EXPECT_EQ(found, folder ? std::optional<std::string>(folder) : std::nullopt) << executable;
@@ -123,22 +118,15 @@ TEST(BundlePath, LeavesOutTheProgramsThatTheApplicationInstalled) {
         << "a game that runs does not hide the launcher's helpers";
 }
 
-TEST(BundlePath, KnowsSnapsAppImagesAndFlatpaks) {
-    auto snap = programAt("/snap/firefox/42/usr/lib/firefox/firefox");
+TEST(BundlePath, IsNoFolderThatASandboxShares) {
+    auto snap = programAt("/snap/core22/1/usr/bin/dbus-daemon"); // A base snap is everybody's.
     snap.cgroup = "/x/snap.firefox.firefox-1.scope";
-    EXPECT_EQ(privateFolder(snap, entryWith("firefox_firefox"), "/home/u", {}),
-              "/snap/firefox/42/");
-    snap.executable = "/snap/core22/1/usr/bin/dbus-daemon"; // A base snap is everybody's.
     EXPECT_EQ(privateFolder(snap, entryWith("firefox_firefox"), "/home/u", {}), std::nullopt);
-
     auto image = programAt("/tmp/.mount_Krita1/usr/bin/krita");
-    image.environment.appDir = "/tmp/.mount_Krita1";
-    EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), "/tmp/.mount_Krita1/");
     image.environment.appDir = "/";
     EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), std::nullopt);
-
-    auto flatpak = programAt("/usr/lib/foo/foo");
-    flatpak.flatpak = FlatpakInfo{"org.foo", "1"}; // Not the host's folder of that name.
+    auto flatpak = programAt("/usr/lib/foo/foo"); // Not the host's folder of that name.
+    flatpak.flatpak = FlatpakInfo{"org.foo", "1"};
     EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), "/.flatpak/org.foo/1/app/");
     flatpak.flatpak->instanceId.clear();
     EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), std::nullopt);

@@ -3,12 +3,7 @@
 #include "fakes/FakeRunLoop.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <filesystem>
-#include <optional>
-#include <string>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -61,12 +56,10 @@ TEST_F(JsonUserDefaultsTest, ReadsTheRegisteredDefaultForAnotherTypeAndNeverWrit
                                {"big", std::int64_t{8}},
                                {"list", Strings{"d"}},
                                {"name", std::string("n")}});
-    EXPECT_TRUE(defaults.boolean("flag"));
-    EXPECT_EQ(defaults.integer("count"), 7);
-    EXPECT_EQ(defaults.integer("big"), 8);
+    EXPECT_TRUE(defaults.boolean("flag") && defaults.string("flag") == "true");
+    EXPECT_TRUE(defaults.integer("count") == 7 && defaults.integer("big") == 8);
     EXPECT_EQ(defaults.value("list"), DefaultsValue(Strings{"d"}));
     EXPECT_EQ(defaults.string("name"), "n");
-    EXPECT_EQ(defaults.string("flag"), "true");
     defaults.set("other", false);
     EXPECT_TRUE(defaults.flush());
     EXPECT_EQ(TempFolder::read(file).find("\"n\""), std::string::npos);

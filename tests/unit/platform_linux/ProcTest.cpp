@@ -3,11 +3,6 @@
 #include "platform/linux/proc/ProcessReader.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 namespace calmora {
 namespace {
 
@@ -35,23 +30,20 @@ TEST(ProcFiles, CountTheFieldsOfStatFromTheLastParenthesis) {
     EXPECT_TRUE(parseStat(statText("kworker/0:1", "I", 1, "69238880"))->isKernelThread);
 }
 
-TEST(ProcFiles, RefuseAStatThatIsCutShort) {
+TEST(ProcFiles, RefuseAStatThatIsCutShortAndTellAZombieFromADeadMainThread) {
     const std::string whole = statText("name", "S", 1);
     const std::size_t startTime = whole.find("987654321");
     for (std::size_t length = 0; length <= startTime; ++length) {
         EXPECT_FALSE(parseStat(whole.substr(0, length))) << length;
     }
     EXPECT_FALSE(parseStat(") ("));
-}
-
-TEST(ProcFiles, TellAZombieFromADeadMainThread) {
     EXPECT_TRUE(parseStat(statText("x", "Z", 1))->isGone());
     EXPECT_FALSE(parseStat(statText("x", "Z", 2))->isGone());
     EXPECT_TRUE(parseStat(statText("x", "X", 0))->isGone());
     EXPECT_FALSE(parseStat(statText("x", "T", 1))->isGone());
 }
 
-TEST(ProcFiles, ReadUsersAndMemoryOfStatus) {
+TEST(ProcFiles, ReadUsersAndMemory) {
     const auto status = parseStatus("Name:\tUid:\nUid:\t1000\t0\t1000\t1000\nGid:\t5\t5\t5\t5\n"
                                     "VmRSS:\t  9000 kB\nRssAnon:\t    2048 kB\n"
                                     "RssFile:\t  6952 kB\nVmSwap:\t     512 kB\nThreads:\t1\n");
@@ -61,25 +53,19 @@ TEST(ProcFiles, ReadUsersAndMemoryOfStatus) {
     EXPECT_EQ(status->vmSwap, 512U * 1024);
     EXPECT_FALSE(parseStatus("Name:\tx\n"));
     EXPECT_FALSE(parseStatus("Uid:\t1000\n"));
-}
-
-TEST(ProcFiles, TakeTheAnonymousPagesOfStatm) {
     EXPECT_EQ(parseStatmAnonymousPages("12345 700 200 1 0 300 0\n"), 500U);
     EXPECT_EQ(parseStatmAnonymousPages("12345 200 201 1 0 300 0\n"), 0U);
-    EXPECT_FALSE(parseStatmAnonymousPages("0 0 0 0 0 0 0\n"));
-    EXPECT_FALSE(parseStatmAnonymousPages("12345 700"));
-    EXPECT_FALSE(parseStatmAnonymousPages(""));
+    for (const char* none : {"0 0 0 0 0 0 0\n", "12345 700", ""}) {
+        EXPECT_FALSE(parseStatmAnonymousPages(none)) << none;
+    }
 }
 
-TEST(ProcFiles, FindTheControlGroup) {
+TEST(ProcFiles, FindTheControlGroupAndSplitArgumentsAtTheirNuls) {
     EXPECT_EQ(parseCgroup("0::/user.slice/app.slice/app-foo-1.scope\n"),
               "/user.slice/app.slice/app-foo-1.scope");
     EXPECT_EQ(parseCgroup("5:cpu,cpuacct:/\n1:name=systemd:/user.slice/x.scope\n0::/\n"),
               "/user.slice/x.scope");
     EXPECT_EQ(parseCgroup("4:memory:/docker\n"), "");
-}
-
-TEST(ProcFiles, SplitArgumentsAtTheirNuls) {
     using Words = std::vector<std::string>;
     EXPECT_EQ(parseCommandLine("xterm\0-class\0\0Foo Bar\0"s),
               (Words{"xterm", "-class", "", "Foo Bar"}));
@@ -87,7 +73,7 @@ TEST(ProcFiles, SplitArgumentsAtTheirNuls) {
     EXPECT_EQ(parseCommandLine(""), Words{});
 }
 
-TEST(ProcFiles, PickTheVariablesThatTellOfTheLaunch) {
+TEST(ProcFiles, PickWhatTellsOfTheLaunchAndTheSandbox) {
     const auto environment = parseLaunchEnvironment(
         "HOME=/root\0GIO_LAUNCHED_DESKTOP_FILE=/a/b.desktop\0GIO_LAUNCHED_DESKTOP_FILE_PID=42\0"
         "XAPPDIR=no\0APPDIR=/tmp/.mount_x\0APPIMAGE=/home/u/X.AppImage\0"
@@ -95,9 +81,6 @@ TEST(ProcFiles, PickTheVariablesThatTellOfTheLaunch) {
     EXPECT_EQ(environment, (LaunchEnvironment{"/a/b.desktop", 42, "/c.desktop", "/tmp/.mount_x",
                                               "/home/u/X.AppImage", "/home/u", "a:b", "/w"}));
     EXPECT_EQ(parseLaunchEnvironment("GIO_LAUNCHED_DESKTOP_FILE_PID=4x2\0"s), LaunchEnvironment{});
-}
-
-TEST(ProcFiles, ReadTheSandboxOfAFlatpak) {
     EXPECT_EQ(parseFlatpakInfo("[Application]\nname=org.gnome.Maps\nruntime=r\n\n[Instance]\n"
                                "instance-id=123\nname=not.this\n"),
               (FlatpakInfo{"org.gnome.Maps", "123"}));
@@ -148,27 +131,28 @@ class ProcessReaderTest : public testing::Test {
 };
 
 TEST_F(ProcessReaderTest, FindsTheFileThatTheArgumentsMean) {
-    struct Case {
+    const struct {
         std::vector<std::string> arguments;
         const char* cwd;
         const char* pwd;
         /// Empty for none.
         const char* file;
+    } cases[] = {
+        {{"python3", path("link")}, "", "", "a/tool.py"},
+        {{"python3", "tool.py"}, "a", "a", "a/tool.py"},
+        {{"python3", "tool.py"}, "b", "a", "a/tool.py"}, // Left its folder.
+        {{"python3", "tool.py"}, "a", "b", "a/tool.py"}, // Was started elsewhere.
+        {{"python3", "main.py"}, "a", "b", ""},          // Either.
+        {{"python3", "main.py"}, "a", "none", "a/main.py"},
+        {{"python3", "other.py"}, "a", "b", ""},
+        {{"python3", path("zip")}, "", "", "zip/__main__.py"},
+        {{"python3", path("a")}, "", "", ""},
+        {{"python3", "/usr"}, "", "", ""},
+        {{"python3", "-m", "main.py"}, "a", "a", ""},
+        {{"a title", path("a/main.py")}, "a", "a", ""},
     };
 
-    for (const auto& [arguments, cwd, pwd, file] : std::vector<Case>{
-             {{"python3", path("link")}, "", "", "a/tool.py"},
-             {{"python3", "tool.py"}, "a", "a", "a/tool.py"},
-             {{"python3", "tool.py"}, "b", "a", "a/tool.py"}, // Left its folder.
-             {{"python3", "tool.py"}, "a", "b", "a/tool.py"}, // Was started elsewhere.
-             {{"python3", "main.py"}, "a", "b", ""},          // Either.
-             {{"python3", "main.py"}, "a", "none", "a/main.py"},
-             {{"python3", "other.py"}, "a", "b", ""},
-             {{"python3", path("zip")}, "", "", "zip/__main__.py"},
-             {{"python3", path("a")}, "", "", ""},
-             {{"python3", "/usr"}, "", "", ""},
-             {{"python3", "-m", "main.py"}, "a", "a", ""},
-             {{"a title", path("a/main.py")}, "a", "a", ""}}) {
+    for (const auto& [arguments, cwd, pwd, file] : cases) {
         const auto found = details(arguments, "/usr/bin/python3.11", cwd, pwd);
         EXPECT_EQ(found.commandPath.value_or(""), *file ? path(file) : "")
             << testing::PrintToString(arguments) << cwd;

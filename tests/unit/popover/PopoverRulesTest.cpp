@@ -1,8 +1,6 @@
 #include "platform/qt/window/FocusMove.h"
 #include "platform/qt/window/PopoverPlacement.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 
@@ -48,6 +46,8 @@ TEST(PopoverPlacement, IsBesideTheIconAndInsideItsScreen) {
 }
 
 TEST(FocusMove, ClosesOnlyWhenTheUserLeft) {
+    using enum FocusVerdict;
+
     const struct {
         std::string name;
         FocusMove move;
@@ -55,26 +55,20 @@ TEST(FocusMove, ClosesOnlyWhenTheUserLeft) {
     } rows[] = {
         {"a grab of the keyboard alone",
          {.isStillHere = true, .formerOwnerExists = true, .userActed = true},
-         FocusVerdict::stay},
+         stay},
         {"an alert of ours",
          {.isAlertOpen = true, .isOwnerOurs = true, .isOwnerNew = true, .formerOwnerExists = true},
-         FocusVerdict::stay},
-        {"the active window was quit", {}, FocusVerdict::takeBack},
-        {"another window got it, why is not known yet",
-         {.formerOwnerExists = true},
-         FocusVerdict::waitAndSee},
-        {"another window was chosen",
-         {.formerOwnerExists = true, .isSettled = true},
-         FocusVerdict::close},
-        {"it asks to save", {.isOwnerNew = true}, FocusVerdict::close},
-        {"the settings window", {.isOwnerOurs = true}, FocusVerdict::close},
-        {"the user switched windows after a quit", {.userActed = true}, FocusVerdict::close},
-        {"a window was quit that was not active",
-         {.formerOwnerExists = true, .windowVanished = true},
-         FocusVerdict::takeBack},
+         stay},
+        {"the active window was quit", {}, takeBack},
+        {"another window got it, why is not known yet", {.formerOwnerExists = true}, waitAndSee},
+        {"another was chosen", {.formerOwnerExists = true, .isSettled = true}, close},
+        {"it asks to save", {.isOwnerNew = true}, close},
+        {"the settings window", {.isOwnerOurs = true}, close},
+        {"the user switched windows after a quit", {.userActed = true}, close},
+        {"another was quit", {.formerOwnerExists = true, .windowVanished = true}, takeBack},
         {"a quit made another one ask",
          {.isOwnerNew = true, .formerOwnerExists = true, .windowVanished = true},
-         FocusVerdict::close},
+         close},
     };
 
     for (const auto& row : rows) {

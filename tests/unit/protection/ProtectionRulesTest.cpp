@@ -1,10 +1,5 @@
 #include "platform/linux/protection/ProtectionRules.h"
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <string>
-
 namespace calmora {
 namespace {
 

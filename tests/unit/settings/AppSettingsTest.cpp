@@ -5,8 +5,6 @@
 #include "fakes/FakeUserDefaults.h"
 #include "settings/OpenAtLogin.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

@@ -2,9 +2,6 @@
 #include "platform/desktop/SoundServer.h"
 #include "support/LoadedLibrary.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
 #include <cstdlib>
 
 namespace calmora {

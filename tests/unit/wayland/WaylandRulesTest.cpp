@@ -1,8 +1,6 @@
 #include "platform/wayland/backend/BarArea.h"
 #include "platform/wayland/backend/QtPlatformChoice.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 
@@ -15,36 +13,23 @@ TEST(QtPlatformChoice, TakesLayerSurfacesElseX11ElseWayland) {
         return words;
     };
 
-    const struct {
-        std::string name;
-        SessionFacts facts;
-        std::string expected;
-    } rows[] = {
-        {"X11", {.hasXServer = true}, "xcb"},
-        {"sway, KWin, labwc",
-         {.hasCompositor = true, .hasLayerShell = true, .drawsTitleBars = true, .hasXServer = true},
+    const std::pair<SessionFacts, const char*> rows[] = {
+        {{.hasXServer = true}, "xcb"},
+        // sway, KWin, labwc
+        {{.hasCompositor = true, .hasLayerShell = true, .drawsTitleBars = true, .hasXServer = true},
          "wayland;xcb roleless undecorated"},
-        {"layers, but the client draws its title bar",
-         {.hasCompositor = true, .hasLayerShell = true},
-         "wayland roleless"},
-        {"GNOME, weston with an X server",
-         {.hasCompositor = true, .drawsTitleBars = true, .hasXServer = true},
-         "xcb"},
-        {"weston without", {.hasCompositor = true}, "wayland"},
-        {"nothing answers", {}, ""},
-        {"the user wants X11",
-         {.wantedPlatform = "xcb", .hasCompositor = true, .hasLayerShell = true},
-         ""},
-        {"the user wants Wayland",
-         {.wantedPlatform = "wayland-egl", .hasCompositor = true, .hasLayerShell = true},
+        {{.hasCompositor = true, .hasLayerShell = true}, "wayland roleless"},
+        // GNOME, weston with an X server and without
+        {{.hasCompositor = true, .drawsTitleBars = true, .hasXServer = true}, "xcb"},
+        {{.hasCompositor = true}, "wayland"},
+        {{}, ""},
+        // What the user wants counts.
+        {{.wantedPlatform = "xcb", .hasCompositor = true, .hasLayerShell = true}, ""},
+        {{.wantedPlatform = "wayland-egl", .hasCompositor = true, .hasLayerShell = true},
          " roleless"},
-        {"the user wants Wayland where there are no layers",
-         {.wantedPlatform = "wayland", .hasCompositor = true, .hasXServer = true},
-         ""},
-    };
-
-    for (const auto& row : rows) {
-        EXPECT_EQ(inWords(row.facts), row.expected) << row.name;
+        {{.wantedPlatform = "wayland", .hasCompositor = true, .hasXServer = true}, ""}};
+    for (const auto& [facts, expected] : rows) {
+        EXPECT_EQ(inWords(facts), expected);
     }
 }
 
@@ -60,11 +45,7 @@ TEST(BarArea, IsWhereThePointerIsInABar) {
     } rows[] = {
         {"no bar", whole, Point{600, 0}, {0, 0, 1280, 800}, false},
         {"at the top", {1280, 770}, Point{600, 29}, {0, 30, 1280, 770}, true},
-        {"above or below, with a bar somewhere",
-         {1280, 770},
-         Point{600, 30},
-         {0, 30, 1280, 740},
-         false},
+        {"above or below it", {1280, 770}, Point{600, 30}, {0, 30, 1280, 740}, false},
         {"at the bottom", {1280, 770}, Point{600, 770}, {0, 0, 1280, 770}, true},
         {"not told", {1280, 770}, {}, {0, 30, 1280, 740}, false},
         {"at the left", {1240, 800}, Point{39, 400}, {40, 0, 1240, 800}, true},

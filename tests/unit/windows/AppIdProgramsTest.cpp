@@ -2,7 +2,7 @@
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 #include "platform/wayland/SocketClients.h"
 
-#include <gtest/gtest.h>
+#include <sstream>
 
 namespace calmora {
 namespace {
@@ -15,74 +15,55 @@ DesktopEntry entry(const std::string& id, const std::string& exec, const std::st
     return *parsed;
 }
 
-std::vector<std::string> split(std::string_view text, char separator) {
-    std::vector<std::string> parts{""};
-    for (const char letter : text) {
-        if (letter == separator) {
-            parts.emplace_back();
-        } else {
-            parts.back() += letter;
-        }
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text + separator);
+    for (std::string part; std::getline(stream, part, separator);) {
+        parts.push_back(part);
     }
     return parts;
 }
 
 // Recorded from sway 1.7 on Debian 12, where sway tells the true process of each window.
 TEST(AppIdPrograms, FindTheClientsOfRecordedWindows) {
-    const struct {
-        /// Tabs between: application id; the name, executable (empty where it may not be read) and
-        /// command line of its process; id, Exec and StartupWMClass of an entry that starts it.
-        const char* recorded;
-        /// Its row and others that cannot be told apart; none where nothing fits.
-        std::vector<ProcessId> expected;
-    } rows[] = {
-        {"mousepad\tmousepad\t/usr/bin/mousepad\tmousepad\torg.xfce.mousepad\tmousepad %U\t", {1}},
-        {"galculator\tgalculator\t/usr/bin/galculator\tgalculator\tgalculator\tgalculator\t", {2}},
-        {"org.pwmt.zathura\tzathura\t\tzathura\torg.pwmt.zathura\tzathura %U\t", {3}},
-        {"qpdfview.local.qpdfview\tqpdfview\t/usr/bin/qpdfview\tqpdfview\tqpdfview\tqpdfview "
-         "--unique %F\t",
+    // Between bars: application id; the name, executable (empty where it may not be read) and
+    // command line of its process; id, Exec and StartupWMClass of an entry that starts it. Then its
+    // row and others that cannot be told apart; none where nothing fits.
+    const std::pair<const char*, std::vector<ProcessId>> rows[] = {
+        {"mousepad|mousepad|/usr/bin/mousepad|mousepad|org.xfce.mousepad|mousepad %U|", {1}},
+        {"org.pwmt.zathura|zathura||zathura|org.pwmt.zathura|zathura %U|", {2}},
+        {"qpdfview.local.qpdfview|qpdfview|/usr/bin/qpdfview|qpdfview|qpdfview|qpdfview --unique "
+         "%F|",
+         {3}},
+        {"org.gnome.Meld|meld|/usr/bin/python3.11|/usr/bin/python3 /usr/bin/meld|org.gnome.Meld|"
+         "meld %F|",
          {4}},
-        {"org.gnome.Meld\tmeld\t/usr/bin/python3.11\t/usr/bin/python3 "
-         "/usr/bin/meld\torg.gnome.Meld\tmeld %F\t",
+        {"org.kde.kcolorschemeeditor|kcolorschemeedi|/usr/bin/"
+         "kcolorschemeeditor|kcolorschemeeditor|"
+         "org.kde.kcolorschemeeditor|kcolorschemeeditor|",
          {5}},
-        {"org.kde.keditbookmarks\tkeditbookmarks\t/usr/bin/"
-         "keditbookmarks\tkeditbookmarks\torg.kde.keditbookmarks\tkeditbookmarks\t",
+        {"org.kde.keditfiletype|keditfiletype|/usr/bin/keditfiletype|keditfiletype text/plain|"
+         "org.kde.keditfiletype|keditfiletype5|",
          {6}},
-        {"org.kde.kcolorschemeeditor\tkcolorschemeedi\t/usr/bin/"
-         "kcolorschemeeditor\tkcolorschemeeditor\torg.kde.kcolorschemeeditor\tkcolorschemeeditor\t",
-         {7}},
-        {"org.kde.kdeconnect.app\tkdeconnect-app\t/usr/bin/"
-         "kdeconnect-app\tkdeconnect-app\torg.kde.kdeconnect.app\tkdeconnect-app\t",
-         {8}},
-        {"org.kde.keditfiletype\tkeditfiletype\t/usr/bin/keditfiletype\tkeditfiletype "
-         "text/plain\torg.kde.keditfiletype\tkeditfiletype5\t",
-         {9}},
-        {"org.kde.knetattach\tknetattach\t/usr/bin/"
-         "knetattach\tknetattach\torg.kde.knetattach\tknetattach\t",
-         {10}},
         // Which of the Python programs it is, the id does not tell.
-        {"python3\tsoftware-proper\t/usr/bin/python3.11\t/usr/bin/python3 "
-         "/usr/bin/software-properties-qt\tsoftware-properties-qt\tsoftware-properties-qt\t",
+        {"python3|software-proper|/usr/bin/python3.11|/usr/bin/python3 "
+         "/usr/bin/software-properties-qt|software-properties-qt|software-properties-qt|",
          {}},
-        {"kcm_mouse\tkcmshell5\t/usr/bin/kcmshell5\tkcmshell5 kcm_mouse\tkcm_mouse\tsystemsettings "
-         "kcm_mouse\t",
+        {"kcm_mouse|kcmshell5|/usr/bin/kcmshell5|kcmshell5 kcm_mouse|kcm_mouse|systemsettings "
+         "kcm_mouse|",
          {}},
-        {"foot\tfoot\t/usr/bin/foot\tfoot sleep 99\tfoot\tfoot\t", {13, 14}},
-        {"scratch\tfoot\t/usr/bin/foot\tfoot -a scratch\tfoot-server\tfoot --server\t", {}},
+        {"foot|foot|/usr/bin/foot|foot sleep 99|foot|foot|", {9, 10}},
+        {"scratch|foot|/usr/bin/foot|foot -a scratch|foot-server|foot --server|", {}},
         // Not recorded: the two ways in which an entry stands for another program's name.
-        {"Navigator\tfirefox\t/opt/ff/firefox\tfirefox\torg.example.fox\t/opt/ff/"
-         "firefox\tnavigator",
-         {15}},
-        {"Ghost\tstart.bin\t/opt/ghost/start.bin\tstart.bin\torg.example.Ghost\t/opt/ghost/"
-         "start.bin\t",
-         {16}},
+        {"Navigator|firefox|/opt/ff/firefox|firefox|fox|/opt/ff/firefox|navigator", {11}},
+        {"Ghost|start.bin|/opt/g/start.bin|start.bin|org.example.Ghost|/opt/g/start.bin|", {12}},
     };
 
     std::vector<SocketClient> clients;
     std::vector<DesktopEntry> entries;
     std::vector<std::string> ids;
-    for (const auto& row : rows) {
-        const auto fields = split(row.recorded, '\t');
+    for (const auto& [recorded, expected] : rows) {
+        const auto fields = split(recorded, '|');
         const auto executable = fields[2].empty() ? std::nullopt : std::optional(fields[2]);
         ids.push_back(fields[0]);
         clients.push_back({static_cast<ProcessId>(ids.size()),
@@ -91,8 +72,7 @@ TEST(AppIdPrograms, FindTheClientsOfRecordedWindows) {
     }
     const DesktopEntryIndex index(std::move(entries));
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        EXPECT_EQ(clientsCalled(programsOfAppId(ids[i], index), clients), rows[i].expected)
-            << ids[i];
+        EXPECT_EQ(clientsCalled(programsOfAppId(ids[i], index), clients), rows[i].second) << ids[i];
     }
 }
 

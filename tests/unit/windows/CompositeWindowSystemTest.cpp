@@ -2,14 +2,13 @@
 
 #include "fakes/FakeWindowSystem.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 
-TEST(CompositeWindowSystem, ListsAnX11WindowOfACompositorOnce) {
-    constexpr WindowId ofCompositor = WindowId{1} << 56;
+/// Added to the ids of a compositor's windows.
+constexpr WindowId other = WindowId{1} << 56;
 
+TEST(CompositeWindowSystem, ListsAnX11WindowOfACompositorOnce) {
     const struct {
         const char* what;
         std::vector<WindowId> x11;
@@ -22,33 +21,11 @@ TEST(CompositeWindowSystem, ListsAnX11WindowOfACompositorOnce) {
         bool coversAll;
         bool hasDisplay = true;
     } cases[] = {
-        {"each is its own", {5}, {{7, {}}}, 5, 7, {5, ofCompositor + 7}, ofCompositor + 7, true},
+        {"each is its own", {5}, {{7, {}}}, 5, 7, {5, other + 7}, other + 7, true},
         {"the same window", {5}, {{7, 5}}, {}, 7, {5}, 5, true},
-        {"the same number, but no X11 window",
-         {5},
-         {{5, {}}},
-         5,
-         {},
-         {5, ofCompositor + 5},
-         {},
-         true},
-        {"one that X has not told of yet",
-         {5},
-         {{7, 5}, {8, 6}},
-         {},
-         8,
-         {5, ofCompositor + 8},
-         ofCompositor + 8,
-         false},
-        {"the other part is no X server",
-         {5},
-         {{7, 5}},
-         {},
-         {},
-         {5, ofCompositor + 7},
-         {},
-         false,
-         false},
+        {"the same number, but no X11 window", {5}, {{5, {}}}, 5, {}, {5, other + 5}, {}, true},
+        {"X lacks one yet", {5}, {{7, 5}, {8, 6}}, {}, 8, {5, other + 8}, other + 8, false},
+        {"the other part is no X server", {5}, {{7, 5}}, {}, {}, {5, other + 7}, {}, false, false},
     };
 
     for (const auto& test : cases) {
@@ -77,8 +54,6 @@ TEST(CompositeWindowSystem, ListsAnX11WindowOfACompositorOnce) {
 }
 
 TEST(CompositeWindowSystem, NeverAsksAnX11WindowByWayOfACompositor) {
-    constexpr WindowId ofCompositor = WindowId{1} << 56;
-
     const struct {
         const char* what;
         const char* applicationId;
@@ -120,7 +95,7 @@ TEST(CompositeWindowSystem, NeverAsksAnX11WindowByWayOfACompositor) {
         const auto& all = windows.windows();
         ASSERT_EQ(all.size(), test.isListed ? 3U : 2U) << test.what;
         EXPECT_EQ(all.back().canBeAsked, test.mayBeAsked) << test.what;
-        EXPECT_EQ(windows.activeWindow(), test.isListed ? ofCompositor + 7 : 5) << test.what;
+        EXPECT_EQ(windows.activeWindow(), test.isListed ? other + 7 : 5) << test.what;
         EXPECT_EQ(windows.coversAllWindows(), test.coversAll) << test.what;
     }
 }

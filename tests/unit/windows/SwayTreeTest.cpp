@@ -1,7 +1,5 @@
 #include "platform/wayland/SwayTree.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 
@@ -47,10 +45,7 @@ TEST(SwayTree, GivesTheViewsOfARecordedTree) {
 }
 
 TEST(SwayTree, ReadsEventsAndReplies) {
-    const struct {
-        const char* text;
-        SwayChange expected;
-    } events[] = {
+    const std::pair<const char*, SwayChange> events[] = {
         {R"({"change":"new","container":{"id":5}})", SwayChange::windows},
         {R"({"change":"close","container":{}})", SwayChange::windows},
         {R"({"change":"floating"})", SwayChange::windows},
@@ -59,9 +54,8 @@ TEST(SwayTree, ReadsEventsAndReplies) {
         {R"({"change":5})", SwayChange::none},
         {R"({"change":"new")", SwayChange::none},
     };
-
-    for (const auto& test : events) {
-        EXPECT_EQ(parseSwayWindowEvent(test.text), test.expected) << test.text;
+    for (const auto& [text, expected] : events) {
+        EXPECT_EQ(parseSwayWindowEvent(text), expected) << text;
     }
     EXPECT_TRUE(parseSwaySuccess(R"([{"success":true}])"));
     for (const char* failure : {R"([{"success":false,"error":"No matching node."}])", "[]", "{}",
@@ -71,30 +65,28 @@ TEST(SwayTree, ReadsEventsAndReplies) {
 }
 
 TEST(SwayTree, TakesForDialogsOnlyWhatComesUpWhenAsked) {
-    const SwayView old{.id = 5, .process = 10};
-    const SwayView floated{.id = 6, .process = 10, .isFloating = true};
-    const SwayView other{.id = 7, .process = 20};
-    const SwayView question{.id = 8, .process = 10, .isFloating = true};
-    const SwayView tiled{.id = 9, .process = 10};
-    const SwayView alone{.id = 10, .process = 30, .isFloating = true};
-    const std::vector<SwayView> views{old, floated, other, question, tiled, alone};
+    const std::vector<SwayView> views{
+        {.id = 5, .process = 10}, {.id = 6, .process = 10, .isFloating = true},
+        {.id = 7, .process = 20}, {.id = 8, .process = 10, .isFloating = true},
+        {.id = 9, .process = 10}, {.id = 10, .process = 30, .isFloating = true}};
 
     const struct {
         const char* what;
-        const SwayView& view;
+        std::size_t view;
         WindowId newestAsked;
         WindowId parent;
     } cases[] = {
-        {"a question", question, 7, 6},
-        {"never asked", question, 0, 0},
-        {"it was there when asked", question, 8, 0},
-        {"floated by the user", floated, 7, 0},
-        {"tiled", tiled, 7, 0},
-        {"a process that had nothing before", alone, 9, 0},
+        {"a question", 3, 7, 6},
+        {"never asked", 3, 0, 0},
+        {"it was there when asked", 3, 8, 0},
+        {"floated by the user", 1, 7, 0},
+        {"tiled", 4, 7, 0},
+        {"a process that had nothing before", 5, 9, 0},
     };
 
     for (const auto& test : cases) {
-        EXPECT_EQ(swayDialogParent(test.view, views, test.newestAsked), test.parent) << test.what;
+        EXPECT_EQ(swayDialogParent(views[test.view], views, test.newestAsked), test.parent)
+            << test.what;
     }
 }
 

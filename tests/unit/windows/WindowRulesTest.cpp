@@ -1,12 +1,7 @@
+#include "fakes/LookUp.h"
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/x11/X11Icon.h"
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <vector>
 
 namespace calmora {
 namespace {
@@ -19,21 +14,13 @@ TEST(WindowOwner, BelievesTheServerFirst) {
         {40, {{40}, 70, false, {"editor"}}},         {50, {{50}, 71, true, {"editor"}}},
         {60, {{60}, 70, true, {"a-very-long-nam"}}},
     };
-    const OwnerLookup lookUp{
-        [&](ProcessId process) {
-            const auto found = live.find(process);
-            return found == live.end() ? std::nullopt : std::optional(found->second.startTime);
-        },
-        [&](ProcessId process) {
-            const auto found = live.find(process);
-            return found == live.end() ? std::nullopt : std::optional(found->second);
-        }};
-    const auto certain = [](ProcessId process) {
-        return WindowOwner{process, ProcessCertainty::certain, false};
-    };
-    const auto claimed = [](ProcessId process) {
-        return WindowOwner{process, ProcessCertainty::claimed, false};
-    };
+    const OwnerLookup lookup{[&](ProcessId process) {
+                                 const auto found = lookUp(live, process);
+                                 return found ? std::optional(found->startTime) : std::nullopt;
+                             },
+                             [&](ProcessId process) { return lookUp(live, process); }};
+    const auto certain = [](ProcessId id) { return WindowOwner{id, ProcessCertainty::certain}; };
+    const auto claimed = [](ProcessId id) { return WindowOwner{id, ProcessCertainty::claimed}; };
     const WindowOwner nobody{};
     const WindowOwner remote{{}, ProcessCertainty::unknown, true};
     constexpr bool silent = false;
@@ -78,7 +65,7 @@ TEST(WindowOwner, BelievesTheServerFirst) {
     for (auto test : cases) {
         test.claims.firstSeen = 70;
         test.claims.systemTells = test.systemTells;
-        EXPECT_EQ(windowOwner(test.claims, "here", lookUp), test.expected) << test.what;
+        EXPECT_EQ(windowOwner(test.claims, "here", lookup), test.expected) << test.what;
     }
 }
 
@@ -108,10 +95,9 @@ std::string rolesOf(const std::vector<TopLevelWindow>& windows) {
 }
 
 TEST(WindowRoles, FollowTypeStateAndParents) {
+    using enum WindowType;
     std::vector<TopLevelWindow> types;
-    for (const WindowType type :
-         {WindowType::none, WindowType::normal, WindowType::dialog, WindowType::utility,
-          WindowType::dock, WindowType::desktop, WindowType::other}) {
+    for (const WindowType type : {none, normal, dialog, utility, dock, desktop, other}) {
         types.push_back(window(types.size() + 1, 10, type));
     }
     EXPECT_EQ(rolesOf(types), "ra ra ra ra s s  ");
@@ -122,18 +108,21 @@ TEST(WindowRoles, FollowTypeStateAndParents) {
     deaf.canBeAsked = false;
     EXPECT_EQ(rolesOf({hidden, deaf}), "a r ");
 
-    TopLevelWindow dialog = window(2, 10, WindowType::dialog);
-    dialog.transientFor = 1;
-    EXPECT_EQ(rolesOf({window(1, 10), dialog}), "ra t ") << "a dialog of a listed window";
-    dialog.transientFor = 99;
-    EXPECT_EQ(rolesOf({window(1, 10), dialog}), "ra t ") << "a dialog of a hidden leader";
-    EXPECT_EQ(rolesOf({dialog}), "ra ") << "nothing but a dialog of a hidden leader";
-    TopLevelWindow modal = window(2, 10, WindowType::dialog);
-    modal.isModal = true;
-    EXPECT_EQ(rolesOf({window(1, 10), modal}), "ra t ") << "a modal dialog without a parent";
-    modal.skipsTaskbar = true;
-    EXPECT_EQ(rolesOf({modal}), "ra ") << "a program that starts with a question";
-    modal.skipsTaskbar = false;
+    const TopLevelWindow plain = window(1, 10);
+    const auto changed = [](auto change) {
+        TopLevelWindow question = window(2, 10, dialog);
+        change(question);
+        return question;
+    };
+    const auto ofListed = changed([](auto& w) { w.transientFor = 1; });
+    const auto ofHidden = changed([](auto& w) { w.transientFor = 99; });
+    const auto modal = changed([](auto& w) { w.isModal = true; });
+    const auto skipped = changed([](auto& w) { w.isModal = w.skipsTaskbar = true; });
+    EXPECT_EQ(rolesOf({plain, ofListed}), "ra t ") << "a dialog of a listed window";
+    EXPECT_EQ(rolesOf({plain, ofHidden}), "ra t ") << "a dialog of a hidden leader";
+    EXPECT_EQ(rolesOf({ofHidden}), "ra ") << "nothing but a dialog of a hidden leader";
+    EXPECT_EQ(rolesOf({plain, modal}), "ra t ") << "a modal dialog without a parent";
+    EXPECT_EQ(rolesOf({skipped}), "ra ") << "a program that starts with a question";
     EXPECT_EQ(rolesOf({window(1, 20), modal}), "ra ra ") << "the plain window is another's";
 }
 
@@ -155,7 +144,7 @@ std::vector<std::uint32_t> picture(std::uint32_t size, std::uint32_t pixel) {
     return property;
 }
 
-TEST(X11Icon, ChoosesTheSmallestThatFillsTheSpace) {
+TEST(X11Icon, ChoosesTheSmallestWholePictureThatFillsTheSpace) {
     std::vector<std::uint32_t> property;
     for (const std::uint32_t size : {16U, 128U, 64U, 32U}) {
         const auto one = picture(size, 0xff000000U | size);
@@ -163,22 +152,20 @@ TEST(X11Icon, ChoosesTheSmallestThatFillsTheSpace) {
     }
     EXPECT_EQ(chooseIcon(property, 60)->argb, std::vector<std::uint32_t>(64 * 64, 0xff000040U));
     EXPECT_EQ(chooseIcon(property, 500)->width, 128) << "the largest there is";
-
+    property.resize(1000);
+    EXPECT_EQ(chooseIcon(property, 60)->width, 16) << "the larger picture is incomplete";
     auto clear = picture(4, 0xffff0000U);
     clear[2] = 0x0000ff00U; // A clear pixel's colour must not shine through.
     EXPECT_EQ(*chooseIcon(clear, 2),
               (ImagePixels{2, 2, {0xbfff0000U, 0xffff0000U, 0xffff0000U, 0xffff0000U}}));
-}
-
-TEST(X11Icon, StopsAtWhatIsBroken) {
-    auto property = picture(2, 0xff0000ffU);
-    const auto cut = picture(40, 1);
-    property.insert(property.end(), cut.begin(), cut.begin() + 20);
-    EXPECT_EQ(chooseIcon(property, 40)->width, 2) << "the larger picture is incomplete";
-    const std::vector<std::vector<std::uint32_t>> broken{
-        {}, {1}, {1, 1}, {0, 5, 1, 1}, {0x10000U, 0x10000U, 1}, {0xffffffffU, 0xffffffffU, 7}};
-    for (const auto& data : broken) {
-        EXPECT_FALSE(chooseIcon(data, 48));
+    using Property = std::vector<std::uint32_t>;
+    for (const Property& broken : {Property{},
+                                   {1},
+                                   {1, 1},
+                                   {0, 5, 1, 1},
+                                   {0x10000U, 0x10000U, 1},
+                                   {0xffffffffU, 0xffffffffU, 7}}) {
+        EXPECT_FALSE(chooseIcon(broken, 48));
     }
 }
 

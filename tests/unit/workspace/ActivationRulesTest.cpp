@@ -1,13 +1,6 @@
 #include "platform/linux/workspace/ActivationRules.h"
 #include "platform/linux/workspace/QuitRequests.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
-#include <string>
-#include <vector>
-
 namespace calmora {
 namespace {
 

@@ -11,12 +11,6 @@
 #include "widgets/DisplayText.h"
 #include "widgets/Theme.h"
 
-#include <gtest/gtest.h>
-
-#include <QtWidgets>
-
-#include <algorithm>
-
 namespace calmora {
 namespace {
 
@@ -72,7 +66,7 @@ void expectWholeSettings(const QLocale& locale) {
     SettingsFixture settings;
     settings.machine.workspace.launch({.pid = 10, .name = "Mail", .bundleIdentifier = "mail"});
     settings.machine.workspace.launch({.pid = 11, .name = "Files", .bundleIdentifier = "files"});
-    ShortcutsPane shortcuts({}, {}, locale);
+    ShortcutsPane shortcuts(locale);
     shortcuts.hotKeys.hints = {
         {"activateMenu", {HotKeyHint::Kind::assigned, "Ctrl+Alt+Shift+Super+Backspace"}},
         {"quitAll", {HotKeyHint::Kind::unassigned, {}}},

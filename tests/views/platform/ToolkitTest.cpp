@@ -1,15 +1,9 @@
-#include "platform/qt/QtLocalizedStrings.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtInputGate.h"
 #include "platform/qt/window/ManagedTransientWindows.h"
 #include "support/FileDescriptor.h"
 #include "support/QtWaiting.h"
-
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -52,15 +46,6 @@ TEST(RunLoop, HoldsTimersAndDescriptorsBackWhileAnAlertIsOpen) {
     EXPECT_EQ(heard.find('c'), std::string::npos) << "a cancelled timer";
 }
 
-TEST(LocalizedStrings, SpeakTheLanguageOfTheLocaleOrElseEnglish) {
-    for (const auto& [locale, one] : {std::pair{"is", "%lld app running"},
-                                      {"de_AT", "%lld Programm geöffnet"},
-                                      {"zh_TW", "%lld app running"}}) {
-        const QtLocalizedStrings strings{QLocale(locale)};
-        EXPECT_EQ(strings.text("apps_running_count %lld", 1), one) << locale;
-    }
-}
-
 TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
     ManagedTransientWindows windows;
     AlertSession session;
@@ -76,7 +61,6 @@ TEST(QtAlerts, AnswersTheChosenButtonAndCancelByDefault) {
             }
             ASSERT_NE(alert, nullptr);
             EXPECT_TRUE(session.isOpen());
-            EXPECT_EQ(alert->findChild<QLabel*>("messageText")->textFormat(), Qt::PlainText);
             for (const Qt::Key key : keys) {
                 QTest::keyClick(alert->window()->focusWidget(), key);
             }

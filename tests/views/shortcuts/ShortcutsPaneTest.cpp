@@ -1,11 +1,6 @@
 #include "ShortcutsPane.h"
 #include "support/QtWaiting.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
-
 namespace calmora {
 namespace {
 

@@ -23,21 +23,11 @@ struct PopoverFixture {
     void launch(ProcessId pid, const std::string& name,
                 ActivationPolicy policy = ActivationPolicy::regular,
                 std::optional<ProcessId> parent = {}) {
-        FakeApplication application;
-        application.pid = pid;
-        application.name = name;
-        application.bundleIdentifier = "org.example." + name.substr(0, 40);
-        application.policy = policy;
-        application.process.parent = parent;
-        application.process.counters = ProcessCounters{};
-        machine.workspace.launch(std::move(application));
-    }
-
-    /// Samples so that a process has used `percent` of a CPU and `mebibytes` of memory.
-    void use(ProcessId pid, double percent, double mebibytes) {
-        auto& counters = machine.processes.at(pid).counters;
-        counters->physFootprint = static_cast<std::uint64_t>(mebibytes * 1024 * 1024);
-        counters->userTime += static_cast<std::uint64_t>(percent * 1e7);
+        machine.workspace.launch({.pid = pid,
+                                  .name = name,
+                                  .bundleIdentifier = "org.example." + name,
+                                  .policy = policy,
+                                  .process = {.parent = parent}});
     }
 
     std::string limitation;

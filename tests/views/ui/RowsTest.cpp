@@ -1,10 +1,5 @@
 #include "ui/AppRowView.h"
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <QtWidgets>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,6 +23,8 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
         return changed;
     };
     const double infinite = std::numeric_limits<double>::infinity();
+    const AppInfo large = with([](AppInfo& a) { a.memoryMB = 1023.6; });
+    const AppInfo hidden = with([](AppInfo& a) { a.isBackgroundApp = true; });
     const AppInfo odd = with([&](AppInfo& a) { a.cpuUsage = 0.0, a.memoryMB = infinite; });
 
     const struct {
@@ -45,17 +42,11 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
          .canForce = false},
         {"unsampled", {.app = mail, .resourceDisplay = both}, "Mail, —, —"},
         {"CPU alone", {.app = with([](AppInfo& a) { a.cpuUsage = 180; })}, "Mail, 180.0%"},
-        {"memory alone",
-         {.app = with([](AppInfo& a) { a.memoryMB = 1023.6; }), .resourceDisplay = memoryOnly},
-         "Mail, 1024 MB"},
+        {"memory alone", {.app = large, .resourceDisplay = memoryOnly}, "Mail, 1024 MB"},
         {"no number", {.app = odd, .resourceDisplay = both}, "Mail, 0.0%, —"},
         {"unticked", {.app = with([](AppInfo& a) { a.isSelected = false; })}, "Mail, —", false},
         {"protected", {.app = mail, .isWhitelisted = true}, "Mail, Protected", false, false, false},
-        {"background",
-         {.app = with([](AppInfo& a) { a.isBackgroundApp = true; })},
-         "Mail, —",
-         false,
-         false},
+        {"background", {.app = hidden}, "Mail, —", false, false},
     };
 
     // One row for all: what one case showed must not stay.

@@ -4,13 +4,9 @@
 #include "platform/qt/QtRunLoop.h"
 #include "support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
-
-#include <map>
 
 namespace calmora {
 namespace {
@@ -26,10 +22,6 @@ struct Server {
             QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
             QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
                 request += socket->readAll();
-                if (request.startsWith('\x16')) { // A handshake, for which this is no partner.
-                    socket->write("HTTP/1.1 400 Bad Request\r\n\r\n");
-                    socket->disconnectFromHost();
-                }
                 const auto answer = answers.find(request.split(' ').value(1).toStdString());
                 if (answer != answers.end() && request.contains("\r\n\r\n")) {
                     request.clear();
@@ -100,11 +92,6 @@ TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
         {"/missing", answered("404 Not Found", {}, feed), UpdateError::refused},
         {"/large", answered("200 OK", {}, feed + large), UpdateError::tooLarge},
         {"/short", answered("200 OK", "Content-Length: 900\r\n", feed), UpdateError::unreachable},
-        {"/packed",
-         answered("200 OK", "Content-Encoding: gzip\r\n",
-                  QByteArray::fromHex("1f8b0800000000000203b3294acd494d2c4e2db6b381b214ca528b8a33f3"
-                                      "f36cd50dd5f5ed6cf4e10a0034db5a6f2b000000")),
-         UpdateError::unreadable},
     };
     for (const auto& [path, answer, told] : cases) {
         server.answers[path] = answer;
@@ -112,26 +99,13 @@ TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
     for (const auto& [path, answer, told] : cases) {
         EXPECT_EQ(fetch(server.address(path)), told) << path;
     }
-    std::string secure = server.address("/good");
-    EXPECT_EQ(fetch(secure.insert(4, "s")), Told(UpdateError::insecure));
     EXPECT_EQ(fetch(server.address("/good"), "/nonexistent.so"), Told(UpdateError::loader));
     server.server.close();
     EXPECT_EQ(fetch(server.address("/good")), Told(UpdateError::unreachable));
-}
-
-TEST_F(FeedSourceTest, ReadsFilesWithoutTheNetwork) {
+    EXPECT_EQ(fetch("file:///dev/zero", ""), Told(UpdateError::unreachable));
+    EXPECT_EQ(fetch("http://example.org/feed.xml", ""), Told(UpdateError::address));
     const TempFolder folder;
-    folder.write("feed.xml", feed.toStdString());
-    folder.write("large.xml", std::string(1024 * 1024 + 1, ' '));
-    const std::string base = "file://" + folder.path().string();
-    const std::pair<std::string, Told> cases[] = {
-        {base + "/feed.xml", good},
-        {base + "/large.xml", UpdateError::tooLarge},
-        {"file:///dev/zero", UpdateError::unreachable},
-        {"http://example.org/feed.xml", UpdateError::address}};
-    for (const auto& [address, told] : cases) {
-        EXPECT_EQ(fetch(address, ""), told) << address;
-    }
+    EXPECT_EQ(fetch("file://" + folder.write("f", feed.toStdString()).string(), ""), good);
 }
 
 } // namespace
