@@ -57,22 +57,15 @@ class FakeHotKeys final : public HotKeys {
     }
 
     /// Sends the handler a hot-key event.
-    std::int32_t fire(std::uint32_t id, HotKeyEventKind kind = HotKeyEventKind::hotKeyPressed,
-                      std::uint32_t signature = 0x434C4D48) const {
-        HotKeyEvent event;
-        event.kind = kind;
-        event.identifier = HotKeyIdentifier{signature, id};
-        return handler(event);
+    std::int32_t fire(std::uint32_t id,
+                      HotKeyEventKind kind = HotKeyEventKind::hotKeyPressed) const {
+        return handler({.kind = kind, .identifier = HotKeyIdentifier{0x434C4D48, id}});
     }
 
     /// Sends the handler a raw key event.
-    std::int32_t raw(std::uint32_t keyCode, std::uint32_t modifiers,
+    std::int32_t raw(std::uint32_t key, std::uint32_t modifiers,
                      HotKeyEventKind kind = HotKeyEventKind::rawKeyDown) const {
-        HotKeyEvent event;
-        event.kind = kind;
-        event.keyCode = keyCode;
-        event.keyModifiers = modifiers;
-        return handler(event);
+        return handler({.kind = kind, .keyCode = key, .keyModifiers = modifiers});
     }
 
     /// The calls since the last takeCalls().

@@ -1,42 +1,26 @@
 #pragma once
 
 #include "platform/Updater.h"
-#include "support/Signal.h"
-
-#include <utility>
 
 namespace calmora {
 
 /// An updater that finds nothing.
 class FakeUpdater final : public Updater {
   public:
-    [[nodiscard]] std::optional<std::string> unavailableReason() const override {
-        return std::nullopt;
-    }
+    std::optional<std::string> unavailableReason() const override { return {}; }
 
-    [[nodiscard]] bool canCheckForUpdates() const override { return canCheck; }
+    bool canCheckForUpdates() const override { return true; }
 
-    [[nodiscard]] Subscription
-    observeCanCheckForUpdates(std::function<void(bool)> handler) override {
-        handler(canCheck);
-        return changed.connect(std::move(handler));
-    }
-
-    /// Simulates that a check began or ended.
-    void setCanCheck(bool value) {
-        canCheck = value;
-        changed.emit(value);
+    Subscription observeCanCheckForUpdates(std::function<void(bool)> handler) override {
+        handler(true);
+        return {};
     }
 
     void checkForUpdates() override {}
 
-    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return isAutomatic; }
+    bool automaticallyChecksForUpdates() const override { return false; }
 
-    void setAutomaticallyChecksForUpdates(bool value) override { isAutomatic = value; }
-
-    bool canCheck = true;
-    bool isAutomatic = false;
-    Signal<bool> changed;
+    void setAutomaticallyChecksForUpdates(bool) override {}
 };
 
 } // namespace calmora

@@ -313,13 +313,6 @@ class Storm {
         return round;
     }
 
-    Round severalInstances() {
-        const pid_t one = machine_.shownApplication("notes");
-        const pid_t two = machine_.shownApplication("notes", {"--windows", "2"});
-        return forces_ ? Round{.target = one, .force = true, .meant = {one, two}}
-                       : Round{.target = one, .meant = {one}, .spared = {two}};
-    }
-
     Round stubborn() {
         // Asking takes all its time in vain, so it is tried once in a while.
         const bool force = random_() % 8 != 0;
@@ -370,7 +363,6 @@ class Storm {
     int faults_ = 0;
     std::vector<std::pair<std::string, std::function<Round()>>> scenarios_ = {
         {"private folder", [this] { return privateFolder(); }},
-        {"several instances", [this] { return severalInstances(); }},
         {"ignores signals", [this] { return stubborn(); }},
         {"id passes on", [this] { return passesOnWhileQuitting(); }},
         {"id passed on before", [this] { return passedOnBefore(); }},

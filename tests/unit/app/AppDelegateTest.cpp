@@ -6,8 +6,6 @@
 #include "fakes/FakeUpdater.h"
 #include "platform/NotificationCenter.h"
 
-#include <utility>
-
 namespace calmora {
 namespace {
 

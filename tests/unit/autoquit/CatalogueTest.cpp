@@ -5,7 +5,6 @@
 #include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/linux/identity/KnownIds.h"
 
-#include <cstdint>
 #include <sstream>
 
 namespace calmora {

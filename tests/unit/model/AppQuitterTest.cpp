@@ -30,23 +30,23 @@ struct AppQuitterTest : testing::Test {
 };
 
 TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
-    struct Case {
+    const struct {
         const char* name;
         bool accepts;
         std::optional<std::chrono::milliseconds> endsAfter;
         bool isGone;
         std::chrono::milliseconds waits;
+    } cases[] = {
+        {"at once", true, 0ms, true, 0ms},
+        {"after a while", true, 320ms, true, 350ms},
+        {"at the last moment", true, 1500ms, true, 1500ms},
+        {"too late", true, 1501ms, false, 1500ms},
+        {"asks to save", true, never, false, 1500ms},
+        {"refuses", false, never, false, 0ms},
     };
 
     ProcessId pid = 100;
-    for (const Case& c : {
-             Case{"at once", true, 0ms, true, 0ms},
-             Case{"after a while", true, 320ms, true, 350ms},
-             Case{"at the last moment", true, 1500ms, true, 1500ms},
-             Case{"too late", true, 1501ms, false, 1500ms},
-             Case{"asks to save", true, never, false, 1500ms},
-             Case{"refuses", false, never, false, 0ms},
-         }) {
+    for (const auto& c : cases) {
         FakeApplication application = app(++pid);
         application.acceptsTerminate = c.accepts;
         application.endsAfterTerminate = c.endsAfter;
@@ -55,6 +55,9 @@ TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
         EXPECT_EQ(slept(), c.waits) << c.name;
     }
     EXPECT_FALSE(quitter.quitApp(99, false)) << "no such application";
+    EXPECT_EQ(machine.workspace.terminateRequests,
+              (std::vector<ProcessId>{101, 102, 103, 104, 105, 106}))
+        << "no other instance is asked";
     EXPECT_TRUE(machine.processes.signals.empty());
     EXPECT_TRUE(machine.workspace.forceRequests.empty());
 }

@@ -33,58 +33,47 @@ FakeApplication application(ProcessId pid, std::optional<std::string> name,
             .process = {.parent = parent}};
 }
 
-struct ProcessMonitorTest : testing::Test {
-    std::vector<AppInfo> runningApps(bool includeFinder) {
-        return monitor.getRunningApps(machine.workspace.runningApplications(), includeFinder);
-    }
-
-    std::vector<AppInfo> backgroundApps() {
-        return monitor.getBackgroundApps(machine.workspace.runningApplications());
-    }
-
+TEST(ProcessMonitor, ListsRegularApplicationsByName) {
     FakePlatform machine;
-    ProcessMonitor monitor{machine.platform()};
-};
-
-TEST_F(ProcessMonitorTest, ListsRegularApplicationsByName) {
-    for (const FakeApplication& app : {
-             application(10, "beta", "org.b"),
-             application(11, "Alpha", std::nullopt),
-             application(12, "BETA", "org.b2"),
-             application(13, "Calmora", "app.calmora.Calmora"),
-             application(14, "", "org.empty"),
-             application(16, "Agent", "org.agent", accessory),
-             application(17, "Files", "com.apple.finder"),
-             application(18, "files", "com.apple.Finder"),
-         }) {
+    ProcessMonitor monitor(machine.platform());
+    for (const FakeApplication& app :
+         {application(10, "beta", "org.b"), application(11, "Alpha", std::nullopt),
+          application(12, "BETA", "org.b2"), application(13, "Calmora", "app.calmora.Calmora"),
+          application(14, "", "org.empty"), application(16, "Agent", "org.agent", accessory),
+          application(17, "Files", "com.apple.finder"),
+          application(18, "files", "com.apple.Finder")}) {
         machine.workspace.launch(app);
     }
-    EXPECT_EQ(listing(runningApps(true)), "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
-    EXPECT_EQ(listing(runningApps(false)), "Alpha:11 beta:10 BETA:12 files:18 ");
+    const ApplicationSnapshot running = machine.workspace.runningApplications();
+    EXPECT_EQ(listing(monitor.getRunningApps(running, true)),
+              "Alpha:11 beta:10 BETA:12 Files:17 files:18 ");
+    EXPECT_EQ(listing(monitor.getRunningApps(running, false)),
+              "Alpha:11 beta:10 BETA:12 files:18 ");
 }
 
-TEST_F(ProcessMonitorTest, ListsBackgroundApplicationsWithTheirDirectParent) {
-    for (const FakeApplication& app : {
-             application(20, "Editor", "org.example.PhotoEditor"),
-             application(21, "Nameless", std::nullopt),
-             application(22, "helper", "org.helper", accessory, 20),
-             application(23, "Agent", "org.agent", prohibited, 22),
-             application(24, "Orphan", "org.orphan", accessory, 99),
-             application(25, "Child", "org.child", accessory, 21),
-             application(26, "Anonymous", std::nullopt, accessory, 20),
-             application(28, "Calmora", "app.calmora.Calmora", accessory, 20),
-             application(29, "Files", "com.apple.finder", accessory),
-         }) {
+TEST(ProcessMonitor, ListsBackgroundApplicationsWithTheirDirectParent) {
+    FakePlatform machine;
+    ProcessMonitor monitor(machine.platform());
+    for (const FakeApplication& app : {application(20, "Editor", "org.example.PhotoEditor"),
+                                       application(21, "Nameless", std::nullopt),
+                                       application(22, "helper", "org.helper", accessory, 20),
+                                       application(23, "Agent", "org.agent", prohibited, 22),
+                                       application(24, "Orphan", "org.orphan", accessory, 99),
+                                       application(25, "Child", "org.child", accessory, 21),
+                                       application(26, "Anonymous", std::nullopt, accessory, 20),
+                                       application(28, "Me", "app.calmora.Calmora", accessory, 20),
+                                       application(29, "Files", "com.apple.finder", accessory)}) {
         machine.workspace.launch(app);
     }
     machine.processes.at(29).parent.reset();
-    const std::vector<AppInfo> apps = backgroundApps();
+    const ApplicationSnapshot running = machine.workspace.runningApplications();
+    const std::vector<AppInfo> apps = monitor.getBackgroundApps(running);
     EXPECT_EQ(listing(apps),
               "Agent:23 Child:25 Files:29 helper:22<org.example.PhotoEditor Orphan:24 ");
     EXPECT_TRUE(apps.front().isBackgroundApp);
-
     machine.processes.at(22).parent = 0;
-    EXPECT_EQ(listing(backgroundApps()), "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
+    EXPECT_EQ(listing(monitor.getBackgroundApps(running)),
+              "Agent:23 Child:25 Files:29 helper:22 Orphan:24 ");
 }
 
 using namespace std::chrono_literals;

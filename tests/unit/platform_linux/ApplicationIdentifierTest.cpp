@@ -18,18 +18,6 @@ std::vector<std::string> words(const std::string& line) {
 /// Links and scripts by their paths; every other path is a program, and PATH is /usr/bin.
 using Files = std::map<std::string, ProgramFile>;
 
-DesktopEntry entryOf(const std::string& id, const std::string& text, const Files& files) {
-    auto entry = parseDesktopEntry(text, {});
-    entry->id = id;
-    entry->path = "/usr/share/applications/" + id + ".desktop";
-    const std::filesystem::path folder = "/usr/bin";
-    resolveExec(*entry, {&folder, 1}, [&](const std::string& path) {
-        const auto file = files.find(path);
-        return file == files.end() ? ProgramFile{path, {}, true} : file->second;
-    });
-    return *std::move(entry);
-}
-
 TopLevelWindow windowOf(WindowId id, const std::string& instance, const std::string& className,
                         const std::string& gtkId = {}) {
     return {.id = id, .instance = instance, .className = className, .gtkApplicationId = gtkId};
@@ -80,10 +68,20 @@ const Files files = {
     {"/opt/ide-2/bin/ide.sh", {"/opt/ide-2/bin/ide.sh", "sh", true}},
 };
 
+/// An entry that starts what is in `files`.
+DesktopEntry entry(const std::string& id, const std::string& lines) {
+    auto entry = parseDesktopEntry("[Desktop Entry]\nType=Application\n" + lines, {});
+    entry->id = id;
+    entry->path = "/usr/share/applications/" + id + ".desktop";
+    const std::filesystem::path folder = "/usr/bin";
+    resolveExec(*entry, {&folder, 1}, [&](const std::string& path) {
+        const auto file = files.find(path);
+        return file == files.end() ? ProgramFile{path, {}, true} : file->second;
+    });
+    return *std::move(entry);
+}
+
 const DesktopEntryIndex& installed() {
-    const auto entry = [](const std::string& id, const std::string& lines) {
-        return entryOf(id, "[Desktop Entry]\nType=Application\n" + lines, files);
-    };
     static const DesktopEntryIndex index(
         {entry("debian-xterm", "Name=XTerm\nExec=xterm\nStartupWMClass=XTerm\n"),
          entry("org.xfce.mousepad", "Name=Mousepad\nExec=mousepad %U\n"),
@@ -221,15 +219,12 @@ TEST(ApplicationIdentifier, TellsProgramsApart) {
         const auto window = windowOf(1, instance.empty() ? name : instance, name, gtkId);
         expectIdentity(factsOf(line, executable, {window}), identifier, rule);
     }
-}
-
-TEST(ApplicationIdentifier, TellsInstallationsOfWineApart) {
-    auto facts =
-        factsOf("C:\\A\\launcher.exe", wine, {windowOf(1, "launcher.exe", "launcher.exe")});
+    const auto launcher = windowOf(1, "launcher.exe", "launcher.exe");
+    auto facts = factsOf("C:\\A\\launcher.exe", wine, {launcher});
     facts.process.environment.winePrefix = "/home/u/.wine/";
-    expectIdentity(facts, "wine-a", IdentityRule::startupWmClass);
+    expectIdentity(facts, "wine-a", startupWmClass);
     facts.process.environment.winePrefix = "/home/u/games";
-    expectIdentity(facts, "wine:/home/u/games:c:/a/launcher.exe.launcher", IdentityRule::synthetic);
+    expectIdentity(facts, "wine:/home/u/games:c:/a/launcher.exe.launcher", synthetic);
 }
 
 TEST(ApplicationIdentifier, TellsAppImagesApart) {

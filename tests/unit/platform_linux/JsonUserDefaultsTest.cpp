@@ -1,5 +1,4 @@
 #include "platform/linux/xdg/JsonUserDefaults.h"
-#include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
 #include "support/TempFolder.h"
 

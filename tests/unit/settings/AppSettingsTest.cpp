@@ -2,7 +2,6 @@
 
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakePlatform.h"
-#include "fakes/FakeUserDefaults.h"
 #include "settings/OpenAtLogin.h"
 
 namespace calmora {
@@ -12,33 +11,36 @@ using Strings = std::vector<std::string>;
 using Stored = std::map<std::string, DefaultsValue>;
 using namespace std::string_literals;
 
-const Stored initial{{"openAtLogin", false},
-                     {"neverQuitMusicApps", true},
-                     {"deselectAppsByDefault", false},
-                     {"includeFinderWindows", false},
-                     {"sortOrder", "alphabetical"s},
-                     {"resourceDisplay", "cpuOnly"s},
-                     {"defaultQuitMode", "normal"s},
-                     {"viewBackgroundApps", false},
-                     {"groupBackgroundInstances", true},
-                     {"autoQuitEnabled", false},
-                     {"autoQuitMinutes", std::int64_t{30}},
-                     {"playSounds", false},
-                     {"neverQuitApps", Strings{}}};
+struct Row {
+    const char* key;
+    DefaultsValue initial;
+    DefaultsValue changed;
+};
 
-const Stored changed{{"openAtLogin", true},
-                     {"neverQuitMusicApps", false},
-                     {"deselectAppsByDefault", true},
-                     {"includeFinderWindows", true},
-                     {"sortOrder", "memoryUsage"s},
-                     {"resourceDisplay", "none"s},
-                     {"defaultQuitMode", "force"s},
-                     {"viewBackgroundApps", true},
-                     {"groupBackgroundInstances", false},
-                     {"autoQuitEnabled", true},
-                     {"autoQuitMinutes", std::int64_t{-45}},
-                     {"playSounds", true},
-                     {"neverQuitApps", Strings{"a", "b"}}};
+const Row preferences[] = {{"openAtLogin", false, true},
+                           {"neverQuitMusicApps", true, false},
+                           {"deselectAppsByDefault", false, true},
+                           {"includeFinderWindows", false, true},
+                           {"sortOrder", "alphabetical"s, "memoryUsage"s},
+                           {"resourceDisplay", "cpuOnly"s, "none"s},
+                           {"defaultQuitMode", "normal"s, "force"s},
+                           {"viewBackgroundApps", false, true},
+                           {"groupBackgroundInstances", true, false},
+                           {"autoQuitEnabled", false, true},
+                           {"autoQuitMinutes", std::int64_t{30}, std::int64_t{-45}},
+                           {"playSounds", false, true},
+                           {"neverQuitApps", Strings{}, Strings{"a", "b"}}};
+
+Stored column(DefaultsValue Row::* value) {
+    Stored all;
+    for (const Row& row : preferences) {
+        all[row.key] = row.*value;
+    }
+    return all;
+}
+
+const Stored initial = column(&Row::initial);
+const Stored changed = column(&Row::changed);
 
 /// What settings over these values store when each preference gets its own value again.
 Stored rewritten(const Stored& from) {

@@ -1,6 +1,5 @@
 #include "updates/FeedUpdater.h"
 
-#include "fakes/FakeDesktop.h"
 #include "fakes/FakePlatform.h"
 #include "updates/FeedAddress.h"
 #include "updates/Release.h"

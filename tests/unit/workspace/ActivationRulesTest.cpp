@@ -1,4 +1,6 @@
 #include "platform/linux/workspace/ActivationRules.h"
+
+#include "fakes/LookUp.h"
 #include "platform/linux/workspace/QuitRequests.h"
 
 namespace calmora {
@@ -32,10 +34,7 @@ TEST(TopmostAgents, AreTheApplicationsOfTheirTreesAndUnits) {
     const std::map<ProcessId, ProcessId> parents{{10, 1},  {11, 10}, {12, 11}, {20, 1},
                                                  {21, 20}, {22, 21}, {30, 1},  {31, 30},
                                                  {40, 1},  {41, 1},  {50, 1},  {60, 1}};
-    const auto parentOf = [&](ProcessId process) {
-        const auto found = parents.find(process);
-        return found == parents.end() ? 0 : found->second;
-    };
+    const auto parentOf = [&](ProcessId process) { return lookUp(parents, process).value_or(0); };
     EXPECT_EQ(topmostAgents(candidates, {20}, parentOf), (std::vector<ProcessId>{10, 31, 40}));
     EXPECT_EQ(topmostAgents(candidates, {10, 20, 40}, parentOf), (std::vector<ProcessId>{31}))
         << "what has a window is no agent besides";

@@ -4,7 +4,6 @@
 #include "platform/qt/QtRunLoop.h"
 #include "support/TempFolder.h"
 
-#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 

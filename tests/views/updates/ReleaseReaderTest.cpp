@@ -24,7 +24,6 @@ const std::string fullFeed = R"(<?xml version="1.0" encoding="UTF-8"?>
             <li xml:lang="de">Zwei</li></ul>
         <p>Last</p><p xml:lang="de">Zuletzt</p><p xml:lang="fr">Fin</p>
       </description>
-      <issues><issue><release version="none"/></issue></issues>
     </release>
     <release type="development" version="2.0~rc1"><url>javascript:alert(1)</url></release>
   </releases>
