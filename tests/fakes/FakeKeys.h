@@ -47,6 +47,8 @@ class FakeHotKeys final : public HotKeys {
         calls->push_back(types == HotKeyEventTypes::hotKeys ? "-hot" : "-raw");
     }
 
+    std::string limitation() const override { return limit; }
+
     HotKeyHint hint(const std::string& actionId) const override {
         const auto found = hints.find(actionId);
         return found != hints.end() ? found->second : HotKeyHint{};
@@ -73,6 +75,7 @@ class FakeHotKeys final : public HotKeys {
 
     /// Status by key code.
     std::map<std::uint32_t, std::int32_t> refusals;
+    std::string limit;
     std::map<std::string, HotKeyHint> hints;
     Signal<> hintsChanged;
     Handler handler;

@@ -65,12 +65,20 @@ void fill(PopoverFixture& popover) {
     popover.settings.resourceDisplay.set(ResourceDisplay::both);
 }
 
+/// Samples so that a process has used `percent` of a CPU and `mebibytes` of memory.
+void use(PopoverFixture& popover, ProcessId pid, double percent, double mebibytes) {
+    auto& counters = popover.machine.processes.at(pid).counters;
+    counters = counters.value_or(ProcessCounters{});
+    counters->physFootprint = static_cast<std::uint64_t>(mebibytes * 1024 * 1024);
+    counters->userTime += static_cast<std::uint64_t>(percent * 1e7);
+}
+
 void sample(PopoverFixture& popover) {
     popover.model.updateResourceUsage();
     popover.machine.clock.advance(std::chrono::seconds(1));
     ProcessId pid = 100;
     for (const Sample& sample : samples) {
-        popover.use(pid++, sample.cpu, sample.memory);
+        use(popover, pid++, sample.cpu, sample.memory);
     }
     popover.model.updateResourceUsage();
 }
@@ -240,7 +248,7 @@ void measure() {
     for (int i = 0; i < rounds; ++i) {
         popover.machine.clock.advance(std::chrono::seconds(3));
         for (ProcessId pid = 100; pid < 130; ++pid) {
-            popover.use(pid, i % 7 + 0.1 * (pid % 10), 50 + i % 5);
+            use(popover, pid, i % 7 + 0.1 * (pid % 10), 50 + i % 5);
         }
         timer = CpuTimer();
         popover.model.updateResourceUsage();

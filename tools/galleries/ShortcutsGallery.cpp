@@ -79,16 +79,9 @@ int main(int argc, char** argv) {
             settle();
         }
 
-        ShortcutsPane unavailable("Shortcuts are not available, because there is no X server.");
-        unavailable.shortcuts.setShortcut(Shortcut{40, 0x1900},
-                                          unavailable.shortcuts.name("activateMenu"));
-        unavailable.window.show();
-        save(unavailable.window, folder.filePath("unavailable-" + suffix));
-
-        ShortcutsPane sway({},
+        ShortcutsPane sway(locale,
                            "Record a shortcut, copy its line into the configuration of sway, and "
-                           "reload that.",
-                           locale);
+                           "reload that.");
         sway.shortcuts.setShortcut(Shortcut{40, 0x1900}, sway.shortcuts.name("activateMenu"));
         sway.shortcuts.setShortcut(Shortcut{12, 0x1b00}, sway.shortcuts.name("forceQuitAll"));
         sway.hotKeys.hints = {
@@ -101,8 +94,8 @@ int main(int argc, char** argv) {
         sway.window.show();
         save(sway.window, folder.filePath("sway-" + suffix));
 
-        ShortcutsPane portal(
-            {}, "The desktop assigns the keys; what is recorded here is a proposal.", locale);
+        ShortcutsPane portal(locale,
+                             "The desktop assigns the keys; what is recorded here is a proposal.");
         portal.shortcuts.setShortcut(Shortcut{40, 0x1900}, portal.shortcuts.name("activateMenu"));
         portal.shortcuts.setShortcut(Shortcut{12, 0x1b00}, portal.shortcuts.name("quitAll"));
         portal.hotKeys.hints = {{"activateMenu", {HotKeyHint::Kind::assigned, "Super+Alt+K"}},
@@ -111,9 +104,9 @@ int main(int argc, char** argv) {
         portal.window.show();
         save(portal.window, folder.filePath("portal-" + suffix));
 
-        ShortcutsPane commands("This desktop does not let programs choose shortcuts. Bind these "
-                               "commands to keys in its settings or its configuration.",
-                               {}, locale);
+        ShortcutsPane commands(locale,
+                               "This desktop does not let programs choose shortcuts. Bind these "
+                               "commands to keys in its settings or its configuration.");
         commands.hotKeys.hints = {
             {"activateMenu", {HotKeyHint::Kind::toCopy, "calmora --toggle"}},
             {"quitAll", {HotKeyHint::Kind::toCopy, "calmora --quit-all"}},

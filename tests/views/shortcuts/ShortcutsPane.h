@@ -16,7 +16,9 @@ namespace calmora {
 
 /// The Shortcuts pane over a machine in memory, in a window.
 struct ShortcutsPane {
-    explicit ShortcutsPane(const QLocale& locale = QLocale::c()) : strings(locale) {
+    explicit ShortcutsPane(const QLocale& locale = QLocale::c(), const std::string& limitation = {})
+        : strings(locale) {
+        hotKeys.limit = limitation;
         window.resize(450, 300);
         auto* column = new QVBoxLayout(&window);
         column->setContentsMargins(0, 0, 0, 0);
