@@ -27,7 +27,7 @@ constexpr std::chrono::milliseconds pollingStep{2};
 
 KwinScripts::KwinScripts(QDBusConnection connection, std::function<void(KwinReport)> onReport)
     : connection_(std::move(connection)), onReport_(std::move(onReport)) {
-    connection_.registerObject(path, this, QDBusConnection::ExportAllSlots);
+    connection_.registerObject(path, this, QDBusConnection::ExportAllInvokables);
 }
 
 std::optional<bool> KwinScripts::run(const QString& name, const Task& task,

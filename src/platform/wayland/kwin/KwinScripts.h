@@ -55,9 +55,8 @@ class KwinScripts final : public QObject, protected QDBusContext {
     /// Handles the reports that have arrived.
     void handleReports();
 
-  public Q_SLOTS:
-    // The method that the script calls, under its name. Other types than this never arrive here.
-    void Report(const QString& text);
+    /// What the script calls. Other types than this never arrive here.
+    Q_INVOKABLE void Report(const QString& text);
 
   private:
     [[nodiscard]] QDBusMessage call(const QString& at, const QString& interface,
