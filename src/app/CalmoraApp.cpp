@@ -72,7 +72,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       backend_(makeWindowBackend(
           events_, sessionBus_,
           [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); },
-          [this](const KeyboardLayout& layout) {
+          [this](KeyboardLayout& layout) {
               return makeDesktopHotKeys({.sessionBus = sessionBus_,
                                          .layout = layout,
                                          .identifier = identity::identifier,

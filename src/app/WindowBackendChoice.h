@@ -17,9 +17,9 @@ class WindowBackend;
 /// applications; it is called when windows are listed, not before. `makeHotKeys` gives the hot keys
 /// of the desktop; null where programs grab keys. `events` must outlive the backend. Needs the
 /// QApplication.
-[[nodiscard]] std::unique_ptr<WindowBackend> makeWindowBackend(
-    EventPoll& events, const QDBusConnection& sessionBus,
-    std::function<const DesktopEntryIndex&()> installed,
-    const std::function<std::unique_ptr<HotKeys>(const KeyboardLayout&)>& makeHotKeys);
+[[nodiscard]] std::unique_ptr<WindowBackend>
+makeWindowBackend(EventPoll& events, const QDBusConnection& sessionBus,
+                  std::function<const DesktopEntryIndex&()> installed,
+                  const std::function<std::unique_ptr<HotKeys>(KeyboardLayout&)>& makeHotKeys);
 
 } // namespace calmora

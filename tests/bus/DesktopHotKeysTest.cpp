@@ -25,7 +25,7 @@ class DesktopHotKeysTest : public testing::Test {
     }
 
     [[nodiscard]] DesktopHotKeysSurroundings surroundings() {
-        return {bus.connect(), layout, "org.example.Program", "Program", [] { return true; }};
+        return {ours, layout, "org.example.Program", "Program", [] { return true; }};
     }
 
     void listen(HotKeys& hotKeys) {
@@ -38,10 +38,23 @@ class DesktopHotKeysTest : public testing::Test {
     }
 
     PrivateBus bus;
+    QDBusConnection ours = bus.connect();
     FakeKeyboardLayout layout;
     Subscription handler;
     std::string heard;
 };
+
+/// A signal that a stranger sends to us alone, which no match of the bus keeps away.
+void sendFromStranger(PrivateBus& bus, const QDBusConnection& to, const QDBusMessage& signal) {
+    QDBusMessage sent = QDBusMessage::createTargetedSignal(to.baseService(), signal.path(),
+                                                           signal.interface(), signal.member());
+    sent.setArguments(signal.arguments());
+    const QDBusConnection stranger = bus.connect();
+    stranger.send(sent);
+    // It has arrived when a later call is answered.
+    callAndWait(stranger, to.baseService(), "/", "org.freedesktop.DBus.Peer", "Ping");
+    QCoreApplication::processEvents();
+}
 
 /// A daemon that has given away W and the exclamation mark, on a thread of its own: the asking one
 /// waits for it.
@@ -62,12 +75,12 @@ class Daemon {
         thread.wait();
     }
 
-    void report(QDBusConnection from, const QString& name, const QString& action,
-                const QString& program = "org.example.Program") {
+    static QDBusMessage signal(const QString& name, const QString& action,
+                               const QString& program = "org.example.Program") {
         QDBusMessage signal =
             QDBusMessage::createSignal("/component/any", "org.kde.kglobalaccel.Component", name);
         signal.setArguments({program, action, qlonglong{5}});
-        from.send(signal);
+        return signal;
     }
 
     QVariantList answer(const QDBusMessage& message) {
@@ -75,22 +88,22 @@ class Daemon {
                                    ? message.arguments().value(1).toString()
                                    : message.arguments().value(0).toStringList().value(1);
         if (message.member() == "unregister") {
-            registered -= action == "key-12-6144" ? 1 : 0;
+            key = action == "key-12-6144" ? 0 : key.load();
             return {true};
         }
         if (message.member() == "doRegister") {
             return {};
         }
         QList<int> keys = qdbus_cast<QList<int>>(message.arguments().value(1));
-        registered += keys == QList<int>{0x0C000051} ? 1 : 0;
-        for (int& key : keys) {
-            key = key == 0x0C000057 || key == 0x04000021 ? 0 : key;
+        key = action == "key-12-6144" ? keys.value(0) : key.load();
+        for (int& wanted : keys) {
+            wanted = wanted == 0x0C000057 || wanted == 0x04000021 ? 0 : wanted;
         }
         return {QVariant::fromValue(keys)};
     }
 
-    /// How often Q is registered.
-    std::atomic<int> registered = 0;
+    /// Of the first hot key; zero while it is not registered.
+    std::atomic<int> key = 0;
     QDBusConnection connection;
     QThread thread;
     ScriptedObject object;
@@ -103,7 +116,7 @@ TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
     auto early = hotKeys.registerHotKey(12, 0x1800, first);
     EXPECT_EQ(early.status, HotKeyStatus::success) << "there is no daemon yet";
     ASSERT_TRUE(daemon.connection.registerService("org.kde.kglobalaccel"));
-    EXPECT_TRUE(loopUntil([&] { return daemon.registered == 1; }));
+    EXPECT_TRUE(loopUntil([&] { return daemon.key == 0x0C000051; }));
 
     EXPECT_EQ(hotKeys.registerHotKey(13, 0x1800, {7, 2}).status, HotKeyStatus::taken);
     EXPECT_EQ(hotKeys.registerHotKey(18, 0x1200, {7, 2}).status, HotKeyStatus::taken)
@@ -111,18 +124,23 @@ TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
     EXPECT_EQ(hotKeys.registerHotKey(12, 0x1200, {7, 2}).status, HotKeyStatus::success);
     EXPECT_EQ(hotKeys.registerHotKey(57, 0, {7, 3}).status, HotKeyStatus::badValue);
 
-    daemon.report(bus.connect(), "globalShortcutPressed", "key-12-6144");
-    daemon.report(daemon.connection, "globalShortcutPressed", "key-12-6144", "org.example.Other");
-    daemon.report(daemon.connection, "globalShortcutPressed", "key-13-6144");
-    for (const char* name :
-         {"globalShortcutPressed", "globalShortcutPressed", "globalShortcutPressed",
-          "globalShortcutReleased", "globalShortcutPressed", "globalShortcutReleased"}) {
-        daemon.report(daemon.connection, name, "key-12-6144");
+    const char* const pressed = "globalShortcutPressed";
+    const char* const released = "globalShortcutReleased";
+    sendFromStranger(bus, ours, Daemon::signal(pressed, "key-12-6144"));
+    EXPECT_EQ(heard, "") << "a stranger";
+    daemon.connection.send(Daemon::signal(pressed, "key-12-6144", "org.example.Other"));
+    daemon.connection.send(Daemon::signal(pressed, "key-13-6144"));
+    for (const char* name : {pressed, pressed, pressed, released, pressed, released}) {
+        daemon.connection.send(Daemon::signal(name, "key-12-6144"));
     }
     EXPECT_TRUE(loopUntil([&] { return heard.ends_with("-1+1-1"); }));
     EXPECT_EQ(heard, "+1-1+1-1");
+
+    layout.characters = {{12, "a"}, {0, "q"}};
+    layout.changed.emit();
+    EXPECT_TRUE(loopUntil([&] { return daemon.key == 0x0C000041; }));
     early.hotKey.reset();
-    EXPECT_EQ(daemon.registered, 0) << "known to be unregistered when the token has ended";
+    EXPECT_EQ(daemon.key, 0) << "known to be unregistered when the token has ended";
 }
 
 /// (sa{sv}), as the portal carries shortcuts.
@@ -177,12 +195,12 @@ class Portal {
         return {QVariant::fromValue(QDBusObjectPath(request))};
     }
 
-    void report(const QDBusConnection& from, const char* name, const char* path, const char* id) {
+    static QDBusMessage signal(const char* name, const char* path, const char* id) {
         QDBusMessage signal = QDBusMessage::createSignal(
             "/org/freedesktop/portal/desktop", "org.freedesktop.portal.GlobalShortcuts", name);
         signal.setArguments({QVariant::fromValue(QDBusObjectPath(path)), QString(id), qulonglong{5},
                              QVariantMap()});
-        from.send(signal);
+        return signal;
     }
 
     int sessions = 0;
@@ -217,11 +235,13 @@ TEST_F(DesktopHotKeysTest, ThePortalBindsTheActionsAndSaysTheirKeys) {
     EXPECT_EQ(portal.bound.value(0).options["preferred_trigger"], "CTRL+ALT+q");
     EXPECT_EQ(portal.bound.value(0).options["description"], "Open it");
 
-    portal.report(bus.connect(), "Activated", "/session/1", "open");
-    portal.report(portal.bus, "Activated", "/session/2", "open");
-    portal.report(portal.bus, "Activated", "/session/1", "end");
+    sendFromStranger(bus, ours, Portal::signal("Activated", "/session/1", "open"));
+    EXPECT_EQ(heard, "") << "a stranger";
+    portal.bus.send(Portal::signal("Activated", "/session/2", "open"));
+    portal.bus.send(Portal::signal("Activated", "/session/1", "end"));
+    portal.bus.send(Portal::signal("Activated", "/session/1", "nothing of ours"));
     for (const char* name : {"Activated", "Activated", "Deactivated", "Activated"}) {
-        portal.report(portal.bus, name, "/session/1", "open");
+        portal.bus.send(Portal::signal(name, "/session/1", "open"));
     }
     EXPECT_TRUE(loopUntil([&] { return heard.ends_with("-1+1"); }));
     EXPECT_EQ(heard, "+1-1+1");

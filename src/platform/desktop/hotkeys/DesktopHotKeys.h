@@ -15,7 +15,7 @@ class KeyboardLayout;
 /// What the hot keys of a desktop need. The layout must outlive them.
 struct DesktopHotKeysSurroundings {
     QDBusConnection sessionBus;
-    const KeyboardLayout& layout;
+    KeyboardLayout& layout;
     /// The program's identifier, and its name for the user.
     QString identifier;
     QString name;

@@ -1,5 +1,6 @@
 #include "platform/desktop/hotkeys/KdeHotKeys.h"
 
+#include "platform/KeyboardLayout.h"
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
@@ -50,12 +51,11 @@ KdeHotKeys::KdeHotKeys(const DesktopHotKeysSurroundings& surroundings)
     QObject::connect(&daemon_, &QDBusServiceWatcher::serviceOwnerChanged, &daemon_,
                      [this](const QString&, const QString&, const QString& owner) {
                          table_.releaseAll();
-                         for (const HotKeyCombination combination : table_.combinations()) {
-                             if (!owner.isEmpty()) {
-                                 static_cast<void>(take(combination));
-                             }
+                         if (!owner.isEmpty()) {
+                             takeAll();
                          }
                      });
+    layoutChanges_ = surroundings_.layout.onChanged([this] { takeAll(); });
 }
 
 HotKeyRegistration KdeHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
@@ -139,6 +139,12 @@ QList<int> KdeHotKeys::qtKeys(HotKeyCombination combination) const {
         }
     }
     return keys;
+}
+
+void KdeHotKeys::takeAll() const {
+    for (const HotKeyCombination combination : table_.combinations()) {
+        static_cast<void>(take(combination));
+    }
 }
 
 void KdeHotKeys::release(HotKeyCombination combination) const {

@@ -11,8 +11,8 @@
 namespace calmora {
 
 /// Hot keys of KDE's daemon of global shortcuts, which KWin is on Wayland. They are registered
-/// while they are wanted, and again when another daemon takes over. Each call waits for a third of
-/// a second at most.
+/// while they are wanted, and again when another daemon takes over or the layout moves keys. Each
+/// call waits for a third of a second at most.
 /// Source: org.kde.KGlobalAccel and org.kde.kglobalaccel.Component.
 class KdeHotKeys final : public HotKeys {
   public:
@@ -34,6 +34,7 @@ class KdeHotKeys final : public HotKeys {
     [[nodiscard]] QDBusMessage ask(const char* method, const QVariantList& arguments) const;
     [[nodiscard]] QList<int> qtKeys(HotKeyCombination combination) const;
     [[nodiscard]] std::int32_t take(HotKeyCombination combination) const;
+    void takeAll() const;
     void release(HotKeyCombination combination) const;
     void receive(const QDBusMessage& signal, void (HotKeyTable::*report)(HotKeyCombination));
 
@@ -43,6 +44,7 @@ class KdeHotKeys final : public HotKeys {
     BusSignal pressed_;
     BusSignal released_;
     QDBusServiceWatcher daemon_;
+    Subscription layoutChanges_;
 };
 
 } // namespace calmora

@@ -19,7 +19,7 @@ class EventPoll;
 /// server it lists no windows and has no hot keys.
 class X11Backend final : public WindowBackend {
   public:
-    using MakeHotKeys = std::function<std::unique_ptr<HotKeys>(const KeyboardLayout&)>;
+    using MakeHotKeys = std::function<std::unique_ptr<HotKeys>(KeyboardLayout&)>;
 
     /// Connects to the display that the environment names. `compositor` knows the windows of the
     /// Wayland session that the X server belongs to; null when there is none, or nobody tells.
