@@ -93,6 +93,12 @@ struct Windows {
 
 TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     const pid_t one = calculator();
+    // As if the session's compositor were another one, within this one.
+    const std::string address = desktop.variable("DBUS_SESSION_BUS_ADDRESS");
+    const auto path = address.find('/');
+    const std::string otherSocket = address.substr(path, address.find(',') - path);
+    EXPECT_FALSE(KwinWindowSystem(bus, otherSocket).isAlive());
+
     // As the program uses it: nothing arrives before the loop runs.
     Windows windows(*this, QDBusConnection::sessionBus());
     EXPECT_FALSE(windows.all.coversAllWindows());
