@@ -1,6 +1,7 @@
 #include "app/WindowBackendChoice.h"
 
 #include "platform/wayland/CompositorWindows.h"
+#include "platform/wayland/backend/CompositorKeymap.h"
 #include "platform/wayland/backend/LayerShellBackend.h"
 #include "platform/wayland/kwin/KwinWindowSystem.h"
 #include "platform/x11/backend/X11Backend.h"
@@ -21,7 +22,7 @@ makeWindowBackend(EventPoll& events, const QDBusConnection& sessionBus,
         compositor = makeKwinWindows(sessionBus);
     }
     return withLayerSurfaces(
-        std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys));
+        std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys, compositorKeymap));
 }
 
 } // namespace calmora

@@ -53,6 +53,16 @@ TEST(X11KeyboardLayout, FollowsTheUsersLayouts) {
     X11Keyboard nowhere(events, ":4242");
     EXPECT_FALSE(nowhere.isAlive());
     EXPECT_EQ(X11KeyboardLayout(nowhere).character(40), "k") << "American without a server";
+    const auto reading = [&](const char* layouts) {
+        return X11KeyboardLayout(nowhere, [layouts](xkb_context* context) {
+            const xkb_rule_names names{"evdev", "pc105", layouts, "", ""};
+            return XkbKeymap(xkb_keymap_new_from_names(context, &names, {}));
+        });
+    };
+    const auto german = reading("ru,de");
+    EXPECT_EQ(german.character(6), "y") << "the keymap of another window system";
+    EXPECT_EQ(german.shiftedCharacter(20), "§");
+    EXPECT_EQ(reading("ru").character(6), "z");
 }
 
 } // namespace

@@ -28,10 +28,11 @@ std::unique_ptr<TransientWindows> makeTransientWindows() {
 } // namespace
 
 X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor,
-                       const MakeHotKeys& makeHotKeys)
+                       const MakeHotKeys& makeHotKeys, X11KeyboardLayout::ReadKeymap readKeymap)
     : x11Windows_(events), compositor_(std::move(compositor)),
       windows_({&x11Windows_, compositor_.get()}), keyboard_(events), hotKeys_(keyboard_),
-      layout_(keyboard_), desktopHotKeys_(makeHotKeys ? makeHotKeys(layout_) : nullptr),
+      layout_(keyboard_, std::move(readKeymap)),
+      desktopHotKeys_(makeHotKeys ? makeHotKeys(layout_) : nullptr),
       transientWindows_(makeTransientWindows()) {}
 
 std::string X11Backend::windowManagerName() {

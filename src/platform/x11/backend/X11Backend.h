@@ -24,9 +24,11 @@ class X11Backend final : public WindowBackend {
     /// Connects to the display that the environment names. `compositor` knows the windows of the
     /// Wayland session that the X server belongs to; null when there is none, or nobody tells.
     /// `events` must outlive the backend.
-    /// `makeHotKeys` gives the hot keys of the desktop; null where we grab keys.
+    /// `makeHotKeys` gives the hot keys of the desktop; null where we grab keys. `readKeymap` reads
+    /// the keymap where there is no X server.
     explicit X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> compositor = nullptr,
-                        const MakeHotKeys& makeHotKeys = nullptr);
+                        const MakeHotKeys& makeHotKeys = nullptr,
+                        X11KeyboardLayout::ReadKeymap readKeymap = nullptr);
 
     [[nodiscard]] WindowSystem& windows() override {
         return compositor_ ? static_cast<WindowSystem&>(windows_) : x11Windows_;

@@ -8,8 +8,9 @@
 
 namespace calmora {
 
-X11KeyboardLayout::X11KeyboardLayout(X11Keyboard& keyboard)
-    : keyboard_(keyboard), layoutChanges_(keyboard.onLayoutChanged([this] {
+X11KeyboardLayout::X11KeyboardLayout(X11Keyboard& keyboard, ReadKeymap readOther)
+    : keyboard_(keyboard), readOther_(std::move(readOther)),
+      layoutChanges_(keyboard.onLayoutChanged([this] {
           keymap_.reset();
           changed_.emit();
       })) {}
@@ -17,8 +18,20 @@ X11KeyboardLayout::X11KeyboardLayout(X11Keyboard& keyboard)
 void X11KeyboardLayout::read() const {
     readFromServer();
     if (!keymap_) {
+        readFromOther();
+    }
+    if (!keymap_) {
         keymap_ = americanKeymap(context_.get());
         layout_ = 0;
+    }
+}
+
+void X11KeyboardLayout::readFromOther() const {
+    XkbKeymap keymap = context_ && readOther_ ? readOther_(context_.get()) : nullptr;
+    const auto found = keymap ? asciiLayout(*keymap, 0) : std::nullopt;
+    if (found) {
+        keymap_ = std::move(keymap);
+        layout_ = *found;
     }
 }
 

@@ -13,8 +13,12 @@ class X11Keyboard;
 /// first asked for and again after a change.
 class X11KeyboardLayout final : public KeyboardLayout {
   public:
-    /// `keyboard` must outlive the layout.
-    explicit X11KeyboardLayout(X11Keyboard& keyboard);
+    /// Reads the keymap of another window system; null if there is none.
+    using ReadKeymap = std::function<XkbKeymap(xkb_context*)>;
+
+    /// `keyboard` must outlive the layout. `readOther` is called where there is no X server, such
+    /// as on Wayland without Xwayland; may be empty.
+    explicit X11KeyboardLayout(X11Keyboard& keyboard, ReadKeymap readOther = nullptr);
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
     [[nodiscard]] std::optional<std::string> shiftedCharacter(std::int64_t keyCode) const override;
@@ -29,8 +33,10 @@ class X11KeyboardLayout final : public KeyboardLayout {
                                                          std::uint32_t level) const;
     void read() const;
     void readFromServer() const;
+    void readFromOther() const;
 
     X11Keyboard& keyboard_;
+    ReadKeymap readOther_;
     XkbContext context_ = makeXkbContext();
     /// Null until it is read.
     mutable XkbKeymap keymap_;
