@@ -42,6 +42,7 @@ ShortcutRow::ShortcutRow(const RecorderEnvironment& environment, const ProgramSh
     line_->setTextFormat(Qt::PlainText);
     line_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* button = new Button(uiText("Copy"), TextStyle::caption);
+    button->setAccessibleName(uiText("Copy") + ' ' + uiText(shortcut.label));
     copy_->setParts(line_, button);
     QObject::connect(button, &QPushButton::clicked, this,
                      [this] { QGuiApplication::clipboard()->setText(line_->text()); });
