@@ -14,10 +14,9 @@ QVariantList property(const QVariant& value) {
     return {QVariant::fromValue(QDBusVariant(value))};
 }
 
-class DbusApplicationsTest : public testing::Test {
-  protected:
+struct DbusApplicationsTest : testing::Test {
     PrivateBus bus;
-    const ProcessId self = static_cast<ProcessId>(getpid());
+    const ProcessId self = getpid();
 };
 
 TEST_F(DbusApplicationsTest, followsTheItemsOfThePanel) {

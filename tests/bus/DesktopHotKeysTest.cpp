@@ -3,11 +3,6 @@
 #include "platform/desktop/hotkeys/KdeHotKeys.h"
 #include "platform/desktop/hotkeys/PortalHotKeys.h"
 
-#include <gtest/gtest.h>
-
-#include <QDBusMetaType>
-#include <QThread>
-
 #include <atomic>
 
 namespace calmora {
@@ -84,18 +79,17 @@ class Daemon {
     }
 
     QVariantList answer(const QDBusMessage& message) {
-        const QString action = message.member() == "unregister"
-                                   ? message.arguments().value(1).toString()
-                                   : message.arguments().value(0).toStringList().value(1);
+        const QVariantList arguments = message.arguments();
         if (message.member() == "unregister") {
-            key = action == "key-12-6144" ? 0 : key.load();
+            key = arguments.value(1) == "key-12-6144" ? 0 : key.load();
             return {true};
         }
         if (message.member() == "doRegister") {
             return {};
         }
-        QList<int> keys = qdbus_cast<QList<int>>(message.arguments().value(1));
-        key = action == "key-12-6144" ? keys.value(0) : key.load();
+        QList<int> keys = qdbus_cast<QList<int>>(arguments.value(1));
+        const bool isFirst = arguments.value(0).toStringList().value(1) == "key-12-6144";
+        key = isFirst ? keys.value(0) : key.load();
         for (int& wanted : keys) {
             wanted = wanted == 0x0C000057 || wanted == 0x04000021 ? 0 : wanted;
         }
@@ -232,8 +226,8 @@ TEST_F(DesktopHotKeysTest, ThePortalBindsTheActionsAndSaysTheirKeys) {
     EXPECT_EQ(hotKeys.hint("none").kind, HotKeyHint::Kind::none);
     ASSERT_EQ(portal.bound.size(), 2);
     EXPECT_EQ(portal.bound[0].id, "open");
-    EXPECT_EQ(portal.bound.value(0).options["preferred_trigger"], "CTRL+ALT+q");
-    EXPECT_EQ(portal.bound.value(0).options["description"], "Open it");
+    EXPECT_EQ(portal.bound[0].options["preferred_trigger"], "CTRL+ALT+q");
+    EXPECT_EQ(portal.bound[0].options["description"], "Open it");
 
     sendFromStranger(bus, ours, Portal::signal("Activated", "/session/1", "open"));
     EXPECT_EQ(heard, "") << "a stranger";

@@ -2,8 +2,6 @@
 
 #include "PrivateBus.h"
 
-#include <QThread>
-
 namespace calmora {
 namespace {
 

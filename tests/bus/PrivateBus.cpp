@@ -1,8 +1,5 @@
 #include "PrivateBus.h"
 
-#include <QDBusPendingCall>
-#include <QFile>
-
 namespace calmora {
 namespace {
 

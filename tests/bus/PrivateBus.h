@@ -2,12 +2,7 @@
 
 #include "support/QtWaiting.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtDBus>
-
-#include <functional>
-#include <vector>
 
 namespace calmora {
 

@@ -2,8 +2,6 @@
 
 #include "PrivateBus.h"
 
-#include <QTemporaryDir>
-
 #include <future>
 
 namespace calmora {

@@ -5,8 +5,6 @@
 
 #include "PrivateBus.h"
 
-#include <QtWidgets>
-
 namespace calmora {
 namespace {
 
@@ -80,12 +78,12 @@ class StatusItemTest : public testing::Test {
         return result;
     }
 
+    /// Separators are "-".
     static QStringList titles(const DbusMenuLayout& menu) {
         QStringList result;
         for (const DbusMenuLayout& child : children(menu)) {
-            result += child.properties.value("type") == "separator"
-                          ? "-"
-                          : child.properties.value("label").toString();
+            const bool isLine = child.properties.value("type") == "separator";
+            result += isLine ? "-" : child.properties.value("label").toString();
         }
         return result;
     }

@@ -2,8 +2,6 @@
 
 #include "support/Waiting.h"
 
-#include <QTest>
-
 namespace calmora {
 
 /// Runs Qt's loop until the condition holds; false after `timeout`, scaled.

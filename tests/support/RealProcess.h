@@ -3,8 +3,6 @@
 #include "platform/ProcessId.h"
 #include "support/Waiting.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cerrno>
 #include <csignal>

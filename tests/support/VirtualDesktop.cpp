@@ -5,7 +5,6 @@
 #include "support/Waiting.h"
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <sstream>
@@ -20,14 +19,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The programs that tests run, by what the names of their desktop entries begin with.
-constexpr std::array installedPrograms = {
-    "debian-uxterm", "debian-xterm",       "feh",        "galculator",     "hexchat",
-    "idle",          "io.github.Hexchat",  "lxterminal", "meld",           "org.gnome.Meld",
-    "org.pwmt",      "org.xfce.mousepad.", "pcmanfm",    "local.qpdfview", "qpdfview"};
-
 /// Fills the folders that stand for /usr/share and /etc/xdg, so that other desktops on the machine
-/// change nothing: without their applications, default applications, autostart and settings.
+/// change nothing: only with the applications that tests run, without default applications,
+/// autostart and settings.
 void installSystem(const fs::path& data, const fs::path& config) {
     fs::create_directories(data / "applications");
     for (const auto& entry : fs::directory_iterator("/usr/share")) {
@@ -35,12 +29,10 @@ void installSystem(const fs::path& data, const fs::path& config) {
             fs::create_symlink(entry, data / entry.path().filename());
         }
     }
-    for (const auto& entry : fs::directory_iterator("/usr/share/applications")) {
-        const std::string name = entry.path().filename();
-        if (std::ranges::any_of(installedPrograms,
-                                [&](const char* program) { return name.starts_with(program); })) {
-            fs::create_symlink(entry, data / "applications" / name);
-        }
+    for (const char* name : {"galculator.desktop", "org.gnome.Meld.desktop",
+                             "org.xfce.mousepad.desktop", "pcmanfm.desktop"}) {
+        fs::create_symlink(fs::path("/usr/share/applications") / name,
+                           data / "applications" / name);
     }
     std::ofstream(data / "applications/mimeapps.list")
         << "[Default Applications]\ninode/directory=pcmanfm.desktop\n";
@@ -184,60 +176,49 @@ void VirtualDesktop::require(const std::function<bool()>& condition, const std::
 }
 
 std::string VirtualDesktop::startReporting(pid_t& process, const std::string& command) {
-    const fs::path file = folder_.write("report", "");
-    process = start({"/bin/sh", "-c", "exec " + command + " 9>'" + file.string() + "'"});
+    fs::remove(report_);
+    process = start({"/bin/sh", "-c", "exec " + command + " 9>'" + report_.string() + "'"});
+    return awaitReport(command);
+}
+
+std::string VirtualDesktop::awaitReport(const std::string& program) {
     std::string report;
-    require([&] { return (report = TempFolder::read(file)).ends_with('\n'); }, command);
+    require([&] { return (report = TempFolder::read(report_)).ends_with('\n'); }, program);
     return report.substr(0, report.find('\n'));
 }
 
 void VirtualDesktop::startSway() {
-    const fs::path report = home() / "session";
     const fs::path config =
         folder_.write("sway.conf", "output HEADLESS-1 resolution 1280x800\nfocus_follows_mouse no\n"
-                                   "exec echo $SWAYSOCK $WAYLAND_DISPLAY $DISPLAY . > '" +
-                                       report.string() + "'\n");
+                                   "exec echo $SWAYSOCK $WAYLAND_DISPLAY $DISPLAY > '" +
+                                       report_.string() + "'\n");
     environment_["XDG_SESSION_TYPE"] = "wayland";
     server_ = start({"sway", "-c", config.string()}, {{"WLR_BACKENDS", "headless"},
                                                       {"WLR_LIBINPUT_NO_DEVICES", "1"},
                                                       {"WLR_RENDERER", "pixman"}});
-    std::istringstream words;
-    require(
-        [&] {
-            words.str(TempFolder::read(report));
-            return words.str().ends_with(".\n");
-        },
-        "sway");
+    std::istringstream words(awaitReport("sway"));
     words >> environment_["SWAYSOCK"] >> environment_["WAYLAND_DISPLAY"] >> display_;
     environment_["DISPLAY"] = display_;
 }
 
 void VirtualDesktop::startKwin() {
-    const fs::path report = home() / "session";
     const fs::path program = home() / "kwin_wayland";
-    const fs::path session = folder_.write(
-        "kwin-session", "#!/bin/sh\necho $WAYLAND_DISPLAY $DISPLAY $XAUTHORITY . > '" +
-                            report.string() + "'\nexec sleep infinity\n");
+    const fs::path session =
+        folder_.write("kwin-session", "#!/bin/sh\necho $WAYLAND_DISPLAY $DISPLAY $XAUTHORITY > '" +
+                                          report_.string() + "'\nexec sleep infinity\n");
     fs::permissions(session, fs::perms::owner_all);
     // A program with capabilities, which a copy has not, runs only with rights that tests lack.
     fs::copy_file("/usr/bin/kwin_wayland", program, fs::copy_options::overwrite_existing);
-    fs::remove(report);
+    fs::remove(report_);
     environment_["XDG_SESSION_TYPE"] = "wayland";
     environment_["XDG_CURRENT_DESKTOP"] = "KDE";
     server_ = start({program.string(), "--virtual", "--width", "1280", "--height", "800",
                      "--xwayland", "--socket", "wayland-kwin", "--no-lockscreen", session.string()},
                     {{"KWIN_COMPOSE", "Q"}});
-    std::istringstream words;
-    require(
-        [&] {
-            words.str(TempFolder::read(report));
-            return words.str().ends_with(".\n");
-        },
-        "KWin");
-    std::string authority;
-    words >> environment_["WAYLAND_DISPLAY"] >> display_ >> authority;
+    std::istringstream words(awaitReport("KWin"));
+    words >> environment_["WAYLAND_DISPLAY"] >> display_;
     environment_["DISPLAY"] = display_;
-    if (authority != ".") {
+    if (std::string authority; words >> authority) {
         environment_["XAUTHORITY"] = authority;
     }
 }

@@ -95,11 +95,14 @@ class VirtualDesktop {
     void require(const std::function<bool()>& condition, const std::string& what);
     /// Starts a program and gives the line that it writes to descriptor 9.
     std::string startReporting(pid_t& process, const std::string& command);
+    /// Waits for the line that a program writes to the report, and gives it.
+    std::string awaitReport(const std::string& program);
     void startBus();
     void startSway();
     void startSettingsDaemon();
 
     const TempFolder folder_;
+    const std::filesystem::path report_ = home() / "report";
     std::string display_;
     Environment environment_;
     std::map<pid_t, std::optional<int>> statuses_;

@@ -4,16 +4,13 @@
 
 #include "../PrivateBus.h"
 
-#include <QtWidgets>
-
 namespace calmora {
 namespace {
 
-std::unique_ptr<VirtualDesktop> desktop;
+VirtualDesktop* desktop = nullptr;
 
-bool contains(const Rect& rect, Point point) {
-    return rect.x <= point.x && point.x < rect.x + rect.width && rect.y <= point.y &&
-           point.y < rect.y + rect.height;
+bool contains(const std::optional<Rect>& rect, QPoint point) {
+    return rect && QRect(rect->x, rect->y, rect->width, rect->height).contains(point);
 }
 
 class TrayTest : public testing::Test {
@@ -25,17 +22,12 @@ class TrayTest : public testing::Test {
     }
 
     /// Moves the real pointer and clicks.
-    void click(Point place, std::vector<std::string> buttons) {
-        std::vector<std::string> command = {"xdotool", "mousemove", std::to_string(place.x),
-                                            std::to_string(place.y), "click"};
-        command.insert(command.end(), buttons.begin(), buttons.end());
-        ASSERT_EQ(desktop->run(command), 0);
+    static void click(const std::string& place, const std::string& buttons) {
+        const std::string command = "xdotool mousemove " + place + " click " + buttons;
+        ASSERT_EQ(desktop->run({"/bin/sh", "-c", command}), 0);
     }
 
-    [[nodiscard]] bool isInTray() const {
-        const auto frame = item.frame();
-        return frame && contains(*frame, {1268, 12});
-    }
+    [[nodiscard]] bool isInTray() const { return contains(item.frame(), {1268, 12}); }
 
     /// Whether Qt's window in the tray is there.
     [[nodiscard]] static bool hasTrayWindow() {
@@ -50,7 +42,7 @@ class TrayTest : public testing::Test {
         const QImage seen = QGuiApplication::primaryScreen()
                                 ->grabWindow(0, at.x, at.y, at.width, at.height)
                                 .toImage();
-        std::pair<int, int> range{255, 0};
+        std::pair range{255, 0};
         for (int i = 0; i < seen.width() * seen.height(); ++i) {
             const int gray = qGray(seen.pixel(i % seen.width(), i / seen.width()));
             range = {std::min(range.first, gray), std::max(range.second, gray)};
@@ -73,9 +65,9 @@ TEST_F(TrayTest, takesClicksInATrayThatComesLateAndGoesForAPanel) {
     // A tray takes clicks for the icon once it shows it.
     ASSERT_TRUE(
         loopUntil([&] { return isInTray() && lightness().second - lightness().first > 150; }));
-    click({1268, 12}, {"--repeat", "2", "--delay", "40", "1"});
+    click("1268 12", "--repeat 2 --delay 40 1");
     EXPECT_TRUE(loopUntil([&] { return events.size() == 2; })) << "a fast second click counts";
-    click({1268, 12}, {"3"});
+    click("1268 12", "3");
     EXPECT_TRUE(loopUntil([&] { return events.size() == 3; }));
     using enum StatusEvent;
     EXPECT_EQ(events, (std::vector{leftMouseUp, leftMouseUp, rightMouseUp}));
@@ -96,10 +88,10 @@ TEST_F(TrayTest, remembersThePointerWherePanelsTellNothing) {
     ASSERT_TRUE(panel.registerService("org.kde.StatusNotifierWatcher"));
     ASSERT_TRUE(loopUntil([&] { return watcher.count("RegisterStatusNotifierItem") == 1; }));
     const QString name = watcher.calls.back().arguments().value(0).toString();
-    click({300, 700}, {"1"});
+    click("300 700", "1");
     callAndWait(panel, name, NotifierItem::path, NotifierItem::interfaceName, "Activate", {0, 0});
     ASSERT_TRUE(loopUntil([&] { return events.size() == 1; }));
-    EXPECT_TRUE(contains(item.frame().value(), {300, 700}));
+    EXPECT_TRUE(contains(item.frame(), {300, 700}));
 }
 
 } // namespace
@@ -110,15 +102,11 @@ int main(int argc, char** argv) {
     if (testing::GTEST_FLAG(list_tests)) {
         return RUN_ALL_TESTS();
     }
-    calmora::desktop = std::make_unique<calmora::VirtualDesktop>();
-    calmora::desktop->enter();
+    calmora::VirtualDesktop desktop;
+    calmora::desktop = &desktop;
+    desktop.enter();
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-    int result = 1;
-    {
-        const QApplication application(argc, argv);
-        result = RUN_ALL_TESTS();
-    }
-    calmora::desktop.reset();
-    return result;
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
 }

@@ -44,20 +44,6 @@ struct KeptProgram {
     FileDescriptor report;
 };
 
-/// The file of each program below the home folder. Those whose names have a "-" or are "tool" are
-/// no applications: they have no window class and no desktop entry.
-const std::map<std::string, std::string> programs = {
-    // A private folder with helpers, and a neighbour whose name begins alike.
-    {"paint", "Apps/paint/paint"},
-    {"paint-helper", "Apps/paint/paint-helper"},
-    {"paint-tool", "Apps/paint-tools/paint-tool"},
-    {"surf", "Apps/surf/surf"},
-    // A folder that many programs share.
-    {"notes", "bin/notes"},
-    {"bystander", "bin/bystander"},
-    {"tool", "bin/tool"},
-};
-
 /// Makes the kernel continue after this process id.
 void setLastId(pid_t last) {
     std::ofstream("/proc/sys/kernel/ns_last_pid") << last;
@@ -113,19 +99,14 @@ void setLastId(pid_t last) {
 /// A virtual desktop with installed programs of every kind, each the same test client.
 struct StormDesktop : LinuxDesktop {
     StormDesktop() {
-        for (const auto& [name, path] : programs) {
-            const std::string file = program(path);
-            if (name != "tool" && name.find('-') == std::string::npos) {
-                install(name, "Name=" + name + "\nExec=" + file + " --instance " + name +
-                                  "\nStartupWMClass=" + name);
-            }
+        for (const std::string name : {"bystander", "notes", "surf"}) {
+            install(name, "Name=" + name + "\nExec=" + file(name) + " --instance " + name +
+                              "\nStartupWMClass=" + name);
         }
     }
 
-    /// The file of an installed program.
-    [[nodiscard]] std::string file(const std::string& program) const {
-        return desktop.home() / programs.at(program);
-    }
+    /// The file of a program, in a folder that all share.
+    [[nodiscard]] std::string file(const std::string& name) const { return program("bin/" + name); }
 
     /// The command that runs an application with a window of its own class.
     [[nodiscard]] std::vector<std::string> command(const std::string& application,
@@ -139,11 +120,6 @@ struct StormDesktop : LinuxDesktop {
     /// Starts an application and waits until it is listed.
     pid_t shownApplication(const std::string& application, std::vector<std::string> options = {}) {
         return shown(desktop.start(command(application, std::move(options))));
-    }
-
-    /// Starts a program without a window.
-    pid_t background(const std::string& program) {
-        return desktop.start({file(program), "--helper"});
     }
 
     /// Starts an application below a keeper and waits until it is listed. `next` is what runs
@@ -217,7 +193,6 @@ class Storm {
     bool run(int quits) {
         for (int i = 0; i < quits; ++i) {
             const auto& [name, make] = scenarios_[static_cast<std::size_t>(i) % scenarios_.size()];
-            forces_ = static_cast<std::size_t>(i) / scenarios_.size() % 2 == 0;
             setLastId(lowestId);
             const testing::ScopedTrace trace(__FILE__, __LINE__, name);
             play(name, make());
@@ -257,8 +232,7 @@ class Storm {
         auto spared = watch(round.spared);
         const auto fault = [&](const char* what, pid_t process) {
             ++faults_;
-            std::printf("%s (%s): %s: %d\n", name.c_str(), round.force ? "forced" : "asked", what,
-                        process);
+            std::printf("%s: %s: %d\n", name.c_str(), what, process);
         };
         const bool answer = machine_.quitter.quitApp(round.target, round.force);
         if (answer != round.quits) {
@@ -289,40 +263,6 @@ class Storm {
         stand();
     }
 
-    Ids running(const std::string& program) {
-        Ids ids;
-        const std::string file = machine_.file(program);
-        for (const ProcessId process : machine_.reader.processesOf(::getuid(), 4096)) {
-            if (machine_.reader.executable(process) == file) {
-                ids.push_back(process);
-            }
-        }
-        return ids;
-    }
-
-    Round privateFolder() {
-        const std::string helper = machine_.file("paint-helper");
-        const pid_t app =
-            machine_.shownApplication("paint", {"--child", helper, "--orphan", helper});
-        waitFor([&] { return running("paint-helper").size() == 2; });
-        Ids helpers = running("paint-helper");
-        Round round{.target = app, .force = forces_, .meant = {app}};
-        round.spared = {machine_.background("paint-tool"), machine_.background("paint-tool")};
-        Ids& place = round.force ? round.meant : round.spared;
-        place.insert(place.begin(), helpers.begin(), helpers.end());
-        return round;
-    }
-
-    Round stubborn() {
-        // Asking takes all its time in vain, so it is tried once in a while.
-        const bool force = random_() % 8 != 0;
-        const pid_t app = machine_.shownApplication("notes", {"--ignore-close", "--ignore-term"});
-        const pid_t other = machine_.shownApplication("notes", {"--ignore-term"});
-        Round round{.target = app, .force = force, .quits = force};
-        (force ? round.meant : round.spared) = {app, other};
-        return round;
-    }
-
     /// The id of one instance passes on while the other, which ignores signals, still runs.
     Round passesOnWhileQuitting() {
         KeptProgram kept = machine_.kept("notes");
@@ -342,14 +282,12 @@ class Storm {
         const pid_t later = StormDesktop::successor(kept).value_or(0);
         waitFor([&] { return machine_.windowCount(later) == 1; });
         return {.target = kept.program,
-                .force = forces_,
+                .force = coin(),
                 .spared = {later, kept.keeper},
                 .quits = false};
     }
 
     std::mt19937 random_;
-    /// Whether this turn of the scenarios quits by force; some always or never do.
-    bool forces_ = true;
     StormDesktop machine_;
     std::vector<Standing> standing_ = {
         {[this] { return machine_.shownApplication("bystander", {"--lifetime", "7200"}); }},
@@ -362,8 +300,6 @@ class Storm {
         {[this] { return machine_.desktop.windowManager(); }}};
     int faults_ = 0;
     std::vector<std::pair<std::string, std::function<Round()>>> scenarios_ = {
-        {"private folder", [this] { return privateFolder(); }},
-        {"ignores signals", [this] { return stubborn(); }},
         {"id passes on", [this] { return passesOnWhileQuitting(); }},
         {"id passed on before", [this] { return passedOnBefore(); }},
     };

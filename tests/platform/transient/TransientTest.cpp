@@ -6,13 +6,6 @@
 #include "support/QtWaiting.h"
 #include "support/VirtualDesktop.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QPointer>
-#include <QTest>
-#include <QTimer>
-#include <QWindow>
-
 #include <thread>
 
 namespace calmora {
@@ -35,13 +28,8 @@ class UserInput : public KeyPresser {
     UserInput() : KeyPresser({}) {}
 
     /// Moves there, presses and releases.
-    void click(int x, int y) {
+    void click(int x, int y, std::uint8_t number = 1) {
         move(x, y);
-        clickHere(1);
-    }
-
-    /// Presses and releases a button where the pointer is.
-    void clickHere(std::uint8_t number) {
         button(number, true);
         button(number, false);
     }
@@ -49,10 +37,7 @@ class UserInput : public KeyPresser {
     /// A new window of another program, on screen.
     xcb_window_t openWindow(int x, int y) {
         const xcb_window_t window = create(x, y, 200, XCB_CW_BACK_PIXEL, 0xffffff);
-        // WM_HINTS: takes the keyboard. WM_NORMAL_HINTS: the place was chosen by the user.
-        const std::uint32_t hints[9] = {1, 1};
-        xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS,
-                            XCB_ATOM_WM_HINTS, 32, 9, hints);
+        // WM_NORMAL_HINTS: the place was chosen by the user.
         const std::uint32_t size[18] = {1};
         xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NORMAL_HINTS,
                             XCB_ATOM_WM_SIZE_HINTS, 32, 18, size);
@@ -75,29 +60,18 @@ class UserInput : public KeyPresser {
         return reply ? reply->focus : xcb_window_t{XCB_NONE};
     }
 
-    /// The uppermost window that can be seen.
-    [[nodiscard]] xcb_window_t topmost() {
-        const X11Reply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(connection(), xcb_query_tree(connection(), root()), nullptr));
-        for (int index = xcb_query_tree_children_length(tree.get()); index > 0; --index) {
-            const xcb_window_t window = xcb_query_tree_children(tree.get())[index - 1];
-            const auto question = xcb_get_window_attributes(connection(), window);
-            const X11Reply<xcb_get_window_attributes_reply_t> attributes(
-                xcb_get_window_attributes_reply(connection(), question, nullptr));
-            if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
-                attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT) {
-                return window;
-            }
-        }
-        return XCB_NONE;
+    /// The uppermost window where the pointer is.
+    xcb_window_t topmost() {
+        const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
+            connection(), xcb_query_pointer(connection(), root()), nullptr));
+        return reply ? reply->child : xcb_window_t{XCB_NONE};
     }
 
   private:
     /// Takes the clicks and keys itself: otherwise they would go on to the root.
     xcb_window_t create(int x, int y, int side, std::uint32_t attribute, std::uint32_t value) {
         const xcb_window_t window = xcb_generate_id(connection());
-        const std::uint32_t values[] = {value,
-                                        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_BUTTON_PRESS};
+        const std::uint32_t values[] = {value, XCB_EVENT_MASK_BUTTON_PRESS};
         const auto extent = static_cast<std::uint16_t>(side);
         xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root(),
                           static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), extent,
@@ -166,33 +140,27 @@ class TransientTest : public testing::Test {
         EXPECT_TRUE(ownsKeyboard(field_));
     }
 
-    static QPoint middle(const QWidget* widget) {
-        return widget->mapToGlobal(widget->rect().center());
+    void clickOn(const QWidget* widget, std::uint8_t button = 1) {
+        const QPoint middle = widget->mapToGlobal(widget->rect().center());
+        input_.click(middle.x(), middle.y(), button);
     }
-
-    void clickOn(const QWidget* widget) { input_.click(middle(widget).x(), middle(widget).y()); }
 
     /// Shows an alert of two buttons and runs `act` while it is open.
     std::size_t ask(const std::function<void(QWidget& alert)>& act) {
         QTimer::singleShot(0, field_, [&] {
             QWidget* alert = nullptr;
-            loopUntil([&] {
+            ASSERT_TRUE(loopUntil([&] {
                 for (QWidget* widget : QApplication::topLevelWidgets()) {
                     QWidget* found = widget->findChild<QWidget*>("alert");
-                    if (found && found->isVisible() && input_.keyboardOwner() == widget->winId()) {
-                        alert = found;
-                    }
+                    alert = found && found->isVisible() ? found : alert;
                 }
-                return alert != nullptr;
-            });
-            ASSERT_NE(alert, nullptr);
-            loopUntil(
-                [&] { return QApplication::focusWindow() == alert->window()->windowHandle(); });
+                return alert && ownsKeyboard(alert) &&
+                       QApplication::focusWindow() == alert->window()->windowHandle();
+            }));
             act(*alert);
         });
         return alerts_.runModal({.messageText = "Force?",
                                  .informativeText = "Unsaved changes are lost.",
-                                 .style = AlertStyle::critical,
                                  .icon = {},
                                  .buttons = {{"Force Quit", true}, {"Cancel", false}}});
     }
@@ -223,9 +191,11 @@ TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
         input_.click(700, 480); // The second window.
         EXPECT_TRUE(owns(second_));
         loopFor(settling);
+        // The second window reaches there.
+        const QPoint corner = alert.mapToGlobal(alert.rect().bottomRight()) - QPoint(60, 20);
+        input_.move(corner.x(), corner.y());
         EXPECT_EQ(input_.topmost(), alert.window()->winId()) << "nothing covers an alert";
-        const QPoint title = middle(alert.findChild<QWidget*>("messageText"));
-        input_.click(title.x(), title.y());
+        clickOn(alert.findChild<QWidget*>("messageText"));
         EXPECT_TRUE(loopUntil([&] { return ownsKeyboard(&alert); }));
         input_.tap({escape});
     });
@@ -254,9 +224,7 @@ TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     input_.closeWindow(second_);
     std::this_thread::sleep_for(milliseconds{50});
     const xcb_window_t other = input_.openWindow(300, 300);
-    for (int turn = 0; turn < 100 && input_.keyboardOwner() != other; ++turn) {
-        std::this_thread::sleep_for(milliseconds{10});
-    }
+    EXPECT_TRUE(waitFor([&] { return input_.keyboardOwner() == other; }));
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
     EXPECT_EQ(input_.keyboardOwner(), other);
     input_.closeWindow(other);
@@ -267,14 +235,13 @@ TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {
     show();
     input_.click(icon_->x + 3, icon_->y + 3);
     loopFor(settling);
-    input_.click(middle(field_).x(), middle(field_).y());
-    input_.clickHere(5);
+    clickOn(field_);
+    clickOn(field_, 5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown());
 
     const xcb_window_t panel = input_.openIcon(1200, 700, 24);
-    input_.move(1210, 710);
-    input_.clickHere(5);
+    input_.click(1210, 710, 5);
     loopFor(settling);
     EXPECT_TRUE(popover_.isShown()) << "turning the wheel elsewhere is no click";
     input_.move(1200, 780); // The bare root.

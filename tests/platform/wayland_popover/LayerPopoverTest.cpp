@@ -1,24 +1,14 @@
 // The popover as a layer surface on a headless sway, with real keys and clicks.
-#include "WaylandHands.h"
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtEventMonitor.h"
 #include "platform/qt/popover/QtPopover.h"
+#include "platform/wayland/backend/CompositorConnection.h"
 #include "platform/wayland/backend/LayerTransientWindows.h"
 #include "platform/wayland/backend/QtPlatformChoice.h"
+#include "support/QtWaiting.h"
 #include "support/VirtualDesktop.h"
-#include "support/Waiting.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QTest>
-#include <QTimer>
-
-#include <fstream>
+#include <wlr-virtual-pointer-unstable-v1-client.h>
 
 namespace calmora {
 namespace {
@@ -30,10 +20,56 @@ constexpr int gap = 8;
 
 VirtualDesktop* desktop = nullptr;
 
-/// Runs Qt's loop until the condition holds, at most ten seconds.
-bool loopUntil(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 10'000);
-}
+/// A pointer of our own on a compositor that lets any program have one.
+class WaylandHands {
+  public:
+    static constexpr std::uint32_t left = 0x110;
+    static constexpr std::uint32_t right = 0x111;
+
+    WaylandHands() {
+        pointer_.reset(
+            zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager_.get(), nullptr));
+        connection_.roundTrip(defaultTimeout);
+    }
+
+    /// In two steps: with the first sway notices that a surface has gone from under the pointer.
+    void move(int x, int y) {
+        for (const int step : {x - 1, x}) {
+            zwlr_virtual_pointer_v1_motion_absolute(pointer_.get(), ++time_,
+                                                    static_cast<std::uint32_t>(step),
+                                                    static_cast<std::uint32_t>(y), width, height);
+            finish();
+        }
+    }
+
+    void click() {
+        press();
+        release();
+    }
+
+    void press(std::uint32_t button = left) { send(button, WL_POINTER_BUTTON_STATE_PRESSED); }
+
+    void release(std::uint32_t button = left) { send(button, WL_POINTER_BUTTON_STATE_RELEASED); }
+
+  private:
+    void send(std::uint32_t button, std::uint32_t state) {
+        zwlr_virtual_pointer_v1_button(pointer_.get(), ++time_, button, state);
+        finish();
+    }
+
+    void finish() {
+        zwlr_virtual_pointer_v1_frame(pointer_.get());
+        connection_.roundTrip(defaultTimeout);
+    }
+
+    /// Milliseconds of a clock of its own.
+    std::uint32_t time_ = 0;
+    CompositorConnection connection_;
+    WaylandProxy<zwlr_virtual_pointer_manager_v1> manager_ =
+        connection_.bindFirst<zwlr_virtual_pointer_manager_v1>(
+            zwlr_virtual_pointer_manager_v1_interface, 1);
+    WaylandProxy<zwlr_virtual_pointer_v1> pointer_;
+};
 
 /// A search field with nothing below it; remembers what the pointer does.
 class Content final : public QWidget {
@@ -114,7 +150,7 @@ class LayerPopoverTest : public testing::Test {
         return loopUntil([&] { return content_->field.text().toStdString() == text; });
     }
 
-    WaylandHands hands_{width, height};
+    WaylandHands hands_;
     LayerTransientWindows windows_{false};
     AlertSession session_;
     QtAlerts alerts_{windows_, session_, Image{}};
@@ -207,15 +243,13 @@ TEST_F(LayerPopoverTest, AnAlertIsAboveItAndGivesTheKeyboardBack) {
         hands_.move(100, 700);
         hands_.click();
         const QPoint button = alert->findChild<QWidget*>("alertButton0")->geometry().center() +
-                              alert->findChild<QWidget*>("alert")->pos() -
-                              QPoint(alert->width() / 2, alert->height() / 2);
+                              alert->findChild<QWidget*>("alert")->pos() - alert->rect().center();
         // In the middle of what the bar leaves.
         hands_.move(width / 2 + button.x(), (height + barHeight) / 2 + button.y());
         hands_.click();
     });
     EXPECT_EQ(alerts_.runModal({.messageText = "Force?",
                                 .informativeText = "Unsaved changes are lost.",
-                                .style = AlertStyle::critical,
                                 .icon = {},
                                 .buttons = {{"Force Quit", true}, {"Cancel", false}}}),
               0U);

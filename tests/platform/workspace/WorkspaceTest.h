@@ -16,19 +16,7 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <memory>
-#include <optional>
-#include <set>
-#include <string>
-#include <string_view>
 #include <unistd.h>
-#include <vector>
 
 namespace calmora {
 

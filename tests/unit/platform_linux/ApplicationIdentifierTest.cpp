@@ -3,7 +3,6 @@
 #include "platform/linux/xdg/ExecKey.h"
 #include "platform/linux/xdg/ExecResolver.h"
 
-#include <iterator>
 #include <sstream>
 
 namespace calmora {
