@@ -2,11 +2,17 @@
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/hotkeys/KdeHotKeys.h"
 #include "platform/desktop/hotkeys/PortalHotKeys.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
+#include "platform/desktop/status/DbusTypes.h"
 
 #include <atomic>
 
 namespace calmora {
 namespace {
+
+// Found for the structures below.
+using calmora::operator<<;
+using calmora::operator>>;
 
 constexpr HotKeyIdentifier first{7, 1};
 constexpr HotKeyCombination recorded{12, 0x1800};
@@ -51,24 +57,29 @@ void sendFromStranger(PrivateBus& bus, const QDBusConnection& to, const QDBusMes
     QCoreApplication::processEvents();
 }
 
-/// A daemon that has given away W and the exclamation mark, on a thread of its own: the asking one
-/// waits for it.
+/// Lets objects answer: the asking thread waits, so another one answers.
+struct AnsweringThread {
+    explicit AnsweringThread(std::initializer_list<QObject*> objects) {
+        for (QObject* object : objects) {
+            object->moveToThread(&thread);
+        }
+        thread.start();
+    }
+
+    ~AnsweringThread() {
+        thread.quit();
+        thread.wait();
+    }
+
+    QThread thread;
+};
+
+/// A daemon that has given away W and the exclamation mark.
 class Daemon {
   public:
     explicit Daemon(PrivateBus& bus)
         : connection(bus.connect()),
-          object(connection, "/kglobalaccel", [this](auto&& message) { return answer(message); }) {
-        object.moveToThread(&thread);
-        thread.start();
-    }
-
-    Daemon(const Daemon&) = delete;
-    Daemon& operator=(const Daemon&) = delete;
-
-    ~Daemon() {
-        thread.quit();
-        thread.wait();
-    }
+          object(connection, "/kglobalaccel", [this](auto&& message) { return answer(message); }) {}
 
     static QDBusMessage signal(const QString& name, const QString& action,
                                const QString& program = "org.example.Program") {
@@ -87,7 +98,7 @@ class Daemon {
         if (message.member() == "doRegister") {
             return {};
         }
-        QList<int> keys = qdbus_cast<QList<int>>(arguments.value(1));
+        auto keys = qdbus_cast<QList<int>>(arguments.value(1));
         const bool isFirst = arguments.value(0).toStringList().value(1) == "key-12-6144";
         key = isFirst ? keys.value(0) : key.load();
         for (int& wanted : keys) {
@@ -99,8 +110,8 @@ class Daemon {
     /// Of the first hot key; zero while it is not registered.
     std::atomic<int> key = 0;
     QDBusConnection connection;
-    QThread thread;
     ScriptedObject object;
+    AnsweringThread thread{{&object}};
 };
 
 TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
@@ -137,25 +148,55 @@ TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
     EXPECT_EQ(daemon.key, 0) << "known to be unregistered when the token has ended";
 }
 
+/// (ssssssaiai), of which the first list counts.
+struct ShortcutInfo {
+    QList<int> keys;
+    QString name = "name";
+    QList<int> usual = {0x01000030};
+
+    static auto fields(auto& self) {
+        return std::tie(self.name, self.name, self.name, self.name, self.name, self.name, self.keys,
+                        self.usual);
+    }
+};
+
+TEST_F(DesktopHotKeysTest, KdeGivesTheShortcutsOfEveryProgram) {
+    qDBusRegisterMetaType<ShortcutInfo>();
+    qDBusRegisterMetaType<QList<ShortcutInfo>>();
+    const auto shortcuts = kdeShortcuts(ours);
+    EXPECT_TRUE(shortcuts().empty()) << "nobody keeps any";
+
+    QDBusConnection daemon = bus.connect();
+    ScriptedObject list(daemon, "/kglobalaccel", [](const QDBusMessage&) {
+        const QList<QDBusObjectPath> paths{QDBusObjectPath("/kwin"), QDBusObjectPath("/odd"),
+                                           QDBusObjectPath("/gone"), QDBusObjectPath("/kmix")};
+        return QVariantList{QVariant::fromValue(paths)};
+    });
+    const auto answering = [](QList<ShortcutInfo> infos) {
+        return [infos](const QDBusMessage&) { return QVariantList{QVariant::fromValue(infos)}; };
+    };
+    ScriptedObject kwin(daemon, "/kwin",
+                        answering({{{0x08000000 + 0x01000033, 0x10000041}}, {{0}}, {{}}}));
+    // Umlaut and arrow; an unknown key, the keypad and no key.
+    ScriptedObject kmix(daemon, "/kmix",
+                        answering({{{0x080000E4, 0x0E000000 + 0x01000012}},
+                                   {{0x08000000 + 0x01000085, 0x24000035}},
+                                   {{0x04000000}}}));
+    ScriptedObject odd(daemon, "/odd", [](const QDBusMessage&) { return QVariantList{"none"}; });
+    const AnsweringThread thread({&list, &kwin, &kmix, &odd});
+    ASSERT_TRUE(daemon.registerService("org.kde.kglobalaccel"));
+    EXPECT_EQ(shortcuts(),
+              (std::vector<Accelerator>{
+                  {0x800, "F4"}, {0x100, "U0041"}, {0x800, "U00E4"}, {0x1A00, "Left"}}));
+}
+
 /// (sa{sv}), as the portal carries shortcuts.
 struct Shortcut {
     QString id;
     QVariantMap options;
+
+    static auto fields(auto& self) { return std::tie(self.id, self.options); }
 };
-
-QDBusArgument& operator<<(QDBusArgument& to, const Shortcut& shortcut) {
-    to.beginStructure();
-    to << shortcut.id << shortcut.options;
-    to.endStructure();
-    return to;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& from, Shortcut& shortcut) {
-    from.beginStructure();
-    from >> shortcut.id >> shortcut.options;
-    from.endStructure();
-    return from;
-}
 
 /// A portal that gives the first shortcut the key "Super Q".
 class Portal {

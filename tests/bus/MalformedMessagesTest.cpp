@@ -16,8 +16,8 @@ namespace {
 constexpr auto properties = "org.freedesktop.DBus.Properties";
 constexpr auto player = "org.mpris.MediaPlayer2";
 constexpr auto playerPath = "/org/mpris/MediaPlayer2";
-constexpr auto watcher = "org.kde.StatusNotifierWatcher";
-constexpr auto watcherPath = "/StatusNotifierWatcher";
+constexpr auto panelName = "org.kde.StatusNotifierWatcher";
+constexpr auto panelPath = "/StatusNotifierWatcher";
 constexpr auto portalPath = "/org/freedesktop/portal/desktop";
 
 template <typename Value>
@@ -127,16 +127,16 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
     DesktopColorScheme scheme(own);
     ASSERT_TRUE(loopUntil([&] { return object.count("Get") == 1; }));
 
-    ScriptedObject panel(other, watcherPath);
+    ScriptedObject panel(other, panelPath);
     ScriptedObject portal(other, portalPath);
     for (const QVariantList& arguments : kinds) {
         object.emitSignal(properties, "PropertiesChanged", arguments);
-        panel.emitSignal(watcher, "StatusNotifierItemRegistered", arguments);
-        panel.emitSignal(watcher, "StatusNotifierItemUnregistered", arguments);
+        panel.emitSignal(panelName, "StatusNotifierItemRegistered", arguments);
+        panel.emitSignal(panelName, "StatusNotifierItemUnregistered", arguments);
         portal.emitSignal("org.freedesktop.portal.Settings", "SettingChanged", arguments);
     }
     // Anyone may announce an item; what is no name makes no rule for the bus.
-    panel.emitSignal(watcher, "StatusNotifierItemRegistered", {"',type='method_call"});
+    panel.emitSignal(panelName, "StatusNotifierItemRegistered", {"',type='method_call"});
     EXPECT_FALSE(applications.quitMediaPlayer(self));
     object.emitSignal(properties, "PropertiesChanged",
                       {player, QVariantMap{{"CanQuit", true}}, QStringList()});
@@ -146,13 +146,13 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
 TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
     QVariantList answer;
     const ScriptedObject::Answer giveIt = [&](const QDBusMessage&) { return answer; };
-    ScriptedObject panel(other, watcherPath, giveIt);
+    ScriptedObject panel(other, panelPath, giveIt);
     ScriptedObject players(other, playerPath, giveIt);
     ScriptedObject actions(other, "/actions", giveIt);
     ScriptedObject notices(other, "/org/freedesktop/Notifications", giveIt);
     ScriptedObject portal(other, portalPath, giveIt);
-    for (const char* name : {watcher, "org.mpris.MediaPlayer2.one", "org.freedesktop.Notifications",
-                             "org.freedesktop.portal.Desktop"}) {
+    for (const char* name : {panelName, "org.mpris.MediaPlayer2.one",
+                             "org.freedesktop.Notifications", "org.freedesktop.portal.Desktop"}) {
         ASSERT_TRUE(other.registerService(name));
     }
     const ExportedActions exported{other.baseService().toStdString(), "/actions"};

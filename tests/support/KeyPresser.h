@@ -2,7 +2,6 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <initializer_list>
 #include <xcb/xtest.h>
 
 namespace calmora {
@@ -47,11 +46,15 @@ class KeyPresser {
 
     [[nodiscard]] xcb_window_t root() const { return server_.root(); }
 
-    /// Waits until the server has done what was asked.
-    void sync() {
-        const X11Reply<xcb_get_input_focus_reply_t> answer(
+    /// The window that gets the keys.
+    xcb_window_t keyboardOwner() {
+        const X11Reply<xcb_get_input_focus_reply_t> reply(
             xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+        return reply ? reply->focus : xcb_window_t{XCB_NONE};
     }
+
+    /// Waits until the server has done what was asked.
+    void sync() { keyboardOwner(); }
 
   private:
     void fake(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0) {

@@ -303,10 +303,9 @@ std::optional<int> VirtualDesktop::exitStatus(pid_t process) {
     return found->second;
 }
 
-std::optional<int> VirtualDesktop::run(const std::vector<std::string>& command,
-                                       std::chrono::milliseconds timeout) {
+std::optional<int> VirtualDesktop::run(const std::vector<std::string>& command) {
     const pid_t process = start(command);
-    if (!waitFor([&] { return exitStatus(process).has_value(); }, timeout)) {
+    if (!waitFor([&] { return exitStatus(process).has_value(); })) {
         end(process);
         return {};
     }

@@ -2,7 +2,6 @@
 
 #include "support/TempFolder.h"
 
-#include <chrono>
 #include <functional>
 #include <map>
 #include <optional>
@@ -67,8 +66,7 @@ class VirtualDesktop {
     pid_t start(const std::vector<std::string>& command, const Environment& extra = {});
 
     /// Runs a program to its end: its exit status, absent when it was killed or takes too long.
-    std::optional<int> run(const std::vector<std::string>& command,
-                           std::chrono::milliseconds timeout = std::chrono::seconds(15));
+    std::optional<int> run(const std::vector<std::string>& command);
 
     /// Starts a window manager, which must not be running; returns when it answers.
     void startWindowManager(const std::string& name);

@@ -72,16 +72,11 @@ class Client {
         return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
     }
 
-    void setText(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
-                 const std::string& text) {
-        xcb_change_property(server_.get(), XCB_PROP_MODE_REPLACE, window, property, type, 8,
-                            static_cast<std::uint32_t>(text.size()), text.data());
-    }
-
-    void set(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
-             const std::vector<std::uint32_t>& values) {
-        xcb_change_property(server_.get(), XCB_PROP_MODE_REPLACE, window, property, type, 32,
-                            static_cast<std::uint32_t>(values.size()), values.data());
+    template <typename Values = std::vector<std::uint32_t>>
+    void set(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, const Values& values) {
+        xcb_change_property(server_.get(), XCB_PROP_MODE_REPLACE, window, property, type,
+                            8 * sizeof values[0], static_cast<std::uint32_t>(values.size()),
+                            values.data());
     }
 
     xcb_window_t open(xcb_window_t parent, bool map = true) {
@@ -91,13 +86,12 @@ class Client {
         xcb_create_window(server_.get(), XCB_COPY_FROM_PARENT, window, server_.root(), 0, 0, 120,
                           80, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                           XCB_CW_BACK_PIXEL, &background);
-        setText(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
-                value("--instance", "client") + '\0' + value("--class", "Client") + '\0');
-        setText(window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, value("--title", "client"));
-        setText(window, XCB_ATOM_WM_CLIENT_MACHINE, XCB_ATOM_STRING, value("--machine", ""));
-        if (const auto process = std::stoul(value("--pid", std::to_string(::getpid())))) {
-            set(window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL,
-                {static_cast<std::uint32_t>(process)});
+        set(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
+            value("--instance", "client") + '\0' + value("--class", "Client") + '\0');
+        set(window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, value("--title", "client"));
+        set(window, XCB_ATOM_WM_CLIENT_MACHINE, XCB_ATOM_STRING, value("--machine", ""));
+        if (const int process = std::stoi(value("--pid", std::to_string(::getpid())))) {
+            set(window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, std::vector{process});
         }
         if (!has("--no-delete")) {
             set(window, atom("WM_PROTOCOLS"), XCB_ATOM_ATOM, {atom("WM_DELETE_WINDOW")});
@@ -114,7 +108,7 @@ class Client {
         }
         if (has("--icon")) {
             const auto size = static_cast<std::uint32_t>(std::stoul(value("--icon", "")));
-            std::vector<std::uint32_t> pixels(2 + std::size_t{size} * size, 0xff336699U);
+            std::vector<std::uint32_t> pixels(2 + size * size, 0xff336699U);
             pixels[0] = pixels[1] = size;
             set(window, atom("_NET_WM_ICON"), XCB_ATOM_CARDINAL, pixels);
         }
@@ -188,8 +182,7 @@ int main(int argc, char** argv) {
         // A helper that does not even notice the polite signal.
         std::signal(SIGTERM, SIG_IGN);
     }
-    const auto lifetime = options.find("--lifetime");
-    ::alarm(lifetime == options.end() ? 180U : static_cast<unsigned>(std::stoul(lifetime->second)));
+    ::alarm(options.contains("--long-lived") ? 7200 : 180);
     while (options.contains("--helper")) {
         ::pause();
     }

@@ -2,6 +2,7 @@
 #include "platform/linux/EventPoll.h"
 
 #include "platform/x11/hotkeys/X11Keyboard.h"
+#include "platform/x11/hotkeys/X11KeyboardLayout.h"
 #include "platform/x11/hotkeys/XcbXkb.h"
 #include "support/KeyPresser.h"
 #include "support/VirtualDesktop.h"
@@ -78,6 +79,14 @@ class X11HotKeysTest : public testing::Test {
         return !error;
     }
 
+    /// Makes one of the layouts the active one.
+    void lockLayout(std::uint8_t number) {
+        xcb_xkb_use_extension(keys->connection(), 1, 0);
+        xcb_xkb_latch_lock_state(keys->connection(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, number, 0, 0,
+                                 0);
+        keys->sync();
+    }
+
     xcb_void_cookie_t grabByOther(std::uint8_t key, std::uint16_t mask) {
         return xcb_grab_key_checked(keys->connection(), 0, keys->root(), mask, key,
                                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -98,11 +107,7 @@ TEST_F(X11HotKeysTest, FireOnceHoweverLongTheyAreHeldInAnotherWindow) {
     open("openbox");
     ASSERT_EQ(take(k, control | option), 0);
     const pid_t editor = desktop->start({"xterm"});
-    ASSERT_TRUE(waitFor([&] {
-        const X11Reply<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
-            keys->connection(), xcb_get_input_focus(keys->connection()), nullptr));
-        return focus && focus->focus > keys->root();
-    }));
+    ASSERT_TRUE(waitFor([&] { return keys->keyboardOwner() > keys->root(); }));
     keys->press({controlKey, altKey, kKey});
     pumpFor(events, 1500ms);
     EXPECT_THAT(heard, ElementsAre("+1"));
@@ -132,10 +137,7 @@ TEST_F(X11HotKeysTest, FireWithLocksAndOtherLayouts) {
     }
     keys->tap({capsLockKey});
     ASSERT_EQ(desktop->run({"setxkbmap", "us,ru"}), 0);
-    xcb_connection_t* other = keys->connection();
-    xcb_xkb_use_extension(other, 1, 0);
-    xcb_xkb_latch_lock_state(other, XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, 1, 0, 0, 0);
-    keys->sync();
+    lockLayout(1);
     keys->tap({superKey, kKey});
     EXPECT_THAT(takeHeard(), ElementsAre("+1", "-1")) << "Cyrillic letters";
     ASSERT_EQ(desktop->run({"setxkbmap", "de"}), 0);
@@ -209,6 +211,55 @@ TEST_F(X11HotKeysTest, PressesThatMustNotActAreThrownAway) {
     keys->release({kKey, controlKey});
     keys->tap({controlKey, kKey});
     EXPECT_THAT(takeHeard(), ElementsAre("+1", "-1"));
+}
+
+TEST_F(X11HotKeysTest, TheLayoutIsTheUsersActiveOne) {
+    open();
+    X11KeyboardLayout layout(*keyboard);
+    int changes = 0;
+    const auto watching = layout.onChanged([&] { ++changes; });
+    const auto text = [&](std::int64_t keyCode) { return layout.character(keyCode).value_or("-"); };
+
+    const struct {
+        std::string layouts;
+        std::uint8_t active;
+        /// The keys where a US keyboard has q, z, ;, -, `, =, /, and the one left of z.
+        const char* texts;
+    } rows[] = {
+        {"us,ru", 1, "qz;-`=/<"},
+        {"fr", 0, "awm)²=!<"},
+        {"us,de", 1, "qyöß^´-<"},
+    };
+
+    for (const auto& row : rows) {
+        ASSERT_EQ(desktop->run({"setxkbmap", "-layout", row.layouts}), 0) << desktop->log();
+        lockLayout(row.active);
+        std::string found;
+        const bool isRight = pumpUntil(events, [&] {
+            found.clear();
+            for (const std::int64_t code : {12, 6, 41, 27, 50, 24, 44, 10}) {
+                found += text(code);
+            }
+            return found == row.texts;
+        });
+        EXPECT_TRUE(isRight) << row.layouts << ": " << found;
+    }
+    EXPECT_GE(changes, 3);
+    EXPECT_EQ(text(36), "-") << "Return writes nothing to see";
+    EXPECT_EQ(text(-1), "-");
+    X11Keyboard nowhere(events, ":4242");
+    EXPECT_FALSE(nowhere.isAlive());
+    EXPECT_EQ(X11KeyboardLayout(nowhere).character(40), "k") << "American without a server";
+    const auto reading = [&](const char* layouts) {
+        return X11KeyboardLayout(nowhere, [layouts](xkb_context* context) {
+            const xkb_rule_names names{"evdev", "pc105", layouts, "", ""};
+            return XkbKeymap(xkb_keymap_new_from_names(context, &names, {}));
+        });
+    };
+    const auto german = reading("ru,de");
+    EXPECT_EQ(german.character(6), "y") << "the keymap of another window system";
+    EXPECT_EQ(german.shiftedCharacter(20), "§");
+    EXPECT_EQ(reading("ru").character(6), "z");
 }
 
 TEST_F(X11HotKeysTest, EndQuietlyWithTheServer) {

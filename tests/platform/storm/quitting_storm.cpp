@@ -7,7 +7,6 @@
 #include "platform/workspace/WorkspaceTest.h"
 
 #include <csignal>
-#include <cstdio>
 #include <fcntl.h>
 #include <random>
 #include <sched.h>
@@ -186,53 +185,30 @@ class Storm {
         for (const char* command : {"while :; do :; done", "while :; do /bin/true; done"}) {
             machine_.desktop.start({"/bin/sh", "-c", command});
         }
-        stand();
     }
 
     /// Whether nothing happened that must not.
     bool run(int quits) {
         for (int i = 0; i < quits; ++i) {
-            const auto& [name, make] = scenarios_[static_cast<std::size_t>(i) % scenarios_.size()];
             setLastId(lowestId);
-            const testing::ScopedTrace trace(__FILE__, __LINE__, name);
-            play(name, make());
+            play(i % 2 == 0 ? passesOnWhileQuitting() : passedOnBefore());
         }
         std::printf("%d quits: %d faults\n", quits, faults_);
         return faults_ == 0;
     }
 
   private:
-    using Ids = std::vector<pid_t>;
-
-    /// A process that lives through all rounds.
-    struct Standing {
-        std::function<pid_t()> start;
-        std::optional<Watched> process = {};
-    };
-
     /// New processes get the free ids above this one, those of the last round first.
     static constexpr pid_t lowestId = 300;
 
     bool coin() { return (random_() & 1U) != 0; }
 
-    /// What lives through all rounds; starts again what a round has ended.
-    void stand() {
-        for (Standing& place : standing_) {
-            if (!place.process || place.process->hasEnded()) {
-                place.process.emplace(place.start());
-            }
-        }
-    }
-
-    void play(const std::string& name, const Round& round) {
-        const auto watch = [](const Ids& ids) {
-            return std::vector<Watched>(ids.begin(), ids.end());
-        };
-        const auto meant = watch(round.meant);
-        auto spared = watch(round.spared);
+    void play(const Round& round) {
+        const std::vector<Watched> meant(round.meant.begin(), round.meant.end());
+        std::vector<Watched> spared(round.spared.begin(), round.spared.end());
         const auto fault = [&](const char* what, pid_t process) {
             ++faults_;
-            std::printf("%s: %s: %d\n", name.c_str(), what, process);
+            std::printf("%s: %d\n", what, process);
         };
         const bool answer = machine_.quitter.quitApp(round.target, round.force);
         if (answer != round.quits) {
@@ -256,11 +232,10 @@ class Storm {
             }
         };
         std::ranges::for_each(spared, judge);
-        std::ranges::for_each(standing_, [&](const auto& place) { judge(*place.process); });
+        std::ranges::for_each(standing_, judge);
         for (const auto& processes : {spared, meant}) {
             std::ranges::for_each(processes, [&](const auto& each) { machine_.end(each); });
         }
-        stand();
     }
 
     /// The id of one instance passes on while the other, which ignores signals, still runs.
@@ -289,20 +264,12 @@ class Storm {
 
     std::mt19937 random_;
     StormDesktop machine_;
-    std::vector<Standing> standing_ = {
-        {[this] { return machine_.shownApplication("bystander", {"--lifetime", "7200"}); }},
-        {[this] { return machine_.desktop.start({"/usr/bin/sleep", "7200"}); }},
-        {[this] {
-            return machine_.desktop.start(
-                {machine_.file("tool"), "--helper", "--lifetime", "7200"});
-        }},
-        {[this] { return machine_.desktop.server(); }},
-        {[this] { return machine_.desktop.windowManager(); }}};
+    /// What lives through all rounds.
+    std::vector<Watched> standing_ = {
+        Watched(machine_.shownApplication("bystander", {"--long-lived"})),
+        Watched(machine_.desktop.start({"/usr/bin/sleep", "7200"})),
+        Watched(machine_.desktop.server()), Watched(machine_.desktop.windowManager())};
     int faults_ = 0;
-    std::vector<std::pair<std::string, std::function<Round()>>> scenarios_ = {
-        {"id passes on", [this] { return passesOnWhileQuitting(); }},
-        {"id passed on before", [this] { return passedOnBefore(); }},
-    };
 };
 
 /// Runs the storm in a pid namespace of its own, where process ids can be chosen and nothing of

@@ -54,12 +54,6 @@ class UserInput : public KeyPresser {
         sync();
     }
 
-    xcb_window_t keyboardOwner() {
-        const X11Reply<xcb_get_input_focus_reply_t> reply(
-            xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
-        return reply ? reply->focus : xcb_window_t{XCB_NONE};
-    }
-
     /// The uppermost window where the pointer is.
     xcb_window_t topmost() {
         const X11Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(

@@ -48,10 +48,6 @@ class ShortcutsFixture : public testing::Test {
 
 class HotKeyTableTest : public ShortcutsFixture {
   protected:
-    void openMenu() { notifications.post({"NSMenuDidBeginTrackingNotification", {}}); }
-
-    void closeMenu() { notifications.post({"NSMenuDidEndTrackingNotification", {}}); }
-
     /// Stores a shortcut for a name; its actions append the name, and "'" for the release.
     ShortcutName bind(const std::string& raw, const Shortcut& shortcut) {
         auto name = shortcuts.name(raw);
@@ -79,8 +75,9 @@ TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
     bind("k", commandK);
     bind("s", optionS);
     hotKeys.takeCalls();
-    openMenu();
-    openMenu();
+    for (int times = 0; times < 2; ++times) {
+        notifications.post({"NSMenuDidBeginTrackingNotification", {}});
+    }
     EXPECT_EQ(hotKeys.takeCalls(), (Lines{"release 1", "release 2", "-hot", "+raw"}));
     // Other bits are ignored.
     EXPECT_EQ(hotKeys.raw(40, 0x100 | 0x400 | 0x10000), 0);
@@ -92,7 +89,7 @@ TEST_F(HotKeyTableTest, AnOpenMenuSwitchesToRawKeys) {
 
     hotKeys.refusals[40] = HotKeyStatus::taken;
     testing::internal::CaptureStdout();
-    closeMenu();
+    notifications.post({"NSMenuDidEndTrackingNotification", {}});
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error registering hotkey ⌘K: 10\n");
     EXPECT_EQ(hotKeys.takeCalls(),
               (Lines{"register 40/256 as 1", "register 1/2048 as 2", "-raw", "+hot"}));
