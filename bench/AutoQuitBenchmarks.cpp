@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "autoquit/AutoQuitManager.h"
 
 #include "fakes/FakePlatform.h"

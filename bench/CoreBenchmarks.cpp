@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Children.h"
 #include "Compare.h"
 #include "WorkspaceBenchmarks.h"

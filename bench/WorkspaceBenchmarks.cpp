@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WorkspaceBenchmarks.h"
 
 #include "Children.h"

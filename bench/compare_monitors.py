@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Measures Calmora beside other programs that show processes, on one virtual desktop.
 
 Usage: compare_monitors.py PROGRAM LATENCY_TOOL WINDOW_CLIENT [--seconds N]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures how long something takes to appear on the screen, by watching one pixel.
 //
 // popover_latency click ICON_X ICON_Y PROBE_X PROBE_Y ROUNDS

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Measures the whole program on a virtual desktop: memory, CPU time, wake-ups, latencies.
 
 Usage: whole_program.py PROGRAM LATENCY_TOOL WINDOW_CLIENT [--seconds N]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Adds a module: one library, usually the files of one folder of src. Every header compiles alone: its
 # .cpp file includes it first, and a header without one is verified (all_verify_interface_header_sets).
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The Debian package (`cmake --build BUILD --target package`), and the documents that are installed
 # with the program.
 

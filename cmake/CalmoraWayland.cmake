@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The code of Wayland protocols as one static library with the headers NAME-client.h.
 #
 #   calmora_add_wayland_protocols(<target> <file>...)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Prints, as JSON, what a screen reader sees of a program: role, name, label, description, states,
 place on the screen, children. The options of a closed picker, which are nowhere, are left out.
 

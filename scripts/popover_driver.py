@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Drives Calmora on a virtual desktop as a user does: real clicks and keys, and what a screen
 reader sees.
 """

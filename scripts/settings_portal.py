@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The desktop's settings portal, reduced to the colour scheme, for a virtual desktop.
 
 Usage: settings_portal.py SCHEME      1 prefers dark, 2 prefers light (XDG Desktop Portal, Settings)

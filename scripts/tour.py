@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Shows Calmora on a virtual desktop with four real applications, driven by real clicks and keys.
 
 Usage: tour.py PROGRAM FOLDER

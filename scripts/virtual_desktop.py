@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A desktop of its own on a virtual display: X server, session bus, accessibility, window manager,
 tray. Everything that it started, and every orphan of that, is ended when it closes; it touches no
 other process. Used by ./run where there is no display and by the end-to-end tests.

@@ -1,1 +1,2 @@
+// SPDX-License-Identifier: MIT
 // A precompiled header needs a source.

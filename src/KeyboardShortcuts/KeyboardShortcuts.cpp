@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 
 #include "platform/NotificationCenter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyboardShortcuts/Recorder.h"
 
 #include "platform/KeyboardLayout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyboardShortcuts/ShortcutText.h"
 
 #include "platform/KeyboardLayout.h"

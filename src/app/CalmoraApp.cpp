@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/CalmoraApp.h"
 
 #include "app/Diagnosis.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/GlobalShortcuts.h"
 
 #include "platform/HotKeys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/InstanceCommands.h"
 
 #include "app/AppDelegate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/LinuxMachine.h"
 
 #include "app/Identity.h"

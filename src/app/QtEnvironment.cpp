@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/QtEnvironment.h"
 
 #include "platform/wayland/backend/QtPlatformChoice.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/WindowBackendChoice.h"
 
 #include "platform/wayland/CompositorWindows.h"

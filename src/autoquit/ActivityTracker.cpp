@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "autoquit/ActivityTracker.h"
 
 #include "platform/Clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "autoquit/ProcessTreeSampler.h"
 
 #include "platform/Clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProcessMonitor.h"
 
 #include "platform/Bundle.h"

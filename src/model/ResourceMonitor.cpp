@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ResourceMonitor.h"
 
 #include "platform/Clock.h"

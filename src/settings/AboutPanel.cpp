@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/AboutPanel.h"
 
 #include "platform/LocalizedStrings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/AboutSettingsView.h"
 
 #include "platform/Updater.h"

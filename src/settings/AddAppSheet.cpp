@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/AddAppSheet.h"
 
 #include "settings/AppSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/NeverQuitList.h"
 
 #include "autoquit/catalogue/KnownApps.h"

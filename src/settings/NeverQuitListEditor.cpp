@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/NeverQuitListEditor.h"
 
 #include "settings/AppSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/ProgramMenu.h"
 
 #include "platform/LocalizedStrings.h"

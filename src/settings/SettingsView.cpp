@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/SettingsView.h"
 
 #include "platform/Bundle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/SettingsWindow.h"
 
 #include "platform/LocalizedStrings.h"

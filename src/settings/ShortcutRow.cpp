@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/ShortcutRow.h"
 
 #include "settings/ProgramMenu.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/ShortcutsSettingsView.h"
 
 #include "platform/NotificationCenter.h"

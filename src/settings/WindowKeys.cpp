@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/WindowKeys.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/AppListViewModel.h"
 
 #include "autoquit/catalogue/KnownApps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/AppRowView.h"
 
 #include "ui/RowLayout.h"

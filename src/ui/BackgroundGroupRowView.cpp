@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/BackgroundGroupRowView.h"
 
 #include "ui/AppRowView.h"

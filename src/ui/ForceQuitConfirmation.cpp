@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/ForceQuitConfirmation.h"
 
 #include "platform/Alerts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/MenuPopoverView.h"
 
 #include "platform/LocalizedStrings.h"

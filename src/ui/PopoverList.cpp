@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/PopoverList.h"
 
 #include "ui/AppListViewModel.h"

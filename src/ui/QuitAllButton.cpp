@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/QuitAllButton.h"
 
 #include "widgets/DisplayText.h"

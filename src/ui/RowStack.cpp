@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/RowStack.h"
 
 #include "widgets/Theme.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/SearchBox.h"
 
 #include "widgets/DisplayText.h"

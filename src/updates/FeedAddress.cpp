@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/FeedAddress.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/ReleaseReader.h"
 
 #include "updates/FeedAddress.h"

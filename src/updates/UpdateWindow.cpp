@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
 #include "widgets/Controls.h"

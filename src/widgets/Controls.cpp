@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/Controls.h"
 
 #include "widgets/Labels.h"

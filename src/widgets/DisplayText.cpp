@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/DisplayText.h"
 
 #include "platform/LocalizedStrings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/Labels.h"
 
 #include "widgets/DisplayText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/Theme.h"
 
 #include "widgets/ThemeStyle.h"

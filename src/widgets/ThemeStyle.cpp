@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ThemeStyle.h"
 
 #include "widgets/Controls.h"

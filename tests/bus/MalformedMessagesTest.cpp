@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/FakeLocalizedStrings.h"
 #include "platform/desktop/DbusApplications.h"
 #include "platform/desktop/DesktopColorScheme.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/FakeLocalizedStrings.h"
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/status/Glyph.h"

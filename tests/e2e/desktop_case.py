@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the end-to-end tests share: a virtual desktop per test and the installed program on it."""
 
 import json

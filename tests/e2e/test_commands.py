@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The command line, answered by the running instance."""
 
 import json

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The Debian package, unpacked into a root of its own: what it says, and the program in it."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The popover on a real desktop: what it lists, what its buttons quit, when it stays open."""
 
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The whole road of a user: shortcuts recorded in the settings and used, quitting by force, what is
 kept over a restart, automatic quitting switched on; on desktops with unlike trays.
 """

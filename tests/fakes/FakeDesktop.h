@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a desktop shows, plays and reports, in memory.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Hot keys, a layout and the shortcuts of a desktop, in memory.
 #pragma once
 

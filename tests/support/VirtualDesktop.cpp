@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/VirtualDesktop.h"
 
 #include "platform/x11/X11Connection.h"

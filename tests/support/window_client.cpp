@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A small program with real windows, for tests: each option is one habit that applications have.
 #include "platform/x11/X11Connection.h"
 

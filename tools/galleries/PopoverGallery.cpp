@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the popover with sample data into pictures for visual checks.
 // Usage: calmora_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
 //        calmora_gallery --time prints what showing the popover costs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the General pane and its sheet into pictures for visual checks.
 // Usage: calmora_settings_gallery FOLDER; set QT_SCALE_FACTOR for other resolutions.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the Shortcuts pane, the recorder's states and its alerts into pictures.
 // Usage: calmora_shortcuts_gallery FOLDER [LOCALE]; set QT_SCALE_FACTOR for other resolutions.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "autoquit/catalogue/LinuxAnnex.h"
 
 #include <algorithm>

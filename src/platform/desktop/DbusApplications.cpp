@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/DbusApplications.h"
 
 #include "platform/desktop/dbus/Messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/DesktopNotifications.h"
 
 #include "platform/desktop/dbus/Calls.h"

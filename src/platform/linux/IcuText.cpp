@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/IcuText.h"
 
 #include <cstdlib>

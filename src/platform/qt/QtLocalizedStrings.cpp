@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/QtLocalizedStrings.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/CompositorWindows.h"
 
 #include "platform/wayland/SwayWindowSystem.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/KwinReport.h"
 
 #include "platform/wayland/Json.h"

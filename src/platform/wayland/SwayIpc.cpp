@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/SwayIpc.h"
 
 #include "platform/linux/protection/SocketPeers.h"

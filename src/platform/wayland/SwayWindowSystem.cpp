@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/SwayWindowSystem.h"
 
 #include "platform/linux/EventPoll.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/ToplevelWindowSystem.h"
 
 #include "platform/linux/EventPoll.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/WaylandConnection.h"
 
 #include "platform/linux/protection/SocketPeers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/X11Sightings.h"
 
 #include "platform/linux/proc/ProcessReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/X11WindowSystem.h"
 
 #include "platform/linux/windows/WaylandSession.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Change tracking of X11WindowSystem.
 #include "platform/x11/X11WindowSystem.h"
 

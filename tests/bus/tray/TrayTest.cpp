@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/FakeLocalizedStrings.h"
 #include "platform/desktop/status/QtStatusItem.h"
 #include "support/VirtualDesktop.h"

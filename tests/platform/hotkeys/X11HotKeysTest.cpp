@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/hotkeys/X11HotKeys.h"
 #include "platform/linux/EventPoll.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window systems of a virtual KWin and its X server, with real programs.
 #include "platform/wayland/kwin/KwinWindowSystem.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/protection/SessionGuard.h"
 
 #include "platform/linux/proc/LinuxClock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What desktops have bound: the real Xfce, and GNOME's settings.
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/shortcuts/ShortcutSources.h"

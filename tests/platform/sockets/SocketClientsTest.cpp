@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/SocketClients.h"
 
 #include "platform/linux/proc/ProcessReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What may be at the path of SWAYSOCK beside sway.
 #include "platform/wayland/SwayWindowSystem.h"
 

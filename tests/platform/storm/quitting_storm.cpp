@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Quits real applications by the hundred under load, with processes beside them that must live,
 // and counts what must not happen. The ids of ended processes are in use again at once.
 //

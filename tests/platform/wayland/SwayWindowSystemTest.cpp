@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window systems of a headless sway and its X server, with real programs.
 #include "platform/wayland/SwayWindowSystem.h"
 

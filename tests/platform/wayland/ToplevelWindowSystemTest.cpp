@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows whose processes the compositor does not tell, with real programs under sway.
 #include "platform/wayland/CompositorWindows.h"
 

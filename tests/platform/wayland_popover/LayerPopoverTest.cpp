@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The popover as a layer surface on a headless sway, with real keys and clicks.
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtEventMonitor.h"

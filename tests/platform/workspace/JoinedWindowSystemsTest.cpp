@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The workspace over an X server and a second window system, which names applications only.
 #include "WorkspaceTest.h"
 

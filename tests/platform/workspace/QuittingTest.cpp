@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WorkspaceTest.h"
 
 #include <csignal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WorkspaceTest.h"
 
 #include "support/Sandbox.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows whose ids, or the ids of whose owners, pass on while nobody looks.
 #include "WorkspaceTest.h"
 

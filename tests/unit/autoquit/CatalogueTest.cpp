@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "autoquit/IdlePolicy.h"
 
 #include "autoquit/catalogue/KnownAppTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/hotkeys/HotKeyRoute.h"
 #include "platform/desktop/hotkeys/HotKeyTable.h"

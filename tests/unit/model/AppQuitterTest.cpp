@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/AppQuitter.h"
 
 #include "fakes/FakePlatform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProcessMonitor.h"
 
 #include "autoquit/ProcessTreeSampler.h"

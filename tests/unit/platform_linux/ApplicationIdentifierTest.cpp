@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
 #include "platform/linux/xdg/ExecKey.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/window/FocusMove.h"
 #include "platform/qt/window/PopoverPlacement.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/AppSettings.h"
 
 #include "fakes/FakeLoginItem.h"

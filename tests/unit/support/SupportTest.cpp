@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/Signal.h"
 
 #include "platform/linux/identity/SyntheticIdentity.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The tables of texts against the sources: none missing, none stale, none unfinished, and every
 placeholder where the code fills it in.
 """

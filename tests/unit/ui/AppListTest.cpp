@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/AppListViewModel.h"
 
 #include "fakes/FakePlatform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/FeedUpdater.h"
 
 #include "fakes/FakePlatform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/BarArea.h"
 #include "platform/wayland/backend/QtPlatformChoice.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/AppIdPrograms.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 #include "platform/wayland/SocketClients.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fakes/LookUp.h"
 #include "platform/linux/windows/WindowOwner.h"
 #include "platform/linux/windows/WindowRoles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/workspace/ActivationRules.h"
 
 #include "fakes/LookUp.h"

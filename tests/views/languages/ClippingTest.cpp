@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every window in every language: no text may be cut off.
 
 #include "platform/qt/alerts/QtAlerts.h"

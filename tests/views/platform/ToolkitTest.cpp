@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/alerts/QtAlerts.h"
 #include "platform/qt/input/QtInputGate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ShortcutsPane.h"
 #include "support/QtWaiting.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/QtWaiting.h"
 #include "ui/PopoverFixture.h"
 #include "ui/RowStack.h"

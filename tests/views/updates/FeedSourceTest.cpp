@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/FeedSource.h"
 #include "support/QtWaiting.h"
 

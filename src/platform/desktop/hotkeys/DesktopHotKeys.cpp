@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/hotkeys/DesktopHotKeys.h"
 
 #include "platform/desktop/hotkeys/HotKeyRoute.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/hotkeys/HotKeyRoute.h"
 
 #include "platform/linux/keyboard/KeyCodes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/hotkeys/HotKeyTable.h"
 
 #include <cstdint>

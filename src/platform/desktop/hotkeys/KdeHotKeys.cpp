@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/hotkeys/KdeHotKeys.h"
 
 #include "platform/KeyboardLayout.h"

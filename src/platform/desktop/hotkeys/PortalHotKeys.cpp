@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/hotkeys/PortalHotKeys.h"
 
 #include "platform/desktop/dbus/Calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/SoundServer.h"
 
 #include <canberra.h>

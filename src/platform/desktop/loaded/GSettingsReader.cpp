@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/GSettings.h"
 
 #include <gio/gio.h>

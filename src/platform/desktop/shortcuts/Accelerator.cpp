@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/Accelerator.h"
 
 #include "platform/linux/keyboard/KeyCodes.h"

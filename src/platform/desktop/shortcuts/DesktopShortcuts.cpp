@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 
 #include "platform/KeyboardLayout.h"

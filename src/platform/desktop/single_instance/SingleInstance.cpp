@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/single_instance/SingleInstance.h"
 
 #include "platform/desktop/dbus/Calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/status/Glyph.h"
 
 #include "widgets/Pictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/status/MenuObject.h"
 
 #include "support/ShownName.h"

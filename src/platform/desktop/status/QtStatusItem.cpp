@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/status/QtStatusItem.h"
 
 #include "platform/LocalizedStrings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/identity/BundlePath.h"
 
 #include "platform/linux/proc/ProcFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/identity/SyntheticIdentity.h"
 
 #include "platform/linux/identity/StartedProgram.h"

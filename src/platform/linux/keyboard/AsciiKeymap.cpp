@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/keyboard/AsciiKeymap.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/keyboard/KeyCodes.h"
 
 #include <algorithm>

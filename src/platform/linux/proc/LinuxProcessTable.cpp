@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/proc/LinuxProcessTable.h"
 
 #include "platform/linux/proc/PidFd.h"

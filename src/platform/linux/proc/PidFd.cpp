@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/proc/PidFd.h"
 
 #include <cerrno>

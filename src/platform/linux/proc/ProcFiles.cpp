@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/proc/ProcFiles.h"
 
 #include "platform/linux/xdg/KeyFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/proc/ProcessMemory.h"
 
 namespace calmora {

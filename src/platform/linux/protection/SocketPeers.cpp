@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/protection/SocketPeers.h"
 
 #include "support/TextHelpers.h"

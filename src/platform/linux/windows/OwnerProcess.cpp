@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/OwnerProcess.h"
 
 #include "platform/linux/proc/ProcessReader.h"

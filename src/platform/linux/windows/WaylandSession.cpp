@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/WaylandSession.h"
 
 #include "platform/linux/protection/SocketPeers.h"

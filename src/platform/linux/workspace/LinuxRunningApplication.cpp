@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/workspace/LinuxRunningApplication.h"
 
 #include "platform/Clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/DesktopEntry.h"
 
 #include "platform/linux/xdg/KeyFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
 #include "support/TextHelpers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/InstalledApplications.h"
 
 #include "platform/linux/xdg/ExecResolver.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/JsonUserDefaults.h"
 
 #include "platform/linux/xdg/TextFile.h"

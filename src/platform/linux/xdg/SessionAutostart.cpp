@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/SessionAutostart.h"
 
 #include "platform/linux/xdg/ExecKey.h"

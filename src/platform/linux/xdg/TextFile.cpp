@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/xdg/TextFile.h"
 
 #include "support/FileDescriptor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/popover/QtPopover.h"
 
 #include <QApplication>

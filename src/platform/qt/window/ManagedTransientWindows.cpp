@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/qt/window/ManagedTransientWindows.h"
 
 #include <QGuiApplication>

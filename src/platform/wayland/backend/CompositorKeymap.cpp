@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/CompositorKeymap.h"
 
 #include "platform/wayland/backend/CompositorConnection.h"

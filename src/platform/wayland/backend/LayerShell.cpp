@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/LayerShell.h"
 
 #include <QGuiApplication>

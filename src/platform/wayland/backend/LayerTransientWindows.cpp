@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/LayerTransientWindows.h"
 
 #include "platform/wayland/backend/BarArea.h"

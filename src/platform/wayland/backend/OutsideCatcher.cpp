@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/OutsideCatcher.h"
 
 #include "platform/wayland/backend/LayerShellProtocol.h"

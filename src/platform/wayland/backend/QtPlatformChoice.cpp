@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/backend/QtPlatformChoice.h"
 
 #include "platform/wayland/backend/CompositorConnection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/wayland/kwin/KwinWindowSystem.h"
 
 #include "platform/desktop/dbus/Calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs in KWin 5.27 and 6, behind a line that defines `parameters`:
 //   service, path, interface   whom to tell
 //   run                        our number

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/backend/X11Backend.h"
 
 #include "platform/qt/window/ManagedTransientWindows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/backend/X11FocusGrab.h"
 
 #include "platform/qt/window/FocusMove.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/backend/X11Input.h"
 
 #include "platform/x11/hotkeys/X11ModifierMap.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/backend/X11TransientWindows.h"
 
 #include "platform/x11/backend/X11FocusGrab.h"

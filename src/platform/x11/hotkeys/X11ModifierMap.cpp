@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/x11/hotkeys/X11ModifierMap.h"
 
 #include "platform/x11/X11Connection.h"
