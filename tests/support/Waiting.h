@@ -65,11 +65,12 @@ int pumpFor(Events& events, std::chrono::milliseconds time) {
 }
 
 /// Runs an EventPoll until what other programs have caused has arrived: until nothing has come for
-/// 100 ms. False when it goes on coming.
+/// `quiet`. False when it goes on coming.
 template <typename Events>
-bool pumpUntilQuiet(Events& events) {
+bool pumpUntilQuiet(Events& events,
+                    std::chrono::milliseconds quiet = std::chrono::milliseconds(100)) {
     for (int attempt = 0; attempt < 50; ++attempt) {
-        if (pumpFor(events, std::chrono::milliseconds(100)) == 0) {
+        if (pumpFor(events, quiet) == 0) {
             return true;
         }
     }
