@@ -9,7 +9,7 @@
 namespace calmora {
 
 QtEnvironment::QtEnvironment()
-    : set_(qtEnvironmentFor(readSessionFacts([] { return X11Connection().isAlive(); }))) {
+    : set_(qtEnvironmentFor(readCompositorFacts([] { return X11Connection().isAlive(); }))) {
     for (const auto& [name, value] : set_) {
         const char* before = std::getenv(name.c_str());
         before_[name] = before == nullptr ? std::nullopt : std::optional<std::string>(before);

@@ -6,7 +6,7 @@ namespace calmora {
 namespace {
 
 TEST(QtPlatformChoice, TakesLayerSurfacesElseX11ElseWayland) {
-    const auto inWords = [](const SessionFacts& facts) {
+    const auto inWords = [](const CompositorFacts& facts) {
         auto environment = qtEnvironmentFor(facts);
         std::string words = environment["QT_QPA_PLATFORM"];
         words += environment["QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"] == "1" ? " roleless" : "";
@@ -14,7 +14,7 @@ TEST(QtPlatformChoice, TakesLayerSurfacesElseX11ElseWayland) {
         return words;
     };
 
-    const std::pair<SessionFacts, const char*> rows[] = {
+    const std::pair<CompositorFacts, const char*> rows[] = {
         {{.hasXServer = true}, "xcb"},
         // sway, KWin, labwc
         {{.hasCompositor = true, .hasLayerShell = true, .drawsTitleBars = true, .hasXServer = true},

@@ -17,8 +17,8 @@ std::string variable(const char* name) {
 
 } // namespace
 
-SessionFacts readSessionFacts(bool (*answersOnX11)()) {
-    SessionFacts facts{.wantedPlatform = variable("QT_QPA_PLATFORM")};
+CompositorFacts readCompositorFacts(bool (*answersOnX11)()) {
+    CompositorFacts facts{.wantedPlatform = variable("QT_QPA_PLATFORM")};
     // A connection that was handed over can be used once only.
     if (!variable("WAYLAND_DISPLAY").empty() && variable("WAYLAND_SOCKET").empty()) {
         const CompositorConnection compositor;
@@ -32,7 +32,7 @@ SessionFacts readSessionFacts(bool (*answersOnX11)()) {
     return facts;
 }
 
-std::map<std::string, std::string> qtEnvironmentFor(const SessionFacts& facts) {
+std::map<std::string, std::string> qtEnvironmentFor(const CompositorFacts& facts) {
     std::map<std::string, std::string> environment;
     const bool isOnWayland = facts.wantedPlatform.empty()
                                  ? facts.hasLayerShell

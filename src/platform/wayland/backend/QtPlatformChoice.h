@@ -7,7 +7,7 @@
 namespace calmora {
 
 /// What is known of the session before Qt starts.
-struct SessionFacts {
+struct CompositorFacts {
     /// The user's QT_QPA_PLATFORM; empty when there is none.
     std::string wantedPlatform = {};
     /// A Wayland compositor answers.
@@ -23,13 +23,13 @@ struct SessionFacts {
 
 /// Asks the session, in a few milliseconds: the compositor with one round trip of limited time, the
 /// X server only where it depends on it.
-[[nodiscard]] SessionFacts readSessionFacts(bool (*answersOnX11)());
+[[nodiscard]] CompositorFacts readCompositorFacts(bool (*answersOnX11)());
 
 /// The environment variables that make Qt use the window system of this session: layer surfaces
 /// where there are some, else X11, where a program may place its windows, else Wayland.
 /// Source: Qt, QT_QPA_PLATFORM; Qt Wayland, QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT (a window
 /// without window manager has a surface without a role), QT_WAYLAND_DISABLE_FIXED_POSITIONS (a
 /// window keeps the position that it was given), QT_WAYLAND_DISABLE_WINDOWDECORATION.
-[[nodiscard]] std::map<std::string, std::string> qtEnvironmentFor(const SessionFacts& facts);
+[[nodiscard]] std::map<std::string, std::string> qtEnvironmentFor(const CompositorFacts& facts);
 
 } // namespace calmora
