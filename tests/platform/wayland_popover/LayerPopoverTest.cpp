@@ -280,7 +280,7 @@ int main(int argc, char** argv) {
     calmora::VirtualDesktop sway({.sway = true});
     calmora::desktop = &sway;
     sway.enter();
-    const auto facts = calmora::readSessionFacts([] { return false; });
+    const auto facts = calmora::readCompositorFacts([] { return false; });
     for (const auto& [name, value] : calmora::qtEnvironmentFor(facts)) {
         qputenv(name.c_str(), value.c_str());
     }
