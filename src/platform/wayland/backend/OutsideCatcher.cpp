@@ -78,7 +78,7 @@ class OutsideCatcher::Cover {
                            std::uint32_t width, std::uint32_t height) {
                             static_cast<Cover*>(self)->configured(role, serial, width, height);
                         });
-        // Never shown: it only learns how much bars leave.
+        // It only learns how much bars leave.
         probe_.reset(wl_compositor_create_surface(objects_.compositor.get()));
         probeRole_ = addRole(probe_.get(), 0,
                              [](void* self, zwlr_layer_surface_v1* role, std::uint32_t serial,
@@ -95,7 +95,10 @@ class OutsideCatcher::Cover {
 
     [[nodiscard]] bool has(const wl_surface* surface) const { return surface == surface_.get(); }
 
+    /// sway 1.10 tells the pointer's place on a surface only when another one comes or goes.
     void endProbe() {
+        wl_surface_attach(probe_.get(), objects_.pixel.get(), 0, 0);
+        wl_surface_commit(probe_.get());
         zwlr_layer_surface_v1_destroy(probeRole_.release());
         wl_surface_destroy(probe_.release());
     }
