@@ -64,11 +64,11 @@ TEST(BarArea, IsWhereThePointerIsInABar) {
 
 TEST(BarArea, CountsAPanelThatIsKnownOnlyByItsIcon) {
     constexpr Size whole{1280, 800};
-    EXPECT_EQ(usableBesideIcon(whole, whole, {1262, 22}), Size(1280, 756));
-    EXPECT_EQ(usableBesideIcon(whole, whole, {1262, 780}), Size(1280, 760));
-    EXPECT_EQ(usableBesideIcon(whole, whole, {18, 400}), Size(1244, 800));
+    EXPECT_EQ(usableBesideIcon(whole, whole, {1262, 22}), (Size{1280, 756}));
+    EXPECT_EQ(usableBesideIcon(whole, whole, {1262, 780}), (Size{1280, 760}));
+    EXPECT_EQ(usableBesideIcon(whole, whole, {18, 400}), (Size{1244, 800}));
     EXPECT_EQ(usableBesideIcon(whole, whole, {300, 300}), whole);
-    EXPECT_EQ(usableBesideIcon(whole, {1280, 770}, {1262, 22}), Size(1280, 770));
+    EXPECT_EQ(usableBesideIcon(whole, {1280, 770}, {1262, 22}), (Size{1280, 770}));
 }
 
 } // namespace
