@@ -112,7 +112,7 @@ class Daemon {
     std::atomic<int> key = 0;
     QDBusConnection connection;
     ScriptedObject object;
-    AnsweringThread thread{{&object}};
+    AnsweringThread thread{std::initializer_list<QObject*>{&object}};
 };
 
 TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
