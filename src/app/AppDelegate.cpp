@@ -61,7 +61,7 @@ void AppDelegate::wireShortcuts() {
 QuitOutcome AppDelegate::quitAll(bool force) {
     AppListViewModel applications(settings_, platform_);
     applications.refresh();
-    const std::size_t ticked = applications.selectedCount();
+    const std::size_t ticked = applications.selectedCount(force);
     if (force &&
         (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
         return {ticked, 0};

@@ -40,8 +40,10 @@ struct AppInfo {
     std::optional<std::vector<AppInfo>> childProcesses = {};
     /// The catalogue's entry for the identifier.
     std::optional<KnownAppInfo> knownAppInfo = {};
-    /// As WorkspaceApplication::candidates: its figures are their sum, and it cannot be forced.
+    /// As WorkspaceApplication::candidates: its figures are their sum.
     std::vector<ProcessId> candidates = {};
+    /// As WorkspaceApplication::canBeForced.
+    bool canBeForced = true;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

@@ -31,6 +31,7 @@ AppInfo record(const WorkspaceApplication& application) {
     app.otherBundleIdentifiers = application.otherIdentifiers;
     app.icon = application.icon;
     app.candidates = application.candidates;
+    app.canBeForced = application.canBeForced;
     return app;
 }
 

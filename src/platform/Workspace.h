@@ -72,6 +72,9 @@ struct WorkspaceApplication {
     /// All processes that its windows may belong to, ascending, where these cannot be told apart;
     /// empty where there is only one. None of them may be signalled.
     std::vector<ProcessId> candidates = {};
+    /// False where its process may have windows of which only several candidates are known, in its
+    /// own row or in another one. A forced quit is refused.
+    bool canBeForced = true;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

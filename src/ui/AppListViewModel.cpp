@@ -50,8 +50,10 @@ void AppListViewModel::setSearchText(std::string text) {
     }
 }
 
-std::size_t AppListViewModel::selectedCount() const {
-    return static_cast<std::size_t>(std::ranges::count(apps_, true, &AppInfo::isSelected));
+std::size_t AppListViewModel::selectedCount(bool force) const {
+    return static_cast<std::size_t>(std::ranges::count_if(apps_, [force](const AppInfo& app) {
+        return app.isSelected && (app.canBeForced || !force);
+    }));
 }
 
 std::vector<AppInfo> AppListViewModel::filteredApps() const {

@@ -70,8 +70,9 @@ class AppListViewModel {
     /// Setting the same text again notifies no observer.
     void setSearchText(std::string text);
 
-    /// The number of ticked entries of apps().
-    [[nodiscard]] std::size_t selectedCount() const;
+    /// How many ticked entries of apps() quitSelected() would quit: those that cannot be forced are
+    /// not counted with `force`.
+    [[nodiscard]] std::size_t selectedCount(bool force) const;
 
     /// The entries of apps() whose name contains the search text, in the order that the settings
     /// ask for. Computed on each call.

@@ -110,7 +110,7 @@ void AppRowView::showState() {
     quit_->setVisible(!row_.isWhitelisted);
     quit_->setSymbol(row_.isForceQuit ? "xmark.circle.fill" : "power.circle", quitPoints,
                      row_.isForceQuit ? ThemeColor::red : ThemeColor::secondary);
-    const bool isRefused = row_.isForceQuit && !row_.app.candidates.empty();
+    const bool isRefused = row_.isForceQuit && !row_.app.canBeForced;
     quit_->setEnabled(!isRefused);
     const QString action = isRefused ? uiText("This desktop does not tell which process has which "
                                               "of these windows, so none can be forced to quit.")

@@ -256,7 +256,7 @@ void MenuPopoverView::rebuild() {
 
 void MenuPopoverView::showControls() {
     quitAll_->setForceQuit(isForceQuit_);
-    quitAll_->setEnabled(viewModel_.selectedCount() > 0);
+    quitAll_->setEnabled(viewModel_.selectedCount(isForceQuit_) > 0);
     const QString text = QString::fromStdString(viewModel_.searchText());
     if (search_->field().text() != text) {
         search_->field().setText(text);
@@ -279,7 +279,7 @@ void MenuPopoverView::quitAll(bool force) {
     const Platform& platform = surroundings_.platform;
     const QPointer<MenuPopoverView> self(this);
     if (force &&
-        !confirmForceQuitAll(platform.alerts, platform.strings, viewModel_.selectedCount())) {
+        !confirmForceQuitAll(platform.alerts, platform.strings, viewModel_.selectedCount(force))) {
         return;
     }
     if (self) {

@@ -143,7 +143,7 @@ class FakeWorkspace final : public Workspace {
 
         bool isTerminated() const override { return !workspace_.isRunning(self_); }
 
-        bool hasSeveralCandidates() const override { return !self_.candidates.empty(); }
+        bool hasSeveralCandidates() const override { return workspace_.isOneOfSeveral(self_.pid); }
 
         bool terminate() override {
             workspace_.terminateRequests.push_back(self_.pid);
@@ -175,10 +175,17 @@ class FakeWorkspace final : public Workspace {
         FakeApplication self_;
     };
 
-    static WorkspaceApplication record(const FakeApplication& application) {
-        return {application.pid,       application.bundleIdentifier, application.name,
-                application.icon,      application.policy,           application.otherIdentifiers,
-                application.candidates};
+    bool isOneOfSeveral(ProcessId process) const {
+        return std::ranges::any_of(applications_, [process](const FakeApplication& application) {
+            return std::ranges::binary_search(application.candidates, process);
+        });
+    }
+
+    WorkspaceApplication record(const FakeApplication& application) const {
+        return {application.pid,        application.bundleIdentifier,
+                application.name,       application.icon,
+                application.policy,     application.otherIdentifiers,
+                application.candidates, !isOneOfSeveral(application.pid)};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {

@@ -76,6 +76,9 @@ TEST_F(JoinedWindowSystems, FollowTheWindowsOfCandidatesWhileTheyEnd) {
     own.process = higher;
     own.certainty = ProcessCertainty::certain;
     second.all = {window(2), own};
+    const ApplicationSnapshot rows = joined.workspace.runningApplications();
+    EXPECT_EQ(rows.size(), 2U);
+    EXPECT_TRUE(std::ranges::none_of(rows, &WorkspaceApplication::canBeForced));
     // The lower one has ended with the first.
     second.all[0].candidates.clear();
     second.all[0].process = higher;

@@ -87,10 +87,14 @@ TEST_F(AppListViewModelTest, SumsCandidatesAndLetsNoTickAppearWhenTheyPart) {
     EXPECT_EQ(model.apps()[1].memoryMB, 4);
     EXPECT_EQ(model.apps()[1].cpuUsage, 50);
 
+    launch(3, "Own row", "org.twin");
+    model.refresh();
+    EXPECT_EQ(model.selectedCount(false), 3U);
+    EXPECT_EQ(model.selectedCount(true), 1U) << "the question is about those that it will end";
     EXPECT_EQ(model.quitSelected(true), 1U);
-    EXPECT_EQ(summary(model.apps()), "Twin+");
+    EXPECT_EQ(summary(model.apps()), "Own row+ Twin+");
     EXPECT_TRUE(machine.processes.signals.empty());
-    model.toggleSelection(1);
+    model.setAllSelected(false);
     machine.processes.end(1);
     machine.processes.end(3);
     launch(3, "Twin", "org.twin");
@@ -113,9 +117,9 @@ TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     model.toggleSelection(6);
     model.toggleSelection(3);
     EXPECT_EQ(summary(model.apps()), "bare+ Music+ Xd! Xd 2!") << "music can be ticked by hand";
-    EXPECT_EQ(model.selectedCount(), 2U);
+    EXPECT_EQ(model.selectedCount(false), 2U);
     model.setAllSelected(false);
-    EXPECT_EQ(model.selectedCount(), 0U);
+    EXPECT_EQ(model.selectedCount(false), 0U);
     model.setAllSelected(true);
     EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
 

@@ -37,8 +37,8 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
         bool canQuit = true;
         bool canForce = true;
     } cases[] = {
-        {.what = "candidates",
-         .row = {.app = with([](AppInfo& a) { a.candidates = {7, 8}; })},
+        {.what = "one of several",
+         .row = {.app = with([](AppInfo& a) { a.canBeForced = false; })},
          .says = "Mail, —",
          .canForce = false},
         {"unsampled", {.app = mail, .resourceDisplay = both}, "Mail, —, —"},

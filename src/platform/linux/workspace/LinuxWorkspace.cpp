@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <span>
 #include <utility>
 
 namespace calmora {
@@ -26,7 +27,9 @@ constexpr std::chrono::seconds scanInterval{2};
 constexpr std::size_t mostEndWatches = 256;
 constexpr std::string_view fileManagerIdentifier = "com.apple.finder";
 
-WorkspaceApplication valueOf(const ListedApplication& application) {
+/// `windows` are all of the same list.
+WorkspaceApplication valueOf(const ListedApplication& application,
+                             std::span<const TopLevelWindow> windows) {
     WorkspaceApplication value;
     value.processIdentifier = application.process.pid;
     value.bundleIdentifier = application.identity.bundleIdentifier;
@@ -38,6 +41,7 @@ WorkspaceApplication valueOf(const ListedApplication& application) {
     value.activationPolicy = application.policy;
     value.otherIdentifiers = application.identity.otherIdentifiers;
     value.candidates = application.candidates;
+    value.canBeForced = !isOneOfSeveralOwners(windows, application.process.pid);
     return value;
 }
 
@@ -73,7 +77,7 @@ ApplicationSnapshot LinuxWorkspace::runningApplications() {
     for (const Application& application : current()) {
         // Bind the id to this process for later quit requests.
         sources_.memory.hold(application->process.pid);
-        result.push_back(valueOf(*application));
+        result.push_back(valueOf(*application, list_.windows()));
     }
     return result;
 }
@@ -113,7 +117,7 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
 
 std::optional<WorkspaceApplication> LinuxWorkspace::frontmostApplication() {
     const Application application = activeApplication();
-    return application ? std::optional(valueOf(*application)) : std::nullopt;
+    return application ? std::optional(valueOf(*application, list_.windows())) : std::nullopt;
 }
 
 std::unique_ptr<RunningApplication> LinuxWorkspace::runningApplication(ProcessId process) {
@@ -275,7 +279,7 @@ void LinuxWorkspace::changed() {
         const Application now = counterpart(*application, after);
         const bool wasRegular = application->policy == ActivationPolicy::regular;
         if (!now || (wasRegular && now->policy != ActivationPolicy::regular)) {
-            terminated_.emit(valueOf(*application));
+            terminated_.emit(valueOf(*application, list_.windows()));
         }
     }
     for (const Application& application : after) {
@@ -283,7 +287,7 @@ void LinuxWorkspace::changed() {
         const bool isRegular = application->policy == ActivationPolicy::regular;
         if (!was || (isRegular && was->policy != ActivationPolicy::regular) ||
             !isKnownAs(*was, *application)) {
-            launched_.emit(valueOf(*application));
+            launched_.emit(valueOf(*application, list_.windows()));
         }
     }
 }
@@ -321,7 +325,7 @@ void LinuxWorkspace::activeChanged() {
     // Having no application, or the desktop, in between is no activation.
     if (application && !(lastActive_ && lastActive_->isSameProcess(*application))) {
         lastActive_ = application;
-        activated_.emit(valueOf(*application));
+        activated_.emit(valueOf(*application, list_.windows()));
     }
 }
 
