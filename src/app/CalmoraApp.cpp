@@ -8,6 +8,7 @@
 #include "platform/desktop/status/QtStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
+#include "platform/x11/XSettings.h"
 #include "settings/AboutPanel.h"
 #include "settings/SettingsView.h"
 #include "settings/SettingsWindow.h"
@@ -106,8 +107,9 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
           return ChannelAnswer{static_cast<uint>(answer.status),
                                QString::fromStdString(answer.output)};
       }) {
-    appearance_ = colorScheme_.onChanged(
-        [](bool isDark) { setAppearance(isDark ? Appearance::dark : Appearance::light); });
+    colorSchemeChanges_ = colorScheme_.onChanged([this] { updateAppearance(); });
+    themeChanges_ = backend_->onThemeChanged([this] { updateAppearance(); });
+    updateAppearance();
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
     acted_ = instance.onAction(
         [this](const QString& action) { static_cast<void>(runCommand({"--" + action})); });
@@ -189,6 +191,15 @@ void CalmoraApp::openSettings() {
         settingsWindow_ = window;
     }
     showWindow(*settingsWindow_, icon());
+}
+
+void CalmoraApp::updateAppearance() {
+    AppearanceWish wish{.isThemeDark = namesDarkTheme(backend_->themeName())};
+    const ColorScheme scheme = colorScheme_.preference();
+    if (scheme != ColorScheme::noPreference) {
+        wish.preferred = scheme == ColorScheme::dark ? Appearance::dark : Appearance::light;
+    }
+    setAppearance(wish);
 }
 
 CommandAnswer CalmoraApp::runCommand(const QStringList& arguments) {

@@ -53,6 +53,8 @@ class CalmoraApp final : private AppToolkit {
     void orderFrontAboutPanel() override;
     void terminate() override;
     void openSettings();
+    /// Turns light or dark as the desktop says now.
+    void updateAppearance();
     [[nodiscard]] CommandAnswer runCommand(const QStringList& arguments);
     [[nodiscard]] Image icon() const;
     [[nodiscard]] Platform platform();
@@ -83,7 +85,8 @@ class CalmoraApp final : private AppToolkit {
     AppDelegate delegate_;
     InstanceCommands commands_;
     CommandChannel channel_;
-    Subscription appearance_;
+    Subscription colorSchemeChanges_;
+    Subscription themeChanges_;
     Subscription activated_;
     Subscription acted_;
 };

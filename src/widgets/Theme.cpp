@@ -146,14 +146,24 @@ void installTheme(QApplication& application) {
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     }
     const bool desktopHasStyle = application.style()->name().compare("fusion") != 0;
-    QApplication::setStyle(std::make_unique<ThemeStyle>().release());
-    if (!desktopHasStyle && Theme(QApplication::palette()).appearance() == Appearance::light) {
-        QApplication::setPalette(themePalette(Appearance::light));
-    }
+    QApplication::setStyle(std::make_unique<ThemeStyle>(desktopHasStyle).release());
+    setAppearance({});
 }
 
-void setAppearance(Appearance appearance) {
-    QApplication::setPalette(themePalette(appearance));
+void setAppearance(const AppearanceWish& wish) {
+    std::optional<Appearance> appearance = wish.preferred;
+    if (!appearance) {
+        QApplication::setPalette(QPalette()); // The desktop's own.
+        const auto* style = dynamic_cast<const ThemeStyle*>(QApplication::style());
+        const bool isDesktops = (style && style->desktopHasPalette()) ||
+                                Theme(QApplication::palette()).appearance() == Appearance::dark;
+        if (!isDesktops) {
+            appearance = wish.isThemeDark ? Appearance::dark : Appearance::light;
+        }
+    }
+    if (appearance) {
+        QApplication::setPalette(themePalette(*appearance));
+    }
 }
 
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme) {

@@ -5,6 +5,8 @@
 #include <QFont>
 #include <QPalette>
 
+#include <optional>
+
 class QApplication;
 class QLinearGradient;
 class QPainter;
@@ -99,8 +101,17 @@ class Theme {
 /// gives no palette of its own, the light palette. Call once, before the first widget.
 void installTheme(QApplication& application);
 
-/// Turns the whole application light or dark at once, as the desktop prefers.
-void setAppearance(Appearance appearance);
+/// What the desktop says about light and dark.
+struct AppearanceWish {
+    /// What it prefers; absent when it has no preference.
+    std::optional<Appearance> preferred = {};
+    /// Whether its theme has a name that says dark.
+    bool isThemeDark = false;
+};
+
+/// Turns the whole application light or dark at once. What the desktop prefers comes first. Without
+/// that its own palette counts, and where it has none, the name of its theme.
+void setAppearance(const AppearanceWish& wish);
 
 /// Draws the ring of the focused control around `bounds`.
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme);

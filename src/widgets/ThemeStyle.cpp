@@ -282,7 +282,8 @@ bool liesOver(const QWidget* bar) {
 
 } // namespace
 
-ThemeStyle::ThemeStyle() : QProxyStyle("Fusion") {}
+ThemeStyle::ThemeStyle(bool desktopHasPalette)
+    : QProxyStyle("Fusion"), desktopHasPalette_(desktopHasPalette) {}
 
 void ThemeStyle::polish(QWidget* widget) {
     if (auto* label = qobject_cast<QLabel*>(widget)) {

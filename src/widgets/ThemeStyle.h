@@ -10,7 +10,10 @@ namespace calmora {
 /// lie over what they scroll. Needs the palette alone.
 class ThemeStyle final : public QProxyStyle {
   public:
-    ThemeStyle();
+    /// `desktopHasPalette` tells whether the toolkit's palette is the desktop's own.
+    explicit ThemeStyle(bool desktopHasPalette);
+
+    [[nodiscard]] bool desktopHasPalette() const { return desktopHasPalette_; }
 
     using QProxyStyle::polish;
 
@@ -32,6 +35,9 @@ class ThemeStyle final : public QProxyStyle {
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* returnData) const override;
+
+  private:
+    bool desktopHasPalette_;
 };
 
 } // namespace calmora

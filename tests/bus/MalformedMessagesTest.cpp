@@ -167,7 +167,7 @@ TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
         portal.calls.clear();
         DbusApplications applications(own);
         DesktopColorScheme scheme(own);
-        const Subscription token = scheme.onChanged([&](bool) { ADD_FAILURE() << shown; });
+        const Subscription token = scheme.onChanged([&] { ADD_FAILURE() << shown; });
         applications.learnActions(exported);
         notifications.add({"id", "title", "body"});
         ASSERT_TRUE(loopUntil([&] {

@@ -105,7 +105,7 @@ void save(PopoverFixture& popover, const QString& path) {
 }
 
 void render(const QDir& folder, Appearance appearance, const QString& suffix) {
-    setAppearance(appearance);
+    setAppearance({.preferred = appearance});
     const std::vector<Scene> scenes{
         {"normal", [](PopoverFixture&) {}},
         {"force", [](PopoverFixture& p) { p.machine.events.flags.emit({ModifierFlags::option}); }},
@@ -292,7 +292,7 @@ int main(int argc, char** argv) {
     render(folder, Appearance::dark, QStringLiteral("-dark-%1x.png").arg(scale));
     renderSymbols(folder, QStringLiteral("-%1x.png").arg(scale));
 
-    setAppearance(Appearance::light);
+    setAppearance({.preferred = Appearance::light});
     const auto special = [&](const char* name, const std::function<void(PopoverFixture&)>& change) {
         PopoverFixture popover;
         fill(popover);

@@ -132,14 +132,14 @@ int main(int argc, char** argv) {
     QIcon::setThemeName("Adwaita");
     installTheme(application);
     const QtLocalizedStrings strings{QLocale(QLocale::English)};
-    setAppearance(Appearance::light);
+    setAppearance({.preferred = Appearance::light});
     render(folder, "-light.png");
     renderEmptySheet(folder, "-light.png");
-    setAppearance(Appearance::dark);
+    setAppearance({.preferred = Appearance::dark});
     render(folder, "-dark.png");
     renderEmptySheet(folder, "-dark.png");
 
-    setAppearance(Appearance::light);
+    setAppearance({.preferred = Appearance::light});
     QApplication::setLayoutDirection(Qt::RightToLeft);
     render(folder, "-reversed.png");
     QApplication::setLayoutDirection(Qt::LeftToRight);

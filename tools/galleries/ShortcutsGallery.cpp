@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     folder.mkpath(".");
     const QLocale locale(argc > 2 ? argv[2] : "C");
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
-        setAppearance(appearance);
+        setAppearance({.preferred = appearance});
         const QString suffix = appearance == Appearance::light ? "light.png" : "dark.png";
         ShortcutsPane pane(locale);
         pane.layout.characters[2] = "d";

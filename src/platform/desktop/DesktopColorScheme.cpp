@@ -3,6 +3,8 @@
 
 #include "platform/desktop/dbus/Messages.h"
 
+#include <utility>
+
 namespace calmora {
 namespace {
 
@@ -23,7 +25,7 @@ DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus)
                 .service = service},
                [this](const QDBusMessage& signal) {
                    if (const auto change = readArguments<QString, QString, QDBusVariant>(signal)) {
-                       notify(std::get<2>(*change).variant());
+                       set(std::get<2>(*change).variant());
                    }
                }) {
     if (!sessionBus.isConnected()) {
@@ -33,18 +35,22 @@ DesktopColorScheme::DesktopColorScheme(const QDBusConnection& sessionBus)
               setting_, [this](const QDBusMessage& answer) {
                   if (const auto value = readArgument<QDBusVariant>(answer)) {
                       // Read() wraps its answer in a second variant.
-                      notify(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
+                      set(readValue<QDBusVariant>(value->variant()).value_or(*value).variant());
                   }
               });
 }
 
-void DesktopColorScheme::notify(const QVariant& scheme) const {
-    constexpr uint dark = 1;
-    constexpr uint light = 2;
-    // Other values mean no preference.
-    const uint preferred = readValue<uint>(scheme).value_or(0);
-    if (preferred == dark || preferred == light) {
-        changed_.emit(preferred == dark);
+void DesktopColorScheme::set(const QVariant& scheme) {
+    const auto value = readValue<uint>(scheme);
+    if (!value) {
+        return;
+    }
+    // Values that are not known yet mean no preference.
+    const ColorScheme preference = *value == 1   ? ColorScheme::dark
+                                   : *value == 2 ? ColorScheme::light
+                                                 : ColorScheme::noPreference;
+    if (std::exchange(preference_, preference) != preference) {
+        changed_.emit();
     }
 }
 

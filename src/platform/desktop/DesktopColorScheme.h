@@ -12,23 +12,28 @@ class QVariant;
 
 namespace calmora {
 
-/// Whether the desktop prefers dark windows, read from its settings portal and followed while it
-/// changes. Never blocks. Until the portal has answered, and where there is none, the toolkit's own
-/// palette stays.
+/// Whether the desktop prefers dark windows or light ones.
+enum class ColorScheme { noPreference, dark, light };
+
+/// The desktop's preference, read from its settings portal and followed while it changes. Never
+/// blocks. There is none until the portal has answered, and where there is no portal.
 /// Source: XDG Desktop Portal, org.freedesktop.portal.Settings, org.freedesktop.appearance.
 class DesktopColorScheme final {
   public:
     explicit DesktopColorScheme(const QDBusConnection& sessionBus);
 
-    /// Called with the preference when it is known and at each change: true for dark.
-    [[nodiscard]] Subscription onChanged(std::function<void(bool)> handler) {
+    [[nodiscard]] ColorScheme preference() const { return preference_; }
+
+    /// Called when the preference is another one.
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) {
         return changed_.connect(std::move(handler));
     }
 
   private:
-    void notify(const QVariant& scheme) const;
+    void set(const QVariant& scheme);
 
-    Signal<bool> changed_;
+    ColorScheme preference_ = ColorScheme::noPreference;
+    Signal<> changed_;
     BusSignal setting_;
 };
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Subscription.h"
+
+#include <functional>
 #include <string>
 
 namespace calmora {
@@ -33,6 +36,12 @@ class WindowBackend {
 
     /// The name of the window manager; empty when there is none, or it has no name.
     [[nodiscard]] virtual std::string windowManagerName() = 0;
+
+    /// The name of the theme that the window system's settings give; empty when nobody says.
+    [[nodiscard]] virtual std::string themeName() const = 0;
+
+    /// Called when another theme is named.
+    [[nodiscard]] virtual Subscription onThemeChanged(std::function<void()> handler) = 0;
 
     /// What the list of applications lacks here, in English; empty when it is complete.
     [[nodiscard]] virtual std::string listLimitation() const = 0;

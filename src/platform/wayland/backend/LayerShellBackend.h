@@ -28,6 +28,12 @@ class LayerShellBackend final : public WindowBackend {
 
     [[nodiscard]] std::string windowManagerName() override { return rest_->windowManagerName(); }
 
+    [[nodiscard]] std::string themeName() const override { return rest_->themeName(); }
+
+    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) override {
+        return rest_->onThemeChanged(std::move(handler));
+    }
+
     [[nodiscard]] std::string listLimitation() const override { return rest_->listLimitation(); }
 
   private:

@@ -32,7 +32,7 @@ X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> composit
                        const MakeHotKeys& makeHotKeys, X11KeyboardLayout::ReadKeymap readKeymap)
     : x11Windows_(events), compositor_(std::move(compositor)),
       windows_({&x11Windows_, compositor_.get()}), keyboard_(events), hotKeys_(keyboard_),
-      layout_(keyboard_, std::move(readKeymap)),
+      layout_(keyboard_, std::move(readKeymap)), settings_(events),
       desktopHotKeys_(makeHotKeys ? makeHotKeys(layout_) : nullptr),
       transientWindows_(makeTransientWindows()) {}
 

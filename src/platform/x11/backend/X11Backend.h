@@ -5,6 +5,7 @@
 #include "platform/qt/WindowBackend.h"
 #include "platform/qt/window/TransientWindows.h"
 #include "platform/x11/X11WindowSystem.h"
+#include "platform/x11/XSettings.h"
 #include "platform/x11/hotkeys/X11HotKeys.h"
 #include "platform/x11/hotkeys/X11Keyboard.h"
 #include "platform/x11/hotkeys/X11KeyboardLayout.h"
@@ -47,6 +48,12 @@ class X11Backend final : public WindowBackend {
 
     [[nodiscard]] std::string windowManagerName() override;
 
+    [[nodiscard]] std::string themeName() const override { return settings_.themeName(); }
+
+    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) override {
+        return settings_.onThemeChanged(std::move(handler));
+    }
+
     [[nodiscard]] std::string listLimitation() const override;
 
   private:
@@ -57,6 +64,7 @@ class X11Backend final : public WindowBackend {
     X11Keyboard keyboard_;
     X11HotKeys hotKeys_;
     X11KeyboardLayout layout_;
+    XSettings settings_;
     std::unique_ptr<HotKeys> desktopHotKeys_;
     std::unique_ptr<TransientWindows> transientWindows_;
 };

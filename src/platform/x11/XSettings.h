@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/x11/X11Connection.h"
+#include "support/Signal.h"
+#include "support/Subscription.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace calmora {
+
+class EventPoll;
+
+/// The value of a setting that is a text, from the property that a settings manager keeps. Absent
+/// when it is missing, no text, or the property is damaged before it.
+/// Source: freedesktop XSETTINGS, "Format of the _XSETTINGS_SETTINGS property".
+[[nodiscard]] std::optional<std::string> xsettingsText(std::span<const std::uint8_t> property,
+                                                       std::string_view name);
+
+/// Whether a theme of this name is dark, as far as its name says so: "Adwaita-dark", "Arc-Dark",
+/// "HighContrastInverse"; not "Arc-Darker", which is light.
+[[nodiscard]] bool namesDarkTheme(std::string_view theme);
+
+/// What the session's settings manager says, followed while it changes and while managers come and
+/// go. Without an X server or a manager it says nothing. Main thread.
+class XSettings {
+  public:
+    /// Connects to `display`; empty means that of the environment. `poll` must outlive the object.
+    explicit XSettings(EventPoll& poll, const std::string& display = {});
+    XSettings(const XSettings&) = delete;
+    XSettings& operator=(const XSettings&) = delete;
+
+    /// The name of the theme (Net/ThemeName); empty when nobody says.
+    [[nodiscard]] const std::string& themeName() const { return themeName_; }
+
+    /// Called when another theme is named. The handler must not destroy this object.
+    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) {
+        return themeChanged_.connect(std::move(handler));
+    }
+
+  private:
+    void readEvents();
+    void findManager();
+    void readSettings();
+
+    X11Connection connection_;
+    xcb_atom_t settings_ = XCB_NONE;
+    xcb_window_t manager_ = XCB_NONE;
+    std::string themeName_;
+    Signal<> themeChanged_;
+    Subscription watch_;
+};
+
+} // namespace calmora
