@@ -16,8 +16,8 @@ class Text {
     [[nodiscard]] virtual std::weak_ordering compare(std::string_view a,
                                                      std::string_view b) const = 0;
 
-    /// Whether `text` contains `part`: case-insensitive, by the current locale's rules. Every
-    /// text contains the empty one.
+    /// Whether `text` contains `part`, letter by letter without regard to case or by the current
+    /// locale's rules for searching. Every text contains the empty one.
     [[nodiscard]] virtual bool contains(std::string_view text, std::string_view part) const = 0;
 
     /// The first letter of each word in upper case, the other letters in lower case.

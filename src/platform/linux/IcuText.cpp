@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/IcuText.h"
 
+#include <cstdint>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include <unicode/brkiter.h>
@@ -52,6 +54,8 @@ std::weak_ordering ordering(int order) {
 
 struct IcuText::Rules {
     icu::Locale locale;
+    /// Turkic languages have an i with a dot and one without, each with its own capital.
+    std::uint32_t folding = U_FOLD_CASE_DEFAULT;
     /// Null if ICU has no data; texts are then case-folded and compared by code point.
     std::unique_ptr<icu::Collator> collator;
     /// Created by the first search; keeps its text and pattern.
@@ -68,6 +72,10 @@ IcuText::Rules& IcuText::rules() const {
     if (!rules_) {
         rules_ = std::make_unique<Rules>();
         rules_->locale = icuLocale(locale_);
+        const std::string_view language = rules_->locale.getLanguage();
+        if (language == "tr" || language == "az") {
+            rules_->folding = U_FOLD_CASE_EXCLUDE_SPECIAL_I;
+        }
         UErrorCode error = U_ZERO_ERROR;
         rules_->collator.reset(icu::Collator::createInstance(rules_->locale, error));
         if (U_FAILURE(error)) {
@@ -84,7 +92,7 @@ IcuText::Rules& IcuText::rules() const {
 std::weak_ordering IcuText::compare(std::string_view a, std::string_view b) const {
     const Rules& its = rules();
     if (!its.collator) {
-        return ordering(unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT));
+        return ordering(unicode(a).caseCompare(unicode(b), its.folding));
     }
     UErrorCode error = U_ZERO_ERROR;
     const UCollationResult result = its.collator->compareUTF8(pieceOf(a), pieceOf(b), error);
@@ -97,9 +105,16 @@ bool IcuText::contains(std::string_view text, std::string_view part) const {
     }
     Rules& its = rules();
     const icu::UnicodeString within = unicode(text);
-    icu::UnicodeString wanted = unicode(part);
+    const icu::UnicodeString wanted = unicode(part);
     if (within.isEmpty()) {
         return false;
+    }
+    // A collator takes some pairs of letters as one, such as "ch" in Czech, and finds no part of
+    // them. It finds what differs in more than letter case, such as accents written in another way.
+    icu::UnicodeString folded = within;
+    icu::UnicodeString foldedPart = wanted;
+    if (folded.foldCase(its.folding).indexOf(foldedPart.foldCase(its.folding)) >= 0) {
+        return true;
     }
     auto* collator = dynamic_cast<icu::RuleBasedCollator*>(its.collator.get());
     UErrorCode error = U_ZERO_ERROR;
@@ -121,8 +136,7 @@ bool IcuText::contains(std::string_view text, std::string_view part) const {
         }
         its.search.reset();
     }
-    icu::UnicodeString folded = within;
-    return folded.foldCase().indexOf(wanted.foldCase()) >= 0;
+    return false;
 }
 
 std::string IcuText::capitalized(std::string_view text) const {

@@ -142,6 +142,37 @@ TEST(IcuText, OrdersAsAReaderOfTheLanguageWould) {
     EXPECT_EQ(german.capitalized("a\xff"), "A\xef\xbf\xbd");
 }
 
+TEST(IcuText, FindsWhatIsTypedInEachLanguage) {
+    const struct {
+        const char* locale;
+        const char* text;
+        const char* part;
+        bool isFound = true;
+    } rows[] = {
+        {"cs_CZ", "Chromium", "c"},
+        {"sk_SK", "Chromium", "hrom"},
+        {"hu_HU", "Csillag", "c"},
+        {"hu_HU", "Asszony", "s"},
+        {"hr_HR", "Njuškalo", "n"},
+        {"da_DK", "Aardvark", "a"},
+        {"nb_NO", "Kaare", "ka"},
+        {"cy_GB", "LLYFR", "l"},
+        {"de_DE", "Straße", "s"},
+        {"de_DE", "Straße", "STRASSE"},
+        {"th_TH", "เครื่องคิดเลข", "เค"},
+        {"hi_IN", "कैलकुलेटर", "क"},
+        {"tr_TR", "İstanbul", "is"},
+        {"tr_TR", "INDIR", "ındır"},
+        {"tr_TR", "Istanbul", "ist", false},
+        {"en_US", "Re\u0301sume\u0301", "résumé"},
+    };
+
+    for (const auto& [locale, text, part, isFound] : rows) {
+        EXPECT_EQ(IcuText(locale).contains(text, part), isFound)
+            << locale << ' ' << text << ' ' << part;
+    }
+}
+
 std::string entryText(const std::string& name, const std::string& more = {}) {
     return "[Desktop Entry]\nType=Application\nName=" + name + "\n" +
            (more.starts_with("Exec=") ? "" : "Exec=" + name + "\n") + more;
