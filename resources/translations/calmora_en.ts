@@ -1,6 +1,6 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- Only what the key does not say by itself: symbolic keys and plural forms. -->
+<!-- Only what the key does not say by itself: symbolic keys, plural forms, other words. -->
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
     <name>Calmora</name>
@@ -133,6 +133,10 @@
     <message>
         <source>space_key</source>
         <translation>Space</translation>
+    </message>
+    <message>
+        <source>Include Finder in app list</source>
+        <translation>Include file manager in app list</translation>
     </message>
 </context>
 </TS>
