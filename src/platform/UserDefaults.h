@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Subscription.h"
+
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -38,8 +41,15 @@ class UserDefaults {
     /// DefaultsValue cannot hold; registered defaults are not among them. Ascending.
     [[nodiscard]] virtual std::vector<std::string> keys(const std::string& prefix) const = 0;
 
+    /// The file that cannot be read or written at present, so that changes last only as long as the
+    /// process; absent while all is well.
+    [[nodiscard]] virtual std::optional<std::string> unusableFile() const = 0;
+
+    /// Calls `handler` after unusableFile() changed, until the token ends.
+    [[nodiscard]] virtual Subscription onUsabilityChanged(std::function<void()> handler) = 0;
+
     /// Sets a key. Written to disk no later than the next turn of the main loop. A failure to write
-    /// is absorbed; the value then lasts as long as the process.
+    /// is absorbed, see unusableFile(), and writing is tried again.
     virtual void set(const std::string& key, DefaultsValue value) = 0;
 
     /// Removes a key; its registered default applies again.

@@ -3,6 +3,7 @@
 
 #include "fakes/LookUp.h"
 #include "platform/UserDefaults.h"
+#include "support/Signal.h"
 
 #include <utility>
 
@@ -40,6 +41,12 @@ class FakeUserDefaults final : public UserDefaults {
         return found;
     }
 
+    std::optional<std::string> unusableFile() const override { return unusable; }
+
+    Subscription onUsabilityChanged(std::function<void()> handler) override {
+        return usability.connect(std::move(handler));
+    }
+
     void set(const std::string& key, DefaultsValue value) override {
         writes.push_back(key);
         stored.insert_or_assign(key, std::move(value));
@@ -55,6 +62,8 @@ class FakeUserDefaults final : public UserDefaults {
     std::map<std::string, DefaultsValue> stored;
     /// The key of every set() and remove(), in order.
     std::vector<std::string> writes;
+    std::optional<std::string> unusable;
+    Signal<> usability;
 
   private:
     template <typename Type>

@@ -60,6 +60,7 @@ AutostartLoginItem::AutostartLoginItem(const BaseDirectories& directories,
     : applicationId_(std::move(applicationId)), program_(std::move(program)) {
     const auto file = std::filesystem::path("autostart") / (applicationId_ + ".desktop");
     userFile_ = directories.configHome / file;
+    removeLeftTemporaries(userFile_);
     for (const std::filesystem::path& folder : directories.configDirs) {
         systemFiles_.push_back(folder / file);
     }

@@ -7,118 +7,91 @@
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
-#include <limits>
+#include <string_view>
 #include <system_error>
 #include <utility>
-
-#include <nlohmann/json.hpp>
 
 namespace calmora {
 
 namespace {
-
-using Json = nlohmann::json;
 
 /// The state of the file.
 enum class FileState { absent, empty, readable, damaged, unreadable };
 
 struct FileContent {
     FileState state = FileState::absent;
-    /// An object, empty unless the file is readable.
-    Json object = Json::object();
+    /// Empty unless the file is readable.
+    JsonMembers members;
 };
 
+/// Sets errno for a file that is unreadable.
 FileContent readFile(const std::filesystem::path& file) {
-    FileContent content;
     const auto text = readTextFile(file);
     if (!text) {
-        content.state = errno == ENOENT ? FileState::absent : FileState::unreadable;
-        return content;
+        return {errno == ENOENT ? FileState::absent : FileState::unreadable, {}};
     }
     if (text->find_first_not_of(" \t\r\n") == std::string::npos) {
-        content.state = FileState::empty;
-        return content;
+        return {FileState::empty, {}};
     }
-    Json parsed = Json::parse(*text, nullptr, false);
-    if (!parsed.is_object()) {
-        content.state = FileState::damaged;
-        return content;
-    }
-    content.state = FileState::readable;
-    content.object = std::move(parsed);
-    return content;
+    auto members = readMembers(*text);
+    return members ? FileContent{FileState::readable, *std::move(members)}
+                   : FileContent{FileState::damaged, {}};
 }
 
-/// Absent for an unsupported type.
-std::optional<DefaultsValue> valueOf(const Json& json) {
-    if (json.is_boolean()) {
-        return json.get<bool>();
-    }
-    if (json.is_number_unsigned()) {
-        const auto number = json.get<std::uint64_t>();
-        if (number > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
-            return std::nullopt;
-        }
-        return static_cast<std::int64_t>(number);
-    }
-    if (json.is_number_integer()) {
-        return json.get<std::int64_t>();
-    }
-    if (json.is_string()) {
-        return json.get<std::string>();
-    }
-    if (json.is_array()) {
-        std::vector<std::string> strings;
-        for (const Json& member : json) {
-            if (!member.is_string()) {
-                return std::nullopt;
-            }
-            strings.push_back(member.get<std::string>());
-        }
-        return strings;
-    }
-    return std::nullopt;
-}
-
-Json jsonOf(const DefaultsValue& value) {
-    return std::visit([](const auto& typed) { return Json(typed); }, value);
+std::string reasonOf(int error) {
+    return std::generic_category().message(error);
 }
 
 /// Renames a damaged file; false on failure.
 bool keepAside(const std::filesystem::path& file) {
-    const std::filesystem::path damaged = followedLinks(file);
+    const auto damaged = followedLinks(file);
+    if (!damaged) {
+        return false;
+    }
     std::array<char, 32> stamp{};
     const std::time_t now = std::time(nullptr);
     std::tm utc{};
     gmtime_r(&now, &utc);
     std::strftime(stamp.data(), stamp.size(), "%Y%m%dT%H%M%SZ", &utc);
     std::error_code error;
-    std::filesystem::path aside = damaged.string() + ".damaged-" + stamp.data();
+    std::filesystem::path aside = damaged->string() + ".damaged-" + stamp.data();
     for (int number = 2; std::filesystem::exists(aside, error); ++number) {
-        aside = damaged.string() + ".damaged-" + stamp.data() + "-" + std::to_string(number);
+        aside = damaged->string() + ".damaged-" + stamp.data() + "-" + std::to_string(number);
     }
-    std::filesystem::rename(damaged, aside, error);
-    if (error) {
-        std::fprintf(stderr, "calmora: %s is damaged and cannot be moved aside; defaults apply\n",
-                     damaged.c_str());
-        return false;
+    std::filesystem::rename(*damaged, aside, error);
+    if (!error) {
+        std::fprintf(stderr, "calmora: %s is damaged; it was kept as %s and defaults apply\n",
+                     damaged->c_str(), aside.c_str());
     }
-    std::fprintf(stderr, "calmora: %s is damaged; it was kept as %s and defaults apply\n",
-                 damaged.c_str(), aside.c_str());
-    return true;
+    return !error;
 }
+
+/// Makes the folder of a file; not behind a link, whose disk may only be missing now.
+void makeFolder(const std::filesystem::path& file) {
+    std::error_code error;
+    const std::filesystem::path folder = file.parent_path();
+    if (!std::filesystem::is_symlink(file, error) &&
+        std::filesystem::create_directories(folder, error)) {
+        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
+    }
+}
+
+constexpr const char* damagedInPlace = "damaged, and cannot be renamed";
 
 } // namespace
 
 JsonUserDefaults::JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop)
     : file_(std::move(file)), runLoop_(runLoop) {
-    const FileContent content = readFile(file_);
-    if (content.state == FileState::damaged) {
-        isDamagedInPlace_ = !keepAside(file_);
+    removeLeftTemporaries(file_);
+    FileContent content = readFile(file_);
+    if (content.state == FileState::unreadable) {
+        fail(reasonOf(errno));
+    } else if (content.state == FileState::damaged && !keepAside(file_)) {
+        fail(damagedInPlace);
     }
-    for (const auto& [key, json] : content.object.items()) {
-        keys_.insert(key);
-        if (auto value = valueOf(json)) {
+    members_ = std::move(content.members);
+    for (const auto& [key, written] : members_) {
+        if (auto value = valueOfMember(written)) {
             values_.emplace(key, *std::move(value));
         }
     }
@@ -164,30 +137,37 @@ std::optional<std::string> JsonUserDefaults::string(const std::string& key) cons
 
 std::vector<std::string> JsonUserDefaults::keys(const std::string& prefix) const {
     std::vector<std::string> found;
-    for (auto key = keys_.lower_bound(prefix); key != keys_.end() && key->starts_with(prefix);
-         ++key) {
-        found.push_back(*key);
+    for (auto member = members_.lower_bound(prefix);
+         member != members_.end() && member->first.starts_with(prefix); ++member) {
+        found.push_back(member->first);
     }
     return found;
 }
 
+std::optional<std::string> JsonUserDefaults::unusableFile() const {
+    return isUnusable_ ? std::optional(file_.string()) : std::nullopt;
+}
+
+Subscription JsonUserDefaults::onUsabilityChanged(std::function<void()> handler) {
+    return usabilityChanged_.connect(std::move(handler));
+}
+
 void JsonUserDefaults::set(const std::string& key, DefaultsValue value) {
-    keys_.insert(key);
-    values_.insert_or_assign(key, value);
-    change(key, std::move(value));
+    std::string written = writtenMember(value);
+    members_.insert_or_assign(key, written);
+    values_.insert_or_assign(key, std::move(value));
+    change(key, std::move(written));
 }
 
 void JsonUserDefaults::remove(const std::string& key) {
-    keys_.erase(key);
+    members_.erase(key);
     values_.erase(key);
     change(key, std::nullopt);
 }
 
-void JsonUserDefaults::change(const std::string& key, std::optional<DefaultsValue> value) {
-    const bool isFirst = pending_.empty() || !isWriteDue_;
-    pending_.insert_or_assign(key, std::move(value));
-    if (isFirst) {
-        isWriteDue_ = true;
+void JsonUserDefaults::change(const std::string& key, std::optional<std::string> written) {
+    pending_.insert_or_assign(key, std::move(written));
+    if (!std::exchange(isWriteDue_, true)) {
         write_ = runLoop_.nextTurn([this] { flush(); });
     }
 }
@@ -197,42 +177,57 @@ bool JsonUserDefaults::flush() {
     if (pending_.empty()) {
         return true;
     }
-    FileContent content = readFile(file_);
-    if (content.state == FileState::unreadable) {
-        return false; // Whatever it is, it is not ours to replace.
-    }
-    if (content.state == FileState::damaged) {
-        isDamagedInPlace_ = isDamagedInPlace_ || !keepAside(file_);
-        if (isDamagedInPlace_) {
-            return false;
-        }
-    }
-    if (content.state == FileState::damaged || content.state == FileState::empty) {
-        // Write all known values to the new file.
-        for (const auto& [key, value] : values_) {
-            content.object[key] = jsonOf(value);
-        }
-    }
-    for (const auto& [key, value] : pending_) {
-        if (value) {
-            content.object[key] = jsonOf(*value);
-        } else {
-            content.object.erase(key);
-        }
-    }
-    std::error_code error;
-    const std::filesystem::path folder = followedLinks(file_).parent_path();
-    if (std::filesystem::create_directories(folder, error)) {
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
-    }
-    // Broken UTF-8 must not prevent writing the rest.
-    const std::string text =
-        content.object.dump(4, ' ', false, Json::error_handler_t::replace) + "\n";
-    if (!replaceTextFile(file_, text)) {
+    if (!write()) {
+        write_ = runLoop_.after(retryInterval, [this] { flush(); });
         return false;
     }
     pending_.clear();
+    succeed();
     return true;
+}
+
+/// Writes the pending changes into the file as it is now.
+bool JsonUserDefaults::write() {
+    FileContent content = readFile(file_);
+    if (content.state == FileState::unreadable) {
+        return fail(reasonOf(errno)); // Whatever it is, it is not ours to replace.
+    }
+    if (content.state == FileState::damaged && !keepAside(file_)) {
+        return fail(damagedInPlace);
+    }
+    if (content.state != FileState::readable) {
+        content.members = members_; // The changes among them.
+    }
+    for (const auto& [key, written] : pending_) {
+        if (written) {
+            content.members.insert_or_assign(key, *written);
+        } else {
+            content.members.erase(key);
+        }
+    }
+    const std::string text = writtenMembers(content.members);
+    if (text.size() > largestTextFile) {
+        return fail(reasonOf(EFBIG)); // The next start could not read it.
+    }
+    makeFolder(file_);
+    return replaceTextFile(file_, text) || fail(reasonOf(errno));
+}
+
+/// Reports the first of several failures; false.
+bool JsonUserDefaults::fail(const std::string& reason) {
+    if (!std::exchange(isUnusable_, true)) {
+        std::fprintf(stderr,
+                     "calmora: %s cannot be used (%s); changed settings last until the end\n",
+                     file_.c_str(), reason.c_str());
+        usabilityChanged_.emit();
+    }
+    return false;
+}
+
+void JsonUserDefaults::succeed() {
+    if (std::exchange(isUnusable_, false)) {
+        usabilityChanged_.emit();
+    }
 }
 
 } // namespace calmora

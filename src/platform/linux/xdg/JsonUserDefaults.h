@@ -3,13 +3,16 @@
 
 #include "platform/RunLoop.h"
 #include "platform/UserDefaults.h"
+#include "platform/linux/xdg/JsonMembers.h"
+#include "support/Signal.h"
 #include "support/Subscription.h"
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -19,11 +22,16 @@ namespace calmora {
 ///
 /// Merges each change into the current file, so that other programs' changes stay, and writes
 /// atomically (temporary file, sync, rename). A file that is no JSON object is renamed with a time
-/// stamp and reported on standard error; an empty one is overwritten. Changes that cannot be
-/// written stay in memory and are retried with the next change and at the end. Main thread.
+/// stamp and reported on standard error; one that is empty, or was deleted, is written whole. What
+/// cannot be written stays in memory and is tried again: with the next change, every half minute
+/// and at the end. That, and a file that cannot be read, is reported once. Main thread.
 class JsonUserDefaults final : public UserDefaults {
   public:
-    /// Reads `file`, which may not exist. Changes are written on the next turn of `runLoop`.
+    /// How long after a failure writing is tried again.
+    static constexpr std::chrono::seconds retryInterval{30};
+
+    /// Reads `file`, which may not exist, and removes what killed processes left beside it. Changes
+    /// are written on the next turn of `runLoop`.
     JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop);
 
     /// Writes what is pending.
@@ -38,6 +46,8 @@ class JsonUserDefaults final : public UserDefaults {
     [[nodiscard]] std::int64_t integer(const std::string& key) const override;
     [[nodiscard]] std::optional<std::string> string(const std::string& key) const override;
     [[nodiscard]] std::vector<std::string> keys(const std::string& prefix) const override;
+    [[nodiscard]] std::optional<std::string> unusableFile() const override;
+    [[nodiscard]] Subscription onUsabilityChanged(std::function<void()> handler) override;
     void set(const std::string& key, DefaultsValue value) override;
     void remove(const std::string& key) override;
 
@@ -47,20 +57,23 @@ class JsonUserDefaults final : public UserDefaults {
   private:
     template <typename Value>
     [[nodiscard]] std::optional<Value> typed(const std::string& key) const;
-    void change(const std::string& key, std::optional<DefaultsValue> value);
+    void change(const std::string& key, std::optional<std::string> written);
+    [[nodiscard]] bool write();
+    bool fail(const std::string& reason);
+    void succeed();
 
     std::filesystem::path file_;
     RunLoop& runLoop_;
     std::map<std::string, DefaultsValue> registered_;
     std::map<std::string, DefaultsValue> values_;
-    /// All keys, including those of unsupported types.
-    std::set<std::string> keys_;
+    /// Every member, also of unsupported types.
+    JsonMembers members_;
     /// Unwritten changes; absent means removed.
-    std::map<std::string, std::optional<DefaultsValue>> pending_;
+    std::map<std::string, std::optional<std::string>> pending_;
     Subscription write_;
     bool isWriteDue_ = false;
-    /// A damaged file could not be moved; it is left alone.
-    bool isDamagedInPlace_ = false;
+    bool isUnusable_ = false;
+    Signal<> usabilityChanged_;
 };
 
 } // namespace calmora

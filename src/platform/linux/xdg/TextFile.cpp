@@ -10,12 +10,20 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace calmora {
 
 namespace {
+
+constexpr std::string_view randomPart = "XXXXXX";
+
+/// What the name of a temporary file for this one begins with.
+std::string temporaryPrefix(const std::filesystem::path& file) {
+    return "." + file.filename().string() + ".calmora-";
+}
 
 bool writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
@@ -34,17 +42,17 @@ bool writeAll(int descriptor, std::string_view text) {
 } // namespace
 
 std::optional<std::string> readTextFile(const std::filesystem::path& path) {
-    constexpr off_t most = 16 * 1024 * 1024;
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat info{};
     if (!file || fstat(file.get(), &info) != 0) {
         return std::nullopt;
     }
-    if (!S_ISREG(info.st_mode) || info.st_size > most) {
-        errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+    const auto size = static_cast<std::size_t>(info.st_size);
+    if (!S_ISREG(info.st_mode) || size > largestTextFile) {
+        errno = S_ISDIR(info.st_mode) ? EISDIR : S_ISREG(info.st_mode) ? EFBIG : EINVAL;
         return std::nullopt;
     }
-    std::string text(static_cast<std::size_t>(info.st_size), '\0');
+    std::string text(size, '\0');
     std::size_t done = 0;
     while (done < text.size()) {
         const ssize_t count = read(file.get(), text.data() + done, text.size() - done);
@@ -63,36 +71,52 @@ std::optional<std::string> readTextFile(const std::filesystem::path& path) {
     return text;
 }
 
-std::filesystem::path followedLinks(std::filesystem::path path) {
+std::optional<std::filesystem::path> followedLinks(std::filesystem::path path) {
     constexpr int most = 40; // As the kernel: more is a loop.
     std::error_code error;
-    for (int depth = 0; depth < most && std::filesystem::is_symlink(path, error); ++depth) {
-        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+    for (int depth = 0; depth < most; ++depth) {
+        const auto type = std::filesystem::symlink_status(path, error).type();
+        if (type == std::filesystem::file_type::not_found) {
+            return path;
+        }
+        if (!error && type != std::filesystem::file_type::symlink) {
+            return path;
+        }
+        const auto target =
+            error ? std::filesystem::path() : std::filesystem::read_symlink(path, error);
         if (error) {
-            break;
+            errno = error.value();
+            return std::nullopt;
         }
         path = path.parent_path() / target;
     }
-    return path;
+    errno = ELOOP;
+    return std::nullopt;
 }
 
 bool replaceTextFile(const std::filesystem::path& path, const std::string& text) {
-    const std::filesystem::path target = followedLinks(path);
-    const std::filesystem::path folder = target.parent_path();
-    std::string temporary = folder / ("." + target.filename().string() + ".XXXXXX");
+    const auto target = followedLinks(path);
+    if (!target) {
+        return false;
+    }
+    const std::filesystem::path folder = target->parent_path();
+    std::string temporary = folder / temporaryPrefix(*target).append(randomPart);
     const FileDescriptor file(mkostemp(temporary.data(), O_CLOEXEC));
     if (!file) {
         return false;
     }
+    flock(file.get(), LOCK_EX | LOCK_NB); // It is in use.
     struct stat old{};
-    const bool keepsMode = stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode);
+    const bool keepsMode = stat(target->c_str(), &old) == 0 && S_ISREG(old.st_mode);
     constexpr mode_t permissions = 07777;
     const bool isWritten = writeAll(file.get(), text) &&
                            (!keepsMode || fchmod(file.get(), old.st_mode & permissions) == 0) &&
                            fsync(file.get()) == 0 &&
-                           std::rename(temporary.c_str(), target.c_str()) == 0;
+                           std::rename(temporary.c_str(), target->c_str()) == 0;
     if (!isWritten) {
+        const int reason = errno;
         unlink(temporary.c_str());
+        errno = reason;
         return false;
     }
     const FileDescriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -100,6 +124,27 @@ bool replaceTextFile(const std::filesystem::path& path, const std::string& text)
         fsync(opened.get()); // The name is on disk, too; if not, the old file still is.
     }
     return true;
+}
+
+void removeLeftTemporaries(const std::filesystem::path& path) {
+    const auto target = followedLinks(path);
+    if (!target) {
+        return;
+    }
+    const std::string prefix = temporaryPrefix(*target);
+    std::error_code error;
+    std::filesystem::directory_iterator entry(target->parent_path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        if (!name.starts_with(prefix) || name.size() != prefix.size() + randomPart.size()) {
+            continue;
+        }
+        const FileDescriptor file(
+            open(entry->path().c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+        if (file && flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
+            unlink(entry->path().c_str());
+        }
+    }
 }
 
 } // namespace calmora
