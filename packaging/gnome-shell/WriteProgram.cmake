@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: MIT
-# Writes to `output` that the executable `program` is trusted, as /proc names it: without links.
-if(NOT DEFINED ENV{DESTDIR})
+# Writes the module `file` of the extension, by which the executable `program` is trusted. While a package
+# is made both are below another `root`, and no link can be followed.
+if("${root}" STREQUAL "")
+    # As /proc names it.
     file(REAL_PATH "${program}" program)
 endif()
 string(REGEX REPLACE "['\\\\]" "\\\\\\0" program "${program}")
-configure_file("${CMAKE_CURRENT_LIST_DIR}/program.js.in" "${output}" @ONLY)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/program.js.in" "${root}${file}" @ONLY
+               FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
