@@ -7,7 +7,6 @@ whom GNOME Shell does not run.
 import json
 import os
 import pathlib
-import re
 import subprocess
 import sys
 
@@ -26,6 +25,8 @@ welcome-dialog-last-shown-version='999'
 enable-animations=false
 enable-hot-corners=false
 """
+# Of GNOME before 45, and since.
+EXTENSIONS = ("calmora@calmora.app", "calmora-45@calmora.app")
 REMOTE_DESKTOP = "org.gnome.Mutter.RemoteDesktop"
 LEFT, RIGHT, MIDDLE = 0x110, 0x111, 0x112
 
@@ -33,14 +34,14 @@ LEFT, RIGHT, MIDDLE = 0x110, 0x111, 0x112
 class ShellSession(VirtualDesktop):
     """Use it in a `with` statement.
 
-    prefix: where Calmora is installed; the shell finds the extension there. enabled: the extensions
-    that the user has enabled. x11: a session on a virtual X server, in place of Wayland.
+    prefix: where Calmora is installed; the shell finds the extension there. enabled: whether the user
+    has enabled it. x11: a session on a virtual X server, in place of Wayland.
     """
 
-    def __init__(self, prefix, enabled=(), x11=False, size="1024x768"):
+    def __init__(self, prefix, enabled=True, x11=False, size="1024x768"):
         super().__init__(window_manager="gnome-shell", tray=None, accessibility=False, size=size)
         self.prefix = pathlib.Path(prefix)
-        self.enabled = list(enabled)
+        self.enabled = enabled
         self.x11 = x11
         self.bus = None
         self._input = None
@@ -54,7 +55,8 @@ class ShellSession(VirtualDesktop):
         del self.environment["QT_QPA_PLATFORM"]
         settings = self.folder / "config/glib-2.0/settings"
         settings.mkdir(parents=True)
-        (settings / "keyfile").write_text(SETTINGS.format(enabled=self.enabled))
+        (settings / "keyfile").write_text(
+            SETTINGS.format(enabled=list(EXTENSIONS) if self.enabled else "@as []"))
         if self.x11:
             super()._start_display()
 
@@ -133,11 +135,13 @@ class ShellSession(VirtualDesktop):
         self.js("Main.overview.hide()")
         self.wait_for_js("!Main.overview.visible")
 
-    def set_extension(self, uuid, enabled):
-        """Enables or disables an extension, as the user does in the Extensions application."""
+    def enable_extension(self, enabled=True):
+        """Enables or disables the extension, as the user does in the Extensions application."""
+        version, = self.call("org.gnome.Shell", "/org/gnome/Shell", "org.freedesktop.DBus.Properties",
+                             "Get", GLib.Variant("(ss)", ("org.gnome.Shell", "ShellVersion")))
         self.call("org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell.Extensions",
                   "EnableExtension" if enabled else "DisableExtension",
-                  GLib.Variant("(s)", (uuid,)))
+                  GLib.Variant("(s)", (EXTENSIONS[int(version.split(".")[0]) >= 45],)))
 
     def windows(self):
         """Every window as the shell knows it, the override-redirect ones left out."""
@@ -190,8 +194,8 @@ class ShellSession(VirtualDesktop):
                   "org.gnome.Shell.Screenshot", "Screenshot",
                   GLib.Variant("(bbs)", (True, False, str(path))))
 
-    def shell_faults(self):
-        """Lines of the shell's log that name the extension, or an exception of a script."""
+    def extension_faults(self):
+        """Lines of the shell's log that name a file of the extension: exceptions and warnings."""
         log = "\n".join(file.read_text(errors="replace")
                         for file in self.folder.glob("*-gnome-shell.log"))
-        return re.findall(r"^.*(?:JS ERROR|calmora).*(?:\n .*)*", log, re.MULTILINE | re.IGNORECASE)
+        return [line for line in log.splitlines() if "@calmora.app" in line]

@@ -1,0 +1,305 @@
+# SPDX-License-Identifier: MIT
+"""The extension in a real GNOME Shell, towards a client that stands for Calmora."""
+
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+from shell_session import LEFT, MIDDLE, RIGHT, ShellSession
+from virtual_desktop import TIMEOUT_SCALE
+
+HERE = pathlib.Path(__file__).parent
+INSTALLED = pathlib.Path(os.environ["CALMORA_INSTALLED"])
+WINDOW_CLIENT = os.environ["CALMORA_WINDOW_CLIENT"]
+NAME = "app.calmora.Calmora"
+# Evdev codes.
+ESCAPE, RETURN, CONTROL, ALT, K, L, SUPER, DOWN = 1, 28, 29, 56, 37, 38, 125, 108
+
+
+class Client:
+    """A process that calls the extension; `program` is its executable."""
+
+    def __init__(self, session, program, name):
+        self.session = session
+        self.process = session.start(str(program), str(HERE / "shell_client.py"), name,
+                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
+                                     environment={"GDK_BACKEND": "x11"})
+        self.signals, self._replies = [], []
+        threading.Thread(target=self._read, daemon=True).start()
+
+    def _read(self):
+        for line in self.process.stdout:
+            said = json.loads(line)
+            if "signal" in said:
+                self.signals.append(said["signal"])
+            else:
+                self._replies.append(said)
+
+    def do(self, *command):
+        """What the client got for a command; raises PermissionError for an error."""
+        print(json.dumps(command), file=self.process.stdin, flush=True)
+        self.session.wait_until(lambda: self._replies, f"a reply to {command}")
+        said = self._replies.pop()
+        if "error" in said:
+            raise PermissionError(said["error"])
+        return said["reply"]
+
+    def call(self, method, signature="()", *arguments):
+        """What a method of the extension gives."""
+        return self.do("call", method, signature, arguments)
+
+    def wait_for_signal(self, *wanted):
+        """The next signal with this name and these first values; those before are forgotten."""
+        def find():
+            for at, signal in enumerate(self.signals):
+                if signal[:len(wanted)] == list(wanted):
+                    del self.signals[:at + 1]
+                    return signal
+            return None
+        return self.session.wait_until(find, f"the signal {wanted}; there are {self.signals}")
+
+    def end(self):
+        """Kills it."""
+        self.process.kill()
+        self.process.wait()
+        self.process.stdin.close()
+
+
+class Extension(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        # Installed like the real one, but what it trusts is a copy of Python.
+        prefix = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        cls.program = prefix / "bin/calmora"
+        cls.program.parent.mkdir()
+        shutil.copy(os.path.realpath(sys.executable), cls.program)
+        shutil.copytree(INSTALLED / "share/gnome-shell", prefix / "share/gnome-shell")
+        for file in prefix.rglob("program.js"):
+            file.write_text(file.read_text().replace(str(INSTALLED), str(prefix)))
+        cls.session = cls.enterClassContext(ShellSession(prefix))
+
+    def setUp(self):
+        self.wait_for_extension()
+
+    def tearDown(self):
+        self.assertIsNone(self.session.shell.poll(), "GNOME Shell has ended")
+        self.assertEqual(self.session.extension_faults(), [])
+
+    def wait_for_extension(self):
+        self.session.wait_until(lambda: self.session.owner(NAME + ".Shell"), "the extension")
+
+    def client(self, program=None, name=NAME):
+        """A running client, ended with the test."""
+        client = Client(self.session, program or self.program, name)
+        self.addCleanup(client.end)
+        return client
+
+    def attach(self, client):
+        """Attaches it, and gives it a menu and a popover; the state that it got."""
+        state, = client.call("Attach", "(a{sv})", {})
+        client.call("SetMenu", "(a(usb))", [(1, "About", False), (0, "", True), (2, "Quit", True)])
+        client.call("SetPopover", "(ts)", 0, "Calmora popover")
+        return state
+
+    def application(self, *command):
+        """A program and its first window; it is ended with the test."""
+        child = self.session.start(*command)
+        self.addCleanup(child.wait)
+        self.addCleanup(child.kill)
+        return child, self.session.wait_until(
+            lambda: next((w for w in self.session.windows_of(child.pid) if w["rect"][2]), None),
+            command[0])
+
+    def icon(self):
+        """Where the icon is in the top bar; None without one."""
+        return self.session.js("""(b => b ? [...b.get_transformed_position(), b.width, b.height]
+            .map(Math.round) : null)(Main.panel.statusArea.calmora)""")
+
+    def click_icon(self, button=LEFT):
+        x, y, width, height = self.icon()
+        self.session.click(x + width // 2, y + height // 2, button)
+
+    def refused(self, client, method, *arguments):
+        """The client may not call this."""
+        with self.assertRaisesRegex(PermissionError, "Only Calmora"):
+            client.call(method, *arguments)
+
+    def test_serves_the_installed_program_alone(self):
+        attach = ("Attach", "(a{sv})", {})
+        impostor, nameless = self.client("/usr/bin/python3"), self.client(name=NAME + "s")
+        self.refused(impostor, *attach)
+        impostor.end()
+        self.refused(nameless, *attach)
+
+        first = self.client()
+        self.attach(first)
+        second = self.client()  # Takes the name over.
+        self.refused(second, "Windows")
+        self.attach(second)
+        self.refused(first, "Windows")
+        self.refused(nameless, "GrabKeys", "(as)", ["<Control><Alt>k"])
+        self.application("galculator")
+        second.wait_for_signal("WindowsChanged")
+        self.assertEqual(first.signals + nameless.signals, [])
+
+        # An upgrade replaces the executable of the running program.
+        new = self.program.with_suffix(".new")
+        shutil.copy(self.program, new)
+        new.rename(self.program)
+        self.attach(second)
+
+    def test_holds_nothing_without_the_program(self):
+        grab = ("GrabKeys", "(as)", ["<Control><Alt>k"])
+        for end in (lambda: client.end(), lambda: self.session.enable_extension(False)):
+            client = self.client()
+            self.attach(client)
+            self.assertNotEqual(client.call(*grab), [[0]])
+            client.do("show", 300, 300)
+            self.session.wait_until(lambda: self.session.windows_of(client.process.pid), "popover")
+            end()
+            self.session.wait_until(lambda: not self.icon(), "the end of the icon")
+            self.assertNotEqual(self.session.js("""(d => (a => (d.ungrab_accelerator(a), a))(
+                d.grab_accelerator('<Control><Alt>k', 0)))(global.display)"""), 0)
+            # What is left behind would now fail.
+            self.application("galculator")
+            self.session.click(512, 15)
+            self.session.press_keys(ESCAPE)
+        self.assertIsNone(self.session.owner(NAME + ".Shell"))
+        self.session.enable_extension()
+        self.wait_for_extension()
+        client.do("hide")
+        self.attach(client)
+        self.assertTrue(self.icon())
+
+    def test_lists_what_the_shell_lists(self):
+        client = self.client()
+        self.attach(client)
+        xterm, x_window = self.application("xterm")
+        calculator, _ = self.application("galculator")
+        dialog, _ = self.application(WINDOW_CLIENT, "--transient")
+        self.session.wait_until(lambda: len(self.session.windows_of(dialog.pid)) == 2, "a dialog")
+        client.call("Raise", "(t)", x_window["id"])
+        client.wait_for_signal("FocusChanged", x_window["id"])
+        state = self.attach(client)
+
+        def facts(windows):
+            return {(w["id"], w["pid"], w["x11"], w["type"], w.get("app")) for w in windows}
+        shown = [{**w, "app": None if (w["app"] or "").startswith("window:") else w["app"]}
+                 for w in self.session.windows()]
+        self.assertEqual(facts(state["windows"]), facts(shown))
+        of_process = {w["pid"]: w for w in state["windows"]}  # The last of each.
+        self.assertIn(str(of_process[xterm.pid]["xid"]),
+                      self.session.output("xdotool", "search", "--pid", str(xterm.pid)).split())
+        self.assertNotIn("xid", of_process[calculator.pid])
+        self.assertIn(of_process[dialog.pid]["parent"],
+                      [w["id"] for w in self.session.windows_of(dialog.pid)])
+        self.assertEqual(state["focus"], x_window["id"])
+
+        client.signals.clear()
+        time.sleep(1.5 * TIMEOUT_SCALE)
+        self.assertEqual(client.signals, [])
+        calculator.kill()
+        _, left = client.wait_for_signal("WindowsChanged")
+        self.assertNotIn(calculator.pid, [w["pid"] for w in left])
+
+    def test_asks_wayland_windows_alone_to_close(self):
+        client = self.client()
+        self.attach(client)
+        stubborn, x_window = self.application(WINDOW_CLIENT, "--no-delete")
+        calculator, window = self.application("galculator")
+        self.assertEqual(client.call("Close", "(at)", [x_window["id"], window["id"]]),
+                         [[window["id"]]])
+        self.session.wait_until(lambda: calculator.poll() is not None, "the calculator's end")
+        self.assertIsNone(stubborn.poll())
+
+    def test_places_the_popover_below_the_icon(self):
+        client = self.client()
+        self.attach(client)
+        x, y, width, height = self.icon()
+
+        def placed(popover_width):
+            left = min(x + width // 2 - popover_width // 2, 1024 - popover_width - 8)
+            window = next(iter(self.session.windows_of(client.process.pid)), None)
+            return window and window["focus"] and window["above"] and (
+                window["rect"][:3] == [left, y + height + 8, popover_width]) and window["id"]
+        for opening in range(20):
+            client.do("show", 200 + 10 * opening, 300)
+            self.session.wait_until(lambda: placed(200 + 10 * opening), f"opening {opening}")
+            client.do("hide")
+            self.session.wait_until(lambda: not self.session.windows_of(client.process.pid), "end")
+
+        self.session.js("Main.overview.show()")
+        client.do("show", 200, 300)
+        popover = self.session.wait_until(lambda: placed(200), "the popover")
+        self.session.wait_for_js("!Main.overview.visible")
+        self.assertNotIn(popover, self.session.js(
+            "global.display.get_tab_list(0, null).map(w => w.get_id())"))
+        self.assertEqual(self.session.js(
+            "imports.gi.Shell.AppSystem.get_default().get_running().map(a => a.get_id())"), [])
+        client.do("show", 400, 300)
+        self.session.wait_until(lambda: placed(400), "the popover in its new size")
+
+        client.signals.clear()
+        self.click_icon()
+        client.wait_for_signal("IconActivated", 1)
+        self.assertNotIn(["PressedOutside"], client.signals)
+        for outside in (100, 700), (512, 15):
+            self.session.click(*outside)
+            client.wait_for_signal("PressedOutside")
+        self.session.press_keys(ESCAPE)
+        client.do("hide")
+        self.session.click(100, 700)
+        self.click_icon(MIDDLE)
+        client.wait_for_signal("IconActivated", 2)
+        self.assertNotIn(["PressedOutside"], client.signals)
+
+    def test_shows_an_icon_with_a_menu(self):
+        client = self.client()
+        self.attach(client)
+        client.call("SetIcon", "(a{sv})", {})
+        self.click_icon()
+        self.assertEqual(client.wait_for_signal("IconActivated", 1)[2], self.icon())
+        self.session.js("Main.overview.show()")
+        self.session.wait_for_js("Main.overview.visible")
+        self.click_icon()
+        client.wait_for_signal("IconActivated", 1)
+        self.assertFalse(self.session.js("Main.overview.visible"))
+        self.assertNotIn(["MenuOpened", True], client.signals)
+
+        self.click_icon(RIGHT)
+        client.wait_for_signal("MenuOpened", True)
+        for key in (DOWN, DOWN, RETURN):
+            self.session.press_keys(key)
+        client.wait_for_signal("MenuActivated", 2)
+        client.wait_for_signal("MenuOpened", False)
+
+    def test_grabs_keys(self):
+        client = self.client()
+        self.attach(client)
+        # The second is the overview's, the third has the X keycode of L.
+        (k, taken, by_code), = client.call("GrabKeys", "(as)", [
+            "<Control><Alt>k", "<Super>s", "<Control><Alt>0x2e"])
+        self.assertEqual((taken, bool(k), bool(by_code)), (0, True, True))
+        self.session.press_keys(CONTROL, ALT, K)
+        client.wait_for_signal("KeyPressed", k)
+        self.session.js("Main.overview.show()")
+        self.session.press_keys(CONTROL, ALT, L)
+        client.wait_for_signal("KeyPressed", by_code)
+        self.session.hide_overview()
+        (only,), = client.call("GrabKeys", "(as)", ["<Control><Alt>k"])
+        self.session.press_keys(CONTROL, ALT, L)
+        self.session.press_keys(CONTROL, ALT, K)
+        client.wait_for_signal("KeyPressed")
+        self.assertEqual(client.signals, [])
+        self.assertTrue(only)
+
+
+if __name__ == "__main__":
+    unittest.main()
