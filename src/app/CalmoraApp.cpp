@@ -6,6 +6,7 @@
 #include "app/WindowBackendChoice.h"
 #include "platform/desktop/hotkeys/DesktopHotKeys.h"
 #include "platform/desktop/status/QtStatusItem.h"
+#include "platform/gnome/backend/ShellStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
 #include "platform/x11/XSettings.h"
@@ -70,9 +71,9 @@ void showWindow(QWidget& window, const Image& icon) {
 
 CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
                        EndingSignals& signals, const QtEnvironment& environment)
-    : sessionBus_(sessionBus), environment_(environment),
+    : sessionBus_(sessionBus), environment_(environment), shell_(makeShellLink(sessionBus_)),
       backend_(makeWindowBackend(
-          events_, sessionBus_,
+          events_, sessionBus_, shell_.get(),
           [this]() -> const DesktopEntryIndex& { return machine_.installed.index(); },
           [this](KeyboardLayout& layout) {
               return makeDesktopHotKeys({.sessionBus = sessionBus_,
@@ -80,7 +81,8 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                                          .identifier = identity::identifier,
                                          .name = identity::name,
                                          .mayAct = [this] { return !alertSession_.isOpen(); }});
-          })),
+          },
+          [this] { return !alertSession_.isOpen(); })),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
@@ -146,9 +148,12 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
 }
 
 std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
-    return std::make_unique<QtStatusItem>(
-        sessionBus_, identity::identifier, strings_,
-        [this](bool isOpen) { globalShortcuts_.setPanelMenuOpen(isOpen); });
+    const auto onMenu = [this](bool isOpen) { globalShortcuts_.setPanelMenuOpen(isOpen); };
+    auto item = std::make_unique<QtStatusItem>(sessionBus_, identity::identifier, strings_, onMenu);
+    if (!shell_) {
+        return item;
+    }
+    return std::make_unique<ShellStatusItem>(*shell_, std::move(item), onMenu);
 }
 
 std::unique_ptr<Updater> CalmoraApp::makeUpdater() {

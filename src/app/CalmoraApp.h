@@ -11,6 +11,7 @@
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
+#include "platform/gnome/backend/ShellLink.h"
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/xdg/AutostartLoginItem.h"
 #include "platform/linux/xdg/JsonUserDefaults.h"
@@ -65,6 +66,8 @@ class CalmoraApp final : private AppToolkit {
     QtRunLoop runLoop_{alertSession_};
     QtLocalizedStrings strings_;
     EventPoll events_;
+    /// Null outside of GNOME.
+    std::unique_ptr<ShellLink> shell_;
     std::unique_ptr<WindowBackend> backend_;
     LinuxMachine machine_;
     JsonUserDefaults defaults_;

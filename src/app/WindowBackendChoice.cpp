@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/WindowBackendChoice.h"
 
+#include "platform/gnome/backend/GnomeBackend.h"
+#include "platform/gnome/backend/ShellLink.h"
+#include "platform/gnome/backend/ShellWindowSystem.h"
 #include "platform/wayland/CompositorWindows.h"
 #include "platform/wayland/backend/CompositorKeymap.h"
 #include "platform/wayland/backend/LayerShellBackend.h"
@@ -12,18 +15,20 @@
 namespace calmora {
 
 std::unique_ptr<WindowBackend>
-makeWindowBackend(EventPoll& events, const QDBusConnection& sessionBus,
+makeWindowBackend(EventPoll& events, const QDBusConnection& sessionBus, ShellLink* shell,
                   std::function<const DesktopEntryIndex&()> installed,
-                  const X11Backend::MakeHotKeys& makeHotKeys) {
+                  const X11Backend::MakeHotKeys& makeHotKeys, std::function<bool()> mayAct) {
     auto compositor = makeCompositorWindows(
         events, [installed = std::move(installed)](const std::string& applicationId) {
             return programsOfAppId(applicationId, installed());
         });
     if (!compositor) {
-        compositor = makeKwinWindows(sessionBus);
+        compositor = shell ? makeShellWindows(*shell) : makeKwinWindows(sessionBus);
     }
-    return withLayerSurfaces(
-        std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys, compositorKeymap));
+    std::unique_ptr<WindowBackend> backend =
+        std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys, compositorKeymap);
+    return shell ? std::make_unique<GnomeBackend>(*shell, std::move(backend), std::move(mayAct))
+                 : withLayerSurfaces(std::move(backend));
 }
 
 } // namespace calmora

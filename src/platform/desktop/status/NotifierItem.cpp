@@ -36,6 +36,11 @@ void NotifierItem::setIcon(const Icon& icon) {
     Q_EMIT NewIcon();
 }
 
+void NotifierItem::setHidden(bool isHidden) {
+    status_ = isHidden ? "Passive" : "Active";
+    Q_EMIT NewStatus(status_);
+}
+
 void NotifierItem::Activate(int x, int y) {
     // The panel gets its answer first: a menu or a question may stay open for long.
     QTimer::singleShot(0, this, [this, x, y] { handlers_.activate({x, y}); });

@@ -21,7 +21,7 @@ class NotifierItem final : public QObject {
     Q_PROPERTY(QString Category MEMBER category_ CONSTANT)
     Q_PROPERTY(QString Id MEMBER id_ CONSTANT)
     Q_PROPERTY(QString Title MEMBER title_ CONSTANT)
-    Q_PROPERTY(QString Status MEMBER status_ CONSTANT)
+    Q_PROPERTY(QString Status MEMBER status_)
     Q_PROPERTY(int WindowId MEMBER windowId_ CONSTANT)
     Q_PROPERTY(QString IconThemePath READ iconThemePath)
     Q_PROPERTY(QString IconName READ iconName)
@@ -61,6 +61,9 @@ class NotifierItem final : public QObject {
     void announce();
 
     void setIcon(const Icon& icon);
+
+    /// Panels show no hidden item.
+    void setHidden(bool isHidden);
 
   public Q_SLOTS:
     // The interface's methods, under its names. Other types than these never arrive here.

@@ -33,16 +33,6 @@ constexpr int usualSide = 22;
 /// Long enough for a panel that starts to paint itself.
 constexpr std::chrono::milliseconds paintTime{1000};
 
-/// The name of the picture's recolourable variant ("-symbolic" at the end), if its file exists;
-/// else empty.
-QString recolorableName(const Image& image) {
-    const std::string name = image.file.stem().string() + "-symbolic";
-    std::error_code error;
-    return std::filesystem::exists(image.file.parent_path() / (name + ".svg"), error)
-               ? QString::fromStdString(name)
-               : QString();
-}
-
 bool isX11() {
     return QGuiApplication::platformName() == "xcb";
 }
@@ -56,6 +46,12 @@ bool drawsNamesAsTheyAre() {
 }
 
 } // namespace
+
+std::filesystem::path recolorableFile(const Image& image) {
+    const auto file = image.file.parent_path() / (image.file.stem().string() + "-symbolic.svg");
+    std::error_code error;
+    return std::filesystem::exists(file, error) ? file : std::filesystem::path();
+}
 
 StatusMenu::StatusMenu(const std::vector<StatusMenuItem>& items) {
     setObjectName("statusMenu");
@@ -160,8 +156,23 @@ void QtStatusItem::setPanelMenuOpen(bool isOpen) {
     }
 }
 
+void QtStatusItem::setHidden(bool isHidden) {
+    if (std::exchange(isHidden_, isHidden) == isHidden) {
+        return;
+    }
+    item_.setHidden(isHidden);
+    if (isHidden) {
+        trayIcon_.reset();
+    } else if (watcher_.panel() != PanelWatcher::Panel::unknown) {
+        panelChanged(watcher_.panel());
+    }
+}
+
 void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
     setPanelMenuOpen(false);
+    if (isHidden_) {
+        return;
+    }
     if (panel == PanelWatcher::Panel::absent) {
         if (!trayIcon_ && isX11()) {
             trayIcon_ = std::make_unique<TrayIcon>(title, [this](StatusEvent event) {
@@ -212,7 +223,7 @@ void QtStatusItem::publishIcon() {
                 color = glyphColorOn(bar);
             }
         } else {
-            icon.name = recolorableName(*image_);
+            icon.name = QString::fromStdString(recolorableFile(*image_).stem().string());
             icon.themePath = QString::fromStdString(image_->file.parent_path().string());
         }
         icon.pixmaps = glyphPixmaps(*image_, color);

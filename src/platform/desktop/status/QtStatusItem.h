@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QPoint>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -20,6 +21,10 @@
 namespace calmora {
 
 class LocalizedStrings;
+
+/// The file of the picture's recolourable variant ("-symbolic" at the end of its name), if there is
+/// one; else empty.
+[[nodiscard]] std::filesystem::path recolorableFile(const Image& image);
 
 /// The status item's menu where no panel draws it. Its key equivalents work while it is open.
 class StatusMenu : public QMenu {
@@ -56,6 +61,9 @@ class QtStatusItem final : public QObject, public StatusItem {
     /// click.
     [[nodiscard]] std::optional<Rect> frame() const override;
 
+    /// Whether no panel and no tray shows it: the icon is elsewhere. Initially not.
+    void setHidden(bool isHidden);
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -75,6 +83,7 @@ class QtStatusItem final : public QObject, public StatusItem {
     std::function<void(StatusEvent)> action_;
     std::function<std::vector<StatusMenuItem>()> build_;
     std::optional<Point> lastClick_;
+    bool isHidden_ = false;
     MenuObject menu_;
     NotifierItem item_;
     std::unique_ptr<TrayIcon> trayIcon_;

@@ -54,6 +54,7 @@ void TransientFrame::setBody(std::unique_ptr<QWidget> body) {
 void TransientFrame::showAt(const QRect& bounds) {
     setFloating(windows_.isComposited());
     setBounds(bounds);
+    windows_.prepare(*this, this->bounds());
     show();
     // Otherwise everything is painted twice: on exposure and because of show().
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);

@@ -13,6 +13,7 @@
 #include <vector>
 
 class QRect;
+class QWidget;
 class QWindow;
 
 namespace calmora {
@@ -59,6 +60,10 @@ class TransientWindows {
     /// Finds out where the popover can be, right before it is shown. `icon` is what the status item
     /// knows; the window system may know better. By default: that, and Qt's screens.
     [[nodiscard]] virtual PopoverSurroundings popoverSurroundings(std::optional<Rect> icon);
+
+    /// Called right before a window is shown. `inner` is what it shows without its shadow, within
+    /// the window, in device-independent pixels.
+    virtual void prepare(QWidget& /*window*/, const QRect& /*inner*/) {}
 
     /// Whether windows may be translucent.
     [[nodiscard]] virtual bool isComposited() = 0;

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "platform/gnome/backend/GnomeBackend.h"
+
+#include "platform/gnome/backend/ShellLink.h"
+
+#include <utility>
+
+namespace calmora {
+
+GnomeBackend::GnomeBackend(ShellLink& link, std::unique_ptr<WindowBackend> rest,
+                           std::function<bool()> mayAct)
+    : link_(link), isOnWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")),
+      rest_(std::move(rest)),
+      // The portal would ask the user for keys whenever the screen is locked.
+      hotKeys_(link, rest_->hotKeys(), !isOnWayland_, std::move(mayAct)), transientWindows_(link) {}
+
+std::string GnomeBackend::listLimitation() const {
+    return isOnWayland_ && link_.state() == ShellLink::State::absent
+               ? "On Wayland, only X11 applications are listed."
+               : "";
+}
+
+} // namespace calmora

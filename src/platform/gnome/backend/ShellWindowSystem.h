@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/gnome/ShellWindow.h"
+#include "platform/linux/windows/OwnerProcess.h"
+#include "platform/linux/windows/OwnerWatch.h"
+#include "platform/linux/windows/WindowSystem.h"
+#include "support/Signal.h"
+
+#include <QTimer>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace calmora {
+
+class ShellLink;
+
+/// The windows of a GNOME session on Wayland, as our extension in its shell tells them. Lists
+/// nothing while the extension is not there, and goes on when it is back.
+///
+/// X11 windows are listed without an owner and are never asked to close: the X server knows
+/// better, see CompositeWindowSystem.
+class ShellWindowSystem final : public WindowSystem {
+  public:
+    /// `link` must outlive it.
+    explicit ShellWindowSystem(ShellLink& link, OwnerLookup lookUp = ownersFromKernel());
+    ShellWindowSystem(const ShellWindowSystem&) = delete;
+    ShellWindowSystem& operator=(const ShellWindowSystem&) = delete;
+
+    /// The extension may come at any time.
+    [[nodiscard]] bool isAlive() const override { return true; }
+
+    [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
+    [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
+
+    /// False while the extension is away or does not answer.
+    [[nodiscard]] bool coversAllWindows() const override;
+
+    [[nodiscard]] std::optional<WindowId> activeWindow() override;
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+    bool requestClose(WindowId window, ProcessId process) override;
+
+    /// Wayland windows carry none.
+    [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId /*window*/) override {
+        return nullptr;
+    }
+
+    /// The shell, and whose windows are docks and desktops.
+    [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
+
+    [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override { return {}; }
+
+    void flush() override {}
+
+  private:
+    void update();
+    void readWindows(const std::vector<ShellWindow>& told);
+    [[nodiscard]] TopLevelWindow windowOf(const ShellWindow& told) const;
+    void notify();
+
+    ShellLink& link_;
+    OwnerLookup lookUp_;
+    Signal<> windowsChanged_;
+    Signal<> activeWindowChanged_;
+    std::vector<ShellWindow> told_;
+    std::uint64_t toldFocus_ = 0;
+    std::vector<TopLevelWindow> windows_;
+    std::optional<WindowId> active_;
+
+    /// Our numbers of the shell's, which may be too large for us, and when each window was first
+    /// seen, as OwnerProcess::startTime counts.
+    struct Known {
+        WindowId number = 0;
+        std::uint64_t firstSeen = 0;
+    };
+
+    std::map<std::uint64_t, Known> known_;
+    WindowId lastNumber_ = 0;
+    OwnerWatch owners_;
+    bool windowsDiffer_ = false;
+    bool activeDiffers_ = false;
+    QTimer notifying_;
+    Subscription changes_;
+};
+
+/// The windows where the session is a Wayland session; else null: X11 knows all of them.
+[[nodiscard]] std::unique_ptr<WindowSystem> makeShellWindows(ShellLink& link);
+
+} // namespace calmora
