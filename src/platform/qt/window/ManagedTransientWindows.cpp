@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/window/ManagedTransientWindows.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <QWindow>
 
+#include <chrono>
 #include <utility>
 
 namespace calmora {
 
 namespace {
+
+/// Long enough for a window manager to give the focus back after an alert.
+constexpr std::chrono::milliseconds returnTime{300};
 
 class ManagedFocusGrab final : public QObject, public FocusGrab {
   public:
@@ -20,6 +25,9 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
         : window_(&window), isAlertOpen_(std::move(isAlertOpen)), onLeft_(std::move(onLeft)) {
         window_->requestActivate();
         connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* focus) {
+            if (isAlertOpen_()) {
+                returning_.setRemainingTime(returnTime);
+            }
             if (focus == window_) {
                 hadFocus_ = true;
             } else if (hadFocus_) {
@@ -38,6 +46,11 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
 
     void check() override {
         if (hadFocus_ && QGuiApplication::focusWindow() != window_ && !isAlertOpen_()) {
+            if (!returning_.hasExpired()) {
+                QTimer::singleShot(static_cast<int>(returning_.remainingTime()), this,
+                                   [this] { check(); });
+                return;
+            }
             if (const auto onLeft = std::exchange(onLeft_, nullptr)) {
                 onLeft(Leaving::turnedAway);
             }
@@ -48,6 +61,8 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
     QPointer<QWindow> window_;
     std::function<bool()> isAlertOpen_;
     std::function<void(Leaving)> onLeft_;
+    /// Runs while an alert that has ended may still have the focus.
+    QDeadlineTimer returning_{0};
     bool hadFocus_ = false;
 };
 
