@@ -50,10 +50,18 @@ void AppListViewModel::setSearchText(std::string text) {
     }
 }
 
-std::size_t AppListViewModel::selectedCount(bool force) const {
-    return static_cast<std::size_t>(std::ranges::count_if(apps_, [force](const AppInfo& app) {
-        return app.isSelected && (app.canBeForced || !force);
-    }));
+EntryCount AppListViewModel::selected(bool force) const {
+    return countApps(
+        [force](const AppInfo& app) { return app.isSelected && (app.canBeForced || !force); });
+}
+
+SelectAllClick AppListViewModel::selectAllClick() const {
+    const EntryCount missing = countApps(
+        [this](const AppInfo& app) { return !app.isSelected && !isSparedBySelectAll(app); });
+    if (missing.all == 0) {
+        return {false, selected(false)};
+    }
+    return {true, countApps([this](const AppInfo& app) { return !isSparedBySelectAll(app); })};
 }
 
 std::vector<AppInfo> AppListViewModel::filteredApps() const {
@@ -201,7 +209,7 @@ void AppListViewModel::applyWhitelist() {
     std::size_t writes = 0;
     for (AppInfo& app : apps_) {
         const std::optional<std::string>& identifier = app.bundleIdentifier;
-        if (settings_.neverQuitMusicApps() && identifier && isMusicPlayer(*identifier)) {
+        if (isMusicUnticked(app)) {
             app.isSelected = false;
             ++writes;
         }
@@ -285,6 +293,26 @@ AppInfo* AppListViewModel::find(ProcessId pid) {
 
 bool AppListViewModel::matchesSearch(std::string_view name) const {
     return searchText_.empty() || platform_.text.contains(name, searchText_);
+}
+
+bool AppListViewModel::isMusicUnticked(const AppInfo& app) const {
+    return settings_.neverQuitMusicApps() && app.bundleIdentifier &&
+           isMusicPlayer(*app.bundleIdentifier);
+}
+
+bool AppListViewModel::isSparedBySelectAll(const AppInfo& app) const {
+    return app.isWhitelisted || isMusicUnticked(app);
+}
+
+EntryCount AppListViewModel::countApps(const std::function<bool(const AppInfo&)>& counts) const {
+    EntryCount count;
+    for (const AppInfo& app : apps_) {
+        if (counts(app)) {
+            ++count.all;
+            count.hidden += matchesSearch(app.name) ? 0 : 1;
+        }
+    }
+    return count;
 }
 
 bool AppListViewModel::precedesByName(const AppInfo& a, const AppInfo& b) const {

@@ -40,6 +40,24 @@ struct AppListChange {
     friend bool operator==(const AppListChange&, const AppListChange&) = default;
 };
 
+/// A number of entries of AppListViewModel::apps(), and how many of them the search hides.
+struct EntryCount {
+    std::size_t all = 0;
+    std::size_t hidden = 0;
+
+    friend bool operator==(const EntryCount&, const EntryCount&) = default;
+};
+
+/// What a click on the select-all box does.
+struct SelectAllClick {
+    /// What it passes to AppListViewModel::setAllSelected().
+    bool isSelected = true;
+    /// The entries that end up ticked, or that lose their tick.
+    EntryCount entries = {};
+
+    friend bool operator==(const SelectAllClick&, const SelectAllClick&) = default;
+};
+
 /// The model behind the popover: the running applications with their ticks, figures and
 /// protection, searched and sorted, and what the user does with them. A short-lived instance
 /// serves a quit shortcut. Main thread.
@@ -72,7 +90,15 @@ class AppListViewModel {
 
     /// How many ticked entries of apps() quitSelected() would quit: those that cannot be forced are
     /// not counted with `force`.
-    [[nodiscard]] std::size_t selectedCount(bool force) const;
+    [[nodiscard]] std::size_t selectedCount(bool force) const { return selected(force).all; }
+
+    /// Those that selectedCount() counts.
+    [[nodiscard]] EntryCount selected(bool force) const;
+
+    /// What a click on the select-all box does now: it unticks only when every entry that
+    /// setAllSelected(true) ticks is ticked. A box that is never full, because of one protected
+    /// entry, can so be emptied.
+    [[nodiscard]] SelectAllClick selectAllClick() const;
 
     /// The entries of apps() whose name contains the search text, in the order that the settings
     /// ask for. Computed on each call.
@@ -130,6 +156,10 @@ class AppListViewModel {
     void written(Property property, std::size_t times = 1);
     [[nodiscard]] AppInfo* find(ProcessId pid);
     [[nodiscard]] bool matchesSearch(std::string_view name) const;
+    /// Whether setAllSelected(true) leaves the entry unticked.
+    [[nodiscard]] bool isSparedBySelectAll(const AppInfo& app) const;
+    [[nodiscard]] bool isMusicUnticked(const AppInfo& app) const;
+    [[nodiscard]] EntryCount countApps(const std::function<bool(const AppInfo&)>& counts) const;
     [[nodiscard]] bool precedesByName(const AppInfo& a, const AppInfo& b) const;
     void removeQuit(const std::unordered_set<ProcessId>& gone);
 

@@ -4,6 +4,7 @@
 #include "fakes/FakePlatform.h"
 #include "settings/AppSettings.h"
 #include "ui/ForceQuitConfirmation.h"
+#include "ui/SteadyList.h"
 
 namespace calmora {
 namespace {
@@ -118,10 +119,16 @@ TEST_F(AppListViewModelTest, ProtectsByIdentifierAndUnticksMusic) {
     model.toggleSelection(3);
     EXPECT_EQ(summary(model.apps()), "bare+ Music+ Xd! Xd 2!") << "music can be ticked by hand";
     EXPECT_EQ(model.selectedCount(false), 2U);
+    model.setSearchText("xd");
+    EXPECT_EQ(model.selectAllClick(), (SelectAllClick{false, {2, 2}})) << "none is left to tick";
     model.setAllSelected(false);
     EXPECT_EQ(model.selectedCount(false), 0U);
+    EXPECT_EQ(model.selectAllClick(), (SelectAllClick{true, {1, 1}}));
     model.setAllSelected(true);
     EXPECT_EQ(summary(model.apps()), "bare+ Music Xd! Xd 2!");
+    settings.neverQuitMusicApps.set(false);
+    EXPECT_EQ(model.selectAllClick(), (SelectAllClick{true, {2, 2}})) << "no music rule";
+    settings.neverQuitMusicApps.set(true);
 
     machine.workspace.canonicalIdentifiers = {{"photo-tool", "com.adobe.xd"}};
     settings.neverQuitApps.set({"photo-tool", "com.adobe.xd"});
@@ -158,6 +165,11 @@ TEST_F(AppListViewModelTest, SortsAndSearches) {
 
     model.setSearchText("AP");
     EXPECT_EQ(summary(model.filteredApps()), "apple+");
+    EXPECT_EQ(model.selected(false), (EntryCount{4, 3}));
+
+    model.setSearchText("");
+    const std::vector<ProcessId> shown{12, 99, 10};
+    EXPECT_EQ(summary(inShownOrder(model.filteredApps(), shown)), "Beta+ Safari+ alpha+ apple+");
 }
 
 TEST_F(AppListViewModelTest, ShowsBackgroundApplicationsAsTheSettingsAsk) {
