@@ -56,6 +56,66 @@
         <source>Select all</source>
         <translation>Alle auswählen</translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>Beendet %lld Programm</numerusform>
+            <numerusform>Beendet %lld Programme</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Beendet %lld Programm, durch die Suche ausgeblendet (%lld)</numerusform>
+            <numerusform>Beendet %lld Programme, davon %lld durch die Suche ausgeblendet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>Beendet %lld Programm sofort</numerusform>
+            <numerusform>Beendet %lld Programme sofort</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Beendet %lld Programm sofort, durch die Suche ausgeblendet (%lld)</numerusform>
+            <numerusform>Beendet %lld Programme sofort, davon %lld durch die Suche ausgeblendet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>Wählt %lld Programm aus</numerusform>
+            <numerusform>Wählt %lld Programme aus</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Wählt %lld Programm aus, durch die Suche ausgeblendet (%lld)</numerusform>
+            <numerusform>Wählt %lld Programme aus, davon %lld durch die Suche ausgeblendet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>Wählt %lld Programm ab</numerusform>
+            <numerusform>Wählt %lld Programme ab</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Wählt %lld Programm ab, durch die Suche ausgeblendet (%lld)</numerusform>
+            <numerusform>Wählt %lld Programme ab, davon %lld durch die Suche ausgeblendet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running apps</source>
+        <translation>Laufende Programme</translation>
+    </message>
     <message>
         <source>Search</source>
         <translation>Suchen</translation>
@@ -95,6 +155,14 @@
     <message>
         <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
         <translation>Dieser Desktop verrät nicht, welchem Prozess welches dieser Fenster gehört; deshalb lässt sich keiner sofort beenden.</translation>
+    </message>
+    <message>
+        <source>CPU %@</source>
+        <translation>CPU %@</translation>
+    </message>
+    <message>
+        <source>Memory %@</source>
+        <translation>Speicher %@</translation>
     </message>
     <message>
         <source>Protected</source>
@@ -306,6 +374,10 @@
     <message>
         <source>Force</source>
         <translation>Sofort</translation>
+    </message>
+    <message>
+        <source>Calmora always starts with polite quitting; hold Alt in the popover to force.</source>
+        <translation>Calmora beginnt immer mit höflichem Beenden; halten Sie im Fenster der Statusleiste die Alt-Taste gedrückt, um sofort zu beenden.</translation>
     </message>
     <message>
         <source>Auto Quit</source>

@@ -18,6 +18,62 @@
             <numerusform>%@ was quit after %lld minutes without use.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>Quits %lld application</numerusform>
+            <numerusform>Quits %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Quits %lld application, hidden by the search (%lld)</numerusform>
+            <numerusform>Quits %lld applications, %lld of them hidden by the search</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>Force quits %lld application</numerusform>
+            <numerusform>Force quits %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Force quits %lld application, hidden by the search (%lld)</numerusform>
+            <numerusform>Force quits %lld applications, %lld of them hidden by the search</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>Selects %lld application</numerusform>
+            <numerusform>Selects %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Selects %lld application, hidden by the search (%lld)</numerusform>
+            <numerusform>Selects %lld applications, %lld of them hidden by the search</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>Deselects %lld application</numerusform>
+            <numerusform>Deselects %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Deselects %lld application, hidden by the search (%lld)</numerusform>
+            <numerusform>Deselects %lld applications, %lld of them hidden by the search</numerusform>
+        </translation>
+    </message>
     <message>
         <source>update_available_text %@</source>
         <translation>You have version %@.</translation>

@@ -56,6 +56,66 @@
         <source>Select all</source>
         <translation>Seleccionar todas</translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>Cierra %lld aplicación</numerusform>
+            <numerusform>Cierra %lld aplicaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Cierra %lld aplicación, oculta por la búsqueda (%lld)</numerusform>
+            <numerusform>Cierra %lld aplicaciones, de ellas %lld ocultas por la búsqueda</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>Fuerza el cierre de %lld aplicación</numerusform>
+            <numerusform>Fuerza el cierre de %lld aplicaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Fuerza el cierre de %lld aplicación, oculta por la búsqueda (%lld)</numerusform>
+            <numerusform>Fuerza el cierre de %lld aplicaciones, de ellas %lld ocultas por la búsqueda</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>Selecciona %lld aplicación</numerusform>
+            <numerusform>Selecciona %lld aplicaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Selecciona %lld aplicación, oculta por la búsqueda (%lld)</numerusform>
+            <numerusform>Selecciona %lld aplicaciones, de ellas %lld ocultas por la búsqueda</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>Deselecciona %lld aplicación</numerusform>
+            <numerusform>Deselecciona %lld aplicaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Deselecciona %lld aplicación, oculta por la búsqueda (%lld)</numerusform>
+            <numerusform>Deselecciona %lld aplicaciones, de ellas %lld ocultas por la búsqueda</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running apps</source>
+        <translation>Aplicaciones abiertas</translation>
+    </message>
     <message>
         <source>Search</source>
         <translation>Buscar</translation>
@@ -95,6 +155,14 @@
     <message>
         <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
         <translation>Este escritorio no indica a qué proceso pertenece cada una de estas ventanas, por lo que no se puede forzar el cierre de ninguno.</translation>
+    </message>
+    <message>
+        <source>CPU %@</source>
+        <translation>CPU %@</translation>
+    </message>
+    <message>
+        <source>Memory %@</source>
+        <translation>Memoria %@</translation>
     </message>
     <message>
         <source>Protected</source>
@@ -306,6 +374,10 @@
     <message>
         <source>Force</source>
         <translation>Forzado</translation>
+    </message>
+    <message>
+        <source>Calmora always starts with polite quitting; hold Alt in the popover to force.</source>
+        <translation>Calmora siempre empieza con el cierre normal; mantenga pulsada la tecla Alt en la ventana emergente para forzar el cierre.</translation>
     </message>
     <message>
         <source>Auto Quit</source>

@@ -56,6 +56,66 @@
         <source>Select all</source>
         <translation>Tout sélectionner</translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>Quitte %lld application</numerusform>
+            <numerusform>Quitte %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Quitte %lld application, masquée par la recherche (%lld)</numerusform>
+            <numerusform>Quitte %lld applications, dont %lld masquées par la recherche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>Force %lld application à quitter</numerusform>
+            <numerusform>Force %lld applications à quitter</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Force %lld application à quitter, masquée par la recherche (%lld)</numerusform>
+            <numerusform>Force %lld applications à quitter, dont %lld masquées par la recherche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>Sélectionne %lld application</numerusform>
+            <numerusform>Sélectionne %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Sélectionne %lld application, masquée par la recherche (%lld)</numerusform>
+            <numerusform>Sélectionne %lld applications, dont %lld masquées par la recherche</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>Désélectionne %lld application</numerusform>
+            <numerusform>Désélectionne %lld applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>Désélectionne %lld application, masquée par la recherche (%lld)</numerusform>
+            <numerusform>Désélectionne %lld applications, dont %lld masquées par la recherche</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running apps</source>
+        <translation>Applications ouvertes</translation>
+    </message>
     <message>
         <source>Search</source>
         <translation>Rechercher</translation>
@@ -95,6 +155,14 @@
     <message>
         <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
         <translation>Ce bureau n’indique pas à quel processus appartient chacune de ces fenêtres, donc aucun ne peut être forcé à quitter.</translation>
+    </message>
+    <message>
+        <source>CPU %@</source>
+        <translation>Processeur %@</translation>
+    </message>
+    <message>
+        <source>Memory %@</source>
+        <translation>Mémoire %@</translation>
     </message>
     <message>
         <source>Protected</source>
@@ -306,6 +374,10 @@
     <message>
         <source>Force</source>
         <translation>Forcé</translation>
+    </message>
+    <message>
+        <source>Calmora always starts with polite quitting; hold Alt in the popover to force.</source>
+        <translation>Calmora commence toujours par une fermeture normale ; maintenez Alt dans la fenêtre de la barre d’état pour forcer à quitter.</translation>
     </message>
     <message>
         <source>Auto Quit</source>

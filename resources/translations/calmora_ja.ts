@@ -53,6 +53,58 @@
         <source>Select all</source>
         <translation>すべて選択</translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>%lld個のアプリを終了します</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>%lld個のアプリを終了します（うち%lld個は検索で非表示）</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>%lld個のアプリを強制終了します</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>%lld個のアプリを強制終了します（うち%lld個は検索で非表示）</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>%lld個のアプリを選択します</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>%lld個のアプリを選択します（うち%lld個は検索で非表示）</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>%lld個のアプリの選択を解除します</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>%lld個のアプリの選択を解除します（うち%lld個は検索で非表示）</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running apps</source>
+        <translation>実行中のアプリ</translation>
+    </message>
     <message>
         <source>Search</source>
         <translation>検索</translation>
@@ -92,6 +144,14 @@
     <message>
         <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
         <translation>このデスクトップでは、どのウインドウがどのプロセスのものか分からないため、強制終了できません。</translation>
+    </message>
+    <message>
+        <source>CPU %@</source>
+        <translation>CPU %@</translation>
+    </message>
+    <message>
+        <source>Memory %@</source>
+        <translation>メモリ %@</translation>
     </message>
     <message>
         <source>Protected</source>
@@ -302,6 +362,10 @@
     <message>
         <source>Force</source>
         <translation>強制</translation>
+    </message>
+    <message>
+        <source>Calmora always starts with polite quitting; hold Alt in the popover to force.</source>
+        <translation>Calmoraは常に通常の終了から始めます。強制終了するには、ポップオーバーでAltキーを押し続けてください。</translation>
     </message>
     <message>
         <source>Auto Quit</source>

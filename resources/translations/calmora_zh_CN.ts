@@ -53,6 +53,58 @@
         <source>Select all</source>
         <translation>全选</translation>
     </message>
+    <message numerus="yes">
+        <source>Quits %lld applications</source>
+        <translation>
+            <numerusform>退出 %lld 个应用</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>退出 %lld 个应用，其中 %lld 个被搜索隐藏</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications</source>
+        <translation>
+            <numerusform>强制退出 %lld 个应用</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Force quits %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>强制退出 %lld 个应用，其中 %lld 个被搜索隐藏</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications</source>
+        <translation>
+            <numerusform>选择 %lld 个应用</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>选择 %lld 个应用，其中 %lld 个被搜索隐藏</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications</source>
+        <translation>
+            <numerusform>取消选择 %lld 个应用</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Deselects %lld applications, %lld of them hidden by the search</source>
+        <translation>
+            <numerusform>取消选择 %lld 个应用，其中 %lld 个被搜索隐藏</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Running apps</source>
+        <translation>正在运行的应用</translation>
+    </message>
     <message>
         <source>Search</source>
         <translation>搜索</translation>
@@ -92,6 +144,14 @@
     <message>
         <source>This desktop does not tell which process has which of these windows, so none can be forced to quit.</source>
         <translation>此桌面不提供这些窗口各属于哪个进程，因此无法强制退出。</translation>
+    </message>
+    <message>
+        <source>CPU %@</source>
+        <translation>CPU %@</translation>
+    </message>
+    <message>
+        <source>Memory %@</source>
+        <translation>内存 %@</translation>
     </message>
     <message>
         <source>Protected</source>
@@ -302,6 +362,10 @@
     <message>
         <source>Force</source>
         <translation>强制</translation>
+    </message>
+    <message>
+        <source>Calmora always starts with polite quitting; hold Alt in the popover to force.</source>
+        <translation>Calmora 总是先以正常方式退出；在弹出窗口中按住 Alt 键可强制退出。</translation>
     </message>
     <message>
         <source>Auto Quit</source>

@@ -98,7 +98,10 @@ void GeneralSettingsView::build(Form& form) {
     addPicker(display, settings_.sortOrder, "Sort by", sortOrders);
     addPicker(display, settings_.resourceDisplay, "Show resources", resourceDisplays);
 
-    addPicker(add("Quit"), settings_.defaultQuitMode, "Default quit mode", quitModes);
+    FormSection& quit = add("Quit");
+    addPicker(quit, settings_.defaultQuitMode, "Default quit mode", quitModes);
+    quit.addNote(uiText("Calmora always starts with polite quitting; hold Alt in the popover to "
+                        "force."));
 
     FormSection& autoQuit = add("Auto Quit");
     addSwitch(autoQuit, settings_.autoQuitEnabled, "Auto-quit inactive apps");

@@ -35,6 +35,11 @@ int columnWidth(const QFontMetrics& metrics, const QString& text, const QString&
     return std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(usual));
 }
 
+/// A percentage as screen readers read it: number and sign apart.
+QString spoken(QString percent) {
+    return percent.replace('%', QStringLiteral(" %"));
+}
+
 } // namespace
 
 AppRowView::AppRowView(QWidget* parent)
@@ -46,6 +51,8 @@ AppRowView::AppRowView(QWidget* parent)
     hoverFade_.setEasingCurve(QEasingCurve::InOutQuad);
     hoverFade_.setStartValue(0.0);
     hoverFade_.setEndValue(1.0);
+    check_->installEventFilter(this);
+    quit_->installEventFilter(this);
     connect(&hoverFade_, &QVariantAnimation::valueChanged, this, [this] { update(); });
     // The callback may lead to other values for this row, so a copy of it runs.
     connect(check_, &QAbstractButton::clicked, this, [this] {
@@ -58,6 +65,13 @@ AppRowView::AppRowView(QWidget* parent)
             quit();
         }
     });
+}
+
+bool AppRowView::eventFilter(QObject* watched, QEvent* event) {
+    const bool isPress =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    return (isPress && row_.acceptsPress && !row_.acceptsPress()) ||
+           StackRow::eventFilter(watched, event);
 }
 
 void AppRowView::setRow(AppRow row) {
@@ -130,10 +144,10 @@ void AppRowView::showState() {
         details << uiText("Protected");
     } else {
         if (showsCPU(row_.resourceDisplay)) {
-            details << cpuText(row_.app.cpuUsage);
+            details << uiText("CPU %@", spoken(cpuText(row_.app.cpuUsage)));
         }
         if (showsMemory(row_.resourceDisplay)) {
-            details << memoryText(row_.app.memoryMB);
+            details << uiText("Memory %@", memoryText(row_.app.memoryMB));
         }
     }
     say(*this, (QStringList(name_) + details).join(", "));
@@ -311,8 +325,26 @@ void AppRowView::setPresence(double presence) {
     }
 }
 
-void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
+std::optional<RowAction> AppRowView::accessibleAction() const {
     if (row_.app.isBackgroundApp) {
+        return {};
+    }
+    return RowAction{
+        .name = row_.isWhitelisted ? QStringLiteral("unprotect") : QStringLiteral("protect"),
+        .title = uiText(row_.isWhitelisted ? "Remove Protection" : "Never Quit This App"),
+        // It belongs to the row as it is now: a menu stays open while the list changes.
+        .run =
+            [choose = row_.onToggleWhitelist] {
+                if (choose) {
+                    choose();
+                }
+            },
+    };
+}
+
+void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
+    const auto action = accessibleAction();
+    if (!action) {
         return;
     }
     auto* menu = new QMenu(this);
@@ -330,20 +362,15 @@ void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
     const int side = menu->style()->pixelMetric(QStyle::PM_SmallIconSize);
     const QIcon symbol(symbolPixmap(row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled",
                                     side, color, devicePixelRatioF()));
-    QAction* item = menu->addAction(
-        symbol, uiText(row_.isWhitelisted ? "Remove Protection" : "Never Quit This App"));
+    QAction* item = menu->addAction(symbol, action->title);
     item->setIconVisibleInMenu(true);
-    // The menu belongs to the row as it was drawn when it opened.
-    connect(item, &QAction::triggered, menu, [choose = row_.onToggleWhitelist] {
-        if (choose) {
-            choose();
-        }
-    });
-    QPoint place = event->globalPos();
+    connect(item, &QAction::triggered, menu, action->run);
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        place = mapToGlobal(nameBounds_.center());
+        menu->popup(mapToGlobal(nameBounds_.center()));
+        menu->setActiveAction(item);
+    } else {
+        menu->popup(event->globalPos());
     }
-    menu->popup(place);
 }
 
 std::optional<RowFocus> AppRowView::focused() const {

@@ -27,6 +27,8 @@ struct AppRow {
     std::function<void()> onQuit = nullptr;
     /// The protection item of the context menu was chosen.
     std::function<void()> onToggleWhitelist = nullptr;
+    /// Whether a press on the tick box or the quit button may act now; absent means always.
+    std::function<bool()> acceptsPress = nullptr;
 };
 
 /// One application: tick box, icon, name, figures and quit button. Holds no model: it shows the
@@ -50,6 +52,8 @@ class AppRowView final : public StackRow {
         return QAccessible::ListItem;
     }
 
+    /// The item of the context menu.
+    [[nodiscard]] std::optional<RowAction> accessibleAction() const override;
     void setPresence(double presence) override;
     void updateHover() override;
     [[nodiscard]] std::optional<RowFocus> focused() const override;
@@ -61,6 +65,9 @@ class AppRowView final : public StackRow {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
     void enterEvent(QEnterEvent*) override { setHovered(true); }
+
+    /// Swallows presses on the controls that must not act.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     void hideEvent(QHideEvent* event) override;
 

@@ -144,7 +144,13 @@ BackgroundGroupRowView::BackgroundGroupRowView(QWidget* parent)
       members_(new RowStack(
           {.make = [](RowKind) { return std::make_unique<AppRowView>(); },
            .bind = [this](StackRow& view, const RowKey& key) { bindMember(view, key); },
-           .reveal = nullptr},
+           .reveal = nullptr,
+           .movedUnderPointer =
+               [this] {
+                   if (row_.onMembersMoved) {
+                       row_.onMembersMoved();
+                   }
+               }},
           this)),
       bandBottom_(std::numeric_limits<int>::max() / 2) {
     setObjectName("backgroundGroupRow");
@@ -160,6 +166,7 @@ void BackgroundGroupRowView::setRow(BackgroundGroupRow row) {
     row_ = std::move(row);
     header_->showGroup();
     setAccessibleName(displayName(row_.app.name));
+    members_->setAccessibleName(accessibleName());
     std::vector<RowSlot> slots;
     if (row_.app.childProcesses) {
         for (const AppInfo& member : *row_.app.childProcesses) {
@@ -224,7 +231,8 @@ void BackgroundGroupRowView::bindMember(StackRow& view, const RowKey& key) {
                                            .isWhitelisted = member->isWhitelisted,
                                            .onToggle = telling(row_.onToggle),
                                            .onQuit = telling(row_.onQuit),
-                                           .onToggleWhitelist = telling(row_.onToggleWhitelist)});
+                                           .onToggleWhitelist = telling(row_.onToggleWhitelist),
+                                           .acceptsPress = row_.acceptsPress});
 }
 
 void BackgroundGroupRowView::updateHover() {

@@ -7,6 +7,7 @@
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverList.h"
 #include "ui/QuitAllButton.h"
+#include "ui/RowAccessibility.h"
 #include "ui/RowStack.h"
 #include "ui/SearchBox.h"
 #include "widgets/Controls.h"
@@ -36,6 +37,25 @@ bool isTyping(const QKeyEvent& event) {
     const QString text = event.text();
     return !(event.modifiers() & commands) && !text.isEmpty() && text.front().isPrint() &&
            !text.front().isSpace();
+}
+
+/// Says how many entries a click affects; empty for none.
+QString countHint(const EntryCount& count, const char* all, const char* withHidden) {
+    if (count.all == 0) {
+        return {};
+    }
+    const auto number = static_cast<qlonglong>(count.all);
+    return count.hidden == 0
+               ? uiCount(all, number)
+               : QString::fromStdString(fillPlaceholders(uiCount(withHidden, number).toStdString(),
+                                                         {std::to_string(count.hidden)}));
+}
+
+void setHint(QWidget& widget, const QString& hint) {
+    if (widget.toolTip() != hint) {
+        widget.setToolTip(hint);
+        widget.setAccessibleDescription(hint);
+    }
 }
 
 } // namespace
@@ -84,8 +104,9 @@ void MenuPopoverView::build() {
          .toggleWhitelist = [this](ProcessId pid) { viewModel_.toggleWhitelist(pid); },
          .quit = [this](const AppInfo& app, bool force) { quitRow(app, force); },
          .quitMember = [this](ProcessId pid, bool force) { quitMember(pid, force); },
-         .groupToggled = [this] { markDirty(); }},
-        this);
+         .groupToggled = [this] { markDirty(); },
+         .left = [this] { markDirty(); }},
+        surroundings_.platform.clock, this);
     status_ = new Label({}, TextStyle::caption2, ThemeColor::tertiary, this);
     status_->setObjectName("status");
     gear_ = new SymbolButton(this);
@@ -98,7 +119,7 @@ void MenuPopoverView::build() {
     connect(quitAll_, &QAbstractButton::clicked, this,
             [this] { quitAll(quitAll_->isForceQuit()); });
     connect(selectAll_, &QAbstractButton::clicked, this,
-            [this] { viewModel_.setAllSelected(!selectAll_->isChecked()); });
+            [this] { viewModel_.setAllSelected(viewModel_.selectAllClick().isSelected); });
     connect(&search_->field(), &QLineEdit::textChanged, this, [this](const QString& text) {
         viewModel_.setSearchText(text.toStdString());
         // Results are shown from the first one.
@@ -249,20 +270,33 @@ void MenuPopoverView::rebuild() {
         return;
     }
     isDirty_ = false;
-    list_->showList(viewModel_, settings_.resourceDisplay(), isForceQuit_,
-                    std::exchange(removedAfterQuit_, false));
+    list_->showList(viewModel_, settings_, isForceQuit_, std::exchange(removedAfterQuit_, false));
     showControls();
 }
 
 void MenuPopoverView::showControls() {
     quitAll_->setForceQuit(isForceQuit_);
-    quitAll_->setEnabled(viewModel_.selectedCount(isForceQuit_) > 0);
+    const EntryCount selected = viewModel_.selected(isForceQuit_);
+    quitAll_->setEnabled(selected.all > 0);
+    setHint(*quitAll_,
+            isForceQuit_ ? countHint(selected, "Force quits %lld applications",
+                                     "Force quits %lld applications, %lld of them hidden by the "
+                                     "search")
+                         : countHint(selected, "Quits %lld applications",
+                                     "Quits %lld applications, %lld of them hidden by the search"));
     const QString text = QString::fromStdString(viewModel_.searchText());
     if (search_->field().text() != text) {
         search_->field().setText(text);
     }
     const auto& apps = viewModel_.apps();
     selectAll_->setChecked(!apps.empty() && std::ranges::all_of(apps, &AppInfo::isSelected));
+    const SelectAllClick click = viewModel_.selectAllClick();
+    setHint(*selectAll_,
+            click.isSelected
+                ? countHint(click.entries, "Selects %lld applications",
+                            "Selects %lld applications, %lld of them hidden by the search")
+                : countHint(click.entries, "Deselects %lld applications",
+                            "Deselects %lld applications, %lld of them hidden by the search"));
     const auto protectedCount = std::ranges::count_if(apps, &AppInfo::isWhitelisted);
     const auto count = static_cast<qlonglong>(apps.size());
     const QString status = protectedCount == 0
@@ -349,6 +383,12 @@ bool MenuPopoverView::focusNextPrevChild(bool next) {
 
 void MenuPopoverView::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
+    case Qt::Key_Escape:
+        if (!viewModel_.searchText().empty()) {
+            search_->field().clear();
+            return;
+        }
+        break;
     case Qt::Key_Down:
         list_->rows().moveFocus(1);
         return;

@@ -42,7 +42,8 @@ struct MenuPopoverSurroundings {
 /// appears and disappears with the widget. A quit is made in the mode that its button showed when
 /// it was pressed.
 /// Keyboard: Tab walks the controls and visits the list once, the arrows move in the list, Space
-/// and Return press, typing starts the search; Escape is left to the window, which closes.
+/// and Return press, typing starts the search; Escape empties the search, else it is left to the
+/// window, which closes.
 class MenuPopoverView final : public QWidget {
   public:
     MenuPopoverView(AppSettings& settings, AppListViewModel& viewModel,

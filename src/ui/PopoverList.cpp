@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/PopoverList.h"
 
+#include "platform/Clock.h"
 #include "ui/AppListViewModel.h"
 #include "ui/AppRowView.h"
 #include "ui/BackgroundGroupRowView.h"
@@ -9,11 +10,13 @@
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace calmora {
@@ -126,11 +129,12 @@ std::unique_ptr<StackRow> makeRow(RowKind kind) {
 
 } // namespace
 
-PopoverList::PopoverList(Actions actions, QWidget* parent)
-    : QScrollArea(parent), actions_(std::move(actions)),
+PopoverList::PopoverList(Actions actions, const Clock& clock, QWidget* parent)
+    : QScrollArea(parent), actions_(std::move(actions)), clock_(clock),
       stack_(new RowStack({.make = makeRow,
                            .bind = [this](StackRow& row, const RowKey& key) { bindRow(row, key); },
-                           .reveal = [this](int top, int height) { reveal(top, height); }},
+                           .reveal = [this](int top, int height) { reveal(top, height); },
+                           .movedUnderPointer = [this] { rowsMoved(); }},
                           nullptr)) {
     setObjectName("list");
     setFrameShape(QFrame::NoFrame);
@@ -140,16 +144,62 @@ PopoverList::PopoverList(Actions actions, QWidget* parent)
     verticalScrollBar()->setSingleStep(appRowHeight + appRowSpacing);
     viewport()->setAutoFillBackground(false);
     stack_->setObjectName("rows");
+    stack_->setAccessibleName(uiText("Running apps"));
     setWidget(stack_);
     stack_->setAutoFillBackground(false);
     connect(verticalScrollBar(), &QAbstractSlider::valueChanged, this, [this] { updateBand(); });
+    connect(qApp, &QApplication::focusChanged, this, [this] {
+        const bool hasFocus = hasFocusInside();
+        if (std::exchange(hadFocus_, hasFocus) && !hasFocus) {
+            notifyIfLeft();
+        }
+    });
 }
 
-void PopoverList::showList(const AppListViewModel& model, ResourceDisplay display, bool isForceQuit,
-                           bool removedAfterQuit) {
-    display_ = display;
+bool PopoverList::hasFocusInside() const {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && isAncestorOf(focus);
+}
+
+bool PopoverList::isInUse() const {
+    return hasPointer_ || hasFocusInside() || QApplication::activePopupWidget();
+}
+
+void PopoverList::notifyIfLeft() {
+    if (sortOrder_ != SortOrder::alphabetical && !isInUse()) {
+        actions_.left();
+    }
+}
+
+void PopoverList::rowsMoved() {
+    if (!isMoveByUser_) {
+        guard_.rowsMoved(clock_.ticks());
+    }
+}
+
+bool PopoverList::acceptsPress() const {
+    return guard_.accepts(clock_.ticks());
+}
+
+std::vector<AppInfo> PopoverList::orderedApps(const AppListViewModel& model,
+                                              bool isSameView) const {
+    if (!isSameView || sortOrder_ == SortOrder::alphabetical || !isInUse()) {
+        return model.filteredApps();
+    }
+    std::vector<ProcessId> shown;
+    std::ranges::transform(apps_, std::back_inserter(shown), &AppInfo::pid);
+    return inShownOrder(model.filteredApps(), shown);
+}
+
+void PopoverList::showList(const AppListViewModel& model, const AppSettings& settings,
+                           bool isForceQuit, bool removedAfterQuit) {
+    const bool isSameView = !std::exchange(isFresh_, false) && searchText_ == model.searchText() &&
+                            sortOrder_ == settings.sortOrder();
+    searchText_ = model.searchText();
+    sortOrder_ = settings.sortOrder();
+    display_ = settings.resourceDisplay();
     isForceQuit_ = isForceQuit;
-    apps_ = model.filteredApps();
+    apps_ = orderedApps(model, isSameView);
     background_ = model.filteredBackgroundApps();
     entries_.clear();
     for (const AppInfo& app : apps_) {
@@ -168,6 +218,9 @@ void PopoverList::showList(const AppListViewModel& model, ResourceDisplay displa
     std::erase_if(expanded_, [&](ProcessId pid) { return !groups.contains(pid); });
     std::vector<RowSlot> slots = rowSlots(!model.searchText().empty());
     const RowMotion motion = motionTo(slots, removedAfterQuit);
+    if (slots != slots_) {
+        isMoveByUser_ = removedAfterQuit || toggledGroup_ || !isSameView;
+    }
     toggledGroup_ = false;
     slots_ = slots;
     stack_->setRows(std::move(slots), motion);
@@ -242,7 +295,8 @@ void PopoverList::bindApp(StackRow& row, const AppInfo& app) {
          .isWhitelisted = app.isWhitelisted,
          .onToggle = [this, pid] { actions_.toggle(pid); },
          .onQuit = [this, app, force = isForceQuit_] { actions_.quit(app, force); },
-         .onToggleWhitelist = [this, pid] { actions_.toggleWhitelist(pid); }});
+         .onToggleWhitelist = [this, pid] { actions_.toggleWhitelist(pid); },
+         .acceptsPress = [this] { return acceptsPress(); }});
 }
 
 void PopoverList::bindGroup(StackRow& row, const AppInfo& app) {
@@ -253,7 +307,13 @@ void PopoverList::bindGroup(StackRow& row, const AppInfo& app) {
          .resourceDisplay = display_,
          .onToggle = actions_.toggle,
          .onQuit = [this, force = isForceQuit_](ProcessId pid) { actions_.quitMember(pid, force); },
-         .onToggleWhitelist = actions_.toggleWhitelist});
+         .onToggleWhitelist = actions_.toggleWhitelist,
+         .acceptsPress = [this] { return acceptsPress(); },
+         .onMembersMoved =
+             [this] {
+                 isMoveByUser_ = false;
+                 rowsMoved();
+             }});
     group.setExpanded(expanded_.contains(app.pid));
     group.setOnExpandedChanged([this, pid = app.pid](bool isExpanded) {
         if (isExpanded) {
@@ -282,6 +342,18 @@ void PopoverList::updateBand() {
 
 void PopoverList::scroll(QKeyEvent& event) {
     QCoreApplication::sendEvent(verticalScrollBar(), &event);
+}
+
+void PopoverList::hideEvent(QHideEvent* event) {
+    // A window that closes under the pointer gets no leave event.
+    hasPointer_ = false;
+    QScrollArea::hideEvent(event);
+}
+
+void PopoverList::leaveEvent(QEvent* event) {
+    hasPointer_ = false;
+    notifyIfLeft();
+    QScrollArea::leaveEvent(event);
 }
 
 void PopoverList::keyPressEvent(QKeyEvent* event) {

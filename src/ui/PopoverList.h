@@ -4,6 +4,7 @@
 #include "model/AppInfo.h"
 #include "settings/AppSettings.h"
 #include "ui/RowLayout.h"
+#include "ui/SteadyList.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -12,16 +13,20 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace calmora {
 
 class AppListViewModel;
+class Clock;
 class RowStack;
 class StackRow;
 
 /// The scrolling list of the popover: the applications, and below them the background section. At
-/// most 400 high. Remembers which groups are open.
+/// most 400 high. Remembers which groups are open. While it is sorted by a figure and the pointer
+/// or the focus is in it, rows keep their places; a press on a row that has just moved under the
+/// pointer by itself does nothing.
 class PopoverList final : public QScrollArea {
   public:
     /// Called for the user's actions. `force` is the mode that the row showed.
@@ -33,16 +38,22 @@ class PopoverList final : public QScrollArea {
         std::function<void(ProcessId, bool force)> quitMember;
         /// A group was opened or closed: the list must be shown again.
         std::function<void()> groupToggled;
+        /// Pointer or focus has left: rows need no longer keep their places.
+        std::function<void()> left;
     };
 
-    PopoverList(Actions actions, QWidget* parent);
+    /// The clock must outlive the list.
+    PopoverList(Actions actions, const Clock& clock, QWidget* parent);
 
     /// Shows the model's present list. Rows glide if their number changed, slower after a quit.
-    void showList(const AppListViewModel& model, ResourceDisplay display, bool isForceQuit,
+    void showList(const AppListViewModel& model, const AppSettings& settings, bool isForceQuit,
                   bool removedAfterQuit);
 
-    /// Lets the next list appear without motion.
-    void startOver() { slots_.clear(); }
+    /// Lets the next list appear in its own order and without motion.
+    void startOver() {
+        slots_.clear();
+        isFresh_ = true;
+    }
 
     void scrollToTop() { verticalScrollBar()->setValue(0); }
 
@@ -52,10 +63,23 @@ class PopoverList final : public QScrollArea {
     [[nodiscard]] RowStack& rows() { return *stack_; }
 
   protected:
+    void enterEvent(QEnterEvent*) override { hasPointer_ = true; }
+
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    /// Whether pointer or focus is in the list; a menu of ours keeps them there.
+    [[nodiscard]] bool isInUse() const;
+    [[nodiscard]] bool hasFocusInside() const;
+    /// The applications in the order to show them.
+    [[nodiscard]] std::vector<AppInfo> orderedApps(const AppListViewModel& model,
+                                                   bool isSameView) const;
+    void notifyIfLeft();
+    void rowsMoved();
+    [[nodiscard]] bool acceptsPress() const;
     [[nodiscard]] std::vector<RowSlot> rowSlots(bool isSearching) const;
     [[nodiscard]] RowMotion motionTo(const std::vector<RowSlot>& slots,
                                      bool removedAfterQuit) const;
@@ -68,7 +92,17 @@ class PopoverList final : public QScrollArea {
     void updateBand();
 
     Actions actions_;
+    const Clock& clock_;
     RowStack* stack_;
+    PressGuard guard_;
+    bool hasPointer_ = false;
+    bool hadFocus_ = false;
+    /// Nothing has been shown since startOver().
+    bool isFresh_ = true;
+    /// Whether the user caused the rows' last move.
+    bool isMoveByUser_ = false;
+    std::string searchText_;
+    SortOrder sortOrder_ = SortOrder::alphabetical;
     ResourceDisplay display_ = ResourceDisplay::cpuOnly;
     bool isForceQuit_ = false;
     bool toggledGroup_ = false;

@@ -56,6 +56,13 @@ RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom) {
     return range;
 }
 
+std::optional<PlacedRow> rowAt(std::span<const PlacedRow> rows, int y) {
+    const auto row = std::ranges::find_if(rows, [y](const PlacedRow& candidate) {
+        return y >= candidate.top && y < candidate.bottom();
+    });
+    return row != rows.end() ? std::optional(*row) : std::nullopt;
+}
+
 RowGlide::RowGlide(std::span<const PlacedRow> shown, std::vector<PlacedRow> target,
                    RowMotion motion)
     : target_(std::move(target)), motion_(motion) {

@@ -101,6 +101,9 @@ struct RowRange {
 /// From the first to the last row that reaches into the band from `top` to `bottom`.
 [[nodiscard]] RowRange rowsInSight(std::span<const PlacedRow> rows, int top, int bottom);
 
+/// The row at a height; absent between rows and outside of them. Its top tells whether it moved.
+[[nodiscard]] std::optional<PlacedRow> rowAt(std::span<const PlacedRow> rows, int y);
+
 /// A list on its way from one arrangement to the next. Rows that stay move and resize, new rows
 /// fade in at their final position, rows that left disappear at once.
 class RowGlide {

@@ -3,7 +3,6 @@
 
 #include "widgets/Theme.h"
 
-#include <QAccessibleWidget>
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
@@ -24,24 +23,8 @@ bool holdsFocus(const QWidget& widget) {
     return focus && (focus == &widget || widget.isAncestorOf(focus));
 }
 
-class Interface final : public QAccessibleWidget {
-  public:
-    using QAccessibleWidget::QAccessibleWidget;
-};
-
 /// Beside a row's focus ring.
 constexpr int sideInset = 5;
-
-/// The caller, Qt, owns the interface.
-QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
-    if (auto* row = dynamic_cast<StackRow*>(object)) {
-        return std::make_unique<Interface>(row, row->accessibleRole()).release();
-    }
-    if (auto* stack = dynamic_cast<RowStack*>(object)) {
-        return std::make_unique<Interface>(stack, QAccessible::List).release();
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -104,9 +87,32 @@ StackRow* RowStack::rowWidget(const RowKey& key) const {
     return found == live_.end() ? nullptr : found->second.get();
 }
 
+std::vector<StackRow*> RowStack::rowWidgets() const {
+    std::vector<StackRow*> rows;
+    for (const RowSlot& slot : slots_) {
+        if (StackRow* row = rowWidget(slot.key)) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+void RowStack::noteMove(const std::vector<PlacedRow>& before) {
+    if (placed_ == before || !isVisible()) {
+        return;
+    }
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    const bool isOver = pointer.x() >= 0 && pointer.x() < width();
+    if (isOver && rowAt(before, pointer.y()) != rowAt(placed_, pointer.y())) {
+        callbacks_.movedUnderPointer();
+    }
+}
+
 void RowStack::arrange() {
-    placed_ =
-        isMoving() ? glide_.at(std::chrono::milliseconds(clock_.currentTime())) : glide_.target();
+    const std::vector<PlacedRow> before = std::exchange(
+        placed_,
+        isMoving() ? glide_.at(std::chrono::milliseconds(clock_.currentTime())) : glide_.target());
+    noteMove(before);
     const RowRange inSight = rowsInSight(placed_, bandTop_, bandBottom_);
     std::set<RowKey> wanted;
     for (std::size_t i = 0; i < placed_.size(); ++i) {
@@ -273,10 +279,6 @@ void drawRowFocus(QPainter& painter, const QWidget& row) {
                       row.rect().adjusted(ring + sideInset, ring, -ring - sideInset, -ring),
                       metrics::rowRadius, Theme::of(row));
     }
-}
-
-void installRowAccessibility() {
-    QAccessible::installFactory(interfaceFor);
 }
 
 } // namespace calmora

@@ -4,6 +4,7 @@
 #include "ui/RowLayout.h"
 
 #include <QAccessible>
+#include <QString>
 #include <QVariantAnimation>
 #include <QWidget>
 
@@ -24,6 +25,15 @@ struct RowFocus {
     RowColumn column = RowColumn::check;
 };
 
+/// Something that can be done with a row as a whole.
+struct RowAction {
+    /// The same in every language.
+    QString name;
+    /// What the user reads or hears.
+    QString title;
+    std::function<void()> run;
+};
+
 /// A row that a RowStack shows, moves and reuses for other entries.
 class StackRow : public QWidget {
   public:
@@ -31,6 +41,10 @@ class StackRow : public QWidget {
 
     /// The role that screen readers announce.
     [[nodiscard]] virtual QAccessible::Role accessibleRole() const = 0;
+
+    /// What assistive technologies can do with the row beside what its controls do; absent for
+    /// nothing.
+    [[nodiscard]] virtual std::optional<RowAction> accessibleAction() const { return {}; }
 
     /// Sets how far the row has faded in, from 0 to 1.
     virtual void setPresence(double) {}
@@ -62,6 +76,8 @@ class RowStack final : public QWidget {
         std::function<void(StackRow&, const RowKey&)> bind;
         /// Scrolls a span of the list into view; may be absent.
         std::function<void(int top, int height)> reveal;
+        /// Something else has come under the pointer because rows moved, not the pointer.
+        std::function<void()> movedUnderPointer;
     };
 
     RowStack(Callbacks callbacks, QWidget* parent);
@@ -75,6 +91,9 @@ class RowStack final : public QWidget {
 
     /// The widget of a row, while there is one; null otherwise.
     [[nodiscard]] StackRow* rowWidget(const RowKey& key) const;
+
+    /// The widgets of all rows that have one, from top to bottom.
+    [[nodiscard]] std::vector<StackRow*> rowWidgets() const;
 
     [[nodiscard]] bool isMoving() const { return clock_.state() == QAbstractAnimation::Running; }
 
@@ -102,6 +121,8 @@ class RowStack final : public QWidget {
 
   private:
     void updateHover();
+    /// Tells when rows that were at `before` have moved under the pointer.
+    void noteMove(const std::vector<PlacedRow>& before);
     /// Creates, places and recycles widgets for the visible rows.
     void arrange();
     void bindAll();
@@ -125,9 +146,5 @@ class RowStack final : public QWidget {
 
 /// Draws the focus ring of a row that has the keyboard focus itself.
 void drawRowFocus(QPainter& painter, const QWidget& row);
-
-/// Tells screen readers the roles of a list's rows: list items, headings and groups. May be called
-/// again.
-void installRowAccessibility();
 
 } // namespace calmora

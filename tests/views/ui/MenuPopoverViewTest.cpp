@@ -22,7 +22,11 @@ class MenuPopoverViewTest : public testing::Test, public PopoverFixture {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    static void settle() { QCoreApplication::processEvents(); }
+    /// Handles what is queued, and what that queues.
+    static void settle() {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
 
     static void click(QWidget& widget) {
         QTest::mouseClick(&widget, Qt::LeftButton);
@@ -201,6 +205,71 @@ TEST_F(MenuPopoverViewTest, SearchesWhereverTheUserTypes) {
     QTest::keyClicks(QApplication::focusWidget(), "x");
     rest();
     EXPECT_TRUE(view->findChild<QWidget*>("emptyState")->isVisible());
+    EXPECT_EQ(button("quitAll").toolTip(), "Quits 3 applications, 3 of them hidden by the search");
+    // Escape empties the field; the next one is the window's.
+    const auto escapes = [&] {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+        QApplication::sendEvent(QApplication::focusWidget(), &escape);
+        return !escape.isAccepted();
+    };
+    EXPECT_FALSE(escapes());
+    EXPECT_EQ(model.searchText(), "");
+    EXPECT_TRUE(escapes());
+}
+
+TEST_F(MenuPopoverViewTest, KeepsRowsInPlaceWhileTheListIsUsed) {
+    launchThree();
+    settings.sortOrder.set(SortOrder::cpuUsage);
+    show();
+    const auto busy = [&](ProcessId pid) {
+        machine.clock.advance(1s);
+        machine.processes.at(pid).counters->userTime += 900'000'000;
+        model.updateResourceUsage();
+        settle();
+        return rows();
+    };
+    EXPECT_THAT(busy(2), ElementsAre("Beta", "Alpha", "Gamma"));
+    QCursor::setPos(rowWidgets()[1]->mapToGlobal(QPoint(5, 5)));
+    settle();
+    EXPECT_THAT(busy(3), ElementsAre("Beta", "Alpha", "Gamma"));
+    launch(4, "Delta");
+    machine.runLoop.turn();
+    rest();
+    busy(4);
+    EXPECT_THAT(busy(4), ElementsAre("Beta", "Alpha", "Gamma", "Delta"));
+    QCursor::setPos(view->mapToGlobal(QPoint(5, 5)));
+    settle();
+    EXPECT_THAT(rows(), ElementsAre("Delta", "Alpha", "Beta", "Gamma"));
+
+    rowButton("Gamma", "tick").setFocus();
+    EXPECT_THAT(busy(3), ElementsAre("Delta", "Alpha", "Beta", "Gamma"));
+    search().setFocus();
+    settle();
+    EXPECT_THAT(rows(), ElementsAre("Gamma", "Alpha", "Beta", "Delta"));
+}
+
+TEST_F(MenuPopoverViewTest, APressOnWhatHasJustComeUnderThePointerDoesNothing) {
+    launchThree();
+    show();
+    const QPoint second = rowWidgets()[1]->mapToGlobal(QPoint(5, 5));
+    QCursor::setPos(second);
+    settle();
+    launch(4, "Aardvark");
+    machine.runLoop.turn();
+    rest();
+    EXPECT_EQ(rows()[1], "Alpha");
+    for (const char* what : {"quit", "tick"}) {
+        click(rowButton("Alpha", what));
+    }
+    EXPECT_THAT(machine.workspace.terminateRequests, IsEmpty());
+    EXPECT_TRUE(model.apps()[1].isSelected);
+    machine.clock.advance(250ms);
+    click(rowButton("Alpha", "quit"));
+    EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(1));
+    rest();
+    // The user moved the rows: the next click counts.
+    click(rowButton("Beta", "quit"));
+    EXPECT_THAT(machine.workspace.terminateRequests, ElementsAre(1, 2));
 }
 
 TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {

@@ -39,15 +39,15 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
     } cases[] = {
         {.what = "one of several",
          .row = {.app = with([](AppInfo& a) { a.canBeForced = false; })},
-         .says = "Mail, —",
+         .says = "Mail, CPU —",
          .canForce = false},
-        {"unsampled", {.app = mail, .resourceDisplay = both}, "Mail, —, —"},
-        {"CPU alone", {.app = with([](AppInfo& a) { a.cpuUsage = 180; })}, "Mail, 180.0%"},
-        {"memory alone", {.app = large, .resourceDisplay = memoryOnly}, "Mail, 1024 MB"},
-        {"no number", {.app = odd, .resourceDisplay = both}, "Mail, 0.0%, —"},
-        {"unticked", {.app = with([](AppInfo& a) { a.isSelected = false; })}, "Mail, —", false},
+        {"unsampled", {.app = mail, .resourceDisplay = both}, "Mail, CPU —, Memory —"},
+        {"CPU alone", {.app = with([](AppInfo& a) { a.cpuUsage = 180; })}, "Mail, CPU 180.0 %"},
+        {"memory alone", {.app = large, .resourceDisplay = memoryOnly}, "Mail, Memory 1024 MB"},
+        {"no number", {.app = odd, .resourceDisplay = both}, "Mail, CPU 0.0 %, Memory —"},
+        {"unticked", {.app = with([](AppInfo& a) { a.isSelected = false; })}, "Mail, CPU —", false},
         {"protected", {.app = mail, .isWhitelisted = true}, "Mail, Protected", false, false, false},
-        {"background", {.app = hidden}, "Mail, —", false, false},
+        {"background", {.app = hidden}, "Mail, CPU —", false, false},
     };
 
     // One row for all: what one case showed must not stay.
