@@ -59,7 +59,7 @@ QColor Theme::color(ThemeColor color) const {
     case ThemeColor::fill:
         return withAlpha(text_, 0.06);
     case ThemeColor::teal:
-        return dark ? QColor(0x3f, 0xc7, 0xba) : QColor(0x0b, 0x7a, 0x70);
+        return dark ? QColor(0x3f, 0xc7, 0xba) : QColor(0x07, 0x64, 0x5b);
     case ThemeColor::tealFill:
         return withAlpha(this->color(ThemeColor::teal), 0.12);
     case ThemeColor::accentFace:
@@ -72,6 +72,10 @@ QColor Theme::color(ThemeColor color) const {
         return withAlpha(text_, dark ? 0.38 : 0.34);
     case ThemeColor::controlFace:
         return dark ? withAlpha(text_, 0.06) : QColor(0xff, 0xff, 0xff);
+    case ThemeColor::switchOff:
+        return withAlpha(text_, dark ? 0.42 : 0.5);
+    case ThemeColor::switchOn:
+        return dark ? this->color(ThemeColor::teal).darker(140) : this->color(ThemeColor::teal);
     case ThemeColor::focusRing:
         return withAlpha(this->color(ThemeColor::teal), 0.65);
     }
@@ -82,10 +86,10 @@ QLinearGradient Theme::buttonFace(const QRectF& bounds, bool harmful) const {
     QLinearGradient face(bounds.topLeft(), bounds.bottomLeft());
     const bool dark = appearance_ == Appearance::dark;
     if (harmful) {
-        face.setColorAt(0, dark ? QColor(0xd9, 0x45, 0x3d) : QColor(0xe0, 0x48, 0x40));
+        face.setColorAt(0, dark ? QColor(0xcf, 0x3a, 0x33) : QColor(0xd6, 0x3d, 0x35));
         face.setColorAt(1, dark ? QColor(0xb8, 0x2c, 0x27) : QColor(0xc4, 0x2b, 0x26));
     } else {
-        face.setColorAt(0, dark ? QColor(0x12, 0x8c, 0x80) : QColor(0x13, 0x91, 0x86));
+        face.setColorAt(0, dark ? QColor(0x0e, 0x80, 0x76) : QColor(0x0f, 0x83, 0x7a));
         face.setColorAt(1, dark ? QColor(0x0a, 0x6f, 0x66) : QColor(0x0b, 0x78, 0x6e));
     }
     return face;
@@ -120,7 +124,7 @@ QPalette themePalette(Appearance appearance) {
     const QColor base = dark ? QColor(0x1d, 0x1f, 0x20) : QColor(0xff, 0xff, 0xff);
     const QColor button = dark ? QColor(0x36, 0x39, 0x3b) : QColor(0xfb, 0xfb, 0xfa);
     const QColor text = dark ? QColor(0xf0, 0xf1, 0xf1) : QColor(0x1c, 0x1e, 0x1f);
-    const QColor accent = dark ? QColor(0x1a, 0x9c, 0x90) : QColor(0x0b, 0x7a, 0x70);
+    const QColor accent = dark ? QColor(0x1a, 0x9c, 0x90) : QColor(0x07, 0x64, 0x5b);
     QPalette palette(button, window);
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {

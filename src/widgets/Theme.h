@@ -58,6 +58,9 @@ enum class ThemeColor {
     controlBorder,
     /// Face of an empty check box.
     controlFace,
+    /// The track of a switch, 3 : 1 against the card that it lies on.
+    switchOff,
+    switchOn,
     /// The ring around the focused control.
     focusRing,
 };

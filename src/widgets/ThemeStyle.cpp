@@ -184,11 +184,8 @@ QColor mixed(const QColor& a, const QColor& b, double share) {
 }
 
 void drawSwitch(QPainter& painter, const QRectF& track, const SwitchRow& row, const Theme& theme) {
-    QColor on = theme.color(ThemeColor::teal);
-    if (theme.appearance() == Appearance::dark) {
-        on = on.darker(140);
-    }
-    const QColor face = mixed(theme.color(ThemeColor::controlBorder), on, row.knob());
+    const QColor face =
+        mixed(theme.color(ThemeColor::switchOff), theme.color(ThemeColor::switchOn), row.knob());
     painter.setPen(Qt::NoPen);
     painter.setBrush(row.isDown() ? face.darker(112) : face);
     const double radius = track.height() / 2;

@@ -18,11 +18,16 @@ double luminance(const QColor& color) {
            0.0722 * linear(color.blueF());
 }
 
-double contrast(const QColor& text, const QColor& ground) {
+/// The colour that painting `color` over `ground` gives.
+QColor over(const QColor& color, const QColor& ground) {
     QImage pixel(1, 1, QImage::Format_RGB32);
     pixel.fill(ground);
-    QPainter(&pixel).fillRect(pixel.rect(), text);
-    const double a = luminance(pixel.pixelColor(0, 0));
+    QPainter(&pixel).fillRect(pixel.rect(), color);
+    return pixel.pixelColor(0, 0);
+}
+
+double contrast(const QColor& text, const QColor& ground) {
+    const double a = luminance(over(text, ground));
     const double b = luminance(ground);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
@@ -40,8 +45,16 @@ TEST(Theme, FollowsThePaletteWithReadableContrast) {
         for (const bool harmful : {false, true}) {
             for (const auto& [place, color] :
                  theme.buttonFace(QRectF(0, 0, 10, 36), harmful).stops()) {
-                EXPECT_GE(contrast(theme.color(ThemeColor::onAccent), color), 3.5) << place;
+                EXPECT_GE(contrast(theme.color(ThemeColor::onAccent), color), 4.5) << place;
             }
+        }
+        const QColor hovered = over(theme.color(ThemeColor::fill), palette.color(QPalette::Window));
+        const QColor badge = over(theme.color(ThemeColor::tealFill), hovered);
+        EXPECT_GE(contrast(theme.color(ThemeColor::teal), badge), 4.5);
+        const QColor card =
+            over(theme.color(ThemeColor::controlFace), palette.color(QPalette::Window));
+        for (const ThemeColor track : {ThemeColor::switchOff, ThemeColor::switchOn}) {
+            EXPECT_GE(contrast(theme.color(track), card), 3);
         }
     }
 }
