@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Prints, as JSON, what a screen reader sees of a program: role, name, label, description, states,
-place on the screen, children. The options of a closed picker, which are nowhere, are left out.
+actions, place on the screen, children. The options of a closed picker, which are nowhere, are left out.
 
 Usage: accessible_tree.py PROCESS_ID
 """
@@ -19,6 +19,7 @@ STATES = {
     "focused": Atspi.StateType.FOCUSED,
     "showing": Atspi.StateType.SHOWING,
     "expanded": Atspi.StateType.EXPANDED,
+    "modal": Atspi.StateType.MODAL,
 }
 
 # at-spi2 2.54 has renamed a role; what reads the tree uses the names from before.
@@ -45,6 +46,8 @@ def describe(node):
             "label": label_of(node),
             "description": node.get_description(),
             "states": [name for name, state in STATES.items() if states.contains(state)],
+            "actions": [node.get_action_name(i) for i in range(node.get_n_actions())]
+                       if node.get_action_iface() else [],
             "x": place.x, "y": place.y, "width": place.width, "height": place.height,
             "children": [child for child in (describe(node.get_child_at_index(i))
                                              for i in range(children)) if child],

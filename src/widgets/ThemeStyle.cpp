@@ -330,6 +330,14 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     return {width + tabGap, Theme::symbolSide(tabSymbolPoints) + text.height() + 3 * tabPadding};
 }
 
+QRect ThemeStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+    // All of a check box or switch takes clicks; screen readers ask for that area.
+    return element == SE_CheckBoxClickRect && dynamic_cast<const CheckBox*>(widget)
+               ? option->rect
+               : QProxyStyle::subElementRect(element, option, widget);
+}
+
 void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
     if (const auto* picker = qstyleoption_cast<const QStyleOptionComboBox*>(option);

@@ -45,6 +45,7 @@ class ForceMode(DesktopCase):
         # Iconic: a window that took the keyboard would rightly close the popover.
         started = self.desktop.start("xterm", "-iconic", "-class", "UXTerm")
         driver.wait_for_row("UXTerm")
+        self.assert_read_well(driver)
         os.kill(started.pid, signal.SIGTERM)
         driver.wait_for_no_row("UXTerm")
         elsewhere = driver.button("Quit Galculator")
@@ -57,12 +58,24 @@ class ForceMode(DesktopCase):
         driver.hold_option()
         driver.press("Force Quit XTerm")
         driver.button("Cancel")
+        self.assertTrue(all("modal" in node["states"] for node in driver.nodes("alert")))
+        self.assertEqual(driver.nodes("alert")[0]["name"], "Do you want to force \"XTerm\" to quit?")
         driver.release_option()
         driver.desktop.click_node([button for button in driver.nodes("push button")
                                    if button["name"] == "Force Quit"][0])
         self.wait_for_exit(stubborn)
         driver.wait_for_no_row("XTerm")
         self.assertTrue(driver.is_open())
+
+    def assert_read_well(self, driver):
+        """The popover as a screen reader sees it, whose rows came in another order."""
+        self.assertIn("modal", driver.nodes("dialog")[0]["states"])
+        self.assertEqual(driver.nodes("list")[0]["name"], "Running apps")
+        rows = driver.nodes("list item")
+        self.assertEqual([row["name"].split(",")[0] for row in rows],
+                         ["Galculator", "UXTerm", "XTerm"])
+        self.assertRegex(rows[0]["name"], r"CPU \d+\.\d %$")
+        self.assertIn("protect", rows[0]["actions"])
 
     def test_option_click_under_openbox(self):
         self.force_quit_row("openbox")

@@ -310,8 +310,10 @@ TEST_F(MenuPopoverViewTest, IsReachableByKeyboard) {
                 << qPrintable(child->objectName());
         }
     }
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(rowWidgets().front())->role(),
-              QAccessible::ListItem);
+    QAccessible::queryAccessibleInterface(rowWidgets().front())
+        ->actionInterface()
+        ->doAction("protect");
+    EXPECT_TRUE(settings.neverQuitApps().contains("org.example.Alpha"));
 }
 
 TEST_F(MenuPopoverViewTest, CreatesOnlyVisibleRows) {

@@ -136,8 +136,6 @@ QRect centred(QSize size, const QRect& area) {
 AlertPanel::AlertPanel(const Alert& alert, const Image& icon,
                        std::function<void(std::size_t)> onAnswer) {
     setObjectName("alert");
-    setAccessibleName(shortened(alert.messageText));
-    setAccessibleDescription(shortened(alert.informativeText));
     const Theme theme = Theme::of(*this);
 
     auto* texts = new QVBoxLayout;
@@ -195,8 +193,10 @@ std::size_t QtAlerts::runModal(const Alert& alert) {
     const Subscription session = session_.begin();
     QEventLoop loop;
 
-    TransientFrame frame(windows_);
+    TransientFrame frame(windows_, QAccessible::AlertMessage);
     frame.setWindowTitle("Calmora");
+    frame.setAccessibleName(shortened(alert.messageText));
+    frame.setAccessibleDescription(shortened(alert.informativeText));
     frame.setWindowModality(Qt::ApplicationModal);
     auto panel =
         std::make_unique<AlertPanel>(alert, alert.icon.value_or(ownIcon_), [&](std::size_t index) {

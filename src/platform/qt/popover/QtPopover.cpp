@@ -18,7 +18,7 @@ QRect toQRect(const Rect& rect) {
 } // namespace
 
 QtPopover::QtPopover(TransientWindows& windows, AlertSession& alerts)
-    : windows_(windows), alerts_(alerts), frame_(windows) {
+    : windows_(windows), alerts_(alerts), frame_(windows, QAccessible::Dialog) {
     frame_.setObjectName("popover");
     frame_.setWindowTitle("Calmora");
     frame_.setOnEscape([this] { performClose(); });

@@ -3,6 +3,7 @@
 
 #include "platform/qt/window/TransientWindows.h"
 
+#include <QAccessible>
 #include <QWidget>
 
 #include <functional>
@@ -13,7 +14,10 @@ namespace calmora {
 /// corners and a shadow, without one a plain edge.
 class TransientFrame : public QWidget {
   public:
-    explicit TransientFrame(TransientWindows& windows);
+    /// `role` is what assistive technologies call the window; it always has the modal state.
+    TransientFrame(TransientWindows& windows, QAccessible::Role role);
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const { return role_; }
 
     /// The frame's content.
     void setBody(std::unique_ptr<QWidget> body);
@@ -42,6 +46,7 @@ class TransientFrame : public QWidget {
     [[nodiscard]] QRect bounds() const;
 
     TransientWindows& windows_;
+    QAccessible::Role role_;
     std::function<void()> onEscape_;
     std::function<void()> onPress_;
     /// Drawn with shadow and round corners.
