@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 namespace calmora {
 
@@ -21,22 +23,33 @@ class LocalizedStrings {
                                            std::optional<std::int64_t> count = {}) const = 0;
 };
 
-/// The text with its placeholders ("%lld", "%@") replaced by the arguments, in order. Surplus
-/// placeholders stay, surplus arguments are ignored; placeholders in arguments are not replaced.
-[[nodiscard]] inline std::string fillPlaceholders(std::string_view text,
-                                                  std::initializer_list<std::string> arguments) {
-    constexpr std::string_view integer = "%lld";
-    constexpr std::string_view object = "%@";
+/// What a placeholder stands for: "%@" for a text, "%lld" for a number.
+using PlaceholderValue = std::variant<std::string, std::int64_t>;
+
+/// The text with its placeholders ("%lld", "%@") replaced by the arguments: each by the next one of
+/// its type, since translations may change their order. Surplus placeholders stay, surplus
+/// arguments are ignored; placeholders in arguments are not replaced.
+[[nodiscard]] inline std::string
+fillPlaceholders(std::string_view text, std::initializer_list<PlaceholderValue> arguments) {
+    std::vector<PlaceholderValue> left(arguments);
     std::string result;
-    for (const std::string& argument : arguments) {
-        const std::size_t at = std::min(text.find(integer), text.find(object));
-        if (at == std::string_view::npos) {
-            break;
+    while (!text.empty()) {
+        const bool isNumber = text.starts_with("%lld");
+        const auto argument =
+            isNumber || text.starts_with("%@")
+                ? std::ranges::find(left, isNumber ? 1U : 0U, &PlaceholderValue::index)
+                : left.end();
+        if (argument == left.end()) {
+            result += text.front();
+            text.remove_prefix(1);
+            continue;
         }
-        result.append(text.substr(0, at)).append(argument);
-        text.remove_prefix(at + (text.substr(at).starts_with(integer) ? integer : object).size());
+        result += isNumber ? std::to_string(std::get<std::int64_t>(*argument))
+                           : std::get<std::string>(*argument);
+        left.erase(argument);
+        text.remove_prefix(isNumber ? 4 : 2);
     }
-    return result.append(text);
+    return result;
 }
 
 } // namespace calmora

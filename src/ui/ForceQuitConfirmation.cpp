@@ -25,7 +25,7 @@ bool confirmForceQuitAll(Alerts& alerts, const LocalizedStrings& strings, std::s
     alert.messageText =
         fillPlaceholders(strings.text("Do you want to force quit %lld selected apps?",
                                       static_cast<std::int64_t>(count)),
-                         {std::to_string(count)});
+                         {static_cast<std::int64_t>(count)});
     alert.informativeText = strings.text("You will lose any unsaved changes in these apps.");
     return confirm(alerts, strings, std::move(alert), "Force Quit All");
 }

@@ -303,7 +303,7 @@ void MenuPopoverView::showControls() {
                                ? uiCount("apps_running_count %lld", count)
                                : QString::fromStdString(fillPlaceholders(
                                      uiCount("%lld apps · %lld protected", count).toStdString(),
-                                     {std::to_string(protectedCount)}));
+                                     {static_cast<std::int64_t>(protectedCount)}));
     if (status_->text() != status) {
         status_->setText(status);
     }

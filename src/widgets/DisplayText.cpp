@@ -11,6 +11,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace calmora {
@@ -43,7 +44,7 @@ QString uiCount(const char* key, qlonglong count) {
     const int number =
         static_cast<int>(std::clamp<qlonglong>(count, 0, std::numeric_limits<int>::max()));
     const QString text = QCoreApplication::translate("Calmora", key, nullptr, number);
-    return QString::fromStdString(fillPlaceholders(text.toStdString(), {std::to_string(count)}));
+    return QString::fromStdString(fillPlaceholders(text.toStdString(), {std::int64_t{count}}));
 }
 
 QString displayName(const std::string& name) {

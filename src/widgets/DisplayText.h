@@ -14,7 +14,7 @@ namespace calmora {
 /// The text of a key in the user's language; the key itself where there is none.
 [[nodiscard]] QString uiText(const char* key);
 
-/// The text of a key with its first "%lld" or "%@" replaced by `argument`.
+/// The text of a key with its first "%@" replaced by `argument`.
 [[nodiscard]] QString uiText(const char* key, const QString& argument);
 
 /// The text of a key that counts something, in the plural form for `count`.
