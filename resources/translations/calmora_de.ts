@@ -424,6 +424,10 @@
         <translation>8 Stunden</translation>
     </message>
     <message>
+        <source>Changes last until you quit Calmora: %@ cannot be used.</source>
+        <translation>Änderungen gelten, bis Sie Calmora beenden: %@ kann nicht verwendet werden.</translation>
+    </message>
+    <message>
         <source>Reset All Settings</source>
         <translation>Alle Einstellungen zurücksetzen</translation>
     </message>

@@ -424,6 +424,10 @@
         <translation>8 horas</translation>
     </message>
     <message>
+        <source>Changes last until you quit Calmora: %@ cannot be used.</source>
+        <translation>Los cambios duran hasta que salga de Calmora: no se puede usar %@.</translation>
+    </message>
+    <message>
         <source>Reset All Settings</source>
         <translation>Restablecer toda la configuración</translation>
     </message>

@@ -424,6 +424,10 @@
         <translation>8 heures</translation>
     </message>
     <message>
+        <source>Changes last until you quit Calmora: %@ cannot be used.</source>
+        <translation>Les modifications durent jusqu’à ce que vous quittiez Calmora : impossible d’utiliser %@.</translation>
+    </message>
+    <message>
         <source>Reset All Settings</source>
         <translation>Réinitialiser tous les paramètres</translation>
     </message>

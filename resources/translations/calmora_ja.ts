@@ -412,6 +412,10 @@
         <translation>8時間</translation>
     </message>
     <message>
+        <source>Changes last until you quit Calmora: %@ cannot be used.</source>
+        <translation>変更はCalmoraを終了するまで有効です。%@を使用できません。</translation>
+    </message>
+    <message>
         <source>Reset All Settings</source>
         <translation>すべての設定をリセット</translation>
     </message>

@@ -412,6 +412,10 @@
         <translation>8 小时</translation>
     </message>
     <message>
+        <source>Changes last until you quit Calmora: %@ cannot be used.</source>
+        <translation>更改仅在退出 Calmora 之前有效：无法使用 %@。</translation>
+    </message>
+    <message>
         <source>Reset All Settings</source>
         <translation>重置所有设置</translation>
     </message>

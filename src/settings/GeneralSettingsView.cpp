@@ -69,6 +69,7 @@ GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater
     layout->addWidget(form);
     refresh();
     changes_ = settings_.observeAny([this] { refresh(); });
+    usability_ = settings_.onUsabilityChanged([this] { refresh(); });
 }
 
 void GeneralSettingsView::build(Form& form) {
@@ -76,6 +77,7 @@ void GeneralSettingsView::build(Form& form) {
         return form.addSection(uiText(title));
     };
 
+    addUsability(form.addSection());
     addSwitch(add("Startup"), settings_.openAtLogin, "Open Calmora at login");
     addUpdates(add("Updates"));
     addSwitch(add("Sounds"), settings_.playSounds, "Play sound on quit");
@@ -168,6 +170,17 @@ void GeneralSettingsView::addUpdates(FormSection& section) {
         row->setEnabled(false);
         row->setToolTip(text);
     }
+}
+
+void GeneralSettingsView::addUsability(FormSection& section) {
+    Paragraph* note = section.addNote({});
+    note->setObjectName("settingsNotSaved");
+    bindings_.emplace_back([this, note, section = &section] {
+        const auto file = settings_.unusableFile();
+        note->setText(uiText("Changes last until you quit Calmora: %@ cannot be used.",
+                             displayName(file.value_or(std::string()))));
+        section->setVisible(file.has_value());
+    });
 }
 
 void GeneralSettingsView::refresh() {

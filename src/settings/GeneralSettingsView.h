@@ -40,6 +40,8 @@ class GeneralSettingsView final : public QWidget {
     QWidget* addPicker(FormSection& section, Preference<Value>& preference, const char* title,
                        const Choices& choices);
     void addUpdates(FormSection& section);
+    /// Adds a section that is there while settings cannot be saved.
+    void addUsability(FormSection& section);
     /// Updates every control from the settings.
     void refresh();
     void showAddAppSheet();
@@ -52,6 +54,7 @@ class GeneralSettingsView final : public QWidget {
     /// Each updates controls from the settings.
     std::vector<std::function<void()>> bindings_;
     Subscription changes_;
+    Subscription usability_;
 };
 
 } // namespace calmora

@@ -33,6 +33,16 @@ class PreferenceTable {
         return changed_.connect([handler = std::move(handler)](std::string_view) { handler(); });
     }
 
+    /// See UserDefaults.
+    [[nodiscard]] std::optional<std::string> unusableFile() const {
+        return defaults_.unusableFile();
+    }
+
+    /// See UserDefaults.
+    [[nodiscard]] Subscription onUsabilityChanged(std::function<void()> handler) {
+        return defaults_.onUsabilityChanged(std::move(handler));
+    }
+
     /// Sets every preference to its default, in the order of declaration, so that every key is
     /// written. Stops if a handler destroys the table.
     void resetToDefaults();

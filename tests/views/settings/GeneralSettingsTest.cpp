@@ -51,6 +51,17 @@ TEST_F(GeneralSettingsTest, EverySwitchEditsAndShowsItsPreference) {
     EXPECT_FALSE(button("openAtLogin").isChecked());
 }
 
+TEST_F(GeneralSettingsTest, SaysWhileSettingsCannotBeSaved) {
+    open();
+    const auto* note = window.findChild<QLabel*>("settingsNotSaved");
+    for (const std::optional<std::string> file : {{}, std::optional("/a\n%@ folder"), {}}) {
+        machine.defaults.unusable = file;
+        machine.defaults.usability.emit();
+        EXPECT_EQ(note->isVisible(), file.has_value());
+        EXPECT_EQ(note->text().contains("/a %@ folder"), file.has_value());
+    }
+}
+
 TEST_F(GeneralSettingsTest, APickerEditsItsPreference) {
     settings.autoQuitMinutes.set(45);
     open();
