@@ -79,6 +79,7 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
     const NeverQuitList neverQuitApps(settings_, platform_.workspace);
     treeSampler_.beginPass(running);
     std::set<std::string> regular;
+    const std::weak_ptr alive = alive_;
     for (const WorkspaceApplication& app : running) {
         if (app.activationPolicy != ActivationPolicy::regular) {
             continue;
@@ -88,6 +89,9 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
         }
         if (mayQuit(app, inactive, neverQuitApps)) {
             quit(app);
+        }
+        if (alive.expired()) { // Whoever was notified may have ended auto-quit.
+            return;
         }
     }
     activityTracker_.pruneEntries(regular);
@@ -154,7 +158,7 @@ void AutoQuitManager::postAutoQuitNotification(const std::string& appName, std::
     notification.title = "Calmora";
     notification.body =
         fillPlaceholders(platform_.strings.text("auto_quit_notification %@ %lld", minutes),
-                         {shownName(appName), std::to_string(minutes)});
+                         {shownName(appName), minutes});
     notification.identifier = "autoQuit-" + appName + "-" + secondsText(platform_.clock.now());
     notifications_.add(notification);
 }

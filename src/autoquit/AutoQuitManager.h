@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -84,6 +85,8 @@ class AutoQuitManager {
     /// Samples all other cautious ones.
     ProcessTreeSampler treeSampler_;
     Subscription checkTimer_;
+    /// Expires with the manager.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace calmora

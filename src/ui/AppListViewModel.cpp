@@ -9,6 +9,7 @@
 #include "settings/NeverQuitList.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -46,7 +47,7 @@ Subscription AppListViewModel::observe(std::function<void(const AppListChange&)>
 void AppListViewModel::setSearchText(std::string text) {
     if (text != searchText_) {
         searchText_ = std::move(text);
-        written(Property::searchText);
+        written({{Property::searchText}});
     }
 }
 
@@ -135,15 +136,13 @@ void AppListViewModel::refresh() {
         app.knownAppInfo = KnownApps::lookup(app.bundleIdentifier);
     }
     apps_ = std::move(listed);
-    written(Property::apps);
-    applyWhitelist();
+    const std::size_t marks = markProtected();
 
     std::vector<AppInfo> background = processMonitor_.getBackgroundApps(running);
     if (settings_.groupBackgroundInstances()) {
         background = processMonitor_.groupBackgroundApps(std::move(background));
     }
     backgroundApps_ = std::move(background);
-    written(Property::backgroundApps);
 
     ResourceMonitor::Snapshots kept;
     for (const std::vector<AppInfo>* list : {&apps_, &backgroundApps_}) {
@@ -157,9 +156,14 @@ void AppListViewModel::refresh() {
         }
     }
     resourceMonitor_.setSnapshots(std::move(kept));
+    written({{Property::apps, 1 + marks}, {Property::backgroundApps}});
 }
 
 void AppListViewModel::updateResourceUsage() {
+    written({{Property::apps, sampleUsage()}});
+}
+
+std::size_t AppListViewModel::sampleUsage() {
     std::vector<ProcessId> pids;
     pids.reserve(apps_.size());
     for (const AppInfo& app : apps_) {
@@ -183,28 +187,30 @@ void AppListViewModel::updateResourceUsage() {
             writes += 2;
         }
     }
-    written(Property::apps, writes);
+    return writes;
 }
 
 void AppListViewModel::startPolling(std::chrono::milliseconds interval) {
-    if (pollingTimer_) {
-        pollingTimer_.reset();
-        written(Property::pollingTimer);
-    }
-    updateResourceUsage();
+    const std::size_t stopped = pollingTimer_ ? 1 : 0;
+    const std::size_t figures = sampleUsage();
     pollingTimer_ = platform_.runLoop.repeat(interval, [this] { updateResourceUsage(); });
-    written(Property::pollingTimer);
+    written(
+        {{Property::pollingTimer, stopped}, {Property::apps, figures}, {Property::pollingTimer}});
 }
 
 void AppListViewModel::stopPolling() {
     if (pollingTimer_) {
         pollingTimer_.reset();
         resourceMonitor_.rest();
-        written(Property::pollingTimer);
+        written({{Property::pollingTimer}});
     }
 }
 
 void AppListViewModel::applyWhitelist() {
+    written({{Property::apps, markProtected()}});
+}
+
+std::size_t AppListViewModel::markProtected() {
     const NeverQuitList neverQuit(settings_, platform_.workspace);
     std::size_t writes = 0;
     for (AppInfo& app : apps_) {
@@ -221,14 +227,14 @@ void AppListViewModel::applyWhitelist() {
             ++writes;
         }
     }
-    written(Property::apps, writes);
+    return writes;
 }
 
 void AppListViewModel::toggleSelection(ProcessId pid) {
     AppInfo* app = find(pid);
     if (app && !app->isWhitelisted) {
         app->isSelected = !app->isSelected;
-        written(Property::apps);
+        written({{Property::apps}});
     }
 }
 
@@ -236,10 +242,8 @@ void AppListViewModel::setAllSelected(bool isSelected) {
     for (AppInfo& app : apps_) {
         app.isSelected = isSelected;
     }
-    written(Property::apps, apps_.size());
-    if (isSelected) {
-        applyWhitelist();
-    }
+    const std::size_t marks = isSelected ? markProtected() : 0;
+    written({{Property::apps, apps_.size() + marks}});
 }
 
 void AppListViewModel::toggleWhitelist(ProcessId pid) {
@@ -247,19 +251,26 @@ void AppListViewModel::toggleWhitelist(ProcessId pid) {
     if (!app || !app->bundleIdentifier) {
         return;
     }
+    // Observers of the settings may destroy the model.
+    const std::weak_ptr alive = alive_;
+    AppSettings& settings = settings_;
     if (app->isWhitelisted) {
         std::vector<std::string> identifiers = app->otherBundleIdentifiers;
         identifiers.push_back(*app->bundleIdentifier);
+        const NeverQuitList neverQuit(settings_, platform_.workspace);
+        std::set<std::string> stored;
         for (const std::string& identifier : identifiers) {
-            const NeverQuitList neverQuit(settings_, platform_.workspace);
-            for (const std::string& stored : neverQuit.storedFor(identifier)) {
-                settings_.removeFromNeverQuit(stored);
-            }
+            std::ranges::copy(neverQuit.storedFor(identifier), std::inserter(stored, stored.end()));
+        }
+        for (const std::string& identifier : stored) {
+            settings.removeFromNeverQuit(identifier);
         }
     } else {
-        settings_.addToNeverQuit(std::string(*app->bundleIdentifier));
+        settings.addToNeverQuit(std::string(*app->bundleIdentifier));
     }
-    applyWhitelist();
+    if (!alive.expired()) {
+        applyWhitelist();
+    }
 }
 
 bool AppListViewModel::quitApp(ProcessId pid, bool force) {
@@ -280,9 +291,12 @@ std::size_t AppListViewModel::quitSelected(bool force) {
     return gone.size();
 }
 
-void AppListViewModel::written(Property property, std::size_t times) {
-    for (std::size_t i = 0; i < times; ++i) {
-        changed_.emit({.property = property});
+void AppListViewModel::written(std::initializer_list<Writes> all) {
+    const std::weak_ptr alive = alive_;
+    for (const auto& [property, times] : all) {
+        for (std::size_t i = 0; i < times && !alive.expired(); ++i) {
+            changed_.emit({.property = property});
+        }
     }
 }
 

@@ -14,6 +14,8 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -151,9 +153,17 @@ class AppListViewModel {
   private:
     using Property = AppListChange::Property;
 
+    struct Writes {
+        Property property = Property::apps;
+        std::size_t times = 1;
+    };
+
     /// Tells the observers, once per field, after a pass has written them all: nobody sees a list
-    /// that is half written, and an observer may change it.
-    void written(Property property, std::size_t times = 1);
+    /// that is half written, and an observer may change it, or destroy the model: call last.
+    void written(std::initializer_list<Writes> all);
+    /// The number of fields that were written.
+    std::size_t sampleUsage();
+    std::size_t markProtected();
     [[nodiscard]] AppInfo* find(ProcessId pid);
     [[nodiscard]] bool matchesSearch(std::string_view name) const;
     /// Whether setAllSelected(true) leaves the entry unticked.
@@ -175,6 +185,8 @@ class AppListViewModel {
     std::string searchText_;
     Subscription pollingTimer_;
     Signal<const AppListChange&> changed_;
+    /// Expires with the model.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace calmora

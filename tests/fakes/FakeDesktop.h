@@ -151,10 +151,16 @@ class FakeStatusItem final : public StatusItem {
 /// Notices in memory.
 class FakeUserNotifications final : public UserNotifications {
   public:
-    void add(const UserNotification& notification) override { added.push_back(notification); }
+    void add(const UserNotification& notification) override {
+        added.push_back(notification);
+        if (onAdded) {
+            onAdded();
+        }
+    }
 
     /// Every notice, in order.
     std::vector<UserNotification> added;
+    std::function<void()> onAdded;
 };
 
 } // namespace calmora

@@ -21,7 +21,7 @@ struct AutoQuitManagerTest : testing::Test {
     AutoQuitManagerTest() {
         settings.autoQuitEnabled.set(true);
         settings.autoQuitMinutes.set(15);
-        machine.strings.texts["auto_quit_notification %@ %lld"] = "%@ after %lld minutes";
+        machine.strings.texts["auto_quit_notification %@ %lld"] = "After %lld minutes: %@";
     }
 
     void launch(ProcessId process, std::optional<std::string> bundleIdentifier) {
@@ -62,6 +62,19 @@ struct AutoQuitManagerTest : testing::Test {
     AutoQuitManager manager{settings, machine.platform(), notifications, input};
 };
 
+TEST_F(AutoQuitManagerTest, MayBeDestroyedByWhoeverItNotifies) {
+    launch(1, "app1");
+    launch(2, "app2");
+    auto own =
+        std::make_unique<AutoQuitManager>(settings, machine.platform(), notifications, input);
+    for (const char* app : {"app1", "app2"}) {
+        own->activityTracker().recordActivation(app, machine.clock.wall - 1h);
+    }
+    notifications.onAdded = [&] { own.reset(); };
+    own->checkAndQuitInactiveApps();
+    EXPECT_EQ(machine.workspace.terminateRequests, Pids{1});
+}
+
 TEST_F(AutoQuitManagerTest, QuitsIdleApplicationsOverADay) {
     for (const ProcessId process : {1, 2, 3, 4}) {
         launch(process, "app" + std::to_string(process));
@@ -87,8 +100,8 @@ TEST_F(AutoQuitManagerTest, QuitsIdleApplicationsOverADay) {
     }
     EXPECT_EQ(quitAt, (std::map<ProcessId, int>{{1, 16}, {2, 56 + 16}, {3, 18 * 60 + 16}}))
         << "later than 15 minutes, not at them; the frontmost is not exempt";
-    EXPECT_EQ(notices(), (Names{"App 1 after 15 minutes", "App 2 after 15 minutes",
-                                "App 3 after 15 minutes"}));
+    EXPECT_EQ(notices(), (Names{"After 15 minutes: App 1", "After 15 minutes: App 2",
+                                "After 15 minutes: App 3"}));
     EXPECT_EQ(machine.runLoop.timers(), (std::vector<std::chrono::milliseconds>{1min}));
 }
 
@@ -195,7 +208,7 @@ TEST_F(AutoQuitManagerTest, AsksEachRegularApplicationWithAnIdentifier) {
     age("gone", 1min);
     EXPECT_EQ(check(), (Pids{1, 5}));
     EXPECT_TRUE(machine.workspace.forceRequests.empty()) << "whatever the default is";
-    EXPECT_EQ(notices(), (Names{"App 1 after 15 minutes", "a after 15 minutes"}));
+    EXPECT_EQ(notices(), (Names{"After 15 minutes: App 1", "After 15 minutes: a"}));
     EXPECT_EQ(input.discards, 2);
 
     const auto& entries = manager.activityTracker().lastActiveTime();

@@ -221,6 +221,33 @@ TEST_F(AppListViewModelTest, QuitsAndRemovesWhatHasEnded) {
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
 }
 
+TEST_F(AppListViewModelTest, MayBeDestroyedByWhoeverItTells) {
+    launchSome();
+    settings.neverQuitApps.set({"com.adobe.xd", "photo-tool"});
+    machine.workspace.canonicalIdentifiers = {{"photo-tool", "com.adobe.xd"}};
+    std::unique_ptr<AppListViewModel> own;
+    const std::function<void()> actions[] = {
+        [&] { own->refresh(); },          [&] { own->updateResourceUsage(); },
+        [&] { own->startPolling(1s); },   [&] { own->setAllSelected(true); },
+        [&] { own->toggleWhitelist(2); }, [&] { own->toggleWhitelist(4); },
+    };
+    for (const auto& act : actions) {
+        own = std::make_unique<AppListViewModel>(settings, machine.platform());
+        own->refresh();
+        own->startPolling(2s);
+        int told = 0;
+        const auto destroy = [&] {
+            ++told;
+            own.reset();
+        };
+        const Subscription list = own->observe([&](const Change&) { destroy(); });
+        const Subscription setting = settings.observeAny([&] { own.reset(); });
+        act();
+        EXPECT_LE(told, 1) << &act - actions;
+    }
+    EXPECT_TRUE(settings.neverQuitApps().empty()) << "the user's wish is fulfilled all the same";
+}
+
 TEST(ForceQuitConfirmation, AsksAndTakesOnlyTheFirstButtonForYes) {
     FakePlatform machine;
     machine.alerts.answers = {0, 1};

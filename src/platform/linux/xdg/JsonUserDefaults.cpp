@@ -85,9 +85,9 @@ JsonUserDefaults::JsonUserDefaults(std::filesystem::path file, RunLoop& runLoop)
     removeLeftTemporaries(file_);
     FileContent content = readFile(file_);
     if (content.state == FileState::unreadable) {
-        fail(reasonOf(errno));
+        report(reasonOf(errno));
     } else if (content.state == FileState::damaged && !keepAside(file_)) {
-        fail(damagedInPlace);
+        report(damagedInPlace);
     }
     members_ = std::move(content.members);
     for (const auto& [key, written] : members_) {
@@ -177,23 +177,24 @@ bool JsonUserDefaults::flush() {
     if (pending_.empty()) {
         return true;
     }
-    if (!write()) {
+    const auto problem = write();
+    if (problem) {
         write_ = runLoop_.after(retryInterval, [this] { flush(); });
-        return false;
+    } else {
+        pending_.clear();
     }
-    pending_.clear();
-    succeed();
-    return true;
+    report(problem);
+    return !problem;
 }
 
-/// Writes the pending changes into the file as it is now.
-bool JsonUserDefaults::write() {
+/// Writes the pending changes into the file as it is now. Returns why it could not.
+std::optional<std::string> JsonUserDefaults::write() {
     FileContent content = readFile(file_);
     if (content.state == FileState::unreadable) {
-        return fail(reasonOf(errno)); // Whatever it is, it is not ours to replace.
+        return reasonOf(errno); // Whatever it is, it is not ours to replace.
     }
     if (content.state == FileState::damaged && !keepAside(file_)) {
-        return fail(damagedInPlace);
+        return damagedInPlace;
     }
     if (content.state != FileState::readable) {
         content.members = members_; // The changes among them.
@@ -207,27 +208,24 @@ bool JsonUserDefaults::write() {
     }
     const std::string text = writtenMembers(content.members);
     if (text.size() > largestTextFile) {
-        return fail(reasonOf(EFBIG)); // The next start could not read it.
+        return reasonOf(EFBIG); // The next start could not read it.
     }
     makeFolder(file_);
-    return replaceTextFile(file_, text) || fail(reasonOf(errno));
+    return replaceTextFile(file_, text) ? std::nullopt : std::optional(reasonOf(errno));
 }
 
-/// Reports the first of several failures; false.
-bool JsonUserDefaults::fail(const std::string& reason) {
-    if (!std::exchange(isUnusable_, true)) {
+/// Says the first of several problems. An observer may destroy the preferences: call last.
+void JsonUserDefaults::report(const std::optional<std::string>& problem) {
+    if (problem.has_value() == isUnusable_) {
+        return;
+    }
+    isUnusable_ = problem.has_value();
+    if (problem) {
         std::fprintf(stderr,
                      "calmora: %s cannot be used (%s); changed settings last until the end\n",
-                     file_.c_str(), reason.c_str());
-        usabilityChanged_.emit();
+                     file_.c_str(), problem->c_str());
     }
-    return false;
-}
-
-void JsonUserDefaults::succeed() {
-    if (std::exchange(isUnusable_, false)) {
-        usabilityChanged_.emit();
-    }
+    usabilityChanged_.emit();
 }
 
 } // namespace calmora

@@ -58,9 +58,8 @@ class JsonUserDefaults final : public UserDefaults {
     template <typename Value>
     [[nodiscard]] std::optional<Value> typed(const std::string& key) const;
     void change(const std::string& key, std::optional<std::string> written);
-    [[nodiscard]] bool write();
-    bool fail(const std::string& reason);
-    void succeed();
+    [[nodiscard]] std::optional<std::string> write();
+    void report(const std::optional<std::string>& problem);
 
     std::filesystem::path file_;
     RunLoop& runLoop_;
