@@ -9,10 +9,11 @@ namespace calmora {
 
 GnomeBackend::GnomeBackend(ShellLink& link, std::unique_ptr<WindowBackend> rest,
                            std::function<bool()> mayAct)
-    : link_(link), isOnWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")),
-      rest_(std::move(rest)),
+    : WrappedBackend(std::move(rest)), link_(link),
+      isOnWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")),
       // The portal would ask the user for keys whenever the screen is locked.
-      hotKeys_(link, rest_->hotKeys(), !isOnWayland_, std::move(mayAct)), transientWindows_(link) {}
+      hotKeys_(link, WrappedBackend::hotKeys(), !isOnWayland_, std::move(mayAct)),
+      transientWindows_(link) {}
 
 std::string GnomeBackend::listLimitation() const {
     return isOnWayland_ && link_.state() == ShellLink::State::absent

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/qt/WindowBackend.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace calmora {
+
+/// A backend that passes everything on to another one; derived classes replace parts.
+class WrappedBackend : public WindowBackend {
+  public:
+    explicit WrappedBackend(std::unique_ptr<WindowBackend> rest) : rest_(std::move(rest)) {}
+
+    [[nodiscard]] WindowSystem& windows() override { return rest_->windows(); }
+
+    [[nodiscard]] HotKeys& hotKeys() override { return rest_->hotKeys(); }
+
+    [[nodiscard]] KeyboardLayout& keyboardLayout() override { return rest_->keyboardLayout(); }
+
+    [[nodiscard]] TransientWindows& transientWindows() override {
+        return rest_->transientWindows();
+    }
+
+    void discardKeyPresses() override { rest_->discardKeyPresses(); }
+
+    [[nodiscard]] std::string windowManagerName() override { return rest_->windowManagerName(); }
+
+    [[nodiscard]] std::string themeName() const override { return rest_->themeName(); }
+
+    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) override {
+        return rest_->onThemeChanged(std::move(handler));
+    }
+
+    [[nodiscard]] std::string listLimitation() const override { return rest_->listLimitation(); }
+
+  private:
+    std::unique_ptr<WindowBackend> rest_;
+};
+
+} // namespace calmora
