@@ -45,10 +45,10 @@ QString countHint(const EntryCount& count, const char* all, const char* withHidd
         return {};
     }
     const auto number = static_cast<qlonglong>(count.all);
-    return count.hidden == 0
-               ? uiCount(all, number)
-               : QString::fromStdString(fillPlaceholders(uiCount(withHidden, number).toStdString(),
-                                                         {std::to_string(count.hidden)}));
+    return count.hidden == 0 ? uiCount(all, number)
+                             : QString::fromStdString(
+                                   fillPlaceholders(uiCount(withHidden, number).toStdString(),
+                                                    {static_cast<std::int64_t>(count.hidden)}));
 }
 
 void setHint(QWidget& widget, const QString& hint) {
