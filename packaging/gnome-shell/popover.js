@@ -63,8 +63,7 @@ export class Popover {
         this._ofWindow.connect(window, 'size-changed', () => this._place());
         this._ofWindow.connect(global.stage, 'captured-event', (_, event) => this._onEvent(event));
         this._place();
-        // While a window is being mapped mutter can not restack or activate it: it aborts, and with
-        // it the session ends.
+        // Not while the window is being mapped or drawn: mutter may abort, and the session with it.
         this._idle = GLib.idle_add(GLib.PRIORITY_HIGH_IDLE, () => {
             this._idle = 0;
             this._place();

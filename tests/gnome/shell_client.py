@@ -48,7 +48,8 @@ def tell(_bus, _sender, _path, _interface, name, values):
     print(json.dumps({"signal": [name, *values.unpack()]}), flush=True)
 
 
-bus.signal_subscribe(SHELL, SHELL + "1", None, PATH, None, Gio.DBusSignalFlags.NONE, tell)
+# From anybody: also what the extension sends when it has left the bus.
+bus.signal_subscribe(None, SHELL + "1", None, PATH, None, Gio.DBusSignalFlags.NONE, tell)
 bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
               GLib.Variant("(su)", (sys.argv[1], 3)), None, Gio.DBusCallFlags.NONE, 15000, None)
 GLib.io_add_watch(sys.stdin, GLib.PRIORITY_DEFAULT, GLib.IO_IN | GLib.IO_HUP, read)
