@@ -18,18 +18,17 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 #include <vector>
 
 namespace calmora {
 namespace {
 
-constexpr int leastHeight = 24;
-constexpr int clearSide = 16;
-constexpr int clearMargin = 4;
-constexpr double radius = 6;
-constexpr int alertIconSide = 48;
+constexpr Points leastHeight{24};
+constexpr Points clearSide{16};
+constexpr Points clearMargin{4};
+constexpr Points radius{6};
+constexpr Points alertIconSide{48};
 
 /// A cross in a filled disc, in the colours of the field.
 class ClearButton final : public QToolButton {
@@ -99,11 +98,11 @@ QSize RecorderCocoa::sizeHint() const {
         Shortcut::of(Key::space, {ModifierFlags::control | ModifierFlags::option |
                                   ModifierFlags::shift | ModifierFlags::command});
     const int width = std::max(
-        {static_cast<int>(std::lround(minimumWidth)),
+        {int{Points{minimumWidth}},
          widthOf(environment_.strings.text("record_shortcut")) + 3 * clearMargin,
          widthOf(environment_.strings.text("press_shortcut")) + 3 * clearMargin,
          widthOf(environment_.shortcuts.text().description(widest)) + clearSide + 2 * clearMargin});
-    return {width, std::max(leastHeight, fontMetrics().height() + 8)};
+    return {width, std::max<int>(leastHeight, fontMetrics().height() + Points{8})};
 }
 
 /// Receives the clicks of the whole program while recording.
@@ -197,10 +196,10 @@ void RecorderCocoa::paintEvent(QPaintEvent*) {
     const bool isEmpty = text().isEmpty();
     const bool isFaint = isEmpty && isEnabled();
     painter.setPen(palette().color(isFaint ? QPalette::PlaceholderText : QPalette::Text));
-    const int trailing = isEmpty ? clearMargin : clearSide + clearMargin;
+    const int trailing = isEmpty ? int{clearMargin} : clearSide + clearMargin;
     // Centred in the box if it fits, else beside the clear button.
     const bool isWide = fontMetrics().horizontalAdvance(text()) > width() - 2 * trailing;
-    const QRect inner = rect().adjusted(isWide ? clearMargin : trailing, 0, -trailing, 0);
+    const QRect inner = rect().adjusted(isWide ? int{clearMargin} : trailing, 0, -trailing, 0);
     painter.drawText(inner, Qt::AlignCenter,
                      fontMetrics().elidedText(isEmpty ? placeholderText() : text(), Qt::ElideRight,
                                               inner.width()));

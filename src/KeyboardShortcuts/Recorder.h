@@ -19,8 +19,8 @@ namespace calmora {
 /// the focus, and can be cleared. Tooltip and accessible name spell the shortcut out.
 class RecorderCocoa final : public QLineEdit, private RecorderControl {
   public:
-    /// The control is wider only if a text does not fit.
-    static constexpr double minimumWidth = 130.0;
+    /// In points. The control is wider only if a text does not fit.
+    static constexpr int minimumWidth = 130;
 
     /// `environment` must outlive the control. `title` precedes the shortcut in the accessible
     /// name.

@@ -4,6 +4,7 @@
 #include "platform/LocalizedStrings.h"
 #include "settings/AboutSettingsView.h"
 #include "settings/WindowKeys.h"
+#include "widgets/ContentArea.h"
 #include "widgets/Theme.h"
 
 #include <QLabel>
@@ -14,7 +15,7 @@ namespace calmora {
 namespace {
 
 /// Between the margins, so that the title fits into the title bar.
-constexpr int leastAboutWidth = 190;
+constexpr Points leastAboutWidth{190};
 
 } // namespace
 
@@ -27,12 +28,13 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     setWindowTitle(QString::fromStdString(strings.text("About Calmora")));
     answerMenuKeys(*this);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(56, 28, 56, 32);
-    layout->setSpacing(6);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(Points{56}, Points{28}, Points{56}, Points{32});
+    layout->setSpacing(Points{6});
     layout->addStrut(leastAboutWidth);
     addIconAndName(*layout, icon);
-    layout->insertSpacing(2, 8); // Below the icon: the strut is the first item.
+    layout->insertSpacing(2, Points{8}); // Below the icon: the strut is the first item.
     auto* line = new QLabel(versionText(version));
     line->setObjectName("version");
     line->setFont(Theme::font(TextStyle::body));
@@ -42,7 +44,9 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     line->setPalette(palette);
     line->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(line);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    auto* area = new ContentArea(content, this);
+    setFixedSize(boundedByScreen(*this, content->sizeHint()));
+    area->resize(size());
 }
 
 } // namespace calmora

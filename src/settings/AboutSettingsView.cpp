@@ -16,10 +16,10 @@
 namespace calmora {
 namespace {
 
-constexpr int aboutIconSide = 96;
-constexpr int aboutSpacing = 16;
-constexpr int dividerWidth = 200;
-constexpr double iconRadius = 22;
+constexpr Points aboutIconSide{96};
+constexpr Points aboutSpacing{16};
+constexpr Points dividerWidth{200};
+constexpr Points iconRadius{22};
 
 /// The picture with round corners.
 QPixmap rounded(const QPixmap& picture) {

@@ -4,6 +4,7 @@
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitList.h"
 #include "support/Subscription.h"
+#include "widgets/ContentArea.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"
@@ -26,17 +27,18 @@
 namespace calmora {
 namespace {
 
-constexpr QSize sheetSize{360, 400};
+constexpr Points sheetWidth{360};
+constexpr Points sheetHeight{400};
 constexpr int emptySymbolPoints = 30;
-constexpr int candidateSpacing = 2;
+constexpr Points candidateSpacing{2};
 /// Above the first row and below the last one.
-constexpr int listPadding = 8;
-constexpr int candidateIconSide = 24;
-constexpr int candidatePadding = 5;
+constexpr Points listPadding{8};
+constexpr Points candidateIconSide{24};
+constexpr Points candidatePadding{5};
 
 int candidateHeight() {
     const int text = QFontMetrics(Theme::font(TextStyle::body)).height();
-    return std::max(candidateIconSide, text + candidatePadding) + 2 * candidatePadding;
+    return std::max<int>(candidateIconSide, text + candidatePadding) + 2 * candidatePadding;
 }
 
 /// An application with a button that adds it, or a text that it has been added.
@@ -189,7 +191,7 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     setObjectName("addAppSheet");
     setWindowTitle(uiText("Add App to Never-Quit List"));
     setWindowModality(Qt::WindowModal);
-    setFixedSize(sheetSize);
+    setFixedSize(boundedByScreen(*window, {sheetWidth, sheetHeight}));
 
     auto* title = new Paragraph(windowTitle(), TextStyle::headline, ThemeColor::primary, this);
     auto* done = new Button(uiText("Done"), TextStyle::caption, this);

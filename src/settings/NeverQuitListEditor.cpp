@@ -16,7 +16,7 @@
 namespace calmora {
 namespace {
 
-constexpr int iconSide = 20;
+constexpr Points iconSide{20};
 constexpr int shieldPoints = 13;
 constexpr int removePoints = 13;
 

@@ -5,6 +5,7 @@
 #include "settings/AboutSettingsView.h"
 #include "settings/GeneralSettingsView.h"
 #include "settings/ShortcutsSettingsView.h"
+#include "widgets/ContentArea.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"
 #include "widgets/Theme.h"
@@ -16,14 +17,14 @@
 namespace calmora {
 namespace {
 
-constexpr int tabMargin = 6;
+constexpr Points tabMargin{6};
 
 } // namespace
 
 SettingsView::SettingsView(AppSettings& settings, Updater& updater,
                            const SettingsSurroundings& surroundings, QWidget* parent)
     : QWidget(parent) {
-    setFixedSize(size);
+    setFixedSize(boundedByScreen(*this, {Points{size.width()}, Points{size.height()}}));
     auto* tabs = new QTabBar;
     tabs->setObjectName("settingsTabs");
     tabs->setDrawBase(false);
@@ -41,8 +42,8 @@ SettingsView::SettingsView(AppSettings& settings, Updater& updater,
         new GeneralSettingsView(settings, updater, surroundings.loginItem, surroundings.platform));
     add("Shortcuts", "keyboard", new ShortcutsSettingsView(surroundings.recorders));
     add("About", "info.circle",
-        new AboutSettingsView(updater, surroundings.icon,
-                              surroundings.platform.bundle.shortVersion()));
+        new ContentArea(new AboutSettingsView(updater, surroundings.icon,
+                                              surroundings.platform.bundle.shortVersion())));
     connect(tabs, &QTabBar::currentChanged, panes, &QStackedWidget::setCurrentIndex);
 
     auto* column = new QVBoxLayout(this);

@@ -19,16 +19,31 @@
 namespace calmora {
 namespace {
 
-constexpr int rowSpacing = 10;
-constexpr int rowIconSide = 24;
+constexpr Points rowSpacing{10};
+constexpr Points rowIconSide{24};
 constexpr int figureSymbolPoints = 9;
-constexpr int figureGap = 2;
-constexpr int badgeGap = 3;
-constexpr int badgePadding = 6;
+constexpr Points figureGap{2};
+constexpr Points badgeGap{3};
+constexpr Points badgePadding{6};
 constexpr int quitPoints = 16;
 /// Controls take clicks a little beyond what they draw.
-constexpr int clickMargin = 5;
+constexpr Points clickMargin{5};
 constexpr int hoverMilliseconds = 100;
+
+/// A name keeps this many characters; figures give way first.
+constexpr int leastCharacters = 8;
+
+/// Where the name starts, from the leading end.
+int nameStart() {
+    return metrics::inset + metrics::checkBox + rowIconSide + 2 * rowSpacing;
+}
+
+/// The width of the name, or of its start where it is long.
+int leastNameWidth(const QString& name) {
+    const QString start =
+        name.size() > leastCharacters ? name.first(leastCharacters) + QChar(0x2026) : name;
+    return QFontMetrics(Theme::font(TextStyle::body, QFont::Medium)).horizontalAdvance(start) + 1;
+}
 
 /// Figures of the usual length keep their column, so that nothing jumps when digits change.
 int columnWidth(const QFontMetrics& metrics, const QString& text, const QString& usual) {
@@ -166,9 +181,13 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
     }
     const QFontMetrics metrics(Theme::font(TextStyle::caption));
     const int symbolWidth = Theme::symbolSide(figureSymbolPoints) + figureGap;
+    const int leftmost = nameStart() + leastNameWidth(name_) + rowSpacing;
     int right = width() - metrics::inset - Theme::symbolSide(quitPoints) - rowSpacing;
     const auto add = [&](const char* symbol, const QString& text, const QString& usual) {
         const int wide = symbolWidth + columnWidth(metrics, text, usual);
+        if (right - wide < leftmost) {
+            return;
+        }
         figures.push_back({symbol, text, mirrored(QRect(right - wide, 0, wide, height()))});
         right -= wide + rowSpacing;
     };
@@ -184,12 +203,12 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
 void AppRowView::arrange() {
     const int quitSide = Theme::symbolSide(quitPoints);
     const QRect all = rect();
-    int left = metrics::inset;
-    const QRect clickable(left - clickMargin, 0, metrics::checkBox + 2 * clickMargin, all.height());
+    const QRect clickable(metrics::inset - clickMargin, 0, metrics::checkBox + 2 * clickMargin,
+                          all.height());
     check_->setGeometry(mirrored(clickable));
-    left += metrics::checkBox + rowSpacing;
-    iconBounds_ = mirrored(QRect(left, (all.height() - rowIconSide) / 2, rowIconSide, rowIconSide));
-    left += rowIconSide + rowSpacing;
+    const int left = nameStart();
+    iconBounds_ = mirrored(QRect(left - rowSpacing - rowIconSide, (all.height() - rowIconSide) / 2,
+                                 rowIconSide, rowIconSide));
 
     int right = all.width() - metrics::inset;
     quit_->setGeometry(mirrored(
@@ -199,9 +218,11 @@ void AppRowView::arrange() {
     badgeBounds_ = {};
     if (row_.isWhitelisted) {
         const QFontMetrics metrics(Theme::font(TextStyle::caption2, QFont::Medium));
-        const int wide = 2 * badgePadding + Theme::symbolSide(figureSymbolPoints) + badgeGap +
-                         metrics.horizontalAdvance(uiText("Protected"));
-        const int high = metrics.height() + 4;
+        const int symbol = 2 * badgePadding + Theme::symbolSide(figureSymbolPoints);
+        const int whole = symbol + badgeGap + metrics.horizontalAdvance(uiText("Protected"));
+        const int room = right - rowSpacing - left - leastNameWidth(name_);
+        const int wide = whole <= room ? whole : symbol;
+        const int high = metrics.height() + Points{4};
         badgeBounds_ = QRect(right - wide, (all.height() - high) / 2, wide, high);
         right = badgeBounds_.left();
         badgeBounds_ = mirrored(badgeBounds_);
@@ -230,6 +251,9 @@ void AppRowView::paintBadge(QPainter& painter, const Theme& theme) const {
     const QRect text = inner.adjusted(side + badgeGap, 0, 0, 0);
     drawSymbol(painter, QStyle::visualRect(layoutDirection(), inner, symbol),
                "checkmark.shield.fill", side, teal);
+    if (text.width() < side) {
+        return; // There is room for the symbol only.
+    }
     painter.setPen(teal);
     painter.setFont(Theme::font(TextStyle::caption2, QFont::Medium));
     painter.drawText(QStyle::visualRect(layoutDirection(), inner, text),

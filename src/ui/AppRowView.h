@@ -46,7 +46,10 @@ class AppRowView final : public StackRow {
     /// Whether the pointer is over the row.
     [[nodiscard]] bool isHovered() const { return isHovered_; }
 
-    [[nodiscard]] QSize sizeHint() const override { return {360, appRowHeight}; }
+    /// The name as it is drawn: cut at its end where it is too long.
+    [[nodiscard]] const QString& shownName() const { return shownName_; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {Points{360}, appRowHeight}; }
 
     [[nodiscard]] QAccessible::Role accessibleRole() const override {
         return QAccessible::ListItem;

@@ -18,12 +18,12 @@
 namespace calmora {
 namespace {
 
-constexpr int headerSpacing = 8;
+constexpr Points headerSpacing{8};
 constexpr int chevronPoints = 10;
-constexpr int chevronBox = 12;
-constexpr int groupIconSide = 20;
-constexpr int countPadding = 5;
-constexpr int memberIndent = 20;
+constexpr Points chevronBox{12};
+constexpr Points groupIconSide{20};
+constexpr Points countPadding{5};
+constexpr Points memberIndent{20};
 
 std::size_t memberCount(const AppInfo& app) {
     return app.childProcesses ? app.childProcesses->size() : 0;
@@ -120,7 +120,7 @@ class BackgroundGroupRowView::Header final : public Button {
                  layoutDirection());
         left += nameWidth + headerSpacing;
 
-        const QRect badge = placed(left, countWidth, countMetrics.height() + 2);
+        const QRect badge = placed(left, countWidth, countMetrics.height() + Points{2});
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.color(ThemeColor::fill));
         painter.drawRoundedRect(badge, metrics::badgeRadius, metrics::badgeRadius);
@@ -199,7 +199,7 @@ void BackgroundGroupRowView::setBand(int top, int bottom) {
 
 void BackgroundGroupRowView::showBand() {
     // While the group opens or closes it is lower than its members; those cut off need not exist.
-    const int shown = testAttribute(Qt::WA_Resized) ? height() : groupHeaderHeight;
+    const int shown = testAttribute(Qt::WA_Resized) ? height() : int{groupHeaderHeight};
     const int bottom = std::min(bandBottom_, shown);
     members_->setBand(bandTop_ - groupHeaderHeight,
                       std::max(bottom - groupHeaderHeight, bandTop_ - groupHeaderHeight));

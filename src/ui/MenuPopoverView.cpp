@@ -28,7 +28,7 @@
 namespace calmora {
 namespace {
 
-constexpr int ring = metrics::focusRing;
+constexpr Points ring = metrics::focusRing;
 constexpr int gearPoints = 14;
 constexpr std::chrono::milliseconds pollingInterval{3000};
 
@@ -139,12 +139,13 @@ void MenuPopoverView::arrange() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     auto* top = new QHBoxLayout;
-    top->setContentsMargins(metrics::inset - ring, 10 - ring, metrics::inset - ring, 6 - ring);
+    top->setContentsMargins(metrics::inset - ring, Points{10} - ring, metrics::inset - ring,
+                            Points{6} - ring);
     top->addWidget(quitAll_);
     column->addLayout(top);
     auto* selection = new QHBoxLayout;
-    selection->setContentsMargins(metrics::inset - ring, 0, metrics::inset - ring, 6);
-    selection->setSpacing(8 - ring);
+    selection->setContentsMargins(metrics::inset - ring, 0, metrics::inset - ring, Points{6});
+    selection->setSpacing(Points{8} - ring);
     selection->addWidget(selectAll_);
     selection->addWidget(search_, 1);
     selection->addSpacing(ring);
@@ -157,13 +158,14 @@ void MenuPopoverView::arrange() {
                                          TextStyle::caption2, ThemeColor::secondary, this);
         limitation->setObjectName("limitation");
         auto* line = new QHBoxLayout;
-        line->setContentsMargins(metrics::inset, 6, metrics::inset, 0);
+        line->setContentsMargins(metrics::inset, Points{6}, metrics::inset, 0);
         line->addWidget(limitation);
         column->addLayout(line);
     }
     auto* footer = new QHBoxLayout;
-    footer->setContentsMargins(metrics::inset - ring, 8 - ring, metrics::inset - ring, 8 - ring);
-    footer->setSpacing(8);
+    footer->setContentsMargins(metrics::inset - ring, Points{8} - ring, metrics::inset - ring,
+                               Points{8} - ring);
+    footer->setSpacing(Points{8});
     footer->addSpacing(ring);
     footer->addWidget(status_, 1);
     footer->addWidget(gear_);

@@ -7,6 +7,7 @@
 #include "platform/Popover.h"
 #include "support/Subscription.h"
 #include "ui/AppListViewModel.h"
+#include "widgets/Theme.h"
 
 #include <QWidget>
 
@@ -53,7 +54,7 @@ class MenuPopoverView final : public QWidget {
     /// Whether the popover is in force mode.
     [[nodiscard]] bool isForceQuit() const { return isForceQuit_; }
 
-    [[nodiscard]] QSize sizeHint() const override { return {360, 500}; }
+    [[nodiscard]] QSize sizeHint() const override { return {Points{360}, Points{500}}; }
 
   protected:
     void changeEvent(QEvent* event) override;

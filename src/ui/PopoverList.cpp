@@ -22,12 +22,12 @@
 namespace calmora {
 namespace {
 
-constexpr int listPadding = 4;
-constexpr int dividerSpace = 4;
-constexpr int highestList = 400;
-constexpr int headerSpaceBelow = 2;
-constexpr int emptyPadding = 40;
-constexpr int emptySpacing = 8;
+constexpr Points listPadding{4};
+constexpr Points dividerSpace{4};
+constexpr Points highestList{400};
+constexpr Points headerSpaceBelow{2};
+constexpr Points emptyPadding{40};
+constexpr Points emptySpacing{8};
 constexpr int emptySymbolPoints = 17;
 
 QFont headerFont() {
@@ -236,7 +236,7 @@ std::vector<RowSlot> PopoverList::rowSlots(bool isSearching) const {
                          .spaceBefore = slots.empty() ? listPadding : appRowSpacing});
     }
     if (!background_.empty()) {
-        const int below = slots.empty() ? 2 * listPadding : listPadding;
+        const int below = (slots.empty() ? 2 : 1) * listPadding;
         slots.push_back({.key = {RowKind::divider, 0},
                          .height = DividerRow::rowHeight,
                          .spaceBefore = below + dividerSpace,
@@ -251,7 +251,8 @@ std::vector<RowSlot> PopoverList::rowSlots(bool isSearching) const {
                 const int members = static_cast<int>(app.childProcesses->size());
                 slots.push_back({.key = {RowKind::backgroundGroup, app.pid},
                                  .height = BackgroundGroupRowView::heightOf(app, isOpen),
-                                 .lines = isOpen ? 1 + members : 1});
+                                 .lines = isOpen ? 1 + members : 1,
+                                 .memberHeight = appRowHeight});
             } else {
                 slots.push_back({.key = {RowKind::backgroundApp, app.pid}, .height = appRowHeight});
             }

@@ -12,8 +12,8 @@
 namespace calmora {
 namespace {
 
-constexpr int faceHeight = 36;
-constexpr int leastWidth = 200;
+constexpr Points faceHeight{36};
+constexpr Points leastWidth{200};
 constexpr double pressedScale = 0.96;
 constexpr int scaleMilliseconds = 100;
 constexpr int farthestMove = 10;
@@ -25,7 +25,7 @@ QuitAllButton::QuitAllButton(QWidget* parent)
              {.face = ButtonLook::Face::teal,
               .text = TextStyle::headline,
               .weight = QFont::DemiBold,
-              .padding = {8, 0},
+              .padding = {{8}, {0}},
               .radius = metrics::buttonRadius,
               .ring = metrics::focusRing,
               .respondsToPointer = false},
@@ -51,12 +51,12 @@ void QuitAllButton::setForceQuit(bool isForceQuit) {
 }
 
 QSize QuitAllButton::sizeHint() const {
-    return {std::max(leastWidth, Button::sizeHint().width() - 2),
+    return {std::max<int>(leastWidth, Button::sizeHint().width() - 2),
             faceHeight + 2 * metrics::focusRing};
 }
 
 bool QuitAllButton::hitButton(const QPoint& position) const {
-    constexpr int ring = metrics::focusRing;
+    const int ring = metrics::focusRing;
     return rect().adjusted(ring, ring, -ring, -ring).contains(position);
 }
 

@@ -97,11 +97,9 @@ std::vector<PlacedRow> RowGlide::at(std::chrono::milliseconds elapsed) const {
 }
 
 LineSpan lineSpan(const RowSlot& slot, int line) {
-    if (slot.key.kind != RowKind::backgroundGroup) {
-        return {0, slot.height};
-    }
-    return line == 0 ? LineSpan{0, groupHeaderHeight}
-                     : LineSpan{groupHeaderHeight + (line - 1) * appRowHeight, appRowHeight};
+    const int first = slot.height - std::max(0, slot.lines - 1) * slot.memberHeight;
+    return line == 0 ? LineSpan{0, first}
+                     : LineSpan{first + (line - 1) * slot.memberHeight, slot.memberHeight};
 }
 
 std::optional<RowLine> nextLine(std::span<const RowSlot> slots, std::optional<RowLine> from,

@@ -16,11 +16,6 @@
 /// All lengths are in device-independent pixels.
 namespace calmora {
 
-/// Heights of the rows of applications, and the space between two of them.
-inline constexpr int appRowHeight = 44;
-inline constexpr int groupHeaderHeight = 32;
-inline constexpr int appRowSpacing = 2;
-
 /// The kind of a row.
 enum class RowKind : std::uint8_t {
     app,
@@ -50,6 +45,8 @@ struct RowSlot {
     /// Lines that the keyboard can reach: 0 for a divider, 1 for an application, 1 and the
     /// members for a group that is open.
     int lines = 1;
+    /// The height of each line but the first, the members of an open group.
+    int memberHeight = 0;
 
     friend bool operator==(const RowSlot&, const RowSlot&) = default;
 };

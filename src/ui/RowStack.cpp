@@ -16,7 +16,7 @@ namespace calmora {
 namespace {
 
 /// Free space below the last row.
-constexpr int bottomPadding = 4;
+constexpr Points bottomPadding{4};
 
 bool holdsFocus(const QWidget& widget) {
     const QWidget* focus = QApplication::focusWidget();
@@ -24,7 +24,7 @@ bool holdsFocus(const QWidget& widget) {
 }
 
 /// Beside a row's focus ring.
-constexpr int sideInset = 5;
+constexpr Points sideInset{5};
 
 } // namespace
 
@@ -273,7 +273,7 @@ std::vector<QWidget*> RowStack::tabStops() const {
 
 void drawRowFocus(QPainter& painter, const QWidget& row) {
     if (showsFocus(row)) {
-        constexpr int ring = metrics::focusRing;
+        const int ring = metrics::focusRing;
         painter.setOpacity(1);
         drawFocusRing(painter,
                       row.rect().adjusted(ring + sideInset, ring, -ring - sideInset, -ring),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/RowLayout.h"
+#include "widgets/Theme.h"
 
 #include <QAccessible>
 #include <QString>
@@ -15,6 +16,11 @@
 #include <vector>
 
 namespace calmora {
+
+/// Heights of the rows of applications, and the space between two of them.
+inline constexpr Points appRowHeight{44};
+inline constexpr Points groupHeaderHeight{32};
+inline constexpr Points appRowSpacing{2};
 
 /// The control of a line that has the keyboard focus.
 enum class RowColumn { check, quit };

@@ -13,9 +13,9 @@
 namespace calmora {
 namespace {
 
-constexpr int sidePadding = 8;
-constexpr int verticalPadding = 5;
-constexpr int spacing = 6;
+constexpr Points sidePadding{8};
+constexpr Points verticalPadding{5};
+constexpr Points spacing{6};
 constexpr int symbolPoints = 10;
 
 } // namespace
@@ -45,7 +45,7 @@ SearchBox::SearchBox(QWidget* parent)
     });
 
     auto* line = new QHBoxLayout(this);
-    constexpr int margin = sidePadding - metrics::focusRing;
+    const int margin = sidePadding - metrics::focusRing;
     line->setContentsMargins(margin, verticalPadding, margin, verticalPadding);
     line->setSpacing(spacing);
     line->addSpacing(metrics::focusRing + Theme::symbolSide(symbolPoints) + spacing);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
+#include "widgets/ContentArea.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Labels.h"
@@ -15,7 +16,6 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
-#include <cmath>
 #include <utility>
 
 namespace calmora {
@@ -23,18 +23,14 @@ namespace {
 
 /// Title bars and task switchers scale from this size.
 constexpr int windowIconSide = 64;
-constexpr int padding = 20;
-constexpr int iconSide = 48;
-constexpr int usualWidth = 400;
-constexpr int notesHeight = 150;
-constexpr int notesMargin = 8;
-constexpr int sideGap = 16;
-constexpr int lineGap = 6;
-constexpr int buttonGap = 8;
-
-int scaled(int length) {
-    return static_cast<int>(std::lround(length * Theme::textScale()));
-}
+constexpr Points padding{20};
+constexpr Points iconSide{48};
+constexpr Points usualWidth{400};
+constexpr Points notesHeight{150};
+constexpr Points notesMargin{8};
+constexpr Points sideGap{16};
+constexpr Points lineGap{6};
+constexpr Points buttonGap{8};
 
 QWidget* makeNotes(const std::string& text) {
     auto* notes = new QPlainTextEdit(QString::fromStdString(text));
@@ -44,7 +40,7 @@ QWidget* makeNotes(const std::string& text) {
     notes->setContextMenuPolicy(Qt::NoContextMenu);
     notes->setFont(Theme::font(TextStyle::body));
     notes->document()->setDocumentMargin(notesMargin);
-    notes->setFixedHeight(scaled(notesHeight));
+    notes->setFixedHeight(notesHeight);
     notes->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     return notes;
 }
@@ -97,10 +93,9 @@ void UpdateWindow::Panel::show(const UpdateReport& report) {
         content_->hide();
         content_->deleteLater();
     }
-    content_ = makeContent(report);
-    content_->setParent(this);
-    const int width = scaled(usualWidth);
-    const QSize size(width, content_->layout()->totalHeightForWidth(width));
+    content_ = new ContentArea(makeContent(report), this);
+    const int width = boundedByScreen(*this, {usualWidth, 0}).width();
+    const QSize size = boundedByScreen(*this, {width, content_->heightForWidth(width)});
     content_->setGeometry({{}, size});
     setFixedSize(size);
     setAccessibleName(QString::fromStdString(report.title));

@@ -12,11 +12,13 @@
 namespace calmora {
 namespace {
 
-constexpr int symbolGap = 4;
+constexpr Points symbolGap{4};
 constexpr int slideMilliseconds = 120;
 
 /// Everything in a switch's row but its title.
-constexpr int besideTitle = 2 * metrics::rowInset + metrics::switchWidth + metrics::rowSpacing;
+int besideTitle() {
+    return 2 * metrics::rowInset + metrics::switchWidth + metrics::rowSpacing;
+}
 
 QFont fontOf(const ButtonLook& look) {
     return Theme::font(look.text, look.weight);
@@ -63,14 +65,14 @@ void Button::setWordWrap() {
 }
 
 int Button::besideText() const {
-    return 2 * (look_.padding.width() + look_.ring) +
+    return 2 * (look_.padding.beside + look_.ring) +
            (look_.symbol.isEmpty() ? 0 : Theme::symbolSide(look_.symbolPoints) + symbolGap);
 }
 
 QSize Button::sizeHint() const {
     const QFontMetrics font(fontOf(look_));
     return {font.horizontalAdvance(text()) + 2 + besideText(),
-            font.height() + 2 * (look_.padding.height() + look_.ring)};
+            font.height() + 2 * (look_.padding.above + look_.ring)};
 }
 
 QSize Button::minimumSizeHint() const {
@@ -82,7 +84,7 @@ QSize Button::minimumSizeHint() const {
 
 int Button::heightForWidth(int width) const {
     return wrappedHeight(fontOf(look_), text(), width - besideText()) +
-           2 * (look_.padding.height() + look_.ring);
+           2 * (look_.padding.above + look_.ring);
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {
@@ -153,17 +155,17 @@ SwitchRow::SwitchRow(const QString& title, QWidget* parent) : CheckBox(parent) {
 
 QSize SwitchRow::sizeHint() const {
     const int title = QFontMetrics(Theme::font(TextStyle::body)).horizontalAdvance(text()) + 2;
-    const int width = title + besideTitle;
+    const int width = title + besideTitle();
     return {width, heightForWidth(width)};
 }
 
 QSize SwitchRow::minimumSizeHint() const {
-    return {longestWord(Theme::font(TextStyle::body), text()) + besideTitle, metrics::formRow};
+    return {longestWord(Theme::font(TextStyle::body), text()) + besideTitle(), metrics::formRow};
 }
 
 int SwitchRow::heightForWidth(int width) const {
-    const int title = wrappedHeight(Theme::font(TextStyle::body), text(), width - besideTitle);
-    return std::max(metrics::formRow, title + 2 * metrics::rowPadding);
+    const int title = wrappedHeight(Theme::font(TextStyle::body), text(), width - besideTitle());
+    return std::max<int>(metrics::formRow, title + 2 * metrics::rowPadding);
 }
 
 void SwitchRow::slide(bool isOn) {

@@ -17,11 +17,20 @@ struct ButtonLook {
     Face face = Face::outline;
     TextStyle text = TextStyle::body;
     QFont::Weight weight = QFont::Medium;
+
+    /// Free space beside and above a text.
+    struct Padding {
+        Points beside;
+        Points above;
+
+        friend bool operator==(const Padding&, const Padding&) = default;
+    };
+
     /// Around the text, inside the face.
-    QSize padding{10, 4};
-    int radius = metrics::rowRadius;
+    Padding padding{{10}, {4}};
+    Points radius = metrics::rowRadius;
     /// Left free around the face for the focus ring; 0 draws the ring inside.
-    int ring = 0;
+    Points ring{0};
     /// Shows the focus also where it came by pointer.
     bool showsEveryFocus = false;
     /// Whether the face changes under the pointer.

@@ -118,7 +118,7 @@ int PairRow::heightForWidth(int width) const {
         fitsBeside(width)
             ? std::max(heightOf(*leading_, inner - end.width() - metrics::rowSpacing), end.height())
             : heightOf(*leading_, inner) + metrics::rowSpacing + end.height();
-    return std::max(metrics::formRow, text + 2 * metrics::rowPadding);
+    return std::max<int>(metrics::formRow, text + 2 * metrics::rowPadding);
 }
 
 void PairRow::resizeEvent(QResizeEvent* event) {
@@ -145,7 +145,7 @@ QSize Picker::sizeHint() const {
         widest = std::max(widest, font.horizontalAdvance(itemText(index)));
     }
     return {widest + 3 * metrics::pickerInset + Theme::symbolSide(metrics::chevronPoints),
-            font.height() + 8};
+            font.height() + Points{8}};
 }
 
 void Picker::showPopup() {

@@ -15,7 +15,8 @@
 namespace calmora {
 namespace {
 
-constexpr QSize badgePadding{6, 1};
+constexpr Points badgeBeside{6};
+constexpr Points badgeAbove{1};
 
 } // namespace
 
@@ -89,8 +90,8 @@ CountBadge::CountBadge(QWidget* parent)
 
 QSize CountBadge::sizeHint() const {
     const QFontMetrics font(styledFont());
-    const int height = font.height() + 2 * badgePadding.height();
-    return {std::max(font.horizontalAdvance(text()) + 2 * badgePadding.width(), height), height};
+    const int height = font.height() + 2 * badgeAbove;
+    return {std::max(font.horizontalAdvance(text()) + 2 * badgeBeside, height), height};
 }
 
 void CountBadge::paintEvent(QPaintEvent*) {

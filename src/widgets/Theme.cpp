@@ -4,11 +4,11 @@
 #include "widgets/ThemeStyle.h"
 
 #include <QApplication>
-#include <QFontInfo>
 #include <QIcon>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -19,13 +19,15 @@
 namespace calmora {
 namespace {
 
-/// The pixel size of the usual desktop font: 10 pt at 96 dpi.
-constexpr double usualFontPixels = 10.0 * 96.0 / 72.0;
+/// The usual desktop font, in points of type and in pixels at the usual resolution.
+constexpr double usualFont = 10;
+constexpr double usualResolution = 96;
+constexpr double usualFontPixels = usualFont * usualResolution / 72;
 
 constexpr int pictureCacheKiB = 3 * 1024;
 
 /// The sizes of texts, in the order of TextStyle.
-constexpr std::array textPixels{22, 13, 13, 10, 10};
+constexpr std::array textPoints{22, 13, 13, 10, 10};
 
 QColor withAlpha(QColor color, double alpha) {
     color.setAlphaF(static_cast<float>(alpha));
@@ -102,7 +104,7 @@ QFont Theme::font(TextStyle style) {
 QFont Theme::font(TextStyle style, QFont::Weight weight) {
     QFont font = QApplication::font();
     font.setPixelSize(static_cast<int>(
-        std::lround(textPixels.at(static_cast<std::size_t>(style)) * textScale())));
+        std::lround(textPoints.at(static_cast<std::size_t>(style)) * textScale())));
     font.setWeight(weight);
     return font;
 }
@@ -114,8 +116,17 @@ int Theme::symbolSide(int points) {
 }
 
 double Theme::textScale() {
-    const double scale = QFontInfo(QApplication::font()).pixelSize() / usualFontPixels;
-    return std::clamp(scale, 1.0, 2.0);
+    const QFont font = QApplication::font();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double resolution = screen ? screen->logicalDotsPerInchY() : usualResolution;
+    const double scale = font.pointSizeF() > 0
+                             ? font.pointSizeF() / usualFont * resolution / usualResolution
+                             : font.pixelSize() / usualFontPixels;
+    return std::max(scale, 1.0);
+}
+
+Points::operator int() const {
+    return static_cast<int>(std::lround(value * Theme::textScale()));
 }
 
 QPalette themePalette(Appearance appearance) {
@@ -174,8 +185,9 @@ void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(theme.color(ThemeColor::focusRing), 2));
-    const double out = metrics::focusRing - 1.5;
+    const double line = metrics::focusRing * 2 / 3.0;
+    painter.setPen(QPen(theme.color(ThemeColor::focusRing), line));
+    const double out = metrics::focusRing - line * 0.75;
     painter.drawRoundedRect(bounds.adjusted(-out, -out, out, out), radius + out, radius + out);
     painter.restore();
 }

@@ -18,7 +18,18 @@ namespace calmora {
 /// Whether windows are bright or dark.
 enum class Appearance { light, dark };
 
-/// The text styles of the program; sizes in device-independent pixels at the usual desktop font.
+/// A length in points. Where a length is wanted it is device-independent pixels: as many as points
+/// at the usual desktop font and below, more where the desktop's font is larger, so that texts keep
+/// their space. The desktop's font is the application's.
+struct Points {
+    int value = 0;
+
+    operator int() const; // NOLINT(google-explicit-constructor)
+
+    friend bool operator==(const Points&, const Points&) = default;
+};
+
+/// The text styles of the program; sizes in points.
 enum class TextStyle {
     /// 22
     title,
@@ -89,7 +100,7 @@ class Theme {
     /// The side of the box that a symbol of `points` fills, scaled like the texts.
     [[nodiscard]] static int symbolSide(int points);
 
-    /// How much larger than usual the desktop shows texts; 1 at 10 pt and below.
+    /// How much larger than usual the desktop shows texts: its font's size by 10 pt, at least 1.
     [[nodiscard]] static double textScale();
 
   private:
@@ -124,48 +135,48 @@ void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const
 
 } // namespace calmora
 
-/// Measures that several views share, in device-independent pixels.
+/// Measures that several views share, in points.
 namespace calmora::metrics {
 
 /// Left and right inset of everything in the popover.
-inline constexpr int inset = 14;
+inline constexpr Points inset{14};
 
 /// Corner radii.
-inline constexpr int buttonRadius = 10;
-inline constexpr int fieldRadius = 8;
-inline constexpr int rowRadius = 6;
-inline constexpr int badgeRadius = 4;
+inline constexpr Points buttonRadius{10};
+inline constexpr Points fieldRadius{8};
+inline constexpr Points rowRadius{6};
+inline constexpr Points badgeRadius{4};
 
 /// Side of a check box.
-inline constexpr int checkBox = 16;
+inline constexpr Points checkBox{16};
 
 /// Width and height of a switch.
-inline constexpr int switchWidth = 34;
-inline constexpr int switchHeight = 20;
+inline constexpr Points switchWidth{34};
+inline constexpr Points switchHeight{20};
 
 /// Around the text and the chevron of a picker, and the size of the chevron.
-inline constexpr int pickerInset = 9;
+inline constexpr Points pickerInset{9};
 inline constexpr int chevronPoints = 8;
 
 /// Opacity of a disabled control.
 inline constexpr double disabledOpacity = 0.5;
 
 /// The space that a focus ring needs around its control.
-inline constexpr int focusRing = 3;
+inline constexpr Points focusRing{3};
 
 /// Left and right of the cards of a form, and above the first section.
-inline constexpr int formMargin = 20;
+inline constexpr Points formMargin{20};
 /// Between two sections of a form.
-inline constexpr int sectionGap = 18;
+inline constexpr Points sectionGap{18};
 /// Between a section's title and its card.
-inline constexpr int titleGap = 7;
+inline constexpr Points titleGap{7};
 /// Left and right in a row of a card.
-inline constexpr int rowInset = 12;
+inline constexpr Points rowInset{12};
 /// Above and below the content of a row.
-inline constexpr int rowPadding = 6;
+inline constexpr Points rowPadding{6};
 /// The minimum height of a row of a form.
-inline constexpr int formRow = 38;
+inline constexpr Points formRow{38};
 /// Between the parts of a row.
-inline constexpr int rowSpacing = 8;
+inline constexpr Points rowSpacing{8};
 
 } // namespace calmora::metrics

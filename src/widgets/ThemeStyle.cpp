@@ -19,17 +19,17 @@
 namespace calmora {
 namespace {
 
-constexpr int scrollBarWidth = 10;
-constexpr int shortestHandle = 28;
+constexpr Points scrollBarWidth{10};
+constexpr Points shortestHandle{28};
 /// Around the text of a button, both sides together.
-constexpr int buttonMargin = 14;
-constexpr int symbolGap = 4;
-constexpr int knobMargin = 2;
+constexpr Points buttonMargin{14};
+constexpr Points symbolGap{4};
+constexpr Points knobMargin{2};
 constexpr int tabSymbolPoints = 18;
-constexpr int tabPadding = 6;
+constexpr Points tabPadding{6};
 /// Between two tabs.
-constexpr int tabGap = 4;
-constexpr int leastTabWidth = 68;
+constexpr Points tabGap{4};
+constexpr Points leastTabWidth{68};
 
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     const Theme theme(option.palette);
@@ -117,7 +117,7 @@ void drawFace(QPainter& painter, const QRectF& whole, const Button& button, cons
         !(button.isDown() || (button.underMouse() && button.isEnabled()))) {
         return;
     }
-    if (look.ring > 0) {
+    if (look.ring.value > 0) {
         painter.setBrush(QColor(0, 0, 0, button.isDown() ? 45 : 18));
         painter.drawRoundedRect(whole, look.radius, look.radius);
         return;
@@ -142,7 +142,7 @@ void drawButton(QPainter& painter, const QStyleOption& option, const Button& but
 
     const ThemeColor color =
         look.face == ButtonLook::Face::outline ? ThemeColor::primary : ThemeColor::onAccent;
-    QRect label = whole.adjusted(look.padding.width(), 0, -look.padding.width(), 0);
+    QRect label = whole.adjusted(look.padding.beside, 0, -look.padding.beside, 0);
     if (!look.symbol.isEmpty()) {
         const int side = Theme::symbolSide(look.symbolPoints);
         const QRect place(label.x(), whole.y(), side, whole.height());
@@ -158,7 +158,7 @@ void drawButton(QPainter& painter, const QStyleOption& option, const Button& but
         Qt::AlignCenter | Qt::TextWordWrap,
         wraps ? button.text()
               : painter.fontMetrics().elidedText(button.text(), Qt::ElideRight, label.width()));
-    if (look.ring == 0 && showsFocus(button)) {
+    if (look.ring.value == 0 && showsFocus(button)) {
         drawInnerRing(painter, QRectF(whole).adjusted(0.5, 0.5, -0.5, -0.5), theme);
     } else if (look.showsEveryFocus ? button.hasFocus() : showsFocus(button)) {
         drawFocusRing(painter, whole, look.radius, theme);
@@ -261,7 +261,7 @@ void drawTab(QPainter& painter, const QStyleOptionTab& option, const QTabBar& ba
                      option.text);
     if (isChosen && showsFocus(bar)) {
         // Inside the tab: the bar has no space around it.
-        constexpr int inset = metrics::focusRing;
+        const int inset = metrics::focusRing;
         drawFocusRing(painter, tab.adjusted(inset, inset, -inset, -inset),
                       metrics::rowRadius - inset, theme);
     }
@@ -326,7 +326,8 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
     const QFontMetrics text(tab->fontMetrics);
-    const int width = std::max(leastTabWidth, text.horizontalAdvance(tab->text) + 4 * tabPadding);
+    const int width =
+        std::max<int>(leastTabWidth, text.horizontalAdvance(tab->text) + 4 * tabPadding);
     return {width + tabGap, Theme::symbolSide(tabSymbolPoints) + text.height() + 3 * tabPadding};
 }
 
@@ -379,7 +380,7 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
         range > 0
             ? static_cast<int>(qint64{length} * bar->pageStep / (qint64{range} + bar->pageStep))
             : length;
-    const int handle = std::min(length, std::max(share, shortestHandle));
+    const int handle = std::min(length, std::max<int>(share, shortestHandle));
     const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
                                               length - handle, bar->upsideDown);
     const auto span = [&](int from, int to) {

@@ -85,7 +85,7 @@ void render(const QDir& folder, const QString& suffix) {
     pane.window.setAttribute(Qt::WA_KeyboardFocusChange);
     pane.window.activateWindow();
     pane.view->findChild<QAbstractButton*>("playSounds")->setFocus();
-    pane.window.resize(450, 1320);
+    pane.window.resize(Points{450}, Points{1320});
     save(pane.window, folder.filePath("all" + suffix));
 
     pane.view->findChild<QAbstractButton*>("addApp")->click();

@@ -9,6 +9,7 @@
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverFixture.h"
 #include "updates/UpdateWindow.h"
+#include "widgets/ContentArea.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Theme.h"
 
@@ -55,7 +56,7 @@ void expectWhole(QWidget& window, const std::string& what) {
             (widget->property("text").toString() + widget->accessibleName()).toStdString() + "\"";
         EXPECT_GE(widget->width(), need.width()) << name;
         EXPECT_GE(widget->height(), need.height()) << name;
-        for (const QWidget* at = widget; at != &window; at = at->parentWidget()) {
+        for (const QWidget* at = widget; !at->isWindow(); at = at->parentWidget()) {
             EXPECT_GE(at->x(), 0) << name;
             EXPECT_LE(at->geometry().right(), at->parentWidget()->rect().right()) << name;
         }
@@ -85,7 +86,7 @@ void expectWholeSettings(const QLocale& locale) {
     for (int pane = 0; pane < tabs->count(); ++pane) {
         tabs->setCurrentIndex(pane);
         expectWhole(view, "settings, pane " + std::to_string(pane));
-        EXPECT_EQ(view.rect().size(), QSize(450, 560));
+        EXPECT_EQ(view.rect().size(), boundedByScreen(view, QSize(450, 560) * Theme::textScale()));
     }
     auto& recorder =
         static_cast<RecorderCocoa&>(*view.findChild<QWidget*>("quitAll")->findChild<QLineEdit*>());
@@ -104,6 +105,17 @@ void expectWholeSettings(const QLocale& locale) {
     expectWhole(view, "settings with a protected application");
 }
 
+void withUsualAndLargeFont(const std::function<void()>& check) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(24);
+    for (const QFont& font : {usual, large}) {
+        QApplication::setFont(font);
+        check();
+    }
+    QApplication::setFont(usual);
+}
+
 class Clipping : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override {
@@ -118,7 +130,7 @@ class Clipping : public testing::TestWithParam<const char*> {
     const QtLocalizedStrings strings{locale};
 };
 
-TEST_P(Clipping, Popover) {
+void expectWholePopover() {
     PopoverFixture popover("On Wayland, only X11 applications are listed.");
     popover.launch(100, "Files");
     popover.launch(101, "Mail");
@@ -133,17 +145,15 @@ TEST_P(Clipping, Popover) {
     expectWhole(popover.window, "popover that finds nothing");
 }
 
-TEST_P(Clipping, Settings) {
-    expectWholeSettings(locale);
-    const QFont usual = QApplication::font();
-    QFont large = usual;
-    large.setPointSize(24);
-    QApplication::setFont(large);
-    expectWholeSettings(locale);
-    QApplication::setFont(usual);
+TEST_P(Clipping, Popover) {
+    withUsualAndLargeFont(expectWholePopover);
 }
 
-TEST_P(Clipping, AboutAndQuestions) {
+TEST_P(Clipping, Settings) {
+    withUsualAndLargeFont([&] { expectWholeSettings(locale); });
+}
+
+void expectWholeQuestions(const LocalizedStrings& strings) {
     AboutPanel about(strings, {}, {});
     about.show();
     expectWhole(about, "about");
@@ -155,7 +165,7 @@ TEST_P(Clipping, AboutAndQuestions) {
     for (const Alert& alert : alerts.shown) {
         AlertPanel panel(alert, {}, [](std::size_t) {});
         panel.setFixedWidth(panel.sizeHint().width());
-        EXPECT_LT(panel.width(), 500);
+        EXPECT_LT(panel.width(), 500 * Theme::textScale());
         panel.show();
         expectWhole(panel, alert.messageText);
     }
@@ -170,6 +180,10 @@ TEST_P(Clipping, AboutAndQuestions) {
         const QWidgetList windows = QApplication::topLevelWidgets();
         expectWhole(**std::ranges::find(windows, "updatePanel", &QWidget::objectName), error);
     }
+}
+
+TEST_P(Clipping, AboutAndQuestions) {
+    withUsualAndLargeFont([&] { expectWholeQuestions(strings); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Clipping,

@@ -6,6 +6,7 @@
 #include "fakes/FakeUpdater.h"
 #include "settings/AppSettings.h"
 #include "settings/GeneralSettingsView.h"
+#include "widgets/Theme.h"
 
 #include <QtWidgets>
 
@@ -13,7 +14,7 @@ namespace calmora {
 
 /// A General pane on fake services, in a window of the size of the settings window.
 struct SettingsFixture {
-    SettingsFixture() { window.resize(450, 560); }
+    SettingsFixture() { window.resize(Points{450}, Points{560}); }
 
     /// Creates the pane. Prepare the login item and the settings before.
     void open() {

@@ -17,7 +17,7 @@ namespace calmora {
 struct PopoverFixture {
     explicit PopoverFixture(std::string shownLimitation = {})
         : limitation(std::move(shownLimitation)) {
-        window.resize(360, 500);
+        window.resize(Points{360}, Points{500});
     }
 
     /// Starts an application that ends at once when it is asked to.

@@ -68,6 +68,26 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
     }
 }
 
+TEST(AppRowView, FiguresGiveWayToTheStartOfAName) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(20);
+    for (const QFont& font : {usual, large}) {
+        QApplication::setFont(font);
+        for (const int width : {360, 330, 270, 210}) {
+            for (const bool isProtected : {false, true}) {
+                AppRowView view;
+                view.setRow({.app = app(1, "Image Manipulation Program"),
+                             .resourceDisplay = ResourceDisplay::both,
+                             .isWhitelisted = isProtected});
+                view.resize(Points{width}, view.sizeHint().height());
+                EXPECT_GE(view.shownName().size(), 9) << width << ' ' << font.pointSizeF();
+            }
+        }
+    }
+    QApplication::setFont(usual);
+}
+
 TEST(AppRowView, ShowsANameAsItIsWrittenAndNeverAsMarkup) {
     const QTemporaryDir folder;
     const std::string pipe = folder.filePath("pipe").toStdString();

@@ -2,6 +2,7 @@
 #include "platform/qt/alerts/QtAlerts.h"
 
 #include "platform/qt/window/TransientFrame.h"
+#include "widgets/ContentArea.h"
 #include "widgets/Controls.h"
 #include "widgets/Pictures.h"
 #include "widgets/Theme.h"
@@ -23,10 +24,11 @@
 namespace calmora {
 namespace {
 
-constexpr int padding = 20;
-constexpr int iconSide = 48;
-constexpr int badgeSide = 20;
-constexpr int textWidth = 300;
+constexpr Points padding{20};
+constexpr Points iconSide{48};
+constexpr Points iconGap{16};
+constexpr Points badgeSide{20};
+constexpr Points textWidth{300};
 constexpr int longestText = 400;
 constexpr int longestWord = 24;
 
@@ -73,11 +75,13 @@ class AlertIcon final : public QWidget {
         painter.setPen(QPen(palette().window().color(), 2));
         painter.setBrush(Theme::of(*this).buttonFace(badge, true));
         painter.drawEllipse(badge.adjusted(1, 1, -1, -1));
-        painter.setPen(
-            QPen(Theme::of(*this).color(ThemeColor::onAccent), 2.2, Qt::SolidLine, Qt::RoundCap));
+        const double unit = badge.width() / badgeSide.value;
+        painter.setPen(QPen(Theme::of(*this).color(ThemeColor::onAccent), 2.2 * unit, Qt::SolidLine,
+                            Qt::RoundCap));
         const double middle = badge.center().x();
-        painter.drawLine(QPointF(middle, badge.top() + 5.5), QPointF(middle, badge.top() + 10.5));
-        painter.drawPoint(QPointF(middle, badge.top() + 14.3));
+        painter.drawLine(QPointF(middle, badge.top() + 5.5 * unit),
+                         QPointF(middle, badge.top() + 10.5 * unit));
+        painter.drawPoint(QPointF(middle, badge.top() + 14.3 * unit));
     }
 
   private:
@@ -92,7 +96,7 @@ class AlertPushButton final : public Button {
     explicit AlertPushButton(const AlertButton& button)
         : Button(shortened(button.title),
                  {.face = button.isDestructive ? ButtonLook::Face::red : ButtonLook::Face::outline,
-                  .padding = {17, 7},
+                  .padding = {{17}, {7}},
                   .radius = metrics::fieldRadius,
                   .ring = metrics::focusRing,
                   .showsEveryFocus = true}) {}
@@ -104,14 +108,20 @@ class AlertPushButton final : public Button {
     }
 };
 
-QLabel* makeText(const std::string& text, TextStyle style, ThemeColor color, const Theme& theme) {
+/// The width of the texts, less where the screen is small.
+int textWidthFor(const QWidget& panel) {
+    const int beside = 2 * padding + iconSide + iconGap;
+    return boundedByScreen(panel, {textWidth + beside, 0}).width() - beside;
+}
+
+QLabel* makeText(const std::string& text, TextStyle style, ThemeColor color, const QWidget& panel) {
     auto* label = new QLabel(wrappable(shortened(text)));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setFont(Theme::font(style));
-    label->setMinimumWidth(textWidth);
+    label->setMinimumWidth(textWidthFor(panel));
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, theme.color(color));
+    palette.setColor(QPalette::WindowText, Theme::of(panel).color(color));
     label->setPalette(palette);
     return label;
 }
@@ -136,26 +146,26 @@ QRect centred(QSize size, const QRect& area) {
 AlertPanel::AlertPanel(const Alert& alert, const Image& icon,
                        std::function<void(std::size_t)> onAnswer) {
     setObjectName("alert");
-    const Theme theme = Theme::of(*this);
-
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(6);
-    auto* message = makeText(alert.messageText, TextStyle::headline, ThemeColor::primary, theme);
+    auto* content = new QWidget;
+    auto* texts = new QVBoxLayout(content);
+    texts->setContentsMargins(0, 0, 0, 0);
+    texts->setSpacing(Points{6});
+    auto* message = makeText(alert.messageText, TextStyle::headline, ThemeColor::primary, *this);
     message->setObjectName("messageText");
     texts->addWidget(message);
     auto* explanation =
-        makeText(alert.informativeText, TextStyle::body, ThemeColor::secondary, theme);
+        makeText(alert.informativeText, TextStyle::body, ThemeColor::secondary, *this);
     explanation->setObjectName("informativeText");
     texts->addWidget(explanation);
     texts->addStretch();
 
     auto* upper = new QHBoxLayout;
-    upper->setSpacing(16);
+    upper->setSpacing(iconGap);
     upper->addWidget(new AlertIcon(icon, alert.style), 0, Qt::AlignTop);
-    upper->addLayout(texts, 1);
+    upper->addWidget(new ContentArea(content), 1);
 
     auto* lower = new QHBoxLayout;
-    lower->setSpacing(8);
+    lower->setSpacing(Points{8});
     lower->addStretch();
     for (std::size_t index = alert.buttons.size(); index-- > 0;) {
         const bool isLast = index + 1 == alert.buttons.size();
@@ -169,8 +179,8 @@ AlertPanel::AlertPanel(const Alert& alert, const Image& icon,
     }
 
     auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(padding, padding, padding, padding - 4);
-    all->setSpacing(18);
+    all->setContentsMargins(padding, padding, padding, Points{16});
+    all->setSpacing(Points{18});
     all->addLayout(upper);
     all->addLayout(lower);
 }

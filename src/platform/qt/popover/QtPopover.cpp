@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/popover/QtPopover.h"
 
+#include "widgets/Theme.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QTimer>
@@ -58,7 +60,8 @@ void QtPopover::show(std::optional<Rect> anchor) {
     }
     willShow_.emit();
     anchor_ = surroundings.icon;
-    bounds_ = placePopover(contentSize_, anchor_, surroundings.screens);
+    const Size size{Points{contentSize_.width}, Points{contentSize_.height}};
+    bounds_ = placePopover(size, anchor_, surroundings.screens);
     frame_.showAt(toQRect(bounds_));
     focus_ = windows_.grabFocus(
         *frame_.windowHandle(), [this] { return alerts_.isOpen(); },
