@@ -23,8 +23,10 @@
 #include "widgets/Theme.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopServices>
 #include <QIcon>
+#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -59,8 +61,17 @@ class ListContent final : public QWidget {
     MenuPopoverView view_;
 };
 
+/// Opens the window in the middle of the screen on which the user is, where programs may place
+/// their windows; brings it to the front if it is open.
 void showWindow(QWidget& window, const Image& icon) {
     window.setWindowIcon(imagePixmap(icon, windowIconSide, 1));
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    if (!window.isVisible()) {
+        window.adjustSize();
+        QRect place = window.rect();
+        place.moveCenter((screen ? screen : window.screen())->availableGeometry().center());
+        window.move(place.topLeft());
+    }
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();

@@ -21,17 +21,17 @@ TEST(PopoverPlacement, IsBesideTheIconAndInsideItsScreen) {
         std::vector<ScreenArea> screens;
         Rect expected;
     } rows[] = {
-        {"centred below", Rect{600, 0, 24, 24}, {topPanel}, {432, 28, 360, 500}},
-        {"clamped at the right", Rect{1250, 0, 24, 24}, {topPanel}, {920, 28, 360, 500}},
-        {"above a bottom panel", Rect{600, 768, 24, 24}, {bottomPanel}, {432, 260, 360, 500}},
-        {"right of a left panel", Rect{12, 20, 24, 24}, {leftPanel}, {48, 0, 360, 500}},
-        {"left of a right panel", Rect{1244, 780, 24, 24}, {rightPanel}, {872, 300, 360, 500}},
-        {"above, nothing reserved", Rect{600, 776, 24, 24}, {free}, {432, 272, 360, 500}},
-        {"the icon's screen", Rect{1400, 936, 24, 24}, {topPanel, second}, {1280, 428, 360, 500}},
-        {"a screen too small", Rect{290, 0, 20, 20}, {tiny}, {0, 20, 320, 220}},
-        {"unknown, top panel", {}, {topPanel, second}, {920, 24, 360, 500}},
-        {"unknown, bottom panel", {}, {bottomPanel}, {920, 260, 360, 500}},
-        {"unknown, no panel", {}, {free}, {920, 0, 360, 500}},
+        {"centred below", Rect{600, 0, 24, 24}, {topPanel}, {432, 32, 360, 500}},
+        {"clamped at the right", Rect{1250, 0, 24, 24}, {topPanel}, {912, 32, 360, 500}},
+        {"above a bottom panel", Rect{600, 768, 24, 24}, {bottomPanel}, {432, 252, 360, 500}},
+        {"right of a left panel", Rect{12, 20, 24, 24}, {leftPanel}, {56, 8, 360, 500}},
+        {"left of a right panel", Rect{1244, 780, 24, 24}, {rightPanel}, {864, 292, 360, 500}},
+        {"above, nothing reserved", Rect{600, 776, 24, 24}, {free}, {432, 268, 360, 500}},
+        {"the icon's screen", Rect{1400, 936, 24, 24}, {topPanel, second}, {1288, 420, 360, 500}},
+        {"a screen too small", Rect{290, 0, 20, 20}, {tiny}, {8, 28, 304, 204}},
+        {"unknown, top panel", {}, {topPanel, second}, {912, 32, 360, 500}},
+        {"unknown, bottom panel", {}, {bottomPanel}, {912, 252, 360, 500}},
+        {"unknown, no panel", {}, {free}, {912, 8, 360, 500}},
     };
 
     for (const auto& row : rows) {

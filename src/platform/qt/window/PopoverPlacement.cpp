@@ -8,8 +8,8 @@ namespace calmora {
 
 namespace {
 
-/// Between icon and popover.
-constexpr int gap = 4;
+/// Between the popover and the icon, panels and the edges of the screen.
+constexpr int gap = 8;
 
 enum class Edge { top, bottom, left, right };
 
@@ -93,8 +93,11 @@ Rect placePopover(Size size, const std::optional<Rect>& icon, std::span<const Sc
             return squaredDistance(candidate.geometry, centre(*icon));
         });
     }
-    const Rect& area = screen->available;
+    const Rect& all = screen->available;
+    const Rect area{all.x + gap, all.y + gap, std::max(1, all.width - 2 * gap),
+                    std::max(1, all.height - 2 * gap)};
     const Size fitting{std::min(size.width, area.width), std::min(size.height, area.height)};
+    // Where there is no icon, too far out: the gap moves it in.
     const Point wanted = icon ? besideIcon(fitting, *icon, *screen) : inCorner(fitting, *screen);
     return {clampedStart(wanted.x, fitting.width, area.x, right(area)),
             clampedStart(wanted.y, fitting.height, area.y, bottom(area)), fitting.width,
