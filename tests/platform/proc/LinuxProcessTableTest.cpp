@@ -296,6 +296,25 @@ void writeRecord(const std::filesystem::path& root, ProcessId process, const std
     std::ofstream(folder / "statm") << "10 5 1 0 0 0 0\n";
 }
 
+TEST(ProcessMemory, ForgetsOnlyTheFirstOfThousandsThatEnded) {
+    const TempFolder folder;
+    const auto record = [&](ProcessId process) { return folder.path() / std::to_string(process); };
+    constexpr ProcessId first = 5'000'000; // No process has such an id.
+    writeRecord(folder.path(), first - 1, "1000");
+    writeRecord(folder.path(), first, "1000");
+    const ProcessReader reader(folder.path());
+    ProcessMemory memory(reader, 0);
+    EXPECT_TRUE(memory.hold(first - 1));
+    ProcessId process = first;
+    for (; process < first + 3 * static_cast<ProcessId>(ProcessMemory::mostEnded); ++process) {
+        ASSERT_TRUE(memory.hold(process));
+        std::filesystem::rename(record(process), record(process + 1));
+    }
+    EXPECT_FALSE(memory.startTime(first));
+    EXPECT_TRUE(memory.startTime(process - static_cast<ProcessId>(ProcessMemory::mostEnded)));
+    EXPECT_TRUE(memory.startTime(first - 1) && !memory.isGone(first - 1)) << "it runs";
+}
+
 TEST(LinuxProcessTable, DoesNotTouchAnotherProcessWithTheSameIdAsRecorded) {
     const RealProcess process;
     const TempFolder folder;

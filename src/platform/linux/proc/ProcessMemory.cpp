@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/proc/ProcessMemory.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace calmora {
 
 ProcessMemory::ProcessMemory(const ProcessReader& reader,
@@ -18,10 +21,13 @@ bool ProcessMemory::hold(ProcessId process) {
         return false;
     }
     if (descriptors_ >= descriptorLimit_) {
-        giveUpDescriptorsOfEnded();
+        findEnded();
+    }
+    if (held_.size() >= fullAt_) {
+        forgetFirstEnded();
     }
     Held& held = held_[process];
-    held = Held{*started, nullptr, false};
+    held = Held{*started, nullptr, 0};
     if (descriptor && descriptors_ < descriptorLimit_) {
         held.descriptor = std::make_shared<const PidFd>(*std::move(descriptor));
         ++descriptors_;
@@ -48,25 +54,46 @@ std::shared_ptr<const PidFd> ProcessMemory::descriptor(ProcessId process) const 
 }
 
 bool ProcessMemory::hasEnded(ProcessId process, Held& held) const {
-    if (held.isGone) {
+    if (held.end != 0) {
         return true;
     }
-    if (held.descriptor) {
-        held.isGone = held.descriptor->hasExited();
-    } else {
-        held.isGone = reader_.startTime(process) != held.startTime;
+    const bool isGone = held.descriptor ? held.descriptor->hasExited()
+                                        : reader_.startTime(process) != held.startTime;
+    if (!isGone) {
+        return false;
     }
-    if (held.isGone && held.descriptor) {
+    held.end = ++ends_;
+    if (held.descriptor) {
         held.descriptor.reset();
         --descriptors_;
     }
-    return held.isGone;
+    return true;
 }
 
-void ProcessMemory::giveUpDescriptorsOfEnded() const {
+/// Gives up the descriptors of processes that have ended.
+void ProcessMemory::findEnded() const {
     for (auto& [process, held] : held_) {
         hasEnded(process, held);
     }
+}
+
+/// A row that still shows one of them is unlikely: its end was found before thousands of others.
+void ProcessMemory::forgetFirstEnded() {
+    findEnded();
+    std::vector<std::uint64_t> ends;
+    for (const auto& [process, held] : held_) {
+        if (held.end != 0) {
+            ends.push_back(held.end);
+        }
+    }
+    if (ends.size() > mostEnded) {
+        const auto kept = ends.end() - static_cast<std::ptrdiff_t>(mostEnded);
+        std::ranges::nth_element(ends, kept);
+        std::erase_if(held_, [first = *kept](const auto& entry) {
+            return entry.second.end != 0 && entry.second.end < first;
+        });
+    }
+    fullAt_ = held_.size() + mostEnded;
 }
 
 } // namespace calmora

@@ -14,9 +14,13 @@
 namespace calmora {
 
 /// Remembers which process an id meant when it was shown to the user. A held id stays bound to that
-/// process, even if the id is reused, until it is held again. Main thread.
+/// process, even if the id is reused, until it is held again; of the ended ones, that is true for
+/// at least the last 2048. Main thread.
 class ProcessMemory {
   public:
+    /// How many ended processes are remembered at least.
+    static constexpr std::size_t mostEnded = 2048;
+
     /// Keeps at most `descriptorLimit` descriptors, by default a quarter of the soft limit of open
     /// files; further processes are known by start time alone.
     explicit ProcessMemory(const ProcessReader& reader,
@@ -42,16 +46,21 @@ class ProcessMemory {
     struct Held {
         std::uint64_t startTime = 0;
         std::shared_ptr<const PidFd> descriptor;
-        bool isGone = false;
+        /// Counts the ends in the order in which they were found; 0 while it runs.
+        std::uint64_t end = 0;
     };
 
     /// Checks whether the process is gone and then releases its descriptor.
     bool hasEnded(ProcessId process, Held& held) const;
-    void giveUpDescriptorsOfEnded() const;
+    void findEnded() const;
+    void forgetFirstEnded();
 
     const ProcessReader& reader_;
     std::size_t descriptorLimit_;
     mutable std::size_t descriptors_ = 0;
+    mutable std::uint64_t ends_ = 0;
+    /// The number of processes at which ended ones are looked for and forgotten.
+    std::size_t fullAt_ = 2 * mostEnded;
     mutable std::unordered_map<ProcessId, Held> held_;
 };
 
