@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/ReleaseReader.h"
 
+#include "support/XmlTags.h"
 #include "updates/FeedAddress.h"
 
 #include <QString>
@@ -19,53 +20,7 @@ namespace {
 constexpr int deepest = 32;
 constexpr std::size_t mostReleases = 1000;
 constexpr std::size_t mostElements = 20000;
-/// QXmlStreamReader compares every attribute of a tag with every other: 18 seconds for a tag of a
-/// megabyte.
-constexpr std::size_t longestTag = 2048;
 constexpr qsizetype longestNotes = 8000;
-
-/// Length of the tag, instruction or section at the start of `xml`; absent if it is too long, does
-/// not end, or is a declaration such as a document type.
-std::optional<std::size_t> markupLength(std::string_view xml) {
-    const auto upTo = [xml](std::string_view end) {
-        const std::size_t at = xml.find(end);
-        return at == std::string_view::npos ? std::nullopt : std::optional(at + end.size());
-    };
-    if (xml.starts_with("<!--")) {
-        return upTo("-->");
-    }
-    if (xml.starts_with("<![CDATA[")) {
-        return upTo("]]>");
-    }
-    if (xml.starts_with("<!")) {
-        return std::nullopt;
-    }
-    char quote = 0;
-    for (std::size_t at = 1; at < std::min(xml.size(), longestTag); ++at) {
-        const char c = xml[at];
-        if (c == '>' && quote == 0) {
-            return at + 1;
-        }
-        if (c == quote) {
-            quote = 0;
-        } else if (quote == 0 && (c == '"' || c == '\'')) {
-            quote = c;
-        }
-    }
-    return std::nullopt;
-}
-
-/// Whether QXmlStreamReader can parse the text in linear time.
-bool isHarmless(std::string_view xml) {
-    for (std::size_t at = xml.find('<'); at != std::string_view::npos; at = xml.find('<', at)) {
-        const auto length = markupLength(xml.substr(at));
-        if (!length) {
-            return false;
-        }
-        at += *length;
-    }
-    return true;
-}
 
 bool isDirectionControl(QChar c) {
     return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
@@ -277,7 +232,7 @@ ReleaseList readReleases(std::string_view xml, const std::vector<std::string>& l
     }
     QStringDecoder utf8(QStringDecoder::Utf8);
     const QString text = utf8(QByteArrayView(xml.data(), static_cast<qsizetype>(xml.size())));
-    if (utf8.hasError() || !isHarmless(xml)) {
+    if (utf8.hasError() || !hasShortTags(xml)) {
         return UpdateError::unreadable;
     }
     return Reader(text, languages).read();

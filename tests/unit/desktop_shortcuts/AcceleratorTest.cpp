@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/FakeKeys.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
+#include "platform/desktop/shortcuts/ShortcutSources.h"
+#include "support/TempFolder.h"
+
+#include <sys/stat.h>
 
 namespace calmora {
 namespace {
@@ -14,9 +18,25 @@ TEST(Accelerator, ReadsOpenboxFiles) {
            C-g'><keybind key="C-c"><action key="x"/></keybind></keybind>
         <keybind key="H-x"/><keybind key="F1"/><keybinds key="F2"/><keybind></keybind>)"),
               expected);
-    for (const char* broken : {"<", "<keybind key=\"A-F4", "<keybind key=", "<!-- <keybind"}) {
-        EXPECT_TRUE(openboxAccelerators(broken).empty()) << broken;
+    const std::string binding = "<keybind key='A-F4'/>";
+    std::string endless = "<keybind key='A-F4'";
+    for (int number = 0; number < 1000; ++number) {
+        endless += " a" + std::to_string(number) + "=''";
     }
+    for (const std::string& refused :
+         {std::string("<"), std::string("<keybind key=\"A-F4"), std::string("<keybind key="),
+          std::string("<!-- <keybind"), endless + "/>", "<!DOCTYPE a [<!ENTITY b ''>]>" + binding,
+          binding + std::string(1024 * 1024, ' ')}) {
+        EXPECT_TRUE(openboxAccelerators(refused).empty()) << refused.substr(0, 60);
+    }
+}
+
+TEST(Accelerator, PassesByWhatIsNoFileOfOpenbox) {
+    const TempFolder folder;
+    const auto pipe = folder.path() / "pipe.xml";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const auto file = folder.write("rc.xml", "<keybind key='A-F4'/>");
+    EXPECT_EQ(openboxShortcuts([] { return "Openbox"; }, {pipe, file})().size(), 1U);
 }
 
 TEST(DesktopShortcuts, FindKeysByNameAndByLayout) {

@@ -3,6 +3,7 @@
 
 #include "platform/linux/keyboard/KeyCodes.h"
 #include "support/TextHelpers.h"
+#include "support/XmlTags.h"
 
 #include <QXmlStreamReader>
 
@@ -92,6 +93,10 @@ std::optional<Accelerator> openboxAccelerator(std::string_view text) {
 }
 
 std::vector<Accelerator> openboxAccelerators(std::string_view xml) {
+    constexpr std::size_t most = std::size_t{1024} * 1024;
+    if (xml.size() > most || !hasShortTags(xml)) {
+        return {};
+    }
     QXmlStreamReader reader(QByteArray(xml.data(), static_cast<qsizetype>(xml.size())));
     reader.setNamespaceProcessing(false);
     std::vector<Accelerator> result;

@@ -29,7 +29,7 @@ struct Accelerator {
 [[nodiscard]] std::optional<Accelerator> openboxAccelerator(std::string_view text);
 
 /// The combinations bound in an openbox configuration; of a chain, the first. Invalid ones are
-/// skipped.
+/// skipped. Empty for a text over a mebibyte and where hasShortTags() is false.
 [[nodiscard]] std::vector<Accelerator> openboxAccelerators(std::string_view xml);
 
 /// Reads a key of Qt with its modifiers, as KDE keeps them: 0x10000041 is Super with A. Absent when

@@ -4,6 +4,7 @@
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
 #include "platform/desktop/shortcuts/GSettings.h"
+#include "platform/linux/xdg/TextFile.h"
 #include "support/LoadedLibrary.h"
 
 #include <QDBusObjectPath>
@@ -12,8 +13,6 @@
 
 #include <array>
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -120,9 +119,8 @@ DesktopShortcuts::Source openboxShortcuts(WindowManagerName windowManager,
             return {};
         }
         for (const std::filesystem::path& path : files) {
-            std::ifstream file(path);
-            if (file) {
-                return openboxAccelerators(std::string(std::istreambuf_iterator<char>(file), {}));
+            if (const auto text = readTextFile(path)) {
+                return openboxAccelerators(*text);
             }
         }
         return {};
