@@ -4,6 +4,8 @@
 #include "app/Identity.h"
 #include "app/QtEnvironment.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
+#include "platform/desktop/single_instance/RuntimeLock.h"
+#include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/linux/proc/PidFd.h"
 #include "widgets/Theme.h"
 
@@ -11,17 +13,26 @@
 #include <QDBusConnection>
 #include <QSessionManager>
 
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
+
+#include <unistd.h>
 
 namespace {
 
 using calmora::AppCommand;
 using calmora::CommandLine;
 using calmora::CommandStatus;
+using calmora::RuntimeLock;
+using calmora::SingleInstance;
+using std::chrono::steady_clock;
 
 void printUsage(std::FILE* stream) {
     std::fprintf(stream, R"(Usage: calmora [OPTION]
@@ -38,20 +49,41 @@ Puts %s into the status bar; started again, it opens its popover.
                  calmora::identity::name, calmora::identity::name);
 }
 
+/// Ends the program with a message if something takes longer than an instance may take to answer.
+class Alarm {
+  public:
+    Alarm() {
+        std::signal(SIGALRM, [](int) {
+            constexpr std::string_view text = "calmora: the session bus does not answer\n";
+            static_cast<void>(!write(STDERR_FILENO, text.data(), text.size()));
+            std::_Exit(static_cast<int>(CommandStatus::noInstance));
+        });
+        ::alarm(std::chrono::duration_cast<std::chrono::seconds>(SingleInstance::patience).count());
+    }
+
+    Alarm(const Alarm&) = delete;
+    Alarm& operator=(const Alarm&) = delete;
+
+    ~Alarm() { ::alarm(0); }
+};
+
 /// Lets the running instance carry out the command: the exit status; absent if none runs and the
 /// command starts one.
 std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandLine& line) {
     const QCoreApplication application(argc, argv);
     const QString connectionName("calmora-command");
+    const auto bus = [&] {
+        const Alarm alarm;
+        return QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+    }();
     QStringList arguments;
     for (int index = 1; index < argc; ++index) {
         arguments += QString::fromLocal8Bit(argv[index]);
     }
     const bool mayTakeLong =
         line.command == AppCommand::quitAll || line.command == AppCommand::forceQuitAll;
-    const auto answer = calmora::CommandChannel::send(
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName),
-        calmora::identity::identifier, arguments, mayTakeLong);
+    const auto answer =
+        calmora::CommandChannel::send(bus, calmora::identity::identifier, arguments, mayTakeLong);
     QDBusConnection::disconnectFromBus(connectionName);
     if (answer) {
         std::fputs(answer->output.toUtf8().constData(), stdout);
@@ -65,6 +97,22 @@ std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandL
     return CommandStatus::noInstance;
 }
 
+/// The exit status of a start while an instance runs that does not answer.
+int endOfSilence() {
+    std::fprintf(stderr, "calmora: %s is running but does not answer\n", calmora::identity::name);
+    return static_cast<int>(CommandStatus::noInstance);
+}
+
+/// Asks the process that holds the lock, if there is one, to show itself: the exit status. Absent
+/// if this process has the lock, or none can be made.
+std::optional<int> showRunning(RuntimeLock& lock, steady_clock::time_point started) {
+    const auto left = started + SingleInstance::patience - steady_clock::now();
+    if (lock.askHolder(std::chrono::ceil<std::chrono::milliseconds>(left))) {
+        return 0;
+    }
+    return lock.isHeldElsewhere() ? std::optional(endOfSilence()) : std::nullopt;
+}
+
 /// Ends with a message and an exit status, not with a core file, if Qt cannot reach the display.
 void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
     std::fprintf(stderr, "calmora: %s\n", qUtf8Printable(message));
@@ -76,6 +124,7 @@ void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString&
 } // namespace
 
 int main(int argc, char** argv) {
+    const auto started = steady_clock::now();
     const auto line = calmora::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
     if (!line) {
         printUsage(stderr);
@@ -100,6 +149,11 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "calmora: there is no display to show anything on\n");
         return 1;
     }
+    RuntimeLock lock(RuntimeLock::userFolder(),
+                     RuntimeLock::nameForDisplay(calmora::identity::identifier));
+    if (const auto status = showRunning(lock, started)) {
+        return *status;
+    }
     const calmora::QtEnvironment environment;
     calmora::raiseOpenFileLimit();
     calmora::EndingSignals signals;
@@ -122,9 +176,15 @@ int main(int argc, char** argv) {
         Qt::DirectConnection);
 
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
-    calmora::SingleInstance instance(sessionBus, calmora::identity::identifier);
-    if (!instance.isFirst()) {
-        return 0;
+    SingleInstance instance(sessionBus, calmora::identity::identifier, std::move(lock));
+    if (instance.state() != SingleInstance::State::first) {
+        return instance.state() == SingleInstance::State::shownElsewhere ? 0 : endOfSilence();
+    }
+    if (instance.isNameTaken()) {
+        std::fprintf(stderr,
+                     "calmora: another program has the name %s on the session bus; commands such "
+                     "as --toggle do not reach this %s\n",
+                     calmora::identity::identifier, calmora::identity::name);
     }
     calmora::installTheme(application);
     return calmora::CalmoraApp(sessionBus, instance, signals, environment).run(*line);

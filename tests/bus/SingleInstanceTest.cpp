@@ -13,48 +13,80 @@ using namespace std::chrono_literals;
 constexpr auto id = "org.example.The-Program";
 const QDBusConnection noBus("no such connection");
 
-/// Starts the program a second time, elsewhere; whether it came first.
-bool startAgain(const QDBusConnection& bus, const std::filesystem::path& folder) {
-    auto other =
-        std::async(std::launch::async, [&] { return SingleInstance(bus, id, folder).isFirst(); });
+using State = SingleInstance::State;
+
+/// What becomes of a start elsewhere, of which the first instance hears in its loop.
+State startAgain(const QDBusConnection& bus, const QTemporaryDir& folder) {
+    auto other = std::async(std::launch::async, [&] {
+        RuntimeLock lock(folder.path().toStdString(), id);
+        if (lock.askHolder(SingleInstance::patience)) {
+            return State::shownElsewhere;
+        }
+        return SingleInstance(bus, id, std::move(lock)).state();
+    });
     EXPECT_TRUE(loopUntil([&] { return other.wait_for(0s) == std::future_status::ready; }));
     return other.get();
 }
 
-TEST(SingleInstanceTest, isProvenByTheNameOnTheBus) {
+TEST(SingleInstanceTest, isProvenByTheNameOnTheBusAndByTheLock) {
     PrivateBus bus;
+    PrivateBus laterBus;
     const QTemporaryDir folder;
+    const QTemporaryDir otherFolder;
     QDBusConnection own = bus.connect();
     {
-        SingleInstance first(own, id, folder.path().toStdString());
-        ASSERT_TRUE(first.isFirst());
+        SingleInstance first(own, id, RuntimeLock(folder.path().toStdString(), id));
+        ASSERT_EQ(first.state(), State::first);
         int activations = 0;
-        EXPECT_FALSE(startAgain(bus.connect(), folder.path().toStdString()));
+        EXPECT_EQ(startAgain(bus.connect(), otherFolder), State::shownElsewhere);
         const Subscription token = first.onActivated([&] { ++activations; });
         EXPECT_TRUE(loopUntil([&] { return activations == 1; })) << "a start before the listener";
-        EXPECT_FALSE(startAgain(bus.connect(), folder.path().toStdString()));
-        EXPECT_TRUE(loopUntil([&] { return activations == 2; }));
+        int expected = 1;
+        for (const auto& [where, lock] : {std::pair(bus.connect(), &otherFolder),
+                                          {laterBus.connect(), &folder},
+                                          {noBus, &folder}}) {
+            EXPECT_EQ(startAgain(where, *lock), State::shownElsewhere);
+            EXPECT_TRUE(loopUntil([&] { return activations == expected + 1; }));
+            ++expected;
+        }
     }
     ASSERT_TRUE(own.unregisterService(id));
-    EXPECT_TRUE(SingleInstance(bus.connect(), id, folder.path().toStdString()).isFirst());
+    EXPECT_EQ(
+        SingleInstance(bus.connect(), id, RuntimeLock(folder.path().toStdString(), id)).state(),
+        State::first);
 }
 
-TEST(SingleInstanceTest, isProvenByALockWithoutABus) {
+TEST(SingleInstanceTest, takesANameOfAnotherProgramForNoInstance) {
+    PrivateBus bus;
+    QDBusConnection squatter = bus.connect();
+    ASSERT_TRUE(squatter.registerService(id));
+    const SingleInstance first(bus.connect(), id, RuntimeLock("/no/such/folder", id));
+    EXPECT_EQ(first.state(), State::first);
+    EXPECT_TRUE(first.isNameTaken());
+}
+
+TEST(RuntimeLockTest, isAskedForNoLongerThanItMay) {
     const QTemporaryDir folder;
     // A folder whose name is longer than the address of a socket.
     const std::filesystem::path runtime = folder.filePath(QString(120, 'x')).toStdString();
     std::filesystem::create_directory(runtime);
     std::ofstream(runtime / (std::string(id) + ".socket")) << "left behind";
-    {
-        SingleInstance first(noBus, id, runtime);
-        ASSERT_TRUE(first.isFirst());
-        int activations = 0;
-        const Subscription token = first.onActivated([&] { ++activations; });
-        EXPECT_FALSE(startAgain(noBus, runtime));
-        EXPECT_TRUE(loopUntil([&] { return activations == 1; }));
+    auto holder = std::make_unique<RuntimeLock>(runtime, id);
+    RuntimeLock other(runtime, id);
+    for (int start = 0; start < 20; ++start) { // More than its queue takes.
+        EXPECT_FALSE(other.askHolder(1ms)) << "it does not answer, as a stopped process";
+        EXPECT_TRUE(other.isHeldElsewhere());
     }
-    EXPECT_TRUE(SingleInstance(noBus, id, runtime).isFirst()) << "after the end of the first";
-    EXPECT_TRUE(SingleInstance(noBus, id, "/no/such/folder").isFirst()) << "nothing can be proven";
+    while (holder->acceptAttempt()) {
+    }
+    auto asking = std::async(std::launch::async, [&] { return other.askHolder(10s); });
+    EXPECT_TRUE(loopUntil([&] { return holder->acceptAttempt(); }));
+    EXPECT_TRUE(asking.get());
+    asking = std::async(std::launch::async, [&] { return other.askHolder(10s); });
+    holder.reset();
+    EXPECT_FALSE(asking.get());
+    EXPECT_FALSE(other.isHeldElsewhere()) << "it ended, so the next one takes its place";
+    EXPECT_FALSE(RuntimeLock("/no/such/folder", id).isHeldElsewhere()) << "nothing can be proven";
 }
 
 } // namespace

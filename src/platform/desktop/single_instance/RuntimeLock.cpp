@@ -3,7 +3,9 @@
 
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
@@ -37,9 +39,14 @@ RuntimeLock::RuntimeLock(const std::filesystem::path& folder, const std::string&
     }
     lock_ = FileDescriptor(openat(folder_.get(), (name + ".lock").c_str(),
                                   O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    take();
+}
+
+void RuntimeLock::take() {
     if (!lock_) {
         return;
     }
+    isHeldElsewhere_ = false;
     if (flock(lock_.get(), LOCK_EX | LOCK_NB) != 0) {
         isHeldElsewhere_ = errno == EWOULDBLOCK;
         return;
@@ -59,19 +66,47 @@ bool RuntimeLock::acceptAttempt() const {
         FileDescriptor(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC)));
 }
 
-void RuntimeLock::connectToHolder() const {
+bool RuntimeLock::askHolder(std::chrono::milliseconds patience) {
+    using Clock = std::chrono::steady_clock;
+    using std::chrono::milliseconds;
     const sockaddr_un address = addressIn(folder_, socketName_);
-    // The holder may have the lock but not yet its socket.
-    constexpr int mostAttempts = 100;
-    constexpr int pauseMilliseconds = 20;
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    const Clock::time_point end = Clock::now() + patience;
+    const auto left = [&] {
+        return std::max(std::chrono::ceil<milliseconds>(end - Clock::now()), milliseconds(0));
+    };
+    while (isHeldElsewhere_) {
         const FileDescriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
         if (connect(client.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) ==
             0) {
-            return;
+            pollfd taken{client.get(), POLLIN, 0};
+            char byte = 0;
+            // The holder closes what it took; if it ends without, there is an error.
+            if (poll(&taken, 1, static_cast<int>(left().count())) > 0 &&
+                read(client.get(), &byte, 1) == 0) {
+                return true;
+            }
         }
+        if (left() == milliseconds(0)) {
+            return false;
+        }
+        // It may have the lock but not yet its socket, or neither any more.
+        constexpr int pauseMilliseconds = 20;
         poll(nullptr, 0, pauseMilliseconds);
+        take();
     }
+    return false;
+}
+
+std::string RuntimeLock::nameForDisplay(const std::string& applicationId) {
+    std::string name = applicationId;
+    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY"}) {
+        if (const char* display = std::getenv(variable); display && *display != 0) {
+            name += std::string("-") + display;
+            break;
+        }
+    }
+    std::ranges::replace(name, '/', '_');
+    return name;
 }
 
 std::filesystem::path RuntimeLock::userFolder() {

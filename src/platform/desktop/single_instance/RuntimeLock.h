@@ -3,6 +3,7 @@
 
 #include "support/FileDescriptor.h"
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
@@ -16,7 +17,8 @@ class RuntimeLock {
     /// Tries to take the lock `folder`/`name`.lock.
     RuntimeLock(const std::filesystem::path& folder, const std::string& name);
 
-    /// Whether another process has the lock. False also where no lock can be made.
+    /// Whether another process has the lock. False also where no lock can be made. May end during
+    /// askHolder().
     [[nodiscard]] bool isHeldElsewhere() const { return isHeldElsewhere_; }
 
     /// The holder's socket, readable at a connection attempt; negative for others.
@@ -25,16 +27,22 @@ class RuntimeLock {
     /// Takes one connection attempt. False when there is none.
     [[nodiscard]] bool acceptAttempt() const;
 
-    /// Makes a connection attempt, which the holder sees even if it is busy now. Returns after two
-    /// seconds at most.
-    void connectToHolder() const;
+    /// Makes a connection attempt: whether the holder takes it in this time. Where the holder ends
+    /// meanwhile, this process gets the lock and the answer is false.
+    bool askHolder(std::chrono::milliseconds patience);
 
     /// The folder for such locks: XDG_RUNTIME_DIR, else one of the user's own below /tmp. Empty
     /// where none is writable by the user alone.
     /// Source: freedesktop XDG Base Directory Specification.
     [[nodiscard]] static std::filesystem::path userFolder();
 
+    /// The name of a lock for this user's display: several sessions may share the folder.
+    [[nodiscard]] static std::string nameForDisplay(const std::string& applicationId);
+
   private:
+    /// Tries to become the holder.
+    void take();
+
     FileDescriptor folder_;
     FileDescriptor lock_;
     FileDescriptor socket_;

@@ -38,13 +38,22 @@ void ApplicationObject::ActivateAction(const QString& action_name,
 }
 
 SingleInstance::SingleInstance(const QDBusConnection& bus, const std::string& applicationId,
-                               const std::filesystem::path& runtimeFolder) {
-    if (!bus.isConnected() || !claimName(bus, QString::fromStdString(applicationId))) {
-        claimLock(runtimeFolder, applicationId);
+                               RuntimeLock lock)
+    : lock_(std::move(lock)) {
+    if (bus.isConnected()) {
+        claimName(bus, QString::fromStdString(applicationId));
+    }
+    if (state_ == State::first && lock_.descriptor() >= 0) {
+        attempts_ = std::make_unique<QSocketNotifier>(lock_.descriptor(), QSocketNotifier::Read);
+        QObject::connect(attempts_.get(), &QSocketNotifier::activated, attempts_.get(), [this] {
+            if (lock_.acceptAttempt()) {
+                activate();
+            }
+        });
     }
 }
 
-bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId) {
+void SingleInstance::claimName(QDBusConnection bus, const QString& applicationId) {
     // The object comes first: who finds the name must find the object.
     object_ = std::make_unique<ApplicationObject>(
         bus, applicationId, [this] { activate(); },
@@ -53,39 +62,23 @@ bool SingleInstance::claimName(QDBusConnection bus, const QString& applicationId
         bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
                                          QDBusConnectionInterface::DontAllowReplacement);
     if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered) {
-        return true;
+        return;
     }
     object_.reset();
     if (!reply.isValid()) {
-        return false;
-    }
-    isFirst_ = false;
-    // The running program may be busy quitting another one.
-    constexpr int timeoutMilliseconds = 3000;
-    bus.call(methodCall(applicationId, ApplicationObject::pathOf(applicationId),
-                        ApplicationObject::interfaceName, "Activate", {QVariantMap()}),
-             QDBus::Block, timeoutMilliseconds);
-    return true;
-}
-
-void SingleInstance::claimLock(const std::filesystem::path& folder,
-                               const std::string& applicationId) {
-    if (folder.empty()) {
         return;
     }
-    lock_ = std::make_unique<RuntimeLock>(folder, applicationId);
-    if (lock_->isHeldElsewhere()) {
-        isFirst_ = false;
-        lock_->connectToHolder();
-        return;
-    }
-    if (lock_->descriptor() >= 0) {
-        attempts_ = std::make_unique<QSocketNotifier>(lock_->descriptor(), QSocketNotifier::Read);
-        QObject::connect(attempts_.get(), &QSocketNotifier::activated, attempts_.get(), [this] {
-            if (lock_->acceptAttempt()) {
-                activate();
-            }
-        });
+    // The owner has another lock, as on another display, or is no Calmora.
+    const QDBusMessage answer =
+        bus.call(methodCall(applicationId, ApplicationObject::pathOf(applicationId),
+                            ApplicationObject::interfaceName, "Activate", {QVariantMap()}),
+                 QDBus::Block, static_cast<int>(patience.count()));
+    if (answer.type() == QDBusMessage::ReplyMessage) {
+        state_ = State::shownElsewhere;
+    } else if (QDBusError(answer).type() == QDBusError::NoReply) {
+        state_ = State::silentElsewhere;
+    } else {
+        isNameTaken_ = true;
     }
 }
 

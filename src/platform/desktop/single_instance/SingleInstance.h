@@ -12,7 +12,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-#include <filesystem>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -51,20 +51,33 @@ class ApplicationObject final : public QObject {
     std::function<void(const QString&)> onAction_;
 };
 
-/// Lets the program run once in a session: by the application's id on the session bus, or without a
-/// bus by a lock in the user's runtime folder.
+/// Lets the program run once in a session, which is proven by a lock in the user's runtime folder,
+/// for a bus may end before the session, and by the application's id on the session bus.
 class SingleInstance {
   public:
-    /// Becomes the running instance, or asks that one to show itself, which may take up to three
-    /// seconds when it is busy.
-    SingleInstance(const QDBusConnection& bus, const std::string& applicationId,
-                   const std::filesystem::path& runtimeFolder = RuntimeLock::userFolder());
+    /// How long the running instance may take to answer: it may be busy quitting a program.
+    static constexpr std::chrono::milliseconds patience{3000};
+
+    enum class State {
+        /// This process is the running instance.
+        first,
+        /// Another one is, and was asked to show itself.
+        shownElsewhere,
+        /// Another one is, but does not answer.
+        silentElsewhere,
+    };
+
+    /// Becomes the running instance with a lock that no other process has, or asks that one, which
+    /// may have another lock, to show itself.
+    SingleInstance(const QDBusConnection& bus, const std::string& applicationId, RuntimeLock lock);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
-    /// Whether this process is the running instance. If not, that one was asked to show itself and
-    /// this process may end.
-    [[nodiscard]] bool isFirst() const { return isFirst_; }
+    [[nodiscard]] State state() const { return state_; }
+
+    /// Whether another program has the application's id on the bus, so that this process cannot be
+    /// reached there.
+    [[nodiscard]] bool isNameTaken() const { return isNameTaken_; }
 
     /// Called when the program is started a second time. The first subscriber is also called for a
     /// start that came before it.
@@ -77,15 +90,15 @@ class SingleInstance {
 
   private:
     void activate();
-    [[nodiscard]] bool claimName(QDBusConnection bus, const QString& applicationId);
-    void claimLock(const std::filesystem::path& folder, const std::string& applicationId);
+    void claimName(QDBusConnection bus, const QString& applicationId);
 
-    bool isFirst_ = true;
+    State state_ = State::first;
+    bool isNameTaken_ = false;
     bool isActivationPending_ = false;
     Signal<> activated_;
     Signal<const QString&> acted_;
     std::unique_ptr<ApplicationObject> object_;
-    std::unique_ptr<RuntimeLock> lock_;
+    RuntimeLock lock_;
     std::unique_ptr<QSocketNotifier> attempts_;
 };
 
