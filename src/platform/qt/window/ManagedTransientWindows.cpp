@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/window/ManagedTransientWindows.h"
 
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QObject>
 #include <QPointer>
@@ -25,9 +24,7 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
         : window_(&window), isAlertOpen_(std::move(isAlertOpen)), onLeft_(std::move(onLeft)) {
         window_->requestActivate();
         connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* focus) {
-            if (isAlertOpen_()) {
-                returning_.setRemainingTime(returnTime);
-            }
+            alertHadFocus_ = focus != window_ && (alertHadFocus_ || isAlertOpen_());
             if (focus == window_) {
                 hadFocus_ = true;
             } else if (hadFocus_) {
@@ -46,9 +43,8 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
 
     void check() override {
         if (hadFocus_ && QGuiApplication::focusWindow() != window_ && !isAlertOpen_()) {
-            if (!returning_.hasExpired()) {
-                QTimer::singleShot(static_cast<int>(returning_.remainingTime()), this,
-                                   [this] { check(); });
+            if (std::exchange(alertHadFocus_, false)) {
+                QTimer::singleShot(returnTime, this, [this] { check(); });
                 return;
             }
             if (const auto onLeft = std::exchange(onLeft_, nullptr)) {
@@ -61,8 +57,8 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
     QPointer<QWindow> window_;
     std::function<bool()> isAlertOpen_;
     std::function<void(Leaving)> onLeft_;
-    /// Runs while an alert that has ended may still have the focus.
-    QDeadlineTimer returning_{0};
+    /// An alert has taken the focus, and may be about to give it back.
+    bool alertHadFocus_ = false;
     bool hadFocus_ = false;
 };
 
