@@ -20,6 +20,20 @@ constexpr std::size_t longestText = 1024;
 constexpr std::size_t mostToplevels = 4096;
 /// The compositor's answer can bring objects with events of their own.
 constexpr int roundTripsAtFirst = 2;
+/// A program that is busy asks late; what opens still later the user has opened.
+constexpr std::chrono::seconds longestThought{30};
+
+/// Whether both may be windows of one process.
+bool mayBelongTogether(const TopLevelWindow& one, const TopLevelWindow& other) {
+    const auto owners = [](const TopLevelWindow& window) {
+        return window.process ? std::vector{*window.process} : window.candidates;
+    };
+    const std::vector<ProcessId> processes = owners(one);
+    return one.applicationId == other.applicationId ||
+           std::ranges::any_of(owners(other), [&](ProcessId process) {
+               return std::ranges::binary_search(processes, process);
+           });
+}
 
 } // namespace
 
@@ -46,8 +60,11 @@ struct ToplevelWindowSystem::Listeners {
             zwlr_foreign_toplevel_handle_v1_destroy(handle);
             return;
         }
-        Toplevel& added = system.toplevels_.emplace_back(
-            Toplevel{.system = &system, .handle = handle, .id = ++system.lastId_});
+        Toplevel& added =
+            system.toplevels_.emplace_back(Toplevel{.system = &system,
+                                                    .handle = handle,
+                                                    .id = ++system.lastId_,
+                                                    .appeared = std::chrono::steady_clock::now()});
         zwlr_foreign_toplevel_handle_v1_add_listener(handle, &toplevelEvents, &added);
     }
 
@@ -173,6 +190,11 @@ bool ToplevelWindowSystem::requestClose(WindowId window, ProcessId process) {
         listed->listedProcess() != process) {
         return false;
     }
+    // What an earlier request brought up stays its question.
+    if (std::ranges::find(windows_, window, &TopLevelWindow::transientFor) == windows_.end()) {
+        toplevel->asked = std::chrono::steady_clock::now();
+        toplevel->newestWhenAsked = lastId_;
+    }
     zwlr_foreign_toplevel_handle_v1_close(toplevel->handle);
     return true;
 }
@@ -223,6 +245,7 @@ void ToplevelWindowSystem::update() {
             active_ = toplevel.isActive ? toplevel.id : active_;
         }
     }
+    findQuestions();
     windowsDiffer_ = windowsDiffer_ || before != windows_;
     activeDiffers_ = activeDiffers_ || activeBefore != active_;
     notifySoon();
@@ -244,6 +267,24 @@ TopLevelWindow ToplevelWindowSystem::windowOf(const Toplevel& toplevel) const {
         window.candidates.clear();
     }
     return window;
+}
+
+void ToplevelWindowSystem::findQuestions() {
+    for (const Toplevel& asked : toplevels_) {
+        const auto parent = std::ranges::find(windows_, asked.id, &TopLevelWindow::id);
+        if (asked.newestWhenAsked == 0 || parent == windows_.end()) {
+            continue;
+        }
+        for (const Toplevel& later : toplevels_) {
+            const auto window = std::ranges::find(windows_, later.id, &TopLevelWindow::id);
+            if (later.id > asked.newestWhenAsked && window != windows_.end() &&
+                window->transientFor == 0 && later.appeared - asked.asked < longestThought &&
+                mayBelongTogether(*window, *parent)) {
+                window->transientFor = asked.id;
+                window->type = WindowType::dialog;
+            }
+        }
+    }
 }
 
 void ToplevelWindowSystem::remove(Toplevel& toplevel) {

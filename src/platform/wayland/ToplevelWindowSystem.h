@@ -30,9 +30,10 @@ class EventPoll;
 /// candidates, and the window says no more.
 ///
 /// Whether a window is one of X11 is not told either: it has to be part of a
-/// CompositeWindowSystem, which settles that. Listens all the time, since the protocol knows no
-/// pause.
-/// Source: wlr-foreign-toplevel-management-unstable-v1.
+/// CompositeWindowSystem, which settles that. Not every compositor tells which window is a dialog
+/// of which: one that opens within half a minute of a request to close, beside the window that was
+/// to close and of the same application, counts as its question to the user. Listens all the time,
+/// since the protocol knows no pause. Source: wlr-foreign-toplevel-management-unstable-v1.
 class ToplevelWindowSystem final : public WindowSystem {
   public:
     /// Connects to the socket at `path`. Not alive where nobody offers the protocol there within
@@ -68,12 +69,18 @@ class ToplevelWindowSystem final : public WindowSystem {
     void flush() override;
 
   private:
+    using Time = std::chrono::steady_clock::time_point;
+
     struct Toplevel {
         ToplevelWindowSystem* system = nullptr;
         zwlr_foreign_toplevel_handle_v1* handle = nullptr;
         WindowId id = 0;
         WindowId parent = 0;
         std::string applicationId = {};
+        Time appeared = {};
+        /// When it was last asked to close, and the newest toplevel then.
+        Time asked = {};
+        WindowId newestWhenAsked = 0;
         bool isActive = false;
         /// Its first state is complete.
         bool isDone = false;
@@ -86,6 +93,7 @@ class ToplevelWindowSystem final : public WindowSystem {
     void handleEvents();
     void update();
     [[nodiscard]] TopLevelWindow windowOf(const Toplevel& toplevel) const;
+    void findQuestions();
     void remove(Toplevel& toplevel);
     void end();
     void notifySoon();

@@ -10,6 +10,7 @@ namespace calmora {
 namespace {
 
 using testing::ElementsAre;
+using namespace std::chrono_literals;
 
 TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     VirtualDesktop desktop{{.sway = true}};
@@ -113,6 +114,48 @@ TEST(CandidateRows, AreAskedTogetherAndNeverSignalled) {
     EXPECT_TRUE(waitFor(
         [&] { return machine.desktop.exitStatus(one) && machine.desktop.exitStatus(other); }));
     EXPECT_TRUE(joined.listed().empty());
+}
+
+/// Asks when it is to close, as editors do.
+constexpr auto askingProgram = R"(
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gtk
+def ask(window, event):
+    Gtk.MessageDialog(transient_for=window, text="Save?").run()
+    return True
+window = Gtk.Window()
+window.connect("delete-event", ask)
+window.show_all()
+Gtk.main()
+)";
+
+TEST(ProgramThatAsks, IsLeftAloneByLaterRequests) {
+    for (const bool hasSway : {true, false}) {
+        LinuxDesktop machine({.sway = true});
+        machine.desktop.enter();
+        if (!hasSway) {
+            ::unsetenv("SWAYSOCK");
+        }
+        const auto compositor =
+            makeCompositorWindows(machine.events, [](const auto& id) { return std::vector{id}; });
+        ASSERT_TRUE(compositor);
+        JoinedDesktop joined(machine, *compositor);
+        const auto windows = [&] { return std::vector(joined.windows.windowsReadAfresh()); };
+        const auto file = (machine.desktop.home() / "asker").string();
+        std::ofstream(file) << askingProgram;
+        const pid_t program =
+            machine.desktop.start({"/usr/bin/python3", file}, {{"GDK_BACKEND", "wayland"}});
+        ASSERT_TRUE(waitFor([&] { return joined.listed().contains(program); }))
+            << machine.desktop.log();
+        EXPECT_TRUE(joined.workspace.runningApplication(program)->terminate());
+        ASSERT_TRUE(waitFor([&] { return windows().size() == 2; })) << hasSway;
+        const auto asking = windows();
+        EXPECT_EQ(asking[1].transientFor, asking[0].id) << hasSway;
+        EXPECT_FALSE(joined.workspace.runningApplication(program)->terminate()) << hasSway;
+        EXPECT_FALSE(waitFor([&] { return windows() != asking; }, 200ms)) << "that would answer it";
+        EXPECT_EQ(joined.listed().size(), 1U);
+    }
 }
 
 } // namespace
