@@ -75,6 +75,9 @@ struct WorkspaceApplication {
     /// False where its process may have windows of which only several candidates are known, in its
     /// own row or in another one. A forced quit is refused.
     bool canBeForced = true;
+    /// The desktop ends it if it takes longer than a few seconds to answer a polite request, which
+    /// is therefore the user's to make.
+    bool mustAnswerSoon = false;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

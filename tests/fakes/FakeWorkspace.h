@@ -21,6 +21,7 @@ struct FakeApplication {
     std::vector<std::string> otherIdentifiers = {};
     /// With some, it is gone by closing its windows, and its processes stay.
     std::vector<ProcessId> candidates = {};
+    bool mustAnswerSoon = false;
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -182,10 +183,11 @@ class FakeWorkspace final : public Workspace {
     }
 
     WorkspaceApplication record(const FakeApplication& application) const {
-        return {application.pid,        application.bundleIdentifier,
-                application.name,       application.icon,
-                application.policy,     application.otherIdentifiers,
-                application.candidates, !isOneOfSeveral(application.pid)};
+        return {application.pid,           application.bundleIdentifier,
+                application.name,          application.icon,
+                application.policy,        application.otherIdentifiers,
+                application.candidates,    !isOneOfSeveral(application.pid),
+                application.mustAnswerSoon};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {

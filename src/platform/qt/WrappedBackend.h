@@ -37,6 +37,10 @@ class WrappedBackend : public WindowBackend {
 
     [[nodiscard]] std::string listLimitation() const override { return rest_->listLimitation(); }
 
+    [[nodiscard]] std::string autoQuitLimitation() const override {
+        return rest_->autoQuitLimitation();
+    }
+
   private:
     std::unique_ptr<WindowBackend> rest_;
 };

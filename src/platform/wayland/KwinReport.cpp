@@ -58,9 +58,11 @@ std::optional<KwinReport> parseKwinReport(std::string_view text) {
     KwinReport report;
     report.run = jsonNumber<std::uint64_t>(message, "run");
     report.hasAsked = isJsonTrue(message, "hasAsked");
+    report.endsSlowClients = isJsonTrue(message, "endsSlowClients");
     report.active = jsonText(message, "active");
     for (const Json& row : rows) {
         KwinWindow window = windowOf(row);
+        window.window.mustAnswerSoon = window.window.canBeAsked && report.endsSlowClients;
         if (!window.id.empty() && report.windows.size() < mostWindows) {
             report.windows.push_back(std::move(window));
         }

@@ -32,6 +32,8 @@ struct KwinReport {
     std::uint64_t run = 0;
     /// It has asked the window to close that it was started for.
     bool hasAsked = false;
+    /// It ends Wayland clients that do not answer a request to close in time.
+    bool endsSlowClients = false;
     /// The window with the keyboard focus; empty if none.
     std::string active = {};
     /// Oldest first.

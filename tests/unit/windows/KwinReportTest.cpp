@@ -8,7 +8,8 @@ namespace {
 
 TEST(KwinReport, GivesTheWindowsOfARecordedOne) {
     // Recorded from KWin 5.27, with shorter ids; the last X11 window is of 6.3, which tells no id.
-    constexpr auto recorded = R"({"run":3,"hasAsked":false,"active":"{3c7c}","windows":[
+    constexpr auto recorded = R"({"run":3,"hasAsked":false,"active":"{3c7c}",
+      "endsSlowClients":true,"windows":[
       {"id":"{3c7c}","parent":"","process":5777,"isX11":true,"x11Id":4194307,
        "className":"xterm","desktopFile":"","type":"normal","isModal":false,
        "skipsTaskbar":false,"canBeAsked":false},
@@ -44,7 +45,8 @@ TEST(KwinReport, GivesTheWindowsOfARecordedOne) {
           .className = "galculator",
           .kdeDesktopFile = "galculator",
           .type = WindowType::normal,
-          .canBeAsked = true}},
+          .canBeAsked = true,
+          .mustAnswerSoon = true}},
         {"{6b58}",
          "{7f98}",
          5884,
@@ -53,7 +55,8 @@ TEST(KwinReport, GivesTheWindowsOfARecordedOne) {
           .kdeDesktopFile = "galculator",
           .type = WindowType::dialog,
           .isModal = true,
-          .canBeAsked = true}},
+          .canBeAsked = true,
+          .mustAnswerSoon = true}},
         {"{737b}",
          "",
          7305,

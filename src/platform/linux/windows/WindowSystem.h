@@ -74,6 +74,9 @@ struct TopLevelWindow {
     /// Supports polite closing. Never ask other windows: the window manager would kill their
     /// client.
     bool canBeAsked = false;
+    /// Its program is ended if it takes longer than a few seconds to answer a request to close, as
+    /// one does that saves something large. Ask it only when the user wants that.
+    bool mustAnswerSoon = false;
 
     /// The process to list the window under: its owner, else the first candidate.
     [[nodiscard]] std::optional<ProcessId> listedProcess() const {
@@ -108,6 +111,9 @@ class WindowSystem {
     /// Whether an application without any of windows() shows no window. False where programs can
     /// have windows unknown here, as for an X server in a Wayland session.
     [[nodiscard]] virtual bool coversAllWindows() const = 0;
+
+    /// Whether TopLevelWindow::mustAnswerSoon is true of windows here.
+    [[nodiscard]] virtual bool endsSlowClients() const { return false; }
 
     /// The window with the keyboard focus; absent if none.
     [[nodiscard]] virtual std::optional<WindowId> activeWindow() = 0;

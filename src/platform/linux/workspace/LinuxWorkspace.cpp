@@ -41,6 +41,8 @@ WorkspaceApplication valueOf(const ListedApplication& application,
     value.activationPolicy = application.policy;
     value.otherIdentifiers = application.identity.otherIdentifiers;
     value.candidates = application.candidates;
+    value.mustAnswerSoon =
+        std::ranges::any_of(application.windows, &TopLevelWindow::mustAnswerSoon);
     value.canBeForced = !isOneOfSeveralOwners(windows, application.process.pid);
     return value;
 }

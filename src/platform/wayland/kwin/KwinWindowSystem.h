@@ -45,14 +45,15 @@ class KwinWindowSystem final : public WindowSystem {
     [[nodiscard]] const std::vector<TopLevelWindow>& windows() override;
     [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
 
+    [[nodiscard]] bool endsSlowClients() const override { return report_.endsSlowClients; }
+
     /// False while KWin does not answer.
     [[nodiscard]] bool coversAllWindows() const override { return isWatching_; }
 
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
-    /// KWin ends a program that does not answer within a few seconds, as after a click on the
-    /// close button.
+    /// As after a click on the close button, see TopLevelWindow::mustAnswerSoon.
     bool requestClose(WindowId window, ProcessId process) override;
 
     /// Wayland windows carry none.
