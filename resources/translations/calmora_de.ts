@@ -452,8 +452,12 @@
         <translation>Tastenkürzel wirken in jedem Programm.</translation>
     </message>
     <message>
-        <source>On Wayland, only X11 applications are listed.</source>
-        <translation>Unter Wayland werden nur X11-Programme aufgeführt.</translation>
+        <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
+        <translation>Dieser Desktop verrät nicht, welche Programme laufen; deshalb werden nur X11-Programme aufgeführt.</translation>
+    </message>
+    <message>
+        <source>This desktop ends Wayland applications that take longer than 2 seconds to answer, so only X11 applications are quit automatically.</source>
+        <translation>Dieser Desktop beendet Wayland-Programme, die länger als 2 Sekunden nicht antworten; deshalb werden nur X11-Programme automatisch beendet.</translation>
     </message>
     <message>
         <source>Key on this desktop: %@</source>

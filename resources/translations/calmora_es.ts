@@ -452,8 +452,12 @@
         <translation>Los atajos funcionan desde cualquier aplicación.</translation>
     </message>
     <message>
-        <source>On Wayland, only X11 applications are listed.</source>
-        <translation>En Wayland solo se muestran las aplicaciones X11.</translation>
+        <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
+        <translation>Este escritorio no indica qué aplicaciones se están ejecutando, por lo que solo se muestran las de X11.</translation>
+    </message>
+    <message>
+        <source>This desktop ends Wayland applications that take longer than 2 seconds to answer, so only X11 applications are quit automatically.</source>
+        <translation>Este escritorio finaliza las aplicaciones de Wayland que tardan más de 2 segundos en responder, por lo que solo las aplicaciones X11 se cierran automáticamente.</translation>
     </message>
     <message>
         <source>Key on this desktop: %@</source>

@@ -452,8 +452,12 @@
         <translation>Les raccourcis fonctionnent dans toutes les applications.</translation>
     </message>
     <message>
-        <source>On Wayland, only X11 applications are listed.</source>
-        <translation>Sous Wayland, seules les applications X11 sont affichées.</translation>
+        <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
+        <translation>Ce bureau n’indique pas quelles applications sont ouvertes, donc seules celles de X11 sont affichées.</translation>
+    </message>
+    <message>
+        <source>This desktop ends Wayland applications that take longer than 2 seconds to answer, so only X11 applications are quit automatically.</source>
+        <translation>Ce bureau met fin aux applications Wayland qui mettent plus de 2 secondes à répondre, donc seules les applications X11 sont quittées automatiquement.</translation>
     </message>
     <message>
         <source>Key on this desktop: %@</source>

@@ -440,8 +440,12 @@
         <translation>ショートカットはどのアプリからでも使えます。</translation>
     </message>
     <message>
-        <source>On Wayland, only X11 applications are listed.</source>
-        <translation>Waylandでは、X11のアプリだけが表示されます。</translation>
+        <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
+        <translation>このデスクトップでは、実行中のアプリが分からないため、X11のアプリだけが表示されます。</translation>
+    </message>
+    <message>
+        <source>This desktop ends Wayland applications that take longer than 2 seconds to answer, so only X11 applications are quit automatically.</source>
+        <translation>このデスクトップは、2秒以内に応答しないWaylandのアプリを終了させるため、自動的に終了されるのはX11のアプリだけです。</translation>
     </message>
     <message>
         <source>Key on this desktop: %@</source>

@@ -440,8 +440,12 @@
         <translation>快捷键在任何应用中都有效。</translation>
     </message>
     <message>
-        <source>On Wayland, only X11 applications are listed.</source>
-        <translation>在 Wayland 下仅列出 X11 应用。</translation>
+        <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
+        <translation>此桌面不提供正在运行的应用，因此仅列出 X11 应用。</translation>
+    </message>
+    <message>
+        <source>This desktop ends Wayland applications that take longer than 2 seconds to answer, so only X11 applications are quit automatically.</source>
+        <translation>此桌面会结束超过 2 秒未响应的 Wayland 应用，因此仅自动退出 X11 应用。</translation>
     </message>
     <message>
         <source>Key on this desktop: %@</source>

@@ -198,12 +198,14 @@ void CalmoraApp::orderFrontAboutPanel() {
 void CalmoraApp::openSettings() {
     if (!settingsWindow_) {
         auto* window = new SettingsWindow(strings_);
-        window->setContent(new SettingsView(delegate_.settings(), delegate_.updater(),
-                                            {.platform = platform(),
-                                             .loginItem = loginItem_,
-                                             .recorders = globalShortcuts_.recorders(),
-                                             .icon = icon()},
-                                            window));
+        window->setContent(new SettingsView(
+            delegate_.settings(), delegate_.updater(),
+            {.platform = platform(),
+             .loginItem = loginItem_,
+             .limitations = {backend_->listLimitation(), backend_->autoQuitLimitation()},
+             .recorders = globalShortcuts_.recorders(),
+             .icon = icon()},
+            window));
         settingsWindow_ = window;
     }
     showWindow(*settingsWindow_, icon());

@@ -103,6 +103,7 @@ std::string diagnosis(WindowBackend& backend, LinuxMachine& machine,
         return limitation.empty() ? std::string("complete") : limitation;
     };
     add("list", limit(backend.listLimitation()));
+    add("auto-quit", limit(backend.autoQuitLimitation()));
     add("shortcuts", limit(backend.hotKeys().limitation()));
     add("session bus", sessionBus.isConnected() ? "connected" : "none");
     for (const ProcessId process : processes) {

@@ -55,13 +55,19 @@ constexpr std::array idleMinutes{
     Choice{"4 hours", 240},   Choice{"8 hours", 480},
 };
 
+void addLimitation(FormSection& section, const std::string& text) {
+    if (!text.empty()) {
+        section.addNote(uiText(text.c_str()));
+    }
+}
+
 } // namespace
 
 GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater,
                                          LoginItem& loginItem, const Platform& platform,
-                                         QWidget* parent)
+                                         DesktopLimitations limitations, QWidget* parent)
     : QWidget(parent), settings_(settings), updater_(updater), platform_(platform),
-      openAtLogin_(settings, loginItem) {
+      limitations_(std::move(limitations)), openAtLogin_(settings, loginItem) {
     auto* form = new Form;
     build(*form);
     auto* layout = new QVBoxLayout(this);
@@ -95,6 +101,7 @@ void GeneralSettingsView::build(Form& form) {
     addSwitch(extras, settings_.viewBackgroundApps, "View background apps");
     QWidget* group =
         addSwitch(extras, settings_.groupBackgroundInstances, "Group background instances");
+    addLimitation(extras, limitations_.list);
 
     FormSection& display = add("Display");
     addPicker(display, settings_.sortOrder, "Sort by", sortOrders);
@@ -108,6 +115,7 @@ void GeneralSettingsView::build(Form& form) {
     FormSection& autoQuit = add("Auto Quit");
     addSwitch(autoQuit, settings_.autoQuitEnabled, "Auto-quit inactive apps");
     QWidget* after = addPicker(autoQuit, settings_.autoQuitMinutes, "After", idleMinutes);
+    addLimitation(autoQuit, limitations_.autoQuit);
 
     bindings_.emplace_back([this, group, after] {
         group->setEnabled(settings_.viewBackgroundApps());

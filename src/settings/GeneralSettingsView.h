@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace calmora {
@@ -20,6 +21,14 @@ class Updater;
 template <typename Value>
 class Preference;
 
+/// What the desktop does not allow, in English; empty where nothing is missing.
+struct DesktopLimitations {
+    /// What the list of applications lacks.
+    std::string list = {};
+    /// What is never quit automatically.
+    std::string autoQuit = {};
+};
+
 /// The General pane of the settings window: every preference in ten sections. Each control shows
 /// a preference and writes to it at once; the pane holds no copy. While the pane exists, it applies
 /// the preference openAtLogin to the login item.
@@ -27,7 +36,8 @@ class GeneralSettingsView final : public QWidget {
   public:
     /// All references must outlive the pane.
     GeneralSettingsView(AppSettings& settings, Updater& updater, LoginItem& loginItem,
-                        const Platform& platform, QWidget* parent = nullptr);
+                        const Platform& platform, DesktopLimitations limitations,
+                        QWidget* parent = nullptr);
 
     /// Whether the sheet that adds an application to the never-quit list is shown.
     [[nodiscard]] bool showingAddAppSheet() const { return showingAddAppSheet_; }
@@ -49,6 +59,7 @@ class GeneralSettingsView final : public QWidget {
     AppSettings& settings_;
     Updater& updater_;
     Platform platform_;
+    DesktopLimitations limitations_;
     bool showingAddAppSheet_ = false;
     OpenAtLogin openAtLogin_;
     /// Each updates controls from the settings.

@@ -39,7 +39,8 @@ SettingsView::SettingsView(AppSettings& settings, Updater& updater,
         panes->addWidget(pane);
     };
     add("General", "gear",
-        new GeneralSettingsView(settings, updater, surroundings.loginItem, surroundings.platform));
+        new GeneralSettingsView(settings, updater, surroundings.loginItem, surroundings.platform,
+                                surroundings.limitations));
     add("Shortcuts", "keyboard", new ShortcutsSettingsView(surroundings.recorders));
     add("About", "info.circle",
         new ContentArea(new AboutSettingsView(updater, surroundings.icon,

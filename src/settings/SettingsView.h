@@ -3,6 +3,7 @@
 
 #include "platform/Image.h"
 #include "platform/Platform.h"
+#include "settings/GeneralSettingsView.h"
 
 #include <QWidget>
 
@@ -19,6 +20,7 @@ class Updater;
 struct SettingsSurroundings {
     Platform platform;
     LoginItem& loginItem;
+    DesktopLimitations limitations = {};
     /// For the recorders of the shortcuts.
     const RecorderEnvironment& recorders;
     /// The program's icon; absent means none.

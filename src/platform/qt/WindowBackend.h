@@ -45,6 +45,9 @@ class WindowBackend {
 
     /// What the list of applications lacks here, in English; empty when it is complete.
     [[nodiscard]] virtual std::string listLimitation() const = 0;
+
+    /// What is never quit automatically here, and why, in English; empty when nothing is excepted.
+    [[nodiscard]] virtual std::string autoQuitLimitation() const = 0;
 };
 
 } // namespace calmora

@@ -131,7 +131,8 @@ class Clipping : public testing::TestWithParam<const char*> {
 };
 
 void expectWholePopover() {
-    PopoverFixture popover("On Wayland, only X11 applications are listed.");
+    PopoverFixture popover(
+        "This desktop does not tell which applications run, so only X11 ones are listed.");
     popover.launch(100, "Files");
     popover.launch(101, "Mail");
     popover.launch(102, "Agent", ActivationPolicy::accessory);

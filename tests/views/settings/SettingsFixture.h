@@ -18,13 +18,18 @@ struct SettingsFixture {
 
     /// Creates the pane. Prepare the login item and the settings before.
     void open() {
-        view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(), &window);
+        view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(),
+                                       limitations, &window);
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(view);
         window.show();
     }
 
+    DesktopLimitations limitations{
+        "This desktop does not tell which applications run, so only X11 ones are listed.",
+        "This desktop ends Wayland applications that take longer than 2 seconds to answer, so only "
+        "X11 applications are quit automatically."};
     FakePlatform machine;
     FakeUpdater updater;
     FakeLoginItem loginItem;

@@ -41,7 +41,16 @@ std::string X11Backend::windowManagerName() {
 }
 
 std::string X11Backend::listLimitation() const {
-    return isOnWayland() && !compositor_ ? "On Wayland, only X11 applications are listed." : "";
+    return isOnWayland() && !compositor_ ? "This desktop does not tell which applications run, "
+                                           "so only X11 ones are listed."
+                                         : "";
+}
+
+std::string X11Backend::autoQuitLimitation() const {
+    return compositor_ && compositor_->endsSlowClients()
+               ? "This desktop ends Wayland applications that take longer than 2 seconds to "
+                 "answer, so only X11 applications are quit automatically."
+               : "";
 }
 
 } // namespace calmora

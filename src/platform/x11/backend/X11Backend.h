@@ -55,6 +55,7 @@ class X11Backend final : public WindowBackend {
     }
 
     [[nodiscard]] std::string listLimitation() const override;
+    [[nodiscard]] std::string autoQuitLimitation() const override;
 
   private:
     X11WindowSystem x11Windows_;
