@@ -9,6 +9,12 @@ import {xWindowOf} from './windows.js';
 // Between the popover and the panel, and to the edges of the screen, in logical pixels.
 const gap = 8;
 
+// Since GNOME 48 the stage sees some presses into windows, such as the first of a session.
+function isOnWindow(event) {
+    const actor = global.stage.get_event_actor(event);
+    return global.get_window_actors().some(window => window.contains(actor));
+}
+
 /** Puts the program's popover below the icon and gives it the focus, until destroy(). */
 export class Popover {
     /**
@@ -99,8 +105,9 @@ export class Popover {
 
     _onEvent(event) {
         const type = event.type();
-        if ((type === Clutter.EventType.BUTTON_PRESS || type === Clutter.EventType.TOUCH_BEGIN) &&
-            !this._icon.contains(...event.get_coords()))
+        const isPress =
+            type === Clutter.EventType.BUTTON_PRESS || type === Clutter.EventType.TOUCH_BEGIN;
+        if (isPress && !this._icon.contains(...event.get_coords()) && !isOnWindow(event))
             this._pressedOutside();
         return Clutter.EVENT_PROPAGATE;
     }
