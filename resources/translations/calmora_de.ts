@@ -460,6 +460,46 @@
         <translation>Dieser Desktop beendet Wayland-Programme, die länger als 2 Sekunden nicht antworten; deshalb werden nur X11-Programme automatisch beendet.</translation>
     </message>
     <message>
+        <source>Calmora needs its extension for GNOME to see all apps, to ask them to quit, and to put its icon into the top bar.</source>
+        <translation>Calmora braucht seine Erweiterung für GNOME, um alle Programme zu sehen, sie zum Beenden aufzufordern und sein Symbol in der oberen Leiste zu zeigen.</translation>
+    </message>
+    <message>
+        <source>Its extension for GNOME puts Calmora’s icon into the top bar.</source>
+        <translation>Die Erweiterung für GNOME zeigt das Symbol von Calmora in der oberen Leiste.</translation>
+    </message>
+    <message>
+        <source>Log out and in once so that GNOME finds Calmora’s extension.</source>
+        <translation>Melden Sie sich einmal ab und wieder an, damit GNOME die Erweiterung von Calmora findet.</translation>
+    </message>
+    <message>
+        <source>Extensions of GNOME are switched off on this system.</source>
+        <translation>Erweiterungen von GNOME sind auf diesem System ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>The extension for GNOME is switched on.</source>
+        <translation>Die Erweiterung für GNOME ist eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>GNOME</source>
+        <translation>GNOME</translation>
+    </message>
+    <message>
+        <source>Shortcuts wait for the GNOME extension to be switched on again.</source>
+        <translation>Tastenkürzel warten darauf, dass die Erweiterung für GNOME wieder eingeschaltet wird.</translation>
+    </message>
+    <message>
+        <source>Without the GNOME extension, Calmora sees no Wayland windows. Some apps are missing, and some can only be force quit.</source>
+        <translation>Ohne die Erweiterung für GNOME sieht Calmora keine Wayland-Fenster. Manche Programme fehlen, manche lassen sich nur sofort beenden.</translation>
+    </message>
+    <message>
         <source>Key on this desktop: %@</source>
         <translation>Taste in dieser Arbeitsumgebung: %@</translation>
     </message>

@@ -460,6 +460,46 @@
         <translation>Este escritorio finaliza las aplicaciones de Wayland que tardan más de 2 segundos en responder, por lo que solo las aplicaciones X11 se cierran automáticamente.</translation>
     </message>
     <message>
+        <source>Calmora needs its extension for GNOME to see all apps, to ask them to quit, and to put its icon into the top bar.</source>
+        <translation>Calmora necesita su extensión para GNOME para ver todas las aplicaciones, pedirles que se cierren y mostrar su icono en la barra superior.</translation>
+    </message>
+    <message>
+        <source>Its extension for GNOME puts Calmora’s icon into the top bar.</source>
+        <translation>Su extensión para GNOME muestra el icono de Calmora en la barra superior.</translation>
+    </message>
+    <message>
+        <source>Log out and in once so that GNOME finds Calmora’s extension.</source>
+        <translation>Cierra la sesión y vuelve a iniciarla una vez para que GNOME encuentre la extensión de Calmora.</translation>
+    </message>
+    <message>
+        <source>Extensions of GNOME are switched off on this system.</source>
+        <translation>Las extensiones de GNOME están desactivadas en este sistema.</translation>
+    </message>
+    <message>
+        <source>The extension for GNOME is switched on.</source>
+        <translation>La extensión para GNOME está activada.</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Activar</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Ahora no</translation>
+    </message>
+    <message>
+        <source>GNOME</source>
+        <translation>GNOME</translation>
+    </message>
+    <message>
+        <source>Shortcuts wait for the GNOME extension to be switched on again.</source>
+        <translation>Los atajos esperan a que la extensión para GNOME vuelva a activarse.</translation>
+    </message>
+    <message>
+        <source>Without the GNOME extension, Calmora sees no Wayland windows. Some apps are missing, and some can only be force quit.</source>
+        <translation>Sin la extensión para GNOME, Calmora no ve las ventanas de Wayland. Faltan algunas aplicaciones y otras solo se pueden cerrar a la fuerza.</translation>
+    </message>
+    <message>
         <source>Key on this desktop: %@</source>
         <translation>Tecla en este escritorio: %@</translation>
     </message>

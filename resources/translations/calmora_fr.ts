@@ -460,6 +460,46 @@
         <translation>Ce bureau met fin aux applications Wayland qui mettent plus de 2 secondes à répondre, donc seules les applications X11 sont quittées automatiquement.</translation>
     </message>
     <message>
+        <source>Calmora needs its extension for GNOME to see all apps, to ask them to quit, and to put its icon into the top bar.</source>
+        <translation>Calmora a besoin de son extension pour GNOME pour voir toutes les applications, leur demander de quitter et placer son icône dans la barre supérieure.</translation>
+    </message>
+    <message>
+        <source>Its extension for GNOME puts Calmora’s icon into the top bar.</source>
+        <translation>L’extension pour GNOME place l’icône de Calmora dans la barre supérieure.</translation>
+    </message>
+    <message>
+        <source>Log out and in once so that GNOME finds Calmora’s extension.</source>
+        <translation>Fermez puis rouvrez la session une fois pour que GNOME trouve l’extension de Calmora.</translation>
+    </message>
+    <message>
+        <source>Extensions of GNOME are switched off on this system.</source>
+        <translation>Les extensions de GNOME sont désactivées sur ce système.</translation>
+    </message>
+    <message>
+        <source>The extension for GNOME is switched on.</source>
+        <translation>L’extension pour GNOME est activée.</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>Activer</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Pas maintenant</translation>
+    </message>
+    <message>
+        <source>GNOME</source>
+        <translation>GNOME</translation>
+    </message>
+    <message>
+        <source>Shortcuts wait for the GNOME extension to be switched on again.</source>
+        <translation>Les raccourcis attendent que l’extension pour GNOME soit réactivée.</translation>
+    </message>
+    <message>
+        <source>Without the GNOME extension, Calmora sees no Wayland windows. Some apps are missing, and some can only be force quit.</source>
+        <translation>Sans l’extension pour GNOME, Calmora ne voit pas les fenêtres Wayland. Certaines applications manquent, d’autres ne quittent que si on les y force.</translation>
+    </message>
+    <message>
         <source>Key on this desktop: %@</source>
         <translation>Touche sur ce bureau : %@</translation>
     </message>

@@ -448,6 +448,46 @@
         <translation>このデスクトップは、2秒以内に応答しないWaylandのアプリを終了させるため、自動的に終了されるのはX11のアプリだけです。</translation>
     </message>
     <message>
+        <source>Calmora needs its extension for GNOME to see all apps, to ask them to quit, and to put its icon into the top bar.</source>
+        <translation>すべてのアプリを表示し、終了を求め、トップバーにアイコンを表示するには、CalmoraのGNOME用拡張機能が必要です。</translation>
+    </message>
+    <message>
+        <source>Its extension for GNOME puts Calmora’s icon into the top bar.</source>
+        <translation>GNOME用拡張機能は、Calmoraのアイコンをトップバーに表示します。</translation>
+    </message>
+    <message>
+        <source>Log out and in once so that GNOME finds Calmora’s extension.</source>
+        <translation>GNOMEがCalmoraの拡張機能を見つけられるように、一度ログアウトしてログインし直してください。</translation>
+    </message>
+    <message>
+        <source>Extensions of GNOME are switched off on this system.</source>
+        <translation>このシステムではGNOMEの拡張機能がオフになっています。</translation>
+    </message>
+    <message>
+        <source>The extension for GNOME is switched on.</source>
+        <translation>GNOME用拡張機能はオンになっています。</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>有効にする</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>GNOME</source>
+        <translation>GNOME</translation>
+    </message>
+    <message>
+        <source>Shortcuts wait for the GNOME extension to be switched on again.</source>
+        <translation>ショートカットは、GNOME用拡張機能が再びオンになるまで使えません。</translation>
+    </message>
+    <message>
+        <source>Without the GNOME extension, Calmora sees no Wayland windows. Some apps are missing, and some can only be force quit.</source>
+        <translation>GNOME用拡張機能がないと、CalmoraはWaylandのウインドウを認識できません。表示されないアプリや、強制終了しかできないアプリがあります。</translation>
+    </message>
+    <message>
         <source>Key on this desktop: %@</source>
         <translation>このデスクトップでのキー: %@</translation>
     </message>

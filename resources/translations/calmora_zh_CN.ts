@@ -448,6 +448,46 @@
         <translation>此桌面会结束超过 2 秒未响应的 Wayland 应用，因此仅自动退出 X11 应用。</translation>
     </message>
     <message>
+        <source>Calmora needs its extension for GNOME to see all apps, to ask them to quit, and to put its icon into the top bar.</source>
+        <translation>Calmora 需要其 GNOME 扩展才能看到所有应用、请求它们退出，并在顶栏显示图标。</translation>
+    </message>
+    <message>
+        <source>Its extension for GNOME puts Calmora’s icon into the top bar.</source>
+        <translation>GNOME 扩展会在顶栏显示 Calmora 的图标。</translation>
+    </message>
+    <message>
+        <source>Log out and in once so that GNOME finds Calmora’s extension.</source>
+        <translation>请注销并重新登录一次，以便 GNOME 找到 Calmora 的扩展。</translation>
+    </message>
+    <message>
+        <source>Extensions of GNOME are switched off on this system.</source>
+        <translation>此系统已关闭 GNOME 扩展。</translation>
+    </message>
+    <message>
+        <source>The extension for GNOME is switched on.</source>
+        <translation>GNOME 扩展已启用。</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>以后再说</translation>
+    </message>
+    <message>
+        <source>GNOME</source>
+        <translation>GNOME</translation>
+    </message>
+    <message>
+        <source>Shortcuts wait for the GNOME extension to be switched on again.</source>
+        <translation>快捷键将在 GNOME 扩展重新启用后生效。</translation>
+    </message>
+    <message>
+        <source>Without the GNOME extension, Calmora sees no Wayland windows. Some apps are missing, and some can only be force quit.</source>
+        <translation>没有 GNOME 扩展，Calmora 看不到 Wayland 窗口。有些应用不会列出，有些只能强制退出。</translation>
+    </message>
+    <message>
         <source>Key on this desktop: %@</source>
         <translation>此桌面上的按键：%@</translation>
     </message>

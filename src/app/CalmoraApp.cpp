@@ -6,6 +6,7 @@
 #include "app/WindowBackendChoice.h"
 #include "platform/desktop/hotkeys/DesktopHotKeys.h"
 #include "platform/desktop/status/QtStatusItem.h"
+#include "platform/gnome/backend/ShellExtension.h"
 #include "platform/gnome/backend/ShellStatusItem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/qt/popover/QtPopover.h"
@@ -97,6 +98,8 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
+      extension_(shell_ ? std::make_unique<ShellExtension>(sessionBus_, *shell_, defaults_)
+                        : nullptr),
       globalShortcuts_(*backend_, sessionBus_, defaults_, machine_.text, strings_, alertSession_),
       alerts_(backend_->transientWindows(), alertSession_, icon()),
       eventMonitor_(backend_->transientWindows()), inputGate_(backend_->transientWindows(),
@@ -148,12 +151,14 @@ int CalmoraApp::run(const CommandLine& first) {
 std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
     auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
     auto list = std::make_unique<ListContent>(
-        settings, MenuPopoverSurroundings{.platform = platform(),
-                                          .eventMonitor = eventMonitor_,
-                                          .popover = *popover,
-                                          .inputGate = inputGate_,
-                                          .openSettings = [this] { openSettings(); },
-                                          .limitation = backend_->listLimitation()});
+        settings,
+        MenuPopoverSurroundings{.platform = platform(),
+                                .eventMonitor = eventMonitor_,
+                                .popover = *popover,
+                                .inputGate = inputGate_,
+                                .openSettings = [this] { openSettings(); },
+                                .limitation = [this] { return backend_->listLimitation(); },
+                                .extension = extension_.get()});
     popover->setContent(std::move(list));
     return popover;
 }
@@ -204,7 +209,8 @@ void CalmoraApp::openSettings() {
              .loginItem = loginItem_,
              .limitations = {backend_->listLimitation(), backend_->autoQuitLimitation()},
              .recorders = globalShortcuts_.recorders(),
-             .icon = icon()},
+             .icon = icon(),
+             .extension = extension_.get()},
             window));
         settingsWindow_ = window;
     }

@@ -7,6 +7,7 @@
 #include "app/InstanceCommands.h"
 #include "app/LinuxMachine.h"
 #include "app/QtEnvironment.h"
+#include "platform/DesktopExtension.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
@@ -71,6 +72,8 @@ class CalmoraApp final : private AppToolkit {
     std::unique_ptr<WindowBackend> backend_;
     LinuxMachine machine_;
     JsonUserDefaults defaults_;
+    /// Null outside of GNOME.
+    std::unique_ptr<DesktopExtension> extension_;
     GlobalShortcuts globalShortcuts_;
     QtAlerts alerts_;
     QtEventMonitor eventMonitor_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/GeneralSettingsView.h"
 
+#include "platform/DesktopExtension.h"
 #include "platform/Updater.h"
 #include "settings/AddAppSheet.h"
 #include "settings/AppSettings.h"
@@ -65,10 +66,14 @@ void addLimitation(FormSection& section, const std::string& text) {
 
 GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater,
                                          LoginItem& loginItem, const Platform& platform,
-                                         DesktopLimitations limitations, QWidget* parent)
+                                         DesktopLimitations limitations,
+                                         DesktopExtension* extension, QWidget* parent)
     : QWidget(parent), settings_(settings), updater_(updater), platform_(platform),
       limitations_(std::move(limitations)), openAtLogin_(settings, loginItem) {
     auto* form = new Form;
+    if (extension) {
+        addExtension(form->addSection(uiText("GNOME")), *extension);
+    }
     build(*form);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -189,6 +194,33 @@ void GeneralSettingsView::addUsability(FormSection& section) {
                              displayName(file.value_or(std::string()))));
         section->setVisible(file.has_value());
     });
+}
+
+void GeneralSettingsView::addExtension(FormSection& section, DesktopExtension& extension) {
+    auto* row = new PairRow;
+    auto* text = new Paragraph({}, TextStyle::body, ThemeColor::primary);
+    text->setObjectName("extensionState");
+    auto* button = new Button(uiText("Enable"), TextStyle::body);
+    button->setObjectName("enableExtension");
+    row->setParts(text, button);
+    section.addRow(row);
+    connect(button, &QAbstractButton::clicked, this, [&extension] { extension.enable(); });
+    const auto show = [&section, &extension, text, button] {
+        using State = DesktopExtension::State;
+        const State state = extension.state();
+        const char* told = state == State::running ? "The extension for GNOME is switched on."
+                           : state == State::awaitsLogin
+                               ? "Log out and in once so that GNOME finds Calmora’s extension."
+                           : state == State::forbidden
+                               ? "Extensions of GNOME are switched off on this system."
+                               : nullptr;
+        text->setText(uiText(told ? told : extension.purpose().c_str()));
+        button->setVisible(!told);
+        section.setVisible(state != State::none);
+    };
+    extensionChanges_ = extension.onChanged(show);
+    extension.refresh();
+    show();
 }
 
 void GeneralSettingsView::refresh() {

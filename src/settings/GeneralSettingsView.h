@@ -14,6 +14,7 @@
 namespace calmora {
 
 class AppSettings;
+class DesktopExtension;
 class Form;
 class FormSection;
 class LoginItem;
@@ -29,15 +30,17 @@ struct DesktopLimitations {
     std::string autoQuit = {};
 };
 
-/// The General pane of the settings window: every preference in ten sections. Each control shows
+/// The General pane of the settings window: every preference in ten sections, and the extension
+/// of the desktop where there is one. Each control shows
 /// a preference and writes to it at once; the pane holds no copy. While the pane exists, it applies
 /// the preference openAtLogin to the login item.
 class GeneralSettingsView final : public QWidget {
   public:
-    /// All references must outlive the pane.
+    /// All references must outlive the pane, and `extension`, which is null where the desktop has
+    /// none.
     GeneralSettingsView(AppSettings& settings, Updater& updater, LoginItem& loginItem,
                         const Platform& platform, DesktopLimitations limitations,
-                        QWidget* parent = nullptr);
+                        DesktopExtension* extension = nullptr, QWidget* parent = nullptr);
 
     /// Whether the sheet that adds an application to the never-quit list is shown.
     [[nodiscard]] bool showingAddAppSheet() const { return showingAddAppSheet_; }
@@ -52,6 +55,7 @@ class GeneralSettingsView final : public QWidget {
     void addUpdates(FormSection& section);
     /// Adds a section that is there while settings cannot be saved.
     void addUsability(FormSection& section);
+    void addExtension(FormSection& section, DesktopExtension& extension);
     /// Updates every control from the settings.
     void refresh();
     void showAddAppSheet();
@@ -66,6 +70,7 @@ class GeneralSettingsView final : public QWidget {
     std::vector<std::function<void()>> bindings_;
     Subscription changes_;
     Subscription usability_;
+    Subscription extensionChanges_;
 };
 
 } // namespace calmora

@@ -40,7 +40,7 @@ SettingsView::SettingsView(AppSettings& settings, Updater& updater,
     };
     add("General", "gear",
         new GeneralSettingsView(settings, updater, surroundings.loginItem, surroundings.platform,
-                                surroundings.limitations));
+                                surroundings.limitations, surroundings.extension));
     add("Shortcuts", "keyboard", new ShortcutsSettingsView(surroundings.recorders));
     add("About", "info.circle",
         new ContentArea(new AboutSettingsView(updater, surroundings.icon,

@@ -12,6 +12,7 @@
 namespace calmora {
 
 class AppSettings;
+class DesktopExtension;
 class LoginItem;
 struct RecorderEnvironment;
 class Updater;
@@ -25,6 +26,8 @@ struct SettingsSurroundings {
     const RecorderEnvironment& recorders;
     /// The program's icon; absent means none.
     std::optional<Image> icon;
+    /// Null where the desktop has none.
+    DesktopExtension* extension = nullptr;
 };
 
 /// The content of the settings window: three panes behind tabs.

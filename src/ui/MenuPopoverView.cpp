@@ -5,6 +5,7 @@
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
 #include "ui/ForceQuitConfirmation.h"
+#include "ui/ListNote.h"
 #include "ui/PopoverList.h"
 #include "ui/QuitAllButton.h"
 #include "ui/RowAccessibility.h"
@@ -79,6 +80,7 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
     willShow_ = surroundings_.popover.onWillShow([this] {
         build();
         listen();
+        note_->refresh();
         viewModel_.refresh();
     });
 }
@@ -107,6 +109,7 @@ void MenuPopoverView::build() {
          .groupToggled = [this] { markDirty(); },
          .left = [this] { markDirty(); }},
         surroundings_.platform.clock, this);
+    note_ = new ListNote(surroundings_.limitation, surroundings_.extension, this);
     status_ = new Label({}, TextStyle::caption2, ThemeColor::tertiary, this);
     status_->setObjectName("status");
     gear_ = new SymbolButton(this);
@@ -153,15 +156,7 @@ void MenuPopoverView::arrange() {
     column->addWidget(new Divider(metrics::inset, this));
     column->addWidget(list_, 1);
     column->addWidget(new Divider(metrics::inset, this));
-    if (!surroundings_.limitation.empty()) {
-        auto* limitation = new Paragraph(uiText(surroundings_.limitation.c_str()),
-                                         TextStyle::caption2, ThemeColor::secondary, this);
-        limitation->setObjectName("limitation");
-        auto* line = new QHBoxLayout;
-        line->setContentsMargins(metrics::inset, Points{6}, metrics::inset, 0);
-        line->addWidget(limitation);
-        column->addLayout(line);
-    }
+    column->addWidget(note_);
     auto* footer = new QHBoxLayout;
     footer->setContentsMargins(metrics::inset - ring, Points{8} - ring, metrics::inset - ring,
                                Points{8} - ring);

@@ -19,7 +19,9 @@ namespace calmora {
 class AppSettings;
 class InputGate;
 class CheckBox;
+class DesktopExtension;
 class Label;
+class ListNote;
 class PopoverList;
 class QuitAllButton;
 class SearchBox;
@@ -34,8 +36,11 @@ struct MenuPopoverSurroundings {
     InputGate& inputGate;
     /// Opens the settings window.
     std::function<void()> openSettings = nullptr;
-    /// Key of the text that says what cannot be listed on this desktop; empty means nothing.
-    std::string limitation = {};
+    /// Gives the key of the text that says what cannot be listed on this desktop now; empty means
+    /// nothing.
+    std::function<std::string()> limitation = [] { return std::string(); };
+    /// Offered where the list needs it; null where the desktop has none.
+    DesktopExtension* extension = nullptr;
 };
 
 /// The content of the popover: Quit All, select-all and search, the list of applications with the
@@ -98,6 +103,7 @@ class MenuPopoverView final : public QWidget {
     CheckBox* selectAll_ = nullptr;
     SearchBox* search_ = nullptr;
     PopoverList* list_ = nullptr;
+    ListNote* note_ = nullptr;
     Label* status_ = nullptr;
     SymbolButton* gear_ = nullptr;
 

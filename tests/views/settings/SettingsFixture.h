@@ -19,7 +19,7 @@ struct SettingsFixture {
     /// Creates the pane. Prepare the login item and the settings before.
     void open() {
         view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(),
-                                       limitations, &window);
+                                       limitations, nullptr, &window);
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(view);

@@ -44,7 +44,7 @@ struct PopoverFixture {
                                                  .popover = machine.popover,
                                                  .inputGate = inputGate,
                                                  .openSettings = [this] { ++settingsOpened; },
-                                                 .limitation = limitation},
+                                                 .limitation = [this] { return limitation; }},
                                                 &window);
 };
 

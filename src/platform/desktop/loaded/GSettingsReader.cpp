@@ -30,15 +30,23 @@ std::vector<std::string> stringsIn(GVariant& value) {
     return {strings.get(), strings.get() + count};
 }
 
+/// Null without such a schema at this place; GSettings would end the program for one.
+Owned<GSettingsSchema, g_settings_schema_unref> findSchema(const char* name, const char* path) {
+    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
+    Owned<GSettingsSchema, g_settings_schema_unref> schema(
+        source ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+    if (schema && (g_settings_schema_get_path(schema.get()) == nullptr) != (path != nullptr)) {
+        schema.reset();
+    }
+    return schema;
+}
+
 } // namespace
 
 extern "C" [[gnu::visibility("default")]] void
 calmoraReadGSettings(const char* schemaName, const char* path, calmora::SettingsValues& values) {
-    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
-    const Owned<GSettingsSchema, g_settings_schema_unref> schema(
-        source ? g_settings_schema_source_lookup(source, schemaName, TRUE) : nullptr);
-    // Without this check GSettings would end the program.
-    if (!schema || (g_settings_schema_get_path(schema.get()) == nullptr) != (path != nullptr)) {
+    const auto schema = findSchema(schemaName, path);
+    if (!schema) {
         return;
     }
     const Owned<GSettings, g_object_unref> settings(
@@ -48,4 +56,15 @@ calmoraReadGSettings(const char* schemaName, const char* path, calmora::Settings
         const Owned<GVariant, g_variant_unref> value(g_settings_get_value(settings.get(), *key));
         values.emplace_back(*key, stringsIn(*value));
     }
+}
+
+extern "C" [[gnu::visibility("default")]] bool calmoraMayWriteGSettings(const char* schemaName,
+                                                                        const char* key) {
+    const auto schema = findSchema(schemaName, nullptr);
+    if (!schema || g_settings_schema_has_key(schema.get(), key) == FALSE) {
+        return false;
+    }
+    const Owned<GSettings, g_object_unref> settings(
+        g_settings_new_full(schema.get(), nullptr, nullptr));
+    return g_settings_is_writable(settings.get(), key) != FALSE;
 }

@@ -16,4 +16,9 @@ using SettingsValues = std::vector<std::pair<std::string, std::vector<std::strin
 using ReadGSettings = void(const char* schema, const char* path, SettingsValues& values);
 inline constexpr const char* readGSettingsName = "calmoraReadGSettings";
 
+/// Exported, too. Whether the user may change a key of a schema with a place of its own: false
+/// where an administrator has fixed it, and without such a schema or key.
+using MayWriteGSettings = bool(const char* schema, const char* key);
+inline constexpr const char* mayWriteGSettingsName = "calmoraMayWriteGSettings";
+
 } // namespace calmora

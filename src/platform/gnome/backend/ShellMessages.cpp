@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/backend/ShellMessages.h"
 
-#include "platform/desktop/dbus/Messages.h"
-
 #include <algorithm>
 
 namespace calmora {
@@ -12,28 +10,19 @@ namespace {
 constexpr qsizetype mostWindows = 4096;
 constexpr qsizetype longestText = 1024;
 
-template <typename Value>
-Value member(const QVariantMap& map, const char* key) {
-    QVariant value = map.value(key);
-    if (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
-        value = value.value<QDBusVariant>().variant();
-    }
-    return readValue<Value>(value).value_or(Value{});
-}
-
 std::string text(const QVariantMap& map, const char* key) {
-    return member<QString>(map, key).left(longestText).toStdString();
+    return memberOf<QString>(map, key).left(longestText).toStdString();
 }
 
 ShellWindow shellWindow(const QVariantMap& map) {
-    return {.id = member<qulonglong>(map, "id"),
-            .process = member<int>(map, "pid"),
-            .isX11 = member<bool>(map, "x11"),
-            .x11Id = member<uint>(map, "xid"),
-            .type = member<uint>(map, "type"),
-            .skipsTaskbar = member<bool>(map, "skip"),
-            .canClose = member<bool>(map, "close"),
-            .parent = member<qulonglong>(map, "parent"),
+    return {.id = memberOf<qulonglong>(map, "id"),
+            .process = memberOf<int>(map, "pid"),
+            .isX11 = memberOf<bool>(map, "x11"),
+            .x11Id = memberOf<uint>(map, "xid"),
+            .type = memberOf<uint>(map, "type"),
+            .skipsTaskbar = memberOf<bool>(map, "skip"),
+            .canClose = memberOf<bool>(map, "close"),
+            .parent = memberOf<qulonglong>(map, "parent"),
             .desktopId = text(map, "app"),
             .sandboxId = text(map, "sandbox"),
             .className = text(map, "class"),
@@ -66,9 +55,9 @@ std::vector<ShellWindow> shellWindows(const ShellWindowValues& values) {
 
 ShellState shellState(const QVariantMap& values) {
     ShellState state;
-    state.windows = shellWindows(member<ShellWindowValues>(values, "windows"));
-    state.focus = member<qulonglong>(values, "focus");
-    const auto rect = member<ShellRect>(values, "icon-rect");
+    state.windows = shellWindows(memberOf<ShellWindowValues>(values, "windows"));
+    state.focus = memberOf<qulonglong>(values, "focus");
+    const auto rect = memberOf<ShellRect>(values, "icon-rect");
     if (rect.width > 0 && rect.height > 0) {
         state.icon = Rect{rect.x, rect.y, rect.width, rect.height};
     }

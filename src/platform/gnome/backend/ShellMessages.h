@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Geometry.h"
+#include "platform/desktop/dbus/Messages.h"
 #include "platform/desktop/status/DbusTypes.h"
 #include "platform/gnome/ShellWindow.h"
 
@@ -39,6 +40,16 @@ using ShellWindowValues = QList<QVariantMap>;
 
 /// Registers these types with Qt D-Bus; may be called again.
 void registerShellTypes();
+
+/// A member of a message's map; the type's own zero if it is missing or of another type.
+template <typename Value>
+[[nodiscard]] Value memberOf(const QVariantMap& map, const char* key) {
+    QVariant value = map.value(key);
+    if (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return readValue<Value>(value).value_or(Value{});
+}
 
 /// The windows in a message, oldest first: those with a number, and not more than 4096. What has
 /// another type than it should is left out.
