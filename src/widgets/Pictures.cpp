@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 namespace calmora {
@@ -98,6 +99,24 @@ QImage decoded(const Image& image, int pixels) {
     return image.pixels ? fromPixels(*image.pixels) : QImage();
 }
 
+/// Whether next to nothing of the picture differs from a grey background.
+bool isLostOn(const QImage& picture, int background) {
+    constexpr int leastDifference = 48;
+    qint64 opaque = 0;
+    qint64 seen = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            const int difference =
+                std::max({std::abs(qRed(pixel) - background), std::abs(qGreen(pixel) - background),
+                          std::abs(qBlue(pixel) - background)});
+            opaque += qAlpha(pixel);
+            seen += difference >= leastDifference ? qAlpha(pixel) : 0;
+        }
+    }
+    return seen < opaque / 20;
+}
+
 /// Cached in place of a picture that cannot be drawn.
 bool isMarker(const QPixmap& pixmap) {
     return pixmap.width() == 1 && pixmap.height() == 1;
@@ -174,10 +193,37 @@ void drawPixmap(QPainter& painter, const QRect& bounds, const QPixmap& pixmap) {
         pixmap);
 }
 
+namespace {
+
+/// The picture, inverted where it would be lost among texts of a colour. Cached like the picture.
+QPixmap visiblePixmap(const Image& image, int side, qreal devicePixelRatio, const QColor& color) {
+    // Greys next to the backgrounds of dark and of light windows.
+    const int background = color.lightness() > 127 ? 0x28 : 0xf6;
+    const int pixels = static_cast<int>(std::lround(side * devicePixelRatio));
+    const QString key = QStringLiteral("%1:on:%2").arg(cacheKey(image, pixels)).arg(background);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = imagePixmap(image, side, devicePixelRatio);
+        if (pixmap.isNull()) {
+            return {};
+        }
+        QImage picture = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+        if (isLostOn(picture, background)) {
+            picture.invertPixels();
+            pixmap = QPixmap::fromImage(std::move(picture));
+        }
+        QPixmapCache::insert(key, pixmap);
+    }
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+} // namespace
+
 void drawIcon(QPainter& painter, const QRect& square, const std::optional<Image>& icon,
               const IconSubstitute& substitute, const QColor& color) {
     const qreal ratio = painter.device()->devicePixelRatioF();
-    const QPixmap picture = icon ? imagePixmap(*icon, square.width(), ratio) : QPixmap();
+    const QPixmap picture = icon ? visiblePixmap(*icon, square.width(), ratio, color) : QPixmap();
     drawPixmap(painter, square,
                picture.isNull() ? symbolPixmap(substitute.symbol, substitute.side, color, ratio)
                                 : picture);

@@ -38,6 +38,8 @@ struct IconSubstitute {
 };
 
 /// Draws an icon into a square, or the substitute in `color` if there is none that can be drawn.
+/// `color` is that of texts beside it: an icon that would be lost on their background, as a black
+/// one on a dark window, is drawn with its colours inverted.
 void drawIcon(QPainter& painter, const QRect& square, const std::optional<Image>& icon,
               const IconSubstitute& substitute, const QColor& color);
 

@@ -155,11 +155,9 @@ QPalette themePalette(Appearance appearance) {
 
 void installTheme(QApplication& application) {
     QPixmapCache::setCacheLimit(pictureCacheKiB);
-    if (const QString icons = QIcon::themeName(); icons.isEmpty() || icons == "hicolor") {
-        // A bare window manager names no theme; the names of the freedesktop icon naming, which
-        // many desktop entries use, are not in hicolor.
-        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
-    }
+    // A bare window manager names no theme, a desktop perhaps an incomplete one; the names of the
+    // freedesktop icon naming, which many desktop entries use, are not in hicolor.
+    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     const bool desktopHasStyle = application.style()->name().compare("fusion") != 0;
     QApplication::setStyle(std::make_unique<ThemeStyle>(desktopHasStyle).release());
     setAppearance({});

@@ -2,6 +2,7 @@
 // A small program with real windows, for tests: each option is one habit that applications have.
 #include "platform/x11/X11Connection.h"
 
+#include <array>
 #include <csignal>
 #include <map>
 #include <sys/socket.h>
@@ -112,6 +113,26 @@ class Client {
             std::vector<std::uint32_t> pixels(2 + size * size, 0xff336699U);
             pixels[0] = pixels[1] = size;
             set(window, atom("_NET_WM_ICON"), XCB_ATOM_CARDINAL, pixels);
+        }
+        if (has("--icon-bitmap")) {
+            // Two pixels, of which a mask shows the second.
+            const auto pixmapOf = [&](std::uint8_t depth, std::uint32_t left) {
+                const xcb_pixmap_t pixmap = xcb_generate_id(server_.get());
+                const xcb_gcontext_t pen = xcb_generate_id(server_.get());
+                xcb_create_pixmap(server_.get(), depth, pixmap, window, 2, 1);
+                const xcb_rectangle_t all{0, 0, 2, 1};
+                const xcb_rectangle_t first{0, 0, 1, 1};
+                const std::array<std::uint32_t, 2> colors{~left, left};
+                xcb_create_gc(server_.get(), pen, pixmap, XCB_GC_FOREGROUND, &colors[0]);
+                xcb_poly_fill_rectangle(server_.get(), pixmap, pen, 1, &all);
+                xcb_change_gc(server_.get(), pen, XCB_GC_FOREGROUND, &colors[1]);
+                xcb_poly_fill_rectangle(server_.get(), pixmap, pen, 1, &first);
+                return pixmap;
+            };
+            const bool isColored = value("--icon-bitmap", "") == "colored";
+            const xcb_pixmap_t picture = pixmapOf(isColored ? 24 : 1, isColored ? 0x112233 : 0);
+            set(window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS,
+                {isColored ? 0x24U : 0x4U, 0, 0, picture, 0, 0, 0, pixmapOf(1, 0), 0});
         }
         if (map) {
             xcb_map_window(server_.get(), window);

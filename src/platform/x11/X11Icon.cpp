@@ -2,6 +2,8 @@
 #include "platform/x11/X11Icon.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace calmora {
 
@@ -81,6 +83,106 @@ std::shared_ptr<const ImagePixels> chooseIcon(std::span<const std::uint32_t> pro
     }
     return std::make_shared<const ImagePixels>(
         scaledDown(best, std::max(1, best.size() / std::max(1, wanted))));
+}
+
+namespace {
+
+/// A pixmap of the server, with what tells how its bytes are laid out.
+class ServerPicture {
+  public:
+    /// Reads nothing that is too large, or not of one of the usual formats.
+    ServerPicture(const X11Connection& connection, xcb_pixmap_t pixmap)
+        : setup_(xcb_get_setup(connection.get())) {
+        const auto geometry = connection.ask<xcb_get_geometry, xcb_get_geometry_reply>(pixmap);
+        const bool isUsual =
+            geometry && (geometry->depth == 1 || geometry->depth == 24 || geometry->depth == 32);
+        if (!isUsual || geometry->width > largestPixmap || geometry->height > largestPixmap) {
+            return;
+        }
+        constexpr std::uint8_t format = XCB_IMAGE_FORMAT_Z_PIXMAP;
+        constexpr std::uint32_t allPlanes = ~0U;
+        image_ = connection.ask<xcb_get_image, xcb_get_image_reply>(
+            format, pixmap, std::int16_t{0}, std::int16_t{0}, geometry->width, geometry->height,
+            allPlanes);
+        if (!image_) {
+            return;
+        }
+        width = geometry->width;
+        height = geometry->height;
+        isBitmap = geometry->depth == 1;
+        const unsigned padding = isBitmap ? setup_->bitmap_format_scanline_pad : 32U;
+        const unsigned bits = geometry->width * (isBitmap ? 1U : 32U);
+        stride_ = (bits + padding - 1) / padding * padding / 8;
+        const auto size = static_cast<std::size_t>(xcb_get_image_data_length(image_.get()));
+        if (size < std::size_t{stride_} * geometry->height) {
+            width = height = 0;
+        }
+    }
+
+    int width = 0;
+    int height = 0;
+    bool isBitmap = false;
+
+    /// A bit, or a colour as 0xRRGGBB.
+    [[nodiscard]] std::uint32_t at(int x, int y) const {
+        const auto column = static_cast<unsigned>(x);
+        const std::uint8_t* row =
+            xcb_get_image_data(image_.get()) + std::size_t{stride_} * static_cast<unsigned>(y);
+        if (isBitmap) {
+            const bool isLeastFirst = setup_->bitmap_format_bit_order == XCB_IMAGE_ORDER_LSB_FIRST;
+            return row[column / 8] >> (isLeastFirst ? column % 8 : 7 - column % 8) & 1U;
+        }
+        const bool isLeastFirst = setup_->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+        std::uint32_t color = 0;
+        for (unsigned byte = 0; byte < 4; ++byte) {
+            color |= std::uint32_t{row[4 * column + byte]} << 8 * (isLeastFirst ? byte : 3 - byte);
+        }
+        return color & 0xffffffU;
+    }
+
+  private:
+    static constexpr int largestPixmap = 512;
+
+    const xcb_setup_t* setup_;
+    X11Reply<xcb_get_image_reply_t> image_;
+    unsigned stride_ = 0;
+};
+
+} // namespace
+
+std::shared_ptr<const ImagePixels> hintsIcon(const X11Connection& connection, xcb_window_t window) {
+    constexpr std::size_t icon = 3;
+    constexpr std::size_t mask = 7;
+    constexpr std::uint32_t hasIcon = 1U << 2U;
+    constexpr std::uint32_t hasMask = 1U << 5U;
+    const X11Reply<xcb_get_property_reply_t> property(xcb_get_property_reply(
+        connection.get(), connection.requestProperty(window, XCB_ATOM_WM_HINTS, mask + 1),
+        nullptr));
+    const auto hints = words(property);
+    if (hints.size() <= icon || (hints[0] & hasIcon) == 0) {
+        return nullptr;
+    }
+    const ServerPicture picture(connection, hints[icon]);
+    if (picture.width == 0 || picture.height == 0) {
+        return nullptr;
+    }
+    std::optional<ServerPicture> shape;
+    if (hints.size() > mask && (hints[0] & hasMask) != 0) {
+        shape.emplace(connection, hints[mask]);
+        if (!shape->isBitmap || shape->width != picture.width || shape->height != picture.height) {
+            shape.reset();
+        }
+    }
+    ImagePixels result{picture.width, picture.height, {}};
+    for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x) {
+            const std::uint32_t value = picture.at(x, y);
+            const bool isOpaque = shape ? shape->at(x, y) != 0 : !picture.isBitmap || value != 0;
+            const std::uint32_t color = !picture.isBitmap ? value : value != 0 ? 0U : 0xffffffU;
+            result.argb.push_back(isOpaque ? 0xff000000U | color : 0U);
+        }
+    }
+    return std::make_shared<const ImagePixels>(std::move(result));
 }
 
 } // namespace calmora

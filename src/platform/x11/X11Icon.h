@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Image.h"
+#include "platform/x11/X11Connection.h"
 
 #include <cstdint>
 #include <memory>
@@ -14,5 +15,11 @@ namespace calmora {
 /// Source: EWMH, _NET_WM_ICON.
 [[nodiscard]] std::shared_ptr<const ImagePixels> chooseIcon(std::span<const std::uint32_t> property,
                                                             int wanted);
+
+/// The icon that a window keeps as a pixmap of the server, with its mask; a bitmap becomes black on
+/// transparent. Null when there is none, it is too large, or its format is unusual. A few round
+/// trips. Source: ICCCM 4.1.2.4, WM_HINTS.
+[[nodiscard]] std::shared_ptr<const ImagePixels> hintsIcon(const X11Connection& connection,
+                                                           xcb_window_t window);
 
 } // namespace calmora

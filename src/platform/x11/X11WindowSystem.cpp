@@ -160,7 +160,8 @@ std::shared_ptr<const ImagePixels> X11WindowSystem::icon(WindowId window) {
     if (!known->second.icon) {
         const auto reply = reader_.take(connection_.requestProperty(
             known->first, connection_.atom(X11Atom::netWmIcon), iconWords));
-        known->second.icon = chooseIcon(words(reply), iconSize);
+        auto chosen = chooseIcon(words(reply), iconSize);
+        known->second.icon = chosen ? chosen : hintsIcon(connection_, known->first);
         const auto picture = *known->second.icon;
         settle();
         return picture;

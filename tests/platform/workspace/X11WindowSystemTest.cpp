@@ -72,6 +72,12 @@ TEST_F(X11WindowSystemTest, ReadsWhatWindowsSayOfThemselves) {
     EXPECT_EQ(odd.type, WindowType::dialog);
     EXPECT_EQ(system->icon(odd.id)->argb.front(), 0xff336699U);
 
+    using Pixels = std::vector<std::uint32_t>;
+    const auto bitmap = windowOf(client({"--icon-bitmap", "plain"}));
+    EXPECT_EQ(system->icon(bitmap.id)->argb, (Pixels{0, 0xff000000U}));
+    const auto colored = windowOf(client({"--icon-bitmap", "colored"}));
+    EXPECT_EQ(system->icon(colored.id)->argb, (Pixels{0, 0xffeeddccU}));
+
     const pid_t withDialog = client({"--transient"});
     EXPECT_TRUE(waitFor([&] { return windowsOf(withDialog).size() == 2; }));
     const auto pair = windowsOf(withDialog);

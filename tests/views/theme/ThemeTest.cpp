@@ -83,5 +83,32 @@ TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
     }
 }
 
+TEST(Pictures, DrawsBlackIconsWhereTheyAreSeen) {
+    constexpr QRgb nearBlack = 0xff2e3436;
+    constexpr QRgb blue = 0xff0000ff;
+
+    const struct {
+        Appearance appearance;
+        QRgb icon;
+        QRgb drawn;
+    } rows[] = {
+        {Appearance::light, nearBlack, nearBlack},
+        {Appearance::dark, nearBlack, 0xffd1cbc9},
+        {Appearance::light, 0xfffafafa, 0xff050505},
+        {Appearance::dark, 0xfffafafa, 0xfffafafa},
+        {Appearance::light, blue, blue},
+        {Appearance::dark, blue, blue},
+    };
+
+    for (const auto& [appearance, icon, drawn] : rows) {
+        const Image image{{}, {}, std::make_shared<ImagePixels>(ImagePixels{1, 1, {icon}})};
+        QImage target(24, 24, QImage::Format_ARGB32);
+        QPainter painter(&target);
+        drawIcon(painter, target.rect(), image, {},
+                 Theme(themePalette(appearance)).color(ThemeColor::primary));
+        EXPECT_EQ(target.pixel(12, 12), drawn) << std::hex << icon << ' ' << drawn;
+    }
+}
+
 } // namespace
 } // namespace calmora

@@ -66,7 +66,7 @@ class AlertIcon final : public QWidget {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        drawPixmap(painter, rect(), imagePixmap(image_, iconSide, devicePixelRatio()));
+        drawIcon(painter, rect(), image_, {}, Theme::of(*this).color(ThemeColor::primary));
         if (style_ != AlertStyle::critical) {
             return;
         }
