@@ -93,9 +93,13 @@ MenuPopoverView::~MenuPopoverView() {
 }
 
 void MenuPopoverView::build() {
-    if (quitAll_) {
+    if (quitAll_ && builtScale_ == Theme::textScale()) {
         return;
     }
+    // The desktop's font has changed: everything has another size.
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+    delete layout();
+    builtScale_ = Theme::textScale();
     quitAll_ = new QuitAllButton(this);
     selectAll_ = new CheckBox(this);
     selectAll_->setObjectName("selectAll");

@@ -77,7 +77,7 @@ class MenuPopoverView final : public QWidget {
     void showEvent(QShowEvent* event) override;
 
   private:
-    /// Creates the widgets, once.
+    /// Creates the widgets, once for each size of the desktop's font.
     void build();
     void listen();
     /// Puts them into a column.
@@ -107,6 +107,7 @@ class MenuPopoverView final : public QWidget {
     Label* status_ = nullptr;
     SymbolButton* gear_ = nullptr;
 
+    double builtScale_ = 0;
     bool isForceQuit_ = false;
     bool isDirty_ = true;
     bool isScheduled_ = false;
