@@ -15,6 +15,7 @@ namespace {
 using std::chrono::milliseconds;
 
 // X keycodes.
+constexpr std::uint8_t tab = 23;
 constexpr std::uint8_t altL = 64;
 constexpr std::uint8_t altGr = 92;
 constexpr std::uint8_t escape = 9;
@@ -223,6 +224,19 @@ TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
     EXPECT_EQ(input_.keyboardOwner(), other);
     input_.closeWindow(other);
+}
+
+TEST_F(TransientTest, ClosesWhenTheUserSwitchesWindows) {
+    show();
+    input_.press({altL});
+    input_.tap({tab});
+    loopFor(settling); // The list of windows appears.
+    EXPECT_TRUE(popover_.isShown());
+    input_.release({altL});
+    EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
+    EXPECT_TRUE(loopUntil([&] {
+        return input_.keyboardOwner() == first_ || input_.keyboardOwner() == second_;
+    }));
 }
 
 TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {

@@ -129,13 +129,16 @@ void X11FocusGrab::handle(const xcb_generic_event_t& event) {
         break;
     case XCB_MAP_NOTIFY:
         appeared_.insert(eventAs<xcb_map_notify_event_t>(event).window);
+        if (userActed_) {
+            ofUserAct_.insert(eventAs<xcb_map_notify_event_t>(event).window);
+        }
         break;
     case XCB_UNMAP_NOTIFY:
     case XCB_DESTROY_NOTIFY: {
         // Both events name the window in the same place.
         const xcb_window_t window = eventAs<xcb_unmap_notify_event_t>(event).window;
         appeared_.erase(window);
-        if (!input_.isOurs(window)) {
+        if (!input_.isOurs(window) && !ofUserAct_.contains(window)) {
             userActed_ = false;
             settling_.setRemainingTime(settlingTime);
         }

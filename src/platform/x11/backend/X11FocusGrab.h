@@ -49,6 +49,9 @@ class X11FocusGrab final : public QObject, public FocusGrab {
     xcb_timestamp_t leftAt_ = XCB_CURRENT_TIME;
     /// Top-level windows that appeared meanwhile.
     std::set<xcb_window_t> appeared_;
+    /// Those that appeared after the user acted, perhaps a list of windows to switch to: nobody
+    /// moves the focus because they vanish.
+    std::set<xcb_window_t> ofUserAct_;
     /// A keyboard grab since a window last vanished: a combination of the window manager.
     bool userActed_ = false;
     /// Runs for a while after a window of another program has vanished.
