@@ -176,7 +176,7 @@ std::unique_ptr<Updater> CalmoraApp::makeUpdater() {
     if (*identity::updateFeed == 0) {
         return std::make_unique<UnavailableUpdater>();
     }
-    releases_ = std::make_unique<FeedSource>(identity::updateFeed, loadedLibrary("network"),
+    releases_ = std::make_unique<FeedSource>(identity::updateFeed, ownFile("calmora_fetch"),
                                              releaseLanguages(), runLoop_);
     updateWindow_ = std::make_unique<UpdateWindow>(icon(), [this](const std::string& page) {
         environment_.runWithoutIt([&] {

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace calmora {
 
-/// One of the program's own libraries that are loaded when first needed: "calmora_" and `name`.
+/// A file in the folder of the program's own libraries and helper programs.
 /// Source: the install folder of CMakeLists.txt, seen from the running program.
+[[nodiscard]] std::filesystem::path ownFile(const std::string& name);
+
+/// One of the program's own libraries that are loaded when first needed: "calmora_" and `name`.
 [[nodiscard]] std::filesystem::path loadedLibrary(const char* name);
 
 /// The address of a function of a library, which then stays loaded: its threads may still run at

@@ -15,20 +15,19 @@ class RunLoop;
 /// The user's languages before English, which notes are written in: such as "de_DE", "de".
 [[nodiscard]] std::vector<std::string> releaseLanguages();
 
-/// Releases from an AppStream file at an address. Qt Network comes with a library that is loaded
-/// with the first transfer, and stays.
+/// Releases from an AppStream file at an address. A program of its own transfers them.
 class FeedSource final : public ReleaseSource {
   public:
-    /// `networkLibrary` is the file that exports StartFeedTransfer; `languages` are those of
-    /// readReleases(). The loop must outlive this object and its tokens.
-    FeedSource(std::string address, std::filesystem::path networkLibrary,
+    /// `program` is calmora_fetch; `languages` are those of readReleases(). The loop must outlive
+    /// this object and its tokens.
+    FeedSource(std::string address, std::filesystem::path program,
                std::vector<std::string> languages, RunLoop& runLoop);
 
     [[nodiscard]] Subscription fetch(std::function<void(const ReleaseList&)> done) override;
 
   private:
     std::string address_;
-    std::filesystem::path networkLibrary_;
+    std::filesystem::path program_;
     std::vector<std::string> languages_;
     RunLoop& runLoop_;
 };

@@ -1,41 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "updates/FeedAddress.h"
 #include "updates/Release.h"
 
-#include <QByteArray>
 #include <QUrl>
 
-#include <functional>
-#include <variant>
+#include <optional>
 
 namespace calmora {
 
-/// What to transfer, and its limits.
-struct FeedRequest {
-    QUrl address;
-    /// In bytes.
-    qint64 largest = 0;
-    /// The address is this machine's, which no proxy can reach.
-    bool isLocal = false;
-    /// Whether the server may redirect to an address.
-    std::function<bool(const QUrl&)> mayFollow;
-};
+/// The exit status with which calmora_fetch tells an error.
+[[nodiscard]] constexpr int exitStatusOf(UpdateError error) {
+    constexpr int first = 64; // Others end programs with small ones.
+    return first + static_cast<int>(error);
+}
 
-using FeedAnswer = std::variant<QByteArray, UpdateError>;
+/// The error that an exit status tells; absent for any other status.
+[[nodiscard]] constexpr std::optional<UpdateError> errorOfExitStatus(int status) {
+    const auto error = static_cast<UpdateError>(status - exitStatusOf(UpdateError{}));
+    return error >= UpdateError{} && error <= UpdateError::version ? std::optional(error)
+                                                                   : std::nullopt;
+}
 
-/// A running transfer; destroying it cancels it.
-class FeedTransfer {
-  public:
-    virtual ~FeedTransfer() = default;
-};
-
-/// Starts a transfer, which the caller owns, and tells the answer once from the main loop. `done`
-/// may end the transfer.
-using StartFeedTransfer = FeedTransfer*(const FeedRequest& request,
-                                        std::function<void(const FeedAnswer&)> done);
-
-/// The name of the function, of type StartFeedTransfer, that the network library exports.
-inline constexpr const char* startFeedTransferName = "calmoraStartFeedTransfer";
+/// The parts of an address that decide whether it may be read.
+[[nodiscard]] inline FeedAddress addressOf(const QUrl& url) {
+    return {url.scheme().toStdString(), url.host().toStdString()};
+}
 
 } // namespace calmora

@@ -28,7 +28,7 @@ struct Release {
 enum class UpdateError {
     /// The list's address may not be used.
     address,
-    /// The network library cannot be loaded.
+    /// The program that reaches the network cannot be started.
     loader,
     unreachable,
     /// The server's certificate is not trusted.

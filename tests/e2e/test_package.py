@@ -59,7 +59,7 @@ class Package(DesktopCase):
 
     def test_runs_without_the_source_tree(self):
         files = [file for file in self.usr.rglob("*") if file.is_file()]
-        for needed in ("bin/calmora", "lib/calmora/calmora_network.so",
+        for needed in ("bin/calmora", "lib/calmora/calmora_fetch",
                        "lib/calmora/calmora_sound.so", "lib/calmora/calmora_gsettings.so",
                        f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
                        f"share/icons/hicolor/48x48/apps/{APP_ID}.png"):

@@ -8,6 +8,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
+#include <atomic>
+#include <thread>
+
 namespace calmora {
 namespace {
 
@@ -55,8 +58,8 @@ const Told good = "1.2";
 
 struct FeedSourceTest : testing::Test {
     /// What a fetch tells: the newest version or the error.
-    Told fetch(const std::string& address, const char* library = NETWORK_LIBRARY) {
-        FeedSource source(address, library, {}, loop);
+    Told fetch(const std::string& address, const char* program = FETCH_PROGRAM) {
+        FeedSource source(address, program, {}, loop);
         std::optional<ReleaseList> told;
         Subscription token;
         token = source.fetch([&](const ReleaseList& list) {
@@ -99,13 +102,45 @@ TEST_F(FeedSourceTest, ReadsOnlyAllowedAnswersOfTheServer) {
     for (const auto& [path, answer, told] : cases) {
         EXPECT_EQ(fetch(server.address(path)), told) << path;
     }
-    EXPECT_EQ(fetch(server.address("/good"), "/nonexistent.so"), Told(UpdateError::loader));
+    EXPECT_EQ(fetch(server.address("/good"), "/nonexistent"), Told(UpdateError::loader));
     server.server.close();
     EXPECT_EQ(fetch(server.address("/good")), Told(UpdateError::unreachable));
     EXPECT_EQ(fetch("file:///dev/zero", ""), Told(UpdateError::unreachable));
     EXPECT_EQ(fetch("http://example.org/feed.xml", ""), Told(UpdateError::address));
     const TempFolder folder;
     EXPECT_EQ(fetch("file://" + folder.write("f", feed.toStdString()).string(), ""), good);
+}
+
+TEST_F(FeedSourceTest, CancelsAtOnceWhateverTheServerDoes) {
+    for (const QByteArray endless : {"X-Header: more\r\n", "X-Header-without-end"}) {
+        std::atomic<quint16> port = 0;
+        std::atomic<bool> isOver = false;
+        std::thread hostile([&] {
+            QTcpServer listener;
+            listener.listen(QHostAddress::LocalHost);
+            port = listener.serverPort();
+            listener.waitForNewConnection(-1);
+            QTcpSocket* client = listener.nextPendingConnection();
+            client->write("HTTP/1.1 200 OK\r\n");
+            while (!isOver && client->state() == QAbstractSocket::ConnectedState) {
+                client->write(endless.repeated(1000));
+                client->waitForBytesWritten(100);
+            }
+        });
+        EXPECT_TRUE(loopUntil([&] { return port != 0; }));
+        FeedSource source("http://127.0.0.1:" + std::to_string(port), FETCH_PROGRAM, {}, loop);
+        std::optional<ReleaseList> told;
+        Subscription fetching = source.fetch([&](const ReleaseList& list) { told = list; });
+        QTest::qWait(300);
+        const auto start = std::chrono::steady_clock::now();
+        fetching.reset();
+        QTest::qWait(1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const auto took = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(took, std::chrono::seconds(2)) << endless.toStdString();
+        isOver = true;
+        hostile.join();
+    }
 }
 
 } // namespace

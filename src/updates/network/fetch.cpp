@@ -1,16 +1,29 @@
 // SPDX-License-Identifier: MIT
+// Transfers a list of releases for Calmora: calmora_fetch ADDRESS. The list goes to the standard
+// output, an error into the exit status.
+//
+// This is a program of its own because Qt's threads read what a server sends for as long as it
+// sends, whoever cancels: only the end of the process ends them for certain. It is also as large as
+// everything else.
 #include "updates/FeedTransfer.h"
 
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
-#include <memory>
-#include <utility>
+#include <cstdio>
+#include <cstdlib>
 
-namespace calmora {
+#include <csignal>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace {
+
+using namespace calmora;
 
 constexpr int mostRedirects = 5;
 /// The HTTP status "OK".
@@ -27,25 +40,14 @@ UpdateError meaningOf(QNetworkReply::NetworkError error) {
                                                        : UpdateError::unreachable;
 }
 
-class NetworkTransfer final : public FeedTransfer {
+/// The transfer, which ends the process.
+class Transfer {
   public:
-    NetworkTransfer(const FeedRequest& request, std::function<void(const FeedAnswer&)> done)
-        : largest_(request.largest), mayFollow_(request.mayFollow), done_(std::move(done)),
-          manager_(new QNetworkAccessManager) {
-        if (request.isLocal) {
-            manager_->setProxy(QNetworkProxy::NoProxy);
+    explicit Transfer(const QUrl& address) : address_(addressOf(address)) {
+        if (isLoopback(address_.host)) {
+            manager_.setProxy(QNetworkProxy::NoProxy);
         }
-        ask(request.address);
-    }
-
-    NetworkTransfer(const NetworkTransfer&) = delete;
-    NetworkTransfer& operator=(const NetworkTransfer&) = delete;
-
-    ~NetworkTransfer() override {
-        reply_->disconnect();
-        reply_->abort();
-        // Later, because this may run inside a signal of the reply.
-        manager_.release()->deleteLater();
+        ask(address);
     }
 
   private:
@@ -57,7 +59,7 @@ class NetworkTransfer final : public FeedTransfer {
         request.setHeader(QNetworkRequest::UserAgentHeader, "Calmora");
         // A small compressed body must not unpack into a large text.
         request.setRawHeader("Accept-Encoding", "identity");
-        reply_ = manager_->get(request);
+        reply_ = manager_.get(request);
         reply_->setReadBufferSize(readAhead);
         QObject::connect(reply_, &QNetworkReply::readyRead, reply_, [this] {
             if (!receive()) {
@@ -72,8 +74,8 @@ class NetworkTransfer final : public FeedTransfer {
         if (!isTooLarge_) {
             received_ += reply_->readAll();
             isTooLarge_ =
-                received_.size() > largest_ ||
-                reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > largest_;
+                received_.size() > largestFeed ||
+                reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > largestFeed;
         }
         return !isTooLarge_;
     }
@@ -92,14 +94,17 @@ class NetworkTransfer final : public FeedTransfer {
         } else if (reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute) != isContent) {
             tell(UpdateError::refused);
         } else {
-            tell(received_);
+            std::fwrite(received_.constData(), 1, static_cast<std::size_t>(received_.size()),
+                        stdout);
+            std::fflush(stdout);
+            std::_Exit(EXIT_SUCCESS);
         }
     }
 
     void follow(const QUrl& target) {
-        if (++redirects_ > mostRedirects || !mayFollow_(target)) {
+        if (++redirects_ > mostRedirects || !target.isValid() ||
+            !mayFollow(address_, addressOf(target))) {
             tell(UpdateError::redirect);
-            return;
         }
         reply_->disconnect();
         reply_->deleteLater();
@@ -107,16 +112,11 @@ class NetworkTransfer final : public FeedTransfer {
         ask(target);
     }
 
-    /// May destroy this object.
-    void tell(const FeedAnswer& answer) {
-        const auto done = std::exchange(done_, nullptr);
-        done(answer);
-    }
+    /// Does not wait for Qt's threads.
+    [[noreturn]] static void tell(UpdateError error) { std::_Exit(exitStatusOf(error)); }
 
-    qint64 largest_;
-    std::function<bool(const QUrl&)> mayFollow_;
-    std::function<void(const FeedAnswer&)> done_;
-    std::unique_ptr<QNetworkAccessManager> manager_;
+    FeedAddress address_;
+    QNetworkAccessManager manager_;
     /// Owned by the manager.
     QNetworkReply* reply_ = nullptr;
     QByteArray received_;
@@ -124,11 +124,29 @@ class NetworkTransfer final : public FeedTransfer {
     int redirects_ = 0;
 };
 
-} // namespace
-} // namespace calmora
+/// Ends with Calmora, at the latest in a minute, and takes no more memory than it may need.
+void limitThisProcess() {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    constexpr unsigned seconds = 60;
+    alarm(seconds);
+#ifndef __SANITIZE_ADDRESS__ // Which takes terabytes of addresses.
+    constexpr rlim_t bytes = rlim_t{256} * 1024 * 1024;
+    const rlimit memory{bytes, bytes};
+    setrlimit(RLIMIT_DATA, &memory);
+#endif
+    const rlimit nothing{0, 0};
+    setrlimit(RLIMIT_CORE, &nothing);
+}
 
-extern "C" Q_DECL_EXPORT calmora::FeedTransfer*
-calmoraStartFeedTransfer(const calmora::FeedRequest& request,
-                         std::function<void(const calmora::FeedAnswer&)> done) {
-    return std::make_unique<calmora::NetworkTransfer>(request, std::move(done)).release();
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QUrl address(QString::fromLocal8Bit(argc == 2 ? argv[1] : ""), QUrl::StrictMode);
+    if (!address.isValid() || address.isLocalFile() || !mayFetch(addressOf(address))) {
+        return exitStatusOf(UpdateError::address);
+    }
+    limitThisProcess();
+    const Transfer transfer(address);
+    return QCoreApplication::exec();
 }
