@@ -2,6 +2,7 @@
 #include "widgets/Pictures.h"
 
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QHashFunctions>
 #include <QIcon>
@@ -9,12 +10,17 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <QtCore/private/qabstractfileengine_p.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <memory>
+#include <utility>
+
+#include <sys/stat.h>
 
 namespace calmora {
 namespace {
@@ -22,6 +28,24 @@ namespace {
 /// Icons are small; a file that claims more pixels than this is not decoded.
 constexpr qint64 largestPixelCount = 4096LL * 4096LL;
 constexpr qint64 largestFileBytes = 16LL * 1024 * 1024;
+
+/// While it exists Qt opens plain files and folders only. A picture may refer to another file,
+/// which its reader opens: a pipe would block it for ever.
+class PlainFilesOnly final : private QAbstractFileEngineHandler {
+  private:
+    /// A pointer, or an owner of one from Qt 6.8 on.
+    using Engine = decltype(std::declval<const QAbstractFileEngineHandler&>().create(QString()));
+
+    /// All its operations fail.
+    class Nothing final : public QAbstractFileEngine {};
+
+    [[nodiscard]] Engine create(const QString& name) const override {
+        struct stat info{};
+        const bool isOther = stat(QFile::encodeName(name).constData(), &info) == 0 &&
+                             !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
+        return Engine(isOther ? std::make_unique<Nothing>().release() : nullptr);
+    }
+};
 
 QString cacheKey(const Image& image, int pixels) {
     QString key = QStringLiteral("image:%1:").arg(pixels);
@@ -76,6 +100,7 @@ QImage fromPixels(const ImagePixels& pixels) {
 
 /// `pixels` is the side of the square in pixels of the device.
 QImage decoded(const Image& image, int pixels) {
+    const PlainFilesOnly guard;
     if (!image.themeName.empty()) {
         const QString name = QString::fromStdString(image.themeName);
         const QString fallback = QString::fromStdString(image.fallbackThemeName);

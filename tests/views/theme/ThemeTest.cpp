@@ -71,6 +71,11 @@ TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
     const auto pixels = std::make_shared<ImagePixels>(ImagePixels{2, 1, {0xff00ff00, 0xff00ff00}});
 
     EXPECT_EQ(imagePixmap(file("wide.png"), 24, 2).size(), QSize(48, 12));
+    std::ofstream(path("a.svg").toStdString())
+        << R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9">)"
+        << R"(<image xlink:href=")" << path("pipe").toStdString()
+        << R"(" width="9" height="9" xmlns:xlink="http://www.w3.org/1999/xlink"/></svg>)";
+    EXPECT_EQ(imagePixmap(file("a.svg"), 24, 1).size(), QSize(24, 24)) << "without the pipe";
     for (const char* name : {"broken.png", "pipe", "missing.png"}) {
         Image image = file(name);
         image.themeName = "no-such-icon";
