@@ -452,6 +452,10 @@
         <translation>Tastenkürzel wirken in jedem Programm.</translation>
     </message>
     <message>
+        <source>Shortcuts work from any application. Keys for accents and those of the numeric keypad cannot be used here.</source>
+        <translation>Tastenkürzel wirken in jedem Programm. Akzenttasten und Tasten des Ziffernblocks lassen sich hier nicht verwenden.</translation>
+    </message>
+    <message>
         <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
         <translation>Dieser Desktop verrät nicht, welche Programme laufen; deshalb werden nur X11-Programme aufgeführt.</translation>
     </message>

@@ -452,6 +452,10 @@
         <translation>Los atajos funcionan desde cualquier aplicación.</translation>
     </message>
     <message>
+        <source>Shortcuts work from any application. Keys for accents and those of the numeric keypad cannot be used here.</source>
+        <translation>Los atajos funcionan desde cualquier aplicación. Aquí no se pueden usar las teclas de acento ni las del teclado numérico.</translation>
+    </message>
+    <message>
         <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
         <translation>Este escritorio no indica qué aplicaciones se están ejecutando, por lo que solo se muestran las de X11.</translation>
     </message>

@@ -452,6 +452,10 @@
         <translation>Les raccourcis fonctionnent dans toutes les applications.</translation>
     </message>
     <message>
+        <source>Shortcuts work from any application. Keys for accents and those of the numeric keypad cannot be used here.</source>
+        <translation>Les raccourcis fonctionnent dans toutes les applications. Les touches d’accent et celles du pavé numérique ne sont pas utilisables ici.</translation>
+    </message>
+    <message>
         <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
         <translation>Ce bureau n’indique pas quelles applications sont ouvertes, donc seules celles de X11 sont affichées.</translation>
     </message>

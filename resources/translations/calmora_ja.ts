@@ -440,6 +440,10 @@
         <translation>ショートカットはどのアプリからでも使えます。</translation>
     </message>
     <message>
+        <source>Shortcuts work from any application. Keys for accents and those of the numeric keypad cannot be used here.</source>
+        <translation>ショートカットはどのアプリからでも使えます。ここでは、アクセント記号のキーとテンキーは使えません。</translation>
+    </message>
+    <message>
         <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
         <translation>このデスクトップでは、実行中のアプリが分からないため、X11のアプリだけが表示されます。</translation>
     </message>

@@ -440,6 +440,10 @@
         <translation>快捷键在任何应用中都有效。</translation>
     </message>
     <message>
+        <source>Shortcuts work from any application. Keys for accents and those of the numeric keypad cannot be used here.</source>
+        <translation>快捷键在任何应用中都有效。此处不能使用重音符号键和数字小键盘上的键。</translation>
+    </message>
+    <message>
         <source>This desktop does not tell which applications run, so only X11 ones are listed.</source>
         <translation>此桌面不提供正在运行的应用，因此仅列出 X11 应用。</translation>
     </message>

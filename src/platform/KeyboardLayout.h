@@ -24,6 +24,9 @@ class KeyboardLayout {
     [[nodiscard]] virtual std::optional<std::string>
     shiftedCharacter(std::int64_t keyCode) const = 0;
 
+    /// Whether a key, or with Shift, waits for a letter to put an accent on.
+    [[nodiscard]] virtual bool isDeadKey(std::int64_t keyCode, bool withShift) const = 0;
+
     /// The virtual key code for the window system's own number of a key; absent if there is none.
     [[nodiscard]] virtual std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const = 0;
 

@@ -95,6 +95,10 @@ class FakeKeyboardLayout final : public KeyboardLayout {
         return lookUp(shiftedCharacters, keyCode);
     }
 
+    bool isDeadKey(std::int64_t keyCode, bool withShift) const override {
+        return !withShift && lookUp(characters, keyCode) == "\u00B4";
+    }
+
     /// A native key is its virtual key code plus 1000.
     std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override {
         return nativeKey >= 1000 ? std::optional<std::int64_t>(nativeKey - 1000) : std::nullopt;

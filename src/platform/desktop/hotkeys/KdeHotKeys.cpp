@@ -59,6 +59,12 @@ KdeHotKeys::KdeHotKeys(const DesktopHotKeysSurroundings& surroundings)
     layoutChanges_ = surroundings_.layout.onChanged([this] { takeAll(); });
 }
 
+/// KWin does not tell the keypad's digits from the others, and composes accents first.
+std::string KdeHotKeys::limitation() const {
+    return "Shortcuts work from any application. Keys for accents and those of the numeric keypad "
+           "cannot be used here.";
+}
+
 HotKeyRegistration KdeHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                               HotKeyIdentifier identifier) {
     const HotKeyCombination combination{keyCode, modifiers};
@@ -131,11 +137,15 @@ std::int32_t KdeHotKeys::take(HotKeyCombination combination) const {
 QList<int> KdeHotKeys::qtKeys(HotKeyCombination combination) const {
     const KeyNames names(surroundings_.layout);
     QList<int> keys;
+    const bool withShift = (combination.modifiers & carbon::shift) != 0;
+    if (surroundings_.layout.isDeadKey(combination.keyCode, withShift)) {
+        return keys;
+    }
     if (const auto key = qtKey({combination.modifiers, names.name(combination.keyCode)})) {
         keys.append(static_cast<int>(*key));
         const std::string sign = names.shiftedSign(combination.keyCode);
         const auto shifted = qtKey({combination.modifiers & ~carbon::shift, sign});
-        if ((combination.modifiers & carbon::shift) != 0 && shifted) {
+        if (withShift && shifted) {
             keys.append(static_cast<int>(*shifted));
         }
     }

@@ -21,7 +21,9 @@ class KdeHotKeys final : public HotKeys {
 
     [[nodiscard]] std::optional<std::string> unavailableReason() const override { return {}; }
 
-    /// A key without a key of Qt's is a bad value; one that another program has is taken. While
+    [[nodiscard]] std::string limitation() const override;
+
+    /// A key that limitation() names is a bad value; one that another program has is taken. While
     /// there is no daemon, success: it is registered as soon as there is one.
     [[nodiscard]] HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                     HotKeyIdentifier identifier) override;

@@ -97,4 +97,10 @@ std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t la
     return std::string(buffer.data());
 }
 
+bool isDead(xkb_keymap& keymap, xkb_layout_index_t layout, X11KeyCode key,
+            xkb_level_index_t level) {
+    const xkb_keysym_t found = symbol(keymap, layout, key, level);
+    return found >= XKB_KEY_dead_grave && found <= XKB_KEY_dead_longsolidusoverlay;
+}
+
 } // namespace calmora

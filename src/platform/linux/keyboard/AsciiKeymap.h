@@ -36,4 +36,8 @@ using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
 [[nodiscard]] std::optional<std::string> characterOf(xkb_keymap& keymap, xkb_layout_index_t layout,
                                                      X11KeyCode key, xkb_level_index_t level);
 
+/// Whether the key waits for a letter on that level.
+[[nodiscard]] bool isDead(xkb_keymap& keymap, xkb_layout_index_t layout, X11KeyCode key,
+                          xkb_level_index_t level);
+
 } // namespace calmora

@@ -76,6 +76,14 @@ std::optional<std::string> X11KeyboardLayout::characterOn(std::int64_t keyCode,
     return keymap_ && key ? characterOf(*keymap_, layout_, *key, level) : std::nullopt;
 }
 
+bool X11KeyboardLayout::isDeadKey(std::int64_t keyCode, bool withShift) const {
+    if (!keymap_) {
+        read();
+    }
+    const auto key = x11KeyCode(keyCode);
+    return keymap_ && key && isDead(*keymap_, layout_, *key, withShift ? 1 : 0);
+}
+
 std::optional<std::int64_t> X11KeyboardLayout::keyCode(std::uint32_t nativeKey) const {
     constexpr std::uint32_t lastKey = 255;
     return nativeKey <= lastKey ? virtualKeyCode(static_cast<X11KeyCode>(nativeKey)) : std::nullopt;

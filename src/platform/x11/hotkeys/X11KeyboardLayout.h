@@ -23,6 +23,7 @@ class X11KeyboardLayout final : public KeyboardLayout {
 
     [[nodiscard]] std::optional<std::string> character(std::int64_t keyCode) const override;
     [[nodiscard]] std::optional<std::string> shiftedCharacter(std::int64_t keyCode) const override;
+    [[nodiscard]] bool isDeadKey(std::int64_t keyCode, bool withShift) const override;
     [[nodiscard]] std::optional<std::int64_t> keyCode(std::uint32_t nativeKey) const override;
 
     [[nodiscard]] Subscription onChanged(std::function<void()> handler) override {
