@@ -103,7 +103,9 @@ std::string diagnosis(WindowBackend& backend, LinuxMachine& machine,
         return limitation.empty() ? std::string("complete") : limitation;
     };
     add("list", limit(backend.listLimitation()));
-    add("auto-quit", limit(backend.autoQuitLimitation()));
+    if (const std::string exception = backend.autoQuitLimitation(); !exception.empty()) {
+        add("auto-quit", exception);
+    }
     add("shortcuts", limit(backend.hotKeys().limitation()));
     add("session bus", sessionBus.isConnected() ? "connected" : "none");
     for (const ProcessId process : processes) {
