@@ -84,7 +84,8 @@ zwlr_layer_surface_v1* LayerShell::addRole(wl_surface* surface, QScreen* screen,
 
 bool LayerShell::knowsOnDemand() const {
     return zwlr_layer_shell_v1_get_version(shell_) >=
-           ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND_SINCE_VERSION;
+               ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND_SINCE_VERSION &&
+           !qEnvironmentVariableIsSet("SWAYSOCK");
 }
 
 wl_region* LayerShell::makeRegion() const {

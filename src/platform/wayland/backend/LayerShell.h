@@ -30,7 +30,8 @@ class LayerShell {
     [[nodiscard]] zwlr_layer_surface_v1* addRole(wl_surface* surface, QScreen* screen,
                                                  zwlr_layer_shell_v1_layer layer) const;
 
-    /// Whether a surface can have the keyboard without keeping it from all others.
+    /// Whether a surface can have the keyboard without keeping it from all others. sway knows how,
+    /// but takes the keyboard away again when any other layer surface changes (1.10).
     [[nodiscard]] bool knowsOnDemand() const;
 
     [[nodiscard]] wl_region* makeRegion() const;

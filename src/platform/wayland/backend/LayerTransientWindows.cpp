@@ -27,6 +27,13 @@ constexpr std::chrono::milliseconds answerTime{30};
 /// How long a compositor may take to move the keyboard.
 constexpr std::chrono::milliseconds keyboardTime{300};
 
+/// An icon whose middle is at a place on a screen.
+Rect iconAt(Point place, const QScreen& screen) {
+    const QPoint origin = screen.geometry().topLeft();
+    return {place.x + origin.x() - usualSide / 2, place.y + origin.y() - usualSide / 2, usualSide,
+            usualSide};
+}
+
 /// The keyboard of one transient window.
 class LayerFocusGrab final : public FocusGrab {
   public:
@@ -127,9 +134,7 @@ PopoverSurroundings LayerTransientWindows::popoverSurroundings(std::optional<Rec
         }
         const Rect area = areaBesideBars(output.size, output.usable, hint);
         if (!isTold && output.pointer && isInBar(*output.pointer, area)) {
-            surroundings.icon = onScreen({output.pointer->x - usualSide / 2,
-                                          output.pointer->y - usualSide / 2, usualSide, usualSide});
-            lastIcon_ = surroundings.icon;
+            surroundings.icon = lastIcon_ = iconAt(*output.pointer, *screen);
         }
         const ScreenArea place{
             onScreen({0, 0, output.size.width, output.size.height}),
@@ -144,6 +149,20 @@ PopoverSurroundings LayerTransientWindows::popoverSurroundings(std::optional<Rec
         surroundings.icon = lastIcon_;
     }
     return surroundings;
+}
+
+/// labwc tells the pointer's place only once the popover is shown: that is for the next time.
+void LayerTransientWindows::learnIcon() {
+    const std::vector<OutsideCatcher::Output> outputs = catcher_->outputs();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const auto output =
+            std::ranges::find(outputs, screen->name().toStdString(), &OutsideCatcher::Output::name);
+        if (output != outputs.end() && output->pointer &&
+            isInBar(*output->pointer,
+                    areaBesideBars(output->size, output->usable, output->pointer))) {
+            lastIcon_ = iconAt(*output->pointer, *screen);
+        }
+    }
 }
 
 void LayerTransientWindows::setInputArea(QWindow& window, const QRect& inner) {
@@ -293,6 +312,7 @@ void LayerTransientWindows::updateCover() {
     }
     if (std::ranges::none_of(
             shown_, [&](const auto& entry) { return takesKeys(entry) && !isAlert(entry); })) {
+        learnIcon();
         catcher_.reset();
         return;
     }

@@ -71,6 +71,7 @@ class LayerTransientWindows final : public QObject, public TransientWindows {
     void takenAway(QWindow& window);
     void placeAtPointer(QWindow& menu);
     void cover(std::chrono::milliseconds timeout);
+    void learnIcon();
     void updateCover();
     void pressed();
 

@@ -225,7 +225,7 @@ class OutsideCatcher::Input {
 
     void entered(std::uint32_t serial, const wl_surface* surface, Point place) {
         for (const auto& cover : catcher_.covers_) {
-            if (cover->has(surface)) {
+            if (cover->has(surface) && !cover->facts.pointer) {
                 cover->facts.pointer = place;
             }
         }

@@ -26,7 +26,8 @@ class OutsideCatcher {
         Size size;
         /// What bars leave of it. Where that lies is not told.
         Size usable;
-        /// Absent while the pointer is elsewhere, or where the compositor tells only once it moves.
+        /// Where the pointer was first. Absent while it has been elsewhere, or where the compositor
+        /// tells only once it moves.
         std::optional<Point> pointer;
     };
 
