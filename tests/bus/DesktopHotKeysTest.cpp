@@ -58,23 +58,6 @@ void sendFromStranger(PrivateBus& bus, const QDBusConnection& to, const QDBusMes
     QCoreApplication::processEvents();
 }
 
-/// Lets objects answer: the asking thread waits, so another one answers.
-struct AnsweringThread {
-    explicit AnsweringThread(std::initializer_list<QObject*> objects) {
-        for (QObject* object : objects) {
-            object->moveToThread(&thread);
-        }
-        thread.start();
-    }
-
-    ~AnsweringThread() {
-        thread.quit();
-        thread.wait();
-    }
-
-    QThread thread;
-};
-
 /// A daemon that has given away W and the exclamation mark.
 class Daemon {
   public:

@@ -5,6 +5,7 @@
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/desktop/status/QtStatusItem.h"
+#include "platform/gnome/backend/ShellLink.h"
 #include "platform/wayland/kwin/KwinScripts.h"
 
 #include "PrivateBus.h"
@@ -130,15 +131,31 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
 
     ScriptedObject panel(other, panelPath);
     ScriptedObject portal(other, portalPath);
+    ScriptedObject shell(other, ShellLink::path,
+                         [](auto&&) { return QVariantList{QVariantMap()}; });
+    ASSERT_TRUE(other.registerService("org.gnome.Shell"));
+    ASSERT_TRUE(other.registerService(ShellLink::service));
+    ShellLink link(own);
+    ASSERT_TRUE(loopUntil([&] { return link.isAttached(); }));
     for (const QVariantList& arguments : kinds) {
         object.emitSignal(properties, "PropertiesChanged", arguments);
         panel.emitSignal(panelName, "StatusNotifierItemRegistered", arguments);
         panel.emitSignal(panelName, "StatusNotifierItemUnregistered", arguments);
         portal.emitSignal("org.freedesktop.portal.Settings", "SettingChanged", arguments);
+        for (const char* name : {"WindowsChanged", "FocusChanged", "IconActivated", "MenuOpened",
+                                 "MenuActivated", "KeyPressed", "PressedOutside"}) {
+            shell.emitSignal(ShellLink::interfaceName, name, arguments);
+        }
     }
+    // Windows that do not tell their number, type, or whether they are of X11; and one that does.
+    const QVariantMap unclear{{"id", qulonglong{1}}, {"type", 0U}, {"x11", "no"}};
+    const QVariantMap window{{"id", qulonglong{2}}, {"type", 0U}, {"x11", true}};
+    shell.emitSignal(ShellLink::interfaceName, "WindowsChanged",
+                     {QVariant::fromValue(ShellWindowValues{{}, unclear, window})});
     // Anyone may announce an item; what is no name makes no rule for the bus.
     panel.emitSignal(panelName, "StatusNotifierItemRegistered", {"',type='method_call"});
     EXPECT_FALSE(applications.quitMediaPlayer(self));
+    EXPECT_TRUE(loopUntil([&] { return link.windows().size() == 1; }));
     object.emitSignal(properties, "PropertiesChanged",
                       {player, QVariantMap{{"CanQuit", true}}, QStringList()});
     EXPECT_TRUE(loopUntil([&] { return applications.quitMediaPlayer(self); }));
@@ -152,8 +169,10 @@ TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
     ScriptedObject actions(other, "/actions", giveIt);
     ScriptedObject notices(other, "/org/freedesktop/Notifications", giveIt);
     ScriptedObject portal(other, portalPath, giveIt);
-    for (const char* name : {panelName, "org.mpris.MediaPlayer2.one",
-                             "org.freedesktop.Notifications", "org.freedesktop.portal.Desktop"}) {
+    ScriptedObject shell(other, ShellLink::path, giveIt);
+    for (const char* name :
+         {"org.gnome.Shell", ShellLink::service, panelName, "org.mpris.MediaPlayer2.one",
+          "org.freedesktop.Notifications", "org.freedesktop.portal.Desktop"}) {
         ASSERT_TRUE(other.registerService(name));
     }
     const ExportedActions exported{other.baseService().toStdString(), "/actions"};
@@ -167,12 +186,15 @@ TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
         portal.calls.clear();
         DbusApplications applications(own);
         DesktopColorScheme scheme(own);
+        ShellLink link(own);
         const Subscription token = scheme.onChanged([&] { ADD_FAILURE() << shown; });
         applications.learnActions(exported);
         notifications.add({"id", "title", "body"});
         ASSERT_TRUE(loopUntil([&] {
-            return !players.calls.empty() && !notices.calls.empty() && !portal.calls.empty();
+            return !players.calls.empty() && !notices.calls.empty() && !portal.calls.empty() &&
+                   link.state() != ShellLink::State::pending;
         })) << shown;
+        EXPECT_TRUE(link.windows().empty()) << shown;
         // Answered by the bus after all those answers.
         callAndWait(own, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
         EXPECT_TRUE(loopUntil([&] {

@@ -20,6 +20,11 @@ class PrivateBus {
 
     [[nodiscard]] qint64 processId() const { return daemon_.processId(); }
 
+    /// The file that the daemon listens on.
+    [[nodiscard]] std::string socket() const {
+        return address_.section('=', 1, 1).section(',', 0, 0).toStdString();
+    }
+
   private:
     QTemporaryDir folder_;
     QProcess daemon_;
@@ -52,6 +57,23 @@ class ScriptedObject : public QDBusVirtualObject {
     QDBusConnection connection_;
     QString path_;
     Answer answer_;
+};
+
+/// Lets objects answer: the asking thread waits, so another one answers.
+struct AnsweringThread {
+    explicit AnsweringThread(std::initializer_list<QObject*> objects) {
+        for (QObject* object : objects) {
+            object->moveToThread(&thread);
+        }
+        thread.start();
+    }
+
+    ~AnsweringThread() {
+        thread.quit();
+        thread.wait();
+    }
+
+    QThread thread;
 };
 
 /// Calls a method and runs the event loop until the answer is there.

@@ -44,8 +44,8 @@ void registerShellTypes() {
 std::vector<ShellWindow> shellWindows(const ShellWindowValues& values) {
     std::vector<ShellWindow> windows;
     for (const QVariantMap& map : values.first(std::min(values.size(), mostWindows))) {
-        // Without these a window could be taken for one of Wayland, which may be asked.
-        if (map.contains("id") && map.contains("x11") && map.contains("type")) {
+        // One of X11 must not be taken for one of Wayland, which may be asked.
+        if (findMember<bool>(map, "x11") && findMember<uint>(map, "type")) {
             windows.push_back(shellWindow(map));
         }
     }

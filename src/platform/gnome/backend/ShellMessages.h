@@ -41,18 +41,24 @@ using ShellWindowValues = QList<QVariantMap>;
 /// Registers these types with Qt D-Bus; may be called again.
 void registerShellTypes();
 
-/// A member of a message's map; the type's own zero if it is missing or of another type.
+/// A member of a message's map; absent if it is missing or of another type.
 template <typename Value>
-[[nodiscard]] Value memberOf(const QVariantMap& map, const char* key) {
+[[nodiscard]] std::optional<Value> findMember(const QVariantMap& map, const char* key) {
     QVariant value = map.value(key);
     if (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();
     }
-    return readValue<Value>(value).value_or(Value{});
+    return readValue<Value>(value);
 }
 
-/// The windows in a message, oldest first: those with a number, and not more than 4096. What has
-/// another type than it should is left out.
+/// The same, or else the type's own zero.
+template <typename Value>
+[[nodiscard]] Value memberOf(const QVariantMap& map, const char* key) {
+    return findMember<Value>(map, key).value_or(Value{});
+}
+
+/// The windows in a message, oldest first, and not more than 4096. One that does not tell its
+/// number, its type, or whether it is of X11 is left out.
 [[nodiscard]] std::vector<ShellWindow> shellWindows(const ShellWindowValues& values);
 
 /// What the extension answers when the program attaches itself.
