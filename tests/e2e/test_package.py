@@ -45,6 +45,8 @@ class Package(DesktopCase):
             self.assertEqual({tag.replace("-", "_") for tag in found}, languages)
         self.assertIn("<project_license>MIT<", metainfo.read_text())
         self.assertIn("License: MIT", (share / "doc/calmora/copyright").read_text())
+        for extension in (share / "gnome-shell/extensions").iterdir():
+            self.assertIn("'/usr/bin/calmora'", (extension / "program.js").read_text())
 
         control = subprocess.run(["dpkg-deb", "--field", self.deb], check=True, text=True,
                                  capture_output=True).stdout
