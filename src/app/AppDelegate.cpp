@@ -36,6 +36,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     statusItem_->setTemplateImage(image, statusIconPoints);
     statusItem_->setAction([this](StatusEvent event) { togglePopover(event); });
     statusItem_->setMenu([this] { return contextMenu(); });
+    popoverShows_ = popover_->onWillShow([this] { statusItem_->setPopoverShown(true); });
+    popoverCloses_ = popover_->onDidClose([this] { statusItem_->setPopoverShown(false); });
 
     wireShortcuts();
 
@@ -105,7 +107,14 @@ void AppDelegate::openPopover() {
     }
 }
 
+void AppDelegate::closePopover() {
+    if (popover_) {
+        popover_->performClose();
+    }
+}
+
 void AppDelegate::showContextMenu() {
+    closePopover();
     if (statusItem_) {
         statusItem_->popUpMenu();
     }

@@ -56,6 +56,9 @@ class AppDelegate {
     /// Opens the popover unless it is shown.
     void openPopover();
 
+    /// Closes the popover if it is shown.
+    void closePopover();
+
     /// Quits what a fresh list has ticked, and asks before force. Blocks until answered, and while
     /// the applications may end.
     QuitOutcome quitAll(bool force);
@@ -63,7 +66,7 @@ class AppDelegate {
     /// The rows of the popover, from top to bottom. CPU use is that since the last call.
     [[nodiscard]] std::vector<AppInfo> rows();
 
-    /// Opens the menu where the status bar does not do it by itself.
+    /// Opens the menu where the status bar does not do it by itself; the popover closes first.
     void showContextMenu();
 
     /// Shows the About panel.
@@ -86,6 +89,8 @@ class AppDelegate {
     std::unique_ptr<Updater> updaterController_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
+    Subscription popoverShows_;
+    Subscription popoverCloses_;
     HotKeyManager hotKeyManager_;
     std::unique_ptr<AutoQuitManager> autoQuitManager_;
 

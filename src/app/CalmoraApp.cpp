@@ -164,7 +164,12 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
 }
 
 std::unique_ptr<StatusItem> CalmoraApp::makeStatusItem() {
-    const auto onMenu = [this](bool isOpen) { globalShortcuts_.setPanelMenuOpen(isOpen); };
+    const auto onMenu = [this](bool isOpen) {
+        globalShortcuts_.setPanelMenuOpen(isOpen);
+        if (isOpen) {
+            delegate_.closePopover();
+        }
+    };
     auto item = std::make_unique<QtStatusItem>(sessionBus_, identity::identifier, strings_, onMenu);
     if (!shell_) {
         return item;

@@ -45,6 +45,10 @@ class StatusItem {
     /// draws the menu.
     virtual void popUpMenu() = 0;
 
+    /// Tells whether the popover is open at the icon, which then has no tool tip: it would lie over
+    /// the popover.
+    virtual void setPopoverShown(bool isShown) = 0;
+
     /// The icon's rectangle; absent if unknown.
     [[nodiscard]] virtual std::optional<Rect> frame() const = 0;
 };

@@ -229,6 +229,18 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
     tell("clicked", children(menu).front().id);
     ASSERT_TRUE(loopUntil([&] { return events.size() == 1; }));
     EXPECT_EQ(events.back(), StatusEvent::leftMouseUp);
+
+    item.setPopoverShown(true);
+    EXPECT_EQ(qdbus_cast<DbusToolTip>(property("ToolTip")).title, "");
+    item.setPopoverShown(false); // The menu takes the focus.
+    EXPECT_EQ(qdbus_cast<DbusToolTip>(property("ToolTip")).title, "Calmora");
+    tell("opened");
+    tell("clicked", children(menu).front().id);
+    tell("closed");
+    callMenu("AboutToShow", {0});
+    EXPECT_EQ(events.size(), 1U) << "the popover stays hidden";
+    tell("clicked", children(menu).front().id);
+    EXPECT_TRUE(loopUntil([&] { return events.size() == 2; }));
 }
 
 TEST(StatusMenuTest, answersItsKeysWhileOpen) {

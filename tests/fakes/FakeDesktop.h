@@ -143,9 +143,14 @@ class FakeStatusItem final : public StatusItem {
 
     void setMenu(std::function<std::vector<StatusMenuItem>()>) override {}
 
-    void popUpMenu() override {}
+    void popUpMenu() override { wasPopoverShownAtMenu = isPopoverShown; }
+
+    void setPopoverShown(bool isShown) override { isPopoverShown = isShown; }
 
     std::optional<Rect> frame() const override { return {}; }
+
+    bool isPopoverShown = false;
+    std::optional<bool> wasPopoverShownAtMenu;
 };
 
 /// Notices in memory.

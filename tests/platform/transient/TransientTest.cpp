@@ -234,9 +234,8 @@ TEST_F(TransientTest, ClosesWhenTheUserSwitchesWindows) {
     EXPECT_TRUE(popover_.isShown());
     input_.release({altL});
     EXPECT_TRUE(loopUntil([&] { return !popover_.isShown(); }));
-    EXPECT_TRUE(loopUntil([&] {
-        return input_.keyboardOwner() == first_ || input_.keyboardOwner() == second_;
-    }));
+    EXPECT_TRUE(loopUntil(
+        [&] { return input_.keyboardOwner() == first_ || input_.keyboardOwner() == second_; }));
 }
 
 TEST_F(TransientTest, ClosesForAPressOutsideButNotOnItsIconAndOnce) {

@@ -20,7 +20,9 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     }
 
     std::unique_ptr<StatusItem> makeStatusItem() override {
-        return std::make_unique<FakeStatusItem>();
+        auto item = std::make_unique<FakeStatusItem>();
+        statusItem_ = item.get();
+        return item;
     }
 
     void orderFrontAboutPanel() override {}
@@ -36,6 +38,7 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     KeyboardShortcuts shortcuts_{
         {fakes_.defaults, center_, hotKeys_, layout_, fakes_.strings, fakes_.text}};
     FakePopover* popover_ = nullptr;
+    FakeStatusItem* statusItem_ = nullptr;
     AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
                           *this,           fakes_.platform(),
                           shortcuts_,      notifications_,
@@ -52,7 +55,11 @@ TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
     for (const bool isShown : {true, false}) {
         hotKeys_.fire(1);
         EXPECT_EQ(popover_->isShown(), isShown);
+        EXPECT_EQ(statusItem_->isPopoverShown, isShown);
     }
+    delegate_.togglePopover(StatusEvent::leftMouseUp);
+    delegate_.togglePopover(StatusEvent::rightMouseUp);
+    EXPECT_EQ(statusItem_->wasPopoverShownAtMenu, false) << "it closes before the menu opens";
     hotKeys_.fire(3);
     EXPECT_TRUE(fakes_.alerts.shown.empty()) << "nothing runs";
 

@@ -8,9 +8,18 @@
 #include <QIcon>
 #include <QImage>
 
+#include <array>
+#include <chrono>
+
 class QScreen;
 
 namespace calmora {
+
+/// When to look at a bar again after an icon has appeared in it: many paint themselves late, and
+/// nobody tells.
+inline constexpr std::array latePaintings{std::chrono::milliseconds{500},
+                                          std::chrono::milliseconds{2000},
+                                          std::chrono::milliseconds{5000}};
 
 /// Black or white, whichever contrasts more with a bar of this colour.
 [[nodiscard]] QColor glyphColorOn(const QColor& background);

@@ -19,7 +19,7 @@ constexpr auto gnomeShellName = "org.gnome.Shell";
 
 NotifierItem::NotifierItem(const QDBusConnection& connection, const QString& id,
                            const QString& title, const QString& menuPath, Handlers handlers)
-    : connection_(connection), id_(id), title_(title), menu_(menuPath),
+    : connection_(connection), id_(id), title_(title), toolTip_(title), menu_(menuPath),
       handlers_(std::move(handlers)) {
     registerStatusTypes();
     connection_.registerObject(path, this, QDBusConnection::ExportAllContents);
@@ -39,6 +39,11 @@ void NotifierItem::setIcon(const Icon& icon) {
 void NotifierItem::setHidden(bool isHidden) {
     status_ = isHidden ? "Passive" : "Active";
     Q_EMIT NewStatus(status_);
+}
+
+void NotifierItem::setToolTip(const QString& text) {
+    toolTip_ = text;
+    Q_EMIT NewToolTip();
 }
 
 void NotifierItem::Activate(int x, int y) {

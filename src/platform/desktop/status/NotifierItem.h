@@ -62,6 +62,9 @@ class NotifierItem final : public QObject {
 
     void setIcon(const Icon& icon);
 
+    /// Empty shows none, where the panel does not use the title in its place.
+    void setToolTip(const QString& text);
+
     /// Panels show no hidden item.
     void setHidden(bool isHidden);
 
@@ -88,12 +91,13 @@ class NotifierItem final : public QObject {
 
     [[nodiscard]] QList<DbusPixmap> iconPixmap() const { return icon_.pixmaps; }
 
-    [[nodiscard]] DbusToolTip toolTip() const { return {{}, {}, title_, {}}; }
+    [[nodiscard]] DbusToolTip toolTip() const { return {{}, {}, toolTip_, {}}; }
 
     QDBusConnection connection_;
     QString category_ = "ApplicationStatus";
     QString id_;
     QString title_;
+    QString toolTip_;
     QString status_ = "Active";
     int windowId_ = 0;
     QString noName_;

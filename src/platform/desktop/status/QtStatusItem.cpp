@@ -30,8 +30,8 @@ constexpr std::array commands{Qt::ControlModifier, Qt::MetaModifier};
 constexpr auto title = "Calmora";
 /// Side of a panel's icon, about.
 constexpr int usualSide = 22;
-/// Long enough for a panel that starts to paint itself.
-constexpr std::chrono::milliseconds paintTime{1000};
+/// Time from the click that closes the popover to the panel's word that its menu is open.
+constexpr std::chrono::milliseconds menuDelay{500};
 
 bool isX11() {
     return QGuiApplication::platformName() == "xcb";
@@ -150,7 +150,22 @@ bool QtStatusItem::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+void QtStatusItem::setPopoverShown(bool isShown) {
+    if (isPopoverShown_ && !isShown) {
+        popoverClosed_.setRemainingTime(menuDelay);
+    }
+    isPopoverShown_ = isShown;
+    const QString toolTip = isShown ? QString() : QString(title);
+    item_.setToolTip(toolTip);
+    if (trayIcon_) {
+        trayIcon_->setToolTip(toolTip);
+    }
+}
+
 void QtStatusItem::setPanelMenuOpen(bool isOpen) {
+    if (isOpen) {
+        hidesPopover_ = isPopoverShown_ || !popoverClosed_.hasExpired();
+    }
     if (onPanelMenu_) {
         onPanelMenu_(isOpen);
     }
@@ -191,7 +206,9 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
     item_.announce();
     if (drawsNamesAsTheyAre()) {
         // A panel that has just come is not painted yet.
-        QTimer::singleShot(paintTime, this, [this] { publishIcon(); });
+        for (const auto delay : latePaintings) {
+            QTimer::singleShot(delay, this, [this] { publishIcon(); });
+        }
     }
 }
 
@@ -211,6 +228,13 @@ void QtStatusItem::clicked(StatusEvent event, Point place) {
 void QtStatusItem::act(StatusEvent event) {
     if (action_) {
         action_(event);
+    }
+}
+
+void QtStatusItem::showOrHide() {
+    // The menu that this comes from has taken the focus, which closes the popover.
+    if (isPopoverShown_ || !std::exchange(hidesPopover_, false)) {
+        act(StatusEvent::leftMouseUp);
     }
 }
 
@@ -240,7 +264,7 @@ std::vector<StatusMenuItem> QtStatusItem::buildMenu() {
         items.push_back({.title = strings_.text("Show/Hide Calmora"),
                          .keyEquivalent = {},
                          .isEnabled = true,
-                         .action = [this] { act(StatusEvent::leftMouseUp); }});
+                         .action = [this] { showOrHide(); }});
         items.push_back({});
     }
     if (build_) {

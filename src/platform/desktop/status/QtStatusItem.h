@@ -11,7 +11,9 @@
 #include <QObject>
 #include <QPoint>
 
+#include <QDeadlineTimer>
 #include <filesystem>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -56,6 +58,7 @@ class QtStatusItem final : public QObject, public StatusItem {
 
     void setMenu(std::function<std::vector<StatusMenuItem>()> build) override;
     void popUpMenu() override;
+    void setPopoverShown(bool isShown) override;
 
     /// The tray icon's rectangle; in a panel, which does not tell it, a square around the last
     /// click.
@@ -73,11 +76,18 @@ class QtStatusItem final : public QObject, public StatusItem {
     void clicked(StatusEvent event, Point place);
     void act(StatusEvent event);
     void publishIcon();
+    /// The entry of GNOME's menu.
+    void showOrHide();
     /// Where a menu of this height opens.
     [[nodiscard]] QPoint menuPlace(int height) const;
     [[nodiscard]] std::vector<StatusMenuItem> buildMenu();
 
     const LocalizedStrings& strings_;
+    bool isPopoverShown_ = false;
+    /// Runs for a while after the popover has closed, perhaps because a menu opens.
+    QDeadlineTimer popoverClosed_{0};
+    /// Whether the popover was shown when the panel's menu was opened.
+    bool hidesPopover_ = false;
     std::optional<Image> image_;
     std::function<void(bool)> onPanelMenu_;
     std::function<void(StatusEvent)> action_;

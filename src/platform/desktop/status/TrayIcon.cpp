@@ -48,6 +48,13 @@ void TrayIcon::setGlyph(const std::optional<Image>& glyph) {
     glyph_ = glyph;
     draw();
     icon_.show();
+    lookAgain();
+}
+
+void TrayIcon::lookAgain() {
+    for (const auto delay : latePaintings) {
+        QTimer::singleShot(delay, this, [this] { adaptColor(); });
+    }
 }
 
 std::optional<Rect> TrayIcon::geometry() const {
@@ -62,6 +69,10 @@ bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
     // Qt does not report where its icon is, but its window in the tray gets paint events.
     if (event->type() == QEvent::Paint && !isAdapting_ && watched->isWidgetType() &&
         watched->inherits("QSystemTrayIconSys")) {
+        if (painted_ != watched) {
+            painted_ = watched;
+            lookAgain(); // Another tray, or the first one.
+        }
         isAdapting_ = true;
         QTimer::singleShot(settleTime, this, [this] {
             adaptColor();

@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QObject>
+#include <QPointer>
 #include <QSystemTrayIcon>
 
 #include <functional>
@@ -25,6 +26,8 @@ class TrayIcon : public QObject {
     /// The glyph, drawn black or white to contrast with the tray.
     void setGlyph(const std::optional<Image>& glyph);
 
+    void setToolTip(const QString& text) { icon_.setToolTip(text); }
+
     /// Where the icon is on screen; absent while no tray shows it.
     [[nodiscard]] std::optional<Rect> geometry() const;
 
@@ -34,12 +37,15 @@ class TrayIcon : public QObject {
   private:
     void draw();
     void adaptColor();
+    void lookAgain();
 
     QSystemTrayIcon icon_;
     std::function<void(StatusEvent)> onClick_;
     std::optional<Image> glyph_;
     QColor color_;
     bool isAdapting_ = false;
+    /// The icon's window, once it was painted.
+    QPointer<QObject> painted_;
 };
 
 } // namespace calmora

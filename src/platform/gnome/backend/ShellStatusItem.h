@@ -27,6 +27,9 @@ class ShellStatusItem final : public StatusItem {
     void setAction(std::function<void(StatusEvent)> action) override;
     void setMenu(std::function<std::vector<StatusMenuItem>()> build) override;
     void popUpMenu() override;
+
+    void setPopoverShown(bool isShown) override { other_->setPopoverShown(isShown); }
+
     [[nodiscard]] std::optional<Rect> frame() const override;
 
   private:
