@@ -712,6 +712,10 @@
         <translation>Eingabe</translation>
     </message>
     <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
         <source>Backspace</source>
         <translation>Rücktaste</translation>
     </message>

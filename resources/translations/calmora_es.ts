@@ -712,6 +712,10 @@
         <translation>Intro</translation>
     </message>
     <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
+    </message>
+    <message>
         <source>Backspace</source>
         <translation>Retroceso</translation>
     </message>

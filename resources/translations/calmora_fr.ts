@@ -712,6 +712,10 @@
         <translation>Entrée</translation>
     </message>
     <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+    <message>
         <source>Backspace</source>
         <translation>Retour arrière</translation>
     </message>

@@ -700,6 +700,10 @@
         <translation>Enter</translation>
     </message>
     <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+    <message>
         <source>Backspace</source>
         <translation>Backspace</translation>
     </message>

@@ -700,6 +700,10 @@
         <translation>回车</translation>
     </message>
     <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
         <source>Backspace</source>
         <translation>退格</translation>
     </message>

@@ -24,6 +24,7 @@ constexpr auto specialKeys = std::to_array<SpecialKey>({
     {Key::rightArrow, "\u2192", "Right"},
     {Key::downArrow, "\u2193", "Down"},
     {Key::leftArrow, "\u2190", "Left"},
+    {Key::contextualMenu, "Menu", "Menu"},
     {Key::f1, "F1", "F1", 1},
     {Key::f2, "F2", "F2", 2},
     {Key::f3, "F3", "F3", 3},
@@ -64,7 +65,7 @@ constexpr auto specialKeys = std::to_array<SpecialKey>({
     {Key::keypadPlus, "+\u20E3", "Keypad +", 0, true},
 });
 
-static_assert(specialKeys.size() == 53);
+static_assert(specialKeys.size() == 54);
 
 } // namespace
 

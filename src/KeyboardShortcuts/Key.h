@@ -55,7 +55,7 @@ struct Key {
 /// A key that has no character of its own and is always shown by a fixed text in UTF-8.
 struct SpecialKey {
     Key key;
-    /// How it is shown; for the space key the name of a localized text.
+    /// How it is shown; for the space and menu keys the name of a localized text.
     std::string_view text;
     /// Its name in English, which is also the name of the localized text.
     std::string_view spokenName;
@@ -64,7 +64,7 @@ struct SpecialKey {
     bool isKeypad = false;
 };
 
-/// The special key with this virtual key code, one of 53; null when there is none.
+/// The special key with this virtual key code, one of 54; null when there is none.
 [[nodiscard]] const SpecialKey* specialKey(Key key);
 
 } // namespace calmora

@@ -123,6 +123,11 @@ bool RecorderCocoa::eventFilter(QObject* watched, QEvent* event) {
     return recorder_->handle(input) == RecorderVerdict::swallow;
 }
 
+QVariant RecorderCocoa::inputMethodQuery(Qt::InputMethodQuery query) const {
+    // Else a dead key would wait for the letter that it belongs to.
+    return query == Qt::ImEnabled ? QVariant(false) : QLineEdit::inputMethodQuery(query);
+}
+
 bool RecorderCocoa::event(QEvent* event) {
     const bool isOfText =
         event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonDblClick ||
@@ -171,7 +176,7 @@ void RecorderCocoa::keyPressEvent(QKeyEvent* event) {
     const InputEvent input = inputEvent(*event);
     const QPointer<RecorderCocoa> self(this);
     if (recorder_->handle(input) == RecorderVerdict::pass && self) {
-        focusNext();
+        focusBeside(!event->modifiers().testFlag(Qt::ShiftModifier));
     }
 }
 
@@ -311,12 +316,15 @@ void RecorderCocoa::clearByUser() {
     recorder_->textDidChange({});
 }
 
-/// Focuses what follows in the Tab order, though the focus has already left.
-void RecorderCocoa::focusNext() {
-    for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
+/// Focuses what follows or precedes in the Tab order, though the focus has already left.
+void RecorderCocoa::focusBeside(bool isForward) {
+    const auto step = [isForward](const QWidget* from) {
+        return isForward ? from->nextInFocusChain() : from->previousInFocusChain();
+    };
+    for (QWidget* next = step(this); next != this; next = step(next)) {
         if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->isVisibleTo(window()) &&
             next->isEnabled() && next->window() == window()) {
-            next->setFocus(Qt::TabFocusReason);
+            next->setFocus(isForward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
             return;
         }
     }

@@ -46,6 +46,8 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
@@ -80,7 +82,7 @@ class RecorderCocoa final : public QLineEdit, private RecorderControl {
 
     void preventBecomingKey();
     void clearByUser();
-    void focusNext();
+    void focusBeside(bool isForward);
     [[nodiscard]] InputEvent inputEvent(const QKeyEvent& event) const;
 
     const RecorderEnvironment& environment_;

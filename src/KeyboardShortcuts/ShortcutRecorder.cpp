@@ -185,7 +185,7 @@ void ShortcutRecorder::showText(const std::optional<Shortcut>& shortcut) {
 RecorderVerdict ShortcutRecorder::handleKey(const InputEvent& event) {
     const std::uint32_t modifiers = countingModifiers(event);
     const Key key{event.keyCode};
-    if (modifiers == 0 && key == Key::tab) {
+    if ((modifiers == 0 || modifiers == ModifierFlags::shift) && key == Key::tab) {
         control_.blur();
         return RecorderVerdict::pass;
     }

@@ -32,8 +32,9 @@ std::string ShortcutText::description(const Shortcut& shortcut) const {
     if (!special) {
         return symbols + capitalizedCharacter(shortcut);
     }
-    return symbols + (special->key == Key::space ? text_.capitalized(strings_.text(special->text))
-                                                 : std::string(special->text));
+    const bool isWord = special->key == Key::space || special->key == Key::contextualMenu;
+    return symbols +
+           (isWord ? text_.capitalized(strings_.text(special->text)) : std::string(special->text));
 }
 
 std::string ShortcutText::spokenDescription(const Shortcut& shortcut) const {

@@ -144,9 +144,7 @@ void AppRowView::showState() {
     const QString action = isRefused ? uiText("This desktop does not tell which process has which "
                                               "of these windows, so none can be forced to quit.")
                                      : uiText(row_.isForceQuit ? "Force Quit" : "Quit");
-    if (quit_->toolTip() != action) {
-        quit_->setToolTip(action);
-    }
+    changeToolTip(*quit_, action);
     const auto say = [](QWidget& widget, const QString& words) {
         if (widget.accessibleName() != words) {
             widget.setAccessibleName(words);

@@ -54,7 +54,7 @@ QString countHint(const EntryCount& count, const char* all, const char* withHidd
 
 void setHint(QWidget& widget, const QString& hint) {
     if (widget.toolTip() != hint) {
-        widget.setToolTip(hint);
+        changeToolTip(widget, hint);
         widget.setAccessibleDescription(hint);
     }
 }

@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -43,6 +44,17 @@ bool handleKey(QAbstractButton& button, QKeyEvent& event) {
 }
 
 } // namespace
+
+void changeToolTip(QWidget& widget, const QString& text) {
+    const QString before = widget.toolTip();
+    if (text == before) {
+        return;
+    }
+    widget.setToolTip(text);
+    if (widget.underMouse() && QToolTip::isVisible() && QToolTip::text() == before) {
+        QToolTip::showText(QCursor::pos(), text, &widget);
+    }
+}
 
 Button::Button(const QString& text, ButtonLook look, QWidget* parent)
     : QPushButton(text, parent), look_(std::move(look)) {

@@ -10,6 +10,9 @@
 
 namespace calmora {
 
+/// Gives a widget another tool tip; one that is on screen for it changes at once.
+void changeToolTip(QWidget& widget, const QString& text);
+
 /// How the style draws a Button. By default it is small, with an outline.
 struct ButtonLook {
     /// What fills the button.

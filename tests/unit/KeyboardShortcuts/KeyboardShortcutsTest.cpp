@@ -340,7 +340,9 @@ TEST_F(RecorderTest, ChecksKeysInOrder) {
         RecorderVerdict verdict = RecorderVerdict::swallow;
     } rows[] = {
         {48, 0, "idle none", RecorderVerdict::pass},
-        {48, Keys::shift, "recording none beep"},
+        {48, Keys::shift, "idle none", RecorderVerdict::pass},
+        {48, Keys::control | Keys::shift, accepted(48, 0x1200, "⌃⇧⇥")},
+        {110, Keys::control, accepted(110, 0x1000, "⌃Menu")},
         {53, 0, "idle none"},
         {0, 0, "recording none beep"},
         {123, Keys::function | Keys::numericPad, "recording none beep"},

@@ -46,6 +46,20 @@ TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
     }
 }
 
+TEST_F(ShortcutsPaneTest, LetsTabOutBothWaysAndNoInputMethodIn) {
+    RecorderCocoa& first = pane.recorder("activateMenu");
+    RecorderCocoa& second = pane.recorder("quitAll");
+    constexpr int tab = 48;
+    QTest::mouseClick(&second, Qt::LeftButton);
+    press(second, tab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &first);
+    press(first, tab);
+    EXPECT_EQ(QApplication::focusWidget(), &second);
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(&second, &query);
+    EXPECT_FALSE(query.value(Qt::ImEnabled).toBool()) << "it would swallow dead keys";
+}
+
 TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsDeletedDuringAQuestion) {
     QTest::mouseClick(&pane.recorder("quitAll"), Qt::LeftButton);
     bool isEnded = false;

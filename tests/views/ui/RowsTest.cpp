@@ -68,6 +68,21 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
     }
 }
 
+TEST(AppRowView, AToolTipFollowsOption) {
+    AppRowView view;
+    view.setRow({.app = app(1, "Mail")});
+    view.resize(360, 44);
+    view.show();
+    QWidget& quit = button(view, "quit");
+    quit.setAttribute(Qt::WA_UnderMouse);
+    QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), quit.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&quit, &help);
+    EXPECT_EQ(QToolTip::text(), "Quit");
+    view.setRow({.app = app(1, "Mail"), .isForceQuit = true});
+    EXPECT_EQ(QToolTip::text(), "Force Quit");
+    QToolTip::hideText();
+}
+
 TEST(AppRowView, FiguresGiveWayToTheStartOfAName) {
     const QFont usual = QApplication::font();
     QFont large = usual;
