@@ -126,6 +126,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
     colorSchemeChanges_ = colorScheme_.onChanged([this] { updateAppearance(); });
     themeChanges_ = backend_->onThemeChanged([this] { updateAppearance(); });
     updateAppearance();
+    setCompositing([this] { return backend_->transientWindows().isComposited(); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
     acted_ = instance.onAction(
         [this](const QString& action) { static_cast<void>(runCommand({"--" + action})); });
@@ -133,6 +134,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
 }
 
 CalmoraApp::~CalmoraApp() {
+    setCompositing(nullptr);
     delete aboutPanel_;
     delete settingsWindow_;
 }

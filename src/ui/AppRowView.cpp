@@ -382,8 +382,15 @@ void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
         menu->setPalette(palette);
     }
     const int side = menu->style()->pixelMetric(QStyle::PM_SmallIconSize);
-    const QIcon symbol(symbolPixmap(row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled",
-                                    side, color, devicePixelRatioF()));
+    QIcon symbol;
+    for (const auto& [mode, inColor] :
+         {std::pair(QIcon::Normal, color),
+          std::pair(QIcon::Selected, theme.color(ThemeColor::onAccent))}) {
+        symbol.addPixmap(
+            symbolPixmap(row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled", side,
+                         inColor, devicePixelRatioF()),
+            mode);
+    }
     QAction* item = menu->addAction(symbol, action->title);
     item->setIconVisibleInMenu(true);
     connect(item, &QAction::triggered, menu, action->run);

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace calmora {
 namespace {
@@ -176,6 +177,12 @@ void setAppearance(const AppearanceWish& wish) {
     }
     if (appearance) {
         QApplication::setPalette(themePalette(*appearance));
+    }
+}
+
+void setCompositing(std::function<bool()> isComposited) {
+    if (auto* style = dynamic_cast<ThemeStyle*>(QApplication::style())) {
+        style->setCompositing(std::move(isComposited));
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPalette>
 
+#include <functional>
 #include <optional>
 
 class QApplication;
@@ -126,6 +127,9 @@ struct AppearanceWish {
 /// Turns the whole application light or dark at once. What the desktop prefers comes first. Without
 /// that its own palette counts, and where it has none, the name of its theme.
 void setAppearance(const AppearanceWish& wish);
+
+/// Gives menus, pickers' lists and tool tips round corners while windows can be translucent.
+void setCompositing(std::function<bool()> isComposited);
 
 /// Draws the ring of the focused control around `bounds`.
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme);

@@ -4,6 +4,7 @@
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Pictures.h"
+#include "widgets/Popups.h"
 #include "widgets/Theme.h"
 
 #include <QComboBox>
@@ -283,6 +284,13 @@ ThemeStyle::ThemeStyle(bool desktopHasPalette)
     : QProxyStyle("Fusion"), desktopHasPalette_(desktopHasPalette) {}
 
 void ThemeStyle::polish(QWidget* widget) {
+    if (isPopup(*widget)) {
+        // Before the window is created: translucency is fixed then.
+        widget->setAttribute(Qt::WA_TranslucentBackground, isComposited_ && isComposited_());
+        if (!qobject_cast<QLabel*>(widget)) {
+            widget->setContentsMargins(1, 0, 1, 0);
+        }
+    }
     if (auto* label = qobject_cast<QLabel*>(widget)) {
         label->setTextFormat(Qt::PlainText);
     }
@@ -293,6 +301,10 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                QPainter* painter, const QWidget* widget) const {
     if (element == PE_IndicatorCheckBox) {
         drawCheckBox(*painter, *option);
+        return;
+    }
+    if ((element == PE_PanelMenu || element == PE_PanelTipLabel) && widget) {
+        drawPopupFace(*painter, *option, *widget);
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -313,7 +325,11 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
         drawCheckBoxAlone(*painter, *option, *box);
     } else if (element == CE_TabBarTab && tab && bar) {
         drawTab(*painter, *tab, *bar);
-    } else if (element != CE_ComboBoxLabel) { // A picker's label is drawn with its face.
+    } else if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+               element == CE_MenuItem && item) {
+        drawMenuItem(*painter, *item);
+    } else if (element != CE_MenuEmptyArea &&
+               element != CE_ComboBoxLabel) { // A picker's label is drawn with its face.
         QProxyStyle::drawControl(element, option, painter, widget);
     }
     painter->restore();
@@ -321,6 +337,10 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
 
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                    const QSize& contents, const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type == CT_MenuItem && item) {
+        return menuItemSize(*item);
+    }
     const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
     if (type != CT_TabBarTab || !tab) {
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
@@ -369,6 +389,11 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 
 QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                  SubControl subControl, const QWidget* widget) const {
+    if (control == CC_ComboBox && subControl == SC_ComboBoxListBoxPopup) {
+        // The list lies over the picker so that the texts coincide.
+        const int lead = optionInset() - metrics::pickerInset;
+        return visualRect(option->direction, option->rect, option->rect.adjusted(-lead, 0, 0, 0));
+    }
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control != CC_ScrollBar || !bar) {
         return QProxyStyle::subControlRect(control, option, subControl, widget);
@@ -409,6 +434,13 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return metrics::checkBox;
     case PM_ButtonMargin:
         return buttonMargin;
+    case PM_MenuPanelWidth:
+    case PM_MenuHMargin:
+        return 0;
+    case PM_MenuVMargin:
+        return menuPadding();
+    case PM_ToolTipLabelFrameWidth:
+        return toolTipPadding();
     case PM_ScrollBarExtent:
         return scrollBarWidth;
     case PM_ScrollBarSliderMin:
@@ -424,6 +456,9 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
                           QStyleHintReturn* returnData) const {
     if (hint == SH_ScrollBar_Transient) {
         return 0;
+    }
+    if (hint == SH_ComboBox_PopupFrameStyle) {
+        return QFrame::NoFrame;
     }
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }

@@ -3,17 +3,26 @@
 
 #include <QProxyStyle>
 
+#include <functional>
+#include <utility>
+
 namespace calmora {
 
 /// The look of the standard widgets: Qt's own Fusion style with our buttons, check boxes, switches,
-/// pickers and tabs (a symbol, named by the tab's data, over a label), and slim scroll bars that
-/// lie over what they scroll. Needs the palette alone.
+/// pickers, menus, tool tips and tabs (a symbol, named by the tab's data, over a label), and slim
+/// scroll bars that lie over what they scroll. Needs the palette alone.
 class ThemeStyle final : public QProxyStyle {
   public:
     /// `desktopHasPalette` tells whether the toolkit's palette is the desktop's own.
     explicit ThemeStyle(bool desktopHasPalette);
 
     [[nodiscard]] bool desktopHasPalette() const { return desktopHasPalette_; }
+
+    /// Gives the menus, lists and tool tips that open from now on round corners while
+    /// `isComposited`.
+    void setCompositing(std::function<bool()> isComposited) {
+        isComposited_ = std::move(isComposited);
+    }
 
     using QProxyStyle::polish;
 
@@ -40,6 +49,7 @@ class ThemeStyle final : public QProxyStyle {
 
   private:
     bool desktopHasPalette_;
+    std::function<bool()> isComposited_;
 };
 
 } // namespace calmora
