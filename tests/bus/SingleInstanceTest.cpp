@@ -5,6 +5,8 @@
 
 #include <future>
 
+#include <poll.h>
+
 namespace calmora {
 namespace {
 
@@ -83,6 +85,8 @@ TEST(RuntimeLockTest, isAskedForNoLongerThanItMay) {
     EXPECT_TRUE(loopUntil([&] { return holder->acceptAttempt(); }));
     EXPECT_TRUE(asking.get());
     asking = std::async(std::launch::async, [&] { return other.askHolder(10s); });
+    pollfd attempt{holder->descriptor(), POLLIN, 0};
+    EXPECT_EQ(poll(&attempt, 1, 5000), 1);
     holder.reset();
     EXPECT_FALSE(asking.get());
     EXPECT_FALSE(other.isHeldElsewhere()) << "it ended, so the next one takes its place";

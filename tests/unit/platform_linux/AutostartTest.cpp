@@ -68,6 +68,7 @@ TEST_F(AutostartLoginItemTest, StartsTheRunningProgramWhateverItsPath) {
         const auto entry = parseDesktopEntry(text, {});
         ASSERT_TRUE(entry) << text;
         EXPECT_EQ(execWords(entry->exec), std::vector{program.string()}) << text;
+        EXPECT_EQ(entry->tryExec, program.string()) << text;
         EXPECT_EQ(entry->icon, "org.example.Tool");
         EXPECT_FALSE(entry->hidden);
     }

@@ -53,6 +53,15 @@ std::string execValue(const std::filesystem::path& program) {
     return value + "\"";
 }
 
+/// A text as a value of a key file.
+std::string escapedValue(const std::string& text) {
+    std::string value;
+    for (const char c : text) {
+        value += c == '\\' ? "\\\\" : c == '\n' ? "\\n" : std::string(1, c);
+    }
+    return value;
+}
+
 } // namespace
 
 AutostartLoginItem::AutostartLoginItem(const BaseDirectories& directories,
@@ -86,6 +95,9 @@ bool AutostartLoginItem::setEnabled(bool isEnabled) {
                        "Name=Calmora\n"
                        "Exec=" +
                        execValue(program_) +
+                       "\n"
+                       "TryExec=" + // Without the program the session passes by.
+                       escapedValue(program_.string()) +
                        "\n"
                        "Icon=" +
                        applicationId_ + "\n";

@@ -66,12 +66,11 @@ bool keepAside(const std::filesystem::path& file) {
     return !error;
 }
 
-/// Makes the folder of a file; not behind a link, whose disk may only be missing now.
+/// Makes the folder of a file; not of a link's target, whose disk may only be missing now.
 void makeFolder(const std::filesystem::path& file) {
     std::error_code error;
     const std::filesystem::path folder = file.parent_path();
-    if (!std::filesystem::is_symlink(file, error) &&
-        std::filesystem::create_directories(folder, error)) {
+    if (std::filesystem::create_directories(folder, error)) {
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
     }
 }
