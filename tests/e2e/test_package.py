@@ -59,6 +59,19 @@ class Package(DesktopCase):
             named = {name.removesuffix("t64") for name in re.split(r"[ ,]+", line)}
             self.assertEqual(set(packages) - named, set())
 
+    def test_is_hardened(self):
+        programs = [file for file in self.usr.rglob("*")
+                    if file.is_file() and file.read_bytes()[:4] == b"\x7fELF"]
+        self.assertEqual(len(programs), 4)
+        marks = [r"Type:\s+DYN", r"GNU_RELRO", r"BIND_NOW|FLAGS_1.*NOW"]
+        if "CMAKE_BUILD_TYPE:STRING=Debug" not in (BUILD / "CMakeCache.txt").read_text():
+            marks += [r"__stack_chk_fail"]
+        for file in programs:
+            text = subprocess.run(["readelf", "-W", "-h", "-l", "-d", "--dyn-syms", file],
+                                  text=True, capture_output=True, check=True).stdout
+            for mark in marks:
+                self.assertRegex(text, mark, file)
+
     def test_runs_without_the_source_tree(self):
         files = [file for file in self.usr.rglob("*") if file.is_file()]
         for needed in ("bin/calmora", "lib/calmora/calmora_fetch",
