@@ -16,8 +16,6 @@ namespace calmora {
 
 namespace {
 
-/// Between the popover and bars or the edges of the screen.
-constexpr int gap = 8;
 /// An icon in a bar is about this wide.
 constexpr int usualSide = 22;
 /// How long to wait for the pointer's place: while a button is held on the icon, the bar keeps it.
@@ -136,9 +134,8 @@ PopoverSurroundings LayerTransientWindows::popoverSurroundings(std::optional<Rec
         if (!isTold && output.pointer && isInBar(*output.pointer, area)) {
             surroundings.icon = lastIcon_ = iconAt(*output.pointer, *screen);
         }
-        const ScreenArea place{
-            onScreen({0, 0, output.size.width, output.size.height}),
-            onScreen({area.x + gap, area.y + gap, area.width - 2 * gap, area.height - 2 * gap})};
+        const ScreenArea place{onScreen({0, 0, output.size.width, output.size.height}),
+                               onScreen(area)};
         auto& screens = surroundings.screens;
         screens.insert(output.pointer ? screens.begin() : screens.end(), place);
     }
