@@ -9,6 +9,7 @@ import os
 import pathlib
 import subprocess
 import sys
+import time
 
 import gi
 
@@ -44,7 +45,6 @@ class ShellSession(VirtualDesktop):
         self.enabled = enabled
         self.x11 = x11
         self.bus = None
-        self._input = None
 
     def _start_display(self):
         share = self.environment["XDG_DATA_DIRS"]
@@ -87,6 +87,7 @@ class ShellSession(VirtualDesktop):
         self.wait_until(self._is_ready, "GNOME Shell", seconds=60)
         if not self.x11:
             self._find_servers()
+        self._start_input()
         self.hide_overview()
 
     def _is_ready(self):
@@ -156,13 +157,15 @@ class ShellSession(VirtualDesktop):
     def windows_of(self, process):
         return [window for window in self.windows() if window["pid"] == process]
 
+    def _start_input(self):
+        """Gets pointer and keyboard. Early: the top bar shows an indicator of it from now on."""
+        self._input, = self.call(REMOTE_DESKTOP, "/org/gnome/Mutter/RemoteDesktop", REMOTE_DESKTOP,
+                                 "CreateSession")
+        self._do("Start", "()")
+        self.press_keys(0x2a)  # The first key is lost.
+
     def _do(self, method, signature, *arguments):
         """One event of pointer or keyboard."""
-        if not self._input:
-            self._input, = self.call(REMOTE_DESKTOP, "/org/gnome/Mutter/RemoteDesktop",
-                                     REMOTE_DESKTOP, "CreateSession")
-            self._do("Start", "()")
-            self.press_keys(0x2a)  # The first key of a session is lost.
         self.call(REMOTE_DESKTOP, self._input, f"{REMOTE_DESKTOP}.Session", method,
                   GLib.Variant(signature, arguments))
 
@@ -175,8 +178,19 @@ class ShellSession(VirtualDesktop):
     def click(self, x, y, button=LEFT):
         """Moves the pointer there and clicks."""
         self.move(x, y)
+        time.sleep(0.1)  # The shell looks what is there when it draws again.
         for pressed in (True, False):
             self._do("NotifyPointerButton", "(ib)", button, pressed)
+
+    def icon(self):
+        """Where Calmora's icon is in the top bar, as [x, y, width, height]; None without one."""
+        return self.js("""(b => b ? [...b.get_transformed_position(), b.width, b.height]
+            .map(Math.round) : null)(Main.panel.statusArea.calmora)""")
+
+    def click_icon(self, button=LEFT):
+        """Clicks Calmora's icon."""
+        x, y, width, height = self.icon()
+        self.click(x + width // 2, y + height // 2, button)
 
     def press_keys(self, *codes):
         """Presses keys together, by their evdev codes, and lets them go."""

@@ -12,7 +12,7 @@ import threading
 import time
 import unittest
 
-from shell_session import LEFT, MIDDLE, RIGHT, ShellSession
+from shell_session import MIDDLE, RIGHT, ShellSession
 from virtual_desktop import TIMEOUT_SCALE
 
 HERE = pathlib.Path(__file__).parent
@@ -118,15 +118,6 @@ class Extension(unittest.TestCase):
             lambda: next((w for w in self.session.windows_of(child.pid) if w["rect"][2]), None),
             command[0])
 
-    def icon(self):
-        """Where the icon is in the top bar; None without one."""
-        return self.session.js("""(b => b ? [...b.get_transformed_position(), b.width, b.height]
-            .map(Math.round) : null)(Main.panel.statusArea.calmora)""")
-
-    def click_icon(self, button=LEFT):
-        x, y, width, height = self.icon()
-        self.session.click(x + width // 2, y + height // 2, button)
-
     def refused(self, client, method, *arguments):
         """The client may not call this."""
         with self.assertRaisesRegex(PermissionError, "Only Calmora"):
@@ -169,7 +160,7 @@ class Extension(unittest.TestCase):
             client.do("show", 300, 300)
             self.session.wait_until(lambda: self.session.windows_of(client.process.pid), "popover")
             end()
-            self.session.wait_until(lambda: not self.icon(), "the end of the icon")
+            self.session.wait_until(lambda: not self.session.icon(), "the end of the icon")
             self.assertNotEqual(self.session.js("""(d => (a => (d.ungrab_accelerator(a), a))(
                 d.grab_accelerator('<Control><Alt>k', 0)))(global.display)"""), 0)
             # What is left behind would now fail or tell the client.
@@ -183,7 +174,7 @@ class Extension(unittest.TestCase):
                 undo()
                 self.wait_for_extension()
                 self.attach(client)
-                self.assertTrue(self.icon())
+                self.assertTrue(self.session.icon())
 
     def test_lists_what_the_shell_lists(self):
         client = self.client()
@@ -228,61 +219,16 @@ class Extension(unittest.TestCase):
         self.session.wait_until(lambda: calculator.poll() is not None, "the calculator's end")
         self.assertIsNone(stubborn.poll())
 
-    def test_places_the_popover_below_the_icon(self):
-        client = self.client()
-        self.attach(client)
-        x, y, width, height = self.icon()
-
-        def placed(popover_width):
-            left = min(x + width // 2 - popover_width // 2, 1024 - popover_width - 8)
-            window = next(iter(self.session.windows_of(client.process.pid)), None)
-            return window and window["focus"] and window["above"] and (
-                window["rect"][:3] == [left, y + height + 8, popover_width]) and window["id"]
-        for opening in range(20):
-            client.do("show", 200 + 10 * opening, 300)
-            self.session.wait_until(lambda: placed(200 + 10 * opening), f"opening {opening}")
-            client.do("hide")
-            self.session.wait_until(lambda: not self.session.windows_of(client.process.pid), "end")
-
-        self.session.js("Main.overview.show()")
-        client.do("show", 200, 300)
-        popover = self.session.wait_until(lambda: placed(200), "the popover")
-        self.session.wait_for_js("!Main.overview.visible")
-        self.assertNotIn(popover, self.session.js(
-            "global.display.get_tab_list(0, null).map(w => w.get_id())"))
-        self.assertEqual(self.session.js(
-            "imports.gi.Shell.AppSystem.get_default().get_running().map(a => a.get_id())"), [])
-        client.do("show", 400, 300)
-        self.session.wait_until(lambda: placed(400), "the popover in its new size")
-
-        client.signals.clear()
-        self.click_icon()
-        client.wait_for_signal("IconActivated", 1)
-        self.assertNotIn(["PressedOutside"], client.signals)
-        for outside in (100, 700), (512, 15):
-            self.session.click(*outside)
-            client.wait_for_signal("PressedOutside")
-        self.session.press_keys(ESCAPE)
-        client.do("hide")
-        self.session.click(100, 700)
-        self.click_icon(MIDDLE)
-        client.wait_for_signal("IconActivated", 2)
-        self.assertNotIn(["PressedOutside"], client.signals)
-
     def test_shows_an_icon_with_a_menu(self):
         client = self.client()
         self.attach(client)
-        client.call("SetIcon", "(a{sv})", {})
-        self.click_icon()
-        self.assertEqual(client.wait_for_signal("IconActivated", 1)[2], self.icon())
-        self.session.js("Main.overview.show()")
-        self.session.wait_for_js("Main.overview.visible")
-        self.click_icon()
-        client.wait_for_signal("IconActivated", 1)
-        self.assertFalse(self.session.js("Main.overview.visible"))
+        self.session.click_icon()
+        self.assertEqual(client.wait_for_signal("IconActivated", 1)[2], self.session.icon())
+        self.session.click_icon(MIDDLE)
+        client.wait_for_signal("IconActivated", 2)
         self.assertNotIn(["MenuOpened", True], client.signals)
 
-        self.click_icon(RIGHT)
+        self.session.click_icon(RIGHT)
         client.wait_for_signal("MenuOpened", True)
         for key in (DOWN, DOWN, RETURN):
             self.session.press_keys(key)

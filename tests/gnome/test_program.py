@@ -7,7 +7,7 @@ import pathlib
 import time
 import unittest
 
-from shell_session import LEFT, ShellSession
+from shell_session import ShellSession
 from virtual_desktop import TIMEOUT_SCALE
 
 INSTALLED = pathlib.Path(os.environ["CALMORA_INSTALLED"])
@@ -28,7 +28,6 @@ class Program(unittest.TestCase):
             "KeyboardShortcuts_activateMenu": '{"carbonKeyCode":40,"carbonModifiers":6144}'}))
         self.calculator = self.start("galculator")
         self.calmora = self.session.start(PROGRAM)
-        self.session.press_keys(ALT)  # The shell now shows that it is controlled, which moves the icon.
 
     def start(self, *command):
         """An application, when its window is there."""
@@ -45,34 +44,18 @@ class Program(unittest.TestCase):
         self.session.wait_until(lambda: sorted(
             row.split("\t")[0] for row in self.command("--list").splitlines()) == pids, "the rows")
 
-    def icon(self):
-        return self.session.js("""(b => b ? [...b.get_transformed_position(), b.width, b.height]
-            .map(Math.round) : null)(Main.panel.statusArea.calmora)""")
-
-    def click_icon(self):
-        x, y, width, height = self.session.wait_until(self.icon, "the icon")
-        self.click(x + width // 2, y + height // 2)
-
-    def click(self, x, y):
-        """A click as slow as a hand's: the pointer has to arrive first."""
-        self.session.move(x, y)
-        time.sleep(0.2)
-        self.session.click(x, y, LEFT)
-
     def popover(self):
         """The popover's window; None while it is not shown."""
         return next((window for window in self.session.windows_of(self.calmora.pid)
                      if window["title"] == "Calmora"), None)
 
-    def open_popover(self):
-        """Opens it by its icon, below which it is; its window."""
-        self.click_icon()
-        popover = self.session.wait_until(
-            lambda: (w := self.popover()) and w["focus"] and w["above"] and w, "the popover")
-        x, y, width, height = self.icon()
-        self.assertEqual(popover["rect"], [min(x + width // 2 - 180, 1024 - 360 - 8),
-                                           y + height + 8, 360, 500])
-        return popover
+    def popover_is_open(self):
+        """Whether it is below the icon and above all windows, and has the keyboard."""
+        x, y, width, height = self.session.icon()
+        place = [min(x + width // 2 - 180, 1024 - 360 - 8), y + height + 8, 360, 500]
+        window = self.popover()
+        return window and window["above"] and window["rect"] == place and str(self.calmora.pid) == \
+            self.session.output("xdotool", "getwindowfocus", "getwindowpid")
 
     def wait_for_no_popover(self, after):
         self.session.wait_until(lambda: not self.popover(), f"the end of the popover by {after}")
@@ -103,20 +86,26 @@ class Program(unittest.TestCase):
     def test_opens_and_closes_its_popover(self):
         self.open_session()
         self.wait_for_rows(self.calculator)
-        x, y, width, height = self.session.windows_of(self.calculator.pid)[0]["rect"]
-        for outside, place in (("the desktop", (30, 740)), ("the clock", (512, 15)),
-                               ("a window", (x + width // 4, y + height - 12))):
-            self.open_popover()
-            self.click(*place)
-            self.wait_for_no_popover(outside)
-            if outside == "the clock":
+        calculator, = self.session.windows_of(self.calculator.pid)
+        x, y, width, height = calculator["rect"]
+        ways = {"its icon": self.session.click_icon,
+                "Escape": lambda: self.session.press_keys(ESCAPE),
+                "the desktop": lambda: self.session.click(30, 740),
+                "the clock": lambda: self.session.click(512, 15),
+                "a window": lambda: self.session.click(x + width // 4, y + height - 12)}
+        self.session.js("Main.overview.show()")
+        for way in [*ways] * 4:
+            self.session.click_icon()
+            self.session.wait_until(self.popover_is_open, f"the popover before {way} closes it")
+            # It is not among the windows that the user switches between.
+            self.assertEqual(self.session.js("""[Main.overview.visible,
+                global.display.get_tab_list(0, null).map(w => w.get_id()),
+                imports.gi.Shell.AppSystem.get_default().get_running().map(a => a.get_id())]"""),
+                             [False, [calculator["id"]], ["galculator.desktop"]])
+            ways[way]()
+            self.wait_for_no_popover(way)
+            if way == "the clock":
                 self.session.press_keys(ESCAPE)
-        self.open_popover()
-        self.session.press_keys(ESCAPE)
-        self.wait_for_no_popover("Escape")
-        self.open_popover()
-        self.click_icon()
-        self.wait_for_no_popover("its icon")
         self.session.press_keys(CONTROL, ALT, K)
         self.session.wait_until(self.popover, "the popover by its key")
         # As while the screen is locked: nothing more is known, and then everything again.
@@ -132,9 +121,9 @@ class Program(unittest.TestCase):
         self.command("--toggle")
         x, y, width, height = self.session.wait_until(self.popover, "the popover")["rect"]
         time.sleep(0.5 * TIMEOUT_SCALE)  # The offer has appeared.
-        self.assertIsNone(self.icon())
-        self.click(x + width - 42, y + height - 48)
-        self.session.wait_until(self.icon, "the icon")
+        self.assertIsNone(self.session.icon())
+        self.session.click(x + width - 42, y + height - 48)
+        self.session.wait_until(self.session.icon, "the icon")
         self.wait_for_rows(self.calculator)
 
 
