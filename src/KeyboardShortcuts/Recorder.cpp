@@ -3,21 +3,21 @@
 
 #include "platform/KeyboardLayout.h"
 #include "platform/LocalizedStrings.h"
+#include "widgets/AlertPanel.h"
 #include "widgets/Labels.h"
+#include "widgets/Sheet.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
-#include <QIcon>
-#include <QLabel>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -28,7 +28,6 @@ constexpr Points leastHeight{24};
 constexpr Points clearSide{16};
 constexpr Points clearMargin{4};
 constexpr Points radius{6};
-constexpr Points alertIconSide{48};
 
 /// A cross in a filled disc, in the colours of the field.
 class ClearButton final : public QToolButton {
@@ -266,37 +265,33 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
     const Subscription waiting =
         environment_.beginAlert ? environment_.beginAlert() : Subscription();
     // The window owns the sheet and may delete it.
-    const QPointer<QMessageBox> sheet = new QMessageBox(
-        QMessageBox::Warning, QString(), toQt(alert.messageText), QMessageBox::NoButton,
-        isVisible() ? window() : nullptr, Qt::Dialog | Qt::Sheet);
+    const QPointer<Sheet> sheet =
+        new Sheet(isVisible() ? window() : nullptr, QAccessible::AlertMessage);
     sheet->setObjectName("recorderAlert");
-    if (const QIcon icon = window()->windowIcon(); !icon.isNull()) {
-        sheet->setIconPixmap(icon.pixmap(alertIconSide));
+    sheet->setAccessibleName(alertText(alert.messageText));
+    sheet->setAccessibleDescription(alertText(alert.informativeText));
+    // An alert's last button is the default one and the answer of Escape.
+    Alert shown;
+    shown.messageText = alert.messageText;
+    shown.informativeText = alert.informativeText;
+    for (const std::string& title : alert.buttons | std::views::reverse) {
+        shown.buttons.push_back({.title = title});
     }
-    sheet->setInformativeText(toQt(alert.informativeText));
-    for (auto* label : sheet->findChildren<QLabel*>()) {
-        label->setTextFormat(Qt::PlainText);
-        if (label->text() == sheet->text()) {
-            QFont font = label->font();
-            font.setWeight(QFont::DemiBold);
-            label->setFont(font);
-        }
+    if (shown.buttons.empty()) {
+        shown.buttons.push_back({.title = environment_.strings.text("ok")});
     }
-    sheet->setWindowModality(isVisible() ? Qt::WindowModal : Qt::ApplicationModal);
-    std::vector<QPushButton*> buttons;
-    const std::vector<std::string> titles =
-        alert.buttons.empty() ? std::vector{environment_.strings.text("ok")} : alert.buttons;
-    for (const std::string& title : titles) {
-        buttons.push_back(sheet->addButton(
-            toQt(title), buttons.empty() ? QMessageBox::AcceptRole : QMessageBox::DestructiveRole));
-    }
-    sheet->setDefaultButton(buttons.front());
-    sheet->setEscapeButton(buttons.front());
-    sheet->exec();
+    const std::size_t last = shown.buttons.size() - 1;
     std::size_t answer = 0;
-    for (std::size_t i = 0; sheet && i < buttons.size(); ++i) {
-        answer = sheet->clickedButton() == buttons.at(i) ? i : answer;
-    }
+    auto* panel = new AlertPanel(shown, environment_.icon, [&, last](std::size_t index) {
+        answer = last - index;
+        sheet->accept();
+    });
+    auto* layout = new QVBoxLayout(sheet);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(panel);
+    sheet->setFixedSize(panel->fitWidth());
+    panel->focusDefaultButton();
+    sheet->exec();
     delete sheet;
     return answer;
 }

@@ -4,6 +4,7 @@
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "platform/EventMonitor.h"
 #include "platform/Geometry.h"
+#include "platform/Image.h"
 #include "platform/MainMenu.h"
 #include "support/Subscription.h"
 
@@ -32,6 +33,8 @@ struct RecorderEnvironment {
     std::function<Subscription()> beginAlert;
     /// Says what else the user must know of shortcuts here.
     HotKeys& hotKeys;
+    /// The program's, which its alerts show.
+    Image icon = {};
 };
 
 /// An alert of the recorder. The first button is the safe one and the answer of Escape.

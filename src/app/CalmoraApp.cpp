@@ -100,7 +100,8 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                 runLoop_),
       extension_(shell_ ? std::make_unique<ShellExtension>(sessionBus_, *shell_, defaults_)
                         : nullptr),
-      globalShortcuts_(*backend_, sessionBus_, defaults_, machine_.text, strings_, alertSession_),
+      globalShortcuts_(*backend_, sessionBus_, defaults_, machine_.text, strings_, alertSession_,
+                       icon()),
       alerts_(backend_->transientWindows(), alertSession_, icon()),
       eventMonitor_(backend_->transientWindows()), inputGate_(backend_->transientWindows(),
                                                               [this] {

@@ -42,7 +42,7 @@ std::vector<DesktopShortcuts::Source> sources(WindowBackend& backend,
 
 GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& sessionBus,
                                  UserDefaults& defaults, Text& text, LocalizedStrings& strings,
-                                 AlertSession& alertSession)
+                                 AlertSession& alertSession, Image icon)
     : desktop_(backend.keyboardLayout(), sources(backend, sessionBus)),
       shortcuts_(
           {defaults, notifications_, backend.hotKeys(), backend.keyboardLayout(), strings, text}),
@@ -53,7 +53,8 @@ GlobalShortcuts::GlobalShortcuts(WindowBackend& backend, const QDBusConnection& 
                  strings,
                  programMenu(strings),
                  [&alertSession] { return alertSession.begin(); },
-                 backend.hotKeys()},
+                 backend.hotKeys(),
+                 std::move(icon)},
       menus_(notifications_,
              [this, &backend](std::uint32_t nativeKey, ModifierFlags modifiers) {
                  const auto key = backend.keyboardLayout().keyCode(nativeKey);

@@ -23,10 +23,10 @@ class WindowBackend;
 /// shortcut is registered.
 class GlobalShortcuts {
   public:
-    /// The arguments must outlive this object.
+    /// The arguments must outlive this object. `icon` is the program's.
     GlobalShortcuts(WindowBackend& backend, const QDBusConnection& sessionBus,
                     UserDefaults& defaults, Text& text, LocalizedStrings& strings,
-                    AlertSession& alertSession);
+                    AlertSession& alertSession, Image icon);
     GlobalShortcuts(const GlobalShortcuts&) = delete;
     GlobalShortcuts& operator=(const GlobalShortcuts&) = delete;
     ~GlobalShortcuts();

@@ -10,10 +10,8 @@
 #include "widgets/Labels.h"
 #include "widgets/Theme.h"
 
-#include <QEvent>
 #include <QFontMetrics>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -187,10 +185,9 @@ QWidget* emptyState(QWidget* parent) {
 } // namespace
 
 AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidget* window)
-    : QDialog(window, Qt::Dialog | Qt::FramelessWindowHint) {
+    : Sheet(window, QAccessible::Dialog) {
     setObjectName("addAppSheet");
     setWindowTitle(uiText("Add App to Never-Quit List"));
-    setWindowModality(Qt::WindowModal);
     setFixedSize(boundedByScreen(*window, {sheetWidth, sheetHeight}));
 
     auto* title = new Paragraph(windowTitle(), TextStyle::headline, ThemeColor::primary, this);
@@ -206,7 +203,7 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     titleRow->addWidget(done);
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(1, 0, 1, 1);
+    layout->setContentsMargins(1, 0, 1, metrics::buttonRadius); // Round corners below.
     layout->setSpacing(0);
     layout->addLayout(titleRow);
     layout->addWidget(new Divider(0, this));
@@ -216,31 +213,6 @@ AddAppSheet::AddAppSheet(AppSettings& settings, const Platform& platform, QWidge
     } else {
         layout->addWidget(new CandidateList(settings, platform, std::move(candidates), this), 1);
     }
-    window->installEventFilter(this);
-}
-
-bool AddAppSheet::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == parent() && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
-        moveToTopOfWindow();
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
-void AddAppSheet::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    moveToTopOfWindow();
-}
-
-void AddAppSheet::moveToTopOfWindow() {
-    const QWidget* window = parentWidget();
-    move(window->mapToGlobal(QPoint((window->width() - width()) / 2, 0)));
-}
-
-void AddAppSheet::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), palette().window());
-    painter.setPen(Theme::of(*this).color(ThemeColor::controlBorder));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 } // namespace calmora

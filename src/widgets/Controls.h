@@ -36,8 +36,6 @@ struct ButtonLook {
     Points ring{0};
     /// Shows the focus also where it came by pointer.
     bool showsEveryFocus = false;
-    /// Whether the face changes under the pointer.
-    bool respondsToPointer = true;
     /// The name of a symbol before the text; empty means none.
     QString symbol = {};
     int symbolPoints = 9;

@@ -107,10 +107,11 @@ bool isPopup(const QWidget& widget) {
            widget.inherits("QTipLabel");
 }
 
-void drawPopupFace(QPainter& painter, const QStyleOption& option, const QWidget& popup) {
+void drawPopupFace(QPainter& painter, const QStyleOption& option, const QWidget& popup,
+                   int radius) {
     const Theme theme(option.palette);
     const bool isRound = popup.window()->testAttribute(Qt::WA_TranslucentBackground);
-    const double radius = isRound ? int{metrics::rowRadius} : 0;
+    const double round = isRound ? radius : 0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, isRound);
     if (isRound) {
@@ -120,10 +121,10 @@ void drawPopupFace(QPainter& painter, const QStyleOption& option, const QWidget&
     }
     painter.setBrush(option.palette.brush(popup.backgroundRole()));
     painter.setPen(Qt::NoPen);
-    painter.drawRoundedRect(option.rect, radius, radius);
+    painter.drawRoundedRect(option.rect, round, round);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(theme.color(ThemeColor::controlBorder));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
     painter.restore();
 }
 

@@ -26,7 +26,7 @@ namespace calmora {
 [[nodiscard]] bool isPopup(const QWidget& widget);
 
 /// Fills a popup's window, which gets round corners if it is translucent.
-void drawPopupFace(QPainter& painter, const QStyleOption& option, const QWidget& popup);
+void drawPopupFace(QPainter& painter, const QStyleOption& option, const QWidget& popup, int radius);
 
 /// Draws an item of a menu or an option of a picker, highlighted while it is selected.
 void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option);

@@ -186,6 +186,11 @@ void setCompositing(std::function<bool()> isComposited) {
     }
 }
 
+bool isComposited() {
+    const auto* style = dynamic_cast<const ThemeStyle*>(QApplication::style());
+    return style && style->isComposited();
+}
+
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

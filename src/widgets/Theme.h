@@ -131,6 +131,9 @@ void setAppearance(const AppearanceWish& wish);
 /// Gives menus, pickers' lists and tool tips round corners while windows can be translucent.
 void setCompositing(std::function<bool()> isComposited);
 
+/// Whether windows can be translucent now.
+[[nodiscard]] bool isComposited();
+
 /// Draws the ring of the focused control around `bounds`.
 void drawFocusRing(QPainter& painter, const QRectF& bounds, double radius, const Theme& theme);
 

@@ -114,12 +114,11 @@ void drawFace(QPainter& painter, const QRectF& whole, const Button& button, cons
         painter.setBrush(theme.buttonFace(whole, look.face == ButtonLook::Face::red));
         painter.drawRoundedRect(whole, look.radius, look.radius);
     }
-    if (!look.respondsToPointer ||
-        !(button.isDown() || (button.underMouse() && button.isEnabled()))) {
+    if (!button.isDown() && !(button.underMouse() && button.isEnabled())) {
         return;
     }
     if (look.ring.value > 0) {
-        painter.setBrush(QColor(0, 0, 0, button.isDown() ? 45 : 18));
+        painter.setBrush(QColor(0, 0, 0, button.isDown() ? 50 : 28));
         painter.drawRoundedRect(whole, look.radius, look.radius);
         return;
     }
@@ -286,7 +285,7 @@ ThemeStyle::ThemeStyle(bool desktopHasPalette)
 void ThemeStyle::polish(QWidget* widget) {
     if (isPopup(*widget)) {
         // Before the window is created: translucency is fixed then.
-        widget->setAttribute(Qt::WA_TranslucentBackground, isComposited_ && isComposited_());
+        widget->setAttribute(Qt::WA_TranslucentBackground, isComposited());
         if (!qobject_cast<QLabel*>(widget)) {
             widget->setContentsMargins(1, 0, 1, 0);
         }
@@ -304,7 +303,7 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return;
     }
     if ((element == PE_PanelMenu || element == PE_PanelTipLabel) && widget) {
-        drawPopupFace(*painter, *option, *widget);
+        drawPopupFace(*painter, *option, *widget, metrics::rowRadius);
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);

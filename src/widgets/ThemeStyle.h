@@ -47,6 +47,8 @@ class ThemeStyle final : public QProxyStyle {
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* returnData) const override;
 
+    [[nodiscard]] bool isComposited() const { return isComposited_ && isComposited_(); }
+
   private:
     bool desktopHasPalette_;
     std::function<bool()> isComposited_;

@@ -6,11 +6,11 @@
 #include "widgets/Theme.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
         pane.desktop.entries = {{true, 40, CarbonModifiers::control}};
         for (const auto& [key, name] : {std::pair{12, "menu-alert-"}, {40, "system-alert-"}}) {
             QTimer::singleShot(0, qApp, [&, file = folder.filePath(name + suffix)] {
-                auto* sheet = pane.window.findChild<QMessageBox*>("recorderAlert");
+                auto* sheet = pane.window.findChild<QDialog*>("recorderAlert");
                 if (sheet) {
                     save(*sheet, file);
                     sheet->reject();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every window in every language: no text may be cut off.
 
-#include "platform/qt/alerts/QtAlerts.h"
 #include "settings/AboutPanel.h"
 #include "settings/SettingsFixture.h"
 #include "settings/SettingsView.h"
@@ -9,6 +8,7 @@
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/PopoverFixture.h"
 #include "updates/UpdateWindow.h"
+#include "widgets/AlertPanel.h"
 #include "widgets/ContentArea.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Theme.h"
@@ -165,7 +165,7 @@ void expectWholeQuestions(const LocalizedStrings& strings) {
     EXPECT_FALSE(confirmForceQuit(alerts, strings, std::string(300, 'y'), {}));
     for (const Alert& alert : alerts.shown) {
         AlertPanel panel(alert, {}, [](std::size_t) {});
-        panel.setFixedWidth(panel.sizeHint().width());
+        panel.resize(panel.fitWidth());
         EXPECT_LT(panel.width(), 500 * Theme::textScale());
         panel.show();
         expectWhole(panel, alert.messageText);

@@ -25,17 +25,17 @@ class ShortcutsPaneTest : public testing::Test {
 TEST_F(ShortcutsPaneTest, AlertsAreSheetsWhoseFirstButtonIsHarmless) {
     RecorderCocoa& recorder = pane.recorder("quitAll");
     pane.desktop.entries = {{true, 40, CarbonModifiers::control}};
-    const std::pair<std::function<void(QMessageBox&)>, std::string> rows[] = {
-        {[](QMessageBox& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); }, "none"},
-        {[](QMessageBox& sheet) { QTest::keyClick(&sheet, Qt::Key_Return); }, "none"},
-        {[](QMessageBox& sheet) { sheet.buttons().back()->click(); },
+    const std::pair<std::function<void(QDialog&)>, std::string> rows[] = {
+        {[](QDialog& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); }, "none"},
+        {[](QDialog& sheet) { QTest::keyClick(sheet.focusWidget(), Qt::Key_Return); }, "none"},
+        {[](QDialog& sheet) { sheet.findChild<QPushButton*>("alertButton0")->click(); },
          R"({"carbonKeyCode":40,"carbonModifiers":4096})"},
     };
     for (const auto& [act, expected] : rows) {
         QTest::mouseClick(&recorder, Qt::LeftButton);
         ASSERT_TRUE(loopUntil([&] { return recorder.isRecording(); }));
         QTimer::singleShot(0, &recorder, [&, act = act] {
-            auto* sheet = pane.window.findChild<QMessageBox*>("recorderAlert");
+            auto* sheet = pane.window.findChild<QDialog*>("recorderAlert");
             ASSERT_NE(sheet, nullptr);
             EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
             EXPECT_FALSE(recorder.isRecording());
@@ -65,7 +65,7 @@ TEST_F(ShortcutsPaneTest, EndsThePauseWhenThePaneIsDeletedDuringAQuestion) {
     bool isEnded = false;
     QTimer::singleShot(0, qApp, [&] {
         delete pane.window.layout()->itemAt(0)->widget();
-        isEnded = pane.window.findChild<QMessageBox*>()->close();
+        isEnded = pane.window.findChild<QDialog*>()->close();
     });
     press(pane.recorder("quitAll"), 12, Qt::ControlModifier);
     EXPECT_TRUE(isEnded) << "no question was asked";

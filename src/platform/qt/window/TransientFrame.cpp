@@ -3,7 +3,6 @@
 
 #include "widgets/Theme.h"
 
-#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPaintEvent>
@@ -11,7 +10,6 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include <memory>
 #include <utility>
 
 namespace calmora {
@@ -37,29 +35,10 @@ void paintShadow(QPainter& painter, const QRectF& bounds) {
     }
 }
 
-class FrameInterface final : public QAccessibleWidget {
-  public:
-    explicit FrameInterface(TransientFrame& frame)
-        : QAccessibleWidget(&frame, frame.accessibleRole()) {}
-
-    [[nodiscard]] QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.modal = true;
-        return state;
-    }
-};
-
-/// The caller, Qt, owns the interface.
-QAccessibleInterface* interfaceFor(const QString&, QObject* object) {
-    auto* frame = dynamic_cast<TransientFrame*>(object);
-    return frame ? std::make_unique<FrameInterface>(*frame).release() : nullptr;
-}
-
 } // namespace
 
 TransientFrame::TransientFrame(TransientWindows& windows, QAccessible::Role role)
-    : QWidget(nullptr, windows.transientFlags()), windows_(windows), role_(role) {
-    QAccessible::installFactory(interfaceFor);
+    : QWidget(nullptr, windows.transientFlags()), ModalWindow(role), windows_(windows) {
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAutoFillBackground(false);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/qt/window/TransientWindows.h"
+#include "widgets/ModalWindow.h"
 
-#include <QAccessible>
 #include <QWidget>
 
 #include <functional>
@@ -12,12 +12,10 @@ namespace calmora {
 
 /// The frame of popover and alert: a window without title bar. With a compositor it has round
 /// corners and a shadow, without one a plain edge.
-class TransientFrame : public QWidget {
+class TransientFrame : public QWidget, public ModalWindow {
   public:
-    /// `role` is what assistive technologies call the window; it always has the modal state.
+    /// `role` is what assistive technologies call the window.
     TransientFrame(TransientWindows& windows, QAccessible::Role role);
-
-    [[nodiscard]] QAccessible::Role accessibleRole() const { return role_; }
 
     /// The frame's content.
     void setBody(std::unique_ptr<QWidget> body);
@@ -46,7 +44,6 @@ class TransientFrame : public QWidget {
     [[nodiscard]] QRect bounds() const;
 
     TransientWindows& windows_;
-    QAccessible::Role role_;
     std::function<void()> onEscape_;
     std::function<void()> onPress_;
     /// Drawn with shadow and round corners.
