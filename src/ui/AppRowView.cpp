@@ -28,6 +28,8 @@ constexpr Points badgePadding{6};
 constexpr int quitPoints = 16;
 /// Controls take clicks a little beyond what they draw.
 constexpr Points clickMargin{5};
+/// Between the sides of the row and its face under the pointer.
+constexpr Points highlightInset{6};
 constexpr int hoverMilliseconds = 100;
 
 /// A name keeps this many characters; figures give way first.
@@ -269,7 +271,8 @@ void AppRowView::paintEvent(QPaintEvent* event) {
         painter.setOpacity(hover);
         painter.setPen(Qt::NoPen);
         painter.setBrush(theme.color(ThemeColor::fill));
-        painter.drawRoundedRect(rect(), metrics::rowRadius, metrics::rowRadius);
+        painter.drawRoundedRect(rect().adjusted(highlightInset, 0, -highlightInset, 0),
+                                metrics::rowRadius, metrics::rowRadius);
     }
     painter.setOpacity(opacity());
     const QRegion& region = event->region();

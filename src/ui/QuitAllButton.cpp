@@ -27,8 +27,7 @@ QuitAllButton::QuitAllButton(QWidget* parent)
               .weight = QFont::DemiBold,
               .padding = {{8}, {0}},
               .radius = metrics::buttonRadius,
-              .ring = metrics::focusRing,
-              .respondsToPointer = false},
+              .ring = metrics::focusRing},
              parent) {
     setObjectName("quitAll");
     setAutoDefault(false);
