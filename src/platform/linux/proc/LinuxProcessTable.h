@@ -54,18 +54,22 @@ class LinuxProcessTable final : public ProcessTable {
     struct CounterFile {
         FileDescriptor file;
         bool isStatus = false;
+        /// Between samples; beyond the limit of open files it is opened for each.
+        bool staysOpen = false;
+        /// The file's number when its process was last seen to be the held one; 0 before. The files
+        /// of a reused id have other numbers.
+        std::uint64_t number = 0;
     };
 
     /// Reads the counters from the file and opens it if needed.
     [[nodiscard]] std::optional<ProcessCounters> read(ProcessId process, CounterFile& file);
     [[nodiscard]] bool isSwapInUse();
-    [[nodiscard]] bool isHeldProcess(ProcessId process) const;
+    [[nodiscard]] bool isOfHeldProcess(ProcessId process, CounterFile& file) const;
 
     const ProcessReader& reader_;
     ProcessMemory& memory_;
     ProtectedProcesses& protection_;
     std::function<bool(ProcessId)> isSpared_;
-    /// Open between samples; one per retained process, up to the limit.
     std::unordered_map<ProcessId, CounterFile> retained_;
     std::size_t fileLimit_;
     std::uint64_t pageSize_;
