@@ -4,11 +4,8 @@
 #include "support/FileDescriptor.h"
 #include "support/TempFolder.h"
 
-#include <csignal>
-
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace calmora {
@@ -182,46 +179,6 @@ TEST_F(JsonUserDefaultsTest, RemovesWhatKilledProcessesLeft) {
     const JsonUserDefaults defaults(file, loop);
     EXPECT_FALSE(std::filesystem::exists(left));
     EXPECT_TRUE(std::filesystem::exists(used) && std::filesystem::exists(foreign));
-}
-
-TEST_F(JsonUserDefaultsTest, NeverCutsTheOldFileWhenTheDiskIsFull) {
-    JsonUserDefaults defaults(file, loop);
-    defaults.set("old", std::string(100, 'o'));
-    loop.turn();
-    const std::string before = TempFolder::read(file);
-    // A limit on the size of files ends a write half way, as a full disk does.
-    rlimit limit{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = limit;
-    small.rlim_cur = 150;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    defaults.set("new", std::string(100, 'n'));
-    const bool isWritten = defaults.flush();
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_FALSE(isWritten);
-    EXPECT_EQ(TempFolder::read(file), before);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1);
-    EXPECT_EQ(defaults.string("new"), std::string(100, 'n'));
-    // There is room again: the next change takes it along.
-    defaults.set("next", true);
-    loop.turn();
-    EXPECT_EQ(JsonUserDefaults(file, loop).string("new"), std::string(100, 'n'));
-}
-
-TEST_F(JsonUserDefaultsTest, WritesThroughALinkAndKeepsPermissions) {
-    const auto target = folder.write("dotfiles/calmora.json", "{}");
-    chmod(target.c_str(), 0640);
-    std::filesystem::create_directories(file.parent_path());
-    std::filesystem::create_symlink("../dotfiles/calmora.json", file);
-    {
-        JsonUserDefaults defaults(file, loop);
-        defaults.set("a", true);
-    }
-    EXPECT_TRUE(std::filesystem::is_symlink(file));
-    EXPECT_NE(TempFolder::read(target).find("\"a\""), std::string::npos);
-    EXPECT_EQ(modeOf(target), 0640U);
 }
 
 } // namespace

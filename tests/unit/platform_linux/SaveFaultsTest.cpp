@@ -102,6 +102,8 @@ struct Save {
     int calls = 0;
 };
 
+constexpr auto permissions = std::filesystem::perms(0640);
+
 /// The preferences hold what they held, or that and the change; nothing lies beside them.
 void expectWhole(const std::filesystem::path& file, bool isLink, bool isSaved) {
     const auto now = readMembers(TempFolder::read(file));
@@ -110,6 +112,7 @@ void expectWhole(const std::filesystem::path& file, bool isLink, bool isSaved) {
     after["new"] = "true";
     EXPECT_TRUE(now == after || (now == before && !isSaved)) << TempFolder::read(file);
     EXPECT_EQ(std::filesystem::is_symlink(file), isLink);
+    EXPECT_EQ(std::filesystem::status(file).permissions(), permissions);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}),
               isLink ? 2 : 1);
 }
@@ -126,8 +129,9 @@ TEST(SaveFaults, NeverTearOrLoseThePreferences) {
                 SCOPED_TRACE(std::to_string(kind) + " at " + std::to_string(chosen));
                 const TempFolder folder;
                 const auto file = folder.path() / "preferences.json";
-                folder.write(isLink ? "target" : "preferences.json",
-                             R"({"foreign": [1e999], "old": true})");
+                std::filesystem::permissions(folder.write(isLink ? "target" : "preferences.json",
+                                                          R"({"foreign": [1e999], "old": true})"),
+                                             permissions);
                 if (isLink) {
                     std::filesystem::create_symlink("target", file);
                 }
