@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/window/TransientFrame.h"
 
+#include "platform/qt/window/PixelGrid.h"
 #include "widgets/Theme.h"
 
 #include <QCoreApplication>
@@ -116,6 +117,16 @@ void TransientFrame::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
+void TransientFrame::mendEdges(const QRegion& painted) {
+    // Qt clears a translucent window up to the next device pixel and paints up to the nearest one,
+    // which leaves a transparent line where the edge of the region is between two.
+    const std::optional<int> step = wholePixelStep(devicePixelRatioF());
+    const QRegion aligned = step ? alignedRegion(painted, *step, rect()) : QRegion(rect());
+    if (aligned != painted) {
+        update(aligned);
+    }
+}
+
 void TransientFrame::paintEvent(QPaintEvent* event) {
     const Theme theme = Theme::of(*this);
     QPainter painter(this);
@@ -126,6 +137,7 @@ void TransientFrame::paintEvent(QPaintEvent* event) {
         painter.drawRect(inner.adjusted(0, 0, -1, -1));
         return;
     }
+    mendEdges(event->region());
     const int inset = static_cast<int>(cornerRadius);
     const bool isInside = inner.adjusted(edge, inset, -edge, -inset).contains(event->rect());
     if (isInside) {

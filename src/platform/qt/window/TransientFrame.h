@@ -40,6 +40,8 @@ class TransientFrame : public QWidget, public ModalWindow {
 
   private:
     void setFloating(bool isFloating);
+    /// Paints again what lies around a painted region up to whole device pixels.
+    void mendEdges(const QRegion& painted);
     [[nodiscard]] int margin() const;
     [[nodiscard]] QRect bounds() const;
 
