@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# The Debian package (`cmake --build BUILD --target package`), and the documents that are installed
-# with the program.
+# The Debian package (`cmake --build BUILD --target package`), an RPM (`cpack -G RPM` in BUILD, where
+# there is rpmbuild), and the documents that are installed with the program.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME calmora)
@@ -30,6 +30,16 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "hicolor-icon-theme, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "adwaita-icon-theme, adwaita-icon-theme-legacy | adwaita-icon-theme (<< 45), default-dbus-session-bus | dbus-session-bus, libcanberra-pulse, qt6-translations-l10n")
+# rpmbuild finds libraries, too; packages that have other names in other distributions are left out.
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_PACKAGE_LICENSE MIT)
+set(CPACK_RPM_PACKAGE_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
+set(CPACK_RPM_PACKAGE_REQUIRES hicolor-icon-theme)
+set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
+    /usr/share/bash-completion /usr/share/bash-completion/completions /usr/share/fish
+    /usr/share/fish/vendor_completions.d /usr/share/icons /usr/share/icons/hicolor
+    /usr/share/man /usr/share/man/man1 /usr/share/metainfo /usr/share/zsh
+    /usr/share/zsh/vendor-completions)
 include(CPack)
 
 set(documents "${PROJECT_BINARY_DIR}/documents")

@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(parseSwayWindowEvent(text));
     static_cast<void>(parseSwaySuccess(text));
     static_cast<void>(parseKwinReport(text));
-    std::vector<std::uint32_t> words(size / sizeof(std::uint32_t));
+    std::vector<std::uint32_t> words(size / sizeof(std::uint32_t) + 1);
+    words.pop_back(); // Now it has an address.
     std::memcpy(words.data(), data, words.size() * sizeof(std::uint32_t));
     static_cast<void>(chooseIcon(words, 64));
     return 0;
