@@ -37,6 +37,11 @@ bool isX11() {
     return QGuiApplication::platformName() == "xcb";
 }
 
+/// The X server of a Wayland compositor knows only where the pointer was last above an X11 window.
+bool hasStalePointer() {
+    return isX11() && qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
 /// Whether the desktop's panel recolours no icons. There the glyph is sent as pixels that contrast
 /// with the bar, if the screen can be read.
 bool drawsNamesAsTheyAre() {
@@ -128,7 +133,11 @@ QPoint QtStatusItem::menuPlace(int height) const {
             return {icon->x, isBottom ? icon->y - height : icon->y + icon->height};
         }
     }
-    return lastClick_ ? QPoint(lastClick_->x, lastClick_->y) : QCursor::pos();
+    if (lastClick_) {
+        return {lastClick_->x, lastClick_->y};
+    }
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return hasStalePointer() && screen ? screen->availableGeometry().topRight() : QCursor::pos();
 }
 
 std::optional<Rect> QtStatusItem::frame() const {
@@ -214,9 +223,8 @@ void QtStatusItem::panelChanged(PanelWatcher::Panel panel) {
 
 void QtStatusItem::clicked(StatusEvent event, Point place) {
     setPanelMenuOpen(false);
-    // Panels pass the pointer's place, the icon's, or nothing. On X11 the pointer can be asked; the
-    // X server of a Wayland compositor knows only where it was last above an X11 window.
-    if (isX11() && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
+    // Panels pass the pointer's place, the icon's, or nothing. On X11 the pointer can be asked.
+    if (isX11() && !hasStalePointer()) {
         const QPoint pointer = QCursor::pos();
         lastClick_ = {pointer.x(), pointer.y()};
     } else if (place != Point{}) {

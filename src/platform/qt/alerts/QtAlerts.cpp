@@ -20,7 +20,11 @@ const QScreen* currentScreen() {
     if (const QWindow* focused = QGuiApplication::focusWindow()) {
         return focused->screen();
     }
-    const QScreen* underPointer = QGuiApplication::screenAt(QCursor::pos());
+    // The X server of a Wayland compositor knows only where the pointer was above its windows.
+    const bool knowsPointer =
+        QGuiApplication::platformName() != "xcb" || !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const QScreen* underPointer =
+        knowsPointer ? QGuiApplication::screenAt(QCursor::pos()) : nullptr;
     return underPointer ? underPointer : QGuiApplication::primaryScreen();
 }
 
