@@ -4,6 +4,7 @@
 #include "platform/gnome/backend/GnomeBackend.h"
 #include "platform/gnome/backend/ShellLink.h"
 #include "platform/gnome/backend/ShellWindowSystem.h"
+#include "platform/gnome/backend/WaylandClients.h"
 #include "platform/wayland/CompositorWindows.h"
 #include "platform/wayland/backend/CompositorKeymap.h"
 #include "platform/wayland/backend/LayerShellBackend.h"
@@ -13,17 +14,28 @@
 #include <utility>
 
 namespace calmora {
+namespace {
+
+ShellWindowSystem::StandIns standInsFor(const ShellLink& shell, const QDBusConnection& sessionBus,
+                                        std::function<const DesktopEntryIndex&()> installed) {
+    return
+        [clients =
+             std::make_shared<WaylandClients>(sessionBus, shell.socket(), std::move(installed))](
+            bool isAfresh) -> const std::vector<ShellWindow>& { return clients->read(isAfresh); };
+}
+
+} // namespace
 
 std::unique_ptr<WindowBackend>
 makeWindowBackend(EventPoll& events, const QDBusConnection& sessionBus, ShellLink* shell,
                   std::function<const DesktopEntryIndex&()> installed,
                   const X11Backend::MakeHotKeys& makeHotKeys, std::function<bool()> mayAct) {
-    auto compositor = makeCompositorWindows(
-        events, [installed = std::move(installed)](const std::string& applicationId) {
-            return programsOfAppId(applicationId, installed());
-        });
+    auto compositor = makeCompositorWindows(events, [installed](const std::string& applicationId) {
+        return programsOfAppId(applicationId, installed());
+    });
     if (!compositor) {
-        compositor = shell ? makeShellWindows(*shell) : makeKwinWindows(sessionBus);
+        compositor = shell ? makeShellWindows(*shell, standInsFor(*shell, sessionBus, installed))
+                           : makeKwinWindows(sessionBus);
     }
     std::unique_ptr<WindowBackend> backend =
         std::make_unique<X11Backend>(events, std::move(compositor), makeHotKeys, compositorKeymap);

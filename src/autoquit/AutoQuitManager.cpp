@@ -101,7 +101,8 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
 bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
                               const std::set<std::string>& inactive,
                               const NeverQuitList& neverQuitApps) {
-    if (!app.bundleIdentifier || !inactive.contains(*app.bundleIdentifier) || app.mustAnswerSoon) {
+    if (!app.isActivityKnown || !app.bundleIdentifier ||
+        !inactive.contains(*app.bundleIdentifier) || app.mustAnswerSoon) {
         return false;
     }
     const std::string& bundleIdentifier = *app.bundleIdentifier;

@@ -44,6 +44,8 @@ struct AppInfo {
     std::vector<ProcessId> candidates = {};
     /// As WorkspaceApplication::canBeForced.
     bool canBeForced = true;
+    /// As WorkspaceApplication::isActivityKnown.
+    bool isActivityKnown = true;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

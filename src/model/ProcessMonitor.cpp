@@ -32,6 +32,7 @@ AppInfo record(const WorkspaceApplication& application) {
     app.icon = application.icon;
     app.candidates = application.candidates;
     app.canBeForced = application.canBeForced;
+    app.isActivityKnown = application.isActivityKnown;
     return app;
 }
 

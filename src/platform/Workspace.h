@@ -78,6 +78,9 @@ struct WorkspaceApplication {
     /// The desktop ends it if it takes longer than a few seconds to answer a polite request, which
     /// is therefore the user's to make.
     bool mustAnswerSoon = false;
+    /// False where nobody tells when it is in front. It is not ticked before the user does it, and
+    /// never quit automatically.
+    bool isActivityKnown = true;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

@@ -130,7 +130,7 @@ void AppListViewModel::refresh() {
                 app.memoryMB = before->second->memoryMB;
             }
         }
-        if (!isKnown && settings_.deselectAppsByDefault()) {
+        if (!isKnown && (settings_.deselectAppsByDefault() || !app.isActivityKnown)) {
             app.isSelected = false;
         }
         app.knownAppInfo = KnownApps::lookup(app.bundleIdentifier);

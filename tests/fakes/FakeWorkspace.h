@@ -22,6 +22,7 @@ struct FakeApplication {
     /// With some, it is gone by closing its windows, and its processes stay.
     std::vector<ProcessId> candidates = {};
     bool mustAnswerSoon = false;
+    bool isActivityKnown = true;
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -183,11 +184,16 @@ class FakeWorkspace final : public Workspace {
     }
 
     WorkspaceApplication record(const FakeApplication& application) const {
-        return {application.pid,           application.bundleIdentifier,
-                application.name,          application.icon,
-                application.policy,        application.otherIdentifiers,
-                application.candidates,    !isOneOfSeveral(application.pid),
-                application.mustAnswerSoon};
+        return {application.pid,
+                application.bundleIdentifier,
+                application.name,
+                application.icon,
+                application.policy,
+                application.otherIdentifiers,
+                application.candidates,
+                !isOneOfSeveral(application.pid),
+                application.mustAnswerSoon,
+                application.isActivityKnown};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {

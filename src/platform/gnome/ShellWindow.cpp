@@ -37,6 +37,7 @@ TopLevelWindow topLevelWindow(const ShellWindow& window) {
     TopLevelWindow result;
     result.type = typeOf(window);
     result.isModal = window.type == metaModalDialog;
+    result.isStandIn = window.isStandIn;
     result.skipsTaskbar = window.skipsTaskbar;
     result.applicationId = window.className;
     result.className = window.className;

@@ -22,6 +22,8 @@ struct ShellWindow {
     std::uint32_t type = 0;
     bool skipsTaskbar = false;
     bool canClose = false;
+    /// As TopLevelWindow::isStandIn.
+    bool isStandIn = false;
     /// The window that it belongs to; 0 for one of its own.
     std::uint64_t parent = 0;
     /// The desktop id that the shell lists the window under.

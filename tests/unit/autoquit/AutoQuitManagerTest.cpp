@@ -178,6 +178,9 @@ TEST_F(AutoQuitManagerTest, SparesLinuxApplicationsWithBusyChildren) {
     launch(9, "org.gnome.Slow");
     machine.workspace.at(9).mustAnswerSoon = true;
     age("org.gnome.Slow", 24h);
+    launch(8, "org.example.Unseen");
+    machine.workspace.at(8).isActivityKnown = false;
+    age("org.example.Unseen", 24h);
     machine.workspace.installed = {{"debian-xterm", {}}, {"org.xfce.mousepad", {}}};
     launch(10, "debian-xterm");
     age("debian-xterm", 24h);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/gnome/ExtensionRules.h"
 #include "platform/gnome/ShellWindow.h"
+#include "platform/gnome/StandIns.h"
+#include "platform/linux/xdg/DesktopEntryIndex.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +53,37 @@ TEST(GnomeRules, MakeWindowsOfWhatTheShellTells) {
         EXPECT_EQ(window.x11Id, row.x11Id);
         EXPECT_EQ(window.mayBeX11, row.mayBeX11);
     }
+}
+
+TEST(GnomeRules, ListClientsWithVisibleEntriesWhereNobodyTellsOfWindows) {
+    std::vector<DesktopEntry> entries;
+    for (const auto& [id, program] : {std::pair("org.gnome.Text-Editor", "gnome-text-editor"),
+                                      {"org.gnome.Portal", "portal"},
+                                      {"galculator", "galculator"}}) {
+        auto entry = parseDesktopEntry(
+            std::string("[Desktop Entry]\nType=Application\nName=x\nExec=") + program, {});
+        entry->id = id;
+        entry->isVisible = entry->id != "org.gnome.Portal";
+        entries.push_back(*entry);
+    }
+    const DesktopEntryIndex index(entries);
+    const SocketClient clients[] = {{2, {"gnome-text-editor"}},
+                                    {3, {"portal"}},
+                                    {4, {"galculator"}},
+                                    {5, {"unknown"}},
+                                    {6, {"gnome-text-editor"}}};
+    const auto windows = standIns(clients, index, [](const std::string&, ProcessId process) {
+        return std::string(process == 2 ? ":1.2" : "");
+    });
+    ASSERT_EQ(windows.size(), 3U);
+    EXPECT_EQ(windows[0].process, 2);
+    EXPECT_EQ(windows[0].gtkBusName, ":1.2");
+    EXPECT_EQ(windows[0].gtkObjectPath, "/org/gnome/Text_Editor");
+    EXPECT_EQ(windows[1].process, 4);
+    EXPECT_EQ(windows[2].gtkObjectPath, "") << "another process has the name";
+    EXPECT_NE(windows[0].id, windows[2].id);
+    const TopLevelWindow window = topLevelWindow(windows[1]);
+    EXPECT_TRUE(window.isStandIn && !window.canBeAsked && window.type == WindowType::normal);
 }
 
 TEST(GnomeRules, EnableTheExtensionOnlyAsTheUserWants) {

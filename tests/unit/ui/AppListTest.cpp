@@ -73,6 +73,14 @@ TEST_F(AppListViewModelTest, KeepsTicksAndFiguresByProcess) {
     launch(5, "Xd", "com.adobe.xd");
     model.refresh();
     EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd") << "a new process starts afresh";
+
+    settings.deselectAppsByDefault.set(false);
+    launch(6, "Yet", "org.yet").isActivityKnown = false;
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd Yet");
+    model.toggleSelection(6);
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "bare Files Music+ Xd Yet+") << "the user wants it";
 }
 
 TEST_F(AppListViewModelTest, SumsCandidatesAndLetsNoTickAppearWhenTheyPart) {

@@ -17,7 +17,8 @@ GnomeBackend::GnomeBackend(ShellLink& link, std::unique_ptr<WindowBackend> rest,
 
 std::string GnomeBackend::listLimitation() const {
     return isOnWayland_ && link_.state() == ShellLink::State::absent
-               ? "On Wayland, only X11 applications are listed."
+               ? "Without the GNOME extension, Calmora sees no Wayland windows. Some apps are "
+                 "missing, and some can only be force quit."
                : "";
 }
 

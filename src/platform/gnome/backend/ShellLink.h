@@ -54,6 +54,9 @@ class ShellLink {
     /// Whether the shell is attached and has answered the last call.
     [[nodiscard]] bool isAnswering() const { return isAttached() && !pause_.isActive(); }
 
+    /// As given to the constructor.
+    [[nodiscard]] const std::string& socket() const { return socket_; }
+
     /// The shell's process; absent where the extension is not attached.
     [[nodiscard]] std::optional<ProcessId> process() const;
 

@@ -11,8 +11,8 @@
 
 namespace calmora {
 
-ShellWindowSystem::ShellWindowSystem(ShellLink& link, OwnerLookup lookUp)
-    : link_(link), lookUp_(std::move(lookUp)) {
+ShellWindowSystem::ShellWindowSystem(ShellLink& link, StandIns standIns, OwnerLookup lookUp)
+    : link_(link), standIns_(std::move(standIns)), lookUp_(std::move(lookUp)) {
     notifying_.setSingleShot(true);
     QObject::connect(&notifying_, &QTimer::timeout, &notifying_, [this] { notify(); });
     changes_ = link_.onWindowsChanged([this] { update(); });
@@ -33,7 +33,7 @@ const std::vector<TopLevelWindow>& ShellWindowSystem::windows() {
 
 const std::vector<TopLevelWindow>& ShellWindowSystem::windowsReadAfresh() {
     link_.readWindows();
-    readWindows(std::vector(link_.windows()));
+    readWindows(told(/*isAfresh=*/true));
     return windows_;
 }
 
@@ -48,7 +48,7 @@ std::optional<WindowId> ShellWindowSystem::activeWindow() {
 
 bool ShellWindowSystem::requestClose(WindowId window, ProcessId process) {
     // The shell compares nothing but its number, which it never uses twice.
-    readWindows(std::vector(link_.windows()));
+    readWindows(told(/*isAfresh=*/false));
     const auto found = std::ranges::find(windows_, window, &TopLevelWindow::id);
     if (found == windows_.end() || !found->canBeAsked || found->process != process) {
         return false;
@@ -72,10 +72,15 @@ std::vector<ProcessId> ShellWindowSystem::displayProcesses() {
     return result;
 }
 
+std::vector<ShellWindow> ShellWindowSystem::told(bool isAfresh) {
+    const bool isAway = link_.state() == ShellLink::State::absent;
+    return isAway && standIns_ ? standIns_(isAfresh) : link_.windows();
+}
+
 void ShellWindowSystem::update() {
-    const std::vector<ShellWindow> told = link_.windows();
-    if (!owners_.takeEnded().empty() || told != told_ || link_.focus() != toldFocus_) {
-        readWindows(told);
+    const std::vector<ShellWindow> now = told(/*isAfresh=*/false);
+    if (!owners_.takeEnded().empty() || now != told_ || link_.focus() != toldFocus_) {
+        readWindows(now);
     }
 }
 
@@ -135,10 +140,11 @@ void ShellWindowSystem::notify() {
     }
 }
 
-std::unique_ptr<WindowSystem> makeShellWindows(ShellLink& link) {
+std::unique_ptr<WindowSystem> makeShellWindows(ShellLink& link,
+                                               ShellWindowSystem::StandIns standIns) {
     return qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
                ? nullptr
-               : std::make_unique<ShellWindowSystem>(link);
+               : std::make_unique<ShellWindowSystem>(link, std::move(standIns));
 }
 
 } // namespace calmora

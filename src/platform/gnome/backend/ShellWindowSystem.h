@@ -19,15 +19,20 @@ namespace calmora {
 
 class ShellLink;
 
-/// The windows of a GNOME session on Wayland, as our extension in its shell tells them. Lists
-/// nothing while the extension is not there, and goes on when it is back.
+/// The windows of a GNOME session on Wayland, as our extension in its shell tells them. While
+/// the extension is not there it lists stand-ins, if anything.
 ///
 /// X11 windows are listed without an owner and are never asked to close: the X server knows
 /// better, see CompositeWindowSystem.
 class ShellWindowSystem final : public WindowSystem {
   public:
-    /// `link` must outlive it.
-    explicit ShellWindowSystem(ShellLink& link, OwnerLookup lookUp = ownersFromKernel());
+    /// Gives what is listed while the extension is away; `isAfresh` asks for no older answer.
+    using StandIns = std::function<const std::vector<ShellWindow>&(bool isAfresh)>;
+
+    /// `link` must outlive it. `standIns` is called when windows are listed, not before; null for
+    /// none.
+    explicit ShellWindowSystem(ShellLink& link, StandIns standIns = nullptr,
+                               OwnerLookup lookUp = ownersFromKernel());
     ShellWindowSystem(const ShellWindowSystem&) = delete;
     ShellWindowSystem& operator=(const ShellWindowSystem&) = delete;
 
@@ -59,11 +64,13 @@ class ShellWindowSystem final : public WindowSystem {
 
   private:
     void update();
+    [[nodiscard]] std::vector<ShellWindow> told(bool isAfresh);
     void readWindows(const std::vector<ShellWindow>& told);
     [[nodiscard]] TopLevelWindow windowOf(const ShellWindow& told) const;
     void notify();
 
     ShellLink& link_;
+    StandIns standIns_;
     OwnerLookup lookUp_;
     Signal<> windowsChanged_;
     Signal<> activeWindowChanged_;
@@ -89,6 +96,7 @@ class ShellWindowSystem final : public WindowSystem {
 };
 
 /// The windows where the session is a Wayland session; else null: X11 knows all of them.
-[[nodiscard]] std::unique_ptr<WindowSystem> makeShellWindows(ShellLink& link);
+[[nodiscard]] std::unique_ptr<WindowSystem> makeShellWindows(ShellLink& link,
+                                                             ShellWindowSystem::StandIns standIns);
 
 } // namespace calmora

@@ -71,6 +71,9 @@ struct TopLevelWindow {
     WindowType type = WindowType::none;
     bool skipsTaskbar = false;
     bool isModal = false;
+    /// Stands for windows that nobody tells of: their application has some, or had some. When it is
+    /// in front is not known.
+    bool isStandIn = false;
     /// Supports polite closing. Never ask other windows: the window manager would kill their
     /// client.
     bool canBeAsked = false;

@@ -269,7 +269,7 @@ std::shared_ptr<const ListedApplication> ApplicationList::listed(ProcessId proce
     }
     const bool mayHide = candidate.facts.hasTrayIcon || sources_.bus.isMediaPlayer(process);
     for (const TopLevelWindow& window : application->windows) {
-        if (mayHide && !window.gtkBusName.empty()) {
+        if ((mayHide || window.isStandIn) && !window.gtkBusName.empty()) {
             sources_.bus.learnActions({window.gtkBusName, window.gtkObjectPath});
         }
     }

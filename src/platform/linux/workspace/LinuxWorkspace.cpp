@@ -44,6 +44,8 @@ WorkspaceApplication valueOf(const ListedApplication& application,
     value.mustAnswerSoon =
         std::ranges::any_of(application.windows, &TopLevelWindow::mustAnswerSoon);
     value.canBeForced = !isOneOfSeveralOwners(windows, application.process.pid);
+    value.isActivityKnown = application.windows.empty() ||
+                            !std::ranges::all_of(application.windows, &TopLevelWindow::isStandIn);
     return value;
 }
 
