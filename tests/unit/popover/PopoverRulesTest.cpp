@@ -13,6 +13,7 @@ TEST(PopoverPlacement, IsBesideTheIconAndInsideItsScreen) {
     const ScreenArea leftPanel{{0, 0, 1280, 800}, {48, 0, 1232, 800}};
     const ScreenArea rightPanel{{0, 0, 1280, 800}, {0, 0, 1232, 800}};
     const ScreenArea tiny{{0, 0, 320, 240}, {0, 20, 320, 220}};
+    const ScreenArea low{{0, 0, 1280, 400}, {0, 0, 1280, 400}};
     const ScreenArea second{{1280, 200, 1024, 768}, {1280, 200, 1024, 728}};
 
     const struct {
@@ -27,6 +28,7 @@ TEST(PopoverPlacement, IsBesideTheIconAndInsideItsScreen) {
         {"right of a left panel", Rect{12, 20, 24, 24}, {leftPanel}, {56, 8, 360, 500}},
         {"left of a right panel", Rect{1244, 780, 24, 24}, {rightPanel}, {864, 292, 360, 500}},
         {"above, nothing reserved", Rect{600, 776, 24, 24}, {free}, {432, 268, 360, 500}},
+        {"low, nothing reserved", Rect{600, 0, 24, 24}, {low}, {432, 32, 360, 360}},
         {"the icon's screen", Rect{1400, 936, 24, 24}, {topPanel, second}, {1288, 420, 360, 500}},
         {"a screen too small", Rect{290, 0, 20, 20}, {tiny}, {8, 28, 304, 204}},
         {"unknown, top panel", {}, {topPanel, second}, {912, 32, 360, 500}},

@@ -57,6 +57,19 @@ Edge panelEdge(const Rect& icon, const ScreenArea& screen, int height) {
     return below >= height || below >= above ? Edge::top : Edge::bottom;
 }
 
+/// The size without what would lie over the icon, if enough is left.
+Size clearOf(const Rect& icon, Size size, const ScreenArea& screen, const Rect& area) {
+    constexpr int enough = 240;
+    const Edge edge = panelEdge(icon, screen, size.height);
+    int room = size.height;
+    if (edge == Edge::top) {
+        room = bottom(area) - bottom(icon) - gap;
+    } else if (edge == Edge::bottom) {
+        room = icon.y - gap - area.y;
+    }
+    return {size.width, room >= enough ? std::min(size.height, room) : size.height};
+}
+
 Point besideIcon(Size size, const Rect& icon, const ScreenArea& screen) {
     const Point middle = centre(icon);
     switch (panelEdge(icon, screen, size.height)) {
@@ -96,7 +109,8 @@ Rect placePopover(Size size, const std::optional<Rect>& icon, std::span<const Sc
     const Rect& all = screen->available;
     const Rect area{all.x + gap, all.y + gap, std::max(1, all.width - 2 * gap),
                     std::max(1, all.height - 2 * gap)};
-    const Size fitting{std::min(size.width, area.width), std::min(size.height, area.height)};
+    const Size inside{std::min(size.width, area.width), std::min(size.height, area.height)};
+    const Size fitting = icon ? clearOf(*icon, inside, *screen, area) : inside;
     // Where there is no icon, too far out: the gap moves it in.
     const Point wanted = icon ? besideIcon(fitting, *icon, *screen) : inCorner(fitting, *screen);
     return {clampedStart(wanted.x, fitting.width, area.x, right(area)),
