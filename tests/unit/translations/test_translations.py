@@ -19,7 +19,7 @@ TALKING = re.compile(r"app|autoquit|settings|ui|KeyboardShortcuts|updates/[^/]*$
 SYMBOL = re.compile(r"[a-z]+(_[a-z]+)+( %[@l]+)*|ok")
 READS_LIKE_TEXT = re.compile(r"[A-Z]|\d+ [a-z]")
 SENTENCE = re.compile(r"[A-Z]\w* [^%\n]*\.")
-NO_TEXTS = re.compile(r"Calmora|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
+NO_TEXTS = re.compile(r"Calmora|calmora_fetch|F\d+|Z|AppIcon|MenuBarIcon|(KeyboardShortcuts_|NSMenu).*|\w+\+"
                       r"|DISPLAY|[A-Z]+(_[A-Z]+)+|[^\0]*\n")
 SILENT_FOLDER = "autoquit/catalogue/"  # Names of programs, which are the same everywhere.
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?(?:@|lld)|%L?\d+|%n")
