@@ -215,7 +215,9 @@ void CalmoraApp::openSettings() {
             delegate_.settings(), delegate_.updater(),
             {.platform = platform(),
              .loginItem = loginItem_,
-             .limitations = {backend_->listLimitation(), backend_->autoQuitLimitation()},
+             // What the extension gives is said beside it.
+             .limitations = {extension_ ? std::string() : backend_->listLimitation(),
+                             backend_->autoQuitLimitation()},
              .recorders = globalShortcuts_.recorders(),
              .icon = icon(),
              .extension = extension_.get()},

@@ -28,15 +28,16 @@ ListNote::ListNote(std::function<std::string()> limitation, DesktopExtension* ex
     row->setContentsMargins(0, 0, 0, Points{2});
     row->setSpacing(Points{6});
     row->addStretch(1);
-    const auto addButton = [&](const char* title, void (DesktopExtension::*action)()) {
+    const auto addButton = [&](const char* title, const char* name,
+                               void (DesktopExtension::*action)()) {
         auto* button = new Button(uiText(title), TextStyle::caption);
-        button->setObjectName(title);
+        button->setObjectName(name);
         row->addWidget(button);
         connect(button, &QAbstractButton::clicked, this,
                 [this, action] { (extension_->*action)(); });
     };
-    addButton("Not now", &DesktopExtension::decline);
-    addButton("Enable", &DesktopExtension::enable);
+    addButton("Not now", "declineExtension", &DesktopExtension::decline);
+    addButton("Enable", "enableExtension", &DesktopExtension::enable);
     if (extension_) {
         changes_ = extension_->onChanged([this] { showState(); });
     }

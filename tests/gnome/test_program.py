@@ -108,23 +108,27 @@ class Program(unittest.TestCase):
                 self.session.press_keys(ESCAPE)
         self.session.press_keys(CONTROL, ALT, K)
         self.session.wait_until(self.popover, "the popover by its key")
-        # As while the screen is locked: nothing more is known, and then everything again.
-        self.session.enable_extension(False)
-        self.wait_for_rows()
-        self.session.enable_extension()
+        # As while the screen is locked: less is known, and then everything again.
+        for enabled in False, True:
+            self.session.enable_extension(enabled)
+            self.session.wait_until(lambda: ("others may exist" in self.command("--diagnose"))
+                                    is not enabled, "a list that says whether it is complete")
         self.wait_for_rows(self.calculator)
         self.assertEqual(self.session.extension_faults(), [])
 
     def test_offers_the_extension_once(self):
         self.open_session(enabled=False)
-        self.session.wait_until(lambda: "windows" in self.command("--diagnose"), "an answer")
+        self.wait_for_rows(self.calculator)
+        self.assertEqual(self.command("--quit-all"), "", "it is not ticked")
         self.command("--toggle")
         x, y, width, height = self.session.wait_until(self.popover, "the popover")["rect"]
         time.sleep(0.5 * TIMEOUT_SCALE)  # The offer has appeared.
         self.assertIsNone(self.session.icon())
         self.session.click(x + width - 42, y + height - 48)
         self.session.wait_until(self.session.icon, "the icon")
-        self.wait_for_rows(self.calculator)
+        self.assertIsNone(self.calculator.poll())
+        self.session.wait_until(lambda: "others may exist" not in self.command("--diagnose"),
+                                "the whole list")
 
 
 if __name__ == "__main__":

@@ -62,6 +62,25 @@ TEST_F(GeneralSettingsTest, SaysWhileSettingsCannotBeSaved) {
     }
 }
 
+TEST_F(GeneralSettingsTest, EnablesTheExtensionOfTheDesktop) {
+    using State = DesktopExtension::State;
+    open();
+    QAbstractButton& enable = button("enableExtension");
+    for (const auto& [state, isShown, canEnable] : {std::tuple(State::none, false, false),
+                                                    {State::declined, true, true},
+                                                    {State::forbidden, true, false},
+                                                    {State::awaitsLogin, true, false},
+                                                    {State::offered, true, true},
+                                                    {State::running, true, false}}) {
+        extension.become(state);
+        EXPECT_EQ(window.findChild<QLabel*>("extensionState")->isVisible(), isShown);
+        EXPECT_EQ(enable.isVisible(), canEnable);
+    }
+    extension.become(State::declined);
+    click(enable);
+    EXPECT_EQ(extension.asked, "re");
+}
+
 TEST_F(GeneralSettingsTest, APickerEditsItsPreference) {
     settings.autoQuitMinutes.set(45);
     open();

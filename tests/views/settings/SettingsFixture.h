@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fakes/FakeDesktopExtension.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
@@ -19,7 +20,7 @@ struct SettingsFixture {
     /// Creates the pane. Prepare the login item and the settings before.
     void open() {
         view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(),
-                                       limitations, nullptr, &window);
+                                       limitations, &extension, &window);
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(view);
@@ -30,6 +31,7 @@ struct SettingsFixture {
         "This desktop does not tell which applications run, so only X11 ones are listed.",
         "This desktop ends Wayland applications that take longer than 2 seconds to answer, so only "
         "X11 applications are quit automatically."};
+    FakeDesktopExtension extension;
     FakePlatform machine;
     FakeUpdater updater;
     FakeLoginItem loginItem;

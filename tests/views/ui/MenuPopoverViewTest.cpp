@@ -123,6 +123,24 @@ TEST_F(MenuPopoverViewTest, WorksOnlyWhileItIsShown) {
     EXPECT_TRUE(button("quitAll").isEnabled());
 }
 
+TEST_F(MenuPopoverViewTest, OffersTheExtensionInPlaceOfWhatTheListLacks) {
+    using State = DesktopExtension::State;
+    limitation = "This desktop does not tell which applications run, so only X11 ones are listed.";
+    extension.now = State::offered;
+    show();
+    const auto* note = view->findChild<QLabel*>("limitation");
+    EXPECT_EQ(note->text().toStdString(), extension.purpose());
+    click(button("enableExtension"));
+    click(button("declineExtension"));
+    EXPECT_EQ(extension.asked, "red");
+    extension.become(State::declined);
+    EXPECT_EQ(note->text().toStdString(), limitation);
+    EXPECT_FALSE(button("enableExtension").isVisible());
+    limitation.clear();
+    extension.become(State::running);
+    EXPECT_FALSE(note->isVisible());
+}
+
 TEST_F(MenuPopoverViewTest, QuitsPolitelyWithoutAQuestion) {
     launchThree();
     machine.workspace.at(2).endsAfterTerminate.reset();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fakes/FakeDesktopExtension.h"
 #include "fakes/FakePlatform.h"
 #include "settings/AppSettings.h"
 #include "ui/AppListViewModel.h"
@@ -32,6 +33,7 @@ struct PopoverFixture {
     }
 
     std::string limitation;
+    FakeDesktopExtension extension;
     FakePlatform machine;
     FakeInputGate inputGate;
     AppSettings settings{machine.defaults};
@@ -44,7 +46,8 @@ struct PopoverFixture {
                                                  .popover = machine.popover,
                                                  .inputGate = inputGate,
                                                  .openSettings = [this] { ++settingsOpened; },
-                                                 .limitation = [this] { return limitation; }},
+                                                 .limitation = [this] { return limitation; },
+                                                 .extension = &extension},
                                                 &window);
 };
 
