@@ -7,6 +7,7 @@
 #include "widgets/ContentArea.h"
 #include "widgets/Theme.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -35,18 +36,29 @@ AboutPanel::AboutPanel(const LocalizedStrings& strings, const Image& icon,
     layout->addStrut(leastAboutWidth);
     addIconAndName(*layout, icon);
     layout->insertSpacing(2, Points{8}); // Below the icon: the strut is the first item.
-    auto* line = new QLabel(versionText(version));
-    line->setObjectName("version");
-    line->setFont(Theme::font(TextStyle::body));
-    line->setAlignment(Qt::AlignCenter);
-    QPalette palette = line->palette();
-    palette.setColor(QPalette::WindowText, Theme::of(*this).color(ThemeColor::secondary));
-    line->setPalette(palette);
-    line->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    layout->addWidget(line);
+    version_ = new QLabel(versionText(version));
+    version_->setObjectName("version");
+    version_->setFont(Theme::font(TextStyle::body));
+    version_->setAlignment(Qt::AlignCenter);
+    version_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    colorVersion();
+    layout->addWidget(version_);
     auto* area = new ContentArea(content, this);
     setFixedSize(boundedByScreen(*this, content->sizeHint()));
     area->resize(size());
+}
+
+void AboutPanel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange && version_) {
+        colorVersion();
+    }
+    QWidget::changeEvent(event);
+}
+
+void AboutPanel::colorVersion() {
+    QPalette palette = version_->palette();
+    palette.setColor(QPalette::WindowText, Theme::of(*this).color(ThemeColor::secondary));
+    version_->setPalette(palette);
 }
 
 } // namespace calmora

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+class QLabel;
+
 namespace calmora {
 
 class LocalizedStrings;
@@ -18,6 +20,14 @@ class AboutPanel final : public QWidget {
     /// Without a version the panel shows "1.0.0".
     AboutPanel(const LocalizedStrings& strings, const Image& icon,
                const std::optional<std::string>& version);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void colorVersion();
+
+    QLabel* version_ = nullptr;
 };
 
 } // namespace calmora
