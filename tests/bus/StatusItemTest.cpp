@@ -232,15 +232,20 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
 
     item.setPopoverShown(true);
     EXPECT_EQ(qdbus_cast<DbusToolTip>(property("ToolTip")).title, "");
+    EXPECT_EQ(property("Title"), "") << "what some panels show in its place";
     item.setPopoverShown(false); // The menu takes the focus.
     EXPECT_EQ(qdbus_cast<DbusToolTip>(property("ToolTip")).title, "Calmora");
     tell("opened");
     tell("clicked", children(menu).front().id);
     tell("closed");
-    callMenu("AboutToShow", {0});
+    tell("closed"); // Answered after the click was handled.
     EXPECT_EQ(events.size(), 1U) << "the popover stays hidden";
     tell("clicked", children(menu).front().id);
     EXPECT_TRUE(loopUntil([&] { return events.size() == 2; }));
+
+    item.setPopoverShown(true);
+    callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0})});
+    EXPECT_EQ(events.size(), 3U) << "a panel's menu closes the popover";
 }
 
 TEST(StatusMenuTest, answersItsKeysWhileOpen) {

@@ -92,10 +92,10 @@ TEST(AppRowView, FiguresGiveWayToTheStartOfAName) {
         for (const int width : {360, 330, 270, 210}) {
             for (const bool isProtected : {false, true}) {
                 AppRowView view;
+                view.resize(Points{width}, view.sizeHint().height());
                 view.setRow({.app = app(1, "Image Manipulation Program"),
                              .resourceDisplay = ResourceDisplay::both,
                              .isWhitelisted = isProtected});
-                view.resize(Points{width}, view.sizeHint().height());
                 EXPECT_GE(view.shownName().size(), 9) << width << ' ' << font.pointSizeF();
             }
         }

@@ -44,8 +44,8 @@ QVariantMap chosen(QVariantMap properties, const QStringList& names) {
 
 MenuObject::MenuObject(QDBusConnection connection,
                        std::function<std::vector<StatusMenuItem>()> build,
-                       std::function<void(bool)> onOpen)
-    : build_(std::move(build)), onOpen_(std::move(onOpen)) {
+                       std::function<void(bool)> onOpen, std::function<void()> onShow)
+    : build_(std::move(build)), onOpen_(std::move(onOpen)), onShow_(std::move(onShow)) {
     registerStatusTypes();
     connection.registerObject(path, this, QDBusConnection::ExportAllContents);
 }
@@ -191,11 +191,14 @@ QList<int> MenuObject::EventGroup(const QList<DbusMenuEvent>& events) {
 }
 
 bool MenuObject::AboutToShow(int id) {
+    if (id == 0) {
+        onShow_();
+    }
     return id == 0 && update();
 }
 
 QList<int> MenuObject::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
-    const bool isChanged = ids.contains(0) && update();
+    const bool isChanged = ids.contains(0) && AboutToShow(0);
     std::ranges::copy_if(ids, std::back_inserter(idErrors),
                          [&](int id) { return id != 0 && !entry(id); });
     return isChanged ? QList<int>{0} : QList<int>();

@@ -31,9 +31,9 @@ class MenuObject final : public QObject, protected QDBusContext {
     static constexpr auto interfaceName = "com.canonical.dbusmenu";
 
     /// `build` gives the entries each time the menu opens. `onOpen` is called when the panel opens
-    /// and closes its drawing of the menu.
+    /// and closes its drawing of the menu, `onShow` before that; some panels tell only one of them.
     MenuObject(QDBusConnection connection, std::function<std::vector<StatusMenuItem>()> build,
-               std::function<void(bool)> onOpen);
+               std::function<void(bool)> onOpen, std::function<void()> onShow);
 
     /// Builds the entries again and signals what is different. True when anything is.
     bool update();
@@ -77,6 +77,7 @@ class MenuObject final : public QObject, protected QDBusContext {
     QStringList iconThemePath_;
     std::function<std::vector<StatusMenuItem>()> build_;
     std::function<void(bool)> onOpen_;
+    std::function<void()> onShow_;
     std::map<std::string, int> ids_;
     int lastId_ = 0;
     std::vector<Entry> entries_;

@@ -19,7 +19,7 @@ constexpr auto gnomeShellName = "org.gnome.Shell";
 
 NotifierItem::NotifierItem(const QDBusConnection& connection, const QString& id,
                            const QString& title, const QString& menuPath, Handlers handlers)
-    : connection_(connection), id_(id), title_(title), toolTip_(title), menu_(menuPath),
+    : connection_(connection), id_(id), title_(title), menu_(menuPath),
       handlers_(std::move(handlers)) {
     registerStatusTypes();
     connection_.registerObject(path, this, QDBusConnection::ExportAllContents);
@@ -41,8 +41,9 @@ void NotifierItem::setHidden(bool isHidden) {
     Q_EMIT NewStatus(status_);
 }
 
-void NotifierItem::setToolTip(const QString& text) {
-    toolTip_ = text;
+void NotifierItem::setToolTipShown(bool isShown) {
+    hasToolTip_ = isShown;
+    Q_EMIT NewTitle();
     Q_EMIT NewToolTip();
 }
 

@@ -20,7 +20,7 @@ class NotifierItem final : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
     Q_PROPERTY(QString Category MEMBER category_ CONSTANT)
     Q_PROPERTY(QString Id MEMBER id_ CONSTANT)
-    Q_PROPERTY(QString Title MEMBER title_ CONSTANT)
+    Q_PROPERTY(QString Title READ title)
     Q_PROPERTY(QString Status MEMBER status_)
     Q_PROPERTY(int WindowId MEMBER windowId_ CONSTANT)
     Q_PROPERTY(QString IconThemePath READ iconThemePath)
@@ -62,8 +62,9 @@ class NotifierItem final : public QObject {
 
     void setIcon(const Icon& icon);
 
-    /// Empty shows none, where the panel does not use the title in its place.
-    void setToolTip(const QString& text);
+    /// Whether the icon has a tool tip. Without one it has no title either, which some panels show
+    /// in its place.
+    void setToolTipShown(bool isShown);
 
     /// Panels show no hidden item.
     void setHidden(bool isHidden);
@@ -91,13 +92,15 @@ class NotifierItem final : public QObject {
 
     [[nodiscard]] QList<DbusPixmap> iconPixmap() const { return icon_.pixmaps; }
 
-    [[nodiscard]] DbusToolTip toolTip() const { return {{}, {}, toolTip_, {}}; }
+    [[nodiscard]] QString title() const { return hasToolTip_ ? title_ : QString(); }
+
+    [[nodiscard]] DbusToolTip toolTip() const { return {{}, {}, title(), {}}; }
 
     QDBusConnection connection_;
     QString category_ = "ApplicationStatus";
     QString id_;
     QString title_;
-    QString toolTip_;
+    bool hasToolTip_ = true;
     QString status_ = "Active";
     int windowId_ = 0;
     QString noName_;

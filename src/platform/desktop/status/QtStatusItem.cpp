@@ -99,7 +99,8 @@ QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applic
                            const LocalizedStrings& strings, std::function<void(bool)> onPanelMenu)
     : strings_(strings), onPanelMenu_(std::move(onPanelMenu)),
       menu_(
-          bus, [this] { return buildMenu(); }, [this](bool isOpen) { setPanelMenuOpen(isOpen); }),
+          bus, [this] { return buildMenu(); }, [this](bool isOpen) { setPanelMenuOpen(isOpen); },
+          [this] { panelMenuShows(); }),
       item_(bus, QString::fromStdString(applicationId), title, MenuObject::path,
             {.activate = [this](Point place) { clicked(StatusEvent::leftMouseUp, place); },
              .contextMenu = [this](Point place) { clicked(StatusEvent::rightMouseUp, place); }}),
@@ -164,16 +165,22 @@ void QtStatusItem::setPopoverShown(bool isShown) {
         popoverClosed_.setRemainingTime(menuDelay);
     }
     isPopoverShown_ = isShown;
-    const QString toolTip = isShown ? QString() : QString(title);
-    item_.setToolTip(toolTip);
+    item_.setToolTipShown(!isShown);
     if (trayIcon_) {
-        trayIcon_->setToolTip(toolTip);
+        trayIcon_->setToolTip(isShown ? QString() : QString(title));
+    }
+}
+
+void QtStatusItem::panelMenuShows() {
+    hidesPopover_ = isPopoverShown_ || !popoverClosed_.hasExpired();
+    if (isPopoverShown_) {
+        act(StatusEvent::leftMouseUp);
     }
 }
 
 void QtStatusItem::setPanelMenuOpen(bool isOpen) {
     if (isOpen) {
-        hidesPopover_ = isPopoverShown_ || !popoverClosed_.hasExpired();
+        panelMenuShows();
     }
     if (onPanelMenu_) {
         onPanelMenu_(isOpen);

@@ -72,6 +72,8 @@ class QtStatusItem final : public QObject, public StatusItem {
 
   private:
     void setPanelMenuOpen(bool isOpen);
+    /// The panel is about to draw the menu: the popover closes.
+    void panelMenuShows();
     void panelChanged(PanelWatcher::Panel panel);
     void clicked(StatusEvent event, Point place);
     void act(StatusEvent event);
