@@ -121,7 +121,7 @@ QString alertText(const std::string& text) {
 }
 
 AlertPanel::AlertPanel(const Alert& alert, const Image& icon,
-                       std::function<void(std::size_t)> onAnswer) {
+                       const std::function<void(std::size_t)>& onAnswer) {
     setObjectName("alert");
     auto* content = new QWidget;
     auto* texts = new QVBoxLayout(content);

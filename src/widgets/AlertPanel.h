@@ -18,7 +18,8 @@ namespace calmora {
 class AlertPanel final : public QWidget {
   public:
     /// `onAnswer` is called with the index of the chosen button.
-    AlertPanel(const Alert& alert, const Image& icon, std::function<void(std::size_t)> onAnswer);
+    AlertPanel(const Alert& alert, const Image& icon,
+               const std::function<void(std::size_t)>& onAnswer);
 
     /// Focuses the default button.
     void focusDefaultButton();
