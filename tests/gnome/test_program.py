@@ -67,8 +67,10 @@ class Program(unittest.TestCase):
         deaf = self.start(WINDOW_CLIENT, "--no-delete", "--ignore-term")
         unsaved = self.start("mousepad", "--disable-server")
         window, = self.session.windows_of(unsaved.pid)
-        self.session.js("global.get_window_actors().map(a => a.meta_window).find("
-                        f"w => w.get_id() === {window['id']}).activate(0)")
+        self.session.js("Main.activateWindow(global.get_window_actors().map(a => a.meta_window).find("
+                        f"w => w.get_id() === {window['id']}), "
+                        "global.display.get_current_time_roundtrip())")
+        self.session.wait_until(lambda: self.session.windows_of(unsaved.pid)[0]["focus"], "focus")
         self.session.press_keys(A)
         self.session.wait_until(lambda: self.session.windows_of(unsaved.pid)[0]["title"][0] == "*",
                                 "a change in the editor")
@@ -122,7 +124,7 @@ class Program(unittest.TestCase):
         self.assertEqual(self.command("--quit-all"), "", "it is not ticked")
         self.command("--toggle")
         x, y, width, height = self.session.wait_until(self.popover, "the popover")["rect"]
-        time.sleep(0.5 * TIMEOUT_SCALE)  # The offer has appeared.
+        time.sleep(2 * TIMEOUT_SCALE)  # The offer has appeared.
         self.assertIsNone(self.session.icon())
         self.session.click(x + width - 42, y + height - 48)
         self.session.wait_until(self.session.icon, "the icon")
