@@ -28,16 +28,14 @@ ListNote::ListNote(std::function<std::string()> limitation, DesktopExtension* ex
     row->setContentsMargins(0, 0, 0, Points{2});
     row->setSpacing(Points{6});
     row->addStretch(1);
-    const auto addButton = [&](const char* title, const char* name,
-                               void (DesktopExtension::*action)()) {
+    const auto addButton = [&](const char* title, const char* name, auto action) {
         auto* button = new Button(uiText(title), TextStyle::caption);
         button->setObjectName(name);
         row->addWidget(button);
-        connect(button, &QAbstractButton::clicked, this,
-                [this, action] { (extension_->*action)(); });
+        connect(button, &QAbstractButton::clicked, this, action);
     };
-    addButton("Not now", "declineExtension", &DesktopExtension::decline);
-    addButton("Enable", "enableExtension", &DesktopExtension::enable);
+    addButton("Not now", "declineExtension", [this] { extension_->decline(); });
+    addButton("Enable", "enableExtension", [this] { extension_->enable(); });
     if (extension_) {
         changes_ = extension_->onChanged([this] { showState(); });
     }

@@ -87,12 +87,16 @@ class ValueReader final : public Syntax {
 
     /// The value that was read.
     [[nodiscard]] std::optional<DefaultsValue> value() && {
-        return list_ ? std::optional<DefaultsValue>(*std::move(list_)) : std::move(value_);
+        if (list_) {
+            value_.emplace(*std::move(list_));
+        }
+        return std::move(value_);
     }
 
   private:
-    bool keep(DefaultsValue value) {
-        value_ = std::move(value);
+    template <typename Value>
+    bool keep(Value value) {
+        value_.emplace(std::move(value));
         return !list_;
     }
 
@@ -181,7 +185,10 @@ std::string writtenMembers(const JsonMembers& members) {
 
 std::optional<DefaultsValue> valueOfMember(const std::string& written) {
     ValueReader reader;
-    return Json::sax_parse(written, &reader) ? std::move(reader).value() : std::nullopt;
+    if (!Json::sax_parse(written, &reader)) {
+        return std::nullopt;
+    }
+    return std::move(reader).value();
 }
 
 std::string writtenMember(const DefaultsValue& value) {
