@@ -22,6 +22,8 @@ STATES = {
     "modal": Atspi.StateType.MODAL,
 }
 
+ANSWER_TIME = 3000  # In milliseconds; a program that waits for quits is silent for up to 2 s.
+
 # at-spi2 2.54 has renamed a role; what reads the tree uses the names from before.
 OLD_NAMES = {"button": "push button"}
 
@@ -58,11 +60,16 @@ def describe(node):
 
 def main():
     process = int(sys.argv[1])
+    # A call to a node that goes at that moment may stay without an answer; by default each waits 15 s.
+    Atspi.set_timeout(ANSWER_TIME, ANSWER_TIME)
     desktop = Atspi.get_desktop(0)
     for i in range(desktop.get_child_count()):
         program = desktop.get_child_at_index(i)
         if program is not None and program.get_process_id() == process:
-            print(json.dumps(describe(program)))
+            tree = describe(program)
+            if tree is None:
+                sys.exit("the program does not answer")
+            print(json.dumps(tree))
             return
     sys.exit("the program is not known to the accessibility bus")
 
