@@ -58,7 +58,7 @@ class Alarm {
             static_cast<void>(!write(STDERR_FILENO, text.data(), text.size()));
             std::_Exit(static_cast<int>(CommandStatus::noInstance));
         });
-        ::alarm(std::chrono::duration_cast<std::chrono::seconds>(SingleInstance::patience).count());
+        ::alarm(std::chrono::duration_cast<std::chrono::seconds>(SingleInstance::timeout).count());
     }
 
     Alarm(const Alarm&) = delete;
@@ -106,7 +106,7 @@ int endOfSilence() {
 /// Asks the process that holds the lock, if there is one, to show itself: the exit status. Absent
 /// if this process has the lock, or none can be made.
 std::optional<int> showRunning(RuntimeLock& lock, steady_clock::time_point started) {
-    const auto left = started + SingleInstance::patience - steady_clock::now();
+    const auto left = started + SingleInstance::timeout - steady_clock::now();
     if (lock.askHolder(std::chrono::ceil<std::chrono::milliseconds>(left))) {
         return 0;
     }

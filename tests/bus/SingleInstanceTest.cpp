@@ -21,7 +21,7 @@ using State = SingleInstance::State;
 State startAgain(const QDBusConnection& bus, const QTemporaryDir& folder) {
     auto other = std::async(std::launch::async, [&] {
         RuntimeLock lock(folder.path().toStdString(), id);
-        if (lock.askHolder(SingleInstance::patience)) {
+        if (lock.askHolder(SingleInstance::timeout)) {
             return State::shownElsewhere;
         }
         return SingleInstance(bus, id, std::move(lock)).state();

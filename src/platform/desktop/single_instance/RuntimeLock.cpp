@@ -66,11 +66,11 @@ bool RuntimeLock::acceptAttempt() const {
         FileDescriptor(accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC)));
 }
 
-bool RuntimeLock::askHolder(std::chrono::milliseconds patience) {
+bool RuntimeLock::askHolder(std::chrono::milliseconds timeout) {
     using Clock = std::chrono::steady_clock;
     using std::chrono::milliseconds;
     const sockaddr_un address = addressIn(folder_, socketName_);
-    const Clock::time_point end = Clock::now() + patience;
+    const Clock::time_point end = Clock::now() + timeout;
     const auto left = [&] {
         return std::max(std::chrono::ceil<milliseconds>(end - Clock::now()), milliseconds(0));
     };

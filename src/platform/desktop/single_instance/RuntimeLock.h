@@ -29,7 +29,7 @@ class RuntimeLock {
 
     /// Makes a connection attempt: whether the holder takes it in this time. Where the holder ends
     /// meanwhile, this process gets the lock and the answer is false.
-    bool askHolder(std::chrono::milliseconds patience);
+    bool askHolder(std::chrono::milliseconds timeout);
 
     /// The folder for such locks: XDG_RUNTIME_DIR, else one of the user's own below /tmp. Empty
     /// where none is writable by the user alone.

@@ -72,7 +72,7 @@ void SingleInstance::claimName(QDBusConnection bus, const QString& applicationId
     const QDBusMessage answer =
         bus.call(methodCall(applicationId, ApplicationObject::pathOf(applicationId),
                             ApplicationObject::interfaceName, "Activate", {QVariantMap()}),
-                 QDBus::Block, static_cast<int>(patience.count()));
+                 QDBus::Block, static_cast<int>(timeout.count()));
     if (answer.type() == QDBusMessage::ReplyMessage) {
         state_ = State::shownElsewhere;
     } else if (QDBusError(answer).type() == QDBusError::NoReply) {

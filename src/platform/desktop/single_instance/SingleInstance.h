@@ -56,7 +56,7 @@ class ApplicationObject final : public QObject {
 class SingleInstance {
   public:
     /// How long the running instance may take to answer: it may be busy quitting a program.
-    static constexpr std::chrono::milliseconds patience{3000};
+    static constexpr std::chrono::milliseconds timeout{3000};
 
     enum class State {
         /// This process is the running instance.
