@@ -2,9 +2,11 @@
 #include "WorkspaceTest.h"
 
 #include "platform/linux/workspace/ActivationRules.h"
+#include "support/FileDescriptor.h"
 #include "support/Sandbox.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -196,6 +198,8 @@ TEST(LinuxWorkspaceTest, AHelperThatWasLookedAtBeforeItStartedIsNoApplication) {
     machine.install("tidy", "Name=Tidy\nExec=" + (folder / "tidy").string());
     const std::string go = machine.desktop.home() / "go";
     ASSERT_EQ(::mkfifo(go.c_str(), 0600), 0);
+    // Open until the end, or a reader that comes late would wait for ever.
+    const FileDescriptor fifo(::open(go.c_str(), O_RDWR | O_CLOEXEC));
     const pid_t app = machine.desktop.start({folder / "tidy", "-c",
                                              "( (read word < " + go + "; exec " + helperFile +
                                                  " --helper) & read word < " + go +
@@ -204,7 +208,7 @@ TEST(LinuxWorkspaceTest, AHelperThatWasLookedAtBeforeItStartedIsNoApplication) {
     const pid_t helper = descendantOf(between, 1);
     EXPECT_TRUE(machine.listed(app));
     EXPECT_FALSE(machine.listed(helper)) << "the application is above it";
-    std::ofstream(go) << "go\ngo\n";
+    ASSERT_EQ(::write(fifo.get(), "go\ngo\n", 6), 6);
     EXPECT_TRUE(waitFor([&] {
         return machine.reader.executable(helper) == helperFile &&
                machine.reader.stat(helper)->parent == ::getpid();

@@ -90,8 +90,14 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     if (isSandboxLauncher(known.comm)) {
         return;
     }
+    const ProcessDetails outline = reader_.outline(process);
+    if (outline.commandLine.empty()) {
+        // Within execve(2), which sets the name before arguments and environment: look again.
+        known.comm.clear();
+        return;
+    }
     // Few processes are applications, and reading all details costs four times as much.
-    if (!mayBeInstalled(reader_.outline(process), index) && !reader_.hasOwnRoot(process)) {
+    if (!mayBeInstalled(outline, index) && !reader_.hasOwnRoot(process)) {
         return;
     }
     const auto details = reader_.details(process);
