@@ -115,6 +115,7 @@ TEST_F(FeedSourceTest, CancelsAtOnceWhateverTheServerDoes) {
     for (const QByteArray endless : {"X-Header: more\r\n", "X-Header-without-end"}) {
         std::atomic<quint16> port = 0;
         std::atomic<bool> isOver = false;
+        std::atomic<bool> isGone = false;
         std::thread hostile([&] {
             QTcpServer listener;
             listener.listen(QHostAddress::LocalHost);
@@ -126,6 +127,7 @@ TEST_F(FeedSourceTest, CancelsAtOnceWhateverTheServerDoes) {
                 client->write(endless.repeated(1000));
                 client->waitForBytesWritten(100);
             }
+            isGone = true;
         });
         EXPECT_TRUE(loopUntil([&] { return port != 0; }));
         FeedSource source("http://127.0.0.1:" + std::to_string(port), FETCH_PROGRAM, {}, loop);
@@ -138,6 +140,8 @@ TEST_F(FeedSourceTest, CancelsAtOnceWhateverTheServerDoes) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const auto took = std::chrono::steady_clock::now() - start;
         EXPECT_LT(took, std::chrono::seconds(2)) << endless.toStdString();
+        EXPECT_TRUE(loopUntil([&] { return isGone.load(); }));
+        loopFor(std::chrono::milliseconds(100)); // Qt hears of the ended process, too.
         isOver = true;
         hostile.join();
     }
