@@ -19,13 +19,14 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
                          AppToolkit& toolkit, const Platform& platform,
                          KeyboardShortcuts& shortcuts, UserNotifications& notifications,
                          InputGate& input)
-    : settings_(defaults), updaterController_(std::move(updater)), hotKeyManager_(shortcuts),
-      toolkit_(toolkit), platform_(platform), notifications_(notifications), input_(input) {}
+    : settings_(defaults), extras_(defaults), updaterController_(std::move(updater)),
+      hotKeyManager_(shortcuts), toolkit_(toolkit), platform_(platform),
+      notifications_(notifications), input_(input) {}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
-    popover_ = toolkit_.makePopover(settings_);
+    popover_ = toolkit_.makePopover(settings_, extras_);
     popover_->setContentSize(popoverSize);
 
     statusItem_ = toolkit_.makeStatusItem();

@@ -10,6 +10,7 @@
 #include "platform/StatusItem.h"
 #include "platform/Updater.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 
 #include <cstddef>
 #include <memory>
@@ -78,6 +79,9 @@ class AppDelegate {
     /// The preferences.
     [[nodiscard]] AppSettings& settings() { return settings_; }
 
+    /// The preferences of what is off at first.
+    [[nodiscard]] ExtraSettings& extras() { return extras_; }
+
     /// The updater.
     [[nodiscard]] Updater& updater() { return *updaterController_; }
 
@@ -86,6 +90,7 @@ class AppDelegate {
     void wireShortcuts();
 
     AppSettings settings_;
+    ExtraSettings extras_;
     std::unique_ptr<Updater> updaterController_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;

@@ -6,6 +6,7 @@
 namespace calmora {
 
 class AppSettings;
+class ExtraSettings;
 class Popover;
 class StatusItem;
 
@@ -15,7 +16,8 @@ class AppToolkit {
     virtual ~AppToolkit() = default;
 
     /// The popover with the application list in it.
-    [[nodiscard]] virtual std::unique_ptr<Popover> makePopover(AppSettings& settings) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Popover> makePopover(AppSettings& settings,
+                                                               ExtraSettings& extras) = 0;
 
     /// A status item without picture, action and menu yet.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;

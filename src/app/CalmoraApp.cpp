@@ -151,7 +151,7 @@ int CalmoraApp::run(const CommandLine& first) {
     return QApplication::exec();
 }
 
-std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings) {
+std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSettings& /*extras*/) {
     auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
     auto list = std::make_unique<ListContent>(
         settings,
