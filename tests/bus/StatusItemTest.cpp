@@ -184,8 +184,10 @@ TEST_F(StatusItemTest, givesItsMenuToThePanel) {
     tell("opened");
     EXPECT_TRUE(loopUntil([&] { return notices == 2; }));
     EXPECT_TRUE(menuOpen.back());
+    EXPECT_EQ(property("Title"), "") << "a tool tip lies over the menu";
     tell("closed");
     EXPECT_FALSE(menuOpen.back());
+    EXPECT_EQ(property("Title"), "Calmora");
     for (const bool vanishes : {false, true}) {
         tell("opened");
         ASSERT_TRUE(menuOpen.back());

@@ -5,6 +5,8 @@
 
 #include "../PrivateBus.h"
 
+#include <csignal>
+
 namespace calmora {
 namespace {
 
@@ -63,6 +65,12 @@ TEST_F(TrayTest, takesClicksInATrayThatComesLateAndGoesForAPanel) {
     const pid_t tray =
         desktop->start({"trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
                         "--height", "24", "--transparent", "true", "--tint", "0x202020"});
+    ASSERT_EQ(desktop->run({"xdotool", "search", "--sync", "--class", "trayer"}), 0);
+    kill(tray, SIGSTOP);
+    EXPECT_FALSE(
+        loopUntil([&] { return item.frame().has_value(); }, std::chrono::milliseconds(100)))
+        << "a tray that has not taken the icon yet";
+    kill(tray, SIGCONT);
     // A tray takes clicks for the icon once it shows it.
     ASSERT_TRUE(
         loopUntil([&] { return isInTray() && lightness().second - lightness().first > 150; }));

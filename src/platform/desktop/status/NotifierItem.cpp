@@ -42,9 +42,10 @@ void NotifierItem::setHidden(bool isHidden) {
 }
 
 void NotifierItem::setToolTipShown(bool isShown) {
-    hasToolTip_ = isShown;
-    Q_EMIT NewTitle();
-    Q_EMIT NewToolTip();
+    if (std::exchange(hasToolTip_, isShown) != isShown) {
+        Q_EMIT NewTitle();
+        Q_EMIT NewToolTip();
+    }
 }
 
 void NotifierItem::Activate(int x, int y) {

@@ -165,10 +165,14 @@ void QtStatusItem::setPopoverShown(bool isShown) {
         popoverClosed_.setRemainingTime(menuDelay);
     }
     isPopoverShown_ = isShown;
-    item_.setToolTipShown(!isShown);
+    updateToolTip();
     if (trayIcon_) {
         trayIcon_->setToolTip(isShown ? QString() : QString(title));
     }
+}
+
+void QtStatusItem::updateToolTip() {
+    item_.setToolTipShown(!isPopoverShown_ && !isPanelMenuOpen_);
 }
 
 void QtStatusItem::panelMenuShows() {
@@ -179,9 +183,11 @@ void QtStatusItem::panelMenuShows() {
 }
 
 void QtStatusItem::setPanelMenuOpen(bool isOpen) {
+    isPanelMenuOpen_ = isOpen;
     if (isOpen) {
         panelMenuShows();
     }
+    updateToolTip();
     if (onPanelMenu_) {
         onPanelMenu_(isOpen);
     }

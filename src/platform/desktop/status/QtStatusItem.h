@@ -74,6 +74,8 @@ class QtStatusItem final : public QObject, public StatusItem {
     void setPanelMenuOpen(bool isOpen);
     /// The panel is about to draw the menu: the popover closes.
     void panelMenuShows();
+    /// A tool tip would lie over the popover and over the panel's menu.
+    void updateToolTip();
     void panelChanged(PanelWatcher::Panel panel);
     void clicked(StatusEvent event, Point place);
     void act(StatusEvent event);
@@ -86,6 +88,7 @@ class QtStatusItem final : public QObject, public StatusItem {
 
     const LocalizedStrings& strings_;
     bool isPopoverShown_ = false;
+    bool isPanelMenuOpen_ = false;
     /// Runs for a while after the popover has closed, perhaps because a menu opens.
     QDeadlineTimer popoverClosed_{0};
     /// Whether the popover was shown when the panel's menu was opened.

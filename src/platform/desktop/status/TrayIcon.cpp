@@ -59,7 +59,8 @@ void TrayIcon::lookAgain() {
 
 std::optional<Rect> TrayIcon::geometry() const {
     const QRect place = icon_.geometry();
-    if (place.isEmpty()) {
+    // Before a tray has taken its window, Qt places the icon in the screen's corner.
+    if (!painted_ || place.isEmpty()) {
         return std::nullopt;
     }
     return Rect{place.x(), place.y(), place.width(), place.height()};
