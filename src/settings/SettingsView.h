@@ -9,6 +9,8 @@
 
 #include <optional>
 
+class QTabBar;
+
 namespace calmora {
 
 class AppSettings;
@@ -30,7 +32,8 @@ struct SettingsSurroundings {
     DesktopExtension* extension = nullptr;
 };
 
-/// The content of the settings window: three panes behind tabs.
+/// The content of the settings window: three panes behind tabs. They are made anew when the
+/// desktop's font gets another size.
 class SettingsView final : public QWidget {
   public:
     static constexpr QSize size{450, 560};
@@ -38,6 +41,20 @@ class SettingsView final : public QWidget {
     /// Starts with the first pane.
     SettingsView(AppSettings& settings, Updater& updater, const SettingsSurroundings& surroundings,
                  QWidget* parent = nullptr);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    void build();
+    void followFont();
+
+    AppSettings& settings_;
+    Updater& updater_;
+    SettingsSurroundings surroundings_;
+    QTabBar* tabs_ = nullptr;
+    double builtScale_ = 0;
 };
 
 } // namespace calmora

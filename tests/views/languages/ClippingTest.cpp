@@ -103,6 +103,17 @@ void expectWholeSettings(const QLocale& locale) {
     settings.settings.addToNeverQuit("mail");
     expectWhole(*sheet, "sheet");
     expectWhole(view, "settings with a protected application");
+
+    QFont other = QApplication::font();
+    other.setPointSize(16);
+    QApplication::setFont(other);
+    QTest::qWait(10);
+    ASSERT_EQ(view.findChild<QDialog*>("addAppSheet"), sheet) << "a sheet is not taken away";
+    sheet->close();
+    view.activateWindow();
+    QTest::qWait(10);
+    EXPECT_EQ(view.rect().size(), boundedByScreen(view, QSize(450, 560) * Theme::textScale()));
+    expectWhole(view, "settings in another font");
 }
 
 void withUsualAndLargeFont(const std::function<void()>& check) {
