@@ -6,6 +6,8 @@
 namespace calmora {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr auto serverName = "org.freedesktop.Notifications";
 constexpr auto serverPath = "/org/freedesktop/Notifications";
 
@@ -38,6 +40,70 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
         EXPECT_EQ(qdbus_cast<QVariantMap>(arguments[6]),
                   (QVariantMap{{"desktop-entry", "org.example.Tool"}, {"suppress-sound", true}}));
         capabilities = {"body"};
+    }
+}
+
+TEST(DesktopNotifications, tells_what_becomes_of_a_notice_with_a_button) {
+    /// Takes calls and never answers.
+    struct MuteObject final : ScriptedObject {
+        using ScriptedObject::ScriptedObject;
+
+        bool handleMessage(const QDBusMessage&, const QDBusConnection&) override { return true; }
+    };
+
+    PrivateBus bus;
+    QDBusConnection server = bus.connect();
+    DesktopNotifications notifications(bus.connect(), "org.example.Tool");
+    std::vector<NoticeEvent> events;
+    const auto show = [&] {
+        events.clear();
+        return notifications.show({"id", "Calmora", "A & B"}, "Keep", 1min,
+                                  [&](NoticeEvent event) { events.push_back(event); });
+    };
+    const auto tells = [&](const std::vector<NoticeEvent>& wanted) {
+        return loopUntil([&] { return events == wanted; });
+    };
+    Subscription missing = show();
+    EXPECT_TRUE(tells({NoticeEvent::noServer}));
+    ASSERT_TRUE(server.registerService(serverName));
+    {
+        const MuteObject mute(server, serverPath);
+        const Subscription notice = show();
+        EXPECT_TRUE(tells({NoticeEvent::failed})) << "it may not have been seen";
+    }
+    for (const bool hasActions : {true, false}) {
+        uint number = 7;
+        ScriptedObject daemon(server, serverPath, [&](const QDBusMessage& call) {
+            return call.member() == "GetCapabilities"
+                       ? QVariantList{hasActions ? QStringList{"actions"} : QStringList()}
+                       : QVariantList{number++};
+        });
+        std::optional notice = show();
+        ASSERT_TRUE(tells({NoticeEvent::shown}));
+        const QVariantList request = daemon.calls.back().arguments();
+        EXPECT_EQ(request[5].toStringList(),
+                  hasActions ? (QStringList{"act", "Keep"}) : QStringList());
+        EXPECT_EQ(request[7].toInt(), 60'000);
+        daemon.emitSignal(serverName, "ActionInvoked", {uint{6}, "act"});
+        daemon.emitSignal(serverName, "ActionInvoked", {uint{7}, "default"});
+        daemon.emitSignal(serverName, "ActionInvoked", {uint{7}, "act"});
+        EXPECT_TRUE(tells({NoticeEvent::shown, NoticeEvent::actionChosen})) << "only its own";
+        notice.reset();
+        EXPECT_TRUE(loopUntil([&] { return daemon.count("CloseNotification") == 1; }));
+
+        const auto early = std::make_unique<Subscription>(show()); // Withdrawn before the answer.
+        early->reset();
+        EXPECT_TRUE(loopUntil([&] { return daemon.count("CloseNotification") == 2; }));
+        EXPECT_TRUE(events.empty());
+
+        notice = show();
+        ASSERT_TRUE(tells({NoticeEvent::shown}));
+        daemon.emitSignal(serverName, "NotificationClosed", {uint{9}, uint{2}});
+        callAndWait(server, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
+        loopFor(20ms);
+        notice.reset();
+        callAndWait(server, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId");
+        EXPECT_EQ(daemon.count("CloseNotification"), 2) << "the user has closed it";
     }
 }
 

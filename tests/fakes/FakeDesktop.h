@@ -163,9 +163,29 @@ class FakeUserNotifications final : public UserNotifications {
         }
     }
 
+    /// The outcome comes with the next tell().
+    Subscription show(const UserNotification& notification, const std::string&,
+                      std::chrono::milliseconds,
+                      std::function<void(NoticeEvent)> handler) override {
+        shown[notification.body] = std::move(handler);
+        ++shows;
+        return Subscription([this, body = notification.body] { shown.erase(body); });
+    }
+
+    /// Tells the same of every notice that can be answered.
+    void tell(NoticeEvent event) {
+        for (const auto& [body, handler] : std::map(shown)) {
+            handler(event);
+        }
+    }
+
     /// Every notice, in order.
     std::vector<UserNotification> added;
     std::function<void()> onAdded;
+    /// Those that can be answered and are not withdrawn, by their text.
+    std::map<std::string, std::function<void(NoticeEvent)>> shown;
+    /// How many of these there were.
+    int shows = 0;
 };
 
 } // namespace calmora
