@@ -248,6 +248,8 @@ TEST_F(StatusItemTest, startsTheMenuWithThePopoverWhereALeftClickOpensIt) {
     item.setPopoverShown(true);
     callMenu("AboutToShowGroup", {QVariant::fromValue(QList<int>{0})});
     EXPECT_EQ(events.size(), 3U) << "a panel's menu closes the popover";
+    item.setPopoverShown(false);
+    EXPECT_EQ(property("Title"), "") << "a panel that does not tell that its menu is open";
 }
 
 TEST(StatusMenuTest, answersItsKeysWhileOpen) {

@@ -13,7 +13,6 @@
 #include <QKeySequence>
 #include <QPalette>
 #include <QScreen>
-#include <QTimer>
 
 #include <array>
 #include <chrono>
@@ -32,6 +31,9 @@ constexpr auto title = "Calmora";
 constexpr int usualSide = 22;
 /// Time from the click that closes the popover to the panel's word that its menu is open.
 constexpr std::chrono::milliseconds menuDelay{500};
+/// Time without a tool tip after a menu took the popover's place: some panels do not tell when
+/// their menu closes, and all draw a tool tip that comes back over it.
+constexpr std::chrono::seconds toolTipPause{30};
 
 bool isX11() {
     return QGuiApplication::platformName() == "xcb";
@@ -106,6 +108,8 @@ QtStatusItem::QtStatusItem(const QDBusConnection& bus, const std::string& applic
              .contextMenu = [this](Point place) { clicked(StatusEvent::rightMouseUp, place); }}),
       watcher_(bus, [this](PanelWatcher::Panel panel) { panelChanged(panel); }) {
     qApp->installEventFilter(this);
+    toolTipPause_.setSingleShot(true);
+    connect(&toolTipPause_, &QTimer::timeout, this, [this] { updateToolTip(); });
 }
 
 QtStatusItem::~QtStatusItem() = default;
@@ -172,11 +176,15 @@ void QtStatusItem::setPopoverShown(bool isShown) {
 }
 
 void QtStatusItem::updateToolTip() {
-    item_.setToolTipShown(!isPopoverShown_ && !isPanelMenuOpen_);
+    item_.setToolTipShown(!isPopoverShown_ && !isPanelMenuOpen_ && !toolTipPause_.isActive());
 }
 
 void QtStatusItem::panelMenuShows() {
     hidesPopover_ = isPopoverShown_ || !popoverClosed_.hasExpired();
+    if (hidesPopover_) {
+        toolTipPause_.start(toolTipPause);
+        updateToolTip();
+    }
     if (isPopoverShown_) {
         act(StatusEvent::leftMouseUp);
     }
@@ -186,6 +194,8 @@ void QtStatusItem::setPanelMenuOpen(bool isOpen) {
     isPanelMenuOpen_ = isOpen;
     if (isOpen) {
         panelMenuShows();
+    } else {
+        toolTipPause_.stop();
     }
     updateToolTip();
     if (onPanelMenu_) {

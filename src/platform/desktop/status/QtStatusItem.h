@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QObject>
 #include <QPoint>
+#include <QTimer>
 
 #include <QDeadlineTimer>
 #include <filesystem>
@@ -89,6 +90,7 @@ class QtStatusItem final : public QObject, public StatusItem {
     const LocalizedStrings& strings_;
     bool isPopoverShown_ = false;
     bool isPanelMenuOpen_ = false;
+    QTimer toolTipPause_;
     /// Runs for a while after the popover has closed, perhaps because a menu opens.
     QDeadlineTimer popoverClosed_{0};
     /// Whether the popover was shown when the panel's menu was opened.
