@@ -125,8 +125,12 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                                QString::fromStdString(answer.output)};
       }) {
     colorSchemeChanges_ = colorScheme_.onChanged([this] { updateAppearance(); });
-    themeChanges_ = backend_->onThemeChanged([this] { updateAppearance(); });
+    lookChanges_ = backend_->onLookChanged([this] {
+        updateAppearance();
+        desktopFont_.setPoints(backend_->fontPoints());
+    });
     updateAppearance();
+    desktopFont_.setPoints(backend_->fontPoints());
     setCompositing([this] { return backend_->transientWindows().isComposited(); });
     activated_ = instance.onActivated([this] { delegate_.openPopover(); });
     acted_ = instance.onAction(

@@ -25,6 +25,7 @@
 #include "platform/qt/input/QtInputGate.h"
 #include "updates/Release.h"
 #include "updates/UpdatePresenter.h"
+#include "widgets/Theme.h"
 
 #include <QPointer>
 
@@ -92,7 +93,8 @@ class CalmoraApp final : private AppToolkit {
     InstanceCommands commands_;
     CommandChannel channel_;
     Subscription colorSchemeChanges_;
-    Subscription themeChanges_;
+    DesktopFont desktopFont_;
+    Subscription lookChanges_;
     Subscription activated_;
     Subscription acted_;
 };

@@ -180,6 +180,17 @@ void setAppearance(const AppearanceWish& wish) {
     }
 }
 
+void DesktopFont::setPoints(std::optional<double> points) const {
+    // What Qt takes on desktops whose settings it does not read.
+    constexpr double ownPoints = 9;
+    const bool isQtsOwn = first_.family() == "Sans Serif" && first_.pointSizeF() == ownPoints;
+    QFont font = first_;
+    font.setPointSizeF(points.value_or(ownPoints));
+    if (isQtsOwn && font != QApplication::font()) {
+        QApplication::setFont(font);
+    }
+}
+
 void setCompositing(std::function<bool()> isComposited) {
     if (auto* style = dynamic_cast<ThemeStyle*>(QApplication::style())) {
         style->setCompositing(std::move(isComposited));

@@ -128,6 +128,18 @@ struct AppearanceWish {
 /// that its own palette counts, and where it has none, the name of its theme.
 void setAppearance(const AppearanceWish& wish);
 
+/// The size of the application's font, which Qt knows on some desktops only. Make one before
+/// anything else sets that font.
+class DesktopFont {
+  public:
+    /// Takes the size that the desktop's settings name, in points; absent means Qt's. Does nothing
+    /// where Qt knows the desktop's font.
+    void setPoints(std::optional<double> points) const;
+
+  private:
+    QFont first_ = QFont();
+};
+
 /// Gives menus, pickers' lists and tool tips round corners while windows can be translucent.
 void setCompositing(std::function<bool()> isComposited);
 

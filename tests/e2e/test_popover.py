@@ -5,7 +5,7 @@ import os
 import signal
 import unittest
 
-from desktop_case import DesktopCase
+from desktop_case import PROGRAM, DesktopCase
 
 
 class Quitting(DesktopCase):
@@ -197,6 +197,25 @@ class Surroundings(DesktopCase):
         self.wait_for_exit(second)
         self.assertEqual(second.returncode, 0)
         self.assert_alive(driver.calmora)
+
+    def test_follows_font_and_theme_of_the_desktop(self):
+        desktop = self.open_desktop(accessibility=False)
+        settings = desktop.folder / "xsettingsd"
+        settings.write_text('Gtk/FontName "Sans 10"\nNet/ThemeName "Adwaita"\n')
+        manager = desktop.start("xsettingsd", "-c", str(settings))
+        desktop.start(PROGRAM, "--settings")
+
+        def looks(width, is_dark):
+            """Whether the settings window looks so on the screen."""
+            window = desktop.output("xdotool", "search", "--onlyvisible", "--name",
+                                    "Calmora Settings")
+            seen = window and desktop.output("import", "-window", window, "-format",
+                                             "%w %[fx:mean<0.5]", "info:")
+            return seen == f"{width} {int(is_dark)}"
+        desktop.wait_until(lambda: looks(450, False), "the usual look")
+        settings.write_text('Gtk/FontName "Sans Bold 16"\nNet/ThemeName "Adwaita-dark"\n')
+        manager.send_signal(signal.SIGHUP)
+        desktop.wait_until(lambda: looks(720, True), "another look")
 
     def test_a_display_that_dies_ends_it_in_order(self):
         desktop = self.open_desktop()

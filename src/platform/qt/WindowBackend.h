@@ -4,6 +4,7 @@
 #include "support/Subscription.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace calmora {
@@ -40,8 +41,12 @@ class WindowBackend {
     /// The name of the theme that the window system's settings give; empty when nobody says.
     [[nodiscard]] virtual std::string themeName() const = 0;
 
-    /// Called when another theme is named.
-    [[nodiscard]] virtual Subscription onThemeChanged(std::function<void()> handler) = 0;
+    /// The size of the desktop's font that the window system's settings give, in points; absent
+    /// when nobody says.
+    [[nodiscard]] virtual std::optional<double> fontPoints() const = 0;
+
+    /// Called when another theme or font is named.
+    [[nodiscard]] virtual Subscription onLookChanged(std::function<void()> handler) = 0;
 
     /// What the list of applications lacks here, in English; empty when it is complete.
     [[nodiscard]] virtual std::string listLimitation() const = 0;

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -31,8 +32,10 @@ class WrappedBackend : public WindowBackend {
 
     [[nodiscard]] std::string themeName() const override { return rest_->themeName(); }
 
-    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) override {
-        return rest_->onThemeChanged(std::move(handler));
+    [[nodiscard]] std::optional<double> fontPoints() const override { return rest_->fontPoints(); }
+
+    [[nodiscard]] Subscription onLookChanged(std::function<void()> handler) override {
+        return rest_->onLookChanged(std::move(handler));
     }
 
     [[nodiscard]] std::string listLimitation() const override { return rest_->listLimitation(); }

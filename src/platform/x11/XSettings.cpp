@@ -5,7 +5,9 @@
 #include "support/TextHelpers.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <system_error>
 #include <utility>
 
 namespace calmora {
@@ -97,6 +99,20 @@ bool namesDarkTheme(std::string_view theme) {
     return false;
 }
 
+std::optional<double> namedFontPoints(std::string_view font) {
+    constexpr double pixelsPerPoint = 96.0 / 72;
+    constexpr double largest = 200;
+    const std::string_view size = font.substr(font.find_last_of(' ') + 1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(size.data(), size.data() + size.size(), value);
+    const std::string_view unit = size.substr(static_cast<std::size_t>(end - size.data()));
+    if (error != std::errc() || !(unit.empty() || unit == "px") ||
+        !(value > 0 && value < largest)) {
+        return std::nullopt;
+    }
+    return unit.empty() ? value : value / pixelsPerPoint;
+}
+
 XSettings::XSettings(EventPoll& poll, const std::string& display) : connection_(display) {
     if (!connection_.isAlive()) {
         return;
@@ -146,6 +162,7 @@ void XSettings::findManager() {
 
 void XSettings::readSettings() {
     std::string theme;
+    std::string font;
     if (manager_ != XCB_NONE) {
         const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
             connection_.get(), connection_.requestProperty(manager_, settings_, longestProperty),
@@ -155,10 +172,14 @@ void XSettings::readSettings() {
                 static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get())),
                 static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
             theme = xsettingsText(bytes, "Net/ThemeName").value_or("");
+            font = xsettingsText(bytes, "Gtk/FontName").value_or("");
         }
     }
-    if (std::exchange(themeName_, theme) != theme) {
-        themeChanged_.emit();
+    const bool isOther = theme != themeName_ || font != fontName_;
+    themeName_ = theme;
+    fontName_ = font;
+    if (isOther) {
+        changed_.emit();
     }
 }
 

@@ -26,6 +26,11 @@ class EventPoll;
 /// "HighContrastInverse"; not "Arc-Darker", which is light.
 [[nodiscard]] bool namesDarkTheme(std::string_view theme);
 
+/// The size in points of a font that a setting names, as "Noto Sans Bold 10.5"; a size in pixels,
+/// as "Sans 12px", counts at 96 to the inch. Absent for a text without a size, or one that no font
+/// has. Source: Pango, pango_font_description_from_string().
+[[nodiscard]] std::optional<double> namedFontPoints(std::string_view font);
+
 /// What the session's settings manager says, followed while it changes and while managers come and
 /// go. Without an X server or a manager it says nothing. Main thread.
 class XSettings {
@@ -38,9 +43,12 @@ class XSettings {
     /// The name of the theme (Net/ThemeName); empty when nobody says.
     [[nodiscard]] const std::string& themeName() const { return themeName_; }
 
-    /// Called when another theme is named. The handler must not destroy this object.
-    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) {
-        return themeChanged_.connect(std::move(handler));
+    /// The desktop's font with its size (Gtk/FontName); empty when nobody says.
+    [[nodiscard]] const std::string& fontName() const { return fontName_; }
+
+    /// Called when another theme or font is named. The handler must not destroy this object.
+    [[nodiscard]] Subscription onChanged(std::function<void()> handler) {
+        return changed_.connect(std::move(handler));
     }
 
   private:
@@ -52,7 +60,8 @@ class XSettings {
     xcb_atom_t settings_ = XCB_NONE;
     xcb_window_t manager_ = XCB_NONE;
     std::string themeName_;
-    Signal<> themeChanged_;
+    std::string fontName_;
+    Signal<> changed_;
     Subscription watch_;
 };
 

@@ -67,5 +67,19 @@ TEST(XSettings, NameDarkThemes) {
     }
 }
 
+TEST(XSettings, NameTheSizeOfTheFont) {
+    const std::pair<const char*, std::optional<double>> rows[] = {
+        {"Sans 10", 10},      {"Noto Sans Bold 10.5", 10.5},
+        {"Sans 12px", 9},     {"11", 11},
+        {"Noto Sans", {}},    {"Sans 0", {}},
+        {"Sans -4", {}},      {"Sans 1e9", {}},
+        {"Sans 12 Bold", {}}, {"Sans 12em", {}},
+        {"Sans nan", {}},     {"", {}},
+    };
+    for (const auto& [font, points] : rows) {
+        EXPECT_EQ(namedFontPoints(font), points) << font;
+    }
+}
+
 } // namespace
 } // namespace calmora

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace calmora {
 
@@ -50,8 +51,12 @@ class X11Backend final : public WindowBackend {
 
     [[nodiscard]] std::string themeName() const override { return settings_.themeName(); }
 
-    [[nodiscard]] Subscription onThemeChanged(std::function<void()> handler) override {
-        return settings_.onThemeChanged(std::move(handler));
+    [[nodiscard]] std::optional<double> fontPoints() const override {
+        return namedFontPoints(settings_.fontName());
+    }
+
+    [[nodiscard]] Subscription onLookChanged(std::function<void()> handler) override {
+        return settings_.onChanged(std::move(handler));
     }
 
     [[nodiscard]] std::string listLimitation() const override;
