@@ -18,7 +18,7 @@ import threading
 import time
 
 from whole_program import (APPLICATIONS, MILLISECONDS, PROCESSES, Measured, cpu_seconds, latencies,
-                           status)
+                           start_applications, status)
 from virtual_desktop import VirtualDesktop, process_table
 
 COLUMNS, LINES = 120, 40
@@ -89,8 +89,7 @@ def main():
     with VirtualDesktop(accessibility=False) as desktop:
         display = desktop.children[0].pid
         desktop.environment["GSETTINGS_BACKEND"] = "keyfile"
-        for number in range(APPLICATIONS):
-            desktop.start(options.window_client, "--class", f"Client{number}", "--icon", "64")
+        start_applications(desktop, options.window_client, APPLICATIONS)
         while len(process_table()) < PROCESSES:
             desktop.start("sleep", "3600")
 

@@ -74,6 +74,12 @@ def latencies(desktop, *command):
     return [float(value) for value in done.stdout.split()]
 
 
+def start_applications(desktop, client, count):
+    """Applications with icons of their own that stay for as long as anything is measured."""
+    for number in range(count):
+        desktop.start(client, "--class", f"Client{number}", "--icon", "64", "--long-lived")
+
+
 def report_closed(process, state, seconds, cpu_limit, wakeup_limit):
     """CPU time and wake-ups while nothing of the program is on screen but its icon."""
     before = cpu_seconds(process)
@@ -96,7 +102,8 @@ class Measured:
         self.icon = desktop.wait_until(self.driver.settled_icon, "status icon")
         # The middle of the bar across the popover's top, below the icon: covered by its button.
         self.probe = (self.icon[0] - 100, self.icon[1] + 12 + 35)
-        time.sleep(3)
+        # The last look at what the tray has painted around the icon comes 5 s after it was shown.
+        time.sleep(6)
 
     def memory(self):
         """VmRSS in MiB."""
@@ -150,8 +157,7 @@ def measure_settings(desktop, options):
     """The settings window, on a desktop whose few windows stay: there it opens where another run
     did, and the popover has applications to list before.
     """
-    for number in range(3):
-        desktop.start(options.window_client, "--class", f"Client{number}", "--icon", "64")
+    start_applications(desktop, options.window_client, 3)
     time.sleep(1)
     scout = Measured(desktop, options.program, {})
     # The gear stands in the corner of the popover, whose right edge is the screen's.
@@ -189,8 +195,7 @@ def main():
 
     with VirtualDesktop(accessibility=False) as desktop:
         display = desktop.children[0].pid
-        for number in range(APPLICATIONS):
-            desktop.start(options.window_client, "--class", f"Client{number}", "--icon", "64")
+        start_applications(desktop, options.window_client, APPLICATIONS)
         while len(process_table()) < PROCESSES:
             desktop.start("sleep", "3600")
 

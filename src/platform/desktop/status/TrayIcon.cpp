@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/status/TrayIcon.h"
 
-#include "platform/desktop/status/Glyph.h"
-
 #include <QApplication>
 #include <QEvent>
 #include <QPalette>
@@ -12,6 +10,7 @@
 #include <QWidget>
 
 #include <chrono>
+#include <cstddef>
 #include <utility>
 
 namespace calmora {
@@ -27,6 +26,10 @@ TrayIcon::TrayIcon(const QString& title, std::function<void(StatusEvent)> onClic
       color_(glyphColorOn(QApplication::palette().color(QPalette::Window))) {
     icon_.setToolTip(title);
     qApp->installEventFilter(this);
+    for (QTimer& look : looks_) {
+        look.setSingleShot(true);
+        connect(&look, &QTimer::timeout, this, &TrayIcon::adaptColor);
+    }
     connect(&icon_, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 switch (reason) {
@@ -52,8 +55,8 @@ void TrayIcon::setGlyph(const std::optional<Image>& glyph) {
 }
 
 void TrayIcon::lookAgain() {
-    for (const auto delay : latePaintings) {
-        QTimer::singleShot(delay, this, [this] { adaptColor(); });
+    for (std::size_t index = 0; index < looks_.size(); ++index) {
+        looks_[index].start(latePaintings[index]);
     }
 }
 

@@ -4,12 +4,15 @@
 #include "platform/Geometry.h"
 #include "platform/Image.h"
 #include "platform/StatusItem.h"
+#include "platform/desktop/status/Glyph.h"
 
 #include <QColor>
 #include <QObject>
 #include <QPointer>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -37,6 +40,7 @@ class TrayIcon : public QObject {
   private:
     void draw();
     void adaptColor();
+    /// Starts the late looks again from their beginning.
     void lookAgain();
 
     QSystemTrayIcon icon_;
@@ -44,6 +48,7 @@ class TrayIcon : public QObject {
     std::optional<Image> glyph_;
     QColor color_;
     bool isAdapting_ = false;
+    std::array<QTimer, latePaintings.size()> looks_;
     /// The icon's window, once it was painted.
     QPointer<QObject> painted_;
 };
