@@ -2,11 +2,12 @@
 #include "platform/wayland/backend/CompositorKeymap.h"
 
 #include "platform/wayland/backend/CompositorConnection.h"
-#include "support/FileDescriptor.h"
 
 #include <chrono>
-#include <sys/mman.h>
+#include <string>
 #include <utility>
+
+#include <unistd.h>
 
 namespace calmora {
 namespace {
@@ -19,20 +20,27 @@ struct Answer {
     XkbKeymap keymap;
 
     void take(std::uint32_t format, const FileDescriptor& file, std::uint32_t size) {
-        void* text = format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 && size > 0
-                         ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.get(), 0)
-                         : MAP_FAILED;
-        if (text != MAP_FAILED) {
-            // The size counts the zero at the end.
-            keymap.reset(xkb_keymap_new_from_buffer(context, static_cast<const char*>(text),
-                                                    size - 1, XKB_KEYMAP_FORMAT_TEXT_V1,
-                                                    XKB_KEYMAP_COMPILE_NO_FLAGS));
-            ::munmap(text, size);
+        if (format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1) {
+            keymap = keymapIn(file, size, context);
         }
     }
 };
 
 } // namespace
+
+XkbKeymap keymapIn(const FileDescriptor& file, std::size_t size, xkb_context* context) {
+    constexpr std::size_t longestKeymap = 1 << 20;
+    if (size == 0 || size > longestKeymap) {
+        return nullptr;
+    }
+    // Not mapped: a file that is shorter than it says would end the program.
+    std::string text(size, '\0');
+    if (::pread(file.get(), text.data(), size, 0) != static_cast<ssize_t>(size)) {
+        return nullptr;
+    }
+    return XkbKeymap(xkb_keymap_new_from_buffer(
+        context, text.data(), size - 1, XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
 
 XkbKeymap compositorKeymap(xkb_context* context) {
     CompositorConnection compositor;
