@@ -7,5 +7,6 @@ complete -c calmora -n "__fish_is_first_token" -l list -d "Print the application
 complete -c calmora -n "__fish_contains_opt list" -l json -d "As JSON"
 complete -c calmora -n "__fish_is_first_token" -l diagnose -d "Print what Calmora sees and uses"
 complete -c calmora -n "__fish_contains_opt diagnose" -a "(__fish_complete_pids)"
+complete -c calmora -n "__fish_is_first_token" -l leave -d "End Calmora for good"
 complete -c calmora -n "__fish_is_first_token" -l version -d "Print the version"
 complete -c calmora -n "__fish_is_first_token" -l help -d "Print the usage"

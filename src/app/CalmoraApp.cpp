@@ -118,7 +118,8 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
                  .diagnose =
                      [this](std::span<const ProcessId> processes) {
                          return diagnosis(*backend_, machine_, sessionBus_, processes);
-                     }}),
+                     },
+                 .terminate = [this] { terminate(); }}),
       channel_(sessionBus_, identity::identifier, [this](const QStringList& arguments) {
           const CommandAnswer answer = runCommand(arguments);
           return ChannelAnswer{static_cast<uint>(answer.status),

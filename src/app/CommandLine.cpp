@@ -9,7 +9,7 @@
 namespace calmora {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, AppCommand>, 8> options{{
+constexpr std::array<std::pair<std::string_view, AppCommand>, 9> options{{
     {"--version", AppCommand::version},
     {"--help", AppCommand::help},
     {"--toggle", AppCommand::toggle},
@@ -18,6 +18,7 @@ constexpr std::array<std::pair<std::string_view, AppCommand>, 8> options{{
     {"--force-quit-all", AppCommand::forceQuitAll},
     {"--list", AppCommand::list},
     {"--diagnose", AppCommand::diagnose},
+    {"--leave", AppCommand::leave},
 }};
 
 std::optional<ProcessId> processIn(std::string_view text) {

@@ -20,7 +20,8 @@ enum class AppCommand {
     quitAll,
     forceQuitAll,
     list,
-    diagnose
+    diagnose,
+    leave
 };
 
 /// The arguments of an invocation.

@@ -100,6 +100,9 @@ CommandAnswer InstanceCommands::run(const CommandLine& line) {
     }
     case AppCommand::diagnose:
         return {CommandStatus::done, actions_.diagnose(line.processes)};
+    case AppCommand::leave:
+        actions_.terminate();
+        return {};
     case AppCommand::start:
     case AppCommand::version:
     case AppCommand::help:

@@ -27,6 +27,7 @@ class InstanceCommands {
     struct Actions {
         std::function<void()> openSettings;
         std::function<std::string(std::span<const ProcessId>)> diagnose;
+        std::function<void()> terminate;
     };
 
     /// The references must outlive this object.

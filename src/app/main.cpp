@@ -2,6 +2,7 @@
 #include "app/CalmoraApp.h"
 #include "app/CommandLine.h"
 #include "app/Identity.h"
+#include "app/Leaving.h"
 #include "app/QtEnvironment.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/desktop/single_instance/RuntimeLock.h"
@@ -44,6 +45,7 @@ Puts %s into the status bar; started again, it opens its popover.
   --force-quit-all    quit them by force, after a question
   --list [--json]     print the applications
   --diagnose [PID]... print what %s sees and uses, and why a process is listed or not
+  --leave             end it, and take back what the desktop does for it, as before a removal
   --version, --help
 )",
                  calmora::identity::name, calmora::identity::name);
@@ -67,15 +69,18 @@ class Alarm {
     ~Alarm() { ::alarm(0); }
 };
 
+/// A connection to the session bus of a command's own; ends the program if the bus does not answer.
+QDBusConnection connectToBus(const QString& name) {
+    const Alarm alarm;
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+}
+
 /// Lets the running instance carry out the command: the exit status; absent if none runs and the
-/// command starts one.
+/// command starts one or goes on alone.
 std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandLine& line) {
     const QCoreApplication application(argc, argv);
     const QString connectionName("calmora-command");
-    const auto bus = [&] {
-        const Alarm alarm;
-        return QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
-    }();
+    const QDBusConnection bus = connectToBus(connectionName);
     QStringList arguments;
     for (int index = 1; index < argc; ++index) {
         arguments += QString::fromLocal8Bit(argv[index]);
@@ -89,7 +94,7 @@ std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandL
         std::fputs(answer->output.toUtf8().constData(), stdout);
         return static_cast<CommandStatus>(answer->status);
     }
-    if (calmora::startsInstance(line.command)) {
+    if (calmora::startsInstance(line.command) || line.command == AppCommand::leave) {
         return {};
     }
     std::fprintf(stderr, "calmora: no running %s answers on the session bus\n",
@@ -101,6 +106,20 @@ std::optional<CommandStatus> runInInstance(int argc, char** argv, const CommandL
 int endOfSilence() {
     std::fprintf(stderr, "calmora: %s is running but does not answer\n", calmora::identity::name);
     return static_cast<int>(CommandStatus::noInstance);
+}
+
+/// Waits until no instance runs, and takes back what the desktop does for one: the exit status.
+int leave(int argc, char** argv, steady_clock::time_point started) {
+    const QCoreApplication application(argc, argv);
+    const auto lock = calmora::waitForLock(started + SingleInstance::timeout);
+    if (!lock) {
+        return endOfSilence();
+    }
+    const std::vector<std::string> kept = calmora::withdraw(connectToBus("calmora-leave"));
+    for (const std::string& line : kept) {
+        std::fprintf(stderr, "calmora: %s\n", line.c_str());
+    }
+    return static_cast<int>(kept.empty() ? CommandStatus::done : CommandStatus::nothingDone);
 }
 
 /// Asks the process that holds the lock, if there is one, to show itself: the exit status. Absent
@@ -139,7 +158,12 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (calmora::isForInstance(line->command)) {
-        if (const auto status = runInInstance(argc, argv, *line)) {
+        const auto status = runInInstance(argc, argv, *line);
+        if (line->command == AppCommand::leave &&
+            status.value_or(CommandStatus::done) == CommandStatus::done) {
+            return leave(argc, argv, started);
+        }
+        if (status) {
             return static_cast<int>(*status);
         }
         argc = 1; // The option is ours, not the toolkit's.

@@ -77,7 +77,15 @@ class Daemon {
         const QVariantList arguments = message.arguments();
         if (message.member() == "unregister") {
             key = arguments.value(1) == "key-12-6144" ? 0 : key.load();
-            return {true};
+            return {arguments.value(1) != "stuck"};
+        }
+        if (message.member() == "allActionsForComponent") {
+            const QString program = arguments.value(0).toStringList().value(0);
+            QList<QStringList> actions{{program, "key-12-6144", "", ""}};
+            if (program != "org.example.Program") {
+                actions.append({program, "stuck", "", ""});
+            }
+            return {QVariant::fromValue(actions)};
         }
         if (message.member() == "doRegister") {
             return {};
@@ -133,6 +141,10 @@ TEST_F(DesktopHotKeysTest, KdeFiresAHeldKeyOnceAndNotForStrangers) {
     layout.characters = {{12, "a"}, {0, "q"}};
     layout.changed.emit();
     EXPECT_TRUE(loopUntil([&] { return daemon.key == 0x0C000041; }));
+    EXPECT_TRUE(forgetKdeKeys(ours, "org.example.Program"));
+    EXPECT_EQ(daemon.key, 0);
+    EXPECT_FALSE(forgetKdeKeys(ours, "org.example.Stuck"));
+    daemon.key = 1;
     early.hotKey.reset();
     EXPECT_EQ(daemon.key, 0) << "known to be unregistered when the token has ended";
 }

@@ -9,6 +9,9 @@ from desktop_case import PROGRAM, DesktopCase
 from popover_driver import PopoverDriver
 from virtual_desktop import TIMEOUT_SCALE
 
+SHELL_SCHEMA = """<schemalist><schema id="org.gnome.shell" path="/org/gnome/shell/">
+<key name="enabled-extensions" type="as"><default>[]</default></key></schema></schemalist>"""
+
 
 class Commands(DesktopCase):
     def ask(self, *arguments):
@@ -47,6 +50,31 @@ class Commands(DesktopCase):
         self.assertEqual(self.ask("--quit-all")[0], 0)
         self.wait_for_exit(application)
         self.assertEqual(self.ask("--quit-all")[0], 1, "nothing is left")
+
+    def test_leaves_nothing_that_acts(self):
+        desktop = self.open_desktop()
+        schemas, config = desktop.folder / "schemas", desktop.folder / "config"
+        schemas.mkdir()
+        (schemas / "shell.gschema.xml").write_text(SHELL_SCHEMA)
+        subprocess.run(["glib-compile-schemas", schemas], check=True)
+        desktop.environment.update(GSETTINGS_BACKEND="keyfile", GSETTINGS_SCHEMA_DIR=str(schemas))
+        settings = ["gsettings", "get", "org.gnome.shell", "enabled-extensions"]
+        subprocess.run(["gsettings", "set", *settings[2:],
+                        "['calmora-45@calmora.app', 'a@b', 'calmora@calmora.app']"],
+                       env=desktop.environment, check=True)
+        self.write_preferences({"sortByCPU": True})
+        (config / "autostart").mkdir()
+        entry = config / "autostart/app.calmora.Calmora.desktop"
+        entry.write_text("[Desktop Entry]\nType=Application\nExec=calmora\n")
+
+        calmora = self.start_calmora().calmora
+        desktop.wait_until(self.driver.icon, "status icon")
+        self.assertEqual(self.ask("--leave"), (0, ""))
+        self.assertIsNotNone(calmora.poll(), "it has ended before the rest is taken back")
+        self.assertEqual(desktop.output(*settings), "['a@b']")
+        self.assertFalse(entry.exists())
+        self.assertTrue(self.preferences()["sortByCPU"])
+        self.assertEqual(self.ask("--leave"), (0, ""), "without an instance, too")
 
 
 if __name__ == "__main__":

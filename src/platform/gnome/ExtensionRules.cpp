@@ -7,8 +7,8 @@
 namespace calmora {
 namespace {
 
-constexpr auto olderExtension = "calmora@calmora.app";
-constexpr auto newerExtension = "calmora-45@calmora.app";
+constexpr auto olderExtension = ownExtensions[0];
+constexpr auto newerExtension = ownExtensions[1];
 constexpr int firstShell = 43;
 constexpr int firstWithModules = 45;
 

@@ -3,11 +3,16 @@
 
 #include "platform/DesktopExtension.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace calmora {
+
+/// Every extension of ours: before GNOME 45, and since.
+inline constexpr std::array<const char*, 2> ownExtensions{"calmora@calmora.app",
+                                                          "calmora-45@calmora.app"};
 
 /// The extension for a version of GNOME's shell, such as "43.9": it has one folder for each of the
 /// two ways in which shells load extensions. Empty for a text that is no version, and for shells

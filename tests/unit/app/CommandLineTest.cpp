@@ -21,6 +21,7 @@ TEST(CommandLine, IsReadWholeOrNotAtAll) {
         {{"--diagnose", "7", "12"},
          CommandLine{.command = AppCommand::diagnose, .processes = {7, 12}}},
         {{"--diagnose", "0"}, {}},
+        {{"--leave", "--quit-all"}, {}},
         {{"--diagnose", "12x"}, {}},
         {{"--diagnose", "99999999999"}, {}},
     };

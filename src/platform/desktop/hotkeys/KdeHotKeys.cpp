@@ -39,6 +39,15 @@ bool isAbsent(const QDBusMessage& answer) {
            error == "org.freedesktop.DBus.Error.NameHasNoOwner";
 }
 
+/// A call that is answered in time or fails.
+QDBusMessage askDaemon(const QDBusConnection& bus, const char* method,
+                       const QVariantList& arguments) {
+    QDBusMessage call =
+        methodCall(service, "/kglobalaccel", "org.kde.KGlobalAccel", method, arguments);
+    call.setAutoStartService(false);
+    return bus.call(call, QDBus::Block, answerMilliseconds);
+}
+
 } // namespace
 
 KdeHotKeys::KdeHotKeys(const DesktopHotKeysSurroundings& surroundings)
@@ -108,10 +117,7 @@ QStringList KdeHotKeys::action(HotKeyCombination combination) const {
 }
 
 QDBusMessage KdeHotKeys::ask(const char* method, const QVariantList& arguments) const {
-    QDBusMessage call =
-        methodCall(service, "/kglobalaccel", "org.kde.KGlobalAccel", method, arguments);
-    call.setAutoStartService(false);
-    return surroundings_.sessionBus.call(call, QDBus::Block, answerMilliseconds);
+    return askDaemon(surroundings_.sessionBus, method, arguments);
 }
 
 std::int32_t KdeHotKeys::take(HotKeyCombination combination) const {
@@ -174,6 +180,21 @@ void KdeHotKeys::receive(const QDBusMessage& signal,
     if (found != combinations.end()) {
         (table_.*report)(*found);
     }
+}
+
+bool forgetKdeKeys(const QDBusConnection& bus, const QString& identifier) {
+    qDBusRegisterMetaType<QList<QStringList>>();
+    const QDBusMessage answer =
+        askDaemon(bus, "allActionsForComponent", {QStringList{identifier, {}, {}, {}}});
+    if (!bus.isConnected() || isAbsent(answer)) {
+        return true;
+    }
+    const auto actions = readArgument<QList<QStringList>>(answer);
+    return actions && std::ranges::all_of(*actions, [&](const QStringList& action) {
+               return readArgument<bool>(
+                          askDaemon(bus, "unregister", {identifier, action.value(1)}))
+                   .value_or(false);
+           });
 }
 
 } // namespace calmora

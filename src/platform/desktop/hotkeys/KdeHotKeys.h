@@ -50,4 +50,8 @@ class KdeHotKeys final : public HotKeys {
     Subscription layoutChanges_;
 };
 
+/// Lets the daemon forget every key of a program, also those that an earlier run left behind. True
+/// without a daemon; false if one does not do it.
+[[nodiscard]] bool forgetKdeKeys(const QDBusConnection& bus, const QString& identifier);
+
 } // namespace calmora

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/GSettings.h"
 
+#include <algorithm>
 #include <gio/gio.h>
 #include <memory>
 
@@ -67,4 +68,31 @@ extern "C" [[gnu::visibility("default")]] bool calmoraMayWriteGSettings(const ch
     const Owned<GSettings, g_object_unref> settings(
         g_settings_new_full(schema.get(), nullptr, nullptr));
     return g_settings_is_writable(settings.get(), key) != FALSE;
+}
+
+extern "C" [[gnu::visibility("default")]] bool
+calmoraRemoveFromGSettings(const char* schemaName, const char* key,
+                           const std::vector<std::string>& strings) {
+    const auto schema = findSchema(schemaName, nullptr);
+    if (!schema || g_settings_schema_has_key(schema.get(), key) == FALSE) {
+        return true;
+    }
+    const Owned<GSettings, g_object_unref> settings(
+        g_settings_new_full(schema.get(), nullptr, nullptr));
+    const Owned<GVariant, g_variant_unref> value(g_settings_get_value(settings.get(), key));
+    std::vector<std::string> list = stringsIn(*value);
+    const auto removed = std::erase_if(list, [&](const std::string& entry) {
+        return std::ranges::find(strings, entry) != strings.end();
+    });
+    if (removed == 0) {
+        return true;
+    }
+    std::vector<const char*> remaining;
+    for (const std::string& entry : list) {
+        remaining.push_back(entry.c_str());
+    }
+    remaining.push_back(nullptr);
+    const bool isSet = g_settings_set_strv(settings.get(), key, remaining.data()) != FALSE;
+    g_settings_sync();
+    return isSet;
 }

@@ -21,4 +21,10 @@ inline constexpr const char* readGSettingsName = "calmoraReadGSettings";
 using MayWriteGSettings = bool(const char* schema, const char* key);
 inline constexpr const char* mayWriteGSettingsName = "calmoraMayWriteGSettings";
 
+/// Exported, too. Takes strings off a list of strings in a schema with a place of its own, and
+/// waits until that is kept. False if one of them stays on it.
+using RemoveFromGSettings = bool(const char* schema, const char* key,
+                                 const std::vector<std::string>& strings);
+inline constexpr const char* removeFromGSettingsName = "calmoraRemoveFromGSettings";
+
 } // namespace calmora

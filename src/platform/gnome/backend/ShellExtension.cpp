@@ -158,6 +158,12 @@ void ShellExtension::setAnswer(ExtensionAnswer answer) {
                                                                             : awaitsLoginAnswer));
 }
 
+bool disableExtensions() {
+    auto* remove =
+        functionIn<RemoveFromGSettings>(loadedLibrary("gsettings"), removeFromGSettingsName);
+    return !remove || remove(schema, enabledKey, {ownExtensions.begin(), ownExtensions.end()});
+}
+
 void ShellExtension::setState(State state) {
     if (std::exchange(state_, state) != state) {
         changed_.emit();

@@ -55,4 +55,8 @@ class ShellExtension final : public DesktopExtension {
     Subscription linkChanges_;
 };
 
+/// Takes our extensions off the user's list of those that the shell runs; a running shell ends them
+/// at once. True as well if none was on it; false if one stays there.
+[[nodiscard]] bool disableExtensions();
+
 } // namespace calmora
