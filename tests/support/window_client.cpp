@@ -3,10 +3,13 @@
 #include "platform/x11/X11Connection.h"
 
 #include <array>
+#include <chrono>
 #include <csignal>
+#include <deque>
 #include <map>
 #include <sys/socket.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -45,6 +48,9 @@ class Client {
             dock(open(XCB_NONE, false));
         }
         xcb_flush(server_.get());
+        if (has("--storm")) {
+            storm(std::stoi(value("--storm", "")));
+        }
         while (const X11Reply<xcb_generic_event_t> event{xcb_wait_for_event(server_.get())}) {
             const auto* message = reinterpret_cast<xcb_client_message_event_t*>(event.get());
             if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
@@ -138,6 +144,23 @@ class Client {
             xcb_map_window(server_.get(), window);
         }
         return window;
+    }
+
+    /// Opens so many windows a second, gives each another title and destroys it, until the end.
+    [[noreturn]] void storm(int rate) {
+        constexpr std::size_t open = 10;
+        auto next = std::chrono::steady_clock::now();
+        for (std::deque<xcb_window_t> windows;;) {
+            windows.push_back(this->open(XCB_NONE));
+            set(windows[windows.size() / 2], XCB_ATOM_WM_NAME, XCB_ATOM_STRING,
+                std::string("renamed"));
+            if (windows.size() > open) {
+                xcb_destroy_window(server_.get(), windows.front());
+                windows.pop_front();
+            }
+            xcb_flush(server_.get());
+            std::this_thread::sleep_until(next += std::chrono::milliseconds(1000) / rate);
+        }
     }
 
     /// Asks the tray to embed the window (freedesktop System Tray Protocol).
