@@ -38,6 +38,12 @@ export function xWindowOf(window) {
     return Number(/^0x[0-9a-f]+/.exec(window.get_description())?.[0] ?? 0);
 }
 
+/** Full screen, and seen now: not minimised, and on the workspace that is shown. */
+function isFullScreen(window) {
+    return window.is_fullscreen() && !window.minimized &&
+        window.located_on_workspace(global.workspace_manager.get_active_workspace());
+}
+
 function describe(window) {
     const app = Shell.WindowTracker.get_default().get_window_app(window)?.get_id();
     const facts = {
@@ -48,7 +54,7 @@ function describe(window) {
         skip: new GLib.Variant('b', window.is_skip_taskbar()),
         close: new GLib.Variant('b', window.can_close()),
         parent: new GLib.Variant('t', window.get_transient_for()?.get_id() ?? 0),
-        full: new GLib.Variant('b', window.is_fullscreen()),
+        full: new GLib.Variant('b', isFullScreen(window)),
         attention: new GLib.Variant('b', window.demands_attention),
     };
     const xWindow = xWindowOf(window);

@@ -38,6 +38,7 @@ TopLevelWindow topLevelWindow(const ShellWindow& window) {
     result.type = typeOf(window);
     result.isModal = window.type == metaModalDialog;
     result.isStandIn = window.isStandIn;
+    result.isFullScreen = window.isFullScreen;
     result.skipsTaskbar = window.skipsTaskbar;
     result.applicationId = window.className;
     result.className = window.className;

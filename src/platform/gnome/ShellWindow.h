@@ -22,6 +22,8 @@ struct ShellWindow {
     std::uint32_t type = 0;
     bool skipsTaskbar = false;
     bool canClose = false;
+    /// Full screen on the workspace that is shown.
+    bool isFullScreen = false;
     /// As TopLevelWindow::isStandIn.
     bool isStandIn = false;
     /// The window that it belongs to; 0 for one of its own.

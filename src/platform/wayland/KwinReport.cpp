@@ -35,6 +35,7 @@ KwinWindow windowOf(const Json& row) {
     window.type = typeNamed(jsonText(row, "type"), !result.parent.empty());
     window.skipsTaskbar = isJsonTrue(row, "skipsTaskbar");
     window.isModal = isJsonTrue(row, "isModal");
+    window.isFullScreen = isJsonTrue(row, "isFullScreen");
     window.applicationId = window.className;
     if (!isJsonTrue(row, "isX11")) {
         result.process = jsonNumber<ProcessId>(row, "process");

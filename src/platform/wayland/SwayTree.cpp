@@ -23,6 +23,8 @@ SwayView viewOf(const Json& node) {
     view.process = jsonNumber<ProcessId>(node, "pid");
     view.isFloating = jsonText(node, "type") == "floating_con";
     view.hasFocus = isJsonTrue(node, "focused");
+    view.isFullScreen =
+        jsonNumber<int>(node, "fullscreen_mode") != 0 && isJsonTrue(node, "visible");
     view.applicationId = jsonText(node, "app_id");
     const Json& properties = jsonMember(node, "window_properties");
     view.instance = jsonText(properties, "instance");

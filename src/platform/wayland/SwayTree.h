@@ -22,6 +22,8 @@ struct SwayView {
     ProcessId process = 0;
     bool isFloating = false;
     bool hasFocus = false;
+    /// Fills its workspace, or all outputs, and is seen.
+    bool isFullScreen = false;
     /// Absent for a Wayland window.
     std::optional<std::uint32_t> x11Id = {};
     /// Of Wayland windows. Cut at 1024 bytes, as the next two are.

@@ -203,6 +203,7 @@ bool SwayWindowSystem::readTree() {
 TopLevelWindow SwayWindowSystem::windowOf(const SwayView& view) {
     TopLevelWindow window;
     window.id = view.id;
+    window.isFullScreen = view.isFullScreen;
     if (view.x11Id) {
         window.x11Id = view.x11Id;
         window.instance = view.instance;

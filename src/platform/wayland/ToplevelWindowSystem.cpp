@@ -74,14 +74,21 @@ struct ToplevelWindowSystem::Listeners {
     }
 
     static void state(void* data, Handle*, wl_array* states) {
-        std::uint32_t value = 0;
-        const bool wasActive = std::exchange(of(data).isActive, false);
-        for (std::size_t at = 0; at + sizeof value <= states->size; at += sizeof value) {
-            std::memcpy(&value, static_cast<const char*>(states->data) + at, sizeof value);
-            of(data).isActive =
-                of(data).isActive || value == ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_ACTIVATED;
-        }
-        of(data).hasNews = of(data).hasNews || of(data).isActive != wasActive;
+        const auto has = [states](std::uint32_t wanted) {
+            std::uint32_t value = 0;
+            for (std::size_t at = 0; at + sizeof value <= states->size; at += sizeof value) {
+                std::memcpy(&value, static_cast<const char*>(states->data) + at, sizeof value);
+                if (value == wanted) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        const bool isActive = has(ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_ACTIVATED);
+        const bool wasActive = std::exchange(of(data).isActive, isActive);
+        of(data).isFullScreen = has(ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_FULLSCREEN) &&
+                                !has(ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_MINIMIZED);
+        of(data).hasNews = of(data).hasNews || isActive != wasActive;
     }
 
     static void parent(void* data, Handle*, Handle* handle) {
@@ -260,6 +267,7 @@ TopLevelWindow ToplevelWindowSystem::windowOf(const Toplevel& toplevel) const {
     window.transientFor = toplevel.parent;
     window.type = toplevel.parent != 0 ? WindowType::dialog : WindowType::normal;
     window.canBeAsked = true;
+    window.isFullScreen = toplevel.isFullScreen;
     window.candidates = clientsCalled(programs_(toplevel.applicationId), clients_);
     if (window.candidates.size() == 1) {
         window.process = window.candidates.front();

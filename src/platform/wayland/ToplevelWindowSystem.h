@@ -82,6 +82,8 @@ class ToplevelWindowSystem final : public WindowSystem {
         Time asked = {};
         WindowId newestWhenAsked = 0;
         bool isActive = false;
+        /// And not minimised.
+        bool isFullScreen = false;
         /// Its first state is complete.
         bool isDone = false;
         /// Something that counts has changed since then; titles do not.

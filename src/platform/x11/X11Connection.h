@@ -55,6 +55,10 @@ enum class X11Atom : std::uint8_t {
     netWmState,
     netWmStateSkipTaskbar,
     netWmStateModal,
+    netWmStateFullscreen,
+    netWmStateHidden,
+    netWmDesktop,
+    netCurrentDesktop,
     netWmWindowType,
     // In the order of WindowType.
     typeNormal,

@@ -143,11 +143,29 @@ std::optional<TopLevelWindow> X11WindowReader::collect(const Pending& pending,
     window.skipsTaskbar =
         contains(words(statesReply), connection_.atom(X11Atom::netWmStateSkipTaskbar));
     window.isModal = contains(words(statesReply), connection_.atom(X11Atom::netWmStateModal));
+    window.isFullScreen =
+        contains(words(statesReply), connection_.atom(X11Atom::netWmStateFullscreen)) &&
+        !contains(words(statesReply), connection_.atom(X11Atom::netWmStateHidden)) &&
+        isOnShownDesktop(pending.window);
     window.gtkApplicationId = text(take(pending.gtkApplicationId));
     window.gtkBusName = text(take(pending.gtkBusName));
     window.gtkObjectPath = text(take(pending.gtkObjectPath));
     window.kdeDesktopFile = text(take(pending.kdeDesktopFile));
     return exists ? std::optional(std::move(window)) : std::nullopt;
+}
+
+/// Asked for windows in full screen alone, which are few.  Source: EWMH, _NET_WM_DESKTOP.
+bool X11WindowReader::isOnShownDesktop(xcb_window_t window) const {
+    constexpr std::uint32_t all = 0xffffffff;
+    const auto ownCookie =
+        connection_.requestProperty(window, connection_.atom(X11Atom::netWmDesktop), 1);
+    const auto shownCookie = connection_.requestProperty(
+        connection_.root(), connection_.atom(X11Atom::netCurrentDesktop), 1);
+    const auto ownReply = take(ownCookie);
+    const auto shownReply = take(shownCookie);
+    const auto own = words(ownReply);
+    const auto shown = words(shownReply);
+    return own.empty() || shown.empty() || own.front() == all || own.front() == shown.front();
 }
 
 std::vector<std::optional<TopLevelWindow>>

@@ -53,6 +53,8 @@ class X11WindowReader {
   private:
     struct Pending;
 
+    [[nodiscard]] bool isOnShownDesktop(xcb_window_t window) const;
+
     [[nodiscard]] Pending request(xcb_window_t window) const;
     [[nodiscard]] std::optional<TopLevelWindow> collect(const Pending& pending,
                                                         OwnerClaims& claims) const;

@@ -9,6 +9,7 @@
 #include <array>
 #include <set>
 #include <utility>
+#include <xcb/screensaver.h>
 
 namespace calmora {
 
@@ -97,6 +98,21 @@ std::optional<WindowId> X11WindowSystem::activeWindow() {
     const auto active = words(reply);
     return active.empty() || active.front() == XCB_NONE ? std::nullopt
                                                         : std::optional<WindowId>(active.front());
+}
+
+std::optional<std::chrono::milliseconds> X11WindowSystem::sinceInput() {
+    if (!isAlive_ || !coversAllWindows()) {
+        return {};
+    }
+    const auto* extension = xcb_get_extension_data(connection_.get(), &xcb_screensaver_id);
+    if (extension == nullptr || extension->present == 0) {
+        return {};
+    }
+    const auto info = connection_.ask<xcb_screensaver_query_info, xcb_screensaver_query_info_reply>(
+        connection_.root());
+    settle();
+    return info ? std::optional(std::chrono::milliseconds(info->ms_since_user_input))
+                : std::nullopt;
 }
 
 std::optional<WindowId> X11WindowSystem::focusedWindow() const {

@@ -39,6 +39,9 @@ class X11WindowSystem final : public WindowSystem {
     [[nodiscard]] const std::vector<TopLevelWindow>& windowsReadAfresh() override;
     [[nodiscard]] bool coversAllWindows() const override;
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
+    /// Absent in a Wayland session, where the server sees the input of X11 programs alone.
+    /// Source: MIT-SCREEN-SAVER extension.
+    [[nodiscard]] std::optional<std::chrono::milliseconds> sinceInput() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;

@@ -44,8 +44,8 @@ struct KwinDesktop : testing::Test {
 
     bool hasEnded(pid_t process) { return desktop.exitStatus(process).has_value(); }
 
-    /// Loads or unloads somebody else's script.
-    void script(const char* method, const QVariantList& arguments) {
+    /// Loads, starts or unloads somebody else's script.
+    void script(const char* method, const QVariantList& arguments = {}) {
         QDBusMessage call = QDBusMessage::createMethodCall("org.kde.KWin", "/Scripting",
                                                            "org.kde.kwin.Scripting", method);
         call.setArguments(arguments);
@@ -135,6 +135,34 @@ TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     EXPECT_TRUE(waitFor([&] { return windows.owners().size() == 3; }));
     EXPECT_THAT(windows.owners(), UnorderedElementsAre(other, editor, helpless));
     EXPECT_FALSE(hasEnded(other) || hasEnded(editor) || hasEnded(helpless));
+}
+
+TEST_F(KwinDesktop, KnowsWhatFillsTheScreen) {
+    Windows windows(*this, bus);
+    for (const bool isX11 : {false, true}) {
+        const pid_t process = isX11 ? client() : calculator();
+        ASSERT_TRUE(loopUntil([&] { return windows.isActive(process); })) << desktop.log();
+        // As the user does it with keys; both ways to write it are of 5.27 and 6.
+        const std::pair<const char*, bool> steps[] = {
+            {"(workspace.activeWindow || workspace.activeClient).fullScreen = true", true},
+            {"if (workspace.createDesktop) workspace.createDesktop(1, 'two'); else "
+             "workspace.desktops = 2;"
+             "workspace.currentDesktop = workspace.desktops[1] || 2",
+             false},
+            {"workspace.currentDesktop = workspace.desktops[0] || 1", true},
+            {"(workspace.activeWindow || workspace.activeClient).minimized = true", false}};
+        for (const auto& [code, expected] : steps) {
+            const auto file = desktop.home() / "step.js";
+            std::ofstream(file) << code;
+            script("loadScript", {QString::fromStdString(file), "step"});
+            script("start");
+            EXPECT_TRUE(waitFor([&] {
+                static_cast<void>(windows.all.windowsReadAfresh());
+                return windows.of(process).isFullScreen == expected;
+            })) << code;
+            script("unloadScript", {"step"});
+        }
+    }
 }
 
 TEST_F(KwinDesktop, NeverClosesAWindowOfX11ItselfNorOneOfAnother) {

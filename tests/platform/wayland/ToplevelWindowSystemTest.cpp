@@ -55,7 +55,11 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     desktop.end(server);
     EXPECT_EQ(of("foot").at(0).process, foot);
 
-    const pid_t other = desktop.start({"foot", "sleep", "600"});
+    const pid_t other = desktop.start({"foot", "--fullscreen", "sleep", "600"});
+    EXPECT_TRUE(waitFor([&] {
+        const auto& fresh = toplevels.windowsReadAfresh();
+        return fresh.size() == 2 && !fresh[0].isFullScreen && fresh[1].isFullScreen;
+    }));
     const pid_t calculator = desktop.start({"galculator"}, {{"GDK_BACKEND", "wayland"}});
     const pid_t client = desktop.start({windowClient(), "--no-delete", "--class", "Old"});
     EXPECT_TRUE(pumpUntil(events, [&] { return count() == 4 && of("Old").size() == 1; }))

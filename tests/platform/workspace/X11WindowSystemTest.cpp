@@ -133,6 +133,36 @@ TEST_F(X11WindowSystemTest, TellsChangesAndCostsNothingOtherwise) {
     EXPECT_EQ(windowsOf(unseen).size(), 1U);
 }
 
+TEST_F(X11WindowSystemTest, KnowsWhatFillsTheScreenAndWhenTheUserWasThere) {
+    open();
+    const pid_t process = desktop->start({"xterm", "-fullscreen", "-e", "sleep", "600"});
+    const auto isFull = [&](bool expected) {
+        return waitFor([&] {
+            static_cast<void>(system->windowsReadAfresh());
+            return windowOf(process).isFullScreen == expected;
+        });
+    };
+    EXPECT_TRUE(isFull(true));
+    const std::string window = std::to_string(windowOf(process).id);
+    for (const auto& [command, expected] : std::vector<std::pair<std::vector<std::string>, bool>>{
+             {{"set_desktop", "1"}, false},
+             {{"set_desktop", "0"}, true},
+             {{"windowminimize", window}, false}}) {
+        std::vector<std::string> line = command;
+        line.insert(line.begin(), "xdotool");
+        EXPECT_EQ(desktop->run(line), 0);
+        EXPECT_TRUE(isFull(expected)) << command.front();
+    }
+
+    EXPECT_TRUE(waitFor([&] { return system->sinceInput() > 300ms; }));
+    EXPECT_EQ(desktop->run({"xdotool", "mousemove_relative", "7", "7"}), 0);
+    EXPECT_LT(system->sinceInput(), 300ms);
+    X11WindowSystem inWayland(events, desktop->display(), [](const char* name) {
+        return std::string_view(name) == "XDG_SESSION_TYPE" ? "wayland" : nullptr;
+    });
+    EXPECT_EQ(inWayland.sinceInput(), std::nullopt) << "it sees the input of few programs";
+}
+
 TEST_F(X11WindowSystemTest, TellsAWindowFromALaterOneWithTheSameId) {
     for (const char* manager : {"openbox", "xfwm4", "9wm", ""}) {
         SCOPED_TRACE(manager);

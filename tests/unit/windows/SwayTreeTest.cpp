@@ -10,6 +10,7 @@ TEST(SwayTree, GivesTheViewsOfARecordedTree) {
       {"id":2147483647,"type":"output","nodes":[{"id":2147483646,"type":"workspace",
         "name":"__i3_scratch","nodes":[],"floating_nodes":[
           {"id":4,"type":"floating_con","focused":false,"window":null,"nodes":[],
+           "fullscreen_mode":1,"visible":false,
            "floating_nodes":[],"pid":16900,"app_id":"foot","shell":"xdg_shell"}]}]},
       {"id":3,"type":"output","focused":false,"name":"HEADLESS-1","nodes":[
         {"id":5,"type":"workspace","focused":false,"name":"1","window":null,"nodes":[
@@ -18,11 +19,12 @@ TEST(SwayTree, GivesTheViewsOfARecordedTree) {
              "pid":16860,"app_id":null,"shell":"xwayland","window_properties":{"class":"XTerm",
              "instance":"xterm","title":"sleep","transient_for":null}},
             {"id":7,"type":"con","focused":false,"window":null,"nodes":[],"floating_nodes":[],
+             "fullscreen_mode":1,"visible":true,
              "pid":16858,"app_id":"foot","shell":"xdg_shell"}],"floating_nodes":[]}],
          "floating_nodes":[]}],"floating_nodes":[]}],"floating_nodes":[]})";
     const std::vector<SwayView> expected{
         {.id = 4, .process = 16900, .isFloating = true, .applicationId = "foot"},
-        {.id = 7, .process = 16858, .applicationId = "foot"},
+        {.id = 7, .process = 16858, .isFullScreen = true, .applicationId = "foot"},
         {.id = 8,
          .process = 16860,
          .hasFocus = true,

@@ -22,6 +22,7 @@ ShellWindow shellWindow(const QVariantMap& map) {
             .type = memberOf<uint>(map, "type"),
             .skipsTaskbar = memberOf<bool>(map, "skip"),
             .canClose = memberOf<bool>(map, "close"),
+            .isFullScreen = memberOf<bool>(map, "full"),
             .parent = memberOf<qulonglong>(map, "parent"),
             .desktopId = text(map, "app"),
             .sandboxId = text(map, "sandbox"),

@@ -63,6 +63,9 @@ void CompositeWindowSystem::dropDoubles(const X11Windows& x11Windows) {
             window.mayBeX11 && x11Windows.classes.contains(window.applicationId);
         if (known != x11Windows.ids.end()) {
             doubles_.emplace(window.id, known->second);
+            // Only the compositor knows which workspaces are shown.
+            const auto twin = std::ranges::find(windows_, known->second, &TopLevelWindow::id);
+            twin->isFullScreen = window.isFullScreen;
         } else if (isClassOfX11 && !hasOwner) {
             doubles_.emplace(window.id, 0);
         } else if (!hasOwner && (window.x11Id || window.mayBeX11)) {
@@ -117,6 +120,15 @@ std::optional<WindowId> CompositeWindowSystem::activeWindow() {
         }
     }
     return unlisted;
+}
+
+std::optional<std::chrono::milliseconds> CompositeWindowSystem::sinceInput() {
+    for (WindowSystem* part : parts_) {
+        if (const auto time = part->sinceInput()) {
+            return time;
+        }
+    }
+    return std::nullopt;
 }
 
 Subscription CompositeWindowSystem::listen(Listen kind, const std::function<void()>& handler) {

@@ -37,6 +37,7 @@ class CompositeWindowSystem final : public WindowSystem {
     /// session knows only of its own. The first that is listed: some window managers leave the
     /// focus on a window of their own.
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
+    [[nodiscard]] std::optional<std::chrono::milliseconds> sinceInput() override;
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;

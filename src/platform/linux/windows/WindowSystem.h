@@ -5,6 +5,7 @@
 #include "platform/ProcessId.h"
 #include "support/Subscription.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -80,6 +81,9 @@ struct TopLevelWindow {
     /// Its program is ended if it takes longer than a few seconds to answer a request to close, as
     /// one does that saves something large. Ask it only when the user wants that.
     bool mustAnswerSoon = false;
+    /// Fills an output: neither minimised nor on a workspace that is not shown. Only certain in
+    /// windowsReadAfresh(): that another workspace is shown is no change of windows().
+    bool isFullScreen = false;
 
     /// The process to list the window under: its owner, else the first candidate.
     [[nodiscard]] std::optional<ProcessId> listedProcess() const {
@@ -120,6 +124,10 @@ class WindowSystem {
 
     /// The window with the keyboard focus; absent if none.
     [[nodiscard]] virtual std::optional<WindowId> activeWindow() = 0;
+
+    /// Since the user's last input of any kind; absent where it is not told. At most one round
+    /// trip.
+    [[nodiscard]] virtual std::optional<std::chrono::milliseconds> sinceInput() { return {}; }
 
     /// Notifies that windows() has changed. Never called from within a call of this interface.
     [[nodiscard]] virtual Subscription onWindowsChanged(std::function<void()> handler) = 0;

@@ -27,6 +27,14 @@ function canBeAsked(window) {
     return isToplevel(window) && window.closeable && !/^(dock|desktop|other)$/.test(typeOf(window));
 }
 
+// On the desktop that is shown: 6 has a list of desktops, empty for all, and 5.27 a number, -1 for all.
+function isShown(window) {
+    const desktops = window.desktops;
+    const current = workspace.currentDesktop;
+    return !window.minimized && (window.onAllDesktops ||
+        (isNew ? desktops.some((desktop) => desktop.id === current.id) : window.desktop === current));
+}
+
 const rowOf = (window) => ({
     id: idOf(window),
     parent: idOf(window.transientFor),
@@ -37,6 +45,7 @@ const rowOf = (window) => ({
     desktopFile: String(window.desktopFileName),
     type: typeOf(window),
     isModal: window.modal,
+    isFullScreen: window.fullScreen && isShown(window),
     skipsTaskbar: window.skipTaskbar,
     canBeAsked: canBeAsked(window),
 });
