@@ -7,8 +7,10 @@
 #include "platform/linux/windows/WindowRoles.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/qt/WindowBackend.h"
+#include "support/ShownName.h"
 
 #include <QDBusConnection>
+#include <QEventLoop>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -48,6 +50,36 @@ std::string_view textOf(ProtectionReason reason) {
         return "the system starts it with every session";
     }
     return "unknown";
+}
+
+std::string_view textOf(UseKind kind) {
+    switch (kind) {
+    case UseKind::playsSound:
+        return "plays sound";
+    case UseKind::recordsSound:
+        return "records sound";
+    case UseKind::playsMedia:
+        return "says that it plays";
+    case UseKind::sharesScreen:
+        return "receives the screen or a camera";
+    case UseKind::inhibitsSleep:
+        return "keeps the session awake";
+    case UseKind::isFullScreen:
+        return "is full screen";
+    }
+    return "unknown";
+}
+
+/// Runs the loop until the sources have answered, which is a second at most.
+UseReport usesNow(UseSources& sources) {
+    UseReport report{.isComplete = false};
+    QEventLoop loop;
+    const Subscription reading = sources.read([&](const UseReport& read) {
+        report = read;
+        loop.quit();
+    });
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return report;
 }
 
 std::string variable(const char* name) {
@@ -108,6 +140,17 @@ std::string diagnosis(WindowBackend& backend, LinuxMachine& machine,
     }
     add("shortcuts", limit(backend.hotKeys().limitation()));
     add("session bus", sessionBus.isConnected() ? "connected" : "none");
+    const UseReport uses = usesNow(machine.uses);
+    for (const ProcessUse& use : uses.uses) {
+        add("in use", std::to_string(use.process) + " (" +
+                          shownName(machine.reader.comm(use.process)) + ") " +
+                          std::string(textOf(use.kind)));
+    }
+    if (!uses.isComplete) {
+        add("in use", "perhaps more; somebody did not answer in time");
+    }
+    add("last input", uses.sinceInput ? std::to_string(uses.sinceInput->count()) + " ms ago"
+                                      : std::string("not told"));
     for (const ProcessId process : processes) {
         add("process " + std::to_string(process), aboutProcess(process, backend, machine));
     }

@@ -42,6 +42,13 @@ LinuxMachine::LinuxMachine(EventPoll& events, WindowSystem& windows,
                  .protection = guard,
                  .bus = bus,
                  .home = BaseDirectories::fromEnvironment().home.string()}),
-      watch(events.descriptor(), alertSession, [&events] { events.dispatch(); }) {}
+      watch(events.descriptor(), alertSession, [&events] { events.dispatch(); }),
+      uses({.sessionBus = sessionBus,
+            .systemBus = systemBus,
+            .windows = windows,
+            .reader = reader,
+            .running = [this] { return workspace.runningApplications(); },
+            .applicationName = identity::name}),
+      away(sessionBus, systemBus) {}
 
 } // namespace calmora

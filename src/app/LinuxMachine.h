@@ -4,6 +4,8 @@
 #include "platform/Platform.h"
 #include "platform/desktop/CanberraSoundOutput.h"
 #include "platform/desktop/DbusApplications.h"
+#include "platform/desktop/use/DesktopUseSources.h"
+#include "platform/desktop/use/SessionAwayTime.h"
 #include "platform/linux/IcuText.h"
 #include "platform/linux/proc/LinuxClock.h"
 #include "platform/linux/proc/LinuxProcessTable.h"
@@ -41,6 +43,10 @@ struct LinuxMachine {
     LinuxProcessTable processes;
     LinuxWorkspace workspace;
     DescriptorWatch watch;
+
+    BusOnDemand systemBus = systemBusOnDemand();
+    DesktopUseSources uses;
+    SessionAwayTime away;
 };
 
 } // namespace calmora
