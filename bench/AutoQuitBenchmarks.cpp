@@ -2,7 +2,9 @@
 #include "autoquit/AutoQuitManager.h"
 
 #include "fakes/FakePlatform.h"
+#include "fakes/FakeUse.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -30,7 +32,11 @@ struct Desk {
     AppSettings settings{machine.defaults};
     FakeUserNotifications notifications;
     FakeInputGate input;
-    AutoQuitManager manager{settings, machine.platform(), notifications, input};
+    ExtraSettings extras{machine.defaults};
+    FakeUseSources uses;
+    FakeAwayTime away;
+    AutoQuitManager manager{
+        {settings, extras, machine.platform(), notifications, input, uses, away}};
 };
 
 void passes(benchmark::State& state, Desk& desk) {

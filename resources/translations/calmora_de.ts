@@ -24,6 +24,17 @@
             <numerusform>%@ wurde nach %lld Minuten ohne Nutzung beendet.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>%@ wird in 1 Minute beendet: %lld Minute ohne Nutzung.</numerusform>
+            <numerusform>%@ wird in 1 Minute beendet: %lld Minuten ohne Nutzung.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Nicht beenden</translation>
+    </message>
     <message>
         <source>version_label %@</source>
         <translation>Version %@</translation>

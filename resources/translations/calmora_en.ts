@@ -19,6 +19,13 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>%@ will be quit in 1 minute: %lld minute without use.</numerusform>
+            <numerusform>%@ will be quit in 1 minute: %lld minutes without use.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Quits %lld applications</source>
         <translation>
             <numerusform>Quits %lld application</numerusform>

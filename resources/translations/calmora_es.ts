@@ -24,6 +24,17 @@
             <numerusform>La aplicación %@ se ha cerrado tras %lld minutos sin usarse.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>La aplicación %@ se cerrará en 1 minuto: %lld minuto sin usarse.</numerusform>
+            <numerusform>La aplicación %@ se cerrará en 1 minuto: %lld minutos sin usarse.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>No cerrar</translation>
+    </message>
     <message>
         <source>version_label %@</source>
         <translation>Versión %@</translation>

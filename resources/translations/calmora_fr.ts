@@ -24,6 +24,17 @@
             <numerusform>L’application %@ a été fermée après %lld minutes d’inactivité.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>L’application %@ sera fermée dans 1 minute : %lld minute d’inactivité.</numerusform>
+            <numerusform>L’application %@ sera fermée dans 1 minute : %lld minutes d’inactivité.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Ne pas fermer</translation>
+    </message>
     <message>
         <source>version_label %@</source>
         <translation>Version %@</translation>

@@ -21,6 +21,16 @@
             <numerusform>%@は%lld分間使用されなかったため終了しました。</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>%@は1分後に終了します：%lld分間使用されていません。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>終了しない</translation>
+    </message>
     <message>
         <source>version_label %@</source>
         <translation>バージョン %@</translation>

@@ -21,6 +21,16 @@
             <numerusform>“%@”闲置 %lld 分钟后已自动退出。</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>auto_quit_warning %@ %lld</source>
+        <translation>
+            <numerusform>“%@”将在 1 分钟后自动退出：已闲置 %lld 分钟。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
     <message>
         <source>version_label %@</source>
         <translation>版本 %@</translation>

@@ -18,10 +18,10 @@ namespace calmora {
 AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
                          AppToolkit& toolkit, const Platform& platform,
                          KeyboardShortcuts& shortcuts, UserNotifications& notifications,
-                         InputGate& input)
+                         InputGate& input, UseSources& uses, AwayTime& away)
     : settings_(defaults), extras_(defaults), updaterController_(std::move(updater)),
       hotKeyManager_(shortcuts), toolkit_(toolkit), platform_(platform),
-      notifications_(notifications), input_(input) {}
+      notifications_(notifications), input_(input), uses_(uses), away_(away) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -43,8 +43,15 @@ void AppDelegate::applicationDidFinishLaunching() {
     wireShortcuts();
 
     // Also while auto-quit is off: switched on later, it knows when applications were last used.
-    autoQuitManager_ =
-        std::make_unique<AutoQuitManager>(settings_, platform_, notifications_, input_);
+    autoQuitManager_ = std::make_unique<AutoQuitManager>(AutoQuitSurroundings{
+        .settings = settings_,
+        .extras = extras_,
+        .platform = platform_,
+        .notifications = notifications_,
+        .input = input_,
+        .uses = uses_,
+        .away = away_,
+    });
     autoQuitManager_->activityTracker().startTracking();
     autoQuitManager_->start();
 }

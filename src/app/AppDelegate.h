@@ -20,9 +20,11 @@ namespace calmora {
 
 class AppListViewModel;
 class AutoQuitManager;
+class AwayTime;
 class InputGate;
 class UserDefaults;
 class UserNotifications;
+class UseSources;
 
 /// What quitting the ticked applications came to.
 struct QuitOutcome {
@@ -41,7 +43,8 @@ class AppDelegate {
     /// Shows nothing yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
                 const Platform& platform, KeyboardShortcuts& shortcuts,
-                UserNotifications& notifications, InputGate& input);
+                UserNotifications& notifications, InputGate& input, UseSources& uses,
+                AwayTime& away);
     ~AppDelegate();
 
     /// Makes the popover and the status item, registers the shortcuts and starts auto-quit. Call
@@ -105,6 +108,8 @@ class AppDelegate {
     std::unique_ptr<AppListViewModel> rows_;
     UserNotifications& notifications_;
     InputGate& input_;
+    UseSources& uses_;
+    AwayTime& away_;
 };
 
 } // namespace calmora

@@ -112,7 +112,7 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
       delegate_(defaults_, makeUpdater(), *this, platform(), globalShortcuts_.shortcuts(),
-                notifications_, inputGate_),
+                notifications_, inputGate_, use_, use_),
       commands_(delegate_, alertSession_,
                 {.openSettings = [this] { openSettings(); },
                  .diagnose =

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "autoquit/AutoQuitManager.h"
 
-#include "autoquit/IdlePolicy.h"
-#include "autoquit/catalogue/KnownApps.h"
-#include "autoquit/catalogue/LinuxAnnex.h"
 #include "platform/Clock.h"
 #include "platform/EventMonitor.h"
 #include "platform/LocalizedStrings.h"
@@ -11,29 +8,17 @@
 #include "platform/UserNotifications.h"
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
-#include "settings/NeverQuitList.h"
+#include "settings/ExtraSettings.h"
 #include "support/ShownName.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <limits>
 #include <optional>
 #include <utility>
 
 namespace calmora {
 namespace {
-
-/// Absent if the product does not fit 64 bits.
-std::optional<std::chrono::duration<double>> threshold(std::int64_t minutes) {
-    constexpr std::int64_t unit = AutoQuitManager::secondsPerMinute;
-    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / unit;
-    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min() / unit;
-    if (minutes > most || minutes < least) {
-        return std::nullopt;
-    }
-    return std::chrono::duration<double>(static_cast<double>(minutes * unit));
-}
 
 /// Seconds since 1970 as the shortest decimal fraction that reads back as the same value.
 std::string secondsText(std::chrono::system_clock::time_point date) {
@@ -52,21 +37,37 @@ std::string secondsText(std::chrono::system_clock::time_point date) {
 
 } // namespace
 
-AutoQuitManager::AutoQuitManager(AppSettings& settings, Platform platform,
-                                 UserNotifications& notifications, InputGate& input)
-    : settings_(settings), platform_(platform), notifications_(notifications), input_(input),
-      activityTracker_(platform), appQuitter_(platform), resourceMonitor_(platform),
-      treeSampler_(platform) {}
+AutoQuitManager::AutoQuitManager(const AutoQuitSurroundings& surroundings)
+    : settings_(surroundings.settings), extras_(surroundings.extras),
+      platform_(surroundings.platform), notifications_(surroundings.notifications),
+      input_(surroundings.input), activityTracker_(platform_), appQuitter_(platform_),
+      resourceMonitor_(platform_), treeSampler_(platform_),
+      sparing_({.settings = settings_,
+                .platform = platform_,
+                .tracker = activityTracker_,
+                .notifications = notifications_,
+                .uses = surroundings.uses,
+                .away = surroundings.away,
+                .quit = [this](const WorkspaceApplication& app) { quit(app); }}) {
+    sparing_.setOn(extras_.sparesWhatIsInUse());
+    sparingChanges_ =
+        extras_.sparesWhatIsInUse.observe([this] { sparing_.setOn(extras_.sparesWhatIsInUse()); });
+    settingChanges_ = settings_.observeAny([this] { sparing_.review(); });
+}
 
 void AutoQuitManager::start() {
     checkTimer_ = platform_.runLoop.repeat(checkInterval, [this] { checkAndQuitInactiveApps(); });
 }
 
 void AutoQuitManager::checkAndQuitInactiveApps() {
+    if (sparing_.isOn()) {
+        sparing_.check();
+        return;
+    }
     if (!settings_.autoQuitEnabled()) {
         return;
     }
-    const auto limit = threshold(settings_.autoQuitMinutes());
+    const auto limit = autoQuitThreshold(settings_.autoQuitMinutes());
     if (!limit) {
         return;
     }
@@ -76,7 +77,7 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
     }
     const std::set<std::string> inactive(idle.begin(), idle.end());
     const std::vector<WorkspaceApplication> running = platform_.workspace.runningApplications();
-    const NeverQuitList neverQuitApps(settings_, platform_.workspace);
+    AutoQuitRules rules(settings_, platform_, resourceMonitor_, treeSampler_);
     treeSampler_.beginPass(running);
     std::set<std::string> regular;
     const std::weak_ptr alive = alive_;
@@ -87,7 +88,7 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
         if (app.bundleIdentifier) {
             regular.insert(*app.bundleIdentifier);
         }
-        if (mayQuit(app, inactive, neverQuitApps)) {
+        if (mayQuit(app, inactive, rules)) {
             quit(app);
         }
         if (alive.expired()) { // Whoever was notified may have ended auto-quit.
@@ -99,46 +100,12 @@ void AutoQuitManager::checkAndQuitInactiveApps() {
 }
 
 bool AutoQuitManager::mayQuit(const WorkspaceApplication& app,
-                              const std::set<std::string>& inactive,
-                              const NeverQuitList& neverQuitApps) {
-    if (!app.isActivityKnown || !app.bundleIdentifier ||
-        !inactive.contains(*app.bundleIdentifier) || app.mustAnswerSoon) {
+                              const std::set<std::string>& inactive, AutoQuitRules& rules) {
+    if (!app.bundleIdentifier || !inactive.contains(*app.bundleIdentifier)) {
         return false;
     }
-    const std::string& bundleIdentifier = *app.bundleIdentifier;
-    if (settings_.neverQuitMusicApps() && isMusicPlayer(bundleIdentifier)) {
-        return false;
-    }
-    if (bundleIdentifier == finderBundleIdentifier ||
-        neverQuitApps.contains(bundleIdentifier, app.otherIdentifiers)) {
-        return false;
-    }
-    const std::optional<KnownAppInfo> known = KnownApps::lookup(bundleIdentifier);
-    const IdlePolicy policy = idlePolicy(
-        bundleIdentifier, known,
-        known ? std::nullopt : platform_.workspace.installedApplication(bundleIdentifier));
-    switch (policy.behavior) {
-    case IdleBehavior::safeToQuit:
-        return true;
-    case IdleBehavior::cautious:
-        // Each is sampled, whatever the others do.
-        return std::ranges::count_if(app.processes(), [&](ProcessId process) {
-                   return policy.countsDescendants ? isTreeBusy(process) : isBusy(process);
-               }) == 0;
-    case IdleBehavior::neverQuit:
-        return false;
-    }
-    return false;
-}
-
-bool AutoQuitManager::isBusy(ProcessId process) {
-    const std::optional<ResourceUsage> usage = resourceMonitor_.getUsage(process);
-    return usage && usage->cpuPercent >= busyCPUPercent;
-}
-
-bool AutoQuitManager::isTreeBusy(ProcessId process) {
-    const std::optional<double> percent = treeSampler_.cpuPercent(process);
-    return !percent || *percent >= busyCPUPercent;
+    const Standing standing = rules.standing(app);
+    return !standing.never && !rules.sparedNow(app, standing.policy, /*use=*/nullptr);
 }
 
 void AutoQuitManager::quit(const WorkspaceApplication& app) {
@@ -149,8 +116,7 @@ void AutoQuitManager::quit(const WorkspaceApplication& app) {
     const bool isGone = appQuitter_.waitForEnd(*live, quitTimeout);
     input_.discardQueuedInput();
     if (isGone) {
-        postAutoQuitNotification(app.localizedName.value_or(app.bundleIdentifier.value_or("")),
-                                 settings_.autoQuitMinutes());
+        postAutoQuitNotification(nameOf(app), settings_.autoQuitMinutes());
     }
 }
 

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "autoquit/ActivityTracker.h"
+#include "autoquit/AutoQuitRules.h"
 #include "autoquit/ProcessTreeSampler.h"
+#include "autoquit/SparingAutoQuit.h"
 #include "model/AppQuitter.h"
 #include "model/ResourceMonitor.h"
 #include "platform/Platform.h"
-#include "platform/ProcessId.h"
 #include "support/Subscription.h"
 
 #include <chrono>
@@ -14,41 +15,51 @@
 #include <memory>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace calmora {
 
 class AppSettings;
+class AwayTime;
+class ExtraSettings;
 class InputGate;
-class NeverQuitList;
 class UserNotifications;
+class UseSources;
 struct WorkspaceApplication;
+
+/// What auto-quit depends on. The references must outlive it.
+struct AutoQuitSurroundings {
+    AppSettings& settings;
+    ExtraSettings& extras;
+    Platform platform;
+    UserNotifications& notifications;
+    /// Drops the clicks and keys made while a pass blocks.
+    InputGate& input;
+    /// Both untouched unless what is in use shall be spared.
+    UseSources& uses;
+    AwayTime& away;
+};
 
 /// Politely quits regular applications that have not been brought to the front for as long as the
 /// settings say, and notifies the user of each one. The settings and the catalogue decide which may
 /// be quit; for an application that is not in the catalogue, the annex and the desktop entry do.
-/// Shares no state with the list. Main thread.
+/// Shares no state with the list. With the preference sparesWhatIsInUse all but the quitting itself
+/// is the matter of SparingAutoQuit. Main thread.
 class AutoQuitManager {
   public:
     /// How often the applications are checked.
     static constexpr std::chrono::seconds checkInterval{60};
-    /// Seconds in one unit of the setting autoQuitMinutes.
-    static constexpr std::int64_t secondsPerMinute = 60;
-    /// A cautious application that uses at least this much of one CPU is not quit.
-    static constexpr double busyCPUPercent = 3.0;
     /// How long an application may take to quit.
     static constexpr std::chrono::milliseconds quitTimeout{1500};
-    /// The file manager: never quit automatically.
-    static constexpr std::string_view finderBundleIdentifier = "com.apple.finder";
 
-    /// Starts no timer. The arguments must outlive this object. `input` drops the clicks and keys
-    /// made while a pass blocks.
-    AutoQuitManager(AppSettings& settings, Platform platform, UserNotifications& notifications,
-                    InputGate& input);
+    /// Starts no timer.
+    explicit AutoQuitManager(const AutoQuitSurroundings& surroundings);
 
     /// When each application was last brought to the front.
     [[nodiscard]] ActivityTracker& activityTracker() { return activityTracker_; }
+
+    /// What is spared and warned of, for a forecast.
+    [[nodiscard]] const SparingAutoQuit& sparing() const { return sparing_; }
 
     /// Checks every minute from now on, first after one minute. Replaces a running timer.
     void start();
@@ -65,16 +76,12 @@ class AutoQuitManager {
 
   private:
     [[nodiscard]] bool mayQuit(const WorkspaceApplication& app,
-                               const std::set<std::string>& inactive,
-                               const NeverQuitList& neverQuitApps);
-    [[nodiscard]] bool isBusy(ProcessId process);
-    /// True also while it is unknown: the first pass only takes a sample, so that an application
-    /// has been idle for a minute before it is asked to quit.
-    [[nodiscard]] bool isTreeBusy(ProcessId process);
+                               const std::set<std::string>& inactive, AutoQuitRules& rules);
     void quit(const WorkspaceApplication& app);
     void dropSnapshotsOfOthers(const std::vector<WorkspaceApplication>& running);
 
     AppSettings& settings_;
+    ExtraSettings& extras_;
     Platform platform_;
     UserNotifications& notifications_;
     InputGate& input_;
@@ -84,6 +91,9 @@ class AutoQuitManager {
     ResourceMonitor resourceMonitor_;
     /// Samples all other cautious ones.
     ProcessTreeSampler treeSampler_;
+    SparingAutoQuit sparing_;
+    Subscription sparingChanges_;
+    Subscription settingChanges_;
     Subscription checkTimer_;
     /// Expires with the manager.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

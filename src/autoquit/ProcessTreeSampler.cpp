@@ -10,7 +10,7 @@
 namespace calmora {
 
 void ProcessTreeSampler::beginPass(const std::vector<WorkspaceApplication>& running) {
-    children_.reset();
+    tree_.reset();
     std::erase_if(samples_,
                   [&running](const auto& sample) { return !isListed(running, sample.first); });
 }
@@ -37,35 +37,12 @@ std::optional<double> ProcessTreeSampler::cpuPercent(ProcessId application) {
 }
 
 ProcessTreeSampler::CpuTimes ProcessTreeSampler::cpuTimesOf(ProcessId application) {
-    if (!children_) {
-        readChildren();
-    }
     CpuTimes times;
-    std::vector<ProcessId> pending{application};
-    while (!pending.empty()) {
-        const ProcessId process = pending.back();
-        pending.pop_back();
-        // Reused pids can make a cycle.
-        if (times.contains(process)) {
-            continue;
-        }
+    for (const ProcessId process : tree_.withDescendants(application)) {
         const auto counters = platform_.processes.counters(process);
         times.emplace(process, counters ? counters->userTime + counters->systemTime : 0);
-        const auto found = children_->find(process);
-        if (found != children_->end()) {
-            pending.insert(pending.end(), found->second.begin(), found->second.end());
-        }
     }
     return times;
-}
-
-void ProcessTreeSampler::readChildren() {
-    children_.emplace();
-    for (const ProcessId process : platform_.processes.allProcesses()) {
-        if (const auto parent = platform_.processes.parent(process)) {
-            (*children_)[*parent].push_back(process);
-        }
-    }
 }
 
 } // namespace calmora

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "autoquit/ProcessTree.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
 #include "platform/Workspace.h"
@@ -21,7 +22,8 @@ class ProcessTreeSampler {
     static constexpr std::chrono::minutes longestInterval{3};
 
     /// The platform's parts must outlive the sampler.
-    explicit ProcessTreeSampler(Platform platform) : platform_(platform) {}
+    explicit ProcessTreeSampler(Platform platform)
+        : platform_(platform), tree_(platform.processes) {}
 
     /// Starts a pass over these running applications: forgets the process tree and the samples of
     /// all others.
@@ -31,6 +33,9 @@ class ProcessTreeSampler {
     /// new process counts from its start, an ended one no longer. Absent for the first sample and
     /// if the last one is too old. Call once in a pass for each application.
     [[nodiscard]] std::optional<double> cpuPercent(ProcessId application);
+
+    /// The processes of this pass.
+    [[nodiscard]] ProcessTree& tree() { return tree_; }
 
   private:
     /// Nanoseconds of CPU time by process.
@@ -42,12 +47,11 @@ class ProcessTreeSampler {
     };
 
     [[nodiscard]] CpuTimes cpuTimesOf(ProcessId application);
-    void readChildren();
 
     Platform platform_;
     std::unordered_map<ProcessId, Sample> samples_;
-    /// The children of each process; absent until this pass needs them.
-    std::optional<std::unordered_map<ProcessId, std::vector<ProcessId>>> children_;
+    /// That of this pass.
+    ProcessTree tree_;
 };
 
 } // namespace calmora

@@ -163,19 +163,22 @@ class FakeUserNotifications final : public UserNotifications {
         }
     }
 
-    /// The outcome comes with the next tell().
+    /// The outcome comes with settle().
     Subscription show(const UserNotification& notification, const std::string&,
                       std::chrono::milliseconds,
                       std::function<void(NoticeEvent)> handler) override {
-        shown[notification.body] = std::move(handler);
         ++shows;
+        pending_.push_back(notification.body);
+        shown[notification.body] = std::move(handler);
         return Subscription([this, body = notification.body] { shown.erase(body); });
     }
 
-    /// Tells the same of every notice that can be answered.
-    void tell(NoticeEvent event) {
-        for (const auto& [body, handler] : std::map(shown)) {
-            handler(event);
+    /// Tells what has become of the new notices that can be answered.
+    void settle(NoticeEvent outcome) {
+        for (const std::string& body : std::exchange(pending_, {})) {
+            if (const auto handler = lookUp(shown, body)) {
+                (*handler)(outcome);
+            }
         }
     }
 
@@ -186,6 +189,9 @@ class FakeUserNotifications final : public UserNotifications {
     std::map<std::string, std::function<void(NoticeEvent)>> shown;
     /// How many of these there were.
     int shows = 0;
+
+  private:
+    std::vector<std::string> pending_;
 };
 
 } // namespace calmora

@@ -416,6 +416,10 @@ IdleBehavior behaviorOfCategories(std::span<const std::string> categories) {
     return isWork || mayBeWork ? IdleBehavior::cautious : IdleBehavior::safeToQuit;
 }
 
+bool isTerminal(std::span<const std::string> categories) {
+    return hasAny(categories, "TerminalEmulator");
+}
+
 bool isMusicPlayer(std::string_view identifier) {
     return KnownApps::musicAppBundleIDs().contains(identifier) || hasWord(linuxPlayers, identifier);
 }

@@ -33,6 +33,9 @@ struct AnnexSubject {
 /// Source: freedesktop Desktop Menu Specification, the registered categories.
 [[nodiscard]] IdleBehavior behaviorOfCategories(std::span<const std::string> categories);
 
+/// Whether a desktop entry with these categories is that of a terminal.
+[[nodiscard]] bool isTerminal(std::span<const std::string> categories);
+
 /// Whether the setting neverQuitMusicApps is about this application: one of the catalogue's list
 /// of music players, or a desktop id of a Linux one. Letter case counts.
 [[nodiscard]] bool isMusicPlayer(std::string_view identifier);

@@ -5,6 +5,7 @@
 #include "fakes/FakeKeys.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
+#include "fakes/FakeUse.h"
 #include "platform/NotificationCenter.h"
 
 namespace calmora {
@@ -32,6 +33,8 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakePlatform fakes_;
     FakeUserNotifications notifications_;
     FakeInputGate input_;
+    FakeUseSources uses_;
+    FakeAwayTime away_;
     NotificationCenter center_;
     FakeHotKeys hotKeys_;
     FakeKeyboardLayout layout_;
@@ -39,10 +42,15 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
         {fakes_.defaults, center_, hotKeys_, layout_, fakes_.strings, fakes_.text}};
     FakePopover* popover_ = nullptr;
     FakeStatusItem* statusItem_ = nullptr;
-    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
-                          *this,           fakes_.platform(),
-                          shortcuts_,      notifications_,
-                          input_};
+    AppDelegate delegate_{fakes_.defaults,
+                          std::make_unique<FakeUpdater>(),
+                          *this,
+                          fakes_.platform(),
+                          shortcuts_,
+                          notifications_,
+                          input_,
+                          uses_,
+                          away_};
 };
 
 TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {

@@ -2,7 +2,9 @@
 #include "autoquit/AutoQuitManager.h"
 
 #include "fakes/FakePlatform.h"
+#include "fakes/FakeUse.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 
 #include <cmath>
 #include <limits>
@@ -22,6 +24,13 @@ struct AutoQuitManagerTest : testing::Test {
         settings.autoQuitEnabled.set(true);
         settings.autoQuitMinutes.set(15);
         machine.strings.texts["auto_quit_notification %@ %lld"] = "After %lld minutes: %@";
+    }
+
+    /// As long as nothing in use is to be spared.
+    ~AutoQuitManagerTest() override {
+        EXPECT_EQ(uses.reads, 0);
+        EXPECT_EQ(notifications.shows, 0);
+        EXPECT_FALSE(away.isFollowing);
     }
 
     void launch(ProcessId process, std::optional<std::string> bundleIdentifier) {
@@ -57,16 +66,20 @@ struct AutoQuitManagerTest : testing::Test {
 
     FakePlatform machine;
     AppSettings settings{machine.defaults};
+    ExtraSettings extras{machine.defaults};
     FakeUserNotifications notifications;
     FakeInputGate input;
-    AutoQuitManager manager{settings, machine.platform(), notifications, input};
+    FakeUseSources uses;
+    FakeAwayTime away;
+    AutoQuitSurroundings surroundings{settings, extras, machine.platform(), notifications, input,
+                                      uses,     away};
+    AutoQuitManager manager{surroundings};
 };
 
 TEST_F(AutoQuitManagerTest, MayBeDestroyedByWhoeverItNotifies) {
     launch(1, "app1");
     launch(2, "app2");
-    auto own =
-        std::make_unique<AutoQuitManager>(settings, machine.platform(), notifications, input);
+    auto own = std::make_unique<AutoQuitManager>(surroundings);
     for (const char* app : {"app1", "app2"}) {
         own->activityTracker().recordActivation(app, machine.clock.wall - 1h);
     }
