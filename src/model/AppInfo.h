@@ -5,6 +5,7 @@
 #include "platform/Image.h"
 #include "platform/ProcessId.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,6 +47,10 @@ struct AppInfo {
     bool canBeForced = true;
     /// As WorkspaceApplication::isActivityKnown.
     bool isActivityKnown = true;
+    /// As WorkspaceApplication::desktopId. Absent of a group row.
+    std::optional<std::string> desktopId = {};
+    /// As WorkspaceApplication::startTime.
+    std::uint64_t startTime = 0;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

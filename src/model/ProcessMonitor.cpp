@@ -33,6 +33,8 @@ AppInfo record(const WorkspaceApplication& application) {
     app.candidates = application.candidates;
     app.canBeForced = application.canBeForced;
     app.isActivityKnown = application.isActivityKnown;
+    app.desktopId = application.desktopId;
+    app.startTime = application.startTime;
     return app;
 }
 

@@ -6,6 +6,7 @@
 #include "support/Subscription.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -81,6 +82,12 @@ struct WorkspaceApplication {
     /// False where nobody tells when it is in front. It is not ticked before the user does it, and
     /// never quit automatically.
     bool isActivityKnown = true;
+    /// The desktop file that starts it again, without ".desktop". Absent where there is none, and
+    /// of an application without windows that the menus do not offer: others are started by the
+    /// session or by the application that they belong to.
+    std::optional<std::string> desktopId = {};
+    /// Orders applications by when they were started; means nothing else.
+    std::uint64_t startTime = 0;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

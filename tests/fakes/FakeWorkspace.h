@@ -23,6 +23,8 @@ struct FakeApplication {
     std::vector<ProcessId> candidates = {};
     bool mustAnswerSoon = false;
     bool isActivityKnown = true;
+    std::optional<std::string> desktopId = {};
+    std::uint64_t startTime = 0;
 
     /// The answers of terminate() and forceTerminate().
     bool acceptsTerminate = true;
@@ -193,7 +195,9 @@ class FakeWorkspace final : public Workspace {
                 application.candidates,
                 !isOneOfSeveral(application.pid),
                 application.mustAnswerSoon,
-                application.isActivityKnown};
+                application.isActivityKnown,
+                application.desktopId,
+                application.startTime};
     }
 
     std::vector<FakeApplication>::iterator find(std::optional<ProcessId> process) {

@@ -46,6 +46,12 @@ WorkspaceApplication valueOf(const ListedApplication& application,
     value.canBeForced = !isOneOfSeveralOwners(windows, application.process.pid);
     value.isActivityKnown = application.windows.empty() ||
                             !std::ranges::all_of(application.windows, &TopLevelWindow::isStandIn);
+    const bool hasEntry = !application.identity.entryPath.empty();
+    if (hasEntry &&
+        (application.identity.isVisible || application.policy == ActivationPolicy::regular)) {
+        value.desktopId = application.identity.desktopId;
+    }
+    value.startTime = application.process.startTime;
     return value;
 }
 
