@@ -35,6 +35,10 @@ class WindowBackend {
     /// Discards presses of hot keys that have not acted yet.
     virtual void discardKeyPresses() = 0;
 
+    /// A token by which a program that is started now may bring its window to the front, as its
+    /// startup notification id or xdg-activation token; empty where there is none.
+    [[nodiscard]] virtual std::string activationToken() { return {}; }
+
     /// The name of the window manager; empty when there is none, or it has no name.
     [[nodiscard]] virtual std::string windowManagerName() = 0;
 

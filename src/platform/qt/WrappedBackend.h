@@ -28,6 +28,8 @@ class WrappedBackend : public WindowBackend {
 
     void discardKeyPresses() override { rest_->discardKeyPresses(); }
 
+    [[nodiscard]] std::string activationToken() override { return rest_->activationToken(); }
+
     [[nodiscard]] std::string windowManagerName() override { return rest_->windowManagerName(); }
 
     [[nodiscard]] std::string themeName() const override { return rest_->themeName(); }

@@ -55,6 +55,39 @@ TEST(DesktopEntry, SplitsExecAlongItsQuotes) {
     EXPECT_EQ(execWords("\"unterminated %u"), (Words{"unterminated "}));
 }
 
+TEST(DesktopEntry, FillsInTheWordsToExecute) {
+    const struct {
+        const char* exec;
+        std::optional<Words> words;
+        const char* icon = "pen";
+    } cases[] = {
+        {"foo --x=%f %F a%ub %U %d", Words{"foo", "--x=", "ab"}},
+        {"foo \"\" 100%% -c %c -k %k %i", Words{"foo", "", "100%", "-c", "A; rm -rf \"$HOME\"",
+                                                "-k", "/x/my %c.desktop", "--icon", "pen"}},
+        {"foo %i", Words{"foo"}, ""},
+        {"foo `id` $(id) ${HOME} * ~ | a > b ; c & d", // No shell sees them.
+         Words{"foo", "`id`", "$(id)", "${HOME}", "*", "~", "|", "a", ">", "b", ";", "c", "&",
+               "d"}},
+        {R"("/opt/a b/run" "\\$x\\`\\"")", Words{"/opt/a b/run", "$x`\""}},
+        {"foo \"open %u", {}},
+        {"foo %z", {}},
+        {"foo %", {}},
+        {"%u", {}},
+        {"\"\" foo", {}},
+        {"", {}},
+    };
+
+    for (const auto& c : cases) {
+        DesktopEntry entry{.path = "/x/my %c.desktop", .name = "A; rm -rf \"$HOME\""};
+        entry.exec = c.exec;
+        entry.icon = c.icon;
+        EXPECT_EQ(launchWords(entry), c.words) << c.exec;
+    }
+    DesktopEntry cut;
+    cut.exec = std::string("foo a\0b", 7);
+    EXPECT_EQ(launchWords(cut), std::nullopt);
+}
+
 TEST(ExecKey, NamesTheProgramBehindWrappersAndInterpreters) {
     const std::pair<Words, const char*> cases[] = {
         {{"xterm", "-class", "Foo"}, "xterm"},

@@ -65,6 +65,69 @@ std::string withoutFieldCodes(std::string_view word) {
     return plain;
 }
 
+/// A word with the values of its field codes; absent with a code that no entry may have.
+std::optional<std::string> withFieldValues(std::string_view word, const DesktopEntry& entry) {
+    // The last ones are obsolete, and mean nothing.
+    constexpr std::string_view dropped = "fFuUidDnNvm";
+    std::string filled;
+    for (std::size_t at = 0; at < word.size(); ++at) {
+        if (word[at] != '%') {
+            filled += word[at];
+            continue;
+        }
+        const char code = ++at < word.size() ? word[at] : '\0';
+        if (code == '%') {
+            filled += '%';
+        } else if (code == 'c') {
+            filled += entry.name;
+        } else if (code == 'k') {
+            filled += entry.path.string();
+        } else if (code == '\0' || dropped.find(code) == std::string_view::npos) {
+            return std::nullopt;
+        }
+    }
+    return filled;
+}
+
+/// An Exec value in words, field codes as written.
+struct ExecValue {
+    std::vector<std::string> words = {};
+    /// No quotation mark is left open.
+    bool isClosed = true;
+};
+
+ExecValue splitExec(std::string_view exec) {
+    const std::string text = unescapedValue(exec);
+    ExecValue value;
+    std::string word;
+    bool isInWord = false;
+    bool isQuoted = false;
+    const auto finish = [&] {
+        if (isInWord) {
+            value.words.push_back(std::move(word));
+        }
+        word.clear();
+        isInWord = false;
+    };
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char letter = text[at];
+        if (letter == '"') {
+            isQuoted = !isQuoted;
+            isInWord = true;
+        } else if (letter == '\\' && isQuoted && at + 1 < text.size()) {
+            word += text[++at];
+        } else if ((letter == ' ' || letter == '\t' || letter == '\n') && !isQuoted) {
+            finish();
+        } else {
+            word += letter;
+            isInWord = true;
+        }
+    }
+    finish();
+    value.isClosed = !isQuoted;
+    return value;
+}
+
 } // namespace
 
 std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
@@ -104,6 +167,8 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
             entry.noDisplay = value == "true";
         } else if (key == "Terminal") {
             entry.needsTerminal = value == "true";
+        } else if (key == "DBusActivatable") {
+            entry.isDbusActivatable = value == "true";
         } else if (key == "Hidden") {
             entry.hidden = value == "true";
         } else if (key == "X-LXQt-Need-Tray") {
@@ -125,36 +190,40 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
 }
 
 std::vector<std::string> execWords(std::string_view exec) {
-    const std::string text = unescapedValue(exec);
     std::vector<std::string> words;
-    std::string word;
-    bool isInWord = false;
-    bool isQuoted = false;
-    const auto finish = [&] {
-        if (isInWord) {
-            std::string plain = withoutFieldCodes(word);
-            if (!plain.empty()) {
-                words.push_back(std::move(plain));
-            }
-        }
-        word.clear();
-        isInWord = false;
-    };
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char letter = text[at];
-        if (letter == '"') {
-            isQuoted = !isQuoted;
-            isInWord = true;
-        } else if (letter == '\\' && isQuoted && at + 1 < text.size()) {
-            word += text[++at];
-        } else if ((letter == ' ' || letter == '\t' || letter == '\n') && !isQuoted) {
-            finish();
-        } else {
-            word += letter;
-            isInWord = true;
+    for (const std::string& word : splitExec(exec).words) {
+        std::string plain = withoutFieldCodes(word);
+        if (!plain.empty()) {
+            words.push_back(std::move(plain));
         }
     }
-    finish();
+    return words;
+}
+
+std::optional<std::vector<std::string>> launchWords(const DesktopEntry& entry) {
+    const ExecValue exec = splitExec(entry.exec);
+    std::vector<std::string> words;
+    for (const std::string& word : exec.words) {
+        if (word == "%i") {
+            if (!entry.icon.empty()) {
+                words.insert(words.end(), {"--icon", entry.icon});
+            }
+            continue;
+        }
+        auto filled = withFieldValues(word, entry);
+        if (!filled) {
+            return std::nullopt;
+        }
+        // Codes for files leave no empty argument; empty quotation marks are one.
+        if (!filled->empty() || word.empty()) {
+            words.push_back(*std::move(filled));
+        }
+    }
+    const auto isCut = [](const std::string& word) { return word.find('\0') != std::string::npos; };
+    if (!exec.isClosed || words.empty() || words.front().empty() ||
+        std::ranges::any_of(words, isCut)) {
+        return std::nullopt;
+    }
     return words;
 }
 

@@ -48,6 +48,8 @@ struct DesktopEntry {
     bool hidden = false;
     /// The program runs in a terminal window.
     bool needsTerminal = false;
+    /// The application is started by a message to its id on the session bus.
+    bool isDbusActivatable = false;
     /// The application is in menus of the current desktop.
     bool isVisible = false;
     /// The user autostarts the application.
@@ -65,6 +67,11 @@ struct DesktopEntry {
 /// The words of an Exec value, quotes and escapes resolved, field codes (%u) dropped.
 /// Source: freedesktop Desktop Entry Specification, the Exec key.
 [[nodiscard]] std::vector<std::string> execWords(std::string_view exec);
+
+/// The words to execute for an entry without files or addresses: %i, %c and %k are filled in, those
+/// for files are dropped. Absent if nothing is to be executed or the value is invalid: another
+/// field code, an open quotation mark.
+[[nodiscard]] std::optional<std::vector<std::string>> launchWords(const DesktopEntry& entry);
 
 /// The picture of an Icon value.
 [[nodiscard]] Image iconImage(std::string_view icon);

@@ -36,6 +36,15 @@ X11Backend::X11Backend(EventPoll& events, std::unique_ptr<WindowSystem> composit
       desktopHotKeys_(makeHotKeys ? makeHotKeys(layout_) : nullptr),
       transientWindows_(makeTransientWindows()) {}
 
+/// The window manager is not told of it and shows no busy pointer: the time alone lets the window
+/// come to the front. Source: freedesktop Startup Notification, "_TIME".
+std::string X11Backend::activationToken() {
+    const auto time = transientWindows_->eventTime();
+    return time ? "calmora-" + std::to_string(QCoreApplication::applicationPid()) + '-' +
+                      std::to_string(++tokens_) + "_TIME" + std::to_string(*time)
+                : std::string();
+}
+
 std::string X11Backend::windowManagerName() {
     return calmora::windowManagerName(keyboard_.connection());
 }

@@ -47,6 +47,7 @@ class X11Backend final : public WindowBackend {
 
     void discardKeyPresses() override { keyboard_.discardKeyPresses(); }
 
+    [[nodiscard]] std::string activationToken() override;
     [[nodiscard]] std::string windowManagerName() override;
 
     [[nodiscard]] std::string themeName() const override { return settings_.themeName(); }
@@ -73,6 +74,8 @@ class X11Backend final : public WindowBackend {
     XSettings settings_;
     std::unique_ptr<HotKeys> desktopHotKeys_;
     std::unique_ptr<TransientWindows> transientWindows_;
+    /// How many tokens were given.
+    unsigned tokens_ = 0;
 };
 
 } // namespace calmora
