@@ -184,6 +184,21 @@
         <translation>Dieses Programm nie beenden</translation>
     </message>
     <message>
+        <source>Reopen</source>
+        <translation>Wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Reopen %@</source>
+        <translation>%@ wieder öffnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>%lld Programm wieder öffnen</numerusform>
+            <numerusform>%lld Programme wieder öffnen</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Schutz aufheben</translation>
     </message>

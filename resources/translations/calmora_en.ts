@@ -26,6 +26,13 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>Reopen %lld Application</numerusform>
+            <numerusform>Reopen %lld Applications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>Quits %lld applications</source>
         <translation>
             <numerusform>Quits %lld application</numerusform>

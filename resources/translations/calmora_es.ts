@@ -184,6 +184,21 @@
         <translation>No cerrar nunca esta aplicación</translation>
     </message>
     <message>
+        <source>Reopen</source>
+        <translation>Volver a abrir</translation>
+    </message>
+    <message>
+        <source>Reopen %@</source>
+        <translation>Volver a abrir %@</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>Volver a abrir %lld aplicación</numerusform>
+            <numerusform>Volver a abrir %lld aplicaciones</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Quitar la protección</translation>
     </message>

@@ -184,6 +184,21 @@
         <translation>Ne jamais quitter cette application</translation>
     </message>
     <message>
+        <source>Reopen</source>
+        <translation>Rouvrir</translation>
+    </message>
+    <message>
+        <source>Reopen %@</source>
+        <translation>Rouvrir %@</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>Rouvrir %lld application</numerusform>
+            <numerusform>Rouvrir %lld applications</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Retirer la protection</translation>
     </message>

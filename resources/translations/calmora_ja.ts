@@ -172,6 +172,20 @@
         <translation>このアプリを終了しない</translation>
     </message>
     <message>
+        <source>Reopen</source>
+        <translation>再び開く</translation>
+    </message>
+    <message>
+        <source>Reopen %@</source>
+        <translation>%@を再び開く</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>%lld個のアプリを再び開く</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>保護を解除</translation>
     </message>

@@ -172,6 +172,20 @@
         <translation>永不退出此应用</translation>
     </message>
     <message>
+        <source>Reopen</source>
+        <translation>重新打开</translation>
+    </message>
+    <message>
+        <source>Reopen %@</source>
+        <translation>重新打开 %@</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reopen %lld Applications</source>
+        <translation>
+            <numerusform>重新打开 %lld 个应用</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>取消保护</translation>
     </message>

@@ -5,6 +5,7 @@
 #include "platform/Bundle.h"
 #include "platform/EventMonitor.h"
 #include "platform/LocalizedStrings.h"
+#include "support/ShownName.h"
 #include "ui/AppListViewModel.h"
 #include "ui/ForceQuitConfirmation.h"
 
@@ -16,12 +17,13 @@
 namespace calmora {
 
 AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
-                         AppToolkit& toolkit, const Platform& platform,
+                         AppToolkit& toolkit, const Platform& platform, Launcher& launcher,
                          KeyboardShortcuts& shortcuts, UserNotifications& notifications,
                          InputGate& input, UseSources& uses, AwayTime& away)
-    : settings_(defaults), extras_(defaults), updaterController_(std::move(updater)),
-      hotKeyManager_(shortcuts), toolkit_(toolkit), platform_(platform),
-      notifications_(notifications), input_(input), uses_(uses), away_(away) {}
+    : settings_(defaults), extras_(defaults), reopenList_(platform.workspace, launcher),
+      updaterController_(std::move(updater)), hotKeyManager_(shortcuts), toolkit_(toolkit),
+      platform_(platform), notifications_(notifications), input_(input), uses_(uses),
+      away_(away) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -76,10 +78,18 @@ QuitOutcome AppDelegate::quitAll(bool force) {
         (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
         return {ticked, 0};
     }
+    const Subscription remembering =
+        applications.onQuit([this](const std::vector<AppInfo>& ended) { remember(ended); });
     const std::size_t ended = applications.quitSelected(force);
     // Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
     input_.discardQueuedInput();
     return {ticked, ended};
+}
+
+void AppDelegate::remember(const std::vector<AppInfo>& ended) {
+    if (extras_.quitsTogether()) {
+        reopenList_.remember(ended);
+    }
 }
 
 std::vector<AppInfo> AppDelegate::rows() {
@@ -129,19 +139,37 @@ void AppDelegate::showContextMenu() {
 }
 
 std::vector<StatusMenuItem> AppDelegate::contextMenu() {
-    return {{.title = platform_.strings.text("About Calmora"),
-             .keyEquivalent = "",
-             .isEnabled = true,
-             .action = [this] { showAbout(); }},
-            {.title = platform_.strings.text("Check for Updates…"),
-             .keyEquivalent = "",
-             .isEnabled = updaterController_->canCheckForUpdates(),
-             .action = [this] { updaterController_->checkForUpdates(); }},
-            {},
-            {.title = platform_.strings.text("Quit Calmora"),
-             .keyEquivalent = "q",
-             .isEnabled = true,
-             .action = [this] { quitApp(); }}};
+    std::vector<StatusMenuItem> menu{{.title = platform_.strings.text("About Calmora"),
+                                      .keyEquivalent = "",
+                                      .isEnabled = true,
+                                      .action = [this] { showAbout(); }},
+                                     {.title = platform_.strings.text("Check for Updates…"),
+                                      .keyEquivalent = "",
+                                      .isEnabled = updaterController_->canCheckForUpdates(),
+                                      .action = [this] { updaterController_->checkForUpdates(); }},
+                                     {},
+                                     {.title = platform_.strings.text("Quit Calmora"),
+                                      .keyEquivalent = "q",
+                                      .isEnabled = true,
+                                      .action = [this] { quitApp(); }}};
+    if (extras_.quitsTogether()) {
+        menu.insert(menu.begin(), {reopenItem(), {}});
+    }
+    return menu;
+}
+
+StatusMenuItem AppDelegate::reopenItem() {
+    const std::vector<std::string> names = reopenList_.names();
+    const auto count = static_cast<std::int64_t>(names.size());
+    const auto& strings = platform_.strings;
+    return {.title =
+                names.empty() ? strings.text("Reopen")
+                : count == 1
+                    ? fillPlaceholders(strings.text("Reopen %@"), {shownName(names.front())})
+                    : fillPlaceholders(strings.text("Reopen %lld Applications", count), {count}),
+            .keyEquivalent = "",
+            .isEnabled = !names.empty(),
+            .action = [this] { reopenList_.reopen(); }};
 }
 
 } // namespace calmora

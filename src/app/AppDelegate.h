@@ -4,6 +4,7 @@
 #include "app/AppToolkit.h"
 #include "app/HotKeyManager.h"
 #include "model/AppInfo.h"
+#include "model/ReopenList.h"
 #include "platform/Geometry.h"
 #include "platform/Platform.h"
 #include "platform/Popover.h"
@@ -22,6 +23,7 @@ class AppListViewModel;
 class AutoQuitManager;
 class AwayTime;
 class InputGate;
+class Launcher;
 class UserDefaults;
 class UserNotifications;
 class UseSources;
@@ -42,7 +44,7 @@ class AppDelegate {
 
     /// Shows nothing yet. The references must outlive the delegate.
     AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
-                const Platform& platform, KeyboardShortcuts& shortcuts,
+                const Platform& platform, Launcher& launcher, KeyboardShortcuts& shortcuts,
                 UserNotifications& notifications, InputGate& input, UseSources& uses,
                 AwayTime& away);
     ~AppDelegate();
@@ -85,15 +87,23 @@ class AppDelegate {
     /// The preferences of what is off at first.
     [[nodiscard]] ExtraSettings& extras() { return extras_; }
 
+    /// What the user's last quit ended. Stays empty while extras().quitsTogether is off.
+    [[nodiscard]] ReopenList& reopenList() { return reopenList_; }
+
+    /// Keeps what a quit of the user's ended in reopenList(), if the preferences want that.
+    void remember(const std::vector<AppInfo>& ended);
+
     /// The updater.
     [[nodiscard]] Updater& updater() { return *updaterController_; }
 
   private:
     [[nodiscard]] std::vector<StatusMenuItem> contextMenu();
+    [[nodiscard]] StatusMenuItem reopenItem();
     void wireShortcuts();
 
     AppSettings settings_;
     ExtraSettings extras_;
+    ReopenList reopenList_;
     std::unique_ptr<Updater> updaterController_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;

@@ -49,8 +49,9 @@ constexpr std::chrono::seconds quietAfterLaunch{2};
 /// The popover's content together with the model that it shows.
 class ListContent final : public QWidget {
   public:
-    ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings)
-        : viewModel_(settings, surroundings.platform),
+    ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings,
+                std::function<void(const std::vector<AppInfo>&)> onQuit)
+        : viewModel_(settings, surroundings.platform), quits_(viewModel_.onQuit(std::move(onQuit))),
           view_(settings, viewModel_, std::move(surroundings), this) {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -59,6 +60,7 @@ class ListContent final : public QWidget {
 
   private:
     AppListViewModel viewModel_;
+    Subscription quits_;
     MenuPopoverView view_;
 };
 
@@ -82,7 +84,8 @@ void showWindow(QWidget& window, const Image& icon) {
 } // namespace
 
 CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance,
-                       EndingSignals& signals, const QtEnvironment& environment)
+                       EndingSignals& signals, const QtEnvironment& environment,
+                       Inheritance inheritance)
     : sessionBus_(sessionBus), environment_(environment), shell_(makeShellLink(sessionBus_)),
       backend_(makeWindowBackend(
           events_, sessionBus_, shell_.get(),
@@ -96,6 +99,10 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
           },
           [this] { return !alertSession_.isOpen(); })),
       machine_(events_, backend_->windows(), sessionBus_, alertSession_),
+      launcher_({.sessionBus = sessionBus_,
+                 .installed = machine_.installed,
+                 .inheritance = std::move(inheritance),
+                 .activationToken = [this] { return backend_->activationToken(); }}),
       defaults_(BaseDirectories::fromEnvironment().configHome / "calmora" / "preferences.json",
                 runLoop_),
       extension_(shell_ ? std::make_unique<ShellExtension>(sessionBus_, *shell_, defaults_)
@@ -111,8 +118,9 @@ CalmoraApp::CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instan
       notifications_(sessionBus_, identity::identifier),
       loginItem_(BaseDirectories::fromEnvironment(), identity::identifier,
                  QCoreApplication::applicationFilePath().toStdString()),
-      delegate_(defaults_, makeUpdater(), *this, platform(), globalShortcuts_.shortcuts(),
-                notifications_, inputGate_, use_, use_),
+      delegate_(defaults_, makeUpdater(), *this, platform(), launcher_,
+                globalShortcuts_.shortcuts(), notifications_, inputGate_, machine_.uses,
+                machine_.away),
       commands_(delegate_, alertSession_,
                 {.openSettings = [this] { openSettings(); },
                  .diagnose =
@@ -166,7 +174,8 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSet
                                 .inputGate = inputGate_,
                                 .openSettings = [this] { openSettings(); },
                                 .limitation = [this] { return backend_->listLimitation(); },
-                                .extension = extension_.get()});
+                                .extension = extension_.get()},
+        [this](const std::vector<AppInfo>& ended) { delegate_.remember(ended); });
     popover->setContent(std::move(list));
     return popover;
 }

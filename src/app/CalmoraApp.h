@@ -11,6 +11,7 @@
 #include "platform/DesktopExtension.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
+#include "platform/desktop/launch/DesktopLauncher.h"
 #include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/gnome/backend/ShellLink.h"
@@ -40,9 +41,10 @@ namespace calmora {
 /// the delegate needs of the toolkit. Needs the QApplication.
 class CalmoraApp final : private AppToolkit {
   public:
-    /// `instance` is the first of the session. The arguments must outlive this object.
+    /// `instance` is the first of the session; `inheritance` is for the programs that this one
+    /// starts. The references must outlive this object.
     CalmoraApp(const QDBusConnection& sessionBus, SingleInstance& instance, EndingSignals& signals,
-               const QtEnvironment& environment);
+               const QtEnvironment& environment, Inheritance inheritance);
 
     ~CalmoraApp() override;
 
@@ -73,6 +75,7 @@ class CalmoraApp final : private AppToolkit {
     std::unique_ptr<ShellLink> shell_;
     std::unique_ptr<WindowBackend> backend_;
     LinuxMachine machine_;
+    DesktopLauncher launcher_;
     JsonUserDefaults defaults_;
     /// Null outside of GNOME.
     std::unique_ptr<DesktopExtension> extension_;

@@ -7,6 +7,7 @@
 #include "platform/desktop/single_instance/CommandChannel.h"
 #include "platform/desktop/single_instance/RuntimeLock.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
+#include "platform/linux/launch/ProgramEnvironment.h"
 #include "platform/linux/proc/PidFd.h"
 #include "widgets/Theme.h"
 
@@ -178,6 +179,7 @@ int main(int argc, char** argv) {
     if (const auto status = showRunning(lock, started)) {
         return *status;
     }
+    calmora::Inheritance inheritance = calmora::Inheritance::now();
     const calmora::QtEnvironment environment;
     calmora::raiseOpenFileLimit();
     calmora::EndingSignals signals;
@@ -211,5 +213,6 @@ int main(int argc, char** argv) {
                      calmora::identity::identifier, calmora::identity::name);
     }
     calmora::installTheme(application);
-    return calmora::CalmoraApp(sessionBus, instance, signals, environment).run(*line);
+    return calmora::CalmoraApp(sessionBus, instance, signals, environment, std::move(inheritance))
+        .run(*line);
 }

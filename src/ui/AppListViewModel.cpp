@@ -44,6 +44,10 @@ Subscription AppListViewModel::observe(std::function<void(const AppListChange&)>
     return changed_.connect(std::move(handler));
 }
 
+Subscription AppListViewModel::onQuit(std::function<void(const std::vector<AppInfo>&)> handler) {
+    return quit_.connect(std::move(handler));
+}
+
 void AppListViewModel::setSearchText(std::string text) {
     if (text != searchText_) {
         searchText_ = std::move(text);
@@ -333,9 +337,30 @@ bool AppListViewModel::precedesByName(const AppInfo& a, const AppInfo& b) const 
     return platform_.text.compare(a.name, b.name) < 0;
 }
 
+std::vector<AppInfo>
+AppListViewModel::recordsOf(const std::unordered_set<ProcessId>& processes) const {
+    std::vector<AppInfo> records;
+    const auto add = [&](const AppInfo& app) {
+        if (processes.contains(app.pid) && !app.childProcesses) {
+            records.push_back(app);
+        }
+    };
+    std::ranges::for_each(apps_, add);
+    for (const AppInfo& app : backgroundApps_) {
+        add(app);
+        if (app.childProcesses) {
+            std::ranges::for_each(*app.childProcesses, add);
+        }
+    }
+    return records;
+}
+
 void AppListViewModel::removeQuit(const std::unordered_set<ProcessId>& gone) {
     if (settings_.playSounds()) {
         soundPlayer_.playQuitSound();
+    }
+    if (quit_.hasListeners()) {
+        quit_.emit(recordsOf(gone));
     }
     std::erase_if(apps_, [&](const AppInfo& app) { return gone.contains(app.pid); });
     changed_.emit({Property::apps, AppListChange::Reason::removedAfterQuit});

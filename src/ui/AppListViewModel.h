@@ -77,6 +77,10 @@ class AppListViewModel {
     /// rebuilds later.
     [[nodiscard]] Subscription observe(std::function<void(const AppListChange&)> handler);
 
+    /// Calls `handler` with what each quit has ended, before it leaves apps(), until the token
+    /// ends.
+    [[nodiscard]] Subscription onQuit(std::function<void(const std::vector<AppInfo>&)> handler);
+
     /// The regular applications in the process monitor's order; process ids are unique.
     [[nodiscard]] const std::vector<AppInfo>& apps() const { return apps_; }
 
@@ -171,6 +175,9 @@ class AppListViewModel {
     [[nodiscard]] bool isMusicUnticked(const AppInfo& app) const;
     [[nodiscard]] EntryCount countApps(const std::function<bool(const AppInfo&)>& counts) const;
     [[nodiscard]] bool precedesByName(const AppInfo& a, const AppInfo& b) const;
+    /// The entries, and members of groups, with these processes.
+    [[nodiscard]] std::vector<AppInfo>
+    recordsOf(const std::unordered_set<ProcessId>& processes) const;
     void removeQuit(const std::unordered_set<ProcessId>& gone);
 
     AppSettings& settings_;
@@ -185,6 +192,7 @@ class AppListViewModel {
     std::string searchText_;
     Subscription pollingTimer_;
     Signal<const AppListChange&> changed_;
+    Signal<const std::vector<AppInfo>&> quit_;
     /// Expires with the model.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

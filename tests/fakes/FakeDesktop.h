@@ -141,7 +141,7 @@ class FakeStatusItem final : public StatusItem {
 
     void setAction(std::function<void(StatusEvent)>) override {}
 
-    void setMenu(std::function<std::vector<StatusMenuItem>()>) override {}
+    void setMenu(std::function<std::vector<StatusMenuItem>()> build) override { buildMenu = build; }
 
     void popUpMenu() override { wasPopoverShownAtMenu = isPopoverShown; }
 
@@ -149,6 +149,7 @@ class FakeStatusItem final : public StatusItem {
 
     std::optional<Rect> frame() const override { return {}; }
 
+    std::function<std::vector<StatusMenuItem>()> buildMenu;
     bool isPopoverShown = false;
     std::optional<bool> wasPopoverShownAtMenu;
 };

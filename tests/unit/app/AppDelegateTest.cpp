@@ -3,6 +3,7 @@
 
 #include "app/AppToolkit.h"
 #include "fakes/FakeKeys.h"
+#include "fakes/FakeLauncher.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
 #include "fakes/FakeUse.h"
@@ -40,12 +41,14 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakeKeyboardLayout layout_;
     KeyboardShortcuts shortcuts_{
         {fakes_.defaults, center_, hotKeys_, layout_, fakes_.strings, fakes_.text}};
+    FakeLauncher launcher_;
     FakePopover* popover_ = nullptr;
     FakeStatusItem* statusItem_ = nullptr;
     AppDelegate delegate_{fakes_.defaults,
                           std::make_unique<FakeUpdater>(),
                           *this,
                           fakes_.platform(),
+                          launcher_,
                           shortcuts_,
                           notifications_,
                           input_,
@@ -91,6 +94,38 @@ TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
     EXPECT_EQ(fakes_.workspace.forceRequests, std::vector<ProcessId>{4}) << "Cancel spared others";
     EXPECT_EQ(input_.discards, 2);
     EXPECT_FALSE(popover_->isShown());
+}
+
+TEST_F(AppDelegateTest, ReopensWhatTheUsersLastQuitEnded) {
+    delegate_.applicationDidFinishLaunching();
+    const auto menu = [this] {
+        std::string titles;
+        for (const StatusMenuItem& item : statusItem_->buildMenu()) {
+            titles += (item.isEnabled ? "" : "!") + item.title + '|';
+        }
+        return titles;
+    };
+    const std::string usual = "About Calmora|Check for Updates…||Quit Calmora|";
+    const auto quitTwo = [this](const char* first) {
+        ProcessId pid = 0;
+        for (const char* name : {first, "Tom & _"}) {
+            fakes_.workspace.launch({.pid = ++pid, .name = name, .desktopId = name});
+        }
+        EXPECT_EQ(delegate_.quitAll(false).ended, 2U);
+    };
+
+    quitTwo("Off");
+    EXPECT_EQ(menu(), usual) << "nothing is kept, nor offered, before it is switched on";
+    delegate_.extras().quitsTogether.set(true);
+    EXPECT_EQ(menu(), "!Reopen||" + usual);
+    quitTwo("On");
+    EXPECT_EQ(menu(), "Reopen 2 Applications||" + usual);
+    launcher_.unavailable = {"On"};
+    quitTwo("On");
+    EXPECT_EQ(menu(), "Reopen Tom & _||" + usual);
+    statusItem_->buildMenu().front().action();
+    EXPECT_EQ(launcher_.launched, std::vector<std::string>{"Tom & _"});
+    EXPECT_EQ(menu(), "!Reopen||" + usual);
 }
 
 } // namespace
