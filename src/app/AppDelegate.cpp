@@ -22,8 +22,7 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
                          InputGate& input, UseSources& uses, AwayTime& away)
     : settings_(defaults), extras_(defaults), reopenList_(platform.workspace, launcher),
       updaterController_(std::move(updater)), hotKeyManager_(shortcuts), toolkit_(toolkit),
-      platform_(platform), notifications_(notifications), input_(input), uses_(uses),
-      away_(away) {}
+      platform_(platform), notifications_(notifications), input_(input), uses_(uses), away_(away) {}
 
 AppDelegate::~AppDelegate() = default;
 

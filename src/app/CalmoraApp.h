@@ -7,7 +7,6 @@
 #include "app/InstanceCommands.h"
 #include "app/LinuxMachine.h"
 #include "app/QtEnvironment.h"
-#include "app/UntoldUse.h"
 #include "platform/DesktopExtension.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
@@ -86,7 +85,6 @@ class CalmoraApp final : private AppToolkit {
     DesktopColorScheme colorScheme_{sessionBus_};
     DesktopNotifications notifications_;
     AutostartLoginItem loginItem_;
-    UntoldUse use_{runLoop_};
 
     /// Null, like the window, if updates come with the system's packages.
     std::unique_ptr<ReleaseSource> releases_;

@@ -44,16 +44,11 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakeLauncher launcher_;
     FakePopover* popover_ = nullptr;
     FakeStatusItem* statusItem_ = nullptr;
-    AppDelegate delegate_{fakes_.defaults,
-                          std::make_unique<FakeUpdater>(),
-                          *this,
-                          fakes_.platform(),
-                          launcher_,
-                          shortcuts_,
-                          notifications_,
-                          input_,
-                          uses_,
-                          away_};
+    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
+                          *this,           fakes_.platform(),
+                          launcher_,       shortcuts_,
+                          notifications_,  input_,
+                          uses_,           away_};
 };
 
 TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
