@@ -199,6 +199,14 @@
         </translation>
     </message>
     <message>
+        <source>Quit and Reopen</source>
+        <translation>Beenden und wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Force Quit and Reopen</source>
+        <translation>Sofort beenden und wieder öffnen</translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Schutz aufheben</translation>
     </message>

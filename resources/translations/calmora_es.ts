@@ -199,6 +199,14 @@
         </translation>
     </message>
     <message>
+        <source>Quit and Reopen</source>
+        <translation>Cerrar y volver a abrir</translation>
+    </message>
+    <message>
+        <source>Force Quit and Reopen</source>
+        <translation>Forzar cierre y volver a abrir</translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Quitar la protección</translation>
     </message>

@@ -199,6 +199,14 @@
         </translation>
     </message>
     <message>
+        <source>Quit and Reopen</source>
+        <translation>Quitter et rouvrir</translation>
+    </message>
+    <message>
+        <source>Force Quit and Reopen</source>
+        <translation>Forcer à quitter et rouvrir</translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>Retirer la protection</translation>
     </message>

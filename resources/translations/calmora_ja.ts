@@ -186,6 +186,14 @@
         </translation>
     </message>
     <message>
+        <source>Quit and Reopen</source>
+        <translation>終了して再び開く</translation>
+    </message>
+    <message>
+        <source>Force Quit and Reopen</source>
+        <translation>強制終了して再び開く</translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>保護を解除</translation>
     </message>

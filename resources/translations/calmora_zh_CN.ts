@@ -186,6 +186,14 @@
         </translation>
     </message>
     <message>
+        <source>Quit and Reopen</source>
+        <translation>退出并重新打开</translation>
+    </message>
+    <message>
+        <source>Force Quit and Reopen</source>
+        <translation>强制退出并重新打开</translation>
+    </message>
+    <message>
         <source>Remove Protection</source>
         <translation>取消保护</translation>
     </message>

@@ -174,6 +174,11 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSet
                                 .inputGate = inputGate_,
                                 .openSettings = [this] { openSettings(); },
                                 .limitation = [this] { return backend_->listLimitation(); },
+                                .reopenList = [this]() -> ReopenList* {
+                                    return delegate_.extras().quitsTogether()
+                                               ? &delegate_.reopenList()
+                                               : nullptr;
+                                },
                                 .extension = extension_.get()},
         [this](const std::vector<AppInfo>& ended) { delegate_.remember(ended); });
     popover->setContent(std::move(list));

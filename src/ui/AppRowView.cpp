@@ -367,6 +367,18 @@ std::optional<RowAction> AppRowView::accessibleAction() const {
     };
 }
 
+QIcon AppRowView::menuSymbol(const QMenu& menu, const char* name, ThemeColor color) const {
+    const Theme theme = Theme::of(*this);
+    const int side = menu.style()->pixelMetric(QStyle::PM_SmallIconSize);
+    QIcon symbol;
+    for (const auto& [mode, inColor] :
+         {std::pair(QIcon::Normal, theme.color(color)),
+          std::pair(QIcon::Selected, theme.color(ThemeColor::onAccent))}) {
+        symbol.addPixmap(symbolPixmap(name, side, inColor, devicePixelRatioF()), mode);
+    }
+    return symbol;
+}
+
 void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
     const auto action = accessibleAction();
     if (!action) {
@@ -375,28 +387,26 @@ void AppRowView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setObjectName("rowMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const Theme theme = Theme::of(*this);
-    const QColor color = theme.color(row_.isWhitelisted ? ThemeColor::red : ThemeColor::primary);
+    const ThemeColor color = row_.isWhitelisted ? ThemeColor::red : ThemeColor::primary;
     if (row_.isWhitelisted) {
         QPalette palette = menu->palette();
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-            palette.setColor(role, color);
+            palette.setColor(role, Theme::of(*this).color(color));
         }
         menu->setPalette(palette);
     }
-    const int side = menu->style()->pixelMetric(QStyle::PM_SmallIconSize);
-    QIcon symbol;
-    for (const auto& [mode, inColor] :
-         {std::pair(QIcon::Normal, color),
-          std::pair(QIcon::Selected, theme.color(ThemeColor::onAccent))}) {
-        symbol.addPixmap(
-            symbolPixmap(row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled", side,
-                         inColor, devicePixelRatioF()),
-            mode);
-    }
-    QAction* item = menu->addAction(symbol, action->title);
+    const char* shield = row_.isWhitelisted ? "shield.slash" : "shield.lefthalf.filled";
+    QAction* item = menu->addAction(menuSymbol(*menu, shield, color), action->title);
     item->setIconVisibleInMenu(true);
     connect(item, &QAction::triggered, menu, action->run);
+    const bool mayQuit = !row_.isWhitelisted && (row_.app.canBeForced || !row_.isForceQuit);
+    if (mayQuit && row_.canQuitAndReopen && row_.canQuitAndReopen()) {
+        QAction* again =
+            menu->addAction(menuSymbol(*menu, "power.circle", color),
+                            uiText(row_.isForceQuit ? "Force Quit and Reopen" : "Quit and Reopen"));
+        again->setIconVisibleInMenu(true);
+        connect(again, &QAction::triggered, menu, row_.onQuitAndReopen);
+    }
     if (event->reason() == QContextMenuEvent::Keyboard) {
         menu->popup(mapToGlobal(nameBounds_.center()));
         menu->setActiveAction(item);

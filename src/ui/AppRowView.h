@@ -6,10 +6,13 @@
 #include "ui/RowStack.h"
 #include "widgets/Controls.h"
 
+#include <QIcon>
 #include <QVariantAnimation>
 
 #include <functional>
 #include <optional>
+
+class QMenu;
 
 namespace calmora {
 
@@ -27,6 +30,11 @@ struct AppRow {
     std::function<void()> onQuit = nullptr;
     /// The protection item of the context menu was chosen.
     std::function<void()> onToggleWhitelist = nullptr;
+    /// Whether the context menu offers to quit the application and to start it again; absent means
+    /// no. Asked when the menu opens.
+    std::function<bool()> canQuitAndReopen = nullptr;
+    /// That was chosen.
+    std::function<void()> onQuitAndReopen = nullptr;
     /// Whether a press on the tick box or the quit button may act now; absent means always.
     std::function<bool()> acceptsPress = nullptr;
 };
@@ -93,6 +101,8 @@ class AppRowView final : public StackRow {
     void arrange();
     [[nodiscard]] std::vector<Figure> figures() const;
     [[nodiscard]] QRect mirrored(const QRect& bounds) const;
+    /// The symbol of an item of the context menu.
+    [[nodiscard]] QIcon menuSymbol(const QMenu& menu, const char* name, ThemeColor color) const;
     void paintBadge(QPainter& painter, const Theme& theme) const;
 
     /// Background applications are fainter.

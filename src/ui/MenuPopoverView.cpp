@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MenuPopoverView.h"
 
+#include "model/ReopenList.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
@@ -109,6 +110,12 @@ void MenuPopoverView::build() {
         {.toggle = [this](ProcessId pid) { viewModel_.toggleSelection(pid); },
          .toggleWhitelist = [this](ProcessId pid) { viewModel_.toggleWhitelist(pid); },
          .quit = [this](const AppInfo& app, bool force) { quitRow(app, force); },
+         .canQuitAndReopen =
+             [this](const AppInfo& app) {
+                 const ReopenList* list = surroundings_.reopenList();
+                 return list && list->canRestart(app);
+             },
+         .quitAndReopen = [this](const AppInfo& app, bool force) { quitAndReopen(app, force); },
          .quitMember = [this](ProcessId pid, bool force) { quitMember(pid, force); },
          .groupToggled = [this] { markDirty(); },
          .left = [this] { markDirty(); }},
@@ -323,16 +330,24 @@ void MenuPopoverView::quitAll(bool force) {
     }
 }
 
-void MenuPopoverView::quitRow(const AppInfo& app, bool force) {
+bool MenuPopoverView::quitRow(const AppInfo& app, bool force) {
     const Platform& platform = surroundings_.platform;
     const ProcessId pid = app.pid;
     const QPointer<MenuPopoverView> self(this);
     if (force && !confirmForceQuit(platform.alerts, platform.strings, app.name, app.icon)) {
-        return;
+        return false;
     }
+    const bool isGone = self && viewModel_.quitApp(pid, force);
     if (self) {
-        viewModel_.quitApp(pid, force);
         surroundings_.inputGate.discardQueuedInput();
+    }
+    return isGone;
+}
+
+void MenuPopoverView::quitAndReopen(const AppInfo& app, bool force) {
+    if (ReopenList* list = surroundings_.reopenList()) {
+        // The row may be gone before its application is.
+        list->restart(app, [this, kept = app, force] { return quitRow(kept, force); });
     }
 }
 

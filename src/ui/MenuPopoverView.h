@@ -24,6 +24,7 @@ class Label;
 class ListNote;
 class PopoverList;
 class QuitAllButton;
+class ReopenList;
 class SearchBox;
 class SymbolButton;
 
@@ -39,6 +40,8 @@ struct MenuPopoverSurroundings {
     /// Gives the key of the text that says what cannot be listed on this desktop now; empty means
     /// nothing.
     std::function<std::string()> limitation = [] { return std::string(); };
+    /// Starts applications again; null while the preferences do not want that.
+    std::function<ReopenList*()> reopenList = []() -> ReopenList* { return nullptr; };
     /// Offered where the list needs it; null where the desktop has none.
     DesktopExtension* extension = nullptr;
 };
@@ -92,7 +95,9 @@ class MenuPopoverView final : public QWidget {
     [[nodiscard]] bool isButtonDown() const;
 
     void quitAll(bool force);
-    void quitRow(const AppInfo& app, bool force);
+    /// Whether it is gone.
+    bool quitRow(const AppInfo& app, bool force);
+    void quitAndReopen(const AppInfo& app, bool force);
     void quitMember(ProcessId pid, bool force);
 
     AppSettings& settings_;

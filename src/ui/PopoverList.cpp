@@ -297,6 +297,9 @@ void PopoverList::bindApp(StackRow& row, const AppInfo& app) {
          .onToggle = [this, pid] { actions_.toggle(pid); },
          .onQuit = [this, app, force = isForceQuit_] { actions_.quit(app, force); },
          .onToggleWhitelist = [this, pid] { actions_.toggleWhitelist(pid); },
+         .canQuitAndReopen = [this, app] { return actions_.canQuitAndReopen(app); },
+         .onQuitAndReopen = [this, app,
+                             force = isForceQuit_] { actions_.quitAndReopen(app, force); },
          .acceptsPress = [this] { return acceptsPress(); }});
 }
 

@@ -34,6 +34,9 @@ class PopoverList final : public QScrollArea {
         std::function<void(ProcessId)> toggle;
         std::function<void(ProcessId)> toggleWhitelist;
         std::function<void(const AppInfo&, bool force)> quit;
+        /// Whether an application can be quit and started again.
+        std::function<bool(const AppInfo&)> canQuitAndReopen;
+        std::function<void(const AppInfo&, bool force)> quitAndReopen;
         /// Quits a member of a group.
         std::function<void(ProcessId, bool force)> quitMember;
         /// A group was opened or closed: the list must be shown again.

@@ -345,5 +345,45 @@ TEST_F(MenuPopoverViewTest, CreatesOnlyVisibleRows) {
     EXPECT_LT(view->findChildren<QWidget*>("appRow").size(), 14);
 }
 
+TEST_F(MenuPopoverViewTest, OffersToReopenInTheMenuOfARowOnlyWhereThatIsPossible) {
+    machine.workspace.launch({.pid = 1, .name = "Able", .desktopId = "able"});
+    machine.workspace.launch({.pid = 2, .name = "Bare"});
+    machine.workspace.launch(
+        {.pid = 3, .name = "Stay", .desktopId = "stay", .endsAfterTerminate = {}});
+    show();
+    // Opens the menu of a row: its titles. Chooses its last item if it has several.
+    const auto menu = [&](qsizetype at, bool isChosen = false) {
+        QWidget* row = rowWidgets().at(at);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QCoreApplication::sendEvent(row, &event);
+        auto* shown = row->findChild<QMenu*>("rowMenu");
+        std::vector<std::string> titles;
+        for (const QAction* action : shown->actions()) {
+            titles.push_back(action->text().toStdString());
+        }
+        if (isChosen) {
+            shown->actions().back()->trigger();
+        }
+        delete shown;
+        settle();
+        return titles;
+    };
+    const std::string protects = "Never Quit This App";
+    EXPECT_THAT(menu(0), ElementsAre(protects)) << "nothing new before it is switched on";
+    reopenList = &reopening;
+    EXPECT_THAT(menu(1), ElementsAre(protects)) << "no desktop file";
+    EXPECT_THAT(menu(2, true), ElementsAre(protects, "Quit and Reopen"));
+    EXPECT_THAT(launcher.launched, IsEmpty()) << "it stayed";
+    menu(0, true);
+    EXPECT_THAT(launcher.launched, ElementsAre("able"));
+    rest();
+    hold(ModifierFlags::option);
+    EXPECT_THAT(menu(1, true), ElementsAre(protects, "Force Quit and Reopen"));
+    EXPECT_THAT(machine.workspace.forceRequests, IsEmpty()) << "the question was refused";
+    machine.alerts.answers = {0};
+    menu(1, true);
+    EXPECT_THAT(launcher.launched, ElementsAre("able", "stay"));
+}
+
 } // namespace
 } // namespace calmora

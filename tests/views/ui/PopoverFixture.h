@@ -2,7 +2,9 @@
 #pragma once
 
 #include "fakes/FakeDesktopExtension.h"
+#include "fakes/FakeLauncher.h"
 #include "fakes/FakePlatform.h"
+#include "model/ReopenList.h"
 #include "settings/AppSettings.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
@@ -39,6 +41,10 @@ struct PopoverFixture {
     AppSettings settings{machine.defaults};
     AppListViewModel model{settings, machine.platform()};
     int settingsOpened = 0;
+    FakeLauncher launcher;
+    ReopenList reopening{machine.workspace, launcher};
+    /// Null while it is off.
+    ReopenList* reopenList = nullptr;
     QWidget window;
     MenuPopoverView* view = new MenuPopoverView(settings, model,
                                                 {.platform = machine.platform(),
@@ -47,6 +53,7 @@ struct PopoverFixture {
                                                  .inputGate = inputGate,
                                                  .openSettings = [this] { ++settingsOpened; },
                                                  .limitation = [this] { return limitation; },
+                                                 .reopenList = [this] { return reopenList; },
                                                  .extension = &extension},
                                                 &window);
 };
