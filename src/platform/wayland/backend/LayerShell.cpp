@@ -50,6 +50,9 @@ LayerShell::LayerShell() {
                 } else if (std::string_view(interface) == zwlr_layer_shell_v1_interface.name) {
                     self.shell_ =
                         static_cast<zwlr_layer_shell_v1*>(bind(zwlr_layer_shell_v1_interface, 4));
+                } else if (std::string_view(interface) == xdg_activation_v1_interface.name) {
+                    self.activation_ =
+                        static_cast<xdg_activation_v1*>(bind(xdg_activation_v1_interface, 1));
                 }
             },
         .global_remove = [](void*, wl_registry*, std::uint32_t) {}};
@@ -58,6 +61,9 @@ LayerShell::LayerShell() {
 }
 
 LayerShell::~LayerShell() {
+    if (activation_) {
+        xdg_activation_v1_destroy(activation_);
+    }
     if (shell_) {
         zwlr_layer_shell_v1_destroy(shell_);
     }
@@ -90,6 +96,26 @@ bool LayerShell::knowsOnDemand() const {
 
 wl_region* LayerShell::makeRegion() const {
     return wl_compositor_create_region(compositor_);
+}
+
+std::string LayerShell::activationToken(QWindow* window) const {
+    if (!activation_) {
+        return {};
+    }
+    std::string token;
+    auto* request = xdg_activation_v1_get_activation_token(activation_);
+    static constexpr xdg_activation_token_v1_listener listener{
+        .done = [](void* data, xdg_activation_token_v1*, const char* given) {
+            *static_cast<std::string*>(data) = given;
+        }};
+    xdg_activation_token_v1_add_listener(request, &listener, &token);
+    if (wl_surface* surface = window ? surfaceOf(*window) : nullptr) {
+        xdg_activation_token_v1_set_surface(request, surface);
+    }
+    xdg_activation_token_v1_commit(request);
+    static_cast<void>(dispatchUntil([&] { return !token.empty(); }));
+    xdg_activation_token_v1_destroy(request);
+    return token;
 }
 
 bool LayerShell::dispatchUntil(const std::function<bool()>& condition) const {

@@ -4,6 +4,8 @@
 #include "platform/wayland/backend/LayerShellProtocol.h"
 
 #include <functional>
+#include <string>
+#include <xdg-activation-v1-client.h>
 
 class QScreen;
 class QWindow;
@@ -36,6 +38,11 @@ class LayerShell {
 
     [[nodiscard]] wl_region* makeRegion() const;
 
+    /// A token by which another program may bring a window to the front, on behalf of `window`,
+    /// which may be null; empty where the compositor gives none.
+    /// Source: Wayland, xdg-activation.
+    [[nodiscard]] std::string activationToken(QWindow* window) const;
+
     /// Dispatches what the compositor tells new layer surfaces until `condition` holds: whether it
     /// came to hold.
     [[nodiscard]] bool dispatchUntil(const std::function<bool()>& condition) const;
@@ -46,6 +53,8 @@ class LayerShell {
     wl_registry* registry_ = nullptr;
     wl_compositor* compositor_ = nullptr;
     zwlr_layer_shell_v1* shell_ = nullptr;
+    /// Null where the compositor has none.
+    xdg_activation_v1* activation_ = nullptr;
 };
 
 } // namespace calmora

@@ -5,6 +5,7 @@
 #include "platform/wayland/backend/LayerTransientWindows.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace calmora {
@@ -17,6 +18,10 @@ class LayerShellBackend final : public WrappedBackend {
         : WrappedBackend(std::move(rest)), transientWindows_(std::move(transientWindows)) {}
 
     [[nodiscard]] TransientWindows& transientWindows() override { return *transientWindows_; }
+
+    [[nodiscard]] std::string activationToken() override {
+        return transientWindows_->activationToken();
+    }
 
   private:
     std::unique_ptr<LayerTransientWindows> transientWindows_;

@@ -233,6 +233,14 @@ std::optional<LayerRole::Options> LayerTransientWindows::optionsFor(const QWindo
     }
 }
 
+std::string LayerTransientWindows::activationToken() const {
+    // Good for one window.
+    constexpr auto ofPanel = "XDG_ACTIVATION_TOKEN";
+    const std::string given = qEnvironmentVariable(ofPanel).toStdString();
+    qunsetenv(ofPanel);
+    return given.empty() ? shell_.activationToken(QGuiApplication::focusWindow()) : given;
+}
+
 void LayerTransientWindows::willShow(QWindow& window) {
     const auto options = optionsFor(window);
     if (!options || shown_.contains(&window)) {

@@ -46,6 +46,10 @@ class LayerTransientWindows final : public QObject, public TransientWindows {
 
     [[nodiscard]] std::optional<std::uint32_t> eventTime() override { return std::nullopt; }
 
+    /// As WindowBackend::activationToken(): that of the panel's last click on our icon, else one on
+    /// behalf of our window that has the keyboard.
+    [[nodiscard]] std::string activationToken() const;
+
     /// Demands the keyboard for a window that is shown, or is content to have it.
     void setKeyboard(QWindow& window, LayerRole::Keyboard keyboard);
 
