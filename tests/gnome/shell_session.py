@@ -162,7 +162,10 @@ class ShellSession(VirtualDesktop):
         self._input, = self.call(REMOTE_DESKTOP, "/org/gnome/Mutter/RemoteDesktop", REMOTE_DESKTOP,
                                  "CreateSession")
         self._do("Start", "()")
-        self.press_keys(0x2a)  # The first key is lost.
+        # The devices appear with their first event, which is lost; in Xwayland a moment later, so that
+        # a click with the first motion would be lost as well.
+        self.press_keys(0x2a)
+        self._do("NotifyPointerMotionRelative", "(dd)", 1, 1)
 
     def _do(self, method, signature, *arguments):
         """One event of pointer or keyboard."""
