@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/FakeLocalizedStrings.h"
+#include "fakes/FakeWindowSystem.h"
 #include "platform/desktop/DbusApplications.h"
 #include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/single_instance/SingleInstance.h"
 #include "platform/desktop/status/QtStatusItem.h"
+#include "platform/desktop/use/DesktopUseSources.h"
+#include "platform/desktop/use/SessionAwayTime.h"
 #include "platform/gnome/backend/ShellLink.h"
+#include "platform/linux/proc/ProcessReader.h"
 #include "platform/wayland/kwin/KwinScripts.h"
 
 #include "PrivateBus.h"
@@ -159,6 +163,62 @@ TEST_F(MalformedMessages, AreIgnoredAsSignals) {
     object.emitSignal(properties, "PropertiesChanged",
                       {player, QVariantMap{{"CanQuit", true}}, QStringList()});
     EXPECT_TRUE(loopUntil([&] { return applications.quitMediaPlayer(self); }));
+}
+
+/// Every service that is asked what is in use gives one answer to everything.
+TEST_F(MalformedMessages, AreNoUseAndNoLock) {
+    QVariantList answer;
+    std::vector<std::unique_ptr<ScriptedObject>> objects;
+    const char* paths[] = {"/org/freedesktop/login1",
+                           "/org/freedesktop/login1/session/auto",
+                           "/inhibitor",
+                           "/org/gnome/SessionManager",
+                           "/org/gnome/Mutter/IdleMonitor/Core",
+                           "/org/gnome/ScreenSaver",
+                           "/org/kde/Solid/PowerManagement/PolicyAgent",
+                           "/org/freedesktop/PowerManagement/Inhibit",
+                           playerPath};
+    for (const char* path : paths) {
+        objects.push_back(
+            std::make_unique<ScriptedObject>(other, path, [&](const QDBusMessage& call) {
+                const QList<QDBusObjectPath> one{QDBusObjectPath("/inhibitor")};
+                return call.member() == "GetInhibitors" && call.path().endsWith("SessionManager")
+                           ? QVariantList{QVariant::fromValue(one)}
+                           : answer;
+            }));
+    }
+    for (const char* name :
+         {"org.freedesktop.login1", "org.gnome.SessionManager", "org.gnome.Mutter.IdleMonitor",
+          "org.gnome.ScreenSaver", "org.kde.Solid.PowerManagement.PolicyAgent",
+          "org.freedesktop.PowerManagement", "org.mpris.MediaPlayer2.one"}) {
+        ASSERT_TRUE(other.registerService(name));
+    }
+    qputenv("PULSE_SERVER", "unix:/nowhere");
+    const ProcessReader reader;
+    FakeWindowSystem windows;
+    const BusOnDemand system = [this] { return std::make_shared<const QDBusConnection>(own); };
+    DesktopUseSources sources(
+        {own, system, windows, reader, [] { return ApplicationSnapshot(); }, ""});
+    AwakeAndAsleep clock;
+    SessionAwayTime away(own, system, [&] { return clock; });
+    away.setFollowing(true);
+    ScriptedObject& saver = *objects[5];
+    for (const QVariantList& kind : kinds) {
+        answer = kind;
+        std::optional<UseReport> report;
+        const auto reading = sources.read([&](const UseReport& read) { report = read; });
+        ASSERT_TRUE(loopUntil([&] { return report.has_value(); }));
+        const std::string shown = QDebug::toString(kind).toStdString();
+        EXPECT_TRUE(report->isComplete && report->uses.empty() && !report->sinceInput) << shown;
+        if (kind != QVariantList{true}) {
+            saver.emitSignal("org.gnome.ScreenSaver", "ActiveChanged", kind);
+        }
+    }
+    clock.awake += std::chrono::hours(1);
+    EXPECT_EQ(away.total().count(), 0);
+    saver.emitSignal("org.gnome.ScreenSaver", "ActiveChanged", {true});
+    EXPECT_TRUE(loopUntil(
+        [&] { return (clock.awake += std::chrono::hours(1), away.total().count() > 0); }));
 }
 
 TEST_F(MalformedMessages, AreIgnoredAsAnswers) {
