@@ -25,7 +25,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 # Libraries are found in the binaries; what Qt loads by name is not: its part for Wayland, and its
 # reader of our symbols, which was part of the library before 6.7.2. What is opened only at run time, and can be missing, is
-# recommended: the sound server, the symbols of applications, Qt's own texts, a bus to be found on.
+# recommended: the sound server (which brings libpulse), the symbols of applications, Qt's own texts, a bus to be found on.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "hicolor-icon-theme, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), qt6-wayland")

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <charconv>
+#include <dlfcn.h>
 #include <fstream>
 #include <memory>
 #include <string_view>
@@ -68,6 +69,10 @@ std::optional<StreamUse> useOf(const SoundStream& stream, const HostNames& host)
 }
 
 void readSound(UseReading& reading, const UseOwners& owners, const char* applicationName) {
+    // Ours uses its functions and does not name it, so that the package need not depend on it.
+    if (::dlopen("libpulse.so.0", RTLD_NOW | RTLD_GLOBAL) == nullptr) {
+        return;
+    }
     auto* open = functionIn<OpenStreamServer>(loadedLibrary("streams"), openStreamServerName);
     if (open == nullptr) {
         return;
