@@ -458,6 +458,146 @@
         <translation>8 Stunden</translation>
     </message>
     <message>
+        <source>Options and Forecast…</source>
+        <translation>Optionen und Vorschau …</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
+        <translation>Soll automatisches Beenden verschonen, was in Gebrauch ist, etwa ein Programm, das Ton ausgibt, und Ihnen eine Minute vorher sagen, was beendet wird?</translation>
+    </message>
+    <message>
+        <source>Spare what is in use and warn first</source>
+        <translation>Verschonen, was in Gebrauch ist, und vorher warnen</translation>
+    </message>
+    <message>
+        <source>Apps that play or record sound, keep the computer awake, are full screen, or are in front while you type are left alone. A notice says a minute before which app will be quit.</source>
+        <translation>Programme, die Ton ausgeben oder aufnehmen, den Rechner wach halten, den ganzen Bildschirm füllen oder vorn sind, während Sie tippen, bleiben in Ruhe. Ein Hinweis sagt eine Minute vorher, welches Programm beendet wird.</translation>
+    </message>
+    <message>
+        <source>Quit together, show what is left, and Reopen</source>
+        <translation>Gemeinsam beenden, zeigen, was bleibt, und wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Asks all ticked apps at once, says in the list why an app has stayed, and offers to start again what was quit.</source>
+        <translation>Fordert alle ausgewählten Programme zugleich auf, sagt in der Liste, warum ein Programm geblieben ist, und bietet an, Beendetes wieder zu starten.</translation>
+    </message>
+    <message>
+        <source>What auto-quit will do</source>
+        <translation>Was automatisch beendet wird</translation>
+    </message>
+    <message>
+        <source>Auto-quit is off.</source>
+        <translation>Automatisches Beenden ist ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>Never: %@</source>
+        <translation>Nie: %@</translation>
+    </message>
+    <message>
+        <source>Spared: %@</source>
+        <translation>Verschont: %@</translation>
+    </message>
+    <message>
+        <source>last spared: %@</source>
+        <translation>zuletzt verschont: %@</translation>
+    </message>
+    <message>
+        <source>Not before you use it</source>
+        <translation>Nicht, bevor Sie es benutzen</translation>
+    </message>
+    <message>
+        <source>Not while in front</source>
+        <translation>Nicht, solange es vorn ist</translation>
+    </message>
+    <message>
+        <source>Was asked to quit and stayed</source>
+        <translation>Wurde zum Beenden aufgefordert und blieb</translation>
+    </message>
+    <message>
+        <source>In %lld min</source>
+        <translation>In %lld Min.</translation>
+    </message>
+    <message>
+        <source>In %lld min unless busy</source>
+        <translation>In %lld Min., wenn nicht beschäftigt</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>nicht zu erkennen</translation>
+    </message>
+    <message>
+        <source>activity unknown</source>
+        <translation>Nutzung unbekannt</translation>
+    </message>
+    <message>
+        <source>the desktop leaves it no time to ask you</source>
+        <translation>die Arbeitsumgebung lässt ihm keine Zeit für Rückfragen</translation>
+    </message>
+    <message>
+        <source>music player</source>
+        <translation>Musikprogramm</translation>
+    </message>
+    <message>
+        <source>file manager</source>
+        <translation>Dateiverwaltung</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>geschützt</translation>
+    </message>
+    <message>
+        <source>terminal</source>
+        <translation>Terminal</translation>
+    </message>
+    <message>
+        <source>needed in the background</source>
+        <translation>wird im Hintergrund gebraucht</translation>
+    </message>
+    <message>
+        <source>the time is too long</source>
+        <translation>die Zeit ist zu lang</translation>
+    </message>
+    <message>
+        <source>plays sound</source>
+        <translation>gibt Ton aus</translation>
+    </message>
+    <message>
+        <source>records sound</source>
+        <translation>nimmt Ton auf</translation>
+    </message>
+    <message>
+        <source>plays media</source>
+        <translation>spielt Medien ab</translation>
+    </message>
+    <message>
+        <source>shares the screen</source>
+        <translation>gibt den Bildschirm frei</translation>
+    </message>
+    <message>
+        <source>keeps the computer awake</source>
+        <translation>hält den Rechner wach</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>beschäftigt</translation>
+    </message>
+    <message>
+        <source>its use cannot be checked</source>
+        <translation>Nutzung ist nicht feststellbar</translation>
+    </message>
+    <message>
+        <source>the notice could not be shown</source>
+        <translation>der Hinweis ließ sich nicht zeigen</translation>
+    </message>
+    <message>
         <source>Changes last until you quit Calmora: %@ cannot be used.</source>
         <translation>Änderungen gelten, bis Sie Calmora beenden: %@ kann nicht verwendet werden.</translation>
     </message>

@@ -458,6 +458,146 @@
         <translation>8 horas</translation>
     </message>
     <message>
+        <source>Options and Forecast…</source>
+        <translation>Opciones y previsión…</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Activar</translation>
+    </message>
+    <message>
+        <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
+        <translation>¿Debe el cierre automático respetar lo que está en uso, como una aplicación que reproduce sonido, y avisarle un minuto antes de cerrar una aplicación?</translation>
+    </message>
+    <message>
+        <source>Spare what is in use and warn first</source>
+        <translation>Respetar lo que está en uso y avisar antes</translation>
+    </message>
+    <message>
+        <source>Apps that play or record sound, keep the computer awake, are full screen, or are in front while you type are left alone. A notice says a minute before which app will be quit.</source>
+        <translation>No se cierran las aplicaciones que reproducen o graban sonido, mantienen activo el equipo, ocupan toda la pantalla o están delante mientras usted escribe. Un aviso dice un minuto antes qué aplicación se cerrará.</translation>
+    </message>
+    <message>
+        <source>Quit together, show what is left, and Reopen</source>
+        <translation>Cerrar a la vez, mostrar lo que queda y reabrir</translation>
+    </message>
+    <message>
+        <source>Asks all ticked apps at once, says in the list why an app has stayed, and offers to start again what was quit.</source>
+        <translation>Pide a todas las aplicaciones marcadas a la vez que se cierren, dice en la lista por qué una ha quedado y ofrece volver a abrir lo que se cerró.</translation>
+    </message>
+    <message>
+        <source>What auto-quit will do</source>
+        <translation>Qué hará el cierre automático</translation>
+    </message>
+    <message>
+        <source>Auto-quit is off.</source>
+        <translation>El cierre automático está desactivado.</translation>
+    </message>
+    <message>
+        <source>Never: %@</source>
+        <translation>Nunca: %@</translation>
+    </message>
+    <message>
+        <source>Spared: %@</source>
+        <translation>Se respeta: %@</translation>
+    </message>
+    <message>
+        <source>last spared: %@</source>
+        <translation>última vez respetada: %@</translation>
+    </message>
+    <message>
+        <source>Not before you use it</source>
+        <translation>No antes de que la use</translation>
+    </message>
+    <message>
+        <source>Not while in front</source>
+        <translation>No mientras esté delante</translation>
+    </message>
+    <message>
+        <source>Was asked to quit and stayed</source>
+        <translation>Se le pidió que se cerrara y sigue abierta</translation>
+    </message>
+    <message>
+        <source>In %lld min</source>
+        <translation>En %lld min</translation>
+    </message>
+    <message>
+        <source>In %lld min unless busy</source>
+        <translation>En %lld min, si no está ocupada</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>sin identificar</translation>
+    </message>
+    <message>
+        <source>activity unknown</source>
+        <translation>actividad desconocida</translation>
+    </message>
+    <message>
+        <source>the desktop leaves it no time to ask you</source>
+        <translation>el escritorio no le deja tiempo para preguntarle</translation>
+    </message>
+    <message>
+        <source>music player</source>
+        <translation>reproductor de música</translation>
+    </message>
+    <message>
+        <source>file manager</source>
+        <translation>gestor de archivos</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>protegida</translation>
+    </message>
+    <message>
+        <source>terminal</source>
+        <translation>terminal</translation>
+    </message>
+    <message>
+        <source>needed in the background</source>
+        <translation>necesaria en segundo plano</translation>
+    </message>
+    <message>
+        <source>the time is too long</source>
+        <translation>el tiempo es demasiado largo</translation>
+    </message>
+    <message>
+        <source>plays sound</source>
+        <translation>reproduce sonido</translation>
+    </message>
+    <message>
+        <source>records sound</source>
+        <translation>graba sonido</translation>
+    </message>
+    <message>
+        <source>plays media</source>
+        <translation>reproduce medios</translation>
+    </message>
+    <message>
+        <source>shares the screen</source>
+        <translation>comparte la pantalla</translation>
+    </message>
+    <message>
+        <source>keeps the computer awake</source>
+        <translation>mantiene activo el equipo</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>pantalla completa</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>ocupada</translation>
+    </message>
+    <message>
+        <source>its use cannot be checked</source>
+        <translation>no se puede comprobar su uso</translation>
+    </message>
+    <message>
+        <source>the notice could not be shown</source>
+        <translation>no se pudo mostrar el aviso</translation>
+    </message>
+    <message>
         <source>Changes last until you quit Calmora: %@ cannot be used.</source>
         <translation>Los cambios duran hasta que salga de Calmora: no se puede usar %@.</translation>
     </message>

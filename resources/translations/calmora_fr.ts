@@ -458,6 +458,146 @@
         <translation>8 heures</translation>
     </message>
     <message>
+        <source>Options and Forecast…</source>
+        <translation>Options et prévisions…</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Activer</translation>
+    </message>
+    <message>
+        <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
+        <translation>La fermeture automatique doit-elle épargner ce qui est utilisé, comme une application qui joue du son, et vous prévenir une minute avant de fermer une application ?</translation>
+    </message>
+    <message>
+        <source>Spare what is in use and warn first</source>
+        <translation>Épargner ce qui est utilisé et prévenir avant</translation>
+    </message>
+    <message>
+        <source>Apps that play or record sound, keep the computer awake, are full screen, or are in front while you type are left alone. A notice says a minute before which app will be quit.</source>
+        <translation>Les applications qui jouent ou enregistrent du son, qui gardent l’ordinateur éveillé, qui sont en plein écran ou au premier plan pendant que vous tapez sont épargnées. Un avis indique une minute avant quelle application sera fermée.</translation>
+    </message>
+    <message>
+        <source>Quit together, show what is left, and Reopen</source>
+        <translation>Quitter ensemble, montrer ce qui reste et rouvrir</translation>
+    </message>
+    <message>
+        <source>Asks all ticked apps at once, says in the list why an app has stayed, and offers to start again what was quit.</source>
+        <translation>Demande à toutes les applications cochées à la fois, dit dans la liste pourquoi une application est restée et propose de relancer ce qui a été quitté.</translation>
+    </message>
+    <message>
+        <source>What auto-quit will do</source>
+        <translation>Ce que fera la fermeture automatique</translation>
+    </message>
+    <message>
+        <source>Auto-quit is off.</source>
+        <translation>La fermeture automatique est désactivée.</translation>
+    </message>
+    <message>
+        <source>Never: %@</source>
+        <translation>Jamais : %@</translation>
+    </message>
+    <message>
+        <source>Spared: %@</source>
+        <translation>Épargnée : %@</translation>
+    </message>
+    <message>
+        <source>last spared: %@</source>
+        <translation>épargnée la dernière fois : %@</translation>
+    </message>
+    <message>
+        <source>Not before you use it</source>
+        <translation>Pas avant que vous ne l’utilisiez</translation>
+    </message>
+    <message>
+        <source>Not while in front</source>
+        <translation>Pas tant qu’elle est au premier plan</translation>
+    </message>
+    <message>
+        <source>Was asked to quit and stayed</source>
+        <translation>On lui a demandé de quitter et elle est restée</translation>
+    </message>
+    <message>
+        <source>In %lld min</source>
+        <translation>Dans %lld min</translation>
+    </message>
+    <message>
+        <source>In %lld min unless busy</source>
+        <translation>Dans %lld min, sauf si elle est occupée</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>non identifiée</translation>
+    </message>
+    <message>
+        <source>activity unknown</source>
+        <translation>activité inconnue</translation>
+    </message>
+    <message>
+        <source>the desktop leaves it no time to ask you</source>
+        <translation>le bureau ne lui laisse pas le temps de vous interroger</translation>
+    </message>
+    <message>
+        <source>music player</source>
+        <translation>lecteur de musique</translation>
+    </message>
+    <message>
+        <source>file manager</source>
+        <translation>gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>protégée</translation>
+    </message>
+    <message>
+        <source>terminal</source>
+        <translation>terminal</translation>
+    </message>
+    <message>
+        <source>needed in the background</source>
+        <translation>utile en arrière-plan</translation>
+    </message>
+    <message>
+        <source>the time is too long</source>
+        <translation>la durée est trop longue</translation>
+    </message>
+    <message>
+        <source>plays sound</source>
+        <translation>joue du son</translation>
+    </message>
+    <message>
+        <source>records sound</source>
+        <translation>enregistre du son</translation>
+    </message>
+    <message>
+        <source>plays media</source>
+        <translation>lit un média</translation>
+    </message>
+    <message>
+        <source>shares the screen</source>
+        <translation>partage l’écran</translation>
+    </message>
+    <message>
+        <source>keeps the computer awake</source>
+        <translation>garde l’ordinateur éveillé</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>plein écran</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>occupée</translation>
+    </message>
+    <message>
+        <source>its use cannot be checked</source>
+        <translation>son usage ne peut être vérifié</translation>
+    </message>
+    <message>
+        <source>the notice could not be shown</source>
+        <translation>l’avis n’a pas pu être affiché</translation>
+    </message>
+    <message>
         <source>Changes last until you quit Calmora: %@ cannot be used.</source>
         <translation>Les modifications durent jusqu’à ce que vous quittiez Calmora : impossible d’utiliser %@.</translation>
     </message>

@@ -444,6 +444,146 @@
         <translation>8時間</translation>
     </message>
     <message>
+        <source>Options and Forecast…</source>
+        <translation>オプションと予定…</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>オンにする</translation>
+    </message>
+    <message>
+        <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
+        <translation>音を再生しているアプリなど、使用中のものは自動終了の対象から外し、終了する1分前にお知らせしますか？</translation>
+    </message>
+    <message>
+        <source>Spare what is in use and warn first</source>
+        <translation>使用中のアプリを対象から外し、事前に知らせる</translation>
+    </message>
+    <message>
+        <source>Apps that play or record sound, keep the computer awake, are full screen, or are in front while you type are left alone. A notice says a minute before which app will be quit.</source>
+        <translation>音の再生や録音をしているアプリ、コンピュータのスリープを防いでいるアプリ、全画面のアプリ、入力中に手前にあるアプリは終了しません。終了する1分前に、どのアプリかをお知らせします。</translation>
+    </message>
+    <message>
+        <source>Quit together, show what is left, and Reopen</source>
+        <translation>同時に終了し、残ったものを示し、開き直せるようにする</translation>
+    </message>
+    <message>
+        <source>Asks all ticked apps at once, says in the list why an app has stayed, and offers to start again what was quit.</source>
+        <translation>選択したすべてのアプリに同時に終了を求め、残ったアプリの理由を一覧に示し、終了したものを開き直せるようにします。</translation>
+    </message>
+    <message>
+        <source>What auto-quit will do</source>
+        <translation>自動終了の予定</translation>
+    </message>
+    <message>
+        <source>Auto-quit is off.</source>
+        <translation>自動終了はオフです。</translation>
+    </message>
+    <message>
+        <source>Never: %@</source>
+        <translation>終了しない：%@</translation>
+    </message>
+    <message>
+        <source>Spared: %@</source>
+        <translation>対象外：%@</translation>
+    </message>
+    <message>
+        <source>last spared: %@</source>
+        <translation>前回は対象外：%@</translation>
+    </message>
+    <message>
+        <source>Not before you use it</source>
+        <translation>使用するまで終了しない</translation>
+    </message>
+    <message>
+        <source>Not while in front</source>
+        <translation>手前にある間は終了しない</translation>
+    </message>
+    <message>
+        <source>Was asked to quit and stayed</source>
+        <translation>終了を求めたが残っている</translation>
+    </message>
+    <message>
+        <source>In %lld min</source>
+        <translation>%lld分後</translation>
+    </message>
+    <message>
+        <source>In %lld min unless busy</source>
+        <translation>%lld分後（処理中でなければ）</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>識別できない</translation>
+    </message>
+    <message>
+        <source>activity unknown</source>
+        <translation>使用状況が不明</translation>
+    </message>
+    <message>
+        <source>the desktop leaves it no time to ask you</source>
+        <translation>デスクトップが確認の時間を与えない</translation>
+    </message>
+    <message>
+        <source>music player</source>
+        <translation>音楽プレーヤー</translation>
+    </message>
+    <message>
+        <source>file manager</source>
+        <translation>ファイルマネージャー</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>保護中</translation>
+    </message>
+    <message>
+        <source>terminal</source>
+        <translation>端末</translation>
+    </message>
+    <message>
+        <source>needed in the background</source>
+        <translation>バックグラウンドで必要</translation>
+    </message>
+    <message>
+        <source>the time is too long</source>
+        <translation>時間が長すぎる</translation>
+    </message>
+    <message>
+        <source>plays sound</source>
+        <translation>音を再生中</translation>
+    </message>
+    <message>
+        <source>records sound</source>
+        <translation>録音中</translation>
+    </message>
+    <message>
+        <source>plays media</source>
+        <translation>メディアを再生中</translation>
+    </message>
+    <message>
+        <source>shares the screen</source>
+        <translation>画面を共有中</translation>
+    </message>
+    <message>
+        <source>keeps the computer awake</source>
+        <translation>スリープを防いでいる</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>全画面</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>処理中</translation>
+    </message>
+    <message>
+        <source>its use cannot be checked</source>
+        <translation>使用中か確認できない</translation>
+    </message>
+    <message>
+        <source>the notice could not be shown</source>
+        <translation>通知を表示できなかった</translation>
+    </message>
+    <message>
         <source>Changes last until you quit Calmora: %@ cannot be used.</source>
         <translation>変更はCalmoraを終了するまで有効です。%@を使用できません。</translation>
     </message>

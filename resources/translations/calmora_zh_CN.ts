@@ -444,6 +444,146 @@
         <translation>8 小时</translation>
     </message>
     <message>
+        <source>Options and Forecast…</source>
+        <translation>选项与预告…</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>开启</translation>
+    </message>
+    <message>
+        <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
+        <translation>自动退出是否应跳过正在使用的应用（例如正在播放声音的应用），并在退出应用前一分钟通知您？</translation>
+    </message>
+    <message>
+        <source>Spare what is in use and warn first</source>
+        <translation>跳过正在使用的应用并提前通知</translation>
+    </message>
+    <message>
+        <source>Apps that play or record sound, keep the computer awake, are full screen, or are in front while you type are left alone. A notice says a minute before which app will be quit.</source>
+        <translation>正在播放或录制声音、保持电脑唤醒、全屏显示，或在您输入时位于最前的应用不会被退出。退出前一分钟会通知您是哪个应用。</translation>
+    </message>
+    <message>
+        <source>Quit together, show what is left, and Reopen</source>
+        <translation>同时退出、显示未退出的应用并可重新打开</translation>
+    </message>
+    <message>
+        <source>Asks all ticked apps at once, says in the list why an app has stayed, and offers to start again what was quit.</source>
+        <translation>同时要求所有勾选的应用退出，在列表中说明应用未退出的原因，并可重新启动已退出的应用。</translation>
+    </message>
+    <message>
+        <source>What auto-quit will do</source>
+        <translation>自动退出的预告</translation>
+    </message>
+    <message>
+        <source>Auto-quit is off.</source>
+        <translation>自动退出已关闭。</translation>
+    </message>
+    <message>
+        <source>Never: %@</source>
+        <translation>从不：%@</translation>
+    </message>
+    <message>
+        <source>Spared: %@</source>
+        <translation>跳过：%@</translation>
+    </message>
+    <message>
+        <source>last spared: %@</source>
+        <translation>上次跳过：%@</translation>
+    </message>
+    <message>
+        <source>Not before you use it</source>
+        <translation>在您使用之前不会</translation>
+    </message>
+    <message>
+        <source>Not while in front</source>
+        <translation>位于最前时不会</translation>
+    </message>
+    <message>
+        <source>Was asked to quit and stayed</source>
+        <translation>已要求退出但仍在运行</translation>
+    </message>
+    <message>
+        <source>In %lld min</source>
+        <translation>%lld 分钟后</translation>
+    </message>
+    <message>
+        <source>In %lld min unless busy</source>
+        <translation>%lld 分钟后（除非正忙）</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>无法识别</translation>
+    </message>
+    <message>
+        <source>activity unknown</source>
+        <translation>使用情况未知</translation>
+    </message>
+    <message>
+        <source>the desktop leaves it no time to ask you</source>
+        <translation>桌面不给它询问您的时间</translation>
+    </message>
+    <message>
+        <source>music player</source>
+        <translation>音乐播放器</translation>
+    </message>
+    <message>
+        <source>file manager</source>
+        <translation>文件管理器</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>受保护</translation>
+    </message>
+    <message>
+        <source>terminal</source>
+        <translation>终端</translation>
+    </message>
+    <message>
+        <source>needed in the background</source>
+        <translation>后台需要</translation>
+    </message>
+    <message>
+        <source>the time is too long</source>
+        <translation>时间过长</translation>
+    </message>
+    <message>
+        <source>plays sound</source>
+        <translation>正在播放声音</translation>
+    </message>
+    <message>
+        <source>records sound</source>
+        <translation>正在录音</translation>
+    </message>
+    <message>
+        <source>plays media</source>
+        <translation>正在播放媒体</translation>
+    </message>
+    <message>
+        <source>shares the screen</source>
+        <translation>正在共享屏幕</translation>
+    </message>
+    <message>
+        <source>keeps the computer awake</source>
+        <translation>保持电脑唤醒</translation>
+    </message>
+    <message>
+        <source>full screen</source>
+        <translation>全屏</translation>
+    </message>
+    <message>
+        <source>busy</source>
+        <translation>正忙</translation>
+    </message>
+    <message>
+        <source>its use cannot be checked</source>
+        <translation>无法检查是否在使用</translation>
+    </message>
+    <message>
+        <source>the notice could not be shown</source>
+        <translation>无法显示通知</translation>
+    </message>
+    <message>
         <source>Changes last until you quit Calmora: %@ cannot be used.</source>
         <translation>更改仅在退出 Calmora 之前有效：无法使用 %@。</translation>
     </message>

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 
 #include "autoquit/AutoQuitManager.h"
+#include "autoquit/Forecast.h"
 #include "platform/Bundle.h"
 #include "platform/EventMonitor.h"
 #include "platform/LocalizedStrings.h"
@@ -100,6 +101,10 @@ std::vector<AppInfo> AppDelegate::rows() {
     std::vector<AppInfo> rows = rows_->filteredApps();
     std::ranges::move(rows_->filteredBackgroundApps(), std::back_inserter(rows));
     return rows;
+}
+
+std::unique_ptr<Forecast> AppDelegate::makeForecast() {
+    return std::make_unique<Forecast>(settings_, platform_, autoQuitManager_->sparing(), uses_);
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {

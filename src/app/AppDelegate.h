@@ -22,6 +22,7 @@ namespace calmora {
 class AppListViewModel;
 class AutoQuitManager;
 class AwayTime;
+class Forecast;
 class InputGate;
 class Launcher;
 class UserDefaults;
@@ -92,6 +93,9 @@ class AppDelegate {
 
     /// Keeps what a quit of the user's ended in reopenList(), if the preferences want that.
     void remember(const std::vector<AppInfo>& ended);
+
+    /// What auto-quit will do. Valid after the launch; it must not outlive the delegate.
+    [[nodiscard]] std::unique_ptr<Forecast> makeForecast();
 
     /// The updater.
     [[nodiscard]] Updater& updater() { return *updaterController_; }

@@ -4,6 +4,7 @@
 #include "app/Diagnosis.h"
 #include "app/Identity.h"
 #include "app/WindowBackendChoice.h"
+#include "autoquit/views/AutoQuitSheet.h"
 #include "platform/desktop/hotkeys/DesktopHotKeys.h"
 #include "platform/desktop/status/QtStatusItem.h"
 #include "platform/gnome/backend/ShellExtension.h"
@@ -237,6 +238,13 @@ void CalmoraApp::openSettings() {
              // What the extension gives is said beside it.
              .limitations = {extension_ ? std::string() : backend_->listLimitation(),
                              backend_->autoQuitLimitation()},
+             .autoQuit = {.extras = delegate_.extras(),
+                          .openSheet =
+                              [this](QWidget& over) {
+                                  AutoQuitSheet::openOver(over, delegate_.settings(),
+                                                          delegate_.extras(), platform(),
+                                                          delegate_.makeForecast());
+                              }},
              .recorders = globalShortcuts_.recorders(),
              .icon = icon(),
              .extension = extension_.get()},

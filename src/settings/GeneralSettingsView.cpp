@@ -5,6 +5,7 @@
 #include "platform/Updater.h"
 #include "settings/AddAppSheet.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 #include "settings/NeverQuitListEditor.h"
 #include "widgets/Controls.h"
 #include "widgets/DisplayText.h"
@@ -62,14 +63,26 @@ void addLimitation(FormSection& section, const std::string& text) {
     }
 }
 
+/// A row with one button at its start.
+QWidget* buttonRow(QWidget* button) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(metrics::rowInset, metrics::rowInset, metrics::rowInset,
+                               metrics::rowInset);
+    layout->addWidget(button);
+    layout->addStretch(1);
+    return row;
+}
+
 } // namespace
 
 GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater,
                                          LoginItem& loginItem, const Platform& platform,
-                                         DesktopLimitations limitations,
+                                         DesktopLimitations limitations, AutoQuitOptions autoQuit,
                                          DesktopExtension* extension, QWidget* parent)
     : QWidget(parent), settings_(settings), updater_(updater), platform_(platform),
-      limitations_(std::move(limitations)), openAtLogin_(settings, loginItem) {
+      limitations_(std::move(limitations)), autoQuit_(std::move(autoQuit)),
+      openAtLogin_(settings, loginItem) {
     auto* form = new Form;
     if (extension) {
         addExtension(form->addSection(uiText("GNOME")), *extension);
@@ -80,6 +93,7 @@ GeneralSettingsView::GeneralSettingsView(AppSettings& settings, Updater& updater
     layout->addWidget(form);
     refresh();
     changes_ = settings_.observeAny([this] { refresh(); });
+    extraChanges_ = autoQuit_.extras.observeAny([this] { refresh(); });
     usability_ = settings_.onUsabilityChanged([this] { refresh(); });
 }
 
@@ -117,27 +131,69 @@ void GeneralSettingsView::build(Form& form) {
     quit.addNote(uiText("Calmora always starts with polite quitting; hold Alt in the popover to "
                         "force."));
 
-    FormSection& autoQuit = add("Auto Quit");
-    addSwitch(autoQuit, settings_.autoQuitEnabled, "Auto-quit inactive apps");
-    QWidget* after = addPicker(autoQuit, settings_.autoQuitMinutes, "After", idleMinutes);
-    addLimitation(autoQuit, limitations_.autoQuit);
+    addAutoQuit(add("Auto Quit"));
+    addReset(form.addSection());
+    bindings_.emplace_back([this, group] { group->setEnabled(settings_.viewBackgroundApps()); });
+}
 
-    bindings_.emplace_back([this, group, after] {
-        group->setEnabled(settings_.viewBackgroundApps());
-        after->setEnabled(settings_.autoQuitEnabled());
+void GeneralSettingsView::addAutoQuit(FormSection& section) {
+    addSwitch(section, settings_.autoQuitEnabled, "Auto-quit inactive apps");
+    QWidget* after = addPicker(section, settings_.autoQuitMinutes, "After", idleMinutes);
+    bindings_.emplace_back([this, after] { after->setEnabled(settings_.autoQuitEnabled()); });
+    addSparingOffer(section);
+    addLimitation(section, limitations_.autoQuit);
+    auto* options = new Button(uiText("Options and Forecast…"), TextStyle::body);
+    options->setObjectName("autoQuitOptions");
+    options->setWordWrap();
+    connect(options, &QAbstractButton::clicked, this, [this] { autoQuit_.openSheet(*window()); });
+    section.addRow(buttonRow(options));
+}
+
+void GeneralSettingsView::addSparingOffer(FormSection& section) {
+    auto* row = new QWidget;
+    row->setObjectName("sparingOffer");
+    auto* decline = new Button(uiText("Not now"), TextStyle::caption);
+    decline->setObjectName("declineSparing");
+    auto* accept = new Button(uiText("Switch on"), TextStyle::caption);
+    accept->setObjectName("acceptSparing");
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(metrics::rowSpacing);
+    buttons->addStretch(1);
+    buttons->addWidget(decline);
+    buttons->addWidget(accept);
+    auto* column = new QVBoxLayout(row);
+    column->setContentsMargins(metrics::rowInset, metrics::rowInset, metrics::rowInset,
+                               metrics::rowInset);
+    column->setSpacing(metrics::rowSpacing);
+    column->addWidget(new Paragraph(uiText("Shall auto-quit leave alone what is in use, such as an "
+                                           "app that plays sound, and tell you a minute before it "
+                                           "quits an app?"),
+                                    TextStyle::caption, ThemeColor::secondary));
+    column->addLayout(buttons);
+    section.addRow(row);
+
+    ExtraSettings& extras = autoQuit_.extras;
+    connect(decline, &QAbstractButton::clicked, this,
+            [&extras] { extras.wasSparingOffered.set(true); });
+    connect(accept, &QAbstractButton::clicked, this, [&extras] {
+        extras.wasSparingOffered.set(true);
+        extras.sparesWhatIsInUse.set(true);
     });
+    bindings_.emplace_back([this, row, &extras] {
+        row->setVisible(settings_.autoQuitEnabled() && !extras.wasSparingOffered() &&
+                        !extras.sparesWhatIsInUse());
+    });
+}
 
-    auto* resetRow = new QWidget;
-    auto* reset = new Button(uiText("Reset All Settings"), TextStyle::body, resetRow);
+void GeneralSettingsView::addReset(FormSection& section) {
+    auto* reset = new Button(uiText("Reset All Settings"), TextStyle::body);
     reset->setObjectName("resetAllSettings");
     reset->setWordWrap();
-    connect(reset, &QAbstractButton::clicked, this, [this] { settings_.resetToDefaults(); });
-    auto* resetLayout = new QHBoxLayout(resetRow);
-    resetLayout->setContentsMargins(metrics::rowInset, metrics::rowInset, metrics::rowInset,
-                                    metrics::rowInset);
-    resetLayout->addWidget(reset);
-    resetLayout->addStretch(1);
-    form.addSection().addRow(resetRow);
+    connect(reset, &QAbstractButton::clicked, this, [this] {
+        settings_.resetToDefaults();
+        autoQuit_.extras.resetToDefaults();
+    });
+    section.addRow(buttonRow(reset));
 }
 
 QWidget* GeneralSettingsView::addSwitch(FormSection& section, Preference<bool>& preference,

@@ -15,6 +15,7 @@ namespace calmora {
 
 class AppSettings;
 class DesktopExtension;
+class ExtraSettings;
 class Form;
 class FormSection;
 class LoginItem;
@@ -30,6 +31,13 @@ struct DesktopLimitations {
     std::string autoQuit = {};
 };
 
+/// What the section about auto-quit needs besides AppSettings.
+struct AutoQuitOptions {
+    ExtraSettings& extras;
+    /// Opens the sheet with the options and the forecast over a window.
+    std::function<void(QWidget& window)> openSheet;
+};
+
 /// The General pane of the settings window: every preference in ten sections, and the extension
 /// of the desktop where there is one. Each control shows
 /// a preference and writes to it at once; the pane holds no copy. While the pane exists, it applies
@@ -40,7 +48,8 @@ class GeneralSettingsView final : public QWidget {
     /// none.
     GeneralSettingsView(AppSettings& settings, Updater& updater, LoginItem& loginItem,
                         const Platform& platform, DesktopLimitations limitations,
-                        DesktopExtension* extension = nullptr, QWidget* parent = nullptr);
+                        AutoQuitOptions autoQuit, DesktopExtension* extension = nullptr,
+                        QWidget* parent = nullptr);
 
     /// Whether the sheet that adds an application to the never-quit list is shown.
     [[nodiscard]] bool showingAddAppSheet() const { return showingAddAppSheet_; }
@@ -52,6 +61,10 @@ class GeneralSettingsView final : public QWidget {
     template <typename Value, typename Choices>
     QWidget* addPicker(FormSection& section, Preference<Value>& preference, const char* title,
                        const Choices& choices);
+    void addAutoQuit(FormSection& section);
+    /// Adds a row that offers once to spare what is in use.
+    void addSparingOffer(FormSection& section);
+    void addReset(FormSection& section);
     void addUpdates(FormSection& section);
     /// Adds a section that is there while settings cannot be saved.
     void addUsability(FormSection& section);
@@ -64,11 +77,13 @@ class GeneralSettingsView final : public QWidget {
     Updater& updater_;
     Platform platform_;
     DesktopLimitations limitations_;
+    AutoQuitOptions autoQuit_;
     bool showingAddAppSheet_ = false;
     OpenAtLogin openAtLogin_;
     /// Each updates controls from the settings.
     std::vector<std::function<void()>> bindings_;
     Subscription changes_;
+    Subscription extraChanges_;
     Subscription usability_;
     Subscription extensionChanges_;
 };

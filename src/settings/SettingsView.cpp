@@ -48,7 +48,7 @@ void SettingsView::build() {
     add("General", "gear",
         new GeneralSettingsView(settings_, updater_, surroundings_.loginItem,
                                 surroundings_.platform, surroundings_.limitations,
-                                surroundings_.extension));
+                                surroundings_.autoQuit, surroundings_.extension));
     add("Shortcuts", "keyboard", new ShortcutsSettingsView(surroundings_.recorders));
     add("About", "info.circle",
         new ContentArea(new AboutSettingsView(updater_, surroundings_.icon,

@@ -24,6 +24,7 @@ struct SettingsSurroundings {
     Platform platform;
     LoginItem& loginItem;
     DesktopLimitations limitations = {};
+    AutoQuitOptions autoQuit;
     /// For the recorders of the shortcuts.
     const RecorderEnvironment& recorders;
     /// The program's icon; absent means none.

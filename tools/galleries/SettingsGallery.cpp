@@ -107,6 +107,37 @@ void render(const QDir& folder, const QString& suffix) {
     picker->hidePopup();
 }
 
+/// The sheet about auto-quit with a row of most kinds, and when auto-quit is off.
+void renderAutoQuit(const QDir& folder, const QString& suffix) {
+    SettingsFixture pane;
+    pane.extras.sparesWhatIsInUse.set(true);
+    pane.manager.activityTracker().startTracking();
+    fill(pane);
+    pane.machine.workspace.installed["xterm"].needsTerminal = true;
+    pane.settings.addToNeverQuit("org.gnome.Calculator");
+    for (const ProcessId process : {12, 13, 15}) {
+        pane.machine.workspace.activate(process);
+        pane.machine.runLoop.advance(std::chrono::minutes(4));
+    }
+    pane.uses.report = {{{12, UseKind::playsSound}}, true, std::chrono::minutes(0)};
+    pane.open();
+    pane.view->findChild<QAbstractButton*>("autoQuitOptions")->click();
+    auto* sheet = pane.window.findChild<QDialog*>("autoQuitSheet");
+    save(*sheet, folder.filePath("auto-quit-off" + suffix));
+    pane.settings.autoQuitEnabled.set(true);
+    pane.uses.answer();
+    save(*sheet, folder.filePath("auto-quit" + suffix));
+    auto* bar = sheet->findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum() / 3);
+    save(*sheet, folder.filePath("auto-quit-list" + suffix));
+    sheet->close();
+    pane.extras.resetToDefaults();
+    settle();
+    auto* paneBar = pane.view->findChild<QScrollArea*>()->verticalScrollBar();
+    paneBar->setValue(paneBar->maximum());
+    save(pane.window, folder.filePath("offer" + suffix));
+}
+
 void renderEmptySheet(const QDir& folder, const QString& suffix) {
     SettingsFixture pane;
     pane.open();
@@ -135,9 +166,11 @@ int main(int argc, char** argv) {
     setAppearance({.preferred = Appearance::light});
     render(folder, "-light.png");
     renderEmptySheet(folder, "-light.png");
+    renderAutoQuit(folder, "-light.png");
     setAppearance({.preferred = Appearance::dark});
     render(folder, "-dark.png");
     renderEmptySheet(folder, "-dark.png");
+    renderAutoQuit(folder, "-dark.png");
 
     setAppearance({.preferred = Appearance::light});
     QApplication::setLayoutDirection(Qt::RightToLeft);
@@ -147,10 +180,12 @@ int main(int argc, char** argv) {
     render(folder, "-japanese.png");
     translated = std::make_unique<QtLocalizedStrings>(QLocale(QLocale::German));
     render(folder, "-german.png");
+    renderAutoQuit(folder, "-german.png");
     QFont font = QApplication::font();
     font.setPointSize(2 * font.pointSize());
     QApplication::setFont(font);
     render(folder, "-german-twice.png");
     renderEmptySheet(folder, "-german-twice.png");
+    renderAutoQuit(folder, "-german-twice.png");
     return 0;
 }

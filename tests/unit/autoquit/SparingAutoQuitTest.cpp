@@ -171,6 +171,7 @@ TEST(SparingAutoQuit, GivesAMinutesNoticeWhateverTheMinutes) {
     for (const std::int64_t minutes : {1, 0, -5}) {
         Desk desk;
         desk.settings.autoQuitMinutes.set(minutes);
+        desk.uses.report.sinceInput = 0s;
         desk.launch(1, "app");
         desk.pass(30s);
         desk.use(1);
@@ -223,10 +224,10 @@ TEST(SparingAutoQuit, CountsFromTheLastUseAndNotWhileNobodyIsThere) {
         std::chrono::minutes quitAfter;
     };
 
-    const Row rows[] = {{"an hour in front",
+    const Row rows[] = {{"long in front",
                          [](Desk& d) {
                              d.activate(1);
-                             d.pass(60min);
+                             d.pass(70min);
                              d.activate(90);
                          },
                          16min},

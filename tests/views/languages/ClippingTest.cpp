@@ -79,6 +79,7 @@ void expectWholeSettings(const QLocale& locale) {
     SettingsView view(settings.settings, settings.updater,
                       {.platform = settings.machine.platform(),
                        .loginItem = settings.loginItem,
+                       .autoQuit = settings.autoQuit,
                        .recorders = shortcuts.environment,
                        .icon = {}});
     view.show();
@@ -114,6 +115,14 @@ void expectWholeSettings(const QLocale& locale) {
     QTest::qWait(10);
     EXPECT_EQ(view.rect().size(), boundedByScreen(view, QSize(450, 560) * Theme::textScale()));
     expectWhole(view, "settings in another font");
+    settings.settings.autoQuitEnabled.set(true);
+    expectWhole(view, "settings with an offer");
+    settings.machine.workspace.launch(
+        {.pid = 12, .name = "Terminal", .bundleIdentifier = "exe:/usr/bin/Eterm.Eterm"});
+    view.findChild<QAbstractButton*>("autoQuitOptions")->click();
+    settings.machine.runLoop.turn();
+    QApplication::processEvents();
+    expectWhole(*view.findChild<QDialog*>("autoQuitSheet"), "auto-quit");
 }
 
 void withUsualAndLargeFont(const std::function<void()>& check) {

@@ -4,6 +4,8 @@
 namespace calmora {
 namespace {
 
+using namespace std::chrono_literals;
+
 struct GeneralSettingsTest : testing::Test, SettingsFixture {
     [[nodiscard]] QAbstractButton& button(const char* name) const {
         return *window.findChild<QAbstractButton*>(name);
@@ -121,6 +123,62 @@ TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {
     settle();
     EXPECT_TRUE(settings.neverQuitApps().empty());
     EXPECT_TRUE(window.findChild<QWidget*>("neverQuitEmpty")->isVisible());
+}
+
+TEST_F(GeneralSettingsTest, OffersOnceToSpareWhatIsInUse) {
+    open();
+    const auto* offer = window.findChild<QWidget*>("sparingOffer");
+    for (const char* answer : {"declineSparing", "acceptSparing"}) {
+        EXPECT_FALSE(offer->isVisible()) << "auto-quit is off";
+        click(button("autoQuitEnabled"));
+        EXPECT_TRUE(offer->isVisible());
+        settle();
+        click(button(answer));
+        EXPECT_FALSE(offer->isVisible());
+        EXPECT_EQ(extras.sparesWhatIsInUse(), answer == std::string("acceptSparing"));
+        EXPECT_TRUE(extras.wasSparingOffered());
+        click(button("resetAllSettings"));
+        EXPECT_FALSE(extras.sparesWhatIsInUse() || extras.wasSparingOffered());
+    }
+}
+
+TEST_F(GeneralSettingsTest, TheSheetSaysWhatAutoQuitWillDoWhileItIsOpen) {
+    machine.workspace.installed["term"].needsTerminal = true;
+    machine.workspace.launch({.pid = 1, .name = "Shell", .bundleIdentifier = "term"});
+    machine.workspace.launch({.pid = 2, .name = "editor", .bundleIdentifier = "editor"});
+    manager.activityTracker().startTracking();
+    machine.workspace.activate(2);
+    machine.runLoop.advance(1min);
+    open();
+    click(button("autoQuitOptions"));
+    auto* sheet = window.findChild<QDialog*>("autoQuitSheet");
+    const auto shown = [&] {
+        machine.runLoop.turn();
+        uses.answer();
+        settle();
+        QStringList texts;
+        for (const QWidget* row : sheet->findChildren<QWidget*>("prospect")) {
+            texts += row->accessibleName();
+        }
+        return texts;
+    };
+    const auto* off = sheet->findChild<QWidget*>("autoQuitIsOff");
+    EXPECT_TRUE(off->isVisible());
+    settings.autoQuitEnabled.set(true);
+    EXPECT_EQ(shown(), (QStringList{"editor, In 29 min", "Shell, Never: terminal"}));
+    EXPECT_FALSE(off->isVisible());
+    uses.report = {{{2, UseKind::recordsSound}}, true, 1h};
+    click(*sheet->findChild<QAbstractButton*>("extra.sparesWhatIsInUse"));
+    EXPECT_EQ(shown().front(), "editor, Spared: records sound");
+    uses.report.uses.clear();
+    machine.workspace.launch({.pid = 3, .name = "a", .bundleIdentifier = "a"});
+    machine.runLoop.advance(3s);
+    EXPECT_EQ(shown(), (QStringList{"a, Not before you use it", "editor, In 29 min",
+                                    "Shell, Never: terminal"}));
+    const int reads = uses.reads;
+    click(*sheet->findChild<QAbstractButton*>("done"));
+    machine.runLoop.advance(1min);
+    EXPECT_EQ(uses.reads, reads) << "closed, it reads nothing";
 }
 
 } // namespace

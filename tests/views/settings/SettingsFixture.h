@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "autoquit/AutoQuitManager.h"
+#include "autoquit/views/AutoQuitSheet.h"
 #include "fakes/FakeDesktopExtension.h"
 #include "fakes/FakeLoginItem.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
+#include "fakes/FakeUse.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 #include "settings/GeneralSettingsView.h"
 #include "widgets/Theme.h"
 
@@ -20,7 +24,7 @@ struct SettingsFixture {
     /// Creates the pane. Prepare the login item and the settings before.
     void open() {
         view = new GeneralSettingsView(settings, updater, loginItem, machine.platform(),
-                                       limitations, &extension, &window);
+                                       limitations, autoQuit, &extension, &window);
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(view);
@@ -36,6 +40,19 @@ struct SettingsFixture {
     FakeUpdater updater;
     FakeLoginItem loginItem;
     AppSettings settings{machine.defaults};
+    ExtraSettings extras{machine.defaults};
+    FakeUserNotifications notifications;
+    FakeInputGate input;
+    FakeUseSources uses;
+    FakeAwayTime away;
+    AutoQuitManager manager{
+        {settings, extras, machine.platform(), notifications, input, uses, away}};
+    AutoQuitOptions autoQuit{
+        extras, [this](QWidget& over) {
+            AutoQuitSheet::openOver(
+                over, settings, extras, machine.platform(),
+                std::make_unique<Forecast>(settings, machine.platform(), manager.sparing(), uses));
+        }};
     QWidget window;
     GeneralSettingsView* view = nullptr;
 };
