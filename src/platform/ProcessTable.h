@@ -40,6 +40,11 @@ class ProcessTable {
     /// with the same id. False if there is no such process.
     virtual bool hold(ProcessId process) = 0;
 
+    /// Tells the process that hold() has bound the id to from every other one that ever has the
+    /// same id; 0 for an id that is not held. Another number later means that the first process is
+    /// gone.
+    [[nodiscard]] virtual std::uint64_t heldProcess(ProcessId process) const = 0;
+
     /// Counters of a process; absent if it is gone or may not be read.
     [[nodiscard]] virtual std::optional<ProcessCounters> counters(ProcessId process) = 0;
 

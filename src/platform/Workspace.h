@@ -6,6 +6,7 @@
 #include "support/Subscription.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -15,6 +16,14 @@
 #include <vector>
 
 namespace calmora {
+
+/// How far a request to quit is.
+struct QuitRequest {
+    /// Whether anything was sent; of no meaning before the request is complete.
+    bool wasSent = false;
+    /// After this pause continueTerminate() has to be called; absent once the request is complete.
+    std::optional<std::chrono::milliseconds> pause = {};
+};
 
 /// A running application that can be asked to quit. Held only during one quit operation.
 class RunningApplication {
@@ -46,6 +55,26 @@ class RunningApplication {
     /// Asks the application to quit as its own Quit command would. True means that a request was
     /// sent, not that the application is gone.
     virtual bool terminate() = 0;
+
+    /// Begins what terminate() does, without its pauses.
+    virtual QuitRequest beginTerminate() { return {.wasSent = terminate()}; }
+
+    /// Goes on with a request that beginTerminate() has not completed. Sends nothing more if it is
+    /// never called.
+    virtual QuitRequest continueTerminate() { return {}; }
+
+    /// Asks its windows for an answer, see isUnresponsive(). Where that is possible only.
+    virtual void probe() {}
+
+    /// Whether a window that the last probe() asked, by whichever object, owes the answer still.
+    [[nodiscard]] virtual bool isUnresponsive() const { return false; }
+
+    /// Whether it shows its user a question that came up after the last request to quit.
+    [[nodiscard]] virtual bool isAsking() const { return false; }
+
+    /// Brings its question to the front, else its newest window that a user switches to. False
+    /// where it has none or the desktop does not let us.
+    virtual bool activate() { return false; }
 
     /// Ends the application without asking. True means that the request was delivered.
     virtual bool forceTerminate() = 0;

@@ -69,6 +69,11 @@ class FakeProcessTable final : public ProcessTable {
         return serial(process) != 0;
     }
 
+    std::uint64_t heldProcess(ProcessId process) const override {
+        const auto holding = held_.find(process);
+        return holding != held_.end() ? holding->second : 0;
+    }
+
     std::optional<ProcessCounters> counters(ProcessId process) override {
         sampled.push_back(process);
         return seen(process).counters;

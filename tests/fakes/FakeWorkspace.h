@@ -32,6 +32,11 @@ struct FakeApplication {
     /// When the process ends after an accepted request; absent means never.
     std::optional<std::chrono::milliseconds> endsAfterTerminate{0};
     std::optional<std::chrono::milliseconds> endsAfterForce{0};
+    /// A pause after which the request is made when it is not made at once.
+    std::optional<std::chrono::milliseconds> pausesFirst = {};
+    /// What it shows after a request to quit.
+    bool isAsking = false;
+    bool isUnresponsive = false;
 };
 
 /// Running applications in memory, each with its process in the fake table: an application whose
@@ -152,6 +157,22 @@ class FakeWorkspace final : public Workspace {
         bool terminate() override {
             workspace_.terminateRequests.push_back(self_.pid);
             return answer(self_.acceptsTerminate, self_.endsAfterTerminate);
+        }
+
+        QuitRequest beginTerminate() override {
+            return self_.pausesFirst ? QuitRequest{.pause = self_.pausesFirst}
+                                     : QuitRequest{.wasSent = terminate()};
+        }
+
+        QuitRequest continueTerminate() override { return {.wasSent = terminate()}; }
+
+        bool isAsking() const override { return workspace_.at(self_.pid).isAsking; }
+
+        bool isUnresponsive() const override { return workspace_.at(self_.pid).isUnresponsive; }
+
+        bool activate() override {
+            workspace_.activate(self_.pid);
+            return true;
         }
 
         bool forceTerminate() override {

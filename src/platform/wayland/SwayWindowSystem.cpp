@@ -72,6 +72,12 @@ bool SwayWindowSystem::requestClose(WindowId window, ProcessId process) {
     return reply && parseSwaySuccess(*reply);
 }
 
+bool SwayWindowSystem::activate(WindowId window) {
+    const auto reply =
+        request(SwayMessageType::runCommand, "[con_id=" + std::to_string(window) + "] focus");
+    return reply && parseSwaySuccess(*reply);
+}
+
 std::vector<ProcessId> SwayWindowSystem::displayProcesses() {
     return isAlive_ && compositor_ ? std::vector{*compositor_} : std::vector<ProcessId>();
 }

@@ -48,6 +48,7 @@ class SwayWindowSystem final : public WindowSystem {
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
+    bool activate(WindowId window) override;
 
     /// Wayland windows carry none.
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId /*window*/) override {

@@ -51,6 +51,10 @@ struct ToplevelWindowSystem::Listeners {
             system.manager_ = static_cast<zwlr_foreign_toplevel_manager_v1*>(
                 wl_registry_bind(registry, name, &wanted, std::min(version, wantedVersion)));
             zwlr_foreign_toplevel_manager_v1_add_listener(system.manager_, &manager, data);
+        } else if (system.seat_ == nullptr &&
+                   std::string_view(interface) == wl_seat_interface.name) {
+            system.seat_ =
+                static_cast<wl_seat*>(wl_registry_bind(registry, name, &wl_seat_interface, 1));
         }
     }
 
@@ -158,6 +162,9 @@ ToplevelWindowSystem::~ToplevelWindowSystem() {
     if (manager_ != nullptr) {
         zwlr_foreign_toplevel_manager_v1_destroy(manager_);
     }
+    if (seat_ != nullptr) {
+        wl_seat_destroy(seat_);
+    }
     if (registry_ != nullptr) {
         wl_registry_destroy(registry_);
     }
@@ -203,6 +210,17 @@ bool ToplevelWindowSystem::requestClose(WindowId window, ProcessId process) {
         toplevel->newestWhenAsked = lastId_;
     }
     zwlr_foreign_toplevel_handle_v1_close(toplevel->handle);
+    return true;
+}
+
+bool ToplevelWindowSystem::activate(WindowId window) {
+    handleEvents();
+    const auto toplevel = std::ranges::find(toplevels_, window, &Toplevel::id);
+    if (!isAlive_ || seat_ == nullptr || toplevel == toplevels_.end()) {
+        return false;
+    }
+    zwlr_foreign_toplevel_handle_v1_unset_minimized(toplevel->handle);
+    zwlr_foreign_toplevel_handle_v1_activate(toplevel->handle, seat_);
     return true;
 }
 

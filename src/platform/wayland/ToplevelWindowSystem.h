@@ -17,6 +17,7 @@
 #include <vector>
 
 struct wl_registry;
+struct wl_seat;
 struct zwlr_foreign_toplevel_handle_v1;
 struct zwlr_foreign_toplevel_manager_v1;
 
@@ -57,6 +58,8 @@ class ToplevelWindowSystem final : public WindowSystem {
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
+    /// On the first seat.
+    bool activate(WindowId window) override;
 
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId /*window*/) override {
         return nullptr;
@@ -108,6 +111,8 @@ class ToplevelWindowSystem final : public WindowSystem {
     WaylandConnection connection_;
     wl_registry* registry_ = nullptr;
     zwlr_foreign_toplevel_manager_v1* manager_ = nullptr;
+    /// Null until one is announced.
+    wl_seat* seat_ = nullptr;
     std::list<Toplevel> toplevels_;
     WindowId lastId_ = 0;
 

@@ -13,6 +13,7 @@ namespace {
 constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)> atomNames{
     "WM_PROTOCOLS",
     "WM_DELETE_WINDOW",
+    "_NET_WM_PING",
     "WM_STATE",
     "WM_CLIENT_MACHINE",
     "MANAGER",

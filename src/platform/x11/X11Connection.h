@@ -42,6 +42,7 @@ template <typename Event>
 enum class X11Atom : std::uint8_t {
     wmProtocols,
     wmDeleteWindow,
+    netWmPing,
     wmState,
     wmClientMachine,
     manager,

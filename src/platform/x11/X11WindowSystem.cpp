@@ -44,7 +44,8 @@ X11WindowSystem::X11WindowSystem(EventPoll& events, const std::string& display,
                                  EnvironmentReader environment, OwnerLookup lookUp)
     : events_(events), environment_(std::move(environment)), connection_(display),
       sightings_(connection_), reader_(connection_, sightings_, std::move(lookUp)),
-      isAlive_(connection_.isAlive()), windowsChanged_([this](bool) { listenersChanged(); }),
+      pings_(events_, display), isAlive_(connection_.isAlive()),
+      windowsChanged_([this](bool) { listenersChanged(); }),
       activeWindowChanged_([this](bool) { listenersChanged(); }) {
     if (isAlive_) {
         displayName_ = displayWithoutScreen(display);
@@ -165,6 +166,37 @@ bool X11WindowSystem::requestClose(WindowId window, ProcessId process) {
         xcb_send_event(connection_.get(), 0, target, XCB_EVENT_MASK_NO_EVENT,
                        reinterpret_cast<const char*>(&message));
     }
+    return true;
+}
+
+bool X11WindowSystem::activate(WindowId window) {
+    const auto target = static_cast<xcb_window_t>(window);
+    const auto supported = reader_.take(connection_.requestProperty(
+        connection_.root(), connection_.atom(X11Atom::netSupported), 1024));
+    const auto values = words(supported);
+    settle();
+    if (!isAlive_) {
+        return false;
+    }
+    if (manager_ == XCB_NONE ||
+        std::ranges::find(values, connection_.atom(X11Atom::netActiveWindow)) == values.end()) {
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_map_window(connection_.get(), target);
+        xcb_configure_window(connection_.get(), target, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_set_input_focus(connection_.get(), XCB_INPUT_FOCUS_PARENT, target, XCB_CURRENT_TIME);
+        return true;
+    }
+    constexpr std::uint32_t sourcePager = 2;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = target;
+    message.type = connection_.atom(X11Atom::netActiveWindow);
+    message.data.data32[0] = sourcePager;
+    message.data.data32[1] = XCB_CURRENT_TIME;
+    xcb_send_event(connection_.get(), 0, connection_.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
     return true;
 }
 

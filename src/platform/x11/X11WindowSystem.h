@@ -7,6 +7,7 @@
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/linux/xdg/BaseDirectories.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Pings.h"
 #include "platform/x11/X11Sightings.h"
 #include "platform/x11/X11WindowReader.h"
 #include "support/Signal.h"
@@ -45,6 +46,14 @@ class X11WindowSystem final : public WindowSystem {
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
+    bool activate(WindowId window) override;
+
+    void ping(WindowId window) override { pings_.ping(static_cast<xcb_window_t>(window)); }
+
+    [[nodiscard]] bool owesAnswer(WindowId window) override {
+        return pings_.owesAnswer(static_cast<xcb_window_t>(window));
+    }
+
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
     [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
     [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override;
@@ -82,6 +91,7 @@ class X11WindowSystem final : public WindowSystem {
     X11Connection connection_;
     X11Sightings sightings_;
     X11WindowReader reader_;
+    X11Pings pings_;
     std::string displayName_;
     bool isAlive_;
     Signal<> windowsChanged_;

@@ -212,6 +212,10 @@ bool ShellLink::close(std::uint64_t window) {
     return asked && asked->contains(window);
 }
 
+bool ShellLink::raise(std::uint64_t window) {
+    return readArgument<bool>(ask("Raise", {static_cast<qulonglong>(window)})).value_or(false);
+}
+
 QVariantMap ShellLink::iconOptions() const {
     return {{"icon", iconFile_}, {"title", iconTitle_}};
 }

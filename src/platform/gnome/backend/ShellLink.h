@@ -76,6 +76,9 @@ class ShellLink {
     /// Asks a Wayland window to close; whether the shell did.
     bool close(std::uint64_t window);
 
+    /// Brings a window to the front; false if there is none.
+    bool raise(std::uint64_t window);
+
     /// What the icon shows, also in the future: the file of a picture that the shell recolours.
     void setIcon(const QString& file, const QString& title);
     void setMenu(const QList<ShellMenuItem>& items);

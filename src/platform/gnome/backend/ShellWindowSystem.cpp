@@ -57,6 +57,12 @@ bool ShellWindowSystem::requestClose(WindowId window, ProcessId process) {
     return link_.close(told_[index].id);
 }
 
+bool ShellWindowSystem::activate(WindowId window) {
+    const auto known =
+        std::ranges::find(known_, window, [](const auto& entry) { return entry.second.number; });
+    return known != known_.end() && link_.raise(known->first);
+}
+
 std::vector<ProcessId> ShellWindowSystem::displayProcesses() {
     update();
     std::vector<ProcessId> result;

@@ -42,6 +42,11 @@ class LinuxProcessTable final : public ProcessTable {
 
     bool hold(ProcessId process) override { return memory_.hold(process); }
 
+    /// Its start time.
+    [[nodiscard]] std::uint64_t heldProcess(ProcessId process) const override {
+        return memory_.startTime(process).value_or(0);
+    }
+
     [[nodiscard]] std::optional<ProcessCounters> counters(ProcessId process) override;
     void retainCounters(const std::vector<ProcessId>& processes) override;
 

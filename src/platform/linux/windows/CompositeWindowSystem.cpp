@@ -158,6 +158,28 @@ bool CompositeWindowSystem::requestClose(WindowId window, ProcessId process) {
     return part && part->requestClose(id, process);
 }
 
+bool CompositeWindowSystem::activate(WindowId window) {
+    for (const auto& [twin, listed] : doubles_) {
+        const auto [part, id] = find(twin);
+        if (listed == window && part && part->activate(id)) {
+            return true;
+        }
+    }
+    const auto [part, id] = find(window);
+    return part && part->activate(id);
+}
+
+void CompositeWindowSystem::ping(WindowId window) {
+    if (const auto [part, id] = find(window); part) {
+        part->ping(id);
+    }
+}
+
+bool CompositeWindowSystem::owesAnswer(WindowId window) {
+    const auto [part, id] = find(window);
+    return part && part->owesAnswer(id);
+}
+
 std::shared_ptr<const ImagePixels> CompositeWindowSystem::icon(WindowId window) {
     const auto [part, id] = find(window);
     return part ? part->icon(id) : nullptr;

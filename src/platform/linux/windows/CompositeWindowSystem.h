@@ -41,6 +41,11 @@ class CompositeWindowSystem final : public WindowSystem {
     [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     bool requestClose(WindowId window, ProcessId process) override;
+    /// A window of X11 by way of the compositor, where that lists it as well: X servers of Wayland
+    /// sessions cannot do it.
+    bool activate(WindowId window) override;
+    void ping(WindowId window) override;
+    [[nodiscard]] bool owesAnswer(WindowId window) override;
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId window) override;
     [[nodiscard]] std::vector<ProcessId> displayProcesses() override;
     [[nodiscard]] std::vector<ProcessId> trayIconProcesses() override;

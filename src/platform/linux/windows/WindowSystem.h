@@ -141,6 +141,17 @@ class WindowSystem {
     /// of this is read afresh. The request may wait until flush().
     virtual bool requestClose(WindowId window, ProcessId process) = 0;
 
+    /// Brings the window to the front, as a click on it in a task bar would, and shows it first if
+    /// it is minimized. False where that is not possible. The request may wait until flush().
+    virtual bool activate(WindowId /*window*/) { return false; }
+
+    /// Asks the window's program whether it handles events. Does nothing where neither windows nor
+    /// the window system know such a question. The request may wait until flush().
+    virtual void ping(WindowId /*window*/) {}
+
+    /// Whether the answer to the last ping() of the window is still missing.
+    [[nodiscard]] virtual bool owesAnswer(WindowId /*window*/) { return false; }
+
     /// The window's own picture, about 64 by 64 pixels; null if none.
     [[nodiscard]] virtual std::shared_ptr<const ImagePixels> icon(WindowId window) = 0;
 

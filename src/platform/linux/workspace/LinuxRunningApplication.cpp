@@ -110,27 +110,64 @@ bool LinuxRunningApplication::beginRequest(std::span<const TopLevelWindow> windo
 }
 
 bool LinuxRunningApplication::terminate() {
+    QuitRequest request = beginTerminate();
+    while (request.pause) {
+        sources_.clock.sleep(*request.pause);
+        request = continueTerminate();
+    }
+    return request.wasSent;
+}
+
+QuitRequest LinuxRunningApplication::beginTerminate() {
+    rest_ = Rest::nothing;
     if (isTerminated() || isProtectedNow()) {
-        return false;
+        return {};
     }
-    const std::vector<TopLevelWindow> before = sources_.windows.windowsReadAfresh();
-    if (!beginRequest(before)) {
-        return false;
-    }
+    before_ = sources_.windows.windowsReadAfresh();
+    return beginRequest(before_) ? askForTheFirstTime() : QuitRequest();
+}
+
+QuitRequest LinuxRunningApplication::askForTheFirstTime() {
     if (!application_->candidates.empty()) {
-        return requestClose();
+        return {.wasSent = requestClose()};
     }
     const bool hides = hidesWhenClosed();
     if (hides && quitOverBus()) {
-        return true;
+        return {.wasSent = true};
     }
     if (requestClose()) {
-        if (hides) {
-            endOnceHidden(before);
+        if (hides && mayBeSignalled(before_)) {
+            rest_ = Rest::hiding;
+            hidingDeadline_ = sources_.clock.ticks() + hidingTime;
+            return {.pause = hidingStep};
         }
-        return true;
+        return {.wasSent = true};
     }
-    return quitOverBus() || endInsteadOfAsking();
+    if (quitOverBus()) {
+        return {.wasSent = true};
+    }
+    if (std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
+        // Windows may be missing while a window manager is being replaced.
+        rest_ = Rest::settling;
+        return {.pause = settlingTime};
+    }
+    return {.wasSent = endInsteadOfAsking()};
+}
+
+QuitRequest LinuxRunningApplication::continueTerminate() {
+    const Rest rest = std::exchange(rest_, Rest::nothing);
+    if (isTerminated()) { // The id may name another process by now.
+        return {.wasSent = rest == Rest::hiding};
+    }
+    switch (rest) {
+    case Rest::settling:
+        return {.wasSent = endInsteadOfAsking()};
+    case Rest::hiding:
+        return endOnceHidden();
+    case Rest::nothing:
+        break;
+    }
+    return {};
 }
 
 bool LinuxRunningApplication::forceTerminate() {
@@ -212,10 +249,6 @@ bool LinuxRunningApplication::requestClose() {
 }
 
 bool LinuxRunningApplication::endInsteadOfAsking() {
-    if (std::ranges::any_of(application_->windows, &TopLevelWindow::canBeAsked)) {
-        // Windows may be missing while a window manager is being replaced.
-        sources_.clock.sleep(settlingTime);
-    }
     const std::vector<TopLevelWindow> windows = sources_.windows.windowsReadAfresh();
     if (!askableWindows().empty()) {
         return requestClose();
@@ -224,33 +257,70 @@ bool LinuxRunningApplication::endInsteadOfAsking() {
            sources_.processes.sendSignal(processIdentifier(), SIGTERM) == 0;
 }
 
-/// Waits here because the main loop does not run during a quit. The total time is the same: the
-/// caller waits for the process's end anyway, and an ended process stops the wait.
-void LinuxRunningApplication::endOnceHidden(std::span<const TopLevelWindow> before) {
+/// The pauses cost no time: the caller waits for the process's end anyway, and an ended process
+/// stops them.
+QuitRequest LinuxRunningApplication::endOnceHidden() {
     const ProcessId process = processIdentifier();
     const auto isOwn = [&](const TopLevelWindow& window) {
         return window.listedProcess() == process;
     };
-    const auto deadline = sources_.clock.ticks() + hidingTime;
-    if (!mayBeSignalled(before)) {
-        return;
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    const bool hasNewWindow = std::ranges::any_of(windows, [&](const TopLevelWindow& window) {
+        return isOwn(window) &&
+               std::ranges::find(before_, window.id, &TopLevelWindow::id) == before_.end();
+    });
+    if (isTerminated() || hasNewWindow ||
+        requests_.isAsking(process, application_->process.startTime, windows)) {
+        return {.wasSent = true};
     }
-    while (sources_.clock.ticks() < deadline) {
-        sources_.clock.sleep(hidingStep);
-        const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
-        const bool hasNewWindow = std::ranges::any_of(windows, [&](const TopLevelWindow& window) {
-            return isOwn(window) &&
-                   std::ranges::find(before, window.id, &TopLevelWindow::id) == before.end();
-        });
-        if (isTerminated() || hasNewWindow ||
-            requests_.isAsking(process, application_->process.startTime, windows)) {
-            return;
-        }
+    if (sources_.clock.ticks() < hidingDeadline_) {
+        rest_ = Rest::hiding;
+        return {.wasSent = true, .pause = hidingStep};
     }
-    const std::vector<TopLevelWindow>& windows = sources_.windows.windowsReadAfresh();
-    if (std::ranges::none_of(windows, isOwn) && mayBeSignalled(windows)) {
+    const std::vector<TopLevelWindow>& fresh = sources_.windows.windowsReadAfresh();
+    if (std::ranges::none_of(fresh, isOwn) && mayBeSignalled(fresh)) {
         sources_.processes.sendSignal(process, SIGTERM);
     }
+    return {.wasSent = true};
+}
+
+void LinuxRunningApplication::probe() {
+    for (const WindowId window : askableWindows()) {
+        sources_.windows.ping(window);
+    }
+    sources_.windows.flush();
+}
+
+bool LinuxRunningApplication::isUnresponsive() const {
+    return std::ranges::any_of(
+        askableWindows(), [this](WindowId window) { return sources_.windows.owesAnswer(window); });
+}
+
+std::optional<WindowId> LinuxRunningApplication::question() const {
+    const std::vector<TopLevelWindow>& windows = sources_.windows.windows();
+    for (const ProcessId process : processes()) {
+        const auto startTime = sources_.memory.startTime(process);
+        const auto found =
+            startTime ? requests_.question(process, *startTime, windows) : std::nullopt;
+        if (found) {
+            return found;
+        }
+    }
+    return {};
+}
+
+bool LinuxRunningApplication::isAsking() const {
+    return question().has_value();
+}
+
+bool LinuxRunningApplication::activate() {
+    std::optional<WindowId> window = question();
+    if (const auto windows = askableWindows(); !window && !windows.empty()) {
+        window = windows.back();
+    }
+    const bool isActivated = window && sources_.windows.activate(*window);
+    sources_.windows.flush();
+    return isActivated;
 }
 
 } // namespace calmora

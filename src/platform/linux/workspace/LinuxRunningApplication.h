@@ -5,7 +5,9 @@
 #include "platform/linux/workspace/ApplicationList.h"
 #include "platform/linux/workspace/QuitRequests.h"
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -39,6 +41,15 @@ class LinuxRunningApplication final : public RunningApplication {
     /// is by then.
     bool terminate() override;
 
+    QuitRequest beginTerminate() override;
+    QuitRequest continueTerminate() override;
+
+    /// Asks each window of its own that may be asked to close, see WindowSystem::ping().
+    void probe() override;
+    [[nodiscard]] bool isUnresponsive() const override;
+    [[nodiscard]] bool isAsking() const override;
+    bool activate() override;
+
     /// Sends SIGTERM, and SIGCONT to wake a stopped process.
     bool forceTerminate() override;
 
@@ -53,13 +64,28 @@ class LinuxRunningApplication final : public RunningApplication {
     bool beginRequest(std::span<const TopLevelWindow> windows);
     bool quitOverBus();
     bool requestClose();
+    QuitRequest askForTheFirstTime();
     bool endInsteadOfAsking();
-    void endOnceHidden(std::span<const TopLevelWindow> before);
+    QuitRequest endOnceHidden();
+    [[nodiscard]] std::optional<WindowId> question() const;
 
     const WorkspaceSources& sources_;
     QuitRequests& requests_;
     std::shared_ptr<const ListedApplication> application_;
     std::string bundle_;
+
+    /// A request that is not complete.
+    enum class Rest {
+        nothing,
+        /// The list of windows was empty, which may be a moment's matter.
+        settling,
+        /// Its windows have been asked to close; with a tray icon it may live on without them.
+        hiding,
+    };
+    Rest rest_ = Rest::nothing;
+    /// The windows of all applications before the request.
+    std::vector<TopLevelWindow> before_;
+    std::chrono::nanoseconds hidingDeadline_{};
 };
 
 } // namespace calmora

@@ -7,16 +7,16 @@
 
 namespace calmora {
 
-bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
-                            std::span<const TopLevelWindow> windows) const {
+std::optional<WindowId> QuitRequests::question(ProcessId process, std::uint64_t startTime,
+                                               std::span<const TopLevelWindow> windows) const {
     const auto found = requests_.find(process);
     if (found == requests_.end() || found->second.startTime != startTime) {
-        return false;
+        return {};
     }
     const auto& before = found->second.windows;
     const auto roles = windowRoles(windows);
     bool hasOldWindow = false;
-    bool hasNewDialog = false;
+    std::optional<WindowId> newDialog;
     for (std::size_t i = 0; i < windows.size(); ++i) {
         const TopLevelWindow& window = windows[i];
         // Another process may show the question for a window of this one.
@@ -29,14 +29,16 @@ bool QuitRequests::isAsking(ProcessId process, std::uint64_t startTime,
         const bool isNew = !before.contains(window.id);
         // Its parent may have been hidden meanwhile.
         if (isNew && (roles[i].isTransient || before.contains(window.transientFor))) {
-            return true;
+            return window.id;
         }
-        hasNewDialog = hasNewDialog || (isNew && window.type == WindowType::dialog);
+        if (isNew && window.type == WindowType::dialog) {
+            newDialog = window.id;
+        }
         hasOldWindow = hasOldWindow || !isNew;
     }
     // A dialog without a parent is a question only beside a window that was to close; alone it is
     // simply the next window.
-    return hasNewDialog && hasOldWindow;
+    return hasOldWindow ? newDialog : std::nullopt;
 }
 
 void QuitRequests::forgetEnded(

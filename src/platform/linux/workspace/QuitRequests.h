@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <span>
 
@@ -16,9 +17,15 @@ namespace calmora {
 /// since then is its question to the user and must not be disturbed: closing it means Cancel.
 class QuitRequests {
   public:
+    /// Such a dialog of the application that is open now; absent for none.
+    [[nodiscard]] std::optional<WindowId> question(ProcessId process, std::uint64_t startTime,
+                                                   std::span<const TopLevelWindow> windows) const;
+
     /// Whether the application has such a dialog open now.
     [[nodiscard]] bool isAsking(ProcessId process, std::uint64_t startTime,
-                                std::span<const TopLevelWindow> windows) const;
+                                std::span<const TopLevelWindow> windows) const {
+        return question(process, startTime, windows).has_value();
+    }
 
     /// Forgets processes for which `hasEnded` returns true.
     void forgetEnded(const std::function<bool(ProcessId, std::uint64_t startTime)>& hasEnded);

@@ -40,6 +40,7 @@ std::optional<bool> KwinScripts::run(const QString& name, const Task& task,
                                  {"run", static_cast<qint64>(++lastRun_)},
                                  {"watches", task.watches},
                                  {"close", QString::fromStdString(task.close)},
+                                 {"activate", QString::fromStdString(task.activate)},
                                  {"process", task.process}};
     // Readable for our user only; KWin has read it when the run is over.
     QTemporaryFile file(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) +

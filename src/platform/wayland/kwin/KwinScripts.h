@@ -35,6 +35,8 @@ class KwinScripts final : public QObject, protected QDBusContext {
         /// empty for none.
         std::string close = {};
         ProcessId process = 0;
+        /// The window to bring to the front; empty for none.
+        std::string activate = {};
     };
 
     KwinScripts(QDBusConnection connection, std::function<void(KwinReport)> onReport);
@@ -45,8 +47,8 @@ class KwinScripts final : public QObject, protected QDBusContext {
     void setKwin(const QString& uniqueName) { kwin_ = uniqueName; }
 
     /// Runs the script under a name, in place of what runs under it. Its first report has been
-    /// handled when this returns. Gives whether it has asked the window to close; absent if there
-    /// was no report within `timeout`.
+    /// handled when this returns. Gives whether it has asked the window to close, or brought it to
+    /// the front; absent if there was no report within `timeout`.
     std::optional<bool> run(const QString& name, const Task& task,
                             std::chrono::milliseconds timeout);
 

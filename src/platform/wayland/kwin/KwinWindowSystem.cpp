@@ -86,6 +86,13 @@ bool KwinWindowSystem::requestClose(WindowId window, ProcessId process) {
         .value_or(false);
 }
 
+bool KwinWindowSystem::activate(WindowId window) {
+    update();
+    const auto known =
+        std::ranges::find(known_, window, [](const auto& entry) { return entry.second.number; });
+    return known != known_.end() && run(requestScript, {.activate = known->first}).value_or(false);
+}
+
 std::vector<ProcessId> KwinWindowSystem::displayProcesses() {
     update();
     std::vector<ProcessId> result = compositor_;

@@ -55,6 +55,7 @@ class KwinWindowSystem final : public WindowSystem {
     [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
     /// As after a click on the close button, see TopLevelWindow::mustAnswerSoon.
     bool requestClose(WindowId window, ProcessId process) override;
+    bool activate(WindowId window) override;
 
     /// Wayland windows carry none.
     [[nodiscard]] std::shared_ptr<const ImagePixels> icon(WindowId /*window*/) override {

@@ -5,6 +5,7 @@
 //   watches                    go on telling when something changes
 //   close                      the id of a window to close; empty for none
 //   process                    whose window that has to be
+//   activate                   the id of a window to bring to the front; empty for none
 const isNew = typeof workspace.windowList === "function";
 const windows = () => (isNew ? workspace.windowList() : workspace.clientList());
 const idOf = (window) => (window ? String(window.internalId) : "");
@@ -81,4 +82,9 @@ if (parameters.watches) {
 const wanted = windows().filter((window) => idOf(window) === parameters.close &&
     window.pid === parameters.process && canBeAsked(window) && !window.unresponsive);
 wanted.forEach((window) => window.closeWindow());
-report(wanted.length > 0);
+const front = windows().filter((window) => idOf(window) === parameters.activate);
+front.forEach((window) => {
+    window.minimized = false;
+    workspace[isNew ? "activeWindow" : "activeClient"] = window;
+});
+report(wanted.length + front.length > 0);
