@@ -12,6 +12,26 @@
 
 namespace calmora {
 
+/// How far a quit of an application is that does not block, or why the application has stayed.
+enum class QuitState {
+    /// Nothing is known, or nothing was tried.
+    none,
+    quitting,
+    /// It shows its user a question.
+    asks,
+    /// A window of its does not answer.
+    doesNotAnswer,
+    /// It has ended and was started again, by itself or its session.
+    cameBack,
+    /// We may not signal it.
+    notAllowed,
+};
+
+/// Whether the state is a reason why an application has stayed.
+[[nodiscard]] constexpr bool isReason(QuitState state) {
+    return state != QuitState::none && state != QuitState::quitting;
+}
+
 /// One listed application, or one group row for the background applications that one application
 /// started. Lists are compared by `pid`.
 struct AppInfo {
@@ -51,6 +71,8 @@ struct AppInfo {
     std::optional<std::string> desktopId = {};
     /// As WorkspaceApplication::startTime.
     std::uint64_t startTime = 0;
+    /// As QuitTogether::state().
+    QuitState quitState = QuitState::none;
 
     /// The candidates, or the only process.
     [[nodiscard]] std::vector<ProcessId> processes() const {

@@ -2,44 +2,18 @@
 #pragma once
 
 #include "model/AppInfo.h"
+#include "model/QuitOperations.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
-#include "platform/Workspace.h"
 
 #include <chrono>
-#include <cstdint>
 #include <functional>
-#include <memory>
 #include <set>
 #include <span>
-#include <string>
-#include <vector>
 
 namespace calmora {
 
 class Clock;
-
-/// The operations through which the quit engine reaches the machine.
-struct AppQuitterOperations {
-    using Application = std::unique_ptr<RunningApplication>;
-
-    /// The running application with a process id; null where there is none.
-    std::function<Application(ProcessId)> lookupApp;
-    /// Every running application with an identifier, in the workspace's order.
-    std::function<std::vector<Application>(const std::string&)> lookupAppsByBundleID;
-    /// Sends a signal: 0 on success, -1 with errno set on failure, as kill(2).
-    std::function<std::int32_t(ProcessId, std::int32_t)> sendSignal;
-    /// Whether a process exists, also one that may not be signalled.
-    std::function<bool(ProcessId)> processExists;
-    /// The processes whose executable's path begins with a text.
-    std::function<std::set<ProcessId>(const std::string&)> lookupProcessIDsInBundlePath;
-    /// Blocks for at least this long.
-    std::function<void(std::chrono::microseconds)> sleep;
-};
-
-/// The operations on the real machine. The process table holds every process that they return, so
-/// that later tests and signals cannot reach another process with the same id.
-[[nodiscard]] AppQuitterOperations platformOperations(Platform platform);
 
 /// Quits applications and reports which ones are gone: success means that the processes no longer
 /// exist, never that a request was accepted. The caller checks the never-quit list. Blocks the
@@ -87,9 +61,6 @@ class AppQuitter {
   private:
     bool waitUntil(const std::function<bool()>& isOver, std::chrono::milliseconds timeout);
     bool forceQuit(Application app);
-    [[nodiscard]] std::vector<Application> relatedApps(Application app) const;
-    [[nodiscard]] std::set<ProcessId> helpersOf(const std::vector<Application>& related) const;
-    bool hardKill(const std::set<ProcessId>& pids);
     [[nodiscard]] bool anyExists(const std::set<ProcessId>& pids) const;
 
     AppQuitterOperations operations_;

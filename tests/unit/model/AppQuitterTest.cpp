@@ -2,6 +2,7 @@
 #include "model/AppQuitter.h"
 
 #include "fakes/FakePlatform.h"
+#include "model/QuitTogether.h"
 
 namespace calmora {
 namespace {
@@ -12,9 +13,25 @@ using Signals = std::vector<std::pair<ProcessId, std::int32_t>>;
 
 constexpr auto never = std::nullopt;
 
-struct AppQuitterTest : testing::Test {
+/// One engine blocks, the other one is driven by the run loop: what they do and when is the same.
+struct AppQuitterTest : testing::TestWithParam<bool> {
     FakePlatform machine;
     AppQuitter quitter{machine.platform()};
+
+    bool quit(ProcessId pid, bool force) { return quit(machine, pid, force); }
+
+    bool quit(FakePlatform& on, ProcessId pid, bool force) const {
+        if (GetParam()) {
+            return AppQuitter(on.platform()).quitApp(pid, force);
+        }
+        QuitTogether engine(on.platform());
+        engine.begin({{.pid = pid}}, force);
+        on.runLoop.turn();
+        while (engine.isUnderWay()) {
+            on.runLoop.advance(10ms);
+        }
+        return engine.result()->ended == 1;
+    }
 
     /// An application in a folder of its own.
     FakeApplication app(ProcessId pid, std::optional<std::string> identifier = "org.app") {
@@ -25,12 +42,19 @@ struct AppQuitterTest : testing::Test {
                 .process = {.executable = "/opt/app/run"}};
     }
 
-    std::chrono::microseconds slept() {
-        return std::exchange(machine.clock.slept, std::chrono::microseconds(0));
+    /// The time that has passed since the last call.
+    std::chrono::nanoseconds waited() {
+        return machine.clock.ticks() - std::exchange(lastTicks_, machine.clock.ticks());
     }
+
+  private:
+    std::chrono::nanoseconds lastTicks_{0};
 };
 
-TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
+INSTANTIATE_TEST_SUITE_P(Engines, AppQuitterTest, testing::Bool(),
+                         [](const auto& info) { return info.param ? "blocking" : "together"; });
+
+TEST_P(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
     const struct {
         const char* name;
         bool accepts;
@@ -52,10 +76,10 @@ TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
         application.acceptsTerminate = c.accepts;
         application.endsAfterTerminate = c.endsAfter;
         machine.workspace.launch(application);
-        EXPECT_EQ(quitter.quitApp(pid, false), c.isGone) << c.name;
-        EXPECT_EQ(slept(), c.waits) << c.name;
+        EXPECT_EQ(quit(pid, false), c.isGone) << c.name;
+        EXPECT_EQ(waited(), c.waits) << c.name;
     }
-    EXPECT_FALSE(quitter.quitApp(99, false)) << "no such application";
+    EXPECT_FALSE(quit(99, false)) << "no such application";
     EXPECT_EQ(machine.workspace.terminateRequests,
               (std::vector<ProcessId>{101, 102, 103, 104, 105, 106}))
         << "no other instance is asked";
@@ -63,7 +87,7 @@ TEST_F(AppQuitterTest, QuitsPolitelyAndReportsOnlyWhatIsGone) {
     EXPECT_TRUE(machine.workspace.forceRequests.empty());
 }
 
-TEST_F(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
+TEST_P(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
     machine.workspace.launch(app(11, "org.other"));
     for (const ProcessId pid : {21, 22, 23}) {
         FakeApplication instance = app(pid);
@@ -75,14 +99,14 @@ TEST_F(AppQuitterTest, ForcesEveryInstanceAndEscalatesOnlyToSurvivors) {
     machine.processes.start(32, {.executable = "/opt/application/sibling"});
     machine.processes.start(33, {.executable = std::nullopt});
 
-    EXPECT_TRUE(quitter.quitApp(22, true));
+    EXPECT_TRUE(quit(22, true));
     EXPECT_EQ(machine.workspace.forceRequests, (std::vector<ProcessId>{22, 21, 23}));
     EXPECT_EQ(machine.processes.signals, (Signals{{22, SIGKILL}, {31, SIGKILL}}));
-    EXPECT_EQ(slept(), 500ms);
+    EXPECT_EQ(waited(), 500ms);
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{11, 32, 33}));
 }
 
-TEST_F(AppQuitterTest, KillsHelpersOfEveryInstanceEvenIfSomeDieWithTheirParent) {
+TEST_P(AppQuitterTest, KillsHelpersOfEveryInstanceEvenIfSomeDieWithTheirParent) {
     for (const ProcessId pid : {1, 2}) {
         FakeApplication instance = app(pid);
         instance.bundleURL = "/opt/app" + std::to_string(pid) + "/";
@@ -95,11 +119,11 @@ TEST_F(AppQuitterTest, KillsHelpersOfEveryInstanceEvenIfSomeDieWithTheirParent) 
             machine.processes.end(3);
         }
     });
-    EXPECT_TRUE(quitter.quitApp(1, true));
+    EXPECT_TRUE(quit(1, true));
     EXPECT_TRUE(machine.processes.allProcesses().empty());
 }
 
-TEST_F(AppQuitterTest, FindsHelpersByPlainPrefix) {
+TEST_P(AppQuitterTest, FindsHelpersByPlainPrefix) {
     struct Case {
         const char* name;
         std::optional<std::string> bundle;
@@ -123,20 +147,20 @@ TEST_F(AppQuitterTest, FindsHelpersByPlainPrefix) {
         fresh.workspace.launch(application);
         fresh.processes.start(31, {.executable = "/opt/app/helper"});
         fresh.processes.start(32, {.executable = "/opt/app2/sibling"});
-        EXPECT_TRUE(AppQuitter(fresh.platform()).quitApp(1000, true)) << c.name;
+        EXPECT_TRUE(quit(fresh, 1000, true)) << c.name;
         EXPECT_EQ(fresh.processes.serial(31) == 0, c.findsHelper) << c.name;
         EXPECT_EQ(fresh.processes.serial(32) == 0, c.findsSibling) << c.name;
         EXPECT_TRUE(fresh.workspace.identifierLookups.empty()) << c.name;
     }
 }
 
-TEST_F(AppQuitterTest, ReportsAFailedKill) {
+TEST_P(AppQuitterTest, ReportsAFailedKill) {
     FakeApplication stubborn = app(1);
     stubborn.acceptsForce = false;
     stubborn.process.survives = {SIGKILL};
     machine.workspace.launch(stubborn);
-    EXPECT_FALSE(quitter.quitApp(1, true));
-    EXPECT_EQ(slept(), 1500ms) << "half a second before the kill, one after";
+    EXPECT_FALSE(quit(1, true));
+    EXPECT_EQ(waited(), 1500ms) << "half a second before the kill, one after";
     EXPECT_EQ(machine.processes.signals, (Signals{{1, SIGKILL}}));
 
     FakeApplication foreign = app(2, "org.foreign");
@@ -145,12 +169,12 @@ TEST_F(AppQuitterTest, ReportsAFailedKill) {
     foreign.process.isRefused = true;
     machine.workspace.launch(foreign);
     machine.processes.start(3, {.executable = "/opt/foreign/helper"});
-    EXPECT_FALSE(quitter.quitApp(2, true));
-    EXPECT_EQ(slept(), 500ms) << "a refused kill ends the stage at once";
+    EXPECT_FALSE(quit(2, true));
+    EXPECT_EQ(waited(), 500ms) << "a refused kill ends the stage at once";
     EXPECT_NE(machine.processes.serial(3), 0U) << "the rest get no signal";
 }
 
-TEST_F(AppQuitterTest, NeverTouchesAProcessWithAReusedPid) {
+TEST_P(AppQuitterTest, NeverTouchesAProcessWithAReusedPid) {
     FakeApplication application = app(1);
     application.endsAfterForce = 100ms;
     machine.workspace.launch(application);
@@ -170,15 +194,15 @@ TEST_F(AppQuitterTest, NeverTouchesAProcessWithAReusedPid) {
             machine.processes.start(pid, {.executable = "/usr/bin/innocent"});
         }
     };
-    EXPECT_FALSE(quitter.quitApp(4, false));
+    EXPECT_FALSE(quit(4, false));
     EXPECT_TRUE(machine.workspace.terminateRequests.empty());
-    EXPECT_TRUE(quitter.quitApp(1, true));
-    EXPECT_EQ(slept(), 450ms) << "no kill for processes that end in time";
+    EXPECT_TRUE(quit(1, true));
+    EXPECT_EQ(waited(), 450ms) << "no kill for processes that end in time";
     EXPECT_TRUE(machine.processes.signals.empty());
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{1, 2, 4, 5}));
 }
 
-TEST_F(AppQuitterTest, AsksCandidatesButSignalsNoneOfThemNorTheirHelpers) {
+TEST_P(AppQuitterTest, AsksCandidatesButSignalsNoneOfThemNorTheirHelpers) {
     FakeApplication twins = app(2);
     twins.candidates = {2, 3};
     twins.endsAfterTerminate = 320ms;
@@ -193,13 +217,13 @@ TEST_F(AppQuitterTest, AsksCandidatesButSignalsNoneOfThemNorTheirHelpers) {
     EXPECT_EQ(quitter.quitApps(ticked, true), PidSet{4}) << "an instance of its own";
     EXPECT_EQ(machine.workspace.forceRequests, std::vector<ProcessId>{4});
     EXPECT_EQ(machine.processes.signals, (Signals{{4, SIGKILL}}));
-    EXPECT_EQ(slept(), 500ms);
-    EXPECT_TRUE(quitter.quitApp(2, false)) << "gone with its windows";
-    EXPECT_EQ(slept(), 350ms);
+    EXPECT_EQ(waited(), 500ms);
+    EXPECT_TRUE(quit(2, false)) << "gone with its windows";
+    EXPECT_EQ(waited(), 350ms);
     EXPECT_EQ(machine.processes.allProcesses(), (std::vector<ProcessId>{1, 2, 3}));
 }
 
-TEST_F(AppQuitterTest, QuitsTickedRecordsInSequence) {
+TEST_P(AppQuitterTest, QuitsTickedRecordsInSequence) {
     for (const ProcessId pid : {1, 2, 3, 4}) {
         FakeApplication application = app(pid, "org.app" + std::to_string(pid));
         application.endsAfterTerminate = pid == 2 ? never : std::optional(40ms);
@@ -209,26 +233,26 @@ TEST_F(AppQuitterTest, QuitsTickedRecordsInSequence) {
         {.pid = 1}, {.pid = 2}, {.pid = 9}, {.pid = 3, .isSelected = false}, {.pid = 4}};
     EXPECT_EQ(quitter.quitApps(records, false), (PidSet{1, 4}));
     EXPECT_EQ(machine.workspace.terminateRequests, (std::vector<ProcessId>{1, 2, 4}));
-    EXPECT_EQ(slept(), 50ms + 1500ms + 50ms);
+    EXPECT_EQ(waited(), 50ms + 1500ms + 50ms);
     EXPECT_EQ(quitter.quitApps(records, true), (PidSet{2}));
 }
 
-TEST_F(AppQuitterTest, MeasuresWaitsByTheMonotonicClock) {
+TEST_P(AppQuitterTest, MeasuresWaitsByTheMonotonicClock) {
     machine.processes.start(1);
     EXPECT_TRUE(quitter.waitForExit({}, 0ms));
     EXPECT_TRUE(quitter.waitForExit({2, 0, -1}, 0ms)) << "ids below 1 name no process";
     EXPECT_FALSE(quitter.waitForExit({1}, 0ms));
-    EXPECT_EQ(slept(), 0ms);
+    EXPECT_EQ(waited(), 0ms);
     EXPECT_EQ(machine.processes.probed, (PidSet{1, 2}));
 
     machine.clock.after(60ms, [this] { machine.clock.wall -= 24h; });
     EXPECT_FALSE(quitter.waitForExit({1}, 500ms));
-    EXPECT_EQ(slept(), 500ms);
+    EXPECT_EQ(waited(), 500ms);
 
     AppQuitterOperations slow = platformOperations(machine.platform());
     slow.sleep = [this](std::chrono::microseconds) { machine.clock.sleep(400ms); };
     EXPECT_FALSE(AppQuitter(slow, machine.clock).waitForExit({1}, 500ms));
-    EXPECT_EQ(slept(), 800ms) << "pauses that take longer are not repeated ten times";
+    EXPECT_EQ(waited(), 800ms) << "pauses that take longer are not repeated ten times";
 }
 
 } // namespace
