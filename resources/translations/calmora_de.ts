@@ -3,6 +3,56 @@
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
     <name>Calmora</name>
+    <message>
+        <source>%@ freed</source>
+        <translation>%@ frei geworden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>%lld beendet</numerusform>
+            <numerusform>%lld beendet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>%lld beendet, %lld übrig</numerusform>
+            <numerusform>%lld beendet, %lld übrig</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Asks to save</source>
+        <translation>Fragt wegen Sichern</translation>
+    </message>
+    <message>
+        <source>Came back by itself</source>
+        <translation>Von selbst neu gestartet</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>Antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>Nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>Quitting…</source>
+        <translation>Wird beendet …</translation>
+    </message>
+    <message>
+        <source>Shows its window</source>
+        <translation>Zeigt das Fenster</translation>
+    </message>
+    <message>
+        <source>Some stayed. Calmora can quit all at once and say in the list what stays and why.</source>
+        <translation>Einige sind geblieben. Calmora kann alle gleichzeitig beenden und in der Liste sagen, was bleibt und warum.</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Einschalten</translation>
+    </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>

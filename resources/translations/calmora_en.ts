@@ -5,6 +5,20 @@
 <context>
     <name>Calmora</name>
     <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>%lld quit</numerusform>
+            <numerusform>%lld quit</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>%lld quit, %lld left</numerusform>
+            <numerusform>%lld quit, %lld left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>
             <numerusform>%lld app running</numerusform>

@@ -3,6 +3,56 @@
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
     <name>Calmora</name>
+    <message>
+        <source>%@ freed</source>
+        <translation>%@ liberados</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>%lld cerrada</numerusform>
+            <numerusform>%lld cerradas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>%lld cerrada, quedan %lld</numerusform>
+            <numerusform>%lld cerradas, quedan %lld</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Asks to save</source>
+        <translation>Pregunta si guardar</translation>
+    </message>
+    <message>
+        <source>Came back by itself</source>
+        <translation>Se reabrió sola</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>No responde</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>No permitido</translation>
+    </message>
+    <message>
+        <source>Quitting…</source>
+        <translation>Cerrando…</translation>
+    </message>
+    <message>
+        <source>Shows its window</source>
+        <translation>Muestra su ventana</translation>
+    </message>
+    <message>
+        <source>Some stayed. Calmora can quit all at once and say in the list what stays and why.</source>
+        <translation>Algunas siguen abiertas. Calmora puede cerrarlas todas a la vez y decir en la lista cuáles quedan y por qué.</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Activar</translation>
+    </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>

@@ -3,6 +3,56 @@
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
     <name>Calmora</name>
+    <message>
+        <source>%@ freed</source>
+        <translation>%@ libérés</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>%lld fermée</numerusform>
+            <numerusform>%lld fermées</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>%lld fermée, reste %lld</numerusform>
+            <numerusform>%lld fermées, reste %lld</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Asks to save</source>
+        <translation>Demande d’enregistrer</translation>
+    </message>
+    <message>
+        <source>Came back by itself</source>
+        <translation>S’est relancée seule</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>Ne répond pas</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>Non autorisé</translation>
+    </message>
+    <message>
+        <source>Quitting…</source>
+        <translation>Fermeture…</translation>
+    </message>
+    <message>
+        <source>Shows its window</source>
+        <translation>Affiche sa fenêtre</translation>
+    </message>
+    <message>
+        <source>Some stayed. Calmora can quit all at once and say in the list what stays and why.</source>
+        <translation>Certaines sont restées. Calmora peut tout fermer en même temps et dire dans la liste ce qui reste et pourquoi.</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>Activer</translation>
+    </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>

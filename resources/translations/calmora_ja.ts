@@ -3,6 +3,54 @@
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
     <name>Calmora</name>
+    <message>
+        <source>%@ freed</source>
+        <translation>%@ を解放</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>%lld 個を終了</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>%lld 個を終了、残り %lld 個</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Asks to save</source>
+        <translation>保存を確認中</translation>
+    </message>
+    <message>
+        <source>Came back by itself</source>
+        <translation>自動で再起動</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>応答なし</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>権限なし</translation>
+    </message>
+    <message>
+        <source>Quitting…</source>
+        <translation>終了中…</translation>
+    </message>
+    <message>
+        <source>Shows its window</source>
+        <translation>ウィンドウを表示</translation>
+    </message>
+    <message>
+        <source>Some stayed. Calmora can quit all at once and say in the list what stays and why.</source>
+        <translation>終了しなかったアプリがあります。すべてを同時に終了し、残ったアプリとその理由を一覧に表示できます。</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>オンにする</translation>
+    </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>

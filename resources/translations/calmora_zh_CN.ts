@@ -3,6 +3,54 @@
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
     <name>Calmora</name>
+    <message>
+        <source>%@ freed</source>
+        <translation>释放 %@</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit</source>
+        <translation>
+            <numerusform>已退出 %lld 个</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld quit, %lld left</source>
+        <translation>
+            <numerusform>已退出 %lld 个，剩余 %lld 个</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Asks to save</source>
+        <translation>询问是否保存</translation>
+    </message>
+    <message>
+        <source>Came back by itself</source>
+        <translation>自行重新启动</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>没有响应</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>不允许</translation>
+    </message>
+    <message>
+        <source>Quitting…</source>
+        <translation>正在退出…</translation>
+    </message>
+    <message>
+        <source>Shows its window</source>
+        <translation>显示其窗口</translation>
+    </message>
+    <message>
+        <source>Some stayed. Calmora can quit all at once and say in the list what stays and why.</source>
+        <translation>有些应用没有退出。Calmora 可以同时退出所有应用，并在列表中说明哪些仍在运行及其原因。</translation>
+    </message>
+    <message>
+        <source>Switch on</source>
+        <translation>打开</translation>
+    </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
         <translation>

@@ -22,13 +22,17 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
                          KeyboardShortcuts& shortcuts, UserNotifications& notifications,
                          InputGate& input, UseSources& uses, AwayTime& away)
     : settings_(defaults), extras_(defaults), reopenList_(platform.workspace, launcher),
-      updaterController_(std::move(updater)), hotKeyManager_(shortcuts), toolkit_(toolkit),
-      platform_(platform), notifications_(notifications), input_(input), uses_(uses), away_(away) {}
+      updaterController_(std::move(updater)), together_(platform), hotKeyManager_(shortcuts),
+      toolkit_(toolkit), platform_(platform), notifications_(notifications), input_(input),
+      uses_(uses), away_(away) {
+    quitFinishes_ =
+        together_.onFinished([this](const std::vector<AppInfo>& ended) { remember(ended); });
+}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
-    popover_ = toolkit_.makePopover(settings_, extras_);
+    popover_ = toolkit_.makePopover(settings_, extras_, together_);
     popover_->setContentSize(popoverSize);
 
     statusItem_ = toolkit_.makeStatusItem();
@@ -65,8 +69,8 @@ void AppDelegate::wireShortcuts() {
             togglePopover();
         }
     };
-    hotKeyManager_.onQuitAll = [this] { quitAll(/*force=*/false); };
-    hotKeyManager_.onForceQuitAll = [this] { quitAll(/*force=*/true); };
+    hotKeyManager_.onQuitAll = [this] { quitAllByShortcut(/*force=*/false); };
+    hotKeyManager_.onForceQuitAll = [this] { quitAllByShortcut(/*force=*/true); };
     hotKeyManager_.registerShortcuts();
 }
 
@@ -89,6 +93,20 @@ QuitOutcome AppDelegate::quitAll(bool force) {
 void AppDelegate::remember(const std::vector<AppInfo>& ended) {
     if (extras_.quitsTogether()) {
         reopenList_.remember(ended);
+    }
+}
+
+void AppDelegate::quitAllByShortcut(bool force) {
+    if (!extras_.quitsTogether()) {
+        quitAll(force);
+        return;
+    }
+    AppListViewModel applications(settings_, platform_, &together_);
+    applications.refresh();
+    const std::size_t ticked = applications.selectedCount(force);
+    if (!force ||
+        (ticked > 0 && confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
+        applications.beginQuitSelected(force);
     }
 }
 
@@ -173,7 +191,11 @@ StatusMenuItem AppDelegate::reopenItem() {
                     : fillPlaceholders(strings.text("Reopen %lld Applications", count), {count}),
             .keyEquivalent = "",
             .isEnabled = !names.empty(),
-            .action = [this] { reopenList_.reopen(); }};
+            .action = [this] {
+                // None of them will have come back by itself.
+                together_.forget();
+                reopenList_.reopen();
+            }};
 }
 
 } // namespace calmora

@@ -4,6 +4,7 @@
 #include "app/AppToolkit.h"
 #include "app/HotKeyManager.h"
 #include "model/AppInfo.h"
+#include "model/QuitTogether.h"
 #include "model/ReopenList.h"
 #include "platform/Geometry.h"
 #include "platform/Platform.h"
@@ -70,6 +71,10 @@ class AppDelegate {
     /// the applications may end.
     QuitOutcome quitAll(bool force);
 
+    /// The same as a global shortcut does it: where the preferences say so, it does not wait until
+    /// the applications end.
+    void quitAllByShortcut(bool force);
+
     /// The rows of the popover, from top to bottom. CPU use is that since the last call.
     [[nodiscard]] std::vector<AppInfo> rows();
 
@@ -109,8 +114,10 @@ class AppDelegate {
     ExtraSettings extras_;
     ReopenList reopenList_;
     std::unique_ptr<Updater> updaterController_;
+    QuitTogether together_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
+    Subscription quitFinishes_;
     Subscription popoverShows_;
     Subscription popoverCloses_;
     HotKeyManager hotKeyManager_;

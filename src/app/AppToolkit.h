@@ -8,6 +8,7 @@ namespace calmora {
 class AppSettings;
 class ExtraSettings;
 class Popover;
+class QuitTogether;
 class StatusItem;
 
 /// What the application delegate needs of the toolkit.
@@ -16,8 +17,8 @@ class AppToolkit {
     virtual ~AppToolkit() = default;
 
     /// The popover with the application list in it.
-    [[nodiscard]] virtual std::unique_ptr<Popover> makePopover(AppSettings& settings,
-                                                               ExtraSettings& extras) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Popover>
+    makePopover(AppSettings& settings, ExtraSettings& extras, QuitTogether& together) = 0;
 
     /// A status item without picture, action and menu yet.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;

@@ -52,7 +52,8 @@ class ListContent final : public QWidget {
   public:
     ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings,
                 std::function<void(const std::vector<AppInfo>&)> onQuit)
-        : viewModel_(settings, surroundings.platform), quits_(viewModel_.onQuit(std::move(onQuit))),
+        : viewModel_(settings, surroundings.platform, surroundings.together),
+          quits_(viewModel_.onQuit(std::move(onQuit))),
           view_(settings, viewModel_, std::move(surroundings), this) {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -165,7 +166,8 @@ int CalmoraApp::run(const CommandLine& first) {
     return QApplication::exec();
 }
 
-std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSettings& /*extras*/) {
+std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSettings& extras,
+                                                 QuitTogether& together) {
     auto popover = std::make_unique<QtPopover>(backend_->transientWindows(), alertSession_);
     auto list = std::make_unique<ListContent>(
         settings,
@@ -180,7 +182,9 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSet
                                                ? &delegate_.reopenList()
                                                : nullptr;
                                 },
-                                .extension = extension_.get()},
+                                .extension = extension_.get(),
+                                .extras = &extras,
+                                .together = &together},
         [this](const std::vector<AppInfo>& ended) { delegate_.remember(ended); });
     popover->setContent(std::move(list));
     return popover;

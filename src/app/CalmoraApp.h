@@ -52,7 +52,8 @@ class CalmoraApp final : private AppToolkit {
     int run(const CommandLine& first);
 
   private:
-    std::unique_ptr<Popover> makePopover(AppSettings& settings, ExtraSettings& extras) override;
+    std::unique_ptr<Popover> makePopover(AppSettings& settings, ExtraSettings& extras,
+                                         QuitTogether& together) override;
     std::unique_ptr<StatusItem> makeStatusItem() override;
     [[nodiscard]] std::unique_ptr<Updater> makeUpdater();
     void orderFrontAboutPanel() override;

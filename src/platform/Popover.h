@@ -24,6 +24,9 @@ class Popover {
     /// panel, and gives it the keyboard focus.
     virtual void show(std::optional<Rect> anchor) = 0;
 
+    /// While `holds` returns true, another window may get the focus without closing it.
+    virtual void stayOpenWhile(std::function<bool()> holds) = 0;
+
     /// Closes it; does nothing while it is closed.
     virtual void performClose() = 0;
 

@@ -3,8 +3,10 @@
 
 #include "autoquit/catalogue/KnownApps.h"
 #include "autoquit/catalogue/LinuxAnnex.h"
+#include "model/QuitTogether.h"
 #include "platform/RunLoop.h"
 #include "platform/Text.h"
+#include "platform/Workspace.h"
 #include "settings/AppSettings.h"
 #include "settings/NeverQuitList.h"
 
@@ -36,9 +38,26 @@ std::vector<AppInfo> sortedCopy(std::vector<const AppInfo*> chosen, Precedes pre
 
 } // namespace
 
-AppListViewModel::AppListViewModel(AppSettings& settings, Platform platform)
-    : settings_(settings), platform_(platform), processMonitor_(platform), appQuitter_(platform),
-      resourceMonitor_(platform), soundPlayer_(platform) {}
+AppListViewModel::AppListViewModel(AppSettings& settings, Platform platform, QuitTogether* together)
+    : settings_(settings), platform_(platform), together_(together), processMonitor_(platform),
+      appQuitter_(platform), resourceMonitor_(platform), soundPlayer_(platform) {
+    if (together_) {
+        quitChanges_ = together_->onChanged([this] {
+            markQuitStates();
+            written({{Property::apps}, {Property::backgroundApps}});
+        });
+        quitEnds_ =
+            together_->onGone([this](const std::vector<AppInfo>& gone) { removeMeanwhile(gone); });
+        quitFinishes_ = together_->onFinished([this](const std::vector<AppInfo>& ended) {
+            if (!ended.empty() && settings_.playSounds()) {
+                soundPlayer_.playQuitSound();
+            }
+            if (pollingTimer_) {
+                refresh(); // What was kept in the list may have stayed without a window.
+            }
+        });
+    }
+}
 
 Subscription AppListViewModel::observe(std::function<void(const AppListChange&)> handler) {
     return changed_.connect(std::move(handler));
@@ -112,9 +131,25 @@ std::vector<AppInfo> AppListViewModel::filteredBackgroundApps() const {
 }
 
 void AppListViewModel::refresh() {
+    // Who is told may destroy the model.
+    const std::weak_ptr alive = alive_;
+    if (together_) {
+        together_->check(); // What has ended leaves as such.
+    }
+    if (alive.expired()) {
+        return;
+    }
     const ApplicationSnapshot running = platform_.workspace.runningApplications();
     std::vector<AppInfo> listed =
         processMonitor_.getRunningApps(running, settings_.includeFinderWindows());
+    std::vector<AppInfo> keptRows;
+    if (together_) {
+        together_->lookAgain(running);
+        if (alive.expired()) {
+            return;
+        }
+        keptRows = keepQuitting(listed);
+    }
 
     std::unordered_map<ProcessId, const AppInfo*> known;
     known.reserve(apps_.size());
@@ -142,12 +177,14 @@ void AppListViewModel::refresh() {
     apps_ = std::move(listed);
     const std::size_t marks = markProtected();
 
-    std::vector<AppInfo> background = processMonitor_.getBackgroundApps(running);
-    if (settings_.groupBackgroundInstances()) {
-        background = processMonitor_.groupBackgroundApps(std::move(background));
-    }
-    backgroundApps_ = std::move(background);
+    backgroundApps_ = backgroundOf(running, keptRows);
+    markQuitStates();
 
+    retainSnapshots();
+    written({{Property::apps, 1 + marks}, {Property::backgroundApps}});
+}
+
+void AppListViewModel::retainSnapshots() {
     ResourceMonitor::Snapshots kept;
     for (const std::vector<AppInfo>* list : {&apps_, &backgroundApps_}) {
         for (const AppInfo& app : *list) {
@@ -160,10 +197,27 @@ void AppListViewModel::refresh() {
         }
     }
     resourceMonitor_.setSnapshots(std::move(kept));
-    written({{Property::apps, 1 + marks}, {Property::backgroundApps}});
+}
+
+std::vector<AppInfo> AppListViewModel::backgroundOf(const ApplicationSnapshot& running,
+                                                    const std::vector<AppInfo>& without) const {
+    std::vector<AppInfo> background = processMonitor_.getBackgroundApps(running);
+    for (const AppInfo& app : without) {
+        std::erase_if(background, [&](const AppInfo& other) { return other.pid == app.pid; });
+    }
+    return settings_.groupBackgroundInstances()
+               ? processMonitor_.groupBackgroundApps(std::move(background))
+               : background;
 }
 
 void AppListViewModel::updateResourceUsage() {
+    if (together_ && together_->hasReasons()) {
+        const std::weak_ptr alive = alive_;
+        together_->lookAgain(platform_.workspace.runningApplications());
+        if (alive.expired()) {
+            return;
+        }
+    }
     written({{Property::apps, sampleUsage()}});
 }
 
@@ -285,14 +339,86 @@ bool AppListViewModel::quitApp(ProcessId pid, bool force) {
     return true;
 }
 
-std::size_t AppListViewModel::quitSelected(bool force) {
+std::vector<AppInfo> AppListViewModel::ticked() const {
     std::vector<AppInfo> ticked;
     std::ranges::copy_if(apps_, std::back_inserter(ticked), &AppInfo::isSelected);
-    const std::set<ProcessId> gone = appQuitter_.quitApps(ticked, force);
+    return ticked;
+}
+
+std::size_t AppListViewModel::quitSelected(bool force) {
+    const std::set<ProcessId> gone = appQuitter_.quitApps(ticked(), force);
     if (!gone.empty()) {
         removeQuit({gone.begin(), gone.end()});
     }
     return gone.size();
+}
+
+void AppListViewModel::beginQuit(ProcessId pid, bool force) {
+    if (const auto app = findAnywhere(pid)) {
+        together_->begin({*app}, force);
+    }
+}
+
+void AppListViewModel::beginQuitSelected(bool force) {
+    std::vector<AppInfo> apps = ticked();
+    std::erase_if(apps, [force](const AppInfo& app) { return force && !app.canBeForced; });
+    together_->begin(apps, force);
+}
+
+bool AppListViewModel::show(ProcessId pid) {
+    const auto app = platform_.workspace.runningApplication(pid);
+    return app && app->activate();
+}
+
+std::optional<AppInfo> AppListViewModel::findAnywhere(ProcessId pid) const {
+    std::optional<AppInfo> result;
+    const auto look = [&](const AppInfo& app) {
+        if (app.pid == pid && !app.childProcesses) {
+            result = app;
+        }
+    };
+    std::ranges::for_each(apps_, look);
+    for (const AppInfo& app : backgroundApps_) {
+        look(app);
+        std::ranges::for_each(app.childProcesses.value_or(std::vector<AppInfo>{}), look);
+    }
+    return result;
+}
+
+std::vector<AppInfo> AppListViewModel::keepQuitting(std::vector<AppInfo>& listed) const {
+    std::vector<AppInfo> kept;
+    for (const AppInfo& before : apps_) {
+        const bool isListed = std::ranges::find(listed, before.pid, &AppInfo::pid) != listed.end();
+        if (!isListed && together_->state(before.pid) == QuitState::quitting) {
+            const auto next = std::ranges::find_if(
+                listed, [&](const AppInfo& app) { return precedesByName(before, app); });
+            listed.insert(next, before);
+            kept.push_back(before);
+        }
+    }
+    return kept;
+}
+
+void AppListViewModel::markQuitStates() {
+    if (!together_) {
+        return;
+    }
+    const auto mark = [this](AppInfo& app) { app.quitState = together_->state(app.pid); };
+    std::ranges::for_each(apps_, mark);
+    for (AppInfo& app : backgroundApps_) {
+        if (app.childProcesses) {
+            std::ranges::for_each(*app.childProcesses, mark);
+        } else {
+            mark(app);
+        }
+    }
+}
+
+void AppListViewModel::removeMeanwhile(const std::vector<AppInfo>& gone) {
+    std::erase_if(apps_, [&](const AppInfo& app) {
+        return std::ranges::find(gone, app.pid, &AppInfo::pid) != gone.end();
+    });
+    changed_.emit({Property::apps, AppListChange::Reason::removedMeanwhile});
 }
 
 void AppListViewModel::written(std::initializer_list<Writes> all) {

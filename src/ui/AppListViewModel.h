@@ -8,6 +8,7 @@
 #include "model/SoundPlayer.h"
 #include "platform/Platform.h"
 #include "platform/ProcessId.h"
+#include "platform/Workspace.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
@@ -16,6 +17,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -24,6 +26,7 @@
 namespace calmora {
 
 class AppSettings;
+class QuitTogether;
 
 /// One write of an observable property of AppListViewModel.
 struct AppListChange {
@@ -34,6 +37,8 @@ struct AppListChange {
         ordinary,
         /// Entries left because they were quit: see AppListViewModel::removalAnimation.
         removedAfterQuit,
+        /// The same while the run loop runs, so that the user may be about to click.
+        removedMeanwhile,
     };
 
     Property property = Property::apps;
@@ -68,9 +73,9 @@ class AppListViewModel {
     /// How long the removal of quit entries is animated, easing in and out.
     static constexpr std::chrono::milliseconds removalAnimation{250};
 
-    /// An empty list. Both arguments must outlive the model; the tools that act on the machine
-    /// are the model's own.
-    AppListViewModel(AppSettings& settings, Platform platform);
+    /// An empty list. The arguments must outlive the model; the tools that act on the machine are
+    /// the model's own, but for `together`, which beginQuit() needs.
+    AppListViewModel(AppSettings& settings, Platform platform, QuitTogether* together = nullptr);
 
     /// Calls `handler` after each write of an observable property until the token ends: every
     /// field of an entry of apps() is a write of its own, so a view marks itself dirty and
@@ -149,6 +154,21 @@ class AppListViewModel {
     /// Blocks while the quit engine waits.
     std::size_t quitSelected(bool force);
 
+    /// Begins to quit one application, listed or a member of a group, as quitApp() would, without
+    /// blocking. It and what is quit with it leave the list as they end; refresh() keeps their rows
+    /// till then, and AppInfo::quitState says how far they are and why they have stayed.
+    void beginQuit(ProcessId pid, bool force);
+
+    /// Begins to quit the ticked entries of apps(), likewise.
+    void beginQuitSelected(bool force);
+
+    /// Brings the question of an application to the front, or a window of it. False where that is
+    /// not possible.
+    bool show(ProcessId pid);
+
+    /// The ticked entries of apps(), which quitSelected() would quit.
+    [[nodiscard]] std::vector<AppInfo> ticked() const;
+
     /// The sampler's counters, by process id.
     [[nodiscard]] const ResourceMonitor::Snapshots& snapshots() const {
         return resourceMonitor_.snapshots();
@@ -165,6 +185,8 @@ class AppListViewModel {
     /// Tells the observers, once per field, after a pass has written them all: nobody sees a list
     /// that is half written, and an observer may change it, or destroy the model: call last.
     void written(std::initializer_list<Writes> all);
+    /// Lets the sampler forget what is not listed.
+    void retainSnapshots();
     /// The number of fields that were written.
     std::size_t sampleUsage();
     std::size_t markProtected();
@@ -179,9 +201,19 @@ class AppListViewModel {
     [[nodiscard]] std::vector<AppInfo>
     recordsOf(const std::unordered_set<ProcessId>& processes) const;
     void removeQuit(const std::unordered_set<ProcessId>& gone);
+    /// Takes out of apps() what beginQuit() has ended.
+    void removeMeanwhile(const std::vector<AppInfo>& gone);
+    /// Adds the entries of apps() that are being quit and have no window any more; gives these.
+    [[nodiscard]] std::vector<AppInfo> keepQuitting(std::vector<AppInfo>& listed) const;
+    [[nodiscard]] std::vector<AppInfo> backgroundOf(const ApplicationSnapshot& running,
+                                                    const std::vector<AppInfo>& without) const;
+    /// Writes AppInfo::quitState everywhere.
+    void markQuitStates();
+    [[nodiscard]] std::optional<AppInfo> findAnywhere(ProcessId pid) const;
 
     AppSettings& settings_;
     Platform platform_;
+    QuitTogether* together_;
     ProcessMonitor processMonitor_;
     AppQuitter appQuitter_;
     ResourceMonitor resourceMonitor_;
@@ -191,6 +223,9 @@ class AppListViewModel {
     std::vector<AppInfo> backgroundApps_;
     std::string searchText_;
     Subscription pollingTimer_;
+    Subscription quitChanges_;
+    Subscription quitEnds_;
+    Subscription quitFinishes_;
     Signal<const AppListChange&> changed_;
     Signal<const std::vector<AppInfo>&> quit_;
     /// Expires with the model.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/AppRowView.h"
 
+#include "ui/QuitTexts.h"
+#include "ui/ReasonButton.h"
 #include "ui/RowLayout.h"
 #include "widgets/DisplayText.h"
 #include "widgets/Pictures.h"
@@ -60,9 +62,11 @@ QString spoken(QString percent) {
 } // namespace
 
 AppRowView::AppRowView(QWidget* parent)
-    : StackRow(parent), check_(new CheckBox(this)), quit_(new SymbolButton(this)) {
+    : StackRow(parent), check_(new CheckBox(this)), reason_(new ReasonButton(this)),
+      quit_(new SymbolButton(this)) {
     setObjectName("appRow");
     check_->setObjectName("tick");
+    reason_->installEventFilter(this);
     quit_->setObjectName("quit");
     hoverFade_.setDuration(hoverMilliseconds);
     hoverFade_.setEasingCurve(QEasingCurve::InOutQuad);
@@ -75,6 +79,11 @@ AppRowView::AppRowView(QWidget* parent)
     connect(check_, &QAbstractButton::clicked, this, [this] {
         if (const auto toggle = row_.onToggle) {
             toggle();
+        }
+    });
+    connect(reason_, &QAbstractButton::clicked, this, [this] {
+        if (const auto show = row_.onShow) {
+            show();
         }
     });
     connect(quit_, &QAbstractButton::clicked, this, [this] {
@@ -96,6 +105,7 @@ void AppRowView::setRow(AppRow row) {
     const QString name = displayName(row_.app.name);
     const bool isOther = old.app.pid != row_.app.pid || name != name_ ||
                          old.isWhitelisted != row_.isWhitelisted ||
+                         old.app.quitState != row_.app.quitState ||
                          old.app.isBackgroundApp != row_.app.isBackgroundApp ||
                          old.resourceDisplay != row_.resourceDisplay;
     if (old.app.pid != row_.app.pid) {
@@ -142,7 +152,7 @@ void AppRowView::showState() {
     quit_->setSymbol(row_.isForceQuit ? "xmark.circle.fill" : "power.circle", quitPoints,
                      row_.isForceQuit ? ThemeColor::red : ThemeColor::secondary);
     const bool isRefused = row_.isForceQuit && !row_.app.canBeForced;
-    quit_->setEnabled(!isRefused);
+    quit_->setEnabled(!isRefused && row_.app.quitState != QuitState::quitting);
     const QString action = isRefused ? uiText("This desktop does not tell which process has which "
                                               "of these windows, so none can be forced to quit.")
                                      : uiText(row_.isForceQuit ? "Force Quit" : "Quit");
@@ -157,6 +167,8 @@ void AppRowView::showState() {
     QStringList details;
     if (row_.isWhitelisted) {
         details << uiText("Protected");
+    } else if (row_.app.quitState != QuitState::none) {
+        details << quitText(row_.app.quitState);
     } else {
         if (showsCPU(row_.resourceDisplay)) {
             details << uiText("CPU %@", spoken(cpuText(row_.app.cpuUsage)));
@@ -166,6 +178,7 @@ void AppRowView::showState() {
         }
     }
     say(*this, (QStringList(name_) + details).join(", "));
+    reason_->setReason(row_.isWhitelisted ? QuitState::none : row_.app.quitState, name_);
     check_->setOpacity(opacity());
     quit_->setOpacity(opacity());
 }
@@ -183,6 +196,15 @@ std::vector<AppRowView::Figure> AppRowView::figures() const {
     const int symbolWidth = Theme::symbolSide(figureSymbolPoints) + figureGap;
     const int leftmost = nameStart() + leastNameWidth(name_) + rowSpacing;
     int right = width() - metrics::inset - Theme::symbolSide(quitPoints) - rowSpacing;
+    if (row_.app.quitState == QuitState::quitting) {
+        const QString text = metrics.elidedText(quitText(row_.app.quitState), Qt::ElideRight,
+                                                std::max(0, right - leftmost));
+        const int wide = metrics.horizontalAdvance(text);
+        figures.push_back({{}, text, mirrored(QRect(right - wide, 0, wide, height()))});
+    }
+    if (row_.app.quitState != QuitState::none) {
+        return figures;
+    }
     const auto add = [&](const char* symbol, const QString& text, const QString& usual) {
         const int wide = symbolWidth + columnWidth(metrics, text, usual);
         if (right - wide < leftmost) {
@@ -230,6 +252,13 @@ void AppRowView::arrange() {
         right -= quitSide;
         for (const Figure& figure : figures_) {
             right -= rowSpacing + figure.bounds.width();
+        }
+        if (reason_->hasReason()) {
+            right -= rowSpacing;
+            const int high = reason_->sizeHint().height();
+            const int wide = reason_->widthFor(right - rowSpacing - left - leastNameWidth(name_));
+            right -= wide;
+            reason_->setGeometry(mirrored(QRect(right, (all.height() - high) / 2, wide, high)));
         }
     }
     const QRect nameBounds(left, 0, std::max(0, right - rowSpacing - left), all.height());
@@ -290,11 +319,14 @@ void AppRowView::paintEvent(QPaintEvent* event) {
         if (!region.intersects(figure.bounds)) {
             continue;
         }
-        QRect symbol = figure.bounds;
-        symbol.setWidth(symbolSide);
-        drawSymbol(painter, QStyle::visualRect(layoutDirection(), figure.bounds, symbol),
-                   figure.symbol, symbolSide, theme.color(ThemeColor::tertiary));
-        painter.setPen(theme.color(ThemeColor::secondary));
+        if (!figure.symbol.isEmpty()) {
+            QRect symbol = figure.bounds;
+            symbol.setWidth(symbolSide);
+            drawSymbol(painter, QStyle::visualRect(layoutDirection(), figure.bounds, symbol),
+                       figure.symbol, symbolSide, theme.color(ThemeColor::tertiary));
+        }
+        painter.setPen(
+            theme.color(figure.symbol.isEmpty() ? ThemeColor::tertiary : ThemeColor::secondary));
         painter.setFont(Theme::font(TextStyle::caption));
         drawLine(painter, figure.bounds, figure.text, LineEnd::trailing, layoutDirection());
     }
@@ -419,7 +451,7 @@ std::optional<RowFocus> AppRowView::focused() const {
     if (quit_->hasFocus()) {
         return RowFocus{0, RowColumn::quit};
     }
-    if (check_->hasFocus() || hasFocus()) {
+    if (check_->hasFocus() || reason_->hasFocus() || hasFocus()) {
         return RowFocus{0, RowColumn::check};
     }
     return {};
@@ -436,6 +468,9 @@ std::vector<QWidget*> AppRowView::tabStops(int) {
     std::vector<QWidget*> stops;
     if (check_->isEnabled()) {
         stops.push_back(check_);
+    }
+    if (reason_->hasReason()) {
+        stops.push_back(reason_);
     }
     if (!row_.isWhitelisted && quit_->isEnabled()) {
         stops.push_back(quit_);

@@ -16,6 +16,8 @@ class QMenu;
 
 namespace calmora {
 
+class ReasonButton;
+
 /// The values that an AppRowView shows, and its callbacks.
 struct AppRow {
     AppInfo app = {};
@@ -35,6 +37,8 @@ struct AppRow {
     std::function<bool()> canQuitAndReopen = nullptr;
     /// That was chosen.
     std::function<void()> onQuitAndReopen = nullptr;
+    /// The reason why the application has stayed was clicked.
+    std::function<void()> onShow = nullptr;
     /// Whether a press on the tick box or the quit button may act now; absent means always.
     std::function<bool()> acceptsPress = nullptr;
 };
@@ -43,7 +47,9 @@ struct AppRow {
 /// values that it is given and reports actions. A background application's box is disabled and
 /// unticked and it has no context menu, since neither would do anything; it can be quit. An
 /// application with several candidates cannot be forced: the quit button's tool tip says why.
-/// Repaints only where something shown has changed.
+/// While it is being quit, or has stayed, that is said in place of the figures; a reason is a
+/// button that is cut where the name needs the space. Repaints only where something shown has
+/// changed.
 class AppRowView final : public StackRow {
   public:
     explicit AppRowView(QWidget* parent = nullptr);
@@ -89,7 +95,7 @@ class AppRowView final : public StackRow {
     void resizeEvent(QResizeEvent*) override { arrange(); }
 
   private:
-    /// One shown figure: a symbol and a text, right-aligned in a column.
+    /// One shown figure: a symbol, or none, and a text, right-aligned in a column.
     struct Figure {
         QString symbol;
         QString text;
@@ -115,6 +121,7 @@ class AppRowView final : public StackRow {
     double presence_ = 1;
 
     CheckBox* check_;
+    ReasonButton* reason_;
     SymbolButton* quit_;
     QVariantAnimation hoverFade_;
 

@@ -232,6 +232,7 @@ void BackgroundGroupRowView::bindMember(StackRow& view, const RowKey& key) {
                                            .onToggle = telling(row_.onToggle),
                                            .onQuit = telling(row_.onQuit),
                                            .onToggleWhitelist = telling(row_.onToggleWhitelist),
+                                           .onShow = telling(row_.onShow),
                                            .acceptsPress = row_.acceptsPress});
 }
 

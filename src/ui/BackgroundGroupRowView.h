@@ -25,6 +25,8 @@ struct BackgroundGroupRow {
     std::function<void(ProcessId)> onQuit = nullptr;
     /// A member's protection item was chosen; may be absent.
     std::function<void(ProcessId)> onToggleWhitelist = nullptr;
+    /// The reason why a member has stayed was clicked.
+    std::function<void(ProcessId)> onShow = nullptr;
     /// Whether a press on a member's controls may act now; absent means always.
     std::function<bool()> acceptsPress = nullptr;
     /// Another member has come under the pointer by itself; may be absent.

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MenuPopoverView.h"
 
+#include "model/QuitTogether.h"
 #include "model/ReopenList.h"
 #include "platform/LocalizedStrings.h"
 #include "platform/Workspace.h"
 #include "settings/AppSettings.h"
-#include "ui/ForceQuitConfirmation.h"
 #include "ui/ListNote.h"
+#include "ui/PopoverFooter.h"
 #include "ui/PopoverList.h"
 #include "ui/QuitAllButton.h"
+#include "ui/QuitTexts.h"
 #include "ui/RowAccessibility.h"
 #include "ui/RowStack.h"
 #include "ui/SearchBox.h"
@@ -20,7 +22,6 @@
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -31,7 +32,6 @@ namespace calmora {
 namespace {
 
 constexpr Points ring = metrics::focusRing;
-constexpr int gearPoints = 14;
 constexpr std::chrono::milliseconds pollingInterval{3000};
 
 bool isTyping(const QKeyEvent& event) {
@@ -72,12 +72,23 @@ MenuPopoverView::MenuPopoverView(AppSettings& settings, AppListViewModel& viewMo
     installRowAccessibility();
     modelChanges_ = viewModel_.observe([this](const AppListChange& change) {
         if (change.reason == AppListChange::Reason::removedAfterQuit) {
-            removedAfterQuit_ = true;
+            removal_ = PopoverList::Removal::afterQuit;
+        } else if (change.reason == AppListChange::Reason::removedMeanwhile) {
+            removal_ = PopoverList::Removal::meanwhile;
         }
         markDirty();
     });
     settingsChanges_ = settings_.observeAny([this] { markDirty(); });
     neverQuitChanges_ = settings_.neverQuitApps.observe([this] { viewModel_.applyWhitelist(); });
+    if (surroundings_.together) {
+        quitFinishes_ = surroundings_.together->onFinished([this](const std::vector<AppInfo>&) {
+            showsResult_ = isVisible();
+            markDirty();
+        });
+        // Its question may take the focus while others are still being quit.
+        surroundings_.popover.stayOpenWhile(
+            [together = surroundings_.together] { return together->isUnderWay(); });
+    }
     willShow_ = surroundings_.popover.onWillShow([this] {
         build();
         listen();
@@ -117,16 +128,18 @@ void MenuPopoverView::build() {
              },
          .quitAndReopen = [this](const AppInfo& app, bool force) { quitAndReopen(app, force); },
          .quitMember = [this](ProcessId pid, bool force) { quitMember(pid, force); },
+         .show = [this](ProcessId pid) { showApp(pid); },
          .groupToggled = [this] { markDirty(); },
          .left = [this] { markDirty(); }},
         surroundings_.platform.clock, this);
     note_ = new ListNote(surroundings_.limitation, surroundings_.extension, this);
-    status_ = new Label({}, TextStyle::caption2, ThemeColor::tertiary, this);
-    status_->setObjectName("status");
-    gear_ = new SymbolButton(this);
-    gear_->setObjectName("openSettings");
-    gear_->setSymbol("gear", gearPoints, ThemeColor::secondary);
-    gear_->setAccessibleName(uiText("Settings"));
+    footer_ = new PopoverFooter(
+        [this] {
+            if (const auto open = surroundings_.openSettings) {
+                open();
+            }
+        },
+        [this] { reopen(); }, this);
 
     arrange();
 
@@ -138,11 +151,6 @@ void MenuPopoverView::build() {
         viewModel_.setSearchText(text.toStdString());
         // Results are shown from the first one.
         list_->scrollToTop();
-    });
-    connect(gear_, &QAbstractButton::clicked, this, [this] {
-        if (const auto open = surroundings_.openSettings) {
-            open();
-        }
     });
 }
 
@@ -168,14 +176,7 @@ void MenuPopoverView::arrange() {
     column->addWidget(list_, 1);
     column->addWidget(new Divider(metrics::inset, this));
     column->addWidget(note_);
-    auto* footer = new QHBoxLayout;
-    footer->setContentsMargins(metrics::inset - ring, Points{8} - ring, metrics::inset - ring,
-                               Points{8} - ring);
-    footer->setSpacing(Points{8});
-    footer->addSpacing(ring);
-    footer->addWidget(status_, 1);
-    footer->addWidget(gear_);
-    column->addLayout(footer);
+    column->addWidget(footer_);
 }
 
 void MenuPopoverView::showEvent(QShowEvent* event) {
@@ -222,13 +223,21 @@ void MenuPopoverView::appear() {
     isScheduled_ = false;
     waitsForRelease_ = false;
     // The first frame shows the present list without motion.
-    removedAfterQuit_ = false;
+    removal_ = PopoverList::Removal::other;
+    showsResult_ = false;
+    offerTogether();
+    if (ReopenList* list = surroundings_.reopenList()) {
+        reopenChanges_ = list->onChanged([this] { markDirty(); });
+    }
     list_->startOver();
     rebuild();
 }
 
 void MenuPopoverView::disappear() {
     viewModel_.stopPolling();
+    if (surroundings_.together) {
+        surroundings_.together->cancel();
+    }
     eventMonitor_.reset();
     launched_.reset();
     terminated_.reset();
@@ -278,7 +287,8 @@ void MenuPopoverView::rebuild() {
         return;
     }
     isDirty_ = false;
-    list_->showList(viewModel_, settings_, isForceQuit_, std::exchange(removedAfterQuit_, false));
+    list_->showList(viewModel_, settings_, isForceQuit_,
+                    std::exchange(removal_, PopoverList::Removal::other));
     showControls();
 }
 
@@ -305,65 +315,23 @@ void MenuPopoverView::showControls() {
                             "Selects %lld applications, %lld of them hidden by the search")
                 : countHint(click.entries, "Deselects %lld applications",
                             "Deselects %lld applications, %lld of them hidden by the search"));
+    const ReopenList* reopening = surroundings_.reopenList();
+    footer_->show(statusText(), reopening && !reopening->isEmpty());
+}
+
+QString MenuPopoverView::statusText() const {
+    if (showsResult_ && !surroundings_.together->isUnderWay()) {
+        if (const auto result = surroundings_.together->result()) {
+            return resultText(*result);
+        }
+    }
+    const auto& apps = viewModel_.apps();
     const auto protectedCount = std::ranges::count_if(apps, &AppInfo::isWhitelisted);
     const auto count = static_cast<qlonglong>(apps.size());
-    const QString status = protectedCount == 0
-                               ? uiCount("apps_running_count %lld", count)
+    return protectedCount == 0 ? uiCount("apps_running_count %lld", count)
                                : QString::fromStdString(fillPlaceholders(
                                      uiCount("%lld apps · %lld protected", count).toStdString(),
                                      {static_cast<std::int64_t>(protectedCount)}));
-    if (status_->text() != status) {
-        status_->setText(status);
-    }
-}
-
-void MenuPopoverView::quitAll(bool force) {
-    const Platform& platform = surroundings_.platform;
-    const QPointer<MenuPopoverView> self(this);
-    if (force &&
-        !confirmForceQuitAll(platform.alerts, platform.strings, viewModel_.selectedCount(force))) {
-        return;
-    }
-    if (self) {
-        viewModel_.quitSelected(force);
-        surroundings_.inputGate.discardQueuedInput();
-    }
-}
-
-bool MenuPopoverView::quitRow(const AppInfo& app, bool force) {
-    const Platform& platform = surroundings_.platform;
-    const ProcessId pid = app.pid;
-    const QPointer<MenuPopoverView> self(this);
-    if (force && !confirmForceQuit(platform.alerts, platform.strings, app.name, app.icon)) {
-        return false;
-    }
-    const bool isGone = self && viewModel_.quitApp(pid, force);
-    if (self) {
-        surroundings_.inputGate.discardQueuedInput();
-    }
-    return isGone;
-}
-
-void MenuPopoverView::quitAndReopen(const AppInfo& app, bool force) {
-    if (ReopenList* list = surroundings_.reopenList()) {
-        // The row may be gone before its application is.
-        list->restart(app, [this, kept = app, force] { return quitRow(kept, force); });
-    }
-}
-
-void MenuPopoverView::quitMember(ProcessId pid, bool force) {
-    AppInfo shown;
-    shown.pid = pid;
-    shown.name = surroundings_.platform.strings.text("this app");
-    // The entry itself comes before its members, so that the first match is kept.
-    std::vector<AppInfo> candidates;
-    for (const AppInfo& entry : viewModel_.filteredBackgroundApps()) {
-        candidates.push_back(entry);
-        const auto members = entry.childProcesses.value_or(std::vector<AppInfo>{});
-        candidates.insert(candidates.end(), members.begin(), members.end());
-    }
-    const auto found = std::ranges::find(candidates, pid, &AppInfo::pid);
-    quitRow(found == candidates.end() ? shown : *found, force);
 }
 
 bool MenuPopoverView::eventFilter(QObject* watched, QEvent* event) {
@@ -382,7 +350,8 @@ bool MenuPopoverView::focusNextPrevChild(bool next) {
     std::vector<QWidget*> stops{quitAll_, selectAll_, &search_->field(), &search_->clearButton()};
     const auto inList = list_->rows().tabStops();
     stops.insert(stops.end(), inList.begin(), inList.end());
-    stops.push_back(gear_);
+    const auto inFooter = footer_->tabStops();
+    stops.insert(stops.end(), inFooter.begin(), inFooter.end());
     std::erase_if(stops, [this](const QWidget* stop) {
         return !stop->isEnabled() || !stop->isVisibleTo(this);
     });

@@ -7,6 +7,7 @@
 #include "platform/Popover.h"
 #include "support/Subscription.h"
 #include "ui/AppListViewModel.h"
+#include "ui/PopoverList.h"
 #include "widgets/Theme.h"
 
 #include <QWidget>
@@ -17,16 +18,16 @@
 namespace calmora {
 
 class AppSettings;
+class ExtraSettings;
 class InputGate;
 class CheckBox;
 class DesktopExtension;
-class Label;
 class ListNote;
-class PopoverList;
+class PopoverFooter;
 class QuitAllButton;
+class QuitTogether;
 class ReopenList;
 class SearchBox;
-class SymbolButton;
 
 /// What the popover's content depends on. The references must outlive the view.
 struct MenuPopoverSurroundings {
@@ -44,12 +45,15 @@ struct MenuPopoverSurroundings {
     std::function<ReopenList*()> reopenList = []() -> ReopenList* { return nullptr; };
     /// Offered where the list needs it; null where the desktop has none.
     DesktopExtension* extension = nullptr;
+    /// Whether quits run beside the loop, by `together`, which the model uses, too; null for never.
+    ExtraSettings* extras = nullptr;
+    QuitTogether* together = nullptr;
 };
 
 /// The content of the popover: Quit All, select-all and search, the list of applications with the
 /// background section, and the footer. While Option is held everything is in force mode. It
 /// appears and disappears with the widget. A quit is made in the mode that its button showed when
-/// it was pressed.
+/// it was pressed. Where quits run beside the loop, closing the popover cancels them.
 /// Keyboard: Tab walks the controls and visits the list once, the arrows move in the list, Space
 /// and Return press, typing starts the search; Escape empties the search, else it is left to the
 /// window, which closes.
@@ -95,10 +99,20 @@ class MenuPopoverView final : public QWidget {
     [[nodiscard]] bool isButtonDown() const;
 
     void quitAll(bool force);
-    /// Whether it is gone.
-    bool quitRow(const AppInfo& app, bool force);
+    void quitRow(const AppInfo& app, bool force);
+    /// Blocks until it is gone, or has stayed: whether it is gone.
+    bool waitForQuit(const AppInfo& app, bool force);
+    void reopen();
     void quitAndReopen(const AppInfo& app, bool force);
     void quitMember(ProcessId pid, bool force);
+    [[nodiscard]] bool quitsTogether() const;
+    /// After a quit that has blocked; `hasLeft` tells whether anything is left.
+    void finishQuit(bool hasLeft);
+    void offerTogether();
+    /// Brings a window of an application to the front in place of the popover.
+    void showApp(ProcessId pid);
+    /// What the footer says: the count of applications, or what the last quit came to.
+    [[nodiscard]] QString statusText() const;
 
     AppSettings& settings_;
     AppListViewModel& viewModel_;
@@ -109,15 +123,18 @@ class MenuPopoverView final : public QWidget {
     SearchBox* search_ = nullptr;
     PopoverList* list_ = nullptr;
     ListNote* note_ = nullptr;
-    Label* status_ = nullptr;
-    SymbolButton* gear_ = nullptr;
+    PopoverFooter* footer_ = nullptr;
 
     double builtScale_ = 0;
     bool isForceQuit_ = false;
     bool isDirty_ = true;
     bool isScheduled_ = false;
     bool waitsForRelease_ = false;
-    bool removedAfterQuit_ = false;
+    PopoverList::Removal removal_ = PopoverList::Removal::other;
+    /// What a quit came to is shown until the popover opens the next time.
+    bool showsResult_ = false;
+    /// A quit has left something, so that quitting together is worth an offer.
+    bool offersTogether_ = false;
 
     Subscription modelChanges_;
     Subscription settingsChanges_;
@@ -125,6 +142,9 @@ class MenuPopoverView final : public QWidget {
     Subscription willShow_;
     Subscription launched_;
     Subscription terminated_;
+    Subscription quitFinishes_;
+    Subscription showing_;
+    Subscription reopenChanges_;
     Subscription eventMonitor_;
 };
 

@@ -192,7 +192,7 @@ std::vector<AppInfo> PopoverList::orderedApps(const AppListViewModel& model,
 }
 
 void PopoverList::showList(const AppListViewModel& model, const AppSettings& settings,
-                           bool isForceQuit, bool removedAfterQuit) {
+                           bool isForceQuit, Removal removal) {
     const bool isSameView = !std::exchange(isFresh_, false) && searchText_ == model.searchText() &&
                             sortOrder_ == settings.sortOrder();
     searchText_ = model.searchText();
@@ -217,9 +217,9 @@ void PopoverList::showList(const AppListViewModel& model, const AppSettings& set
     }
     std::erase_if(expanded_, [&](ProcessId pid) { return !groups.contains(pid); });
     std::vector<RowSlot> slots = rowSlots(!model.searchText().empty());
-    const RowMotion motion = motionTo(slots, removedAfterQuit);
+    const RowMotion motion = motionTo(slots, removal != Removal::other);
     if (slots != slots_) {
-        isMoveByUser_ = removedAfterQuit || toggledGroup_ || !isSameView;
+        isMoveByUser_ = removal == Removal::afterQuit || toggledGroup_ || !isSameView;
     }
     toggledGroup_ = false;
     slots_ = slots;
@@ -265,14 +265,14 @@ std::vector<RowSlot> PopoverList::rowSlots(bool isSearching) const {
     return slots;
 }
 
-RowMotion PopoverList::motionTo(const std::vector<RowSlot>& slots, bool removedAfterQuit) const {
+RowMotion PopoverList::motionTo(const std::vector<RowSlot>& slots, bool wereQuit) const {
     if (toggledGroup_) {
         return RowMotion::expansion;
     }
     if (slots_.empty() || slots.size() == slots_.size()) {
         return RowMotion::jump;
     }
-    return removedAfterQuit ? RowMotion::removal : RowMotion::count;
+    return wereQuit ? RowMotion::removal : RowMotion::count;
 }
 
 void PopoverList::bindRow(StackRow& row, const RowKey& key) {
@@ -300,6 +300,7 @@ void PopoverList::bindApp(StackRow& row, const AppInfo& app) {
          .canQuitAndReopen = [this, app] { return actions_.canQuitAndReopen(app); },
          .onQuitAndReopen = [this, app,
                              force = isForceQuit_] { actions_.quitAndReopen(app, force); },
+         .onShow = [this, pid] { actions_.show(pid); },
          .acceptsPress = [this] { return acceptsPress(); }});
 }
 
@@ -312,6 +313,7 @@ void PopoverList::bindGroup(StackRow& row, const AppInfo& app) {
          .onToggle = actions_.toggle,
          .onQuit = [this, force = isForceQuit_](ProcessId pid) { actions_.quitMember(pid, force); },
          .onToggleWhitelist = actions_.toggleWhitelist,
+         .onShow = actions_.show,
          .acceptsPress = [this] { return acceptsPress(); },
          .onMembersMoved =
              [this] {

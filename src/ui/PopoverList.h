@@ -39,6 +39,8 @@ class PopoverList final : public QScrollArea {
         std::function<void(const AppInfo&, bool force)> quitAndReopen;
         /// Quits a member of a group.
         std::function<void(ProcessId, bool force)> quitMember;
+        /// Brings a window of an application to the front.
+        std::function<void(ProcessId)> show;
         /// A group was opened or closed: the list must be shown again.
         std::function<void()> groupToggled;
         /// Pointer or focus has left: rows need no longer keep their places.
@@ -48,9 +50,19 @@ class PopoverList final : public QScrollArea {
     /// The clock must outlive the list.
     PopoverList(Actions actions, const Clock& clock, QWidget* parent);
 
+    /// How rows have left the list since it was shown last.
+    enum class Removal {
+        /// Not by a quit.
+        other,
+        /// By a quit for which the user has waited.
+        afterQuit,
+        /// By a quit that runs beside: the user may be about to click another row.
+        meanwhile,
+    };
+
     /// Shows the model's present list. Rows glide if their number changed, slower after a quit.
     void showList(const AppListViewModel& model, const AppSettings& settings, bool isForceQuit,
-                  bool removedAfterQuit);
+                  Removal removal);
 
     /// Lets the next list appear in its own order and without motion.
     void startOver() {
@@ -84,8 +96,7 @@ class PopoverList final : public QScrollArea {
     void rowsMoved();
     [[nodiscard]] bool acceptsPress() const;
     [[nodiscard]] std::vector<RowSlot> rowSlots(bool isSearching) const;
-    [[nodiscard]] RowMotion motionTo(const std::vector<RowSlot>& slots,
-                                     bool removedAfterQuit) const;
+    [[nodiscard]] RowMotion motionTo(const std::vector<RowSlot>& slots, bool wereQuit) const;
     void bindRow(StackRow& row, const RowKey& key);
     void bindApp(StackRow& row, const AppInfo& app);
     void bindGroup(StackRow& row, const AppInfo& app);

@@ -71,4 +71,9 @@ QString memoryText(const std::optional<double>& mebibytes) {
     return figure(mebibytes, 0, " MB");
 }
 
+QString amountText(double mebibytes) {
+    constexpr double perGB = 1024;
+    return mebibytes < perGB ? memoryText(mebibytes) : figure(mebibytes / perGB, 1, " GB");
+}
+
 } // namespace calmora

@@ -37,4 +37,7 @@ void drawLine(QPainter& painter, const QRect& bounds, const QString& text, LineE
 /// "512 MB", or a dash when there is no figure.
 [[nodiscard]] QString memoryText(const std::optional<double>& mebibytes);
 
+/// "512 MB", or "1.2 GB" from a gibibyte on.
+[[nodiscard]] QString amountText(double mebibytes);
+
 } // namespace calmora

@@ -33,6 +33,38 @@ class Quitting(DesktopCase):
                          "the second request disturbed the dialog")
 
 
+class Together(DesktopCase):
+    def test_what_stays_says_why(self):
+        desktop = self.open_desktop()
+        self.write_preferences({"extra.quitsTogether": True})
+        editor = self.start_application("mousepad")
+        desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
+        desktop.xdotool("type", "unsaved")
+        desktop.wait_until(lambda: desktop.output("xdotool", "search", "--onlyvisible", "--name",
+                                                  r"^\*"), "an edited document")
+        hanging = self.start_application("galculator")
+        ending = self.start_application("xterm", "-class", "UXTerm")
+        desktop.start("sh", "-c", "for i in 1 2; do xterm; done")
+        driver = self.start_calmora()
+        driver.open()
+        driver.wait_for_row("XTerm")
+        os.kill(hanging.pid, signal.SIGSTOP)
+        driver.press("Quit All")
+        driver.wait_for_row("Mousepad, Quitting…")
+        self.wait_for_exit(ending)
+        # The dialog has taken the focus; the popover stays for the result.
+        desktop.wait_for_node(driver.calmora, "label", "1 quit, 3 left")
+        self.assertEqual(driver.rows(), ["Galculator, Does not answer", "Mousepad, Asks to save",
+                                         "XTerm, Came back by itself"])
+        self.assert_alive(editor, hanging)
+        os.kill(hanging.pid, signal.SIGCONT)
+        dialog = desktop.windows_of(editor.pid)[-1]
+        driver.press("Mousepad, Asks to save")
+        desktop.wait_until(lambda: desktop.output("xdotool", "getactivewindow") == dialog,
+                           "the question in front")
+        self.assertFalse(driver.is_open())
+
+
 class ForceMode(DesktopCase):
     def force_quit_row(self, window_manager):
         self.open_desktop(window_manager=window_manager)

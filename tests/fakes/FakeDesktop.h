@@ -80,6 +80,8 @@ class FakeInputGate final : public InputGate {
 /// A popover without a window.
 class FakePopover final : public Popover {
   public:
+    std::function<bool()> staysOpen;
+
     void setContentSize(Size newSize) override { size = newSize; }
 
     bool isShown() const override { return shown_; }
@@ -88,6 +90,8 @@ class FakePopover final : public Popover {
         willShow.emit();
         shown_ = true;
     }
+
+    void stayOpenWhile(std::function<bool()> holds) override { staysOpen = std::move(holds); }
 
     void performClose() override {
         if (shown_) {

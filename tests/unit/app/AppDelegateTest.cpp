@@ -14,7 +14,8 @@ namespace {
 
 class AppDelegateTest : public testing::Test, protected AppToolkit {
   protected:
-    std::unique_ptr<Popover> makePopover(AppSettings& settings, ExtraSettings&) override {
+    std::unique_ptr<Popover> makePopover(AppSettings& settings, ExtraSettings&,
+                                         QuitTogether&) override {
         EXPECT_EQ(&settings, &delegate_.settings());
         auto popover = std::make_unique<FakePopover>();
         popover_ = popover.get();

@@ -2,6 +2,7 @@
 #include "ui/AppListViewModel.h"
 
 #include "fakes/FakePlatform.h"
+#include "model/QuitTogether.h"
 #include "settings/AppSettings.h"
 #include "ui/ForceQuitConfirmation.h"
 #include "ui/SteadyList.h"
@@ -28,7 +29,9 @@ std::string summary(const std::vector<AppInfo>& apps) {
 struct AppListViewModelTest : testing::Test {
     FakePlatform machine;
     AppSettings settings{machine.defaults};
-    AppListViewModel model{settings, machine.platform()};
+    /// What blocks is the same where there is one.
+    QuitTogether together{machine.platform()};
+    AppListViewModel model{settings, machine.platform(), &together};
 
     FakeApplication& launch(ProcessId pid, std::string name, std::optional<std::string> identifier,
                             ActivationPolicy policy = ActivationPolicy::regular,
@@ -227,6 +230,42 @@ TEST_F(AppListViewModelTest, QuitsAndRemovesWhatHasEnded) {
     launch(8, "Quiet", "org.quiet");
     EXPECT_TRUE(model.quitApp(8, false));
     EXPECT_EQ(machine.sounds.calls.size(), 6U);
+}
+
+TEST_F(AppListViewModelTest, KeepsRowsThatAreBeingQuitUntilTheyEnd) {
+    settings.playSounds.set(true);
+    launch(1, "Hiding", "org.hiding").endsAfterTerminate = 200ms;
+    launch(2, "Asking", "org.asking").endsAfterTerminate = std::nullopt;
+    launch(3, "Spared", "org.spared");
+    model.refresh();
+    model.toggleSelection(3);
+    int removals = 0;
+    const Subscription watching = model.observe([&](const Change& change) {
+        removals += change.reason == Change::Reason::removedMeanwhile ? 1 : 0;
+    });
+    model.beginQuitSelected(false);
+    machine.runLoop.turn();
+    machine.workspace.at(1).policy = ActivationPolicy::accessory;
+    model.refresh();
+    EXPECT_EQ(summary(model.apps()), "Asking+ Hiding+ Spared") << "its windows are closed";
+    EXPECT_TRUE(model.backgroundApps().empty());
+    EXPECT_EQ(model.apps()[1].quitState, QuitState::quitting);
+    EXPECT_EQ(model.apps()[2].quitState, QuitState::none);
+    machine.runLoop.advance(201ms);
+    EXPECT_EQ(summary(model.apps()), "Asking+ Spared");
+    EXPECT_EQ(removals, 1);
+    EXPECT_TRUE(machine.sounds.calls.empty());
+
+    machine.workspace.at(2).isAsking = true;
+    machine.runLoop.advance(1500ms);
+    EXPECT_EQ(model.apps()[0].quitState, QuitState::asks);
+    EXPECT_EQ(machine.sounds.calls.size(), 2U) << "once for all";
+    EXPECT_TRUE(model.show(2));
+    EXPECT_EQ(machine.workspace.frontmostApplication()->processIdentifier, 2);
+    model.startPolling(3s);
+    machine.workspace.at(2).isAsking = false;
+    machine.runLoop.advance(3s);
+    EXPECT_EQ(model.apps()[0].quitState, QuitState::none) << "without a refresh";
 }
 
 TEST_F(AppListViewModelTest, MayBeDestroyedByWhoeverItTells) {

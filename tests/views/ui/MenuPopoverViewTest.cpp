@@ -345,6 +345,66 @@ TEST_F(MenuPopoverViewTest, CreatesOnlyVisibleRows) {
     EXPECT_LT(view->findChildren<QWidget*>("appRow").size(), 14);
 }
 
+TEST_F(MenuPopoverViewTest, ShowsHowQuitsGoThatRunBesideIt) {
+    for (const ProcessId pid : {1, 2}) {
+        machine.workspace.launch({.pid = pid,
+                                  .name = pid == 1 ? "Asks" : "Ends",
+                                  .desktopId = "app" + std::to_string(pid),
+                                  .process = {.counters = ProcessCounters{0, 0, 9U << 20U}},
+                                  .endsAfterTerminate = 100ms});
+    }
+    machine.workspace.at(1).endsAfterTerminate.reset();
+    const auto pass = [this](std::chrono::milliseconds time) {
+        machine.runLoop.advance(time);
+        rest();
+    };
+    const auto status = [this] { return view->findChild<QLabel*>("status")->text().toStdString(); };
+    show();
+    click(button("quitAll"));
+    pass(0ms);
+    EXPECT_EQ(machine.clock.slept, 1600ms) << "switched off: one after the other, as ever";
+    EXPECT_THAT(rows(), ElementsAre("Asks"));
+    EXPECT_TRUE(button("acceptOffer").isVisible());
+    click(button("acceptOffer"));
+    EXPECT_TRUE(extras.quitsTogether() && extras.wasQuittingTogetherOffered());
+    EXPECT_FALSE(button("acceptOffer").isVisible());
+
+    machine.workspace.launch({.pid = 3, .name = "Ends", .endsAfterTerminate = 100ms});
+    machine.workspace.at(1).isAsking = true;
+    pass(0ms);
+    click(button("quitAll"));
+    pass(1ms);
+    EXPECT_EQ(rowWidgets()[1]->accessibleName(), "Ends, Quitting…");
+    EXPECT_FALSE(rowButton("Ends", "quit").isEnabled());
+    EXPECT_TRUE(machine.popover.staysOpen());
+    pass(1500ms);
+    EXPECT_EQ(machine.clock.slept, 1600ms);
+    EXPECT_EQ(status(), "1 quit, 1 left");
+    EXPECT_FALSE(machine.popover.staysOpen());
+    EXPECT_EQ(rowWidgets().front()->accessibleName(), "Asks, Asks to save");
+    click(rowButton("Asks", "reason"));
+    machine.runLoop.turn();
+    EXPECT_EQ(machine.workspace.frontmostApplication()->processIdentifier, 1);
+
+    click(rowButton("Asks", "quit"));
+    machine.runLoop.turn();
+    EXPECT_TRUE(together.isUnderWay());
+    window.hide();
+    EXPECT_FALSE(together.isUnderWay()) << "closing cancels";
+    show();
+    settle();
+    EXPECT_NE(status(), "1 quit, 1 left");
+
+    reopenList = &reopening;
+    reopening.remember({{.pid = 9, .name = "Gone", .desktopId = "gone"}});
+    window.hide();
+    show();
+    settle();
+    click(button("reopen"));
+    EXPECT_THAT(launcher.launched, ElementsAre("gone"));
+    EXPECT_FALSE(button("reopen").isVisible());
+}
+
 TEST_F(MenuPopoverViewTest, OffersToReopenInTheMenuOfARowOnlyWhereThatIsPossible) {
     machine.workspace.launch({.pid = 1, .name = "Able", .desktopId = "able"});
     machine.workspace.launch({.pid = 2, .name = "Bare"});

@@ -4,8 +4,10 @@
 #include "fakes/FakeDesktopExtension.h"
 #include "fakes/FakeLauncher.h"
 #include "fakes/FakePlatform.h"
+#include "model/QuitTogether.h"
 #include "model/ReopenList.h"
 #include "settings/AppSettings.h"
+#include "settings/ExtraSettings.h"
 #include "ui/AppListViewModel.h"
 #include "ui/MenuPopoverView.h"
 
@@ -39,7 +41,9 @@ struct PopoverFixture {
     FakePlatform machine;
     FakeInputGate inputGate;
     AppSettings settings{machine.defaults};
-    AppListViewModel model{settings, machine.platform()};
+    ExtraSettings extras{machine.defaults};
+    QuitTogether together{machine.platform()};
+    AppListViewModel model{settings, machine.platform(), &together};
     int settingsOpened = 0;
     FakeLauncher launcher;
     ReopenList reopening{machine.workspace, launcher};
@@ -54,7 +58,9 @@ struct PopoverFixture {
                                                  .openSettings = [this] { ++settingsOpened; },
                                                  .limitation = [this] { return limitation; },
                                                  .reopenList = [this] { return reopenList; },
-                                                 .extension = &extension},
+                                                 .extension = &extension,
+                                                 .extras = &extras,
+                                                 .together = &together},
                                                 &window);
 };
 

@@ -47,6 +47,14 @@ TEST(AppRowView, ShowsTheStateOfItsApplication) {
         {"no number", {.app = odd, .resourceDisplay = both}, "Mail, CPU 0.0 %, Memory —"},
         {"unticked", {.app = with([](AppInfo& a) { a.isSelected = false; })}, "Mail, CPU —", false},
         {"protected", {.app = mail, .isWhitelisted = true}, "Mail, Protected", false, false, false},
+        {.what = "being quit",
+         .row = {.app = with([](AppInfo& a) { a.quitState = QuitState::quitting; })},
+         .says = "Mail, Quitting…",
+         .canQuit = false,
+         .canForce = false},
+        {"stayed",
+         {.app = with([](AppInfo& a) { a.quitState = QuitState::doesNotAnswer; })},
+         "Mail, Does not answer"},
         {"background", {.app = hidden}, "Mail, CPU —", false, false},
     };
 

@@ -83,6 +83,9 @@ void QtPopover::userLeft(Leaving how) {
     if (how == Leaving::covered) {
         return; // Only an alert stays on top.
     }
+    if (how == Leaving::turnedAway && holds_()) {
+        return;
+    }
     if (how == Leaving::pressedOutside && anchor_ && toQRect(*anchor_).contains(QCursor::pos())) {
         return; // The icon's own action follows.
     }

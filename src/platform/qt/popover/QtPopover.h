@@ -37,6 +37,8 @@ class QtPopover final : public Popover {
 
     void show(std::optional<Rect> anchor) override;
 
+    void stayOpenWhile(std::function<bool()> holds) override { holds_ = std::move(holds); }
+
     void performClose() override;
 
     [[nodiscard]] Subscription onWillShow(std::function<void()> handler) override;
@@ -55,6 +57,7 @@ class QtPopover final : public Popover {
     std::optional<Rect> anchor_;
     Rect bounds_;
     QDeadlineTimer reopening_{0};
+    std::function<bool()> holds_ = [] { return false; };
     Signal<> willShow_;
     Signal<> didClose_;
     TransientFrame frame_;
