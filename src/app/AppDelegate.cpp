@@ -25,8 +25,13 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
       updaterController_(std::move(updater)), together_(platform), hotKeyManager_(shortcuts),
       toolkit_(toolkit), platform_(platform), notifications_(notifications), input_(input),
       uses_(uses), away_(away) {
-    quitFinishes_ =
-        together_.onFinished([this](const std::vector<AppInfo>& ended) { remember(ended); });
+    quitProceeds_ = together_.onGone([this](const std::vector<AppInfo>& gone) {
+        for (const ProcessId pid : reopenList_.restartPrepared(gone)) {
+            together_.expectReturn(pid);
+        }
+    });
+    quitFinishes_ = together_.onFinished(
+        [this](const std::vector<AppInfo>& ended) { reopenList_.remember(ended); });
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -82,18 +87,15 @@ QuitOutcome AppDelegate::quitAll(bool force) {
         (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
         return {ticked, 0};
     }
-    const Subscription remembering =
-        applications.onQuit([this](const std::vector<AppInfo>& ended) { remember(ended); });
+    const Subscription remembering = applications.onQuit([this](const std::vector<AppInfo>& ended) {
+        if (extras_.quitsTogether()) {
+            reopenList_.remember(ended);
+        }
+    });
     const std::size_t ended = applications.quitSelected(force);
     // Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
     input_.discardQueuedInput();
     return {ticked, ended};
-}
-
-void AppDelegate::remember(const std::vector<AppInfo>& ended) {
-    if (extras_.quitsTogether()) {
-        reopenList_.remember(ended);
-    }
 }
 
 void AppDelegate::quitAllByShortcut(bool force) {

@@ -96,9 +96,6 @@ class AppDelegate {
     /// What the user's last quit ended. Stays empty while extras().quitsTogether is off.
     [[nodiscard]] ReopenList& reopenList() { return reopenList_; }
 
-    /// Keeps what a quit of the user's ended in reopenList(), if the preferences want that.
-    void remember(const std::vector<AppInfo>& ended);
-
     /// What auto-quit will do. Valid after the launch; it must not outlive the delegate.
     [[nodiscard]] std::unique_ptr<Forecast> makeForecast();
 
@@ -117,6 +114,7 @@ class AppDelegate {
     QuitTogether together_;
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
+    Subscription quitProceeds_;
     Subscription quitFinishes_;
     Subscription popoverShows_;
     Subscription popoverCloses_;

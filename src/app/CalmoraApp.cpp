@@ -50,10 +50,8 @@ constexpr std::chrono::seconds quietAfterLaunch{2};
 /// The popover's content together with the model that it shows.
 class ListContent final : public QWidget {
   public:
-    ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings,
-                std::function<void(const std::vector<AppInfo>&)> onQuit)
+    ListContent(AppSettings& settings, MenuPopoverSurroundings surroundings)
         : viewModel_(settings, surroundings.platform, surroundings.together),
-          quits_(viewModel_.onQuit(std::move(onQuit))),
           view_(settings, viewModel_, std::move(surroundings), this) {
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
@@ -62,7 +60,6 @@ class ListContent final : public QWidget {
 
   private:
     AppListViewModel viewModel_;
-    Subscription quits_;
     MenuPopoverView view_;
 };
 
@@ -177,15 +174,10 @@ std::unique_ptr<Popover> CalmoraApp::makePopover(AppSettings& settings, ExtraSet
                                 .inputGate = inputGate_,
                                 .openSettings = [this] { openSettings(); },
                                 .limitation = [this] { return backend_->listLimitation(); },
-                                .reopenList = [this]() -> ReopenList* {
-                                    return delegate_.extras().quitsTogether()
-                                               ? &delegate_.reopenList()
-                                               : nullptr;
-                                },
+                                .reopenList = &delegate_.reopenList(),
                                 .extension = extension_.get(),
                                 .extras = &extras,
-                                .together = &together},
-        [this](const std::vector<AppInfo>& ended) { delegate_.remember(ended); });
+                                .together = &together});
     popover->setContent(std::move(list));
     return popover;
 }

@@ -74,6 +74,12 @@ void QuitTogether::forget() {
     }
 }
 
+void QuitTogether::expectReturn(ProcessId pid) {
+    for (Member& member : members_) {
+        member.isExpectedBack = member.isExpectedBack || member.app.pid == pid;
+    }
+}
+
 const QuitTogether::Member* QuitTogether::find(ProcessId pid) const {
     const auto latestFirst = std::views::reverse(members_);
     const auto found = std::ranges::find_if(
@@ -304,10 +310,10 @@ void QuitTogether::lookAgain(const ApplicationSnapshot& running) {
         } else if (member.stage == Stage::gone) {
             const auto isReturned = [&](const WorkspaceApplication& app) {
                 const ProcessId process = app.processIdentifier;
-                return process == returned ||
-                       (returned == 0 && now - member.deadline <= returnTime &&
-                        app.bundleIdentifier && !before_.contains(process) &&
-                        app.bundleIdentifier == member.app.bundleIdentifier);
+                return process == returned || (returned == 0 && !member.isExpectedBack &&
+                                               now - member.deadline <= returnTime &&
+                                               app.bundleIdentifier && !before_.contains(process) &&
+                                               app.bundleIdentifier == member.app.bundleIdentifier);
             };
             const auto found = std::ranges::find_if(running, isReturned);
             member.returned = found == running.end() ? 0 : found->processIdentifier;

@@ -71,6 +71,9 @@ class QuitTogether {
     /// stayed has no reason. Does nothing while one is under way.
     void forget();
 
+    /// What starts as this application from now on was started on purpose.
+    void expectReturn(ProcessId pid);
+
     [[nodiscard]] bool isUnderWay() const { return underWay_ > 0; }
 
     /// The state of the application with this process id.
@@ -127,6 +130,7 @@ class QuitTogether {
         /// When its stage ends at the latest; once it is gone, when it ended.
         std::chrono::nanoseconds deadline{};
         QuitState reason = QuitState::none;
+        bool isExpectedBack = false;
         /// The process as which it came back; 0 for none.
         ProcessId returned = 0;
 

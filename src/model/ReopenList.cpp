@@ -12,8 +12,9 @@
 namespace calmora {
 
 void ReopenList::remember(std::vector<AppInfo> ended) {
-    if (isRestarting_) {
-        return;
+    for (const Restart& restart : std::exchange(restarts_, {})) {
+        std::erase_if(ended,
+                      [&](const AppInfo& app) { return restart.isDone && app.pid == restart.pid; });
     }
     std::set<ProcessId> gone;
     for (const AppInfo& app : ended) {
@@ -59,35 +60,32 @@ bool ReopenList::canRestart(const AppInfo& app) const {
     return app.desktopId && launcher_.canLaunch(*app.desktopId);
 }
 
-bool ReopenList::restart(const AppInfo& app, const std::function<bool()>& quit) {
-    if (!canRestart(app)) {
-        return false;
+void ReopenList::prepareRestart(const AppInfo& app) {
+    if (canRestart(app)) {
+        restarts_.push_back({app.pid, *app.desktopId, instances(*app.desktopId)});
     }
-    const AppInfo kept = app;
-    const std::string& desktopId = *kept.desktopId;
-    const std::vector<ProcessId> before = instances(desktopId);
-    isRestarting_ = true;
-    const bool isGone = quit();
-    isRestarting_ = false;
-    if (!isGone) {
-        return false;
-    }
-    const std::vector<ProcessId> after = instances(desktopId);
-    const bool isBack = std::ranges::any_of(after, [&](ProcessId process) {
-        return std::ranges::find(before, process) == before.end();
-    });
-    if (isBack || launcher_.launch(desktopId)) {
-        return !isBack;
-    }
-    remember({kept});
-    return false;
 }
 
-std::vector<ProcessId> ReopenList::instances(const std::string& desktopId) {
-    std::vector<ProcessId> processes;
+std::set<ProcessId> ReopenList::restartPrepared(const std::vector<AppInfo>& gone) {
+    std::set<ProcessId> running;
+    for (Restart& restart : restarts_) {
+        if (restart.isDone || !std::ranges::count(gone, restart.pid, &AppInfo::pid)) {
+            continue;
+        }
+        const bool isBack = !std::ranges::includes(restart.before, instances(restart.desktopId));
+        restart.isDone = isBack || launcher_.launch(restart.desktopId);
+        if (restart.isDone) {
+            running.insert(restart.pid);
+        }
+    }
+    return running;
+}
+
+std::set<ProcessId> ReopenList::instances(const std::string& desktopId) {
+    std::set<ProcessId> processes;
     for (const WorkspaceApplication& application : workspace_.runningApplications()) {
         if (application.desktopId == desktopId) {
-            processes.push_back(application.processIdentifier);
+            processes.insert(application.processIdentifier);
         }
     }
     return processes;

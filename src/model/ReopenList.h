@@ -2,10 +2,12 @@
 #pragma once
 
 #include "model/AppInfo.h"
+#include "platform/ProcessId.h"
 #include "support/Signal.h"
 #include "support/Subscription.h"
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,23 +43,34 @@ class ReopenList {
     /// started first. The list is empty afterwards.
     void reopen();
 
-    /// Whether restart() can start the application again.
+    /// Whether the application can be started again.
     [[nodiscard]] bool canRestart(const AppInfo& app) const;
 
-    /// Lets `quit` quit an application and starts it again if that returns true, which means that
-    /// it is gone, unless it came back by itself. Whether it was started. The last quit stays
-    /// remembered; this one is only if the start fails.
-    bool restart(const AppInfo& app, const std::function<bool()>& quit);
+    /// The quit operation that begins now, or is under way, is to start this application again.
+    void prepareRestart(const AppInfo& app);
+
+    /// Starts what was prepared and is gone, unless it came back by itself. Gives the processes
+    /// whose applications run again. The operation's remember() keeps of what was prepared only
+    /// what could not be started, and forgets what has stayed.
+    std::set<ProcessId> restartPrepared(const std::vector<AppInfo>& gone);
 
   private:
-    [[nodiscard]] std::vector<ProcessId> instances(const std::string& desktopId);
+    /// An application that is to be started again.
+    struct Restart {
+        ProcessId pid = 0;
+        std::string desktopId;
+        /// Its instances before the quit.
+        std::set<ProcessId> before;
+        bool isDone = false;
+    };
+
+    [[nodiscard]] std::set<ProcessId> instances(const std::string& desktopId);
 
     Workspace& workspace_;
     Launcher& launcher_;
     /// One for each desktop file.
     std::vector<AppInfo> ended_;
-    /// The quit under way is part of restart().
-    bool isRestarting_ = false;
+    std::vector<Restart> restarts_;
     Signal<> changed_;
 };
 

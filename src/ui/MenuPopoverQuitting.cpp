@@ -53,49 +53,42 @@ void MenuPopoverView::quitAll(bool force) {
     }
 }
 
-void MenuPopoverView::quitRow(const AppInfo& app, bool force) {
-    if (!quitsTogether()) {
-        static_cast<void>(waitForQuit(app, force));
+// The row that was clicked, and with it what it holds, may go while the user is asked.
+void MenuPopoverView::quitRow(AppInfo app, bool force) {
+    if (!confirmsQuit(app, force)) {
         return;
     }
-    const Platform& platform = surroundings_.platform;
-    const ProcessId pid = app.pid;
-    const QPointer<MenuPopoverView> self(this);
-    if ((!force || confirmForceQuit(platform.alerts, platform.strings, app.name, app.icon)) &&
-        self) {
-        viewModel_.beginQuit(pid, force);
+    if (quitsTogether()) {
+        viewModel_.beginQuit(app.pid, force);
+    } else {
+        finishQuit(!viewModel_.quitApp(app.pid, force));
     }
 }
 
-bool MenuPopoverView::waitForQuit(const AppInfo& app, bool force) {
+void MenuPopoverView::quitAndReopen(AppInfo app, bool force) {
+    if (confirmsQuit(app, force) && reopenList()) {
+        reopenList()->prepareRestart(app);
+        viewModel_.beginQuit(app.pid, force);
+    }
+}
+
+bool MenuPopoverView::confirmsQuit(const AppInfo& app, bool force) {
     const Platform& platform = surroundings_.platform;
-    const ProcessId pid = app.pid;
     const QPointer<MenuPopoverView> self(this);
-    if (force && !confirmForceQuit(platform.alerts, platform.strings, app.name, app.icon)) {
-        return false;
-    }
-    if (!self) {
-        return false;
-    }
-    const bool isGone = viewModel_.quitApp(pid, force);
-    finishQuit(!isGone);
-    return isGone;
+    const bool isConfirmed =
+        !force || confirmForceQuit(platform.alerts, platform.strings, app.name, app.icon);
+    return isConfirmed && self;
+}
+
+ReopenList* MenuPopoverView::reopenList() const {
+    return quitsTogether() ? surroundings_.reopenList : nullptr;
 }
 
 void MenuPopoverView::reopen() {
-    if (ReopenList* list = surroundings_.reopenList()) {
-        if (surroundings_.together) {
-            surroundings_.together->forget(); // None of them will have come back by itself.
-        }
-        list->reopen();
+    if (reopenList()) {
+        surroundings_.together->forget(); // None of them will have come back by itself.
+        reopenList()->reopen();
         markDirty();
-    }
-}
-
-void MenuPopoverView::quitAndReopen(const AppInfo& app, bool force) {
-    if (ReopenList* list = surroundings_.reopenList()) {
-        // The row may be gone before its application is.
-        list->restart(app, [this, kept = app, force] { return waitForQuit(kept, force); });
     }
 }
 

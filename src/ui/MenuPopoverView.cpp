@@ -123,7 +123,7 @@ void MenuPopoverView::build() {
          .quit = [this](const AppInfo& app, bool force) { quitRow(app, force); },
          .canQuitAndReopen =
              [this](const AppInfo& app) {
-                 const ReopenList* list = surroundings_.reopenList();
+                 const ReopenList* list = reopenList();
                  return list && list->canRestart(app);
              },
          .quitAndReopen = [this](const AppInfo& app, bool force) { quitAndReopen(app, force); },
@@ -226,7 +226,7 @@ void MenuPopoverView::appear() {
     removal_ = PopoverList::Removal::other;
     showsResult_ = false;
     offerTogether();
-    if (ReopenList* list = surroundings_.reopenList()) {
+    if (ReopenList* list = reopenList()) {
         reopenChanges_ = list->onChanged([this] { markDirty(); });
     }
     list_->startOver();
@@ -315,7 +315,7 @@ void MenuPopoverView::showControls() {
                             "Selects %lld applications, %lld of them hidden by the search")
                 : countHint(click.entries, "Deselects %lld applications",
                             "Deselects %lld applications, %lld of them hidden by the search"));
-    const ReopenList* reopening = surroundings_.reopenList();
+    const ReopenList* reopening = reopenList();
     footer_->show(statusText(), reopening && !reopening->isEmpty());
 }
 

@@ -41,8 +41,8 @@ struct MenuPopoverSurroundings {
     /// Gives the key of the text that says what cannot be listed on this desktop now; empty means
     /// nothing.
     std::function<std::string()> limitation = [] { return std::string(); };
-    /// Starts applications again; null while the preferences do not want that.
-    std::function<ReopenList*()> reopenList = []() -> ReopenList* { return nullptr; };
+    /// Starts applications again where quits run beside the loop; null for never.
+    ReopenList* reopenList = nullptr;
     /// Offered where the list needs it; null where the desktop has none.
     DesktopExtension* extension = nullptr;
     /// Whether quits run beside the loop, by `together`, which the model uses, too; null for never.
@@ -99,11 +99,13 @@ class MenuPopoverView final : public QWidget {
     [[nodiscard]] bool isButtonDown() const;
 
     void quitAll(bool force);
-    void quitRow(const AppInfo& app, bool force);
-    /// Blocks until it is gone, or has stayed: whether it is gone.
-    bool waitForQuit(const AppInfo& app, bool force);
+    void quitRow(AppInfo app, bool force);
+    void quitAndReopen(AppInfo app, bool force);
+    /// Asks before force. False also when the view has gone meanwhile.
+    [[nodiscard]] bool confirmsQuit(const AppInfo& app, bool force);
+    /// Null while the preferences do not want that applications are started again.
+    [[nodiscard]] ReopenList* reopenList() const;
     void reopen();
-    void quitAndReopen(const AppInfo& app, bool force);
     void quitMember(ProcessId pid, bool force);
     [[nodiscard]] bool quitsTogether() const;
     /// After a quit that has blocked; `hasLeft` tells whether anything is left.

@@ -70,18 +70,26 @@ TEST(ReopenList, RestartsOnlyWhatIsGoneAndStaysAway) {
     ReopenList list(machine.workspace, launcher);
     machine.workspace.launch({.pid = 1, .desktopId = "a"});
     machine.workspace.launch({.pid = 2, .desktopId = "a"});
-    const AppInfo listed = app(1, "a");
-    const auto comesBack = [&] {
-        machine.processes.end(1);
-        machine.workspace.launch({.pid = 3, .desktopId = "a"});
-        return true;
+    const auto quit = [&](const AppInfo& wanted, std::vector<AppInfo> gone) {
+        list.prepareRestart(wanted);
+        const auto running = list.restartPrepared(gone);
+        list.remember(std::move(gone));
+        return running;
     };
-    EXPECT_FALSE(list.restart(app(1, "missing"), [] { return ADD_FAILURE(), true; }));
-    EXPECT_FALSE(list.restart(listed, [] { return false; })) << "it stayed";
-    EXPECT_FALSE(list.restart(listed, comesBack));
-    EXPECT_TRUE(launcher.launched.empty());
-    EXPECT_TRUE(list.restart(listed, [] { return true; })) << "others of it run as before";
+    EXPECT_THAT(quit(app(5, "missing"), {app(5, "missing")}), IsEmpty());
+    EXPECT_THAT(quit(app(1, "a"), {app(4, "b")}), IsEmpty()) << "it stayed";
+    EXPECT_EQ(list.names(), Names{"b"});
+    EXPECT_THAT(list.restartPrepared({app(1, "a")}), IsEmpty()) << "it ended much later";
+    EXPECT_THAT(launcher.launched, IsEmpty());
+
+    EXPECT_THAT(quit(app(1, "a"), {app(1, "a")}), ElementsAre(1)) << "others of it run as before";
     EXPECT_EQ(launcher.launched, Names{"a"});
+    EXPECT_EQ(list.names(), Names{"b"}) << "what runs again needs no reopening";
+
+    list.prepareRestart(app(2, "a"));
+    machine.workspace.launch({.pid = 3, .desktopId = "a"});
+    EXPECT_THAT(list.restartPrepared({app(2, "a")}), ElementsAre(2));
+    EXPECT_EQ(launcher.launched, Names{"a"}) << "it came back by itself";
 }
 
 } // namespace

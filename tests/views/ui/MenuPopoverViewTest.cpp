@@ -395,7 +395,6 @@ TEST_F(MenuPopoverViewTest, ShowsHowQuitsGoThatRunBesideIt) {
     settle();
     EXPECT_NE(status(), "1 quit, 1 left");
 
-    reopenList = &reopening;
     reopening.remember({{.pid = 9, .name = "Gone", .desktopId = "gone"}});
     window.hide();
     show();
@@ -425,12 +424,13 @@ TEST_F(MenuPopoverViewTest, OffersToReopenInTheMenuOfARowOnlyWhereThatIsPossible
             shown->actions().back()->trigger();
         }
         delete shown;
+        machine.runLoop.advance(std::chrono::seconds(2));
         settle();
         return titles;
     };
     const std::string protects = "Never Quit This App";
     EXPECT_THAT(menu(0), ElementsAre(protects)) << "nothing new before it is switched on";
-    reopenList = &reopening;
+    extras.quitsTogether.set(true);
     EXPECT_THAT(menu(1), ElementsAre(protects)) << "no desktop file";
     EXPECT_THAT(menu(2, true), ElementsAre(protects, "Quit and Reopen"));
     EXPECT_THAT(launcher.launched, IsEmpty()) << "it stayed";

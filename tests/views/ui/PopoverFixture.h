@@ -47,8 +47,10 @@ struct PopoverFixture {
     int settingsOpened = 0;
     FakeLauncher launcher;
     ReopenList reopening{machine.workspace, launcher};
-    /// Null while it is off.
-    ReopenList* reopenList = nullptr;
+    Subscription restarts = together.onGone(
+        [this](const std::vector<AppInfo>& gone) { reopening.restartPrepared(gone); });
+    Subscription endings = together.onFinished(
+        [this](const std::vector<AppInfo>& ended) { reopening.remember(ended); });
     QWidget window;
     MenuPopoverView* view = new MenuPopoverView(settings, model,
                                                 {.platform = machine.platform(),
@@ -57,7 +59,7 @@ struct PopoverFixture {
                                                  .inputGate = inputGate,
                                                  .openSettings = [this] { ++settingsOpened; },
                                                  .limitation = [this] { return limitation; },
-                                                 .reopenList = [this] { return reopenList; },
+                                                 .reopenList = &reopening,
                                                  .extension = &extension,
                                                  .extras = &extras,
                                                  .together = &together},
