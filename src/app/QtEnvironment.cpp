@@ -3,13 +3,26 @@
 
 #include "platform/wayland/backend/QtPlatformChoice.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/XSettings.h"
 
 #include <cstdlib>
 
 namespace calmora {
+namespace {
 
-QtEnvironment::QtEnvironment()
-    : set_(qtEnvironmentFor(readCompositorFacts([] { return X11Connection().isAlive(); }))) {
+CompositorFacts readFacts() {
+    CompositorFacts facts = readCompositorFacts([] { return X11Connection().isAlive(); });
+    const bool hasUserScaled = std::getenv("QT_SCALE_FACTOR") != nullptr ||
+                               std::getenv("QT_SCREEN_SCALE_FACTORS") != nullptr;
+    if (facts.hasXServer && !facts.hasCompositor && !hasUserScaled) {
+        facts.windowScale = readUnseenWindowScale();
+    }
+    return facts;
+}
+
+} // namespace
+
+QtEnvironment::QtEnvironment() : set_(qtEnvironmentFor(readFacts())) {
     for (const auto& [name, value] : set_) {
         const char* before = std::getenv(name.c_str());
         before_[name] = before == nullptr ? std::nullopt : std::optional<std::string>(before);

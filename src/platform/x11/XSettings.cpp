@@ -54,33 +54,106 @@ class Reader {
     bool isWhole_ = true;
 };
 
+constexpr std::uint32_t integerType = 0;
+constexpr std::uint32_t textType = 1;
+constexpr std::uint32_t colorType = 2;
+
+struct Setting {
+    std::uint32_t type = integerType;
+    /// Of an integer, and of a text.
+    std::uint32_t number = 0;
+    std::string_view text = {};
+};
+
+/// Absent when it is missing, or the property is damaged before it.
+std::optional<Setting> findSetting(std::span<const std::uint8_t> property, std::string_view name) {
+    Reader reader(property);
+    reader.take(8); // Byte order, serial number.
+    for (std::uint32_t left = reader.number(4); left > 0 && reader.isWhole(); --left) {
+        Setting setting{.type = reader.number(1)};
+        reader.take(1);
+        const std::string_view found = reader.text(reader.number(2));
+        reader.take(4); // The serial number of its last change.
+        if (setting.type > colorType) {
+            return std::nullopt;
+        }
+        if (setting.type == colorType) {
+            reader.take(8);
+        } else {
+            setting.number = reader.number(4);
+        }
+        if (setting.type == textType) {
+            setting.text = reader.text(setting.number);
+        }
+        if (reader.isWhole() && found == name) {
+            return setting;
+        }
+    }
+    return std::nullopt;
+}
+
+xcb_atom_t settingsAtom(const X11Connection& connection) {
+    constexpr std::string_view property = "_XSETTINGS_SETTINGS";
+    const auto atom = connection.ask<xcb_intern_atom, xcb_intern_atom_reply>(
+        std::uint8_t{0}, static_cast<std::uint16_t>(property.size()), property.data());
+    return atom ? atom->atom : xcb_atom_t{XCB_NONE};
+}
+
+/// The manager's window; none without a manager.
+xcb_window_t settingsManager(const X11Connection& connection) {
+    const auto owner = connection.ask<xcb_get_selection_owner, xcb_get_selection_owner_reply>(
+        connection.atom(X11Atom::selectionSettings));
+    return owner ? owner->owner : xcb_window_t{XCB_NONE};
+}
+
+X11Reply<xcb_get_property_reply_t> readProperty(const X11Connection& connection,
+                                                xcb_atom_t settings, xcb_window_t manager) {
+    return X11Reply<xcb_get_property_reply_t>(
+        manager == XCB_NONE
+            ? nullptr
+            : xcb_get_property_reply(connection.get(),
+                                     connection.requestProperty(manager, settings, longestProperty),
+                                     nullptr));
+}
+
+std::span<const std::uint8_t> bytesOf(const X11Reply<xcb_get_property_reply_t>& reply) {
+    if (!reply || reply->format != 8) {
+        return {};
+    }
+    return {static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
 } // namespace
 
 std::optional<std::string> xsettingsText(std::span<const std::uint8_t> property,
                                          std::string_view name) {
-    constexpr std::uint32_t integerType = 0;
-    constexpr std::uint32_t textType = 1;
-    constexpr std::uint32_t colorType = 2;
-    Reader reader(property);
-    reader.take(8); // Byte order, serial number.
-    for (std::uint32_t left = reader.number(4); left > 0 && reader.isWhole(); --left) {
-        const std::uint32_t type = reader.number(1);
-        reader.take(1);
-        const std::string_view found = reader.text(reader.number(2));
-        reader.take(4); // The serial number of its last change.
-        if (type > colorType) {
-            return std::nullopt;
-        }
-        if (type != textType) {
-            reader.take(type == integerType ? 4 : 8);
-            continue;
-        }
-        const std::string_view value = reader.text(reader.number(4));
-        if (reader.isWhole() && found == name) {
-            return std::string(value);
-        }
+    const auto setting = findSetting(property, name);
+    return setting && setting->type == textType ? std::optional(std::string(setting->text))
+                                                : std::nullopt;
+}
+
+int unseenWindowScale(std::span<const std::uint8_t> property) {
+    constexpr std::uint32_t largest = 8;
+    constexpr std::uint32_t unitsPerDot = 1024;
+    constexpr std::uint32_t usualResolution = 96;
+    const auto number = [&](std::string_view name) {
+        const auto setting = findSetting(property, name);
+        return setting && setting->type == integerType ? setting->number : 0;
+    };
+    const std::uint32_t scale = number("Gdk/WindowScalingFactor");
+    const bool isInFonts = number("Xft/DPI") / unitsPerDot >= usualResolution * scale;
+    return scale > 1 && scale <= largest && !isInFonts ? static_cast<int>(scale) : 1;
+}
+
+int readUnseenWindowScale() {
+    const X11Connection connection;
+    if (!connection.isAlive()) {
+        return 1;
     }
-    return std::nullopt;
+    const auto reply =
+        readProperty(connection, settingsAtom(connection), settingsManager(connection));
+    return unseenWindowScale(bytesOf(reply));
 }
 
 bool namesDarkTheme(std::string_view theme) {
@@ -117,11 +190,7 @@ XSettings::XSettings(EventPoll& poll, const std::string& display) : connection_(
     if (!connection_.isAlive()) {
         return;
     }
-    constexpr std::string_view property = "_XSETTINGS_SETTINGS";
-    if (const auto atom = connection_.ask<xcb_intern_atom, xcb_intern_atom_reply>(
-            std::uint8_t{0}, static_cast<std::uint16_t>(property.size()), property.data())) {
-        settings_ = atom->atom;
-    }
+    settings_ = settingsAtom(connection_);
     // A new manager announces itself to the root window (ICCCM 2.8).
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(connection_.get(), connection_.root(), XCB_CW_EVENT_MASK, &events);
@@ -149,9 +218,7 @@ void XSettings::readEvents() {
 }
 
 void XSettings::findManager() {
-    const auto owner = connection_.ask<xcb_get_selection_owner, xcb_get_selection_owner_reply>(
-        connection_.atom(X11Atom::selectionSettings));
-    manager_ = owner ? owner->owner : xcb_window_t{XCB_NONE};
+    manager_ = settingsManager(connection_);
     if (manager_ != XCB_NONE) {
         const std::uint32_t events =
             XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -161,20 +228,10 @@ void XSettings::findManager() {
 }
 
 void XSettings::readSettings() {
-    std::string theme;
-    std::string font;
-    if (manager_ != XCB_NONE) {
-        const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            connection_.get(), connection_.requestProperty(manager_, settings_, longestProperty),
-            nullptr));
-        if (reply && reply->format == 8) {
-            const std::span bytes(
-                static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get())),
-                static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
-            theme = xsettingsText(bytes, "Net/ThemeName").value_or("");
-            font = xsettingsText(bytes, "Gtk/FontName").value_or("");
-        }
-    }
+    const auto reply = readProperty(connection_, settings_, manager_);
+    const auto bytes = bytesOf(reply);
+    const std::string theme = xsettingsText(bytes, "Net/ThemeName").value_or("");
+    const std::string font = xsettingsText(bytes, "Gtk/FontName").value_or("");
     const bool isOther = theme != themeName_ || font != fontName_;
     themeName_ = theme;
     fontName_ = font;

@@ -22,6 +22,15 @@ class EventPoll;
 [[nodiscard]] std::optional<std::string> xsettingsText(std::span<const std::uint8_t> property,
                                                        std::string_view name);
 
+/// How many times larger than its pixels a desktop draws windows without enlarging its resolution
+/// of fonts, from the property that a settings manager keeps; 1 for all others. Toolkits that
+/// follow only that resolution, such as Qt, do not see it. Source: Xfce, Gdk/WindowScalingFactor;
+/// MATE and GNOME enlarge both.
+[[nodiscard]] int unseenWindowScale(std::span<const std::uint8_t> property);
+
+/// The same on the display of the environment; 1 without an X server.
+[[nodiscard]] int readUnseenWindowScale();
+
 /// Whether a theme of this name is dark, as far as its name says so: "Adwaita-dark", "Arc-Dark",
 /// "HighContrastInverse"; not "Arc-Darker", which is light.
 [[nodiscard]] bool namesDarkTheme(std::string_view theme);

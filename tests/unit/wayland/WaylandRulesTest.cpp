@@ -11,17 +11,19 @@ TEST(QtPlatformChoice, TakesLayerSurfacesElseX11ElseWayland) {
         std::string words = environment["QT_QPA_PLATFORM"];
         words += environment["QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"] == "1" ? " roleless" : "";
         words += environment["QT_WAYLAND_DISABLE_WINDOWDECORATION"] == "1" ? " undecorated" : "";
-        return words;
+        return words + environment["QT_SCALE_FACTOR"];
     };
 
     const std::pair<CompositorFacts, const char*> rows[] = {
         {{.hasXServer = true}, "xcb"},
+        {{.hasXServer = true, .windowScale = 2}, "xcb2"},
         // sway, KWin, labwc
         {{.hasCompositor = true, .hasLayerShell = true, .drawsTitleBars = true, .hasXServer = true},
          "wayland;xcb roleless undecorated"},
         {{.hasCompositor = true, .hasLayerShell = true}, "wayland roleless"},
         // GNOME, weston with an X server and without
-        {{.hasCompositor = true, .drawsTitleBars = true, .hasXServer = true}, "xcb"},
+        {{.hasCompositor = true, .drawsTitleBars = true, .hasXServer = true, .windowScale = 2},
+         "xcb"},
         {{.hasCompositor = true}, "wayland"},
         {{}, ""},
         // What the user wants counts.

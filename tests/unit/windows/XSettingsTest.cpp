@@ -11,8 +11,9 @@ namespace {
 
 using namespace std::string_literals;
 
-/// A number, an integer setting, a colour and two texts, in this byte order.
-std::vector<std::uint8_t> property(bool isBigEndian) {
+/// Integers, a colour and two texts, in this byte order.
+std::vector<std::uint8_t> property(bool isBigEndian, std::uint32_t scale = 1,
+                                   std::uint32_t dotsPerInch = 96) {
     std::string bytes = (isBigEndian ? "\1"s : "\0"s) + "\0\0\0"s;
     const auto number = [&](std::uint32_t value, unsigned size) {
         for (unsigned i = 0; i < size; ++i) {
@@ -32,9 +33,11 @@ std::vector<std::uint8_t> property(bool isBigEndian) {
         number(7, 4);
     };
     number(7, 4);
-    number(4, 4);
-    setting(0, "Net/DoubleClickTime");
-    number(400, 4);
+    number(5, 4);
+    setting(0, "Gdk/WindowScalingFactor");
+    number(scale, 4);
+    setting(0, "Xft/DPI");
+    number(dotsPerInch * 1024, 4);
     setting(2, "Net/Color");
     bytes += "12345678";
     setting(1, "Gtk/FontName");
@@ -50,11 +53,23 @@ TEST(XSettings, AreReadInBothByteOrdersAndOnlyWhole) {
     for (const bool isBigEndian : {false, true}) {
         const std::vector<std::uint8_t> whole = property(isBigEndian);
         EXPECT_EQ(xsettingsText(whole, "Net/ThemeName"), "Adwaita-dark");
-        EXPECT_EQ(xsettingsText(whole, "Net/DoubleClickTime"), std::nullopt);
+        EXPECT_EQ(xsettingsText(whole, "Xft/DPI"), std::nullopt);
         for (std::size_t size = 0; size < whole.size(); ++size) {
             EXPECT_EQ(xsettingsText(std::span(whole).first(size), "Net/ThemeName"), std::nullopt);
         }
     }
+}
+
+TEST(XSettings, TellAScaleThatIsNotInTheResolution) {
+    // Scale, dots per inch.
+    const std::tuple<std::uint32_t, std::uint32_t, int> rows[] = {
+        {1, 96, 1}, {2, 96, 2}, {2, 120, 2}, {2, 192, 1}, {3, 288, 1}, {0, 96, 1}, {9, 96, 1},
+    };
+    for (const auto& [scale, dotsPerInch, unseen] : rows) {
+        EXPECT_EQ(unseenWindowScale(property(false, scale, dotsPerInch)), unseen)
+            << scale << ", " << dotsPerInch;
+    }
+    EXPECT_EQ(unseenWindowScale({}), 1);
 }
 
 TEST(XSettings, NameDarkThemes) {

@@ -54,6 +54,9 @@ std::map<std::string, std::string> qtEnvironmentFor(const CompositorFacts& facts
             environment["QT_QPA_PLATFORM"] = "wayland";
         }
     }
+    if (!facts.hasCompositor && facts.windowScale > 1) {
+        environment["QT_SCALE_FACTOR"] = std::to_string(facts.windowScale);
+    }
     return environment;
 }
 

@@ -19,6 +19,8 @@ struct CompositorFacts {
     bool drawsTitleBars = false;
     /// There is an X server to connect to.
     bool hasXServer = false;
+    /// How much larger the desktop on X11 draws its windows, where Qt does not see it.
+    int windowScale = 1;
 };
 
 /// Asks the session, in a few milliseconds: the compositor with one round trip of limited time, the
@@ -29,7 +31,8 @@ struct CompositorFacts {
 /// where there are some, else X11, where a program may place its windows, else Wayland.
 /// Source: Qt, QT_QPA_PLATFORM; Qt Wayland, QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT (a window
 /// without window manager has a surface without a role), QT_WAYLAND_DISABLE_FIXED_POSITIONS (a
-/// window keeps the position that it was given), QT_WAYLAND_DISABLE_WINDOWDECORATION.
+/// window keeps the position that it was given), QT_WAYLAND_DISABLE_WINDOWDECORATION,
+/// QT_SCALE_FACTOR.
 [[nodiscard]] std::map<std::string, std::string> qtEnvironmentFor(const CompositorFacts& facts);
 
 } // namespace calmora
