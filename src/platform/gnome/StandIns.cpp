@@ -25,10 +25,15 @@ std::string objectPath(const std::string& applicationId) {
     return path;
 }
 
+bool contains(const std::vector<std::string>& list, const std::string& text) {
+    return std::ranges::find(list, text) != list.end();
+}
+
 } // namespace
 
 std::vector<ShellWindow> standIns(std::span<const SocketClient> clients,
-                                  const DesktopEntryIndex& index, const OwnedName& ownedName) {
+                                  const DesktopEntryIndex& index,
+                                  std::span<const OwnedName> ownedNames) {
     std::vector<ShellWindow> result;
     for (const SocketClient& client : clients) {
         ShellWindow window{.id = firstNumber + static_cast<std::uint64_t>(client.process),
@@ -36,15 +41,22 @@ std::vector<ShellWindow> standIns(std::span<const SocketClient> clients,
                            .isStandIn = true};
         bool isShown = false;
         for (const DesktopEntry& entry : index.entries()) {
+            if (!entry.isVisible) {
+                continue;
+            }
+            const auto owned = std::ranges::find_if(ownedNames, [&](const OwnedName& name) {
+                return name.process == client.process && name.name == entry.id;
+            });
+            const bool ownsId = owned != ownedNames.end();
             const std::string program = lowerCase(entry.execKey);
-            if (!entry.isVisible || program.empty() ||
-                std::ranges::find(client.names, program) == client.names.end()) {
+            if (!ownsId && !contains(client.desktopIds, entry.id) &&
+                (program.empty() || !contains(client.names, program))) {
                 continue;
             }
             isShown = true;
-            if (window.gtkBusName.empty() && entry.id.find('.') != std::string::npos) {
-                window.gtkBusName = ownedName(entry.id, client.process);
-                window.gtkObjectPath = window.gtkBusName.empty() ? "" : objectPath(entry.id);
+            if (window.gtkBusName.empty() && ownsId) {
+                window.gtkBusName = owned->owner;
+                window.gtkObjectPath = objectPath(entry.id);
             }
         }
         if (isShown) {

@@ -4,7 +4,6 @@
 #include "platform/gnome/ShellWindow.h"
 #include "platform/wayland/SocketClients.h"
 
-#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -13,15 +12,21 @@ namespace calmora {
 
 class DesktopEntryIndex;
 
-/// The unique name on the session bus under which a process owns `name`; empty if it does not.
-using OwnedName = std::function<std::string(const std::string& name, ProcessId process)>;
+/// A name on the session bus, the unique name of the connection that owns it, and its process.
+struct OwnedName {
+    std::string name;
+    std::string owner;
+    ProcessId process = 0;
+};
 
 /// Stand-ins for the windows of a Wayland session that nobody tells of: one for each of the
-/// compositor's clients whose program is what a visible desktop entry starts. They cannot be asked
-/// to close. An application that owns its entry's id on the bus exports its actions there.
+/// compositor's clients whose program is what a visible desktop entry starts, that was started
+/// from one by its control group, as sandboxed applications are, or that owns an entry's id on the
+/// bus, as servers of terminals do. They cannot be asked to close. An application that owns its
+/// entry's id exports its actions there.
 /// Source: GApplication, the object path of an application id.
 [[nodiscard]] std::vector<ShellWindow> standIns(std::span<const SocketClient> clients,
                                                 const DesktopEntryIndex& index,
-                                                const OwnedName& ownedName);
+                                                std::span<const OwnedName> ownedNames);
 
 } // namespace calmora

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/SocketClients.h"
 
+#include "platform/linux/proc/ProcFiles.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/xdg/ExecKey.h"
 #include "support/FileDescriptor.h"
@@ -176,8 +177,10 @@ std::vector<SocketClient> socketClients(const std::string& path, const ProcessRe
     std::vector<SocketClient> clients;
     clients.reserve(processes.size());
     for (const ProcessId process : processes) {
-        clients.push_back({process, programNames(reader.comm(process), reader.executable(process),
-                                                 reader.commandLine(process))});
+        clients.push_back({process,
+                           programNames(reader.comm(process), reader.executable(process),
+                                        reader.commandLine(process)),
+                           desktopIdsOfCgroup(reader.controlGroup(process))});
     }
     return clients;
 }

@@ -18,6 +18,8 @@ struct SocketClient {
     /// What its program is called, in lower case: the names of the process, of its executable and
     /// of what its command line runs.
     std::vector<std::string> names = {};
+    /// The desktop entries that it may have been started from, by its control group.
+    std::vector<std::string> desktopIds = {};
 };
 
 /// The processes of our user that are connected to the listening socket at `path`, by ascending

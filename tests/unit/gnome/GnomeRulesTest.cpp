@@ -59,6 +59,7 @@ TEST(GnomeRules, ListClientsWithVisibleEntriesWhereNobodyTellsOfWindows) {
     std::vector<DesktopEntry> entries;
     for (const auto& [id, program] : {std::pair("org.gnome.Text-Editor", "gnome-text-editor"),
                                       {"org.gnome.Portal", "portal"},
+                                      {"org.gnome.Terminal", "gnome-terminal"},
                                       {"galculator", "galculator"}}) {
         auto entry = parseDesktopEntry(
             std::string("[Desktop Entry]\nType=Application\nName=x\nExec=") + program, {});
@@ -71,17 +72,23 @@ TEST(GnomeRules, ListClientsWithVisibleEntriesWhereNobodyTellsOfWindows) {
                                     {3, {"portal"}},
                                     {4, {"galculator"}},
                                     {5, {"unknown"}},
-                                    {6, {"gnome-text-editor"}}};
-    const auto windows = standIns(clients, index, [](const std::string&, ProcessId process) {
-        return std::string(process == 2 ? ":1.2" : "");
-    });
-    ASSERT_EQ(windows.size(), 3U);
+                                    {6, {"gnome-text-editor"}},
+                                    {7, {"sandboxed"}, {"flatpak-galculator", "galculator"}},
+                                    {8, {"portal-server"}, {"org.gnome.Portal"}},
+                                    {9, {"terminal-server"}}};
+    const OwnedName names[] = {{"org.gnome.Text-Editor", ":1.2", 2},
+                               {"org.gnome.Portal", ":1.8", 8},
+                               {"org.gnome.Terminal", ":1.9", 9}};
+    const auto windows = standIns(clients, index, names);
+    ASSERT_EQ(windows.size(), 5U);
     EXPECT_EQ(windows[0].process, 2);
     EXPECT_EQ(windows[0].gtkBusName, ":1.2");
     EXPECT_EQ(windows[0].gtkObjectPath, "/org/gnome/Text_Editor");
     EXPECT_EQ(windows[1].process, 4);
     EXPECT_EQ(windows[2].gtkObjectPath, "") << "another process has the name";
     EXPECT_NE(windows[0].id, windows[2].id);
+    EXPECT_EQ(windows[3].process, 7) << "started from an entry, under another name";
+    EXPECT_EQ(windows[4].gtkBusName, ":1.9") << "a server that has an entry's id on the bus";
     const TopLevelWindow window = topLevelWindow(windows[1]);
     EXPECT_TRUE(window.isStandIn && !window.canBeAsked && window.type == WindowType::normal);
 }

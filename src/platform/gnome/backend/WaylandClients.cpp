@@ -3,7 +3,7 @@
 
 #include "platform/desktop/dbus/Calls.h"
 #include "platform/desktop/dbus/Messages.h"
-#include "platform/gnome/StandIns.h"
+#include "platform/linux/xdg/DesktopEntryIndex.h"
 #include "platform/wayland/SocketClients.h"
 
 namespace calmora {
@@ -24,24 +24,30 @@ const std::vector<ShellWindow>& WaylandClients::read(bool isAfresh) {
     const auto now = std::chrono::steady_clock::now();
     if (isAfresh || !readAt_ || now - *readAt_ > lifetime) {
         readAt_ = now;
-        standIns_ = standIns(socketClients(socket_, reader_), installed_(),
-                             [this](const std::string& name, ProcessId process) {
-                                 return ownedName(name, process);
-                             });
+        standIns_ = standIns(socketClients(socket_, reader_), installed_(), ownedNames());
     }
     return standIns_;
 }
 
-std::string WaylandClients::ownedName(const std::string& name, ProcessId process) const {
-    const auto ask = [this](const char* method, const QString& argument) {
-        return connection_.call(busCall(method, {argument}), QDBus::Block, answerMilliseconds);
+std::vector<OwnedName> WaylandClients::ownedNames() const {
+    const auto ask = [this](const char* method, const QVariantList& arguments) {
+        return connection_.call(busCall(method, arguments), QDBus::Block, answerMilliseconds);
     };
-    const auto owner = readArgument<QString>(ask("GetNameOwner", QString::fromStdString(name)));
-    if (!owner || readArgument<uint>(ask("GetConnectionUnixProcessID", *owner)) !=
-                      static_cast<uint>(process)) {
-        return {};
+    std::vector<OwnedName> result;
+    const QStringList all = readArgument<QStringList>(ask("ListNames", {})).value_or(QStringList());
+    for (const DesktopEntry& entry : installed_().entries()) {
+        const QString name = QString::fromStdString(entry.id);
+        if (!entry.isVisible || !all.contains(name)) {
+            continue;
+        }
+        const auto owner = readArgument<QString>(ask("GetNameOwner", {name}));
+        const auto process =
+            owner ? readArgument<uint>(ask("GetConnectionUnixProcessID", {*owner})) : std::nullopt;
+        if (process) {
+            result.push_back({entry.id, owner->toStdString(), static_cast<ProcessId>(*process)});
+        }
     }
-    return owner->toStdString();
+    return result;
 }
 
 } // namespace calmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/gnome/ShellWindow.h"
+#include "platform/gnome/StandIns.h"
 #include "platform/linux/proc/ProcessReader.h"
 
 #include <QDBusConnection>
@@ -30,7 +31,8 @@ class WaylandClients {
     const std::vector<ShellWindow>& read(bool isAfresh);
 
   private:
-    [[nodiscard]] std::string ownedName(const std::string& name, ProcessId process) const;
+    /// The names on the bus that are ids of visible entries.
+    [[nodiscard]] std::vector<OwnedName> ownedNames() const;
 
     QDBusConnection connection_;
     std::string socket_;
