@@ -37,7 +37,10 @@ class FakeWindowSystem final : public WindowSystem {
         return true;
     }
 
-    std::shared_ptr<const ImagePixels> icon(WindowId) override { return nullptr; }
+    std::shared_ptr<const ImagePixels> icon(WindowId) override {
+        ++iconsRead;
+        return nullptr;
+    }
 
     std::vector<ProcessId> displayProcesses() override { return {}; }
 
@@ -49,6 +52,7 @@ class FakeWindowSystem final : public WindowSystem {
     std::string display;
     bool covers = true;
     std::optional<WindowId> active;
+    int iconsRead = 0;
     Signal<> changed;
     Signal<> activeChanged;
     /// The windows that were asked to close, and as whose.

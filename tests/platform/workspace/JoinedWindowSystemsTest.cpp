@@ -44,6 +44,8 @@ TEST_F(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
     const auto activated = joined.workspace.onActivated([&](const auto&) { ++activations; });
     machine.bus.items = {higher}; // It has its row already.
     const pid_t client = machine.client();
+    EXPECT_TRUE(pumpUntil(machine.events, [&] { return activations > 0; }));
+    EXPECT_EQ(second.iconsRead, 0) << "only the application in front is worked out";
     const Listed expected{{lower, {lower, higher}}, {client, {}}};
     EXPECT_TRUE(waitFor([&] { return joined.listed() == expected; }))
         << testing::PrintToString(joined.listed());
@@ -63,6 +65,7 @@ TEST_F(JoinedWindowSystems, MakeOneListInWhichUntoldOwnersAreOnlyAsked) {
     // The X client has the keyboard until then, as X tells it.
     EXPECT_TRUE(joined.workspace.runningApplication(client)->terminate());
     EXPECT_TRUE(waitFor([&] { return !machine.isRunning(client); }));
+    second.activeChanged.emit();
     EXPECT_TRUE(pumpUntil(machine.events, [&] { return activations > 0; }));
     EXPECT_EQ(joined.workspace.frontmostApplication()->processIdentifier, lower);
 }

@@ -142,12 +142,29 @@ ApplicationList::Candidates ApplicationList::candidates() {
     return found;
 }
 
-const ApplicationList::Applications& ApplicationList::update() {
+ApplicationList::Candidates ApplicationList::read() {
     refreshInstalled();
     // A copy, because calls below may update the window system's list.
     const auto before = std::exchange(windows_, sources_.windows.windows());
     dropOldVerdicts(before != windows_);
-    Candidates found = candidates();
+    return candidates();
+}
+
+std::shared_ptr<const ListedApplication> ApplicationList::look(ProcessId process) {
+    Candidates found = read();
+    const auto candidate = found.find(process);
+    auto application = candidate == found.end() ? nullptr : listed(process, candidate->second);
+    if (application) {
+        byProcess_.insert_or_assign(process, application);
+        if (application->policy == ActivationPolicy::regular) {
+            wereRegular_.insert_or_assign(process, application->process.startTime);
+        }
+    }
+    return application;
+}
+
+const ApplicationList::Applications& ApplicationList::update() {
+    Candidates found = read();
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
     std::map<ProcessId, std::uint64_t> regular;
     for (auto& [process, candidate] : found) {

@@ -77,10 +77,14 @@ class ApplicationList {
     /// Updates the list, sorted by start time, then process id.
     const Applications& update();
 
+    /// Works out one application alone, which is all that starting the program waits for; null if
+    /// the process is none. The list stays as it is.
+    [[nodiscard]] std::shared_ptr<const ListedApplication> look(ProcessId process);
+
     /// As of the last update().
     [[nodiscard]] const Applications& applications() const { return applications_; }
 
-    /// As of the last update(), oldest first.
+    /// As of the last update() or look(), oldest first.
     [[nodiscard]] const std::vector<TopLevelWindow>& windows() const { return windows_; }
 
   private:
@@ -101,6 +105,8 @@ class ApplicationList {
         std::chrono::nanoseconds askedAt{};
     };
 
+    /// Reads everything that the list is made from.
+    [[nodiscard]] Candidates read();
     [[nodiscard]] Candidates candidates();
     [[nodiscard]] bool isAnyProtected(ProcessId process, std::uint64_t startTime,
                                       const Candidate& candidate);

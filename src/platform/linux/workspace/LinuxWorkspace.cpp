@@ -118,6 +118,9 @@ LinuxWorkspace::Application LinuxWorkspace::activeApplication() {
     if (!owner) {
         return nullptr;
     }
+    if (!isListening()) {
+        return list_.look(*owner);
+    }
     const auto& applications = current();
     const auto found = std::ranges::find_if(applications, [&](const Application& application) {
         return application->process.pid == *owner;
