@@ -153,6 +153,36 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
     EXPECT_FALSE(waitFor([&] { return !machine.listed(next); }, 300ms));
 }
 
+TEST(LinuxWorkspaceTest, TellsTheDesktopFileThatStartsAnApplicationAgain) {
+    LinuxDesktop machine;
+
+    const struct {
+        const char* id;
+        const char* lines;
+        bool hasWindow;
+        std::optional<std::string> desktopId;
+    } cases[] = {
+        {"firefox-esr", "", true, "firefox-esr"}, // Listed under its well-known identifier.
+        {"unseen", "NoDisplay=true", true, "unseen"},  {"agent", "", false, "agent"},
+        {"unseen-agent", "NoDisplay=true", false, {}}, {"none", "Hidden=true", true, {}},
+    };
+
+    for (const auto& c : cases) {
+        machine.install(c.id, "Name=x\nExec=" + machine.program(c.id) + '\n' + c.lines);
+    }
+    for (const auto& c : cases) {
+        const pid_t process = machine.desktop.start(
+            {machine.program(c.id), c.hasWindow ? "--class" : "--helper", c.id});
+        if (!c.hasWindow) {
+            machine.bus.items = {process};
+        }
+        EXPECT_TRUE(waitFor([&] {
+            return c.hasWindow ? machine.isRegular(process) : machine.listed(process).has_value();
+        })) << c.id;
+        EXPECT_EQ(machine.listed(process)->desktopId, c.desktopId) << c.id;
+    }
+}
+
 TEST(LinuxWorkspaceTest, ListsNothingThatTheSystemStartsWithTheSession) {
     LinuxDesktop machine;
     const auto install = [&](const char* folder, const std::string& name) {
