@@ -43,7 +43,7 @@ TEST(DetachedProgram, OutlivesItsStarterWithNothingOfIt) {
         dup(channel[1]);
         raiseOpenFileLimit();
         auto program = DetachedProgram::prepare({.program = "/bin/sleep",
-                                                 .arguments = {"sleeper", "600"},
+                                                 .arguments = {"sleeper", "30"},
                                                  .environment = {"A=1"},
                                                  .folder = "/usr",
                                                  .openFiles = ours.openFiles});
@@ -62,7 +62,7 @@ TEST(DetachedProgram, OutlivesItsStarterWithNothingOfIt) {
     const auto end = PidFd::open(process);
     ASSERT_TRUE(end);
     EXPECT_FALSE(end->hasExited());
-    EXPECT_EQ(fact(process, "cmdline"), "sleeper\n600\n");
+    EXPECT_EQ(fact(process, "cmdline"), "sleeper\n30\n");
     EXPECT_EQ(fact(process, "environ"),
               "A=1\n" + std::string(launchedPid()) + std::to_string(process) + '\n');
     std::map<std::string, std::string> descriptors;
@@ -91,7 +91,7 @@ TEST(DetachedProgram, LeavesNothingWhenItDoesNotRun) {
     ASSERT_TRUE(program);
     EXPECT_FALSE(program->run());
 
-    auto dropped = DetachedProgram::prepare({.program = "/bin/sleep", .arguments = {"x", "600"}});
+    auto dropped = DetachedProgram::prepare({.program = "/bin/sleep", .arguments = {"x", "30"}});
     ASSERT_TRUE(dropped);
     const auto end = PidFd::open(dropped->process());
     ASSERT_TRUE(end);
