@@ -21,6 +21,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
         }
         static_cast<void>(SessionAutostart({&*entry, 1}, {&*entry, 1}).starts(words, {}));
+        const auto launched = launchWords(*entry);
+        if (launched && (launched->front().empty() || launched->size() < words.size())) {
+            std::abort();
+        }
     }
     walkKeyFile(text, [](const KeyFileLine& line) {
         static_cast<void>(unescapedValue(line.value));
