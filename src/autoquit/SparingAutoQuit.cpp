@@ -37,13 +37,23 @@ void SparingAutoQuit::setOn(bool isOn) {
     if (!isOn) {
         return;
     }
-    const auto forgetIt = [this](const WorkspaceApplication& app) {
-        if (app.bundleIdentifier) {
-            forget(*app.bundleIdentifier);
-        }
-    };
-    activations_ = around_.platform.workspace.onActivated(forgetIt);
-    endings_ = around_.platform.workspace.onTerminated(forgetIt);
+    activations_ = around_.platform.workspace.onActivated(
+        [this](const WorkspaceApplication& app) { forgetIt(app); });
+}
+
+void SparingAutoQuit::forgetIt(const WorkspaceApplication& app) {
+    if (app.bundleIdentifier) {
+        forget(*app.bundleIdentifier);
+    }
+}
+
+void SparingAutoQuit::followEndings() {
+    if (warnings_.applications().empty()) {
+        endings_.reset();
+    } else if (!endings_) {
+        endings_ = around_.platform.workspace.onTerminated(
+            [this](const WorkspaceApplication& app) { forgetIt(app); });
+    }
 }
 
 std::optional<SpareReason> SparingAutoQuit::lastSpared(const std::string& bundleIdentifier) const {
@@ -128,6 +138,7 @@ void SparingAutoQuit::check() {
     isReading_ = false; // An answer that is not there after a minute will not come.
     const Pass pass = findCandidates();
     withdrawOthers(pass.candidates);
+    followEndings();
     if (std::ranges::any_of(pass.candidates, [this](const auto& candidate) {
             return !warnings_.contains(candidate.first);
         })) {
@@ -178,6 +189,7 @@ void SparingAutoQuit::decide(const UseReport& report) {
             warnings_.withdraw(application);
         }
     }
+    followEndings();
 }
 
 std::optional<SpareReason> SparingAutoQuit::spared(AutoQuitRules& rules, const Instances& instances,

@@ -95,6 +95,9 @@ class SparingAutoQuit {
     void quit(const std::string& bundleIdentifier, const Instances& instances);
     void recordUse(const std::string& bundleIdentifier);
     void forget(const std::string& bundleIdentifier);
+    void forgetIt(const WorkspaceApplication& app);
+    /// Takes the notice away when its application ends.
+    void followEndings();
 
     Surroundings around_;
     IdleTimes idleTimes_;
@@ -110,6 +113,7 @@ class SparingAutoQuit {
     bool isReading_ = false;
     Subscription reading_;
     Subscription activations_;
+    /// Only while a notice is shown: workspaces that are asked for endings look for them.
     Subscription endings_;
     /// Expires with this object.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

@@ -8,6 +8,8 @@ namespace calmora {
 namespace {
 
 using Names = std::vector<std::string>;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// An application that was listed as process `pid`.
 AppInfo app(ProcessId pid, std::optional<std::string> desktopId, std::uint64_t startTime = 0) {
