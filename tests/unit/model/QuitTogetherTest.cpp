@@ -8,10 +8,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto never = std::nullopt;
-
 /// What both engines have in common is tested with AppQuitter.
 struct QuitTogetherTest : testing::Test {
+    static constexpr auto never = std::nullopt;
+
     FakePlatform machine;
     QuitTogether together{machine.platform()};
     int finished = 0;
