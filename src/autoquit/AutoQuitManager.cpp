@@ -42,13 +42,24 @@ AutoQuitManager::AutoQuitManager(const AutoQuitSurroundings& surroundings)
       platform_(surroundings.platform), notifications_(surroundings.notifications),
       input_(surroundings.input), activityTracker_(platform_), appQuitter_(platform_),
       resourceMonitor_(platform_), treeSampler_(platform_),
+      together_(platform_, platformOperations(platform_)),
       sparing_({.settings = settings_,
                 .platform = platform_,
                 .tracker = activityTracker_,
                 .notifications = notifications_,
                 .uses = surroundings.uses,
                 .away = surroundings.away,
-                .quit = [this](const WorkspaceApplication& app) { quit(app); }}) {
+                .quit = [this](const WorkspaceApplication& app) {
+                    together_.begin({{.pid = app.processIdentifier,
+                                      .name = nameOf(app),
+                                      .bundleIdentifier = app.bundleIdentifier}},
+                                    /*force=*/false);
+                }}) {
+    togetherGone_ = together_.onGone([this](const std::vector<AppInfo>& gone) {
+        for (const AppInfo& app : gone) {
+            postAutoQuitNotification(app.name, settings_.autoQuitMinutes());
+        }
+    });
     sparing_.setOn(extras_.sparesWhatIsInUse());
     sparingChanges_ =
         extras_.sparesWhatIsInUse.observe([this] { sparing_.setOn(extras_.sparesWhatIsInUse()); });

@@ -6,6 +6,7 @@
 #include "autoquit/ProcessTreeSampler.h"
 #include "autoquit/SparingAutoQuit.h"
 #include "model/AppQuitter.h"
+#include "model/QuitTogether.h"
 #include "model/ResourceMonitor.h"
 #include "platform/Platform.h"
 #include "support/Subscription.h"
@@ -44,7 +45,7 @@ struct AutoQuitSurroundings {
 /// settings say, and notifies the user of each one. The settings and the catalogue decide which may
 /// be quit; for an application that is not in the catalogue, the annex and the desktop entry do.
 /// Shares no state with the list. With the preference sparesWhatIsInUse all but the quitting itself
-/// is the matter of SparingAutoQuit. Main thread.
+/// is the matter of SparingAutoQuit, and nothing blocks. Main thread.
 class AutoQuitManager {
   public:
     /// How often the applications are checked.
@@ -91,6 +92,9 @@ class AutoQuitManager {
     ResourceMonitor resourceMonitor_;
     /// Samples all other cautious ones.
     ProcessTreeSampler treeSampler_;
+    /// Quits what SparingAutoQuit has decided on, without blocking.
+    QuitTogether together_;
+    Subscription togetherGone_;
     SparingAutoQuit sparing_;
     Subscription sparingChanges_;
     Subscription settingChanges_;

@@ -166,7 +166,6 @@ void SparingAutoQuit::decide(const UseReport& report) {
     const UseNow use{report, frontmost ? frontmost->bundleIdentifier : std::nullopt, *limit};
     AutoQuitRules byRules = rules();
     sampler_.beginPass(pass.running);
-    const std::weak_ptr alive = alive_;
     for (const auto& [application, instances] : pass.candidates) {
         const bool isDue = warnings_.isDue(application);
         if (warnings_.contains(application) && !isDue) {
@@ -182,9 +181,6 @@ void SparingAutoQuit::decide(const UseReport& report) {
                            std::max<std::int64_t>(around_.settings.autoQuitMinutes(), 1));
         } else if (idleTimes_.idle(application) > *limit) {
             quit(application, instances);
-            if (alive.expired() || !isOn_) {
-                return;
-            }
         } else { // The clock was set back.
             warnings_.withdraw(application);
         }
@@ -222,12 +218,8 @@ void SparingAutoQuit::quit(const std::string& bundleIdentifier, const Instances&
     warnings_.withdraw(bundleIdentifier);
     // Until it ends or is used: nobody wants to be asked to save every other minute.
     lastSpared_[bundleIdentifier] = SpareReason::wasAsked;
-    const std::weak_ptr alive = alive_;
     for (const WorkspaceApplication& app : instances) {
         around_.quit(app);
-        if (alive.expired()) {
-            return;
-        }
     }
 }
 

@@ -15,7 +15,6 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -42,7 +41,7 @@ class SparingAutoQuit {
         UserNotifications& notifications;
         UseSources& uses;
         AwayTime& away;
-        /// Asks one instance politely to quit. May end auto-quit.
+        /// Asks one instance politely to quit, on the next turn of the loop.
         std::function<void(const WorkspaceApplication&)> quit;
     };
 
@@ -115,8 +114,6 @@ class SparingAutoQuit {
     Subscription activations_;
     /// Only while a notice is shown: workspaces that are asked for endings look for them.
     Subscription endings_;
-    /// Expires with this object.
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace calmora

@@ -203,6 +203,7 @@ TEST(SparingAutoQuit, ManyAtOnceAreWarnedOfAFewAtATime) {
     }
     EXPECT_EQ(desk.asked(), all);
     EXPECT_EQ(desk.notifications.shows, 8);
+    EXPECT_EQ(desk.notifications.added.size(), 8U) << "each is told of when it is gone";
 }
 
 TEST(SparingAutoQuit, OneThatStaysIsAskedOnceUntilItIsUsed) {
@@ -212,6 +213,8 @@ TEST(SparingAutoQuit, OneThatStaysIsAskedOnceUntilItIsUsed) {
     desk.pass(30min);
     EXPECT_EQ(desk.asked(), Pids{1});
     EXPECT_EQ(desk.notifications.shows, 1);
+    EXPECT_EQ(desk.machine.clock.slept, 0s) << "the program goes on";
+    EXPECT_TRUE(desk.notifications.added.empty()) << "it is not gone";
     desk.use(1);
     desk.pass(30min);
     EXPECT_EQ(desk.asked(), (Pids{1, 1}));
