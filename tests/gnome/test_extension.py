@@ -195,15 +195,15 @@ class Extension(unittest.TestCase):
                       self.session.output("xdotool", "search", "--pid", str(xterm.pid)).split())
         self.assertNotIn("xid", of_process[calculator.pid])
 
-        def fills_the_screen(expected):
-            self.session.wait_until(lambda: calculator.pid in [
-                w["pid"] for w in client.call("Windows")[0] if w["full"]] == expected, "full screen")
-        window_js = "global.display.list_all_windows().find(w => w.get_pid() === %d)" % calculator.pid
+        def fills_the_screen():
+            full = [w["pid"] for w in client.call("Windows")[0] if w["full"]]
+            return calculator.pid in full
+        window_js = f"global.display.list_all_windows().find(w => w.get_pid() === {calculator.pid})"
         space = "global.workspace_manager.get_workspace_by_index(%d).activate(0)"
         for code, expected in [(window_js + ".make_fullscreen()", True), (space % 1, False),
                                (space % 0, True), (window_js + ".unmake_fullscreen()", False)]:
             self.session.js(code)
-            fills_the_screen(expected)
+            self.session.wait_until(lambda: fills_the_screen() == expected, code)
         self.assertIn(of_process[dialog.pid]["parent"],
                       [w["id"] for w in self.session.windows_of(dialog.pid)])
 
