@@ -2,8 +2,8 @@
 #include "fakes/FakeWindowSystem.h"
 #include "platform/desktop/use/BusUses.h"
 #include "platform/desktop/use/DesktopUseSources.h"
+#include "platform/desktop/use/MediaStreams.h"
 #include "platform/desktop/use/SessionAwayTime.h"
-#include "platform/desktop/use/SoundStreams.h"
 #include "platform/linux/proc/ProcessReader.h"
 
 #include "PrivateBus.h"
@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 constexpr auto playerPath = "/org/mpris/MediaPlayer2";
 constexpr auto loginPath = "/org/freedesktop/login1";
 
-TEST(SoundStreams, AreUsesOfProgramsOfThisMachineUnlessTheyPause) {
+TEST(MediaStreams, AreUsesOfProgramsOfThisMachineUnlessTheyPause) {
     const HostNames host{.name = "here", .machineId = "3d12"};
     const StreamUse plays{.ownId = 7, .program = "player"};
     using Properties = std::map<std::string, std::string>;
@@ -44,7 +44,7 @@ TEST(SoundStreams, AreUsesOfProgramsOfThisMachineUnlessTheyPause) {
 
     const struct {
         const char* what;
-        SoundStream stream;
+        MediaStream stream;
         std::optional<StreamUse> expected;
     } cases[] = {
         {"PulseAudio", {.properties = pulse}, plays},
@@ -53,10 +53,15 @@ TEST(SoundStreams, AreUsesOfProgramsOfThisMachineUnlessTheyPause) {
          {.properties = {{"application.process.id", "7"}, {"pipewire.sec.pid", "9"}}},
          StreamUse{.ownId = 7, .peer = 9}},
         {"recording",
-         {.isRecording = true, .properties = pulse},
+         {.kind = MediaStream::Kind::recordsSound, .properties = pulse},
          StreamUse{.kind = UseKind::recordsSound, .ownId = 7, .program = "player"}},
+        {"pictures",
+         {.kind = MediaStream::Kind::receivesPictures, .properties = {{"pipewire.sec.pid", "9"}}},
+         StreamUse{.kind = UseKind::sharesScreen, .peer = 9}},
         {"paused", {.isPaused = true, .properties = pulse}, {}},
-        {"PulseAudio's meter", {.isRecording = true, .isPeakMeter = true, .properties = pulse}, {}},
+        {"PulseAudio's meter",
+         {.kind = MediaStream::Kind::recordsSound, .isPeakMeter = true, .properties = pulse},
+         {}},
         {"PipeWire's meter", {.properties = with(pipewire, {{"stream.monitor", "true"}})}, {}},
         {"the name for an id",
          {.properties = {{"application.process.id", "7"},

@@ -66,8 +66,8 @@ class PulseStreams final : public StreamServer {
         return hasAsked_ && awaited_ == 0 ? State::done : State::pending;
     }
 
-    [[nodiscard]] std::vector<SoundStream> streams() const override {
-        std::vector<SoundStream> result;
+    [[nodiscard]] std::vector<MediaStream> streams() const override {
+        std::vector<MediaStream> result;
         for (const auto& [stream, client] : streams_) {
             result.push_back(stream);
             if (const auto known = clients_.find(client); known != clients_.end()) {
@@ -112,7 +112,7 @@ class PulseStreams final : public StreamServer {
 
     static void addPlayback(pa_context*, const pa_sink_input_info* info, int end, void* self) {
         if (of(self).has(info, end)) {
-            of(self).streams_.push_back({{.isRecording = false,
+            of(self).streams_.push_back({{.kind = MediaStream::Kind::playsSound,
                                           .isPaused = info->corked != 0,
                                           .isPeakMeter = false,
                                           .properties = propertiesOf(info->proplist)},
@@ -123,7 +123,7 @@ class PulseStreams final : public StreamServer {
     static void addRecording(pa_context*, const pa_source_output_info* info, int end, void* self) {
         if (of(self).has(info, end)) {
             const std::string_view method = info->resample_method ? info->resample_method : "";
-            of(self).streams_.push_back({{.isRecording = true,
+            of(self).streams_.push_back({{.kind = MediaStream::Kind::recordsSound,
                                           .isPaused = info->corked != 0,
                                           .isPeakMeter = method == "peaks",
                                           .properties = propertiesOf(info->proplist)},
@@ -137,7 +137,7 @@ class PulseStreams final : public StreamServer {
     int awaited_ = 0;
     std::map<std::uint32_t, Properties> clients_;
     /// With the number of the client.
-    std::vector<std::pair<SoundStream, std::uint32_t>> streams_;
+    std::vector<std::pair<MediaStream, std::uint32_t>> streams_;
 };
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "platform/desktop/use/DesktopUseSources.h"
 
 #include "platform/desktop/use/BusUses.h"
-#include "platform/desktop/use/SoundStreams.h"
+#include "platform/desktop/use/MediaStreams.h"
 #include "platform/desktop/use/UseReading.h"
 #include "platform/linux/windows/WindowSystem.h"
 
@@ -55,7 +55,7 @@ Subscription DesktopUseSources::read(std::function<void(const UseReport&)> handl
     readPowerInhibitors(reading, sessionBus, owners_);
     readIdleMonitor(reading, sessionBus);
     readLogindInhibitors(reading, *open->systemBus);
-    readSound(reading, owners_, surroundings_.applicationName.c_str());
+    readStreams(reading, owners_, surroundings_.applicationName.c_str());
     readWindows(reading, surroundings_.windows);
     reading.haveAllBegun();
     return Subscription([open] {});

@@ -7,9 +7,16 @@
 
 namespace calmora {
 
-/// A stream of sound as the sound server tells it.
-struct SoundStream {
-    bool isRecording = false;
+/// A stream of sound or pictures as a server tells it.
+struct MediaStream {
+    enum class Kind {
+        playsSound,
+        recordsSound,
+        /// It receives pictures: the screen, a window or a camera.
+        receivesPictures,
+    };
+
+    Kind kind = Kind::playsSound;
     /// It is stopped for the moment: corked.
     bool isPaused = false;
     /// The server gives it peaks only, as a volume control shows them.
@@ -19,7 +26,7 @@ struct SoundStream {
     std::map<std::string, std::string> properties = {};
 };
 
-/// A connection to the sound server for one question.
+/// A connection to a server of streams for one question.
 class StreamServer {
   public:
     enum class State {
@@ -35,11 +42,11 @@ class StreamServer {
     virtual State proceed() = 0;
 
     /// All streams, once done.
-    [[nodiscard]] virtual std::vector<SoundStream> streams() const = 0;
+    [[nodiscard]] virtual std::vector<MediaStream> streams() const = 0;
 };
 
-/// The function that the library "streams" exports. Connects under the name that the server shows;
-/// the caller owns the result.
+/// The function that the libraries "pulse" and "pipewire" export, which need the library of that
+/// name loaded already. Connects under the name that the server shows; the caller owns the result.
 using OpenStreamServer = StreamServer*(const char* applicationName);
 inline constexpr const char* openStreamServerName = "calmoraOpenStreamServer";
 

@@ -13,7 +13,7 @@ namespace calmora {
 class UseOwners;
 class UseReading;
 
-/// A machine as sound servers tell it.
+/// A machine as servers of streams tell it.
 struct HostNames {
     std::string name = {};
     /// /etc/machine-id; empty if there is none.
@@ -37,12 +37,13 @@ struct StreamUse {
 };
 
 /// Absent for what is no use: paused streams, meters of volume controls, streams of other machines
-/// and those of the server itself.
+/// and those of the server itself. Pictures count as the screen, from which a camera is not told.
 /// Source: PulseAudio's proplist.h; PipeWire's keys.h; what both tell when they run.
-[[nodiscard]] std::optional<StreamUse> useOf(const SoundStream& stream, const HostNames& host);
+[[nodiscard]] std::optional<StreamUse> useOf(const MediaStream& stream, const HostNames& host);
 
-/// Reads what plays and records from the sound server. libpulse is loaded for it; without that or
-/// a server there is nothing. `owners` must outlive the reading.
-void readSound(UseReading& reading, const UseOwners& owners, const char* applicationName);
+/// Reads what plays and records sound from the sound server, and what receives pictures from
+/// PipeWire. Their libraries are loaded for it; without one or its server there is nothing.
+/// `owners` must outlive the reading.
+void readStreams(UseReading& reading, const UseOwners& owners, const char* applicationName);
 
 } // namespace calmora
