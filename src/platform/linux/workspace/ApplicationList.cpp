@@ -19,8 +19,10 @@ namespace {
 
 /// One refresh of the popover looks up several identifiers.
 constexpr std::chrono::milliseconds installedLifetime{100};
-/// Asking the guard costs more than the rest of an unchanged process.
-constexpr std::chrono::seconds verdictLifetime{10};
+/// Asking the guard costs more than the rest of an unchanged process. Launchers turn into other
+/// programs soon, if ever: the time doubles with each verdict.
+constexpr std::chrono::seconds firstVerdictLifetime{10};
+constexpr std::chrono::seconds longestVerdictLifetime{80};
 
 bool namesNothing(const Image& image) {
     return image.themeName.empty() && image.file.empty() && !image.pixels;
@@ -204,9 +206,13 @@ bool ApplicationList::isProtected(ProcessId process, std::uint64_t startTime,
                                   bool hasRegularWindow) {
     Verdict& verdict = verdicts_[process];
     const auto now = sources_.clock.ticks();
-    if (verdict.startTime != startTime || verdict.hasRegularWindow != hasRegularWindow ||
-        now - verdict.askedAt >= verdictLifetime) {
-        verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), now};
+    const bool isKnown =
+        verdict.startTime == startTime && verdict.hasRegularWindow == hasRegularWindow;
+    if (!isKnown || now - verdict.askedAt >= verdict.lifetime) {
+        const auto lifetime =
+            isKnown ? std::min(2 * verdict.lifetime, longestVerdictLifetime) : firstVerdictLifetime;
+        verdict = {startTime, hasRegularWindow, sources_.protection.isProtected(process), now,
+                   lifetime};
     }
     return verdict.isProtected;
 }

@@ -103,6 +103,7 @@ class ApplicationList {
         bool hasRegularWindow = false;
         bool isProtected = false;
         std::chrono::nanoseconds askedAt{};
+        std::chrono::seconds lifetime{};
     };
 
     /// Reads everything that the list is made from.
