@@ -70,7 +70,7 @@ class Commands(DesktopCase):
         calmora = self.start_calmora().calmora
         desktop.wait_until(self.driver.icon, "status icon")
         self.assertEqual(self.ask("--leave"), (0, ""))
-        self.assertIsNotNone(calmora.poll(), "it has ended before the rest is taken back")
+        self.wait_for_exit(calmora)
         self.assertEqual(desktop.output(*settings), "['a@b']")
         self.assertFalse(entry.exists())
         self.assertTrue(self.preferences()["sortByCPU"])
