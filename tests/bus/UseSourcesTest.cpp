@@ -23,7 +23,6 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 using namespace std::chrono_literals;
 
-constexpr auto playerPath = "/org/mpris/MediaPlayer2";
 constexpr auto loginPath = "/org/freedesktop/login1";
 
 TEST(MediaStreams, AreUsesOfProgramsOfThisMachineUnlessTheyPause) {
@@ -141,7 +140,7 @@ struct SilentObject : QDBusVirtualObject {
     bool handleMessage(const QDBusMessage&, const QDBusConnection&) override { return true; }
 };
 
-QVariantList property(const QVariant& value) {
+QVariantList propertyAnswer(const QVariant& value) {
     return {QVariant::fromValue(QDBusVariant(value))};
 }
 
@@ -253,7 +252,8 @@ TEST_F(UseSourcesTest, CollectWhatInhibitorsAndWindowsTell) {
 
 TEST_F(UseSourcesTest, AskOnlyWhenAskedAndWaitForNobodyLong) {
     QString status = "Paused";
-    ScriptedObject player(other, playerPath, [&](auto&&) { return property(status); });
+    ScriptedObject player(other, "/org/mpris/MediaPlayer2",
+                          [&](auto&&) { return propertyAnswer(status); });
     serve({"org.mpris.MediaPlayer2.one"});
     EXPECT_THAT(uses(), IsEmpty());
     status = "Playing";
@@ -362,9 +362,9 @@ TEST_F(UseSourcesTest, AwayTimeCountsSleepAndLocksOnceWhileFollowed) {
     bool isActive = false;
     ScriptedObject saver(other, "/org/gnome/ScreenSaver",
                          [&](auto&&) { return QVariantList{isActive}; });
-    ScriptedObject session(other, "/session/c1", [&](auto&&) { return property(false); });
+    ScriptedObject session(other, "/session/c1", [&](auto&&) { return propertyAnswer(false); });
     ScriptedObject caller(other, "/org/freedesktop/login1/session/auto",
-                          [&](auto&&) { return property("c1"); });
+                          [&](auto&&) { return propertyAnswer("c1"); });
     ScriptedObject login(other, loginPath, [](auto&&) {
         return QVariantList{QVariant::fromValue(QDBusObjectPath("/session/c1"))};
     });
