@@ -5,7 +5,7 @@
     <name>Calmora</name>
     <message>
         <source>%@ freed</source>
-        <translation>%@ frei geworden</translation>
+        <translation>%@ frei</translation>
     </message>
     <message numerus="yes">
         <source>%lld quit</source>

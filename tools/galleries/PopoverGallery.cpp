@@ -131,6 +131,34 @@ void render(const QDir& folder, Appearance appearance, const QString& suffix) {
              settle(300);
              bar->setValue(bar->maximum());
          }},
+        {"quitting",
+         [](PopoverFixture& p) {
+             for (ProcessId pid = 100; pid < 112; ++pid) {
+                 p.machine.workspace.at(pid).endsAfterTerminate.reset();
+             }
+             for (const ProcessId pid : {100, 102, 103}) {
+                 p.model.beginQuit(pid, false);
+             }
+         }},
+        {"stayed",
+         [](PopoverFixture& p) {
+             for (const ProcessId pid : {100, 103}) {
+                 p.machine.workspace.at(pid).endsAfterTerminate.reset();
+             }
+             p.machine.workspace.at(100).isAsking = true;
+             p.machine.workspace.at(103).isUnresponsive = true;
+             p.reopenList = &p.reopening;
+             p.reopening.remember({{.pid = 1, .desktopId = "gone"}});
+             for (const ProcessId pid : {100, 102, 103, 104}) {
+                 p.model.beginQuit(pid, false);
+             }
+             p.machine.runLoop.advance(std::chrono::seconds(2));
+         }},
+        {"offer",
+         [](PopoverFixture& p) {
+             p.machine.workspace.at(100).endsAfterTerminate.reset();
+             p.view->findChild<QAbstractButton*>("quit")->click();
+         }},
         {"focus",
          [](PopoverFixture& p) {
              p.view->window()->setAttribute(Qt::WA_KeyboardFocusChange);

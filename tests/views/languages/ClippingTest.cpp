@@ -164,6 +164,28 @@ void expectWholePopover() {
     expectWhole(popover.window, "popover in force mode");
     popover.model.setSearchText("zebra");
     expectWhole(popover.window, "popover that finds nothing");
+
+    const auto press = [&popover](const char* button) {
+        QApplication::processEvents();
+        popover.view->findChild<QAbstractButton*>(button)->click();
+        popover.machine.runLoop.advance(std::chrono::seconds(2));
+    };
+    popover.machine.events.flags.emit({});
+    popover.model.setSearchText("");
+    popover.model.toggleWhitelist(100);
+    popover.model.setAllSelected(true);
+    popover.machine.workspace.at(100).endsAfterTerminate.reset();
+    popover.machine.workspace.at(100).isUnresponsive = true;
+    press("quitAll");
+    expectWhole(popover.window, "popover with an offer");
+    press("acceptOffer");
+    popover.launch(103, "Mail");
+    popover.machine.processes.at(103).counters->physFootprint = std::uint64_t{3} << 30U;
+    popover.reopenList = &popover.reopening;
+    popover.reopening.remember({{.pid = 9, .desktopId = "gone"}});
+    popover.machine.runLoop.turn();
+    press("quitAll");
+    expectWhole(popover.window, "popover with what stayed");
 }
 
 TEST_P(Clipping, Popover) {

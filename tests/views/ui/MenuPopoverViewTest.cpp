@@ -349,7 +349,6 @@ TEST_F(MenuPopoverViewTest, ShowsHowQuitsGoThatRunBesideIt) {
     for (const ProcessId pid : {1, 2}) {
         machine.workspace.launch({.pid = pid,
                                   .name = pid == 1 ? "Asks" : "Ends",
-                                  .desktopId = "app" + std::to_string(pid),
                                   .process = {.counters = ProcessCounters{0, 0, 9U << 20U}},
                                   .endsAfterTerminate = 100ms});
     }

@@ -47,14 +47,12 @@ class ShellFocusGrab final : public FocusGrab {
         if (isAlertOpen_() || !onLeft_) {
             return;
         }
-        // It ends this object, which is about to be left.
-        QTimer::singleShot(
-            0, qApp,
-            [onLeft = std::exchange(onLeft_, nullptr), how, alive = std::weak_ptr(alive_)] {
-                if (!alive.expired()) {
-                    onLeft(how);
-                }
-            });
+        // It may end this object, which is about to be left, or let the focus be elsewhere.
+        QTimer::singleShot(0, qApp, [onLeft = onLeft_, how, alive = std::weak_ptr(alive_)] {
+            if (!alive.expired()) {
+                onLeft(how);
+            }
+        });
     }
 
     ShellLink& link_;

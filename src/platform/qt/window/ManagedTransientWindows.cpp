@@ -47,7 +47,8 @@ class ManagedFocusGrab final : public QObject, public FocusGrab {
                 QTimer::singleShot(returnTime, this, [this] { check(); });
                 return;
             }
-            if (const auto onLeft = std::exchange(onLeft_, nullptr)) {
+            // It may end this object, or let the focus be elsewhere.
+            if (const auto onLeft = onLeft_) {
                 onLeft(Leaving::turnedAway);
             }
         }
