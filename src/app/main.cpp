@@ -70,9 +70,32 @@ class Alarm {
     ~Alarm() { ::alarm(0); }
 };
 
+/// Keeps the signals that end the program from threads that are started meanwhile. If the program
+/// becomes the instance, they are for its main loop: EndingSignals. Source: pthread_sigmask(3).
+class SignalsForMainThread {
+  public:
+    SignalsForMainThread() {
+        sigset_t signals;
+        sigemptyset(&signals);
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+            sigaddset(&signals, signal);
+        }
+        pthread_sigmask(SIG_BLOCK, &signals, &before_);
+    }
+
+    SignalsForMainThread(const SignalsForMainThread&) = delete;
+    SignalsForMainThread& operator=(const SignalsForMainThread&) = delete;
+
+    ~SignalsForMainThread() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+  private:
+    sigset_t before_{};
+};
+
 /// A connection to the session bus of a command's own; ends the program if the bus does not answer.
 QDBusConnection connectToBus(const QString& name) {
     const Alarm alarm;
+    const SignalsForMainThread signals; // Qt's thread for D-Bus starts here and stays.
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
 }
 

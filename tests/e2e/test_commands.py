@@ -50,6 +50,9 @@ class Commands(DesktopCase):
         self.assertEqual(self.ask("--quit-all")[0], 0)
         self.wait_for_exit(application)
         self.assertEqual(self.ask("--quit-all")[0], 1, "nothing is left")
+        driver.calmora.terminate()
+        self.wait_for_exit(driver.calmora)
+        self.assertEqual(driver.calmora.returncode, 0, "it ends as with its Quit command")
 
     def test_leaves_nothing_that_acts(self):
         desktop = self.open_desktop()
