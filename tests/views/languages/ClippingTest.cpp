@@ -99,7 +99,10 @@ void expectWholeSettings(const QLocale& locale) {
     expectWhole(view, "recording");
 
     tabs->setCurrentIndex(0);
+    const auto corner = [&] { return qGray(view.grab(QRect(0, 0, 1, 1)).toImage().pixel(0, 0)); };
+    const int undimmed = corner();
     view.findChild<QAbstractButton*>("addApp")->click();
+    EXPECT_LT(corner(), undimmed);
     auto* sheet = view.findChild<QDialog*>("addAppSheet");
     settings.settings.addToNeverQuit("mail");
     expectWhole(*sheet, "sheet");
@@ -108,12 +111,15 @@ void expectWholeSettings(const QLocale& locale) {
     QFont other = QApplication::font();
     other.setPointSize(16);
     QApplication::setFont(other);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.font().pointSize() == 16; }));
     QTest::qWait(10);
     ASSERT_EQ(view.findChild<QDialog*>("addAppSheet"), sheet) << "a sheet is not taken away";
     sheet->close();
     view.activateWindow();
-    QTest::qWait(10);
-    EXPECT_EQ(view.rect().size(), boundedByScreen(view, QSize(450, 560) * Theme::textScale()));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return view.rect().size() == boundedByScreen(view, QSize(450, 560) * Theme::textScale());
+    }));
+    QApplication::processEvents();
     expectWhole(view, "settings in another font");
     settings.settings.autoQuitEnabled.set(true);
     expectWhole(view, "settings with an offer");

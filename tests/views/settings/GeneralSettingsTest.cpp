@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsFixture.h"
+#include "settings/WindowKeys.h"
 
 namespace calmora {
 namespace {
@@ -98,6 +99,20 @@ TEST_F(GeneralSettingsTest, APickerEditsItsPreference) {
         QTest::keyClick(&control, Qt::Key_End);
         EXPECT_EQ(machine.defaults.stored.at(name), last) << name;
     }
+
+    answerMenuKeys(window);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto pressEscape = [&] {
+        const QWidget* popup = QApplication::activePopupWidget();
+        QTest::keyClick((popup ? popup : &window)->windowHandle(), Qt::Key_Escape);
+    };
+    picker("sortOrder").showPopup();
+    pressEscape();
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    EXPECT_TRUE(window.isVisible()) << "the key has closed the list";
+    pressEscape();
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(GeneralSettingsTest, EditsTheNeverQuitList) {

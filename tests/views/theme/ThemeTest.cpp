@@ -59,6 +59,18 @@ TEST(Theme, FollowsThePaletteWithReadableContrast) {
     }
 }
 
+TEST(Theme, ReturnsToTheDesktopsPaletteWithoutAPreference) {
+    const auto shown = [](const AppearanceWish& wish) {
+        setAppearance(wish);
+        return Theme(QApplication::palette()).appearance();
+    };
+    EXPECT_EQ(shown({.preferred = Appearance::dark}), Appearance::dark);
+    EXPECT_EQ(shown({}), Appearance::light);
+    EXPECT_EQ(shown({.isThemeDark = true}), Appearance::dark);
+    EXPECT_EQ(shown({.preferred = Appearance::light, .isThemeDark = true}), Appearance::light);
+    setAppearance({});
+}
+
 TEST(Pictures, DecodesTheFirstSourceThatCanBeDrawn) {
     const QTemporaryDir folder;
     const auto path = [&](const char* name) { return folder.filePath(name); };
