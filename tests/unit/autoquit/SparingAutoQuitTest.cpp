@@ -53,6 +53,7 @@ struct Desk {
             machine.runLoop.advance(10s);
             uses.answer();
             notifications.settle(outcome);
+            machine.runLoop.turn();
         }
     }
 
