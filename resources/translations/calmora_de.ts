@@ -512,10 +512,6 @@
         <translation>Optionen und Vorschau …</translation>
     </message>
     <message>
-        <source>Switch on</source>
-        <translation>Einschalten</translation>
-    </message>
-    <message>
         <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
         <translation>Soll automatisches Beenden verschonen, was in Gebrauch ist, etwa ein Programm, das Ton ausgibt, und Ihnen eine Minute vorher sagen, was beendet wird?</translation>
     </message>

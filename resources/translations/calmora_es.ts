@@ -512,10 +512,6 @@
         <translation>Opciones y previsión…</translation>
     </message>
     <message>
-        <source>Switch on</source>
-        <translation>Activar</translation>
-    </message>
-    <message>
         <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
         <translation>¿Debe el cierre automático respetar lo que está en uso, como una aplicación que reproduce sonido, y avisarle un minuto antes de cerrar una aplicación?</translation>
     </message>

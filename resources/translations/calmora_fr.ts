@@ -512,10 +512,6 @@
         <translation>Options et prévisions…</translation>
     </message>
     <message>
-        <source>Switch on</source>
-        <translation>Activer</translation>
-    </message>
-    <message>
         <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
         <translation>La fermeture automatique doit-elle épargner ce qui est utilisé, comme une application qui joue du son, et vous prévenir une minute avant de fermer une application ?</translation>
     </message>

@@ -496,10 +496,6 @@
         <translation>オプションと予定…</translation>
     </message>
     <message>
-        <source>Switch on</source>
-        <translation>オンにする</translation>
-    </message>
-    <message>
         <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
         <translation>音を再生しているアプリなど、使用中のものは自動終了の対象から外し、終了する1分前にお知らせしますか？</translation>
     </message>

@@ -49,7 +49,7 @@
     </message>
     <message>
         <source>Switch on</source>
-        <translation>打开</translation>
+        <translation>开启</translation>
     </message>
     <message numerus="yes">
         <source>apps_running_count %lld</source>
@@ -494,10 +494,6 @@
     <message>
         <source>Options and Forecast…</source>
         <translation>选项与预告…</translation>
-    </message>
-    <message>
-        <source>Switch on</source>
-        <translation>开启</translation>
     </message>
     <message>
         <source>Shall auto-quit leave alone what is in use, such as an app that plays sound, and tell you a minute before it quits an app?</source>
