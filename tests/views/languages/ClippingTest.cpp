@@ -187,7 +187,6 @@ void expectWholePopover() {
     press("acceptOffer");
     popover.launch(103, "Mail");
     popover.machine.processes.at(103).counters->physFootprint = std::uint64_t{3} << 30U;
-    popover.reopenList = &popover.reopening;
     popover.reopening.remember({{.pid = 9, .desktopId = "gone"}});
     popover.machine.runLoop.turn();
     press("quitAll");
