@@ -147,8 +147,9 @@ void render(const QDir& folder, Appearance appearance, const QString& suffix) {
              }
              p.machine.workspace.at(100).isAsking = true;
              p.machine.workspace.at(103).isUnresponsive = true;
-             p.reopenList = &p.reopening;
-             p.reopening.remember({{.pid = 1, .desktopId = "gone"}});
+             p.extras.quitsTogether.set(true);
+             p.machine.workspace.at(102).desktopId = "web";
+             p.model.refresh();
              for (const ProcessId pid : {100, 102, 103, 104}) {
                  p.model.beginQuit(pid, false);
              }

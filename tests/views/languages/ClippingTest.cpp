@@ -187,7 +187,7 @@ void expectWholePopover() {
     press("acceptOffer");
     popover.launch(103, "Mail");
     popover.machine.processes.at(103).counters->physFootprint = std::uint64_t{3} << 30U;
-    popover.reopening.remember({{.pid = 9, .desktopId = "gone"}});
+    popover.machine.workspace.at(103).desktopId = "mail";
     popover.machine.runLoop.turn();
     press("quitAll");
     expectWhole(popover.window, "popover with what stayed");
