@@ -39,7 +39,7 @@ std::vector<std::string> withdraw(const QDBusConnection& bus) {
         kept.emplace_back("the extension for GNOME cannot be disabled");
     }
     if (!forgetKdeKeys(bus, identity::identifier)) {
-        kept.emplace_back("KDE still remembers global shortcuts");
+        kept.emplace_back("the global shortcuts in KDE cannot be forgotten");
     }
     return kept;
 }

@@ -376,6 +376,7 @@ TEST_F(MenuPopoverViewTest, ShowsHowQuitsGoThatRunBesideIt) {
     EXPECT_EQ(rowWidgets()[1]->accessibleName(), "Ends, Quitting…");
     EXPECT_FALSE(rowButton("Ends", "quit").isEnabled());
     EXPECT_TRUE(machine.popover.staysOpen());
+    QCursor::setPos(rowWidgets()[1]->mapToGlobal(QPoint(5, 5)));
     pass(1500ms);
     EXPECT_EQ(machine.clock.slept, 1600ms);
     EXPECT_EQ(status(), "1 quit, 1 left");
