@@ -22,7 +22,7 @@ class UseReading;
 // tells nothing.
 
 /// Media players that say they play.
-/// Source: MPRIS D-Bus Interface Specification, PlaybackStatus.
+/// Source: freedesktop, MPRIS D-Bus interface, PlaybackStatus.
 void readMediaPlayers(UseReading& reading, const QDBusConnection& sessionBus,
                       const UseOwners& owners);
 
