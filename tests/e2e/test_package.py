@@ -62,7 +62,7 @@ class Package(DesktopCase):
     def test_is_hardened(self):
         programs = [file for file in self.usr.rglob("*")
                     if file.is_file() and file.read_bytes()[:4] == b"\x7fELF"]
-        self.assertEqual(len(programs), 4)
+        self.assertEqual(len(programs), 6)
         marks = [r"Type:\s+DYN", r"GNU_RELRO", r"BIND_NOW|FLAGS_1.*NOW"]
         if "CMAKE_BUILD_TYPE:STRING=Debug" not in (BUILD / "CMakeCache.txt").read_text():
             marks += [r"__stack_chk_fail"]
@@ -78,6 +78,7 @@ class Package(DesktopCase):
         files = [file for file in self.usr.rglob("*") if file.is_file()]
         for needed in ("bin/calmora", "lib/calmora/calmora_fetch",
                        "lib/calmora/calmora_sound.so", "lib/calmora/calmora_gsettings.so",
+                       "lib/calmora/calmora_pulse.so", "lib/calmora/calmora_pipewire.so",
                        f"share/icons/hicolor/scalable/apps/{APP_ID}.svg",
                        f"share/icons/hicolor/48x48/apps/{APP_ID}.png"):
             self.assertIn(self.usr / needed, files)

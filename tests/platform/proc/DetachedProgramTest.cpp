@@ -94,6 +94,13 @@ TEST(DetachedProgram, LeavesNothingWhenItDoesNotRun) {
     ASSERT_TRUE(end);
     dropped.reset();
     EXPECT_TRUE(waitFor([&] { return end->hasExited(); }));
+
+    auto killed = DetachedProgram::prepare({.program = "/bin/sleep", .arguments = {"x", "30"}});
+    ASSERT_TRUE(killed);
+    const auto gone = PidFd::open(killed->process());
+    kill(killed->process(), SIGKILL);
+    EXPECT_TRUE(waitFor([&] { return gone->hasExited(); }));
+    EXPECT_EXIT(_exit(killed->run() ? 0 : 1), testing::ExitedWithCode(0), "") << "no SIGPIPE";
 }
 
 } // namespace

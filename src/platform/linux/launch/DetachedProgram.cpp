@@ -161,7 +161,8 @@ std::optional<DetachedProgram> DetachedProgram::prepare(const ProgramStart& star
     if (!isMade) {
         return std::nullopt;
     }
-    return DetachedProgram(program, std::move(go->writes), std::move(status->reads));
+    return DetachedProgram(program, std::move(go->writes), std::move(go->reads),
+                           std::move(status->reads));
 }
 
 bool DetachedProgram::run() {

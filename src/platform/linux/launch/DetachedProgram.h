@@ -44,12 +44,17 @@ class DetachedProgram {
     bool run();
 
   private:
-    DetachedProgram(ProcessId process, FileDescriptor go, FileDescriptor status)
-        : process_(process), go_(std::move(go)), status_(std::move(status)) {}
+    DetachedProgram(ProcessId process, FileDescriptor go, FileDescriptor goReader,
+                    FileDescriptor status)
+        : process_(process), go_(std::move(go)), goReader_(std::move(goReader)),
+          status_(std::move(status)) {}
 
     ProcessId process_;
     /// A byte lets it run.
     FileDescriptor go_;
+    /// The other end: without a reader the byte would end this program (SIGPIPE) where somebody has
+    /// ended the process.
+    FileDescriptor goReader_;
     /// Closed when the program runs; carries a byte if it does not.
     FileDescriptor status_;
 };
