@@ -17,14 +17,11 @@
 
 namespace calmora {
 
-AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater,
-                         AppToolkit& toolkit, const Platform& platform, Launcher& launcher,
-                         KeyboardShortcuts& shortcuts, UserNotifications& notifications,
-                         InputGate& input, UseSources& uses, AwayTime& away)
-    : settings_(defaults), extras_(defaults), reopenList_(platform.workspace, launcher),
-      updaterController_(std::move(updater)), together_(platform), hotKeyManager_(shortcuts),
-      toolkit_(toolkit), platform_(platform), notifications_(notifications), input_(input),
-      uses_(uses), away_(away) {
+AppDelegate::AppDelegate(const AppSurroundings& surroundings, std::unique_ptr<Updater> updater)
+    : surroundings_(surroundings), settings_(surroundings.defaults), extras_(surroundings.defaults),
+      reopenList_(surroundings.platform.workspace, surroundings.launcher),
+      updaterController_(std::move(updater)), together_(surroundings.platform),
+      hotKeyManager_(surroundings.shortcuts) {
     quitProceeds_ = together_.onGone([this](const std::vector<AppInfo>& gone) {
         for (const ProcessId pid : reopenList_.restartPrepared(gone)) {
             together_.expectReturn(pid);
@@ -37,12 +34,12 @@ AppDelegate::AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> update
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
-    popover_ = toolkit_.makePopover(settings_, extras_, together_);
+    popover_ = surroundings_.toolkit.makePopover(settings_, extras_, together_);
     popover_->setContentSize(popoverSize);
 
-    statusItem_ = toolkit_.makeStatusItem();
+    statusItem_ = surroundings_.toolkit.makeStatusItem();
     std::optional<Image> image;
-    if (const auto file = platform_.bundle.resource("MenuBarIcon", "svg")) {
+    if (const auto file = surroundings_.platform.bundle.resource("MenuBarIcon", "svg")) {
         image.emplace().file = *file;
     }
     statusItem_->setTemplateImage(image, statusIconPoints);
@@ -57,11 +54,11 @@ void AppDelegate::applicationDidFinishLaunching() {
     autoQuitManager_ = std::make_unique<AutoQuitManager>(AutoQuitSurroundings{
         .settings = settings_,
         .extras = extras_,
-        .platform = platform_,
-        .notifications = notifications_,
-        .input = input_,
-        .uses = uses_,
-        .away = away_,
+        .platform = surroundings_.platform,
+        .notifications = surroundings_.notifications,
+        .input = surroundings_.input,
+        .uses = surroundings_.uses,
+        .away = surroundings_.away,
     });
     autoQuitManager_->activityTracker().startTracking();
     autoQuitManager_->start();
@@ -80,11 +77,11 @@ void AppDelegate::wireShortcuts() {
 }
 
 QuitOutcome AppDelegate::quitAll(bool force) {
-    AppListViewModel applications(settings_, platform_);
+    AppListViewModel applications(settings_, surroundings_.platform);
     applications.refresh();
     const std::size_t ticked = applications.selectedCount(force);
-    if (force &&
-        (ticked == 0 || !confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
+    if (force && (ticked == 0 || !confirmForceQuitAll(surroundings_.platform.alerts,
+                                                      surroundings_.platform.strings, ticked))) {
         return {ticked, 0};
     }
     const Subscription remembering = applications.onQuit([this](const std::vector<AppInfo>& ended) {
@@ -94,7 +91,7 @@ QuitOutcome AppDelegate::quitAll(bool force) {
     });
     const std::size_t ended = applications.quitSelected(force);
     // Quitting blocks the main loop: input made meanwhile was aimed at what was on screen then.
-    input_.discardQueuedInput();
+    surroundings_.input.discardQueuedInput();
     return {ticked, ended};
 }
 
@@ -103,18 +100,18 @@ void AppDelegate::quitAllByShortcut(bool force) {
         quitAll(force);
         return;
     }
-    AppListViewModel applications(settings_, platform_, &together_);
+    AppListViewModel applications(settings_, surroundings_.platform, &together_);
     applications.refresh();
     const std::size_t ticked = applications.selectedCount(force);
-    if (!force ||
-        (ticked > 0 && confirmForceQuitAll(platform_.alerts, platform_.strings, ticked))) {
+    if (!force || (ticked > 0 && confirmForceQuitAll(surroundings_.platform.alerts,
+                                                     surroundings_.platform.strings, ticked))) {
         applications.beginQuitSelected(force);
     }
 }
 
 std::vector<AppInfo> AppDelegate::rows() {
     if (!rows_) {
-        rows_ = std::make_unique<AppListViewModel>(settings_, platform_);
+        rows_ = std::make_unique<AppListViewModel>(settings_, surroundings_.platform);
     }
     rows_->refresh();
     rows_->updateResourceUsage();
@@ -124,7 +121,8 @@ std::vector<AppInfo> AppDelegate::rows() {
 }
 
 std::unique_ptr<Forecast> AppDelegate::makeForecast() {
-    return std::make_unique<Forecast>(settings_, platform_, autoQuitManager_->sparing(), uses_);
+    return std::make_unique<Forecast>(settings_, surroundings_.platform,
+                                      autoQuitManager_->sparing(), surroundings_.uses);
 }
 
 void AppDelegate::togglePopover(StatusEvent event) {
@@ -163,19 +161,20 @@ void AppDelegate::showContextMenu() {
 }
 
 std::vector<StatusMenuItem> AppDelegate::contextMenu() {
-    std::vector<StatusMenuItem> menu{{.title = platform_.strings.text("About Calmora"),
-                                      .keyEquivalent = "",
-                                      .isEnabled = true,
-                                      .action = [this] { showAbout(); }},
-                                     {.title = platform_.strings.text("Check for Updates…"),
-                                      .keyEquivalent = "",
-                                      .isEnabled = updaterController_->canCheckForUpdates(),
-                                      .action = [this] { updaterController_->checkForUpdates(); }},
-                                     {},
-                                     {.title = platform_.strings.text("Quit Calmora"),
-                                      .keyEquivalent = "q",
-                                      .isEnabled = true,
-                                      .action = [this] { quitApp(); }}};
+    std::vector<StatusMenuItem> menu{
+        {.title = surroundings_.platform.strings.text("About Calmora"),
+         .keyEquivalent = "",
+         .isEnabled = true,
+         .action = [this] { showAbout(); }},
+        {.title = surroundings_.platform.strings.text("Check for Updates…"),
+         .keyEquivalent = "",
+         .isEnabled = updaterController_->canCheckForUpdates(),
+         .action = [this] { updaterController_->checkForUpdates(); }},
+        {},
+        {.title = surroundings_.platform.strings.text("Quit Calmora"),
+         .keyEquivalent = "q",
+         .isEnabled = true,
+         .action = [this] { quitApp(); }}};
     if (extras_.quitsTogether()) {
         menu.insert(menu.begin(), {reopenItem(), {}});
     }
@@ -185,7 +184,7 @@ std::vector<StatusMenuItem> AppDelegate::contextMenu() {
 StatusMenuItem AppDelegate::reopenItem() {
     const std::vector<std::string> names = reopenList_.names();
     const auto count = static_cast<std::int64_t>(names.size());
-    const auto& strings = platform_.strings;
+    const auto& strings = surroundings_.platform.strings;
     return {.title =
                 names.empty() ? strings.text("Reopen")
                 : count == 1

@@ -37,6 +37,19 @@ struct QuitOutcome {
     std::size_t ended = 0;
 };
 
+/// What the delegate depends on. The references must outlive it.
+struct AppSurroundings {
+    UserDefaults& defaults;
+    AppToolkit& toolkit;
+    Platform platform;
+    Launcher& launcher;
+    KeyboardShortcuts& shortcuts;
+    UserNotifications& notifications;
+    InputGate& input;
+    UseSources& uses;
+    AwayTime& away;
+};
+
 /// The status item and what the global shortcuts do: a left click opens and closes the popover, a
 /// right click opens the menu. Main thread.
 class AppDelegate {
@@ -44,11 +57,8 @@ class AppDelegate {
     static constexpr Size popoverSize{360, 500};
     static constexpr int statusIconPoints = 19;
 
-    /// Shows nothing yet. The references must outlive the delegate.
-    AppDelegate(UserDefaults& defaults, std::unique_ptr<Updater> updater, AppToolkit& toolkit,
-                const Platform& platform, Launcher& launcher, KeyboardShortcuts& shortcuts,
-                UserNotifications& notifications, InputGate& input, UseSources& uses,
-                AwayTime& away);
+    /// Shows nothing yet.
+    AppDelegate(const AppSurroundings& surroundings, std::unique_ptr<Updater> updater);
     ~AppDelegate();
 
     /// Makes the popover and the status item, registers the shortcuts and starts auto-quit. Call
@@ -82,10 +92,10 @@ class AppDelegate {
     void showContextMenu();
 
     /// Shows the About panel.
-    void showAbout() { toolkit_.orderFrontAboutPanel(); }
+    void showAbout() { surroundings_.toolkit.orderFrontAboutPanel(); }
 
     /// Ends the program.
-    void quitApp() { toolkit_.terminate(); }
+    void quitApp() { surroundings_.toolkit.terminate(); }
 
     /// The preferences.
     [[nodiscard]] AppSettings& settings() { return settings_; }
@@ -107,6 +117,7 @@ class AppDelegate {
     [[nodiscard]] StatusMenuItem reopenItem();
     void wireShortcuts();
 
+    AppSurroundings surroundings_;
     AppSettings settings_;
     ExtraSettings extras_;
     ReopenList reopenList_;
@@ -121,14 +132,8 @@ class AppDelegate {
     HotKeyManager hotKeyManager_;
     std::unique_ptr<AutoQuitManager> autoQuitManager_;
 
-    AppToolkit& toolkit_;
-    Platform platform_;
     /// Null until rows() is asked.
     std::unique_ptr<AppListViewModel> rows_;
-    UserNotifications& notifications_;
-    InputGate& input_;
-    UseSources& uses_;
-    AwayTime& away_;
 };
 
 } // namespace calmora

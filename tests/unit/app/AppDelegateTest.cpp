@@ -45,11 +45,9 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
     FakeLauncher launcher_;
     FakePopover* popover_ = nullptr;
     FakeStatusItem* statusItem_ = nullptr;
-    AppDelegate delegate_{fakes_.defaults, std::make_unique<FakeUpdater>(),
-                          *this,           fakes_.platform(),
-                          launcher_,       shortcuts_,
-                          notifications_,  input_,
-                          uses_,           away_};
+    AppDelegate delegate_{{fakes_.defaults, *this, fakes_.platform(), launcher_, shortcuts_,
+                           notifications_, input_, uses_, away_},
+                          std::make_unique<FakeUpdater>()};
 };
 
 TEST_F(AppDelegateTest, ShortcutsQuitTickedApplications) {
