@@ -136,6 +136,7 @@ TEST_F(DesktopLauncherTest, PutsAProgramIntoAScopeAndRunsItWithoutOneToo) {
             list.endStructure();
             properties[key] = value.variant();
         }
+        list.endArray();
         EXPECT_EQ(qdbus_cast<QList<uint>>(properties.take("PIDs")), QList<uint>{pid.toUInt()});
         EXPECT_EQ(properties, (QVariantMap{{"Description", "A Tool"},
                                            {"Slice", "app.slice"},
