@@ -93,7 +93,12 @@ bool CompositorConnection::roundTrip(Milliseconds timeout) {
 }
 
 bool CompositorConnection::dispatchArrived() {
-    return isAlive() && readAndDispatch(display_.get(), 0);
+    if (!isAlive() || !readAndDispatch(display_.get(), 0)) {
+        return false;
+    }
+    // What the listeners ask for must not wait for the next event, which may depend on it.
+    wl_display_flush(display_.get());
+    return isAlive();
 }
 
 void* CompositorConnection::bind(const Global& global, const wl_interface& interface,

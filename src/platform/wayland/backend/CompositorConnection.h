@@ -70,7 +70,8 @@ class CompositorConnection {
     /// Waits until the compositor has handled all requests so far: whether it has, in time.
     bool roundTrip(Milliseconds timeout);
 
-    /// Dispatches the events that have arrived, without waiting: whether the connection is alive.
+    /// Dispatches the events that have arrived and sends what that asks for, without waiting:
+    /// whether the connection is alive.
     bool dispatchArrived();
 
   private:
