@@ -226,6 +226,18 @@ TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     input_.closeWindow(other);
 }
 
+TEST_F(TransientTest, LeftOpenBehindAQuestionItTakesTheKeyboardBackAtAClick) {
+    popover_.stayOpenWhile([] { return true; });
+    show();
+    const xcb_window_t dialog = input_.openWindow(300, 300);
+    EXPECT_TRUE(owns(dialog));
+    clickOn(field_);
+    EXPECT_TRUE(loopUntil([&] { return ownsKeyboard(field_); }));
+    popover_.performClose();
+    EXPECT_TRUE(owns(dialog));
+    input_.closeWindow(dialog);
+}
+
 TEST_F(TransientTest, ClosesWhenTheUserSwitchesWindows) {
     show();
     input_.press({altL});

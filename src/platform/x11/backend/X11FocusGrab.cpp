@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QInputEvent>
 #include <QTimer>
+#include <QWindow>
 
 #include <chrono>
 #include <cstdint>
@@ -42,6 +43,9 @@ bool X11FocusGrab::eventFilter(QObject* watched, QEvent* event) {
     if (watched->isWindowType() && (event->type() == QEvent::MouseButtonPress ||
                                     event->type() == QEvent::MouseButtonDblClick)) {
         ownPress_ = static_cast<xcb_timestamp_t>(static_cast<QInputEvent*>(event)->timestamp());
+        if (static_cast<const QWindow*>(watched)->winId() == window_ && !isAlertOpen_()) {
+            takeBack();
+        }
     }
     return false;
 }
@@ -64,6 +68,18 @@ X11FocusGrab::~X11FocusGrab() {
 void X11FocusGrab::renew() {
     leftAt_ = XCB_CURRENT_TIME;
     input_.grabFocus(window_);
+}
+
+void X11FocusGrab::takeBack() {
+    const xcb_window_t owner = input_.focusedWindow();
+    if (owner == window_) {
+        return;
+    }
+    // A question of another program waits for its answer.
+    if (appeared_.contains(input_.topLevel(owner)) && !input_.isOurs(former_)) {
+        former_ = owner;
+    }
+    renew();
 }
 
 void X11FocusGrab::look(bool isSettled) {

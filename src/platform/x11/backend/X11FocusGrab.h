@@ -35,6 +35,9 @@ class X11FocusGrab final : public QObject, public FocusGrab {
     /// arrives that window may be gone, and another one be under the pointer.
     [[nodiscard]] bool isOwnPress(xcb_timestamp_t time) const;
     void handle(const xcb_generic_event_t& event);
+    /// The user pressed in the window, which was left open without the focus, perhaps: the keys
+    /// that follow are meant for it.
+    void takeBack();
     /// `isSettled` as in FocusMove.
     void look(bool isSettled);
     void leave(Leaving how);
