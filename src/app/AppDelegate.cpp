@@ -29,6 +29,12 @@ AppDelegate::AppDelegate(const AppSurroundings& surroundings, std::unique_ptr<Up
     });
     quitFinishes_ = together_.onFinished(
         [this](const std::vector<AppInfo>& ended) { reopenList_.remember(ended); });
+    quittingTogetherChanges_ = extras_.quitsTogether.observe([this] {
+        if (!extras_.quitsTogether()) {
+            together_.cancel();
+            together_.forget();
+        }
+    });
 }
 
 AppDelegate::~AppDelegate() = default;

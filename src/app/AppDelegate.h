@@ -127,6 +127,7 @@ class AppDelegate {
     std::unique_ptr<Popover> popover_;
     Subscription quitProceeds_;
     Subscription quitFinishes_;
+    Subscription quittingTogetherChanges_;
     Subscription popoverShows_;
     Subscription popoverCloses_;
     HotKeyManager hotKeyManager_;

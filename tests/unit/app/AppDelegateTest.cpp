@@ -15,8 +15,9 @@ namespace {
 class AppDelegateTest : public testing::Test, protected AppToolkit {
   protected:
     std::unique_ptr<Popover> makePopover(AppSettings& settings, ExtraSettings&,
-                                         QuitTogether&) override {
+                                         QuitTogether& together) override {
         EXPECT_EQ(&settings, &delegate_.settings());
+        together_ = &together;
         auto popover = std::make_unique<FakePopover>();
         popover_ = popover.get();
         return popover;
@@ -44,6 +45,7 @@ class AppDelegateTest : public testing::Test, protected AppToolkit {
         {fakes_.defaults, center_, hotKeys_, layout_, fakes_.strings, fakes_.text}};
     FakeLauncher launcher_;
     FakePopover* popover_ = nullptr;
+    QuitTogether* together_ = nullptr;
     FakeStatusItem* statusItem_ = nullptr;
     AppDelegate delegate_{{fakes_.defaults, *this, fakes_.platform(), launcher_, shortcuts_,
                            notifications_, input_, uses_, away_},
@@ -120,6 +122,10 @@ TEST_F(AppDelegateTest, ReopensWhatTheUsersLastQuitEnded) {
     statusItem_->buildMenu().front().action();
     EXPECT_EQ(launcher_.launched, std::vector<std::string>{"Tom & _"});
     EXPECT_EQ(menu(), "!Reopen||" + usual);
+    together_->begin({{.pid = 9}}, false);
+    delegate_.extras().resetToDefaults();
+    EXPECT_FALSE(together_->isUnderWay() || together_->result())
+        << "switched off, it shows nothing";
 }
 
 } // namespace
