@@ -563,13 +563,19 @@
         <source>Was asked to quit and stayed</source>
         <translation>Wurde zum Beenden aufgefordert und blieb</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min</source>
-        <translation>In %lld Min.</translation>
+        <translation>
+            <numerusform>In %lld Min.</numerusform>
+            <numerusform>In %lld Min.</numerusform>
+        </translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min unless busy</source>
-        <translation>In %lld Min., wenn nicht beschäftigt</translation>
+        <translation>
+            <numerusform>In %lld Min., wenn nicht beschäftigt</numerusform>
+            <numerusform>In %lld Min., wenn nicht beschäftigt</numerusform>
+        </translation>
     </message>
     <message>
         <source>not identified</source>

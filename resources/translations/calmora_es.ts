@@ -563,13 +563,19 @@
         <source>Was asked to quit and stayed</source>
         <translation>Se le pidió que se cerrara y sigue abierta</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min</source>
-        <translation>En %lld min</translation>
+        <translation>
+            <numerusform>En %lld min</numerusform>
+            <numerusform>En %lld min</numerusform>
+        </translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min unless busy</source>
-        <translation>En %lld min, si no está ocupada</translation>
+        <translation>
+            <numerusform>En %lld min, si no está ocupada</numerusform>
+            <numerusform>En %lld min, si no está ocupada</numerusform>
+        </translation>
     </message>
     <message>
         <source>not identified</source>

@@ -563,13 +563,19 @@
         <source>Was asked to quit and stayed</source>
         <translation>On lui a demandé de quitter et elle est restée</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min</source>
-        <translation>Dans %lld min</translation>
+        <translation>
+            <numerusform>Dans %lld min</numerusform>
+            <numerusform>Dans %lld min</numerusform>
+        </translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min unless busy</source>
-        <translation>Dans %lld min, sauf si elle est occupée</translation>
+        <translation>
+            <numerusform>Dans %lld min, sauf si elle est occupée</numerusform>
+            <numerusform>Dans %lld min, sauf si elle est occupée</numerusform>
+        </translation>
     </message>
     <message>
         <source>not identified</source>

@@ -547,13 +547,17 @@
         <source>Was asked to quit and stayed</source>
         <translation>終了を求めたが残っている</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min</source>
-        <translation>%lld分後</translation>
+        <translation>
+            <numerusform>%lld分後</numerusform>
+        </translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min unless busy</source>
-        <translation>%lld分後（処理中でなければ）</translation>
+        <translation>
+            <numerusform>%lld分後（処理中でなければ）</numerusform>
+        </translation>
     </message>
     <message>
         <source>not identified</source>

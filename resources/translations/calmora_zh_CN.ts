@@ -547,13 +547,17 @@
         <source>Was asked to quit and stayed</source>
         <translation>已要求退出但仍在运行</translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min</source>
-        <translation>%lld 分钟后</translation>
+        <translation>
+            <numerusform>%lld 分钟后</numerusform>
+        </translation>
     </message>
-    <message>
+    <message numerus="yes">
         <source>In %lld min unless busy</source>
-        <translation>%lld 分钟后（除非正忙）</translation>
+        <translation>
+            <numerusform>%lld 分钟后（除非正忙）</numerusform>
+        </translation>
     </message>
     <message>
         <source>not identified</source>

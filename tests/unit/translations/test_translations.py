@@ -43,6 +43,12 @@ def keys_of_sources():
     return keys
 
 
+def counted_keys():
+    """The keys that the views fill with a number of things."""
+    return {key for file in (ROOT / "src").rglob("*.cpp")
+            for key in re.findall(r'\buiCount\(\s*"([^"]+)"', file.read_text())}
+
+
 def table(language):
     """Key → (state, forms) of one table."""
     root = ElementTree.parse(ROOT / f"resources/translations/calmora_{language}.ts").getroot()
@@ -65,6 +71,8 @@ class Translations(unittest.TestCase):
         symbolic = set(filter(SYMBOL.fullmatch, keys))
         plural = {key for language in LANGUAGES for key, row in table(language).items()
                   if row[2]}
+        # Other messages have no text for two of something.
+        self.assertEqual(counted_keys() - plural, set(), "counted without plural forms")
         for language, forms in LANGUAGES.items():
             rows = table(language)
             with self.subTest(language):
