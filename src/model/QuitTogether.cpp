@@ -27,6 +27,7 @@ QuitState whyItStayed(const StayFacts& facts) {
 void QuitTogether::begin(const std::vector<AppInfo>& apps, bool force) {
     if (!isUnderWay()) {
         members_.clear();
+        isResultForgotten_ = false;
         forced_.clear();
         const std::vector<ProcessId> processes = platform_.processes.allProcesses();
         before_ = {processes.begin(), processes.end()};
@@ -69,7 +70,8 @@ void QuitTogether::cancel() {
 
 void QuitTogether::forget() {
     if (!isUnderWay() && !members_.empty()) {
-        members_.clear();
+        std::erase_if(members_, [](const Member& member) { return member.stage != Stage::stayed; });
+        isResultForgotten_ = true;
         changed_.emit();
     }
 }
@@ -107,7 +109,7 @@ bool QuitTogether::hasReasons() const {
 }
 
 std::optional<QuitResult> QuitTogether::result() const {
-    if (members_.empty()) {
+    if (members_.empty() || isResultForgotten_) {
         return {};
     }
     QuitResult result;

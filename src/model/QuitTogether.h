@@ -67,8 +67,8 @@ class QuitTogether {
     /// Ends all waiting. Nothing is sent any more; what has not ended counts as stayed.
     void cancel();
 
-    /// Forgets the last operation: what starts from now on did not come back by itself, and what
-    /// stayed has no reason. Does nothing while one is under way.
+    /// Forgets the result of the last operation and what it ended: what starts from now on did not
+    /// come back by itself. What stayed keeps its reason. Does nothing while one is under way.
     void forget();
 
     /// What starts as this application from now on was started on purpose.
@@ -82,7 +82,7 @@ class QuitTogether {
     /// Whether any application has a reason for having stayed.
     [[nodiscard]] bool hasReasons() const;
 
-    /// What the operation has come to so far; absent when there was none.
+    /// What the operation has come to so far; absent when there was none, or it was forgotten.
     [[nodiscard]] std::optional<QuitResult> result() const;
 
     /// Checks the processes of what is under way now instead of at the next tick.
@@ -165,6 +165,7 @@ class QuitTogether {
     Platform platform_;
     AppQuitterOperations operations_;
     std::vector<Member> members_;
+    bool isResultForgotten_ = false;
     /// How many members are under way.
     std::size_t underWay_ = 0;
     /// The processes that were there when the operation began.

@@ -72,6 +72,9 @@ TEST_F(QuitTogetherTest, WaitsForAllAtOnceAndSaysWhyEachStayed) {
     EXPECT_EQ(together.state(3), QuitState::asks);
     EXPECT_EQ(together.state(4), QuitState::doesNotAnswer);
     EXPECT_EQ(together.state(6), QuitState::none) << "not known";
+    together.forget();
+    EXPECT_FALSE(together.result());
+    EXPECT_EQ(together.state(3), QuitState::asks) << "still, after Reopen";
 
     machine.workspace.at(3).isAsking = machine.workspace.at(4).isUnresponsive = false;
     machine.processes.end(5);
