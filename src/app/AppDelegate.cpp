@@ -200,7 +200,7 @@ StatusMenuItem AppDelegate::reopenItem() {
             .isEnabled = !names.empty(),
             .action = [this] {
                 // None of them will have come back by itself.
-                together_.forget();
+                together_.forgetEnded();
                 reopenList_.reopen();
             }};
 }

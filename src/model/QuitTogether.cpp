@@ -70,6 +70,13 @@ void QuitTogether::cancel() {
 
 void QuitTogether::forget() {
     if (!isUnderWay() && !members_.empty()) {
+        members_.clear();
+        changed_.emit();
+    }
+}
+
+void QuitTogether::forgetEnded() {
+    if (!isUnderWay() && !members_.empty()) {
         std::erase_if(members_, [](const Member& member) { return member.stage != Stage::stayed; });
         isResultForgotten_ = true;
         changed_.emit();

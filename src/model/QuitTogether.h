@@ -67,9 +67,12 @@ class QuitTogether {
     /// Ends all waiting. Nothing is sent any more; what has not ended counts as stayed.
     void cancel();
 
+    /// Forgets the last operation. Does nothing while one is under way.
+    void forget();
+
     /// Forgets the result of the last operation and what it ended: what starts from now on did not
     /// come back by itself. What stayed keeps its reason. Does nothing while one is under way.
-    void forget();
+    void forgetEnded();
 
     /// What starts as this application from now on was started on purpose.
     void expectReturn(ProcessId pid);

@@ -86,7 +86,7 @@ ReopenList* MenuPopoverView::reopenList() const {
 
 void MenuPopoverView::reopen() {
     if (reopenList()) {
-        surroundings_.together->forget(); // None of them will have come back by itself.
+        surroundings_.together->forgetEnded(); // None of them will have come back by itself.
         reopenList()->reopen();
         markDirty();
     }

@@ -72,7 +72,7 @@ TEST_F(QuitTogetherTest, WaitsForAllAtOnceAndSaysWhyEachStayed) {
     EXPECT_EQ(together.state(3), QuitState::asks);
     EXPECT_EQ(together.state(4), QuitState::doesNotAnswer);
     EXPECT_EQ(together.state(6), QuitState::none) << "not known";
-    together.forget();
+    together.forgetEnded();
     EXPECT_FALSE(together.result());
     EXPECT_EQ(together.state(3), QuitState::asks) << "still, after Reopen";
 
@@ -151,7 +151,7 @@ TEST_F(QuitTogetherTest, TellsWhatCameBackByItself) {
         machine.runLoop.turn();
         machine.runLoop.advance(c.after);
         if (c.forgets) {
-            together.forget();
+            together.forgetEnded();
         }
         launch(++next, 0ms).bundleIdentifier = c.identifier;
         lookAgain();
