@@ -57,6 +57,14 @@ void noneInactive(benchmark::State& state) {
     passes(state, desk);
 }
 
+/// The same with the switch on that spares what is in use.
+void noneInactiveSparing(benchmark::State& state) {
+    Desk desk(static_cast<int>(state.range(0)));
+    desk.extras.sparesWhatIsInUse.set(true);
+    desk.settings.autoQuitMinutes.set(480);
+    passes(state, desk);
+}
+
 void allInactiveAndProtected(benchmark::State& state) {
     Desk desk(static_cast<int>(state.range(0)));
     for (const auto& [identifier, date] : desk.manager.activityTracker().lastActiveTime()) {
@@ -81,6 +89,7 @@ void floorOfAPass(benchmark::State& state) {
 BENCHMARK(switchedOff)->Arg(200);
 BENCHMARK(floorOfAPass)->Arg(200);
 BENCHMARK(noneInactive)->Arg(200);
+BENCHMARK(noneInactiveSparing)->Arg(200);
 BENCHMARK(allInactiveAndProtected)->Arg(200);
 
 } // namespace
