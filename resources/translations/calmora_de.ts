@@ -23,7 +23,7 @@
     </message>
     <message>
         <source>Asks to save</source>
-        <translation>Fragt wegen Sichern</translation>
+        <translation>Möchte sichern</translation>
     </message>
     <message>
         <source>Came back by itself</source>

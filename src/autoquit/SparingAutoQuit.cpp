@@ -37,8 +37,10 @@ void SparingAutoQuit::setOn(bool isOn) {
     if (!isOn) {
         return;
     }
-    activations_ = around_.platform.workspace.onActivated(
-        [this](const WorkspaceApplication& app) { forgetIt(app); });
+    activations_ = around_.platform.workspace.onActivated([this](const WorkspaceApplication& app) {
+        forgetIt(app);
+        review(); // What has left the front was used, too.
+    });
 }
 
 void SparingAutoQuit::forgetIt(const WorkspaceApplication& app) {

@@ -153,6 +153,18 @@ TEST(SparingAutoQuit, QuitsAMinuteAfterTheNoticeUnlessSomethingSpares) {
     }
 }
 
+TEST(SparingAutoQuit, WithdrawsTheNoticeWhenTheApplicationLeavesTheFront) {
+    Desk desk;
+    desk.settings.addToNeverQuit("front");
+    desk.uses.report.sinceInput = 20min;
+    desk.launch(1, "app");
+    desk.activate(1);
+    desk.pass(15min);
+    EXPECT_EQ(desk.notices(), Texts{"app 15"});
+    desk.activate(90);
+    EXPECT_EQ(desk.notices(), Texts{});
+}
+
 TEST(SparingAutoQuit, WithoutAServerItQuitsAndWithAStuckOneItDoesNot) {
     for (const auto& [outcome, isQuit] :
          {std::pair{NoticeEvent::noServer, true}, {NoticeEvent::failed, false}}) {
