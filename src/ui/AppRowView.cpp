@@ -54,6 +54,20 @@ int columnWidth(const QFontMetrics& metrics, const QString& text, const QString&
     return std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(usual));
 }
 
+/// Whether both rows look and read alike.
+bool isShownAlike(const AppRow& a, const AppRow& b) {
+    const auto isSame = [](const auto& one, const auto& other, const auto& text) {
+        return one == other || text(one) == text(other);
+    };
+    return a.app.pid == b.app.pid && a.app.name == b.app.name && a.app.icon == b.app.icon &&
+           a.app.isSelected == b.app.isSelected && a.isWhitelisted == b.isWhitelisted &&
+           a.app.isBackgroundApp == b.app.isBackgroundApp && a.app.quitState == b.app.quitState &&
+           a.app.canBeForced == b.app.canBeForced && a.isForceQuit == b.isForceQuit &&
+           a.resourceDisplay == b.resourceDisplay &&
+           isSame(a.app.cpuUsage, b.app.cpuUsage, cpuText) &&
+           isSame(a.app.memoryMB, b.app.memoryMB, memoryText);
+}
+
 /// A percentage as screen readers read it: number and sign apart.
 QString spoken(QString percent) {
     return percent.replace('%', QStringLiteral(" %"));
@@ -102,6 +116,10 @@ bool AppRowView::eventFilter(QObject* watched, QEvent* event) {
 
 void AppRowView::setRow(AppRow row) {
     const AppRow old = std::exchange(row_, std::move(row));
+    if (isShownAlike(old, row_)) {
+        check_->setChecked(isTicked()); // A click ticks it before anybody decides.
+        return;
+    }
     const QString name = displayName(row_.app.name);
     const bool isOther = old.app.pid != row_.app.pid || name != name_ ||
                          old.isWhitelisted != row_.isWhitelisted ||
@@ -145,9 +163,8 @@ void AppRowView::setRow(AppRow row) {
 }
 
 void AppRowView::showState() {
-    const bool isBackground = row_.app.isBackgroundApp;
-    check_->setChecked(row_.app.isSelected && !isBackground && !row_.isWhitelisted);
-    check_->setEnabled(!row_.isWhitelisted && !isBackground);
+    check_->setChecked(isTicked());
+    check_->setEnabled(!row_.isWhitelisted && !row_.app.isBackgroundApp);
     quit_->setVisible(!row_.isWhitelisted);
     quit_->setSymbol(row_.isForceQuit ? "xmark.circle.fill" : "power.circle", quitPoints,
                      row_.isForceQuit ? ThemeColor::red : ThemeColor::secondary);

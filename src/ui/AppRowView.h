@@ -102,6 +102,10 @@ class AppRowView final : public StackRow {
         QRect bounds;
     };
 
+    [[nodiscard]] bool isTicked() const {
+        return row_.app.isSelected && !row_.app.isBackgroundApp && !row_.isWhitelisted;
+    }
+
     void setHovered(bool hovered);
     void showState();
     void arrange();

@@ -289,17 +289,18 @@ void PopoverList::bindRow(StackRow& row, const RowKey& key) {
 
 void PopoverList::bindApp(StackRow& row, const AppInfo& app) {
     const ProcessId pid = app.pid;
+    const auto shown = std::make_shared<const AppInfo>(app);
     static_cast<AppRowView&>(row).setRow(
         {.app = app,
          .isForceQuit = isForceQuit_,
          .resourceDisplay = display_,
          .isWhitelisted = app.isWhitelisted,
          .onToggle = [this, pid] { actions_.toggle(pid); },
-         .onQuit = [this, app, force = isForceQuit_] { actions_.quit(app, force); },
+         .onQuit = [this, shown, force = isForceQuit_] { actions_.quit(*shown, force); },
          .onToggleWhitelist = [this, pid] { actions_.toggleWhitelist(pid); },
-         .canQuitAndReopen = [this, app] { return actions_.canQuitAndReopen(app); },
-         .onQuitAndReopen = [this, app,
-                             force = isForceQuit_] { actions_.quitAndReopen(app, force); },
+         .canQuitAndReopen = [this, shown] { return actions_.canQuitAndReopen(*shown); },
+         .onQuitAndReopen = [this, shown,
+                             force = isForceQuit_] { actions_.quitAndReopen(*shown, force); },
          .onShow = [this, pid] { actions_.show(pid); },
          .acceptsPress = [this] { return acceptsPress(); }});
 }
