@@ -100,6 +100,8 @@ void X11WindowSystem::handleProperty(const xcb_property_notify_event_t& event) {
         return;
     }
     if (event.atom == connection_.atom(X11Atom::netWmIcon)) {
+        // Who has asked in vain may ask again.
+        windowsDiffer_ = windowsDiffer_ || (known->second.icon && !*known->second.icon);
         known->second.icon.reset();
     } else if (reader_.isRelevant(event.atom)) {
         known->second.isStale = true;
