@@ -14,6 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(parseStat(text));
     static_cast<void>(parseStatus(text));
     static_cast<void>(parseStatmAnonymousPages(text));
+    static_cast<void>(parseLoadavg(text));
     static_cast<void>(parseLaunchEnvironment(text));
     static_cast<void>(displayOf(text));
     if (const auto sandbox = parseFlatpakInfo(text)) {

@@ -59,6 +59,11 @@ TEST(ProcFiles, ReadUsersAndMemory) {
     for (const char* none : {"0 0 0 0 0 0 0\n", "12345 700", ""}) {
         EXPECT_FALSE(parseStatmAnonymousPages(none)) << none;
     }
+    const auto turnover = parseLoadavg("0.20 0.18 0.12 1/80 11206\n");
+    EXPECT_EQ(turnover, (TaskTurnover{.last = 11206, .count = 80}));
+    for (const char* none : {"0.00 0.00 0.00 0/0 0\n", "0.20 0.18 0.12 80 11206", "0.20", ""}) {
+        EXPECT_FALSE(parseLoadavg(none)) << none;
+    }
 }
 
 TEST(ProcFiles, FindTheControlGroupAndSplitArgumentsAtTheirNuls) {

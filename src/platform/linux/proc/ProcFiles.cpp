@@ -145,6 +145,22 @@ std::optional<std::uint64_t> parseStatmAnonymousPages(std::string_view text) {
     return *resident > *shared ? *resident - *shared : 0;
 }
 
+std::optional<TaskTurnover> parseLoadavg(std::string_view text) {
+    for (int average = 0; average < 3; ++average) {
+        takeWord(text);
+    }
+    const std::string_view tasks = takeWord(text);
+    const std::size_t slash = tasks.find('/');
+    const auto count = slash == std::string_view::npos
+                           ? std::nullopt
+                           : number<std::uint64_t>(tasks.substr(slash + 1));
+    const auto last = number<ProcessId>(takeWord(text));
+    if (count.value_or(0) == 0 || last.value_or(0) < 1) {
+        return std::nullopt;
+    }
+    return TaskTurnover{*last, *count};
+}
+
 std::string parseCgroup(std::string_view text) {
     std::string unified;
     std::string systemd;

@@ -41,6 +41,16 @@ struct ProcessStatus {
     std::vector<ProcessId> namespaceIds = {};
 };
 
+/// What every start and every end of a process changes.
+struct TaskTurnover {
+    /// The process or thread that was started last.
+    ProcessId last = 0;
+    /// Processes and threads of the machine.
+    std::uint64_t count = 0;
+
+    bool operator==(const TaskTurnover&) const = default;
+};
+
 /// Parses /proc/PID/stat. The name may contain anything, so fields are counted from the last ')'.
 /// Absent for truncated or other text. Source: proc_pid_stat(5).
 [[nodiscard]] std::optional<ProcessStat> parseStat(std::string_view text);
@@ -51,6 +61,10 @@ struct ProcessStatus {
 /// Parses /proc/PID/statm: resident minus shared pages, which are the anonymous ones. Absent for a
 /// process without memory (zombie, kernel thread). Source: proc_pid_statm(5).
 [[nodiscard]] std::optional<std::uint64_t> parseStatmAnonymousPages(std::string_view text);
+
+/// Parses /proc/loadavg. Absent where it names no last process, as in some containers. Source:
+/// proc_loadavg(5).
+[[nodiscard]] std::optional<TaskTurnover> parseLoadavg(std::string_view text);
 
 /// Parses /proc/PID/cgroup: the path in the unified hierarchy, else in systemd's; empty without
 /// either. Source: cgroups(7).

@@ -147,6 +147,11 @@ std::vector<std::pair<ProcessId, std::uint64_t>> ProcessReader::folders() const 
     return folders;
 }
 
+std::optional<TaskTurnover> ProcessReader::turnover() const {
+    const FileDescriptor file(openat(root_.get(), "loadavg", O_RDONLY | O_CLOEXEC));
+    return file ? parseLoadavg(readAll(file.get())) : std::nullopt;
+}
+
 std::optional<std::uint32_t> ProcessReader::folderOwner(ProcessId process) const {
     struct stat info{};
     const bool exists = fstatat(root_.get(), ProcPath(process, "").get(), &info, 0) == 0;

@@ -33,6 +33,10 @@ class ProcessReader {
     /// Every process with the inode of its folder, which a reused id does not share.
     [[nodiscard]] std::vector<std::pair<ProcessId, std::uint64_t>> folders() const;
 
+    /// Equal values mean that no process was started and none has ended in between; absent if
+    /// unknown. Cost: 2 µs.
+    [[nodiscard]] std::optional<TaskTurnover> turnover() const;
+
     /// The owner of a process's folder: root for a process that hides from its own user.
     [[nodiscard]] std::optional<std::uint32_t> folderOwner(ProcessId process) const;
 

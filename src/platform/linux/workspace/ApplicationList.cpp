@@ -19,6 +19,10 @@ namespace {
 
 /// One refresh of the popover looks up several identifiers.
 constexpr std::chrono::milliseconds installedLifetime{100};
+/// No event tells of an icon in a tray; most come with a window that opens or closes.
+constexpr std::chrono::seconds trayIconsLifetime{6};
+/// Verdicts grow old without an event.
+constexpr std::chrono::seconds listLifetime{10};
 /// Asking the guard costs more than the rest of an unchanged process. Launchers turn into other
 /// programs soon, if ever: the time doubles with each verdict.
 constexpr std::chrono::seconds firstVerdictLifetime{10};
@@ -71,6 +75,7 @@ void ApplicationList::refreshInstalled() {
     checkedInstalled_ = now;
     if (sources_.installed.refresh()) {
         byProcess_.clear();
+        hasForgotten_ = true;
         verdicts_.clear();
         background_.forget();
         // Otherwise an update without a scan would list no background applications.
@@ -85,6 +90,27 @@ void ApplicationList::scanBackground() {
     refreshInstalled();
     hasScanned_ = true;
     background_.scan(sources_.installed, sources_.windows.displayName());
+    readTrayIcons();
+}
+
+bool ApplicationList::scanAgain() {
+    hasScanned_ = false;
+    refreshInstalled();
+    hasScanned_ = true;
+    bool isDue = background_.scan(sources_.installed, sources_.windows.displayName());
+    const auto now = sources_.clock.ticks();
+    isDue = isDue || hasForgotten_ || sources_.windows.windows() != windows_ ||
+            now - updatedAt_ >= listLifetime;
+    if (isDue || now - trayIconsReadAt_ >= trayIconsLifetime) {
+        const auto before = trayIcons_;
+        readTrayIcons();
+        isDue = isDue || trayIcons_ != before;
+    }
+    return isDue;
+}
+
+void ApplicationList::readTrayIcons() {
+    trayIconsReadAt_ = sources_.clock.ticks();
     trayIcons_.clear();
     for (const ProcessId process : sources_.windows.trayIconProcesses()) {
         if (const auto started = startTime(process)) {
@@ -166,6 +192,8 @@ std::shared_ptr<const ListedApplication> ApplicationList::look(ProcessId process
 }
 
 const ApplicationList::Applications& ApplicationList::update() {
+    updatedAt_ = sources_.clock.ticks();
+    hasForgotten_ = false;
     Candidates found = read();
     std::map<ProcessId, std::shared_ptr<const ListedApplication>> current;
     std::map<ProcessId, std::uint64_t> regular;

@@ -74,6 +74,10 @@ class ApplicationList {
     /// Scans for applications without windows; update() uses the last scan.
     void scanBackground();
 
+    /// As scanBackground(), for repeated calls while events keep the rest up to date: skips what
+    /// can hardly have changed. Returns whether the list is due for an update().
+    [[nodiscard]] bool scanAgain();
+
     /// Updates the list, sorted by start time, then process id.
     const Applications& update();
 
@@ -115,6 +119,7 @@ class ApplicationList {
     [[nodiscard]] bool isProtected(ProcessId process, std::uint64_t startTime,
                                    bool hasRegularWindow);
     void dropOldVerdicts(bool windowsChanged);
+    void readTrayIcons();
     [[nodiscard]] std::shared_ptr<const ListedApplication> listed(ProcessId process,
                                                                   Candidate& candidate);
     [[nodiscard]] std::optional<Image> iconOf(const ApplicationIdentity& identity,
@@ -125,8 +130,12 @@ class ApplicationList {
     std::optional<std::chrono::nanoseconds> checkedInstalled_;
     bool hasScanned_ = false;
     std::vector<TopLevelWindow> windows_;
-    /// Start times of processes with a tray icon at the last scan.
+    /// Start times of processes with a tray icon when they were last asked for.
     std::map<ProcessId, std::uint64_t> trayIcons_;
+    std::chrono::nanoseconds trayIconsReadAt_{};
+    std::chrono::nanoseconds updatedAt_{};
+    /// Since the last update().
+    bool hasForgotten_ = false;
     /// Start times of processes that had a regular window.
     std::map<ProcessId, std::uint64_t> wereRegular_;
     std::map<ProcessId, Verdict> verdicts_;

@@ -16,9 +16,14 @@ namespace calmora {
 
 namespace {
 
+/// Of our user's processes.
 constexpr std::size_t mostProcesses = 4096;
+constexpr std::size_t mostKnown = 4 * mostProcesses;
 /// How long after its start a process may still replace its program: launcher scripts do.
 constexpr std::uint64_t settlingSeconds = 15;
+/// Seconds for which an unchanged turnover is believed: in containers it may be a copy of an older
+/// one.
+constexpr std::uint64_t longestTrust = 10;
 /// How often a process may be looked at in its first second.
 constexpr std::uint64_t looksPerSecond = 3;
 
@@ -37,42 +42,66 @@ bool isOnOurCompositor(const ProcessReader& reader, ProcessId process) {
 
 } // namespace
 
-void BackgroundScan::scan(const InstalledApplications& installed, const std::string& display) {
-    const std::uint64_t now = ticksNow();
-    std::map<ProcessId, Known> current;
-    for (const auto& [process, inode] : reader_.folders()) {
-        const auto found = known_.find(process);
-        const bool isKnown = found != known_.end() && found->second.inode == inode;
-        // Asking for the owner costs more than the rest of a known process.
-        if (!isKnown && reader_.folderOwner(process) != ::getuid()) {
-            continue;
-        }
-        if (current.size() >= mostProcesses) {
-            break;
-        }
-        Known known;
-        if (isKnown) {
-            known = std::move(found->second);
-        } else {
-            known.inode = inode;
-        }
-        if (!known.isSettled && now >= known.nextLook) {
-            look(process, known, installed, display, now);
-        }
-        current.emplace_hint(current.end(), process, std::move(known));
-    }
-    known_ = std::move(current);
+void BackgroundScan::forget() {
+    known_.clear();
+    turnover_.reset();
 }
 
-void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplications& installed,
+bool BackgroundScan::scan(const InstalledApplications& installed, const std::string& display) {
+    const std::uint64_t now = ticksNow();
+    const auto turnover = reader_.turnover();
+    bool differs = false;
+    if (!turnover || turnover != turnover_ || now - listedAt_ >= longestTrust * ticksPerSecond()) {
+        turnover_ = turnover; // What starts while they are listed is found next time.
+        listedAt_ = now;
+        differs = list();
+    }
+    std::size_t ours = 0;
+    for (auto& [process, known] : known_) {
+        if (!known.isSettled && now >= known.nextLook && ours < mostProcesses) {
+            differs = look(process, known, installed, display, now) || differs;
+        }
+        ours += known.isOurs ? 1 : 0;
+    }
+    return differs;
+}
+
+bool BackgroundScan::list() {
+    ++lists_;
+    bool hasEnded = false;
+    for (const auto& [process, inode] : reader_.folders()) {
+        if (known_.size() >= mostKnown && !known_.contains(process)) {
+            continue;
+        }
+        const auto [found, isNew] = known_.try_emplace(process);
+        Known& known = found->second;
+        if (!isNew && known.inode != inode) {
+            hasEnded = hasEnded || known.candidate.process != 0;
+            known = {};
+        }
+        known.inode = inode;
+        known.list = lists_;
+    }
+    std::erase_if(known_, [&](const auto& entry) {
+        const bool isGone = entry.second.list != lists_;
+        hasEnded = hasEnded || (isGone && entry.second.candidate.process != 0);
+        return isGone;
+    });
+    return hasEnded;
+}
+
+bool BackgroundScan::look(ProcessId process, Known& known, const InstalledApplications& installed,
                           const std::string& display, std::uint64_t now) const {
-    const DesktopEntryIndex& index = installed.index();
+    // The owner may change: who logs in starts as root.
+    known.isOurs = reader_.folderOwner(process) == ::getuid();
     std::string comm;
-    if (known.comm.empty()) {
+    if (!known.isOurs) {
+        known.startTime = known.startTime == 0 ? now : known.startTime;
+    } else if (known.comm.empty()) {
         const auto stat = reader_.stat(process);
         known.isSettled = stat && stat->isKernelThread;
         if (!stat || known.isSettled) {
-            return;
+            return false;
         }
         comm = stat->comm;
         known.startTime = stat->startTime;
@@ -83,11 +112,19 @@ void BackgroundScan::look(ProcessId process, Known& known, const InstalledApplic
     known.nextLook = now + std::max(ticksPerSecond() / looksPerSecond, age);
     known.isSettled = age >= settlingSeconds * ticksPerSecond();
     if (comm == known.comm) {
-        return;
+        return false;
     }
     known.comm = std::move(comm);
+    const bool wasCandidate = known.candidate.process != 0;
     known.candidate = {};
-    if (isSandboxLauncher(known.comm)) {
+    read(process, known, installed, display);
+    return wasCandidate || known.candidate.process != 0;
+}
+
+void BackgroundScan::read(ProcessId process, Known& known, const InstalledApplications& installed,
+                          const std::string& display) const {
+    const DesktopEntryIndex& index = installed.index();
+    if (known.comm.empty() || isSandboxLauncher(known.comm)) {
         return;
     }
     const ProcessDetails outline = reader_.outline(process);

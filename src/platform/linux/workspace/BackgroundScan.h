@@ -2,10 +2,12 @@
 #pragma once
 
 #include "platform/ProcessId.h"
+#include "platform/linux/proc/ProcFiles.h"
 #include "platform/linux/workspace/ActivationRules.h"
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,12 +25,13 @@ class BackgroundScan {
     /// `reader` must outlive this object.
     explicit BackgroundScan(const ProcessReader& reader) : reader_(reader) {}
 
-    /// Checks all processes. `display` is WindowSystem::displayName(); empty means any display.
-    /// Cost: about 1 µs per known process.
-    void scan(const InstalledApplications& installed, const std::string& display);
+    /// Checks all processes; where none was started or has ended since the last scan, only those
+    /// that are due. Returns whether another candidate was found or one has ended. `display` is
+    /// WindowSystem::displayName(); empty means any display. Cost: 1 µs per known process.
+    bool scan(const InstalledApplications& installed, const std::string& display);
 
     /// Forgets all results, because the installed applications changed.
-    void forget() { known_.clear(); }
+    void forget();
 
     /// The background applications of the last scan(), see topmostAgents().
     [[nodiscard]] std::vector<ProcessId> agents(const std::set<ProcessId>& applications) const;
@@ -37,19 +40,31 @@ class BackgroundScan {
     struct Known {
         /// Inode of the process's folder; a reused id has another one.
         std::uint64_t inode = 0;
-        /// In clock ticks since boot, as nextLook.
+        /// In clock ticks since boot, as nextLook. Of another user's process: when it was seen.
         std::uint64_t startTime = 0;
         std::uint64_t nextLook = 0;
         std::string comm;
         AgentCandidate candidate;
+        bool isOurs = false;
         bool isSettled = false;
+        /// The last list() that it was in.
+        std::uint64_t list = 0;
     };
 
-    void look(ProcessId process, Known& known, const InstalledApplications& installed,
+    /// Makes `known_` the processes of now. Returns whether a candidate has ended.
+    bool list();
+    /// Returns whether the candidate changed.
+    bool look(ProcessId process, Known& known, const InstalledApplications& installed,
               const std::string& display, std::uint64_t now) const;
+    void read(ProcessId process, Known& known, const InstalledApplications& installed,
+              const std::string& display) const;
 
     const ProcessReader& reader_;
     std::map<ProcessId, Known> known_;
+    /// Before the last list().
+    std::optional<TaskTurnover> turnover_;
+    std::uint64_t listedAt_ = 0;
+    std::uint64_t lists_ = 0;
 };
 
 } // namespace calmora

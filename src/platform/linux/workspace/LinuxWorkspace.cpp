@@ -221,8 +221,9 @@ void LinuxWorkspace::listenersChanged() {
             }
         });
         scanning_ = sources_.events.every(scanInterval, [this] {
-            list_.scanBackground();
-            changed();
+            if (list_.scanAgain()) {
+                changed();
+            }
         });
         // Running applications are not reported.
         list_.scanBackground();
