@@ -5,6 +5,7 @@
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/xdg/ExecKey.h"
 #include "support/FileDescriptor.h"
+#include "support/Owned.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,6 @@
 #include <linux/sock_diag.h>
 #include <linux/unix_diag.h>
 #include <map>
-#include <memory>
 #include <netinet/tcp.h>
 #include <optional>
 #include <string_view>
@@ -35,11 +35,7 @@ constexpr timeval answerTime{0, 500'000};
 /// The inode of a client's end of each connection, with the processes that hold it.
 using Holders = std::map<std::uint32_t, std::vector<ProcessId>>;
 
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-
-using Folder = std::unique_ptr<DIR, CloseFolder>;
+using Folder = Owned<DIR, ::closedir>;
 
 /// Adds the connection that a message is about if its server has the address `path`.
 void addConnection(const nlmsghdr& header, const std::string& path, Holders& holders) {

@@ -3,6 +3,7 @@
 
 #include "platform/linux/protection/SocketPeers.h"
 #include "support/FileDescriptor.h"
+#include "support/Owned.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -15,10 +16,6 @@ namespace {
 
 const wl_callback_listener answered{
     [](void* isAnswered, wl_callback*, std::uint32_t) { *static_cast<bool*>(isAnswered) = true; }};
-
-struct DestroyCallback {
-    void operator()(wl_callback* callback) const { wl_callback_destroy(callback); }
-};
 
 } // namespace
 
@@ -56,7 +53,7 @@ bool WaylandConnection::roundTrip(std::chrono::milliseconds timeout) {
         return false;
     }
     bool isAnswered = false;
-    const std::unique_ptr<wl_callback, DestroyCallback> callback(wl_display_sync(get()));
+    const Owned<wl_callback, wl_callback_destroy> callback(wl_display_sync(get()));
     wl_callback_add_listener(callback.get(), &answered, &isAnswered);
     while (!isAnswered && isOpen() && dispatchUntil(deadline)) {
     }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/ProcessId.h"
+#include "support/Owned.h"
 
 #include <chrono>
-#include <memory>
 #include <optional>
 #include <string>
 #include <wayland-client-core.h>
@@ -38,14 +38,10 @@ class WaylandConnection {
     bool roundTrip(std::chrono::milliseconds timeout);
 
   private:
-    struct Disconnect {
-        void operator()(wl_display* display) const { wl_display_disconnect(display); }
-    };
-
     /// Waits for events until the deadline, and handles them; false when there were none.
     bool dispatchUntil(std::chrono::steady_clock::time_point deadline);
 
-    std::unique_ptr<wl_display, Disconnect> display_;
+    Owned<wl_display, wl_display_disconnect> display_;
 };
 
 } // namespace calmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/ProcessId.h"
+#include "support/Owned.h"
 
 #include <array>
 #include <cstdint>
@@ -145,11 +146,7 @@ class X11Connection {
     }
 
   private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    Owned<xcb_connection_t, xcb_disconnect> connection_;
     xcb_window_t root_ = XCB_NONE;
     std::uint32_t resourceMask_ = 0;
     std::array<xcb_atom_t, static_cast<std::size_t>(X11Atom::count)> atoms_{};

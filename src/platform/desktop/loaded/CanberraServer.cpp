@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/SoundServer.h"
+#include "support/Owned.h"
 
 #include <canberra.h>
 #include <memory>
@@ -33,11 +34,7 @@ class CanberraServer final : public SoundServer {
     }
 
   private:
-    struct Destroy {
-        void operator()(ca_context* context) const { ca_context_destroy(context); }
-    };
-
-    std::unique_ptr<ca_context, Destroy> context_;
+    Owned<ca_context, ca_context_destroy> context_;
 };
 
 } // namespace

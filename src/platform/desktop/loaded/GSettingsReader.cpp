@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/GSettings.h"
+#include "support/Owned.h"
 
 #include <algorithm>
 #include <gio/gio.h>
-#include <memory>
 
 namespace {
 
-template <auto release>
-struct Release {
-    template <typename Type>
-    void operator()(Type* object) const {
-        release(object);
-    }
-};
-
-template <typename Type, auto release>
-using Owned = std::unique_ptr<Type, Release<release>>;
+using calmora::Owned;
 
 /// The strings in a value that is a string or a list of strings; none in any other.
 std::vector<std::string> stringsIn(GVariant& value) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/use/StreamServer.h"
+#include "support/Owned.h"
 
 #include <cstdint>
 #include <list>
@@ -13,17 +14,6 @@
 
 namespace calmora {
 namespace {
-
-template <auto release>
-struct Release {
-    template <typename Type>
-    void operator()(Type* object) const {
-        release(object);
-    }
-};
-
-template <typename Type, auto release>
-using Owned = std::unique_ptr<Type, Release<release>>;
 
 void destroyProxy(void* proxy) {
     pw_proxy_destroy(static_cast<pw_proxy*>(proxy));

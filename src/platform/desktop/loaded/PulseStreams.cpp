@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/use/StreamServer.h"
+#include "support/Owned.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,14 +13,6 @@
 
 namespace calmora {
 namespace {
-
-template <auto release>
-struct Release {
-    template <typename Type>
-    void operator()(Type* object) const {
-        release(object);
-    }
-};
 
 void close(pa_context* context) {
     pa_context_disconnect(context);
@@ -131,8 +124,8 @@ class PulseStreams final : public StreamServer {
         }
     }
 
-    std::unique_ptr<pa_mainloop, Release<pa_mainloop_free>> loop_;
-    std::unique_ptr<pa_context, Release<close>> context_;
+    Owned<pa_mainloop, pa_mainloop_free> loop_;
+    Owned<pa_context, close> context_;
     bool hasAsked_ = false;
     int awaited_ = 0;
     std::map<std::uint32_t, Properties> clients_;

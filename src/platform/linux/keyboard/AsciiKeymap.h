@@ -2,23 +2,16 @@
 #pragma once
 
 #include "platform/linux/keyboard/KeyCodes.h"
+#include "support/Owned.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <xkbcommon/xkbcommon.h>
 
 namespace calmora {
 
-/// Releases objects of xkbcommon.
-struct XkbRelease {
-    void operator()(xkb_context* context) const { xkb_context_unref(context); }
-
-    void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
-};
-
-using XkbContext = std::unique_ptr<xkb_context, XkbRelease>;
-using XkbKeymap = std::unique_ptr<xkb_keymap, XkbRelease>;
+using XkbContext = Owned<xkb_context, xkb_context_unref>;
+using XkbKeymap = Owned<xkb_keymap, xkb_keymap_unref>;
 
 /// A context without logging; null without memory.
 [[nodiscard]] XkbContext makeXkbContext();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Owned.h"
+
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -81,13 +83,9 @@ class CompositorConnection {
         std::uint32_t version = 0;
     };
 
-    struct Disconnect {
-        void operator()(wl_display* display) const { wl_display_disconnect(display); }
-    };
-
     void* bind(const Global& global, const wl_interface& interface, std::uint32_t version);
 
-    std::unique_ptr<wl_display, Disconnect> display_;
+    Owned<wl_display, wl_display_disconnect> display_;
     WaylandProxy<wl_registry> registry_;
     std::vector<Global> globals_;
 };

@@ -3,6 +3,7 @@
 
 #include "platform/wayland/backend/LayerShellProtocol.h"
 #include "support/FileDescriptor.h"
+#include "support/Owned.h"
 
 #include <QSocketNotifier>
 #include <QTimer>
@@ -25,10 +26,6 @@ constexpr std::uint32_t allEdges =
     ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP | ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM |
     ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT | ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT;
 constexpr int usualCursorSize = 24;
-
-struct DestroyCursors {
-    void operator()(wl_cursor_theme* cursors) const { wl_cursor_theme_destroy(cursors); }
-};
 
 /// One transparent pixel; null when there is no memory for it.
 WaylandProxy<wl_buffer> makePixel(wl_shm* memory) {
@@ -266,7 +263,7 @@ class OutsideCatcher::Input {
     WaylandProxy<wl_seat> seat_;
     WaylandProxy<wl_pointer> pointer_;
     WaylandProxy<wl_touch> touch_;
-    std::unique_ptr<wl_cursor_theme, DestroyCursors> cursors_;
+    Owned<wl_cursor_theme, wl_cursor_theme_destroy> cursors_;
     WaylandProxy<wl_surface> cursor_;
 };
 
