@@ -3,7 +3,6 @@
 
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/proc/ProcessReader.h"
-#include "platform/linux/windows/WindowOwner.h"
 
 #include <algorithm>
 #include <set>
@@ -21,22 +20,14 @@ constexpr int pauseFactor = 10;
 SwayWindowSystem::SwayWindowSystem(EventPoll& events, std::string socket,
                                    std::chrono::milliseconds timeout, OwnerLookup lookUp)
     : events_(events), socket_(std::move(socket)), timeout_(timeout), lookUp_(std::move(lookUp)),
-      windowsChanged_([this](bool) { listenersChanged(); }),
-      activeWindowChanged_([this](bool) { listenersChanged(); }) {
+      listed_([this] { notifying_ = events_.later([this] { listed_.notify(); }); },
+              [this](bool) { listenersChanged(); }) {
     isAlive_ = readTree();
-}
-
-Subscription SwayWindowSystem::onWindowsChanged(std::function<void()> handler) {
-    return windowsChanged_.connect(std::move(handler));
-}
-
-Subscription SwayWindowSystem::onActiveWindowChanged(std::function<void()> handler) {
-    return activeWindowChanged_.connect(std::move(handler));
 }
 
 const std::vector<TopLevelWindow>& SwayWindowSystem::windows() {
     update();
-    return windows_;
+    return listed_.windows();
 }
 
 const std::vector<TopLevelWindow>& SwayWindowSystem::windowsReadAfresh() {
@@ -50,14 +41,12 @@ bool SwayWindowSystem::coversAllWindows() const {
 
 std::optional<WindowId> SwayWindowSystem::activeWindow() {
     update();
-    return active_;
+    return listed_.activeWindow();
 }
 
 bool SwayWindowSystem::requestClose(WindowId window, ProcessId process) {
     const std::vector<TopLevelWindow>& fresh = windowsReadAfresh();
-    const auto found = std::ranges::find(fresh, window, &TopLevelWindow::id);
-    if (!coversAllWindows() || found == fresh.end() || !found->canBeAsked ||
-        found->process != process) {
+    if (!coversAllWindows() || listed_.closable(window, process) == nullptr) {
         return false;
     }
     // What a first request brought up stays a dialog when the next window is asked.
@@ -116,7 +105,7 @@ std::optional<std::string> SwayWindowSystem::request(SwayIpc& connection, SwayMe
 }
 
 void SwayWindowSystem::listenersChanged() {
-    if (!windowsChanged_.hasListeners() && !activeWindowChanged_.hasListeners()) {
+    if (!listed_.hasListeners()) {
         watch_.reset();
         stream_.reset();
     } else if (!stream_) {
@@ -138,7 +127,7 @@ void SwayWindowSystem::listen() {
 
 void SwayWindowSystem::readable() {
     handleEvents();
-    notify();
+    listed_.notify();
 }
 
 void SwayWindowSystem::handleEvents() {
@@ -154,8 +143,7 @@ void SwayWindowSystem::handleEvents() {
                                 ? parseSwayWindowEvent(message.payload)
                                 : SwayChange::focus;
         isStale_ = isStale_ || change != SwayChange::none;
-        windowsDiffer_ = windowsDiffer_ || change == SwayChange::windows;
-        activeDiffers_ = activeDiffers_ || change != SwayChange::none;
+        listed_.changed(change == SwayChange::windows, change != SwayChange::none);
     }
     if (!stream_->isOpen()) {
         end();
@@ -169,7 +157,6 @@ void SwayWindowSystem::update() {
     if (isStale_ || someEnded || !stream_) {
         readTree();
     }
-    notifySoon();
 }
 
 /// False when sway does not answer; what was known then stays.
@@ -187,22 +174,16 @@ bool SwayWindowSystem::readTree() {
     std::erase_if(firstSeen_, [this](const auto& seen) {
         return !std::ranges::binary_search(views_, seen.first, {}, &SwayView::id);
     });
-    const auto activeBefore = std::exchange(active_, std::nullopt);
-    const std::vector<TopLevelWindow> before = std::exchange(windows_, {});
-    std::set<ProcessId> owners;
+    std::vector<TopLevelWindow> windows;
+    std::optional<WindowId> active;
     for (const SwayView& view : views_) {
-        windows_.push_back(windowOf(view));
-        if (windows_.back().process) {
-            owners.insert(*windows_.back().process);
-        }
-        if (view.hasFocus) {
-            active_ = view.id;
-        }
+        windows.push_back(windowOf(view));
+        active = view.hasFocus ? view.id : active;
     }
+    listed_.replace(std::move(windows), active);
+    const std::set<ProcessId> owners = listed_.owners();
     owners_.follow(owners);
     std::erase_if(newestAsked_, [&](const auto& asked) { return !owners.contains(asked.first); });
-    windowsDiffer_ = windowsDiffer_ || before != windows_;
-    activeDiffers_ = activeDiffers_ || activeBefore != active_;
     return true;
 }
 
@@ -217,12 +198,7 @@ TopLevelWindow SwayWindowSystem::windowOf(const SwayView& view) {
         return window;
     }
     const auto seen = firstSeen_.try_emplace(view.id, ticksNow()).first->second;
-    const auto owner =
-        windowOwner({.client = view.process == 0 ? std::nullopt : std::optional(view.process),
-                     .firstSeen = seen},
-                    {}, lookUp_);
-    window.process = owner.process;
-    window.certainty = owner.certainty;
+    setOwner(window, view.process, seen, lookUp_);
     window.applicationId = view.applicationId;
     window.className = view.applicationId;
     window.canBeAsked = true;
@@ -239,30 +215,8 @@ void SwayWindowSystem::end() {
         watch_.reset();
         stream_.reset();
         views_.clear();
-        windows_.clear();
-        active_.reset();
-        windowsDiffer_ = activeDiffers_ = true;
-        notifySoon();
-    }
-}
-
-/// Nobody is notified from within a call of theirs.
-void SwayWindowSystem::notifySoon() {
-    const bool isWanted = windowsChanged_.hasListeners() || activeWindowChanged_.hasListeners();
-    if (isWanted && (windowsDiffer_ || activeDiffers_) && !notifying_) {
-        notifying_ = events_.later([this] { notify(); });
-    }
-}
-
-void SwayWindowSystem::notify() {
-    notifying_.reset();
-    const bool windowsDiffer = std::exchange(windowsDiffer_, false);
-    const bool activeDiffers = std::exchange(activeDiffers_, false);
-    if (windowsDiffer) {
-        windowsChanged_.emit();
-    }
-    if (activeDiffers) {
-        activeWindowChanged_.emit();
+        listed_.replace({}, std::nullopt);
+        listed_.changed(/*windowsDiffer=*/true, /*activeDiffers=*/true);
     }
 }
 

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/windows/ListedWindows.h"
 #include "platform/linux/windows/OwnerProcess.h"
 #include "platform/linux/windows/OwnerWatch.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/wayland/SwayIpc.h"
 #include "platform/wayland/SwayTree.h"
-#include "support/Signal.h"
+#include "support/Subscription.h"
 
 #include <chrono>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -45,8 +47,15 @@ class SwayWindowSystem final : public WindowSystem {
     /// False while sway does not answer.
     [[nodiscard]] bool coversAllWindows() const override;
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
-    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
-    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override {
+        return listed_.onWindowsChanged(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override {
+        return listed_.onActiveWindowChanged(std::move(handler));
+    }
+
     bool requestClose(WindowId window, ProcessId process) override;
     bool activate(WindowId window) override;
 
@@ -75,8 +84,6 @@ class SwayWindowSystem final : public WindowSystem {
     void update();
     bool readTree();
     [[nodiscard]] TopLevelWindow windowOf(const SwayView& view);
-    void notifySoon();
-    void notify();
     void end();
 
     EventPoll& events_;
@@ -88,16 +95,13 @@ class SwayWindowSystem final : public WindowSystem {
     /// No request before this time, after one that got no answer.
     std::optional<std::chrono::steady_clock::time_point> pausedUntil_;
 
-    Signal<> windowsChanged_;
-    Signal<> activeWindowChanged_;
+    ListedWindows listed_;
     /// Absent while nobody listens.
     std::optional<SwayIpc> stream_;
     Subscription watch_;
     Subscription notifying_;
 
     std::vector<SwayView> views_;
-    std::vector<TopLevelWindow> windows_;
-    std::optional<WindowId> active_;
     /// When each view was first seen, as OwnerProcess::startTime counts.
     std::map<WindowId, std::uint64_t> firstSeen_;
     OwnerWatch owners_;
@@ -105,8 +109,6 @@ class SwayWindowSystem final : public WindowSystem {
     std::map<ProcessId, WindowId> newestAsked_;
 
     bool isStale_ = true;
-    bool windowsDiffer_ = false;
-    bool activeDiffers_ = false;
 };
 
 } // namespace calmora

@@ -134,7 +134,8 @@ struct ToplevelWindowSystem::Listeners {
 ToplevelWindowSystem::ToplevelWindowSystem(EventPoll& events, std::string path,
                                            ProgramNames programs, std::chrono::milliseconds timeout)
     : events_(events), path_(std::move(path)), programs_(std::move(programs)), timeout_(timeout),
-      connection_(path_) {
+      connection_(path_),
+      listed_([this] { notifying_ = events_.later([this] { listed_.notify(); }); }) {
     if (!connection_.isOpen()) {
         return;
     }
@@ -148,7 +149,7 @@ ToplevelWindowSystem::ToplevelWindowSystem(EventPoll& events, std::string path,
     if (isAlive_) {
         watch_ = events_.watch(connection_.descriptor(), [this] {
             handleEvents();
-            if (windowsChanged_.hasListeners() || activeWindowChanged_.hasListeners()) {
+            if (listed_.hasListeners()) {
                 update();
             }
         });
@@ -170,18 +171,10 @@ ToplevelWindowSystem::~ToplevelWindowSystem() {
     }
 }
 
-Subscription ToplevelWindowSystem::onWindowsChanged(std::function<void()> handler) {
-    return windowsChanged_.connect(std::move(handler));
-}
-
-Subscription ToplevelWindowSystem::onActiveWindowChanged(std::function<void()> handler) {
-    return activeWindowChanged_.connect(std::move(handler));
-}
-
 const std::vector<TopLevelWindow>& ToplevelWindowSystem::windows() {
     handleEvents();
     update();
-    return windows_;
+    return listed_.windows();
 }
 
 const std::vector<TopLevelWindow>& ToplevelWindowSystem::windowsReadAfresh() {
@@ -193,19 +186,19 @@ const std::vector<TopLevelWindow>& ToplevelWindowSystem::windowsReadAfresh() {
 
 std::optional<WindowId> ToplevelWindowSystem::activeWindow() {
     static_cast<void>(windows());
-    return active_;
+    return listed_.activeWindow();
 }
 
 bool ToplevelWindowSystem::requestClose(WindowId window, ProcessId process) {
-    static_cast<void>(windowsReadAfresh());
-    const auto listed = std::ranges::find(windows_, window, &TopLevelWindow::id);
+    const std::vector<TopLevelWindow>& windows = windowsReadAfresh();
+    const auto listed = std::ranges::find(windows, window, &TopLevelWindow::id);
     const auto toplevel = std::ranges::find(toplevels_, window, &Toplevel::id);
-    if (!coversAllWindows() || listed == windows_.end() || toplevel == toplevels_.end() ||
+    if (!coversAllWindows() || listed == windows.end() || toplevel == toplevels_.end() ||
         listed->listedProcess() != process) {
         return false;
     }
     // What an earlier request brought up stays its question.
-    if (std::ranges::find(windows_, window, &TopLevelWindow::transientFor) == windows_.end()) {
+    if (std::ranges::find(windows, window, &TopLevelWindow::transientFor) == windows.end()) {
         toplevel->asked = std::chrono::steady_clock::now();
         toplevel->newestWhenAsked = lastId_;
     }
@@ -262,18 +255,16 @@ void ToplevelWindowSystem::update() {
         }
         owners_.follow(processes);
     }
-    const auto before = std::exchange(windows_, {});
-    const auto activeBefore = std::exchange(active_, std::nullopt);
+    std::vector<TopLevelWindow> windows;
+    std::optional<WindowId> active;
     for (const Toplevel& toplevel : toplevels_) {
         if (toplevel.isDone) {
-            windows_.push_back(windowOf(toplevel));
-            active_ = toplevel.isActive ? toplevel.id : active_;
+            windows.push_back(windowOf(toplevel));
+            active = toplevel.isActive ? toplevel.id : active;
         }
     }
-    findQuestions();
-    windowsDiffer_ = windowsDiffer_ || before != windows_;
-    activeDiffers_ = activeDiffers_ || activeBefore != active_;
-    notifySoon();
+    findQuestions(windows);
+    listed_.replace(std::move(windows), active);
 }
 
 TopLevelWindow ToplevelWindowSystem::windowOf(const Toplevel& toplevel) const {
@@ -295,15 +286,15 @@ TopLevelWindow ToplevelWindowSystem::windowOf(const Toplevel& toplevel) const {
     return window;
 }
 
-void ToplevelWindowSystem::findQuestions() {
+void ToplevelWindowSystem::findQuestions(std::vector<TopLevelWindow>& windows) const {
     for (const Toplevel& asked : toplevels_) {
-        const auto parent = std::ranges::find(windows_, asked.id, &TopLevelWindow::id);
-        if (asked.newestWhenAsked == 0 || parent == windows_.end()) {
+        const auto parent = std::ranges::find(windows, asked.id, &TopLevelWindow::id);
+        if (asked.newestWhenAsked == 0 || parent == windows.end()) {
             continue;
         }
         for (const Toplevel& later : toplevels_) {
-            const auto window = std::ranges::find(windows_, later.id, &TopLevelWindow::id);
-            if (later.id > asked.newestWhenAsked && window != windows_.end() &&
+            const auto window = std::ranges::find(windows, later.id, &TopLevelWindow::id);
+            if (later.id > asked.newestWhenAsked && window != windows.end() &&
                 window->transientFor == 0 && later.appeared - asked.asked < longestThought &&
                 mayBelongTogether(*window, *parent)) {
                 window->transientFor = asked.id;
@@ -325,27 +316,8 @@ void ToplevelWindowSystem::remove(Toplevel& toplevel) {
 void ToplevelWindowSystem::end() {
     isAlive_ = false;
     watch_.reset();
-    windows_.clear();
-    active_.reset();
-    windowsDiffer_ = activeDiffers_ = true;
-    notifySoon();
-}
-
-/// Nobody is notified from within a call of theirs.
-void ToplevelWindowSystem::notifySoon() {
-    if ((!windowsDiffer_ && !activeDiffers_) || notifying_) {
-        return;
-    }
-    notifying_ = events_.later([this] {
-        notifying_.reset();
-        const bool activeDiffers = std::exchange(activeDiffers_, false);
-        if (std::exchange(windowsDiffer_, false)) {
-            windowsChanged_.emit();
-        }
-        if (activeDiffers) {
-            activeWindowChanged_.emit();
-        }
-    });
+    listed_.replace({}, std::nullopt);
+    listed_.changed(/*windowsDiffer=*/true, /*activeDiffers=*/true);
 }
 
 } // namespace calmora

@@ -2,18 +2,20 @@
 #pragma once
 
 #include "platform/linux/proc/ProcessReader.h"
+#include "platform/linux/windows/ListedWindows.h"
 #include "platform/linux/windows/OwnerWatch.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/wayland/AppIdPrograms.h"
 #include "platform/wayland/SocketClients.h"
 #include "platform/wayland/WaylandConnection.h"
-#include "support/Signal.h"
+#include "support/Subscription.h"
 
 #include <chrono>
 #include <functional>
 #include <list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct wl_registry;
@@ -55,8 +57,15 @@ class ToplevelWindowSystem final : public WindowSystem {
     [[nodiscard]] bool coversAllWindows() const override { return isAlive_ && isAnswering_; }
 
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
-    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
-    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override {
+        return listed_.onWindowsChanged(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override {
+        return listed_.onActiveWindowChanged(std::move(handler));
+    }
+
     bool requestClose(WindowId window, ProcessId process) override;
     /// On the first seat.
     bool activate(WindowId window) override;
@@ -98,10 +107,9 @@ class ToplevelWindowSystem final : public WindowSystem {
     void handleEvents();
     void update();
     [[nodiscard]] TopLevelWindow windowOf(const Toplevel& toplevel) const;
-    void findQuestions();
+    void findQuestions(std::vector<TopLevelWindow>& windows) const;
     void remove(Toplevel& toplevel);
     void end();
-    void notifySoon();
 
     EventPoll& events_;
     std::string path_;
@@ -116,13 +124,10 @@ class ToplevelWindowSystem final : public WindowSystem {
     std::list<Toplevel> toplevels_;
     WindowId lastId_ = 0;
 
-    Signal<> windowsChanged_;
-    Signal<> activeWindowChanged_;
+    ListedWindows listed_;
     Subscription watch_;
     Subscription notifying_;
 
-    std::vector<TopLevelWindow> windows_;
-    std::optional<WindowId> active_;
     /// The compositor's clients when the newest window appeared, without those that have ended.
     std::vector<SocketClient> clients_;
     OwnerWatch owners_;
@@ -131,8 +136,6 @@ class ToplevelWindowSystem final : public WindowSystem {
     bool isFinished_ = false;
     bool areClientsStale_ = true;
     bool isStale_ = true;
-    bool windowsDiffer_ = false;
-    bool activeDiffers_ = false;
 };
 
 } // namespace calmora

@@ -2,17 +2,19 @@
 #pragma once
 
 #include "platform/gnome/ShellWindow.h"
+#include "platform/linux/windows/ListedWindows.h"
 #include "platform/linux/windows/OwnerProcess.h"
 #include "platform/linux/windows/OwnerWatch.h"
+#include "platform/linux/windows/WindowNumbers.h"
 #include "platform/linux/windows/WindowSystem.h"
-#include "support/Signal.h"
+#include "support/Subscription.h"
 
-#include <QTimer>
+#include <QObject>
 
-#include <map>
+#include <functional>
 #include <memory>
 #include <optional>
-#include <string>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -46,8 +48,15 @@ class ShellWindowSystem final : public WindowSystem {
     [[nodiscard]] bool coversAllWindows() const override;
 
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
-    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
-    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override {
+        return listed_.onWindowsChanged(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override {
+        return listed_.onActiveWindowChanged(std::move(handler));
+    }
+
     bool requestClose(WindowId window, ProcessId process) override;
     bool activate(WindowId window) override;
 
@@ -68,31 +77,17 @@ class ShellWindowSystem final : public WindowSystem {
     [[nodiscard]] std::vector<ShellWindow> told(bool isAfresh);
     void readWindows(const std::vector<ShellWindow>& told);
     [[nodiscard]] TopLevelWindow windowOf(const ShellWindow& told) const;
-    void notify();
 
     ShellLink& link_;
     StandIns standIns_;
     OwnerLookup lookUp_;
-    Signal<> windowsChanged_;
-    Signal<> activeWindowChanged_;
+    QObject context_;
+    ListedWindows listed_;
     std::vector<ShellWindow> told_;
     std::uint64_t toldFocus_ = 0;
-    std::vector<TopLevelWindow> windows_;
-    std::optional<WindowId> active_;
-
-    /// Our numbers of the shell's, which may be too large for us, and when each window was first
-    /// seen, as OwnerProcess::startTime counts.
-    struct Known {
-        WindowId number = 0;
-        std::uint64_t firstSeen = 0;
-    };
-
-    std::map<std::uint64_t, Known> known_;
-    WindowId lastNumber_ = 0;
+    /// The shell's own numbers may be too large for us.
+    WindowNumbers<std::uint64_t> numbers_;
     OwnerWatch owners_;
-    bool windowsDiffer_ = false;
-    bool activeDiffers_ = false;
-    QTimer notifying_;
     Subscription changes_;
 };
 

@@ -5,12 +5,11 @@
 #include "platform/desktop/dbus/Messages.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/protection/SocketPeers.h"
-#include "platform/linux/windows/WindowOwner.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <set>
+#include <iterator>
 #include <utility>
 
 namespace calmora {
@@ -27,11 +26,9 @@ KwinWindowSystem::KwinWindowSystem(const QDBusConnection& connection, const std:
                                    std::chrono::milliseconds timeout, OwnerLookup lookUp)
     : connection_(connection), socket_(socket), timeout_(timeout), lookUp_(std::move(lookUp)),
       scripts_(connection, [this](KwinReport report) { accept(std::move(report)); }),
-      watcher_(kwinName, connection, QDBusServiceWatcher::WatchForOwnerChange) {
-    for (QTimer* timer : {&notifying_, &pause_}) {
-        timer->setSingleShot(true);
-    }
-    QObject::connect(&notifying_, &QTimer::timeout, &notifying_, [this] { notify(); });
+      watcher_(kwinName, connection, QDBusServiceWatcher::WatchForOwnerChange),
+      listed_([this] { QTimer::singleShot(0, &watcher_, [this] { listed_.notify(); }); }) {
+    pause_.setSingleShot(true);
     QObject::connect(&pause_, &QTimer::timeout, &pause_, [this] { update(); });
     QObject::connect(
         &watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &watcher_,
@@ -49,59 +46,42 @@ KwinWindowSystem::~KwinWindowSystem() {
     }
 }
 
-Subscription KwinWindowSystem::onWindowsChanged(std::function<void()> handler) {
-    return windowsChanged_.connect(std::move(handler));
-}
-
-Subscription KwinWindowSystem::onActiveWindowChanged(std::function<void()> handler) {
-    return activeWindowChanged_.connect(std::move(handler));
-}
-
 const std::vector<TopLevelWindow>& KwinWindowSystem::windows() {
     update();
-    return windows_;
+    return listed_.windows();
 }
 
 const std::vector<TopLevelWindow>& KwinWindowSystem::windowsReadAfresh() {
     update();
     static_cast<void>(run(requestScript, {}));
-    return windows_;
+    return listed_.windows();
 }
 
 std::optional<WindowId> KwinWindowSystem::activeWindow() {
     update();
-    return active_;
+    return listed_.activeWindow();
 }
 
 bool KwinWindowSystem::requestClose(WindowId window, ProcessId process) {
     update();
-    const auto found = std::ranges::find(windows_, window, &TopLevelWindow::id);
-    if (!coversAllWindows() || found == windows_.end() || !found->canBeAsked ||
-        found->process != process) {
+    const auto name = numbers_.name(window);
+    if (!coversAllWindows() || !name || listed_.closable(window, process) == nullptr) {
         return false;
     }
-    const auto index = static_cast<std::size_t>(found - windows_.begin());
     // The script compares the process again.
-    return run(requestScript, {.close = report_.windows[index].id, .process = process})
-        .value_or(false);
+    return run(requestScript, {.close = *name, .process = process}).value_or(false);
 }
 
 bool KwinWindowSystem::activate(WindowId window) {
     update();
-    const auto known =
-        std::ranges::find(known_, window, [](const auto& entry) { return entry.second.number; });
-    return known != known_.end() && run(requestScript, {.activate = known->first}).value_or(false);
+    const auto name = numbers_.name(window);
+    return name && run(requestScript, {.activate = *name}).value_or(false);
 }
 
 std::vector<ProcessId> KwinWindowSystem::displayProcesses() {
     update();
     std::vector<ProcessId> result = compositor_;
-    for (const TopLevelWindow& window : windows_) {
-        if (window.process &&
-            (window.type == WindowType::dock || window.type == WindowType::desktop)) {
-            result.push_back(*window.process);
-        }
-    }
+    std::ranges::copy(listed_.shellProcesses(), std::back_inserter(result));
     return result;
 }
 
@@ -156,59 +136,26 @@ void KwinWindowSystem::accept(KwinReport report) {
 }
 
 void KwinWindowSystem::readWindows() {
-    auto known = std::exchange(known_, {});
-    for (const KwinWindow& window : report_.windows) {
-        const auto old = known.find(window.id);
-        known_[window.id] = old == known.end() ? Known{++lastNumber_, ticksNow()} : old->second;
-    }
-    const auto before = std::exchange(windows_, {});
-    const auto activeBefore = std::exchange(active_, std::nullopt);
-    std::set<ProcessId> owners;
+    numbers_.keep(report_.windows);
+    std::vector<TopLevelWindow> windows;
+    std::optional<WindowId> active;
     for (const KwinWindow& reported : report_.windows) {
-        windows_.push_back(windowOf(reported));
-        const TopLevelWindow& window = windows_.back();
-        if (window.process) {
-            owners.insert(*window.process);
-        }
+        const TopLevelWindow& window = windows.emplace_back(windowOf(reported));
         // Popups of bars and launchers come and go.
         if (reported.id == report_.active && window.type != WindowType::other) {
-            active_ = window.id;
+            active = window.id;
         }
     }
-    owners_.follow(owners);
-    windowsDiffer_ = windowsDiffer_ || before != windows_;
-    activeDiffers_ = activeDiffers_ || activeBefore != active_;
-    if (windowsDiffer_ || activeDiffers_) {
-        notifying_.start(0);
-    }
+    listed_.replace(std::move(windows), active);
+    owners_.follow(listed_.owners());
 }
 
-TopLevelWindow KwinWindowSystem::windowOf(const KwinWindow& reported) {
+TopLevelWindow KwinWindowSystem::windowOf(const KwinWindow& reported) const {
     TopLevelWindow window = reported.window;
-    const Known& known = known_.at(reported.id);
-    window.id = known.number;
-    if (const auto parent = known_.find(reported.parent); parent != known_.end()) {
-        window.transientFor = parent->second.number;
-    }
-    if (reported.process > 0) {
-        const auto owner =
-            windowOwner({.client = reported.process, .firstSeen = known.firstSeen}, {}, lookUp_);
-        window.process = owner.process;
-        window.certainty = owner.certainty;
-    }
+    window.id = numbers_.number(reported.id);
+    window.transientFor = numbers_.number(reported.parent);
+    setOwner(window, reported.process, numbers_.firstSeen(reported.id), lookUp_);
     return window;
-}
-
-/// Nobody is notified from within a call of theirs.
-void KwinWindowSystem::notify() {
-    const bool windowsDiffer = std::exchange(windowsDiffer_, false);
-    const bool activeDiffers = std::exchange(activeDiffers_, false);
-    if (windowsDiffer) {
-        windowsChanged_.emit();
-    }
-    if (activeDiffers) {
-        activeWindowChanged_.emit();
-    }
 }
 
 std::unique_ptr<WindowSystem> makeKwinWindows(const QDBusConnection& connection) {

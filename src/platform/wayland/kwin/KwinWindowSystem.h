@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/windows/ListedWindows.h"
 #include "platform/linux/windows/OwnerProcess.h"
 #include "platform/linux/windows/OwnerWatch.h"
+#include "platform/linux/windows/WindowNumbers.h"
 #include "platform/linux/windows/WindowSystem.h"
 #include "platform/wayland/KwinReport.h"
 #include "platform/wayland/kwin/KwinScripts.h"
-#include "support/Signal.h"
+#include "support/Subscription.h"
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
@@ -14,10 +16,10 @@
 #include <QTimer>
 
 #include <chrono>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace calmora {
@@ -51,8 +53,15 @@ class KwinWindowSystem final : public WindowSystem {
     [[nodiscard]] bool coversAllWindows() const override { return isWatching_; }
 
     [[nodiscard]] std::optional<WindowId> activeWindow() override;
-    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override;
-    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override;
+
+    [[nodiscard]] Subscription onWindowsChanged(std::function<void()> handler) override {
+        return listed_.onWindowsChanged(std::move(handler));
+    }
+
+    [[nodiscard]] Subscription onActiveWindowChanged(std::function<void()> handler) override {
+        return listed_.onActiveWindowChanged(std::move(handler));
+    }
+
     /// As after a click on the close button, see TopLevelWindow::mustAnswerSoon.
     bool requestClose(WindowId window, ProcessId process) override;
     bool activate(WindowId window) override;
@@ -75,8 +84,7 @@ class KwinWindowSystem final : public WindowSystem {
     void update();
     void accept(KwinReport report);
     void readWindows();
-    [[nodiscard]] TopLevelWindow windowOf(const KwinWindow& reported);
-    void notify();
+    [[nodiscard]] TopLevelWindow windowOf(const KwinWindow& reported) const;
 
     QDBusConnection connection_;
     std::string socket_;
@@ -84,7 +92,6 @@ class KwinWindowSystem final : public WindowSystem {
     OwnerLookup lookUp_;
     KwinScripts scripts_;
     QDBusServiceWatcher watcher_;
-    QTimer notifying_;
     bool isAlive_ = false;
     /// The script that reports changes runs, and the last request was answered.
     bool isWatching_ = false;
@@ -93,24 +100,10 @@ class KwinWindowSystem final : public WindowSystem {
     /// KWin, and the process that listens on its socket for it.
     std::vector<ProcessId> compositor_;
 
-    Signal<> windowsChanged_;
-    Signal<> activeWindowChanged_;
-
     KwinReport report_;
-    std::vector<TopLevelWindow> windows_;
-    std::optional<WindowId> active_;
-
-    /// Our numbers of KWin's ids, and when each was first seen, as OwnerProcess::startTime counts.
-    struct Known {
-        WindowId number = 0;
-        std::uint64_t firstSeen = 0;
-    };
-
-    std::map<std::string, Known> known_;
-    WindowId lastNumber_ = 0;
+    ListedWindows listed_;
+    WindowNumbers<std::string> numbers_;
     OwnerWatch owners_;
-    bool windowsDiffer_ = false;
-    bool activeDiffers_ = false;
 };
 
 /// The windows of the Wayland session of the environment if KWin is its compositor; else null.
