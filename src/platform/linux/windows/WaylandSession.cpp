@@ -4,11 +4,16 @@
 #include "platform/linux/protection/SocketPeers.h"
 
 #include <cerrno>
-#include <string>
+#include <filesystem>
 
 namespace calmora {
 
 namespace {
+
+std::string variable(const EnvironmentReader& environment, const char* name) {
+    const char* value = environment(name);
+    return value != nullptr ? value : "";
+}
 
 /// Whether a process listens on a socket; true in doubt.
 bool isAnswered(const std::string& path) {
@@ -17,20 +22,17 @@ bool isAnswered(const std::string& path) {
 
 } // namespace
 
+std::string compositorSocket(const EnvironmentReader& environment) {
+    const std::string display = variable(environment, "WAYLAND_DISPLAY");
+    // An absolute path stays as it is.
+    const auto path = std::filesystem::path(variable(environment, "XDG_RUNTIME_DIR")) / display;
+    return !display.empty() && path.is_absolute() ? path.string() : "";
+}
+
 bool isWaylandSession(const EnvironmentReader& environment) {
-    const auto variable = [&](const char* name) {
-        const char* value = environment(name);
-        return std::string(value != nullptr ? value : "");
-    };
-    if (variable("XDG_SESSION_TYPE") == "wayland") {
-        return true;
-    }
-    const std::string display = variable("WAYLAND_DISPLAY");
-    if (display.empty()) {
-        return false;
-    }
-    return isAnswered(display.starts_with('/') ? display
-                                               : variable("XDG_RUNTIME_DIR") + '/' + display);
+    const std::string socket = compositorSocket(environment);
+    return variable(environment, "XDG_SESSION_TYPE") == "wayland" ||
+           (!socket.empty() && isAnswered(socket));
 }
 
 } // namespace calmora

@@ -5,10 +5,9 @@
 #include "platform/desktop/dbus/Messages.h"
 #include "platform/linux/proc/ProcessReader.h"
 #include "platform/linux/protection/SocketPeers.h"
+#include "platform/linux/windows/WaylandSession.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -159,13 +158,10 @@ TopLevelWindow KwinWindowSystem::windowOf(const KwinWindow& reported) const {
 }
 
 std::unique_ptr<WindowSystem> makeKwinWindows(const QDBusConnection& connection) {
-    const char* display = std::getenv("WAYLAND_DISPLAY");
-    const char* folder = std::getenv("XDG_RUNTIME_DIR");
-    if (display == nullptr || folder == nullptr || !connection.isConnected()) {
+    const std::string socket = compositorSocket();
+    if (socket.empty() || !connection.isConnected()) {
         return nullptr;
     }
-    // An absolute path stays as it is.
-    const auto socket = std::filesystem::path(folder) / display;
     auto kwin = std::make_unique<KwinWindowSystem>(connection, socket);
     return kwin->isAlive() ? std::move(kwin) : nullptr;
 }
