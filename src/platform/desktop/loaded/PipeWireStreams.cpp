@@ -6,6 +6,7 @@
 #include <list>
 #include <memory>
 #include <pipewire/pipewire.h>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -56,7 +57,7 @@ class PipeWireStreams final : public StreamServer {
         for (int turn = 0; turn < mostTurns && pw_loop_iterate(loop, 0) > 0; ++turn) {
         }
         pw_loop_leave(loop);
-        return isDone_ ? State::done : State::pending;
+        return isDone_ && !isCut_ ? State::done : State::pending;
     }
 
     [[nodiscard]] std::vector<MediaStream> streams() const override {
@@ -86,7 +87,7 @@ class PipeWireStreams final : public StreamServer {
             of(self).clients_[std::to_string(id)] = id;
         } else if (kind == PW_TYPE_INTERFACE_Node &&
                    textOf(properties, PW_KEY_MEDIA_CLASS) == "Stream/Input/Video") {
-            of(self).receiving_.emplace_back(textOf(properties, PW_KEY_CLIENT_ID));
+            of(self).receiving_.emplace(textOf(properties, PW_KEY_CLIENT_ID));
         }
     }
 
@@ -116,8 +117,12 @@ class PipeWireStreams final : public StreamServer {
         isDone_ = receiving.empty();
         for (const std::string& id : receiving) {
             const auto client = clients_.find(id);
-            if (client == clients_.end() || receivers_.size() >= mostReceivers) {
+            if (client == clients_.end()) {
                 continue;
+            }
+            if (receivers_.size() >= mostReceivers) {
+                isCut_ = true;
+                break;
             }
             Receiver& receiver = receivers_.emplace_back();
             receiver.client.reset(static_cast<pw_client*>(pw_registry_bind(
@@ -150,18 +155,20 @@ class PipeWireStreams final : public StreamServer {
     Library library_;
     Owned<pw_main_loop, pw_main_loop_destroy> loop_{pw_main_loop_new(nullptr)};
     Owned<pw_context, pw_context_destroy> context_{
-        pw_context_new(pw_main_loop_get_loop(loop_.get()), nullptr, 0)};
+        loop_ ? pw_context_new(pw_main_loop_get_loop(loop_.get()), nullptr, 0) : nullptr};
     /// Null without a server.
-    Owned<pw_core, pw_core_disconnect> core_{pw_context_connect(context_.get(), nullptr, 0)};
+    Owned<pw_core, pw_core_disconnect> core_{
+        context_ ? pw_context_connect(context_.get(), nullptr, 0) : nullptr};
     spa_hook coreHook_{};
     spa_hook registryHook_{};
     Owned<pw_registry, destroyProxy> registry_;
     int awaited_ = 0;
     bool isDone_ = false;
+    bool isCut_ = false;
     bool hasFailed_ = false;
     std::map<std::string, std::uint32_t> clients_;
     /// The numbers of clients, as texts.
-    std::vector<std::string> receiving_;
+    std::set<std::string> receiving_;
     std::list<Receiver> receivers_;
 };
 

@@ -36,7 +36,7 @@ class PulseStreams final : public StreamServer {
   public:
     explicit PulseStreams(const char* name)
         : loop_(pa_mainloop_new()),
-          context_(pa_context_new(pa_mainloop_get_api(loop_.get()), name)) {
+          context_(loop_ ? pa_context_new(pa_mainloop_get_api(loop_.get()), name) : nullptr) {
         if (context_) {
             pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
         }
@@ -56,7 +56,7 @@ class PulseStreams final : public StreamServer {
         if (state == PA_CONTEXT_READY && !std::exchange(hasAsked_, true)) {
             ask();
         }
-        return hasAsked_ && awaited_ == 0 ? State::done : State::pending;
+        return hasAsked_ && awaited_ == 0 && !isCut_ ? State::done : State::pending;
     }
 
     [[nodiscard]] std::vector<MediaStream> streams() const override {
@@ -71,7 +71,7 @@ class PulseStreams final : public StreamServer {
     }
 
   private:
-    /// More than anybody has; a server that sends more is read up to here.
+    /// More than anybody has.
     static constexpr std::size_t mostEntries = 4096;
     static constexpr int mostTurns = 256;
 
@@ -88,11 +88,13 @@ class PulseStreams final : public StreamServer {
         drop(pa_context_get_source_output_info_list(context, addRecording, this));
     }
 
-    /// Whether there is an entry; else the list is at its end, or there was an error.
+    /// Whether there is an entry to keep; else the list is at its end, or there was an error.
     template <typename Info>
     bool has(const Info* info, int end) {
         awaited_ -= end != 0 ? 1 : 0;
-        return end == 0 && info != nullptr && clients_.size() + streams_.size() < mostEntries;
+        const bool isFull = clients_.size() + streams_.size() >= mostEntries;
+        isCut_ = isCut_ || (end == 0 && isFull);
+        return end == 0 && info != nullptr && !isFull;
     }
 
     static PulseStreams& of(void* self) { return *static_cast<PulseStreams*>(self); }
@@ -128,6 +130,7 @@ class PulseStreams final : public StreamServer {
     Owned<pa_context, close> context_;
     bool hasAsked_ = false;
     int awaited_ = 0;
+    bool isCut_ = false;
     std::map<std::uint32_t, Properties> clients_;
     /// With the number of the client.
     std::vector<std::pair<MediaStream, std::uint32_t>> streams_;

@@ -30,6 +30,7 @@ struct MediaStream {
 class StreamServer {
   public:
     enum class State {
+        /// Also for good where there are more streams than can be told of.
         pending,
         done,
         /// There is no server, or it refuses.
