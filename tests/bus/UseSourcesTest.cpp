@@ -152,7 +152,12 @@ struct UseSourcesTest : testing::Test {
     FakeWindowSystem windows;
     ProcessReader reader;
     ApplicationSnapshot running;
-    BusOnDemand system = [this] { return std::make_shared<const QDBusConnection>(own); };
+    std::weak_ptr<const QDBusConnection> systemBus;
+    BusOnDemand system = [this] {
+        const auto open = std::make_shared<const QDBusConnection>(own);
+        systemBus = open;
+        return open;
+    };
     DesktopUseSources sources{{.sessionBus = own,
                                .systemBus = system,
                                .windows = windows,
@@ -173,6 +178,7 @@ struct UseSourcesTest : testing::Test {
         const Subscription reading = sources.read([&](const UseReport& read) { report = read; });
         EXPECT_FALSE(report) << "never from within the call";
         EXPECT_TRUE(loopUntil([&] { return report.has_value(); }));
+        EXPECT_TRUE(systemBus.expired()) << "nothing stays open";
         return report.value_or(UseReport());
     }
 
@@ -225,8 +231,9 @@ TEST_F(UseSourcesTest, CollectWhatInhibitorsAndWindowsTell) {
     }
     ScriptedObject manager(other, "/org/gnome/SessionManager",
                            [&](auto&&) { return QVariantList{QVariant::fromValue(paths)}; });
+    QStringList names{"editor", "none"};
     ScriptedObject xfce(other, "/org/freedesktop/PowerManagement/Inhibit",
-                        [](auto&&) { return QVariantList{QStringList{"editor", "none"}}; });
+                        [&](auto&&) { return QVariantList{names}; });
     ScriptedObject idle(other, "/org/gnome/Mutter/IdleMonitor/Core",
                         [](auto&&) { return QVariantList{qulonglong{4200}}; });
     serve({"org.freedesktop.login1", "org.gnome.SessionManager", "org.freedesktop.PowerManagement",
@@ -248,6 +255,8 @@ TEST_F(UseSourcesTest, CollectWhatInhibitorsAndWindowsTell) {
                     std::pair(41, UseKind::isFullScreen), std::pair(42, UseKind::isFullScreen),
                     std::pair(43, UseKind::isFullScreen)));
     EXPECT_EQ(read().sinceInput, 4200ms);
+    names = QStringList(300, "leak");
+    EXPECT_FALSE(read().isComplete) << "who else is among so many?";
 }
 
 TEST_F(UseSourcesTest, AskOnlyWhenAskedAndWaitForNobodyLong) {

@@ -30,7 +30,23 @@ QDBusMessage managerCall(const QString& path, const char* kind, const char* meth
     return methodCall(sessionManager, path, QString(sessionManager) + kind, method);
 }
 
-/// Who is told as (name, reason); who is told as a name.
+/// The first of these. Whoever leaks inhibitors must not hide those of others: what is left out is
+/// not known.
+template <typename List>
+List limited(List list, UseReading& reading) {
+    if (list.size() > mostAsked) {
+        list.resize(mostAsked);
+        reading.setIncomplete();
+    }
+    return list;
+}
+
+template <typename List>
+List listIn(const QDBusMessage& answer) {
+    return readArgument<List>(answer).value_or(List());
+}
+
+/// (ss).
 struct NamedInhibitor {
     QString who;
     QString why;
@@ -152,9 +168,9 @@ bool keepsAwake(const LogindInhibitor& inhibitor, std::uint32_t user) {
 void readMediaPlayers(UseReading& reading, const QDBusConnection& sessionBus,
                       const UseOwners& owners) {
     reading.call(sessionBus, busCall("ListNames"), [&, sessionBus](const QDBusMessage& answer) {
-        QStringList players = readArgument<QStringList>(answer).value_or(QStringList());
+        QStringList players = listIn<QStringList>(answer);
         players.removeIf([](const QString& name) { return !name.startsWith(playerName); });
-        for (const QString& player : players.first(std::min(players.size(), mostAsked))) {
+        for (const QString& player : limited(players, reading)) {
             const auto told = [&, sessionBus, player](const QDBusMessage& status) {
                 if (readProperty<QString>(status) != "Playing") {
                     return;
@@ -180,9 +196,7 @@ void readLogindInhibitors(UseReading& reading, const QDBusConnection& systemBus)
     const QDBusMessage list = methodCall("org.freedesktop.login1", "/org/freedesktop/login1",
                                          "org.freedesktop.login1.Manager", "ListInhibitors");
     reading.call(systemBus, list, [&reading](const QDBusMessage& answer) {
-        const auto inhibitors =
-            readArgument<QList<LogindInhibitor>>(answer).value_or(QList<LogindInhibitor>());
-        for (const LogindInhibitor& inhibitor : inhibitors) {
+        for (const auto& inhibitor : listIn<QList<LogindInhibitor>>(answer)) {
             if (keepsAwake(inhibitor, ::getuid())) {
                 reading.add(std::array{static_cast<ProcessId>(inhibitor.process)},
                             UseKind::inhibitsSleep);
@@ -196,9 +210,8 @@ void readSessionInhibitors(UseReading& reading, const QDBusConnection& sessionBu
                            const std::function<const std::vector<TopLevelWindow>&()>& windows) {
     reading.call(sessionBus, managerCall("/org/gnome/SessionManager", "", "GetInhibitors"),
                  [&, sessionBus, windows](const QDBusMessage& answer) {
-                     const auto paths = readArgument<QList<QDBusObjectPath>>(answer).value_or(
-                         QList<QDBusObjectPath>());
-                     for (const auto& path : paths.first(std::min(paths.size(), mostAsked))) {
+                     const auto paths = listIn<QList<QDBusObjectPath>>(answer);
+                     for (const auto& path : limited(paths, reading)) {
                          std::make_shared<SessionInhibitor>(reading, sessionBus, owners, windows,
                                                             path.path())
                              ->ask();
@@ -215,9 +228,8 @@ void readPowerInhibitors(UseReading& reading, const QDBusConnection& sessionBus,
                             "/org/kde/Solid/PowerManagement/PolicyAgent",
                             "org.kde.Solid.PowerManagement.PolicyAgent", "ListInhibitions"),
                  [&](const QDBusMessage& answer) {
-                     const auto list = readArgument<QList<NamedInhibitor>>(answer).value_or(
-                         QList<NamedInhibitor>());
-                     for (const auto& one : list.first(std::min(list.size(), mostAsked))) {
+                     const auto list = listIn<QList<NamedInhibitor>>(answer);
+                     for (const auto& one : limited(list, reading)) {
                          reading.add(owners.called(one.who.toStdString()), UseKind::inhibitsSleep);
                      }
                  });
@@ -226,8 +238,7 @@ void readPowerInhibitors(UseReading& reading, const QDBusConnection& sessionBus,
                             "/org/freedesktop/PowerManagement/Inhibit",
                             "org.freedesktop.PowerManagement.Inhibit", "GetInhibitors"),
                  [&](const QDBusMessage& answer) {
-                     const auto list = readArgument<QStringList>(answer).value_or(QStringList());
-                     for (const auto& name : list.first(std::min(list.size(), mostAsked))) {
+                     for (const auto& name : limited(listIn<QStringList>(answer), reading)) {
                          reading.add(owners.called(name.toStdString()), UseKind::inhibitsSleep);
                      }
                  });

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace calmora {
@@ -44,8 +45,16 @@ DesktopUseSources::DesktopUseSources(UseSurroundings surroundings)
 }
 
 Subscription DesktopUseSources::read(std::function<void(const UseReport&)> handler) {
-    const auto open = std::make_shared<OpenReading>(surroundings_.systemBus, std::move(handler));
-    UseReading& reading = open->reading;
+    const auto open = std::make_shared<std::optional<OpenReading>>();
+    open->emplace(surroundings_.systemBus,
+                  [weak = std::weak_ptr(open), handler = std::move(handler)](const auto& report) {
+                      // The token may be kept for long: what has answered is closed now.
+                      if (const auto answered = weak.lock()) {
+                          answered->reset();
+                      }
+                      handler(report);
+                  });
+    UseReading& reading = (*open)->reading;
     const QDBusConnection& sessionBus = surroundings_.sessionBus;
     const auto windows = [this]() -> const std::vector<TopLevelWindow>& {
         return surroundings_.windows.windows();
@@ -54,7 +63,7 @@ Subscription DesktopUseSources::read(std::function<void(const UseReport&)> handl
     readSessionInhibitors(reading, sessionBus, owners_, windows);
     readPowerInhibitors(reading, sessionBus, owners_);
     readIdleMonitor(reading, sessionBus);
-    readLogindInhibitors(reading, *open->systemBus);
+    readLogindInhibitors(reading, *(*open)->systemBus);
     readStreams(reading, owners_, surroundings_.applicationName.c_str());
     readWindows(reading, surroundings_.windows);
     reading.haveAllBegun();

@@ -40,6 +40,9 @@ class UseReading {
     /// The user's last input lies so far back.
     void setSinceInput(std::chrono::milliseconds time) { report_.sinceInput = time; }
 
+    /// Some of what is in use is not known.
+    void setIncomplete() { report_.isComplete = false; }
+
     /// Says that every source has begun. Until then the reading does not end.
     void haveAllBegun() { end(); }
 
