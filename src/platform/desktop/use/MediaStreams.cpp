@@ -5,6 +5,7 @@
 #include "platform/desktop/use/UseReading.h"
 #include "support/LoadedLibrary.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <dlfcn.h>
@@ -12,6 +13,7 @@
 #include <memory>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace calmora {
 namespace {
@@ -74,13 +76,19 @@ void readFrom(const Library& library, UseReading& reading, const UseOwners& owne
             return state == StreamServer::State::absent;
         }
         const HostNames host = HostNames::ours();
+        // Many streams of one program need one search.
+        std::vector<StreamUse> uses;
         for (const MediaStream& stream : server->streams()) {
-            if (const auto use = useOf(stream, host)) {
-                if (use->ownId != 0) {
-                    reading.add(owners.calling(use->ownId, use->program), use->kind);
-                }
-                reading.add(std::array{use->peer}, use->kind);
+            const auto use = useOf(stream, host);
+            if (use && std::ranges::find(uses, *use) == uses.end()) {
+                uses.push_back(*use);
             }
+        }
+        for (const StreamUse& use : uses) {
+            if (use.ownId != 0) {
+                reading.add(owners.calling(use.ownId, use.program), use.kind);
+            }
+            reading.add(std::array{use.peer}, use.kind);
         }
         return true;
     });

@@ -66,10 +66,10 @@ std::vector<ProcessId> UseOwners::called(std::string_view name) const {
         return result;
     }
     for (const WorkspaceApplication& application : running_()) {
+        const bool isMeant = mayMean(name, application.bundleIdentifier.value_or("")) ||
+                             mayMean(name, application.localizedName.value_or(""));
         for (const ProcessId process : application.processes()) {
-            const std::string program = fileName(reader_.executable(process));
-            if (mayMean(name, application.bundleIdentifier.value_or("")) ||
-                mayMean(name, application.localizedName.value_or("")) || mayMean(name, program)) {
+            if (isMeant || mayMean(name, fileName(reader_.executable(process)))) {
                 result.push_back(process);
             }
         }
