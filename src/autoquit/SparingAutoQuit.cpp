@@ -38,12 +38,12 @@ void SparingAutoQuit::setOn(bool isOn) {
         return;
     }
     activations_ = around_.platform.workspace.onActivated([this](const WorkspaceApplication& app) {
-        forgetIt(app);
+        forget(app);
         review(); // What has left the front was used, too.
     });
 }
 
-void SparingAutoQuit::forgetIt(const WorkspaceApplication& app) {
+void SparingAutoQuit::forget(const WorkspaceApplication& app) {
     if (app.bundleIdentifier) {
         forget(*app.bundleIdentifier);
     }
@@ -54,7 +54,7 @@ void SparingAutoQuit::followEndings() {
         endings_.reset();
     } else if (!endings_) {
         endings_ = around_.platform.workspace.onTerminated(
-            [this](const WorkspaceApplication& app) { forgetIt(app); });
+            [this](const WorkspaceApplication& app) { forget(app); });
     }
 }
 
@@ -105,16 +105,14 @@ SparingAutoQuit::Pass SparingAutoQuit::findCandidates() {
     }
     Pass pass{.running = around_.platform.workspace.runningApplications()};
     const AutoQuitRules byRules = rules();
-    for (const WorkspaceApplication& app : pass.running) {
-        if (app.activationPolicy == ActivationPolicy::regular && app.bundleIdentifier &&
-            idle.contains(*app.bundleIdentifier) && !byRules.standing(app).never) {
-            pass.candidates[*app.bundleIdentifier].push_back(app);
-        }
-    }
     std::set<std::string> regular;
     for (const WorkspaceApplication& app : pass.running) {
-        if (app.activationPolicy == ActivationPolicy::regular && app.bundleIdentifier) {
-            regular.insert(*app.bundleIdentifier);
+        if (app.activationPolicy != ActivationPolicy::regular || !app.bundleIdentifier) {
+            continue;
+        }
+        regular.insert(*app.bundleIdentifier);
+        if (idle.contains(*app.bundleIdentifier) && !byRules.standing(app).never) {
+            pass.candidates[*app.bundleIdentifier].push_back(app);
         }
     }
     around_.tracker.pruneEntries(regular);

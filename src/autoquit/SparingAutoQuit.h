@@ -81,7 +81,8 @@ class SparingAutoQuit {
 
     [[nodiscard]] AutoQuitRules rules();
     [[nodiscard]] bool isIdle(const std::string& bundleIdentifier) const;
-    /// Empty, without a look at what runs, if no application is idle.
+    /// Empty, without a look at what runs, if no application is idle. Also forgets when others were
+    /// used that run no more.
     [[nodiscard]] Pass findCandidates();
     void withdrawOthers(const std::map<std::string, Instances>& candidates);
     void askUse();
@@ -94,7 +95,7 @@ class SparingAutoQuit {
     void quit(const std::string& bundleIdentifier, const Instances& instances);
     void recordUse(const std::string& bundleIdentifier);
     void forget(const std::string& bundleIdentifier);
-    void forgetIt(const WorkspaceApplication& app);
+    void forget(const WorkspaceApplication& app);
     /// Takes the notice away when its application ends.
     void followEndings();
 
