@@ -16,7 +16,8 @@ class Launcher {
     [[nodiscard]] virtual bool canLaunch(const std::string& desktopId) = 0;
 
     /// Starts an application, once. False if that fails at once; what goes wrong later is not told.
-    /// Blocks for a few milliseconds.
+    /// Blocks for a few milliseconds; once for a second where the service that groups programs
+    /// hangs.
     virtual bool launch(const std::string& desktopId) = 0;
 };
 
