@@ -13,16 +13,17 @@
 #include <utility>
 
 namespace calmora {
+namespace {
 
-QuitState whyItStayed(const StayFacts& facts) {
-    if (facts.isRefused) {
-        return QuitState::notAllowed;
-    }
-    if (facts.isAsking) {
+/// Why an application that was asked to quit has stayed, as far as it tells.
+QuitState reasonOf(const RunningApplication& app) {
+    if (app.isAsking()) {
         return QuitState::asks;
     }
-    return facts.isUnresponsive ? QuitState::doesNotAnswer : QuitState::none;
+    return app.isUnresponsive() ? QuitState::doesNotAnswer : QuitState::none;
 }
+
+} // namespace
 
 void QuitTogether::begin(const std::vector<AppInfo>& apps, bool force) {
     if (!isUnderWay()) {
@@ -51,7 +52,7 @@ void QuitTogether::begin(const std::vector<AppInfo>& apps, bool force) {
     if (isUnderWay()) {
         asking_ = platform_.runLoop.nextTurn([this] { askSome(); });
         if (!ticking_) {
-            ticking_ = platform_.runLoop.repeat(pollInterval, [this] { tick(); });
+            ticking_ = platform_.runLoop.repeat(pollInterval, [this] { check(); });
         }
         changed_.emit();
     }
@@ -204,10 +205,6 @@ void QuitTogether::goOn(Member& member, const QuitRequest& request) {
 }
 
 void QuitTogether::check() {
-    tick();
-}
-
-void QuitTogether::tick() {
     if (!isUnderWay()) {
         return;
     }
@@ -285,47 +282,51 @@ void QuitTogether::end(Member& member, Stage stage, bool isRefused) {
     if (stage == Stage::gone) {
         untold_.push_back(member.app);
     } else if (stage == Stage::stayed) {
-        StayFacts facts;
-        if (member.application && !isRefused) {
-            facts = this->facts(*member.application);
-        }
-        facts.isRefused = isRefused;
-        member.reason = whyItStayed(facts);
+        member.reason = isRefused            ? QuitState::notAllowed
+                        : member.application ? reasonOf(*member.application)
+                                             : QuitState::none;
     }
     member.application.reset();
     member.forced.reset();
     member.continuesAt.reset();
 }
 
-StayFacts QuitTogether::facts(const RunningApplication& app) const {
-    return {.isAsking = app.isAsking(), .isUnresponsive = app.isUnresponsive()};
+void QuitTogether::updateReason(Member& member) {
+    const bool isMeant = operations_.heldProcess(member.app.pid) == member.process;
+    const auto app = isMeant ? platform_.workspace.runningApplication(member.app.pid)
+                             : AppQuitterOperations::Application();
+    if (!app) {
+        member.reason = QuitState::none;
+    } else if (member.reason != QuitState::notAllowed) {
+        member.reason = reasonOf(*app);
+    }
+    if (member.reason == QuitState::doesNotAnswer) {
+        app->probe();
+    }
+}
+
+void QuitTogether::updateReturn(Member& member, const ApplicationSnapshot& running) const {
+    const bool mayReturn =
+        !member.isExpectedBack && platform_.clock.ticks() - member.deadline <= returnTime;
+    const auto isReturned = [&](const WorkspaceApplication& app) {
+        const ProcessId process = app.processIdentifier;
+        return process == member.returned ||
+               (member.returned == 0 && mayReturn && app.bundleIdentifier &&
+                app.bundleIdentifier == member.app.bundleIdentifier && !before_.contains(process));
+    };
+    const auto found = std::ranges::find_if(running, isReturned);
+    member.returned = found == running.end() ? 0 : found->processIdentifier;
 }
 
 void QuitTogether::lookAgain(const ApplicationSnapshot& running) {
-    const auto now = platform_.clock.ticks();
     bool isChanged = false;
     for (Member& member : members_) {
         const QuitState reason = member.reason;
         const ProcessId returned = member.returned;
         if (member.stage == Stage::stayed) {
-            const bool isMeant = operations_.heldProcess(member.app.pid) == member.process;
-            const auto app = isMeant ? platform_.workspace.runningApplication(member.app.pid)
-                                     : AppQuitterOperations::Application();
-            const bool isRefused = reason == QuitState::notAllowed;
-            member.reason = !app ? QuitState::none : isRefused ? reason : whyItStayed(facts(*app));
-            if (member.reason == QuitState::doesNotAnswer) {
-                app->probe();
-            }
+            updateReason(member);
         } else if (member.stage == Stage::gone) {
-            const auto isReturned = [&](const WorkspaceApplication& app) {
-                const ProcessId process = app.processIdentifier;
-                return process == returned || (returned == 0 && !member.isExpectedBack &&
-                                               now - member.deadline <= returnTime &&
-                                               app.bundleIdentifier && !before_.contains(process) &&
-                                               app.bundleIdentifier == member.app.bundleIdentifier);
-            };
-            const auto found = std::ranges::find_if(running, isReturned);
-            member.returned = found == running.end() ? 0 : found->processIdentifier;
+            updateReturn(member, running);
         }
         isChanged = isChanged || member.reason != reason || member.returned != returned;
     }

@@ -16,19 +16,6 @@
 
 namespace calmora {
 
-/// The facts that tell why an application has stayed.
-struct StayFacts {
-    /// A signal was refused (EPERM), or nothing could be sent and a signal would be.
-    bool isRefused = false;
-    /// As RunningApplication::isAsking.
-    bool isAsking = false;
-    /// As RunningApplication::isUnresponsive.
-    bool isUnresponsive = false;
-};
-
-/// The reason to show: QuitState::none where the facts tell none.
-[[nodiscard]] QuitState whyItStayed(const StayFacts& facts);
-
 /// What a quit of several applications came to.
 struct QuitResult {
     /// Those that are gone.
@@ -155,14 +142,15 @@ class QuitTogether {
     void askSome();
     void ask(Member& member);
     void goOn(Member& member, const QuitRequest& request);
-    void tick();
     void advance(Member& member);
     void kill(Member& member);
     bool endIfGone(Member& member);
     [[nodiscard]] bool isGone(const Member& member) const;
     [[nodiscard]] bool isRefused(ProcessId pid) const;
+    /// `isRefused`: a signal was refused (EPERM), or nothing could be sent and a signal would be.
     void end(Member& member, Stage stage, bool isRefused = false);
-    [[nodiscard]] StayFacts facts(const RunningApplication& app) const;
+    void updateReason(Member& member);
+    void updateReturn(Member& member, const ApplicationSnapshot& running) const;
     void tell();
 
     Platform platform_;
