@@ -17,7 +17,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -274,8 +273,8 @@ std::size_t RecorderCocoa::runAlert(const RecorderAlert& alert) {
     Alert shown;
     shown.messageText = alert.messageText;
     shown.informativeText = alert.informativeText;
-    for (const std::string& title : alert.buttons | std::views::reverse) {
-        shown.buttons.push_back({.title = title});
+    for (auto title = alert.buttons.rbegin(); title != alert.buttons.rend(); ++title) {
+        shown.buttons.push_back({.title = *title});
     }
     if (shown.buttons.empty()) {
         shown.buttons.push_back({.title = environment_.strings.text("ok")});

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <ranges>
 #include <utility>
 
 namespace calmora {
@@ -91,10 +90,10 @@ void QuitTogether::expectReturn(ProcessId pid) {
 }
 
 const QuitTogether::Member* QuitTogether::find(ProcessId pid) const {
-    const auto latestFirst = std::views::reverse(members_);
-    const auto found = std::ranges::find_if(
-        latestFirst, [pid](const Member& member) { return member.app.pid == pid; });
-    return found == latestFirst.end() ? nullptr : &*found;
+    // The latest first. Clang 14 cannot use the reversing view of GCC's library.
+    const auto found = std::find_if(members_.rbegin(), members_.rend(),
+                                    [pid](const Member& member) { return member.app.pid == pid; });
+    return found == members_.rend() ? nullptr : &*found;
 }
 
 QuitState QuitTogether::state(ProcessId pid) const {

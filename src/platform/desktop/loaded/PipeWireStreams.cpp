@@ -10,8 +10,9 @@
 #include <string_view>
 #include <utility>
 
-// The library's calls are macros of C.
+// The library's calls are macros of C, with statements in expressions.
 #pragma GCC diagnostic ignored "-Wold-style-cast"
+#pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace calmora {
 namespace {
