@@ -26,7 +26,8 @@ TEST(DesktopColorScheme, FollowsThePortal) {
                           {appearance, "accent-color", wrapped(value + 1)});
         portal.emitSignal("org.freedesktop.portal.Settings", "SettingChanged",
                           {appearance, "color-scheme", wrapped(value)});
-        EXPECT_TRUE(loopUntil([&] { return scheme.preference() == expected; })) << value;
+        EXPECT_TRUE(loopUntil([&, expected = expected] { return scheme.preference() == expected; }))
+            << value;
     }
     EXPECT_EQ(changes, 4);
 }

@@ -222,7 +222,7 @@ TEST_F(UseSourcesTest, CollectWhatInhibitorsAndWindowsTell) {
     std::vector<std::unique_ptr<ScriptedObject>> scripted;
     QList<QDBusObjectPath> paths;
     for (const auto& [name, answers] : objects) {
-        const auto answer = [&answers](const QDBusMessage& call) {
+        const auto answer = [&answers = answers](const QDBusMessage& call) {
             const auto found = answers.find(call.member());
             return found == answers.end() ? QVariantList() : QVariantList{found->second};
         };

@@ -156,7 +156,7 @@ TEST_F(KwinDesktop, KnowsWhatFillsTheScreen) {
             std::ofstream(file) << code;
             script("loadScript", {QString::fromStdString(file), "step"});
             script("start");
-            EXPECT_TRUE(waitFor([&] {
+            EXPECT_TRUE(waitFor([&, expected = expected] {
                 static_cast<void>(windows.all.windowsReadAfresh());
                 return windows.of(process).isFullScreen == expected;
             })) << code;
