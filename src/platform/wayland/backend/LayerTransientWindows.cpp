@@ -22,8 +22,9 @@ constexpr int usualSide = 22;
 constexpr std::chrono::milliseconds clickTime{400};
 /// The same where the compositor tells it only once the pointer moves.
 constexpr std::chrono::milliseconds answerTime{30};
-/// How long a compositor may take to move the keyboard.
-constexpr std::chrono::milliseconds keyboardTime{300};
+/// How long a compositor may take to move the keyboard. On a busy machine that is long: a shorter
+/// wait closed the popover under a user who had just answered an alert.
+constexpr std::chrono::milliseconds keyboardTime{2000};
 
 /// An icon whose middle is at a place on a screen.
 Rect iconAt(Point place, const QScreen& screen) {
