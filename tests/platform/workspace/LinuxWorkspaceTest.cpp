@@ -2,6 +2,7 @@
 #include "WorkspaceTest.h"
 
 #include "platform/linux/workspace/ActivationRules.h"
+#include "platform/linux/workspace/BackgroundScan.h"
 #include "support/FileDescriptor.h"
 #include "support/Sandbox.h"
 
@@ -124,11 +125,14 @@ TEST(LinuxWorkspaceTest, FindsInstalledAgentsAndNotTheirHelpers) {
         return machine.workspace.runningApplicationsWithBundleIdentifier("org.example.Tidy").size();
     };
     EXPECT_EQ(all(), 1U);
-    // The X server is not the only display.
+    // The X server is not the only display, and where there is none, its programs are others'.
     ::setenv("WAYLAND_DISPLAY", "wayland-ours", 1);
     const pid_t onWayland = machine.desktop.start(
         {program, "--helper"}, {{"DISPLAY", ":32767"}, {"WAYLAND_DISPLAY", "wayland-ours"}});
     EXPECT_TRUE(waitFor([&] { return machine.listed(onWayland).has_value(); }));
+    BackgroundScan withoutServer(machine.reader);
+    withoutServer.scan(machine.installed, "");
+    EXPECT_THAT(withoutServer.agents({}), ElementsAre(onWayland)) << "not one of another session";
     ::unsetenv("WAYLAND_DISPLAY");
     machine.desktop.end(onWayland);
     const auto installed = machine.workspace.installedApplication("org.example.Tidy");

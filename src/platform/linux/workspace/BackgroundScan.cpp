@@ -33,11 +33,17 @@ bool isSandboxLauncher(std::string_view comm) {
     return comm == "bwrap" || comm == "xdg-dbus-proxy";
 }
 
-/// Whether the process was started for the Wayland compositor of our session.
-bool isOnOurCompositor(const ProcessReader& reader, ProcessId process) {
-    const char* ours = std::getenv("WAYLAND_DISPLAY");
-    return ours != nullptr && *ours != '\0' &&
-           reader.environmentVariable(process, "WAYLAND_DISPLAY") == ours;
+/// Whether the process was started for our X display or our Wayland compositor. True where we have
+/// neither.
+bool isInOurSession(const ProcessReader& reader, ProcessId process, const std::string& display) {
+    const char* variable = std::getenv("WAYLAND_DISPLAY");
+    const std::string compositor = variable != nullptr ? variable : "";
+    if (display.empty() && compositor.empty()) {
+        return true;
+    }
+    return (!display.empty() && reader.display(process) == display) ||
+           (!compositor.empty() &&
+            reader.environmentVariable(process, "WAYLAND_DISPLAY") == compositor);
 }
 
 } // namespace
@@ -150,8 +156,7 @@ void BackgroundScan::read(ProcessId process, Known& known, const InstalledApplic
         known.candidate.isInstalled =
             (identity->isVisible || identity->isAutostart) &&
             !installed.sessionAutostart().starts(details->commandLine, details->executable) &&
-            (display.empty() || reader_.display(process) == display ||
-             isOnOurCompositor(reader_, process));
+            isInOurSession(reader_, process, display);
     }
     const auto sandbox = details->flatpak ? flatpakFolder(*details->flatpak) : std::nullopt;
     if (sandbox) {

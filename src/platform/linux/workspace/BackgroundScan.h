@@ -17,7 +17,7 @@ namespace calmora {
 class InstalledApplications;
 class ProcessReader;
 
-/// Finds the processes that were started as installed applications on our display, leaving out the
+/// Finds the processes that were started as installed applications in our session, leaving out the
 /// user's other sessions. Each process is read when first seen and, while young, again at growing
 /// intervals if its name changed: launcher scripts replace their program. Main thread.
 class BackgroundScan {
@@ -27,7 +27,8 @@ class BackgroundScan {
 
     /// Checks all processes; where none was started or has ended since the last scan, only those
     /// that are due. Returns whether another candidate was found or one has ended. `display` is
-    /// WindowSystem::displayName(); empty means any display. Cost: 1 µs per known process.
+    /// WindowSystem::displayName(); our Wayland compositor is that of our environment. Without
+    /// either, any will do. Cost: 1 µs per known process.
     bool scan(const InstalledApplications& installed, const std::string& display);
 
     /// Forgets all results, because the installed applications changed.
