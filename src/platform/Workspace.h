@@ -69,7 +69,8 @@ class RunningApplication {
     /// Whether a window that the last probe() asked, by whichever object, owes the answer still.
     [[nodiscard]] virtual bool isUnresponsive() const { return false; }
 
-    /// Whether it shows its user a question that came up after the last request to quit.
+    /// Whether it shows its user a question that came up after the last request to quit, or a modal
+    /// dialog, which has to be answered first.
     [[nodiscard]] virtual bool isAsking() const { return false; }
 
     /// Brings its question to the front, else its newest window that a user switches to. False

@@ -111,6 +111,9 @@ class Client {
             set(window, atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
                 {atom("_NET_WM_WINDOW_TYPE_" + value("--type", ""))});
         }
+        if (has("--modal") && parent != XCB_NONE) {
+            set(window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, {atom("_NET_WM_STATE_MODAL")});
+        }
         if (has("--skip-taskbar")) {
             set(window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, {atom("_NET_WM_STATE_SKIP_TASKBAR")});
         }

@@ -35,6 +35,16 @@ TEST(QuittingTest, LeavesAQuestionAlone) {
         EXPECT_NE(machine.desktop.run({"/bin/sh", "-c", wasDismissed}), 0);
         EXPECT_EQ(machine.windowCount(process), 2U);
     }
+    // One that was open before anybody asked: it holds the application up if it is modal.
+    LinuxDesktop machine;
+    for (const char* kind : {"--modal", "--modeless"}) {
+        const pid_t process =
+            machine.shown(machine.client({"--transient", "--ignore-close", kind}));
+        EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 2; }));
+        const auto application = machine.workspace.runningApplication(process);
+        EXPECT_TRUE(application->terminate());
+        EXPECT_EQ(application->isAsking(), std::string(kind) == "--modal");
+    }
 }
 
 TEST(QuittingTest, EndsByTheSignalWhatCannotBeAsked) {

@@ -68,6 +68,16 @@ bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId pro
     });
 }
 
+std::optional<WindowId> modalDialog(std::span<const TopLevelWindow> windows, ProcessId process) {
+    const auto roles = windowRoles(windows);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i].isModal && roles[i].isTransient && windows[i].process == process) {
+            return windows[i].id;
+        }
+    }
+    return {};
+}
+
 WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window) {
     // Bounded: clients may name each other as parents.
     for (std::size_t step = 0; step < 16; ++step) {

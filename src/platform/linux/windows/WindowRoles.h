@@ -3,6 +3,7 @@
 
 #include "platform/linux/windows/WindowSystem.h"
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -34,6 +35,11 @@ struct WindowRole {
 /// Whether the process is one of several possible owners of a window: it must not be signalled
 /// then.
 [[nodiscard]] bool isOneOfSeveralOwners(std::span<const TopLevelWindow> windows, ProcessId process);
+
+/// A modal dialog that `process` shows beside a window of its own; absent for none, and where the
+/// window system does not tell what is modal.
+[[nodiscard]] std::optional<WindowId> modalDialog(std::span<const TopLevelWindow> windows,
+                                                  ProcessId process);
 
 /// The last parent of `window` among `windows`; `window` itself without a parent.
 [[nodiscard]] WindowId topmostParent(std::span<const TopLevelWindow> windows, WindowId window);

@@ -306,7 +306,8 @@ std::optional<WindowId> LinuxRunningApplication::question() const {
             return found;
         }
     }
-    return {};
+    // One that was open before the request holds it up as well, unless the application hangs.
+    return isUnresponsive() ? std::nullopt : modalDialog(windows, processIdentifier());
 }
 
 bool LinuxRunningApplication::isAsking() const {
