@@ -65,7 +65,7 @@ class WaylandHands {
 
     /// Milliseconds of a clock of its own.
     std::uint32_t time_ = 0;
-    CompositorConnection connection_;
+    CompositorConnection connection_{defaultTimeout};
     WaylandProxy<zwlr_virtual_pointer_manager_v1> manager_ =
         connection_.bindFirst<zwlr_virtual_pointer_manager_v1>(
             zwlr_virtual_pointer_manager_v1_interface, 1);
