@@ -30,8 +30,8 @@ void installSystem(const fs::path& data, const fs::path& config) {
             fs::create_symlink(entry, data / entry.path().filename());
         }
     }
-    for (const char* name : {"galculator.desktop", "org.gnome.Meld.desktop",
-                             "org.xfce.mousepad.desktop", "pcmanfm.desktop"}) {
+    for (const char* name :
+         {"galculator.desktop", "org.xfce.mousepad.desktop", "pcmanfm.desktop"}) {
         fs::create_symlink(fs::path("/usr/share/applications") / name,
                            data / "applications" / name);
     }
