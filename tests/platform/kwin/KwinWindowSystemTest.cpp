@@ -8,12 +8,8 @@
 #include "support/QtWaiting.h"
 #include "support/VirtualDesktop.h"
 
-#include <gmock/gmock.h>
-
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
-
-#include <algorithm>
 
 namespace calmora {
 namespace {

@@ -8,10 +8,6 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-
 namespace calmora {
 namespace {
 
@@ -111,24 +107,6 @@ TEST_F(SwayDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     EXPECT_THAT(owners(), UnorderedElementsAre(other, helpless));
     EXPECT_FALSE(hasEnded(other));
     EXPECT_FALSE(hasEnded(helpless));
-}
-
-TEST_F(SwayDesktop, KnowsWhatFillsTheScreen) {
-    for (const pid_t process : {foot(), client()}) {
-        const auto isFull = [&] {
-            static_cast<void>(windows.windowsReadAfresh());
-            return windowOf(process).isFullScreen;
-        };
-        focus(process);
-        EXPECT_FALSE(isFull());
-        command("fullscreen enable");
-        EXPECT_TRUE(isFull());
-        command("workspace 2");
-        EXPECT_FALSE(isFull()) << "nobody sees it";
-        command("workspace 1");
-        EXPECT_TRUE(isFull());
-        command("fullscreen disable");
-    }
 }
 
 TEST_F(SwayDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {

@@ -77,47 +77,18 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     EXPECT_TRUE(windows.requestClose(of("galculator").at(0).id, calculator));
     windows.flush();
     EXPECT_TRUE(waitFor([&] { return desktop.exitStatus(calculator).has_value(); }));
-    // With one of the two gone there is no doubt left.
-    desktop.end(other);
+    // Asked as the row that stands for both. With one of the two gone there is no doubt left.
+    EXPECT_TRUE(windows.requestClose(of("foot").at(1).id, std::min(foot, other)));
+    windows.flush();
     EXPECT_TRUE(pumpUntil(events, [&] { return count() == 2; }));
     EXPECT_EQ(of("foot").at(0).process, foot);
+    EXPECT_TRUE(waitFor([&] { return desktop.exitStatus(other).has_value(); }));
     EXPECT_FALSE(desktop.exitStatus(client).has_value());
 
     changes = 0;
     ::kill(desktop.server(), SIGTERM);
     EXPECT_TRUE(pumpUntil(events, [&] { return changes > 0 && !toplevels.isAlive(); }));
     EXPECT_FALSE(windows.coversAllWindows());
-}
-
-TEST(CandidateRows, AreAskedTogetherAndNeverSignalled) {
-    LinuxDesktop machine({.sway = true});
-    machine.desktop.enter();
-    ::unsetenv("SWAYSOCK");
-    const auto compositor =
-        makeCompositorWindows(machine.events, [](const auto& id) { return std::vector{id}; });
-    ASSERT_TRUE(compositor);
-    JoinedDesktop joined(machine, *compositor);
-    const pid_t one = machine.desktop.start({"foot", "sleep", "600"});
-    const pid_t other = machine.desktop.start({"foot", "sleep", "600"});
-    const auto [lower, higher] = std::minmax({one, other});
-    const std::map<ProcessId, std::vector<ProcessId>> expected{{lower, {lower, higher}}};
-    ASSERT_TRUE(waitFor([&] {
-        return joined.listed() == expected && joined.windows.windows().size() == 2;
-    })) << machine.desktop.log();
-
-    const std::vector<AppInfo> ticked{{.pid = lower}};
-    EXPECT_TRUE(joined.quitter.quitApps(ticked, true).empty());
-    for (const ProcessId process : {lower, higher}) {
-        for (const int signal : {SIGTERM, SIGKILL, SIGCONT}) {
-            EXPECT_NE(joined.table.sendSignal(process, signal), 0);
-        }
-    }
-    EXPECT_EQ(joined.listed(), expected);
-
-    EXPECT_TRUE(joined.quitter.quitApp(lower, false));
-    EXPECT_TRUE(waitFor(
-        [&] { return machine.desktop.exitStatus(one) && machine.desktop.exitStatus(other); }));
-    EXPECT_TRUE(joined.listed().empty());
 }
 
 /// Asks when it is to close, as editors do.

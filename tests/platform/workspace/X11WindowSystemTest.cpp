@@ -3,16 +3,11 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
-#include <string>
 #include <thread>
 #include <unistd.h>
-#include <vector>
 
 namespace calmora {
 namespace {

@@ -4,8 +4,6 @@
 #include "platform/desktop/hotkeys/HotKeyTable.h"
 #include "platform/desktop/shortcuts/DesktopShortcuts.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

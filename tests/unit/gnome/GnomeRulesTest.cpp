@@ -4,8 +4,6 @@
 #include "platform/gnome/StandIns.h"
 #include "platform/linux/xdg/DesktopEntryIndex.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

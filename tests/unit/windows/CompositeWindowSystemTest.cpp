@@ -42,12 +42,15 @@ TEST(CompositeWindowSystem, ListsAnX11WindowOfACompositorOnce) {
         for (const auto& [id, x11Id] : test.compositor) {
             compositor.all.emplace_back().id = id;
             compositor.all.back().x11Id = x11Id;
+            compositor.all.back().isFullScreen = true;
         }
         CompositeWindowSystem windows({&x11, &compositor});
         std::vector<WindowId> listed;
         for (const TopLevelWindow& window : windows.windows()) {
             listed.push_back(window.id);
         }
+        const bool isListedTwice = listed.size() < test.x11.size() + test.compositor.size();
+        EXPECT_EQ(windows.windows().front().isFullScreen, isListedTwice) << test.what;
         EXPECT_EQ(listed, test.expected) << test.what;
         EXPECT_EQ(windows.activeWindow(), test.active) << test.what;
         EXPECT_EQ(windows.coversAllWindows(), test.coversAll) << test.what;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/wayland/KwinReport.h"
 
-#include <gtest/gtest.h>
-
 namespace calmora {
 namespace {
 

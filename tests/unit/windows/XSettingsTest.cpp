@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/XSettings.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 namespace calmora {
 namespace {
 
