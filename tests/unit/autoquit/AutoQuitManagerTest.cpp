@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "autoquit/AutoQuitManager.h"
-
-#include "fakes/FakePlatform.h"
-#include "fakes/FakeUse.h"
-#include "settings/AppSettings.h"
-#include "settings/ExtraSettings.h"
+#include "fakes/FakeAutoQuit.h"
 
 #include <cmath>
 #include <limits>
-#include <tuple>
 
 namespace calmora {
 namespace {
@@ -19,7 +13,7 @@ using Names = std::vector<std::string>;
 
 constexpr std::uint64_t oneSecond = 1'000'000'000;
 
-struct AutoQuitManagerTest : testing::Test {
+struct AutoQuitManagerTest : testing::Test, FakeAutoQuit {
     AutoQuitManagerTest() {
         settings.autoQuitEnabled.set(true);
         settings.autoQuitMinutes.set(15);
@@ -63,17 +57,6 @@ struct AutoQuitManagerTest : testing::Test {
         }
         return bodies;
     }
-
-    FakePlatform machine;
-    AppSettings settings{machine.defaults};
-    ExtraSettings extras{machine.defaults};
-    FakeUserNotifications notifications;
-    FakeInputGate input;
-    FakeUseSources uses;
-    FakeAwayTime away;
-    AutoQuitSurroundings surroundings{settings, extras, machine.platform(), notifications, input,
-                                      uses,     away};
-    AutoQuitManager manager{surroundings};
 };
 
 TEST_F(AutoQuitManagerTest, MayBeDestroyedByWhoeverItNotifies) {

@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "autoquit/SparingAutoQuit.h"
 
-#include "autoquit/AutoQuitManager.h"
 #include "autoquit/Forecast.h"
 #include "autoquit/UseRules.h"
-#include "fakes/FakePlatform.h"
-#include "fakes/FakeUse.h"
-#include "settings/AppSettings.h"
-#include "settings/ExtraSettings.h"
-
-#include <tuple>
+#include "fakes/FakeAutoQuit.h"
 
 namespace calmora {
 namespace {
@@ -19,7 +13,7 @@ using Pids = std::vector<ProcessId>;
 using Texts = std::set<std::string>;
 
 /// Auto-quit after 15 minutes that spares what is in use, on a desktop where "front" is in front.
-struct Desk {
+struct Desk : FakeAutoQuit {
     Desk() {
         settings.autoQuitEnabled.set(true);
         settings.autoQuitMinutes.set(15);
@@ -68,16 +62,7 @@ struct Desk {
 
     [[nodiscard]] const Pids& asked() const { return machine.workspace.terminateRequests; }
 
-    FakePlatform machine;
-    AppSettings settings{machine.defaults};
-    ExtraSettings extras{machine.defaults};
-    FakeUserNotifications notifications;
     NoticeEvent outcome = NoticeEvent::shown;
-    FakeInputGate input;
-    FakeUseSources uses;
-    FakeAwayTime away;
-    AutoQuitManager manager{
-        {settings, extras, machine.platform(), notifications, input, uses, away}};
 };
 
 TEST(UseRules, AKnownUseOfAnyProcessSparesAndAnUnansweredQuestionToo) {

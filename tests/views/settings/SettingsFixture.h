@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "autoquit/AutoQuitManager.h"
 #include "autoquit/views/AutoQuitSheet.h"
+#include "fakes/FakeAutoQuit.h"
 #include "fakes/FakeDesktopExtension.h"
 #include "fakes/FakeLoginItem.h"
-#include "fakes/FakePlatform.h"
 #include "fakes/FakeUpdater.h"
-#include "fakes/FakeUse.h"
-#include "settings/AppSettings.h"
-#include "settings/ExtraSettings.h"
 #include "settings/GeneralSettingsView.h"
 #include "widgets/Theme.h"
 
@@ -18,7 +14,7 @@
 namespace calmora {
 
 /// A General pane on fake services, in a window of the size of the settings window.
-struct SettingsFixture {
+struct SettingsFixture : FakeAutoQuit {
     SettingsFixture() { window.resize(Points{450}, Points{560}); }
 
     /// Creates the pane. Prepare the login item and the settings before.
@@ -36,17 +32,8 @@ struct SettingsFixture {
         "This desktop ends Wayland applications that take longer than 2 seconds to answer, so only "
         "X11 applications are quit automatically."};
     FakeDesktopExtension extension;
-    FakePlatform machine;
     FakeUpdater updater;
     FakeLoginItem loginItem;
-    AppSettings settings{machine.defaults};
-    ExtraSettings extras{machine.defaults};
-    FakeUserNotifications notifications;
-    FakeInputGate input;
-    FakeUseSources uses;
-    FakeAwayTime away;
-    AutoQuitManager manager{
-        {settings, extras, machine.platform(), notifications, input, uses, away}};
     AutoQuitOptions autoQuit{
         extras, [this](QWidget& over) {
             AutoQuitSheet::openOver(
