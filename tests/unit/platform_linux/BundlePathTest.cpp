@@ -123,9 +123,19 @@ TEST(BundlePath, IsNoFolderThatASandboxShares) {
     auto snap = programAt("/snap/core22/1/usr/bin/dbus-daemon"); // A base snap is everybody's.
     snap.cgroup = "/x/snap.firefox.firefox-1.scope";
     EXPECT_EQ(privateFolder(snap, entryWith("firefox_firefox"), "/home/u", {}), std::nullopt);
+    for (const std::string root : {"/snap/", "/var/lib/snapd/snap/"}) {
+        snap.executable = root + "firefox/42/bin/firefox";
+        EXPECT_EQ(privateFolder(snap, {}, "/home/u", {}), root + "firefox/42/");
+        snap.executable = root + "firefox-beta/42/bin/firefox"; // Started from the other one.
+        EXPECT_EQ(privateFolder(snap, {}, "/home/u", {}), std::nullopt);
+    }
     auto image = programAt("/tmp/.mount_Krita1/usr/bin/krita");
     image.environment.appDir = "/";
     EXPECT_EQ(privateFolder(image, entryWith("krita"), "/home/u", {}), std::nullopt);
+    image.environment.appDir = "/tmp/.mount_Krita1";
+    EXPECT_EQ(privateFolder(image, {}, "/home/u", {}), "/tmp/.mount_Krita1/");
+    image.executable = "/tmp/.mount_Krita12/usr/bin/krita";
+    EXPECT_EQ(privateFolder(image, {}, "/home/u", {}), std::nullopt) << "it inherited the variable";
     auto flatpak = programAt("/usr/lib/foo/foo"); // Not the host's folder of that name.
     flatpak.flatpak = FlatpakInfo{"org.foo", "1"};
     EXPECT_EQ(privateFolder(flatpak, entryWith("foo"), "/home/u", {}), "/.flatpak/org.foo/1/app/");

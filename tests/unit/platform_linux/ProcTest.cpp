@@ -99,6 +99,7 @@ class ProcessReaderTest : public testing::Test {
   protected:
     ProcessReaderTest() {
         folder.write("proc/7/stat", "7 (x) S 1 7 7 0 -1 0 0 0 0 0 0 0 0 0 20 0 1 0 99 0 0 0\n");
+        folder.write("proc/7/cgroup", "0::/app.scope\n");
         folder.write("proc/7/status", "Uid:\t1000\t1000\t1000\t1000\n");
         for (const char* script : {"a/main.py", "b/main.py", "a/tool.py", "zip/__main__.py"}) {
             folder.write(script, "#!/usr/bin/python3\n");
@@ -122,7 +123,7 @@ class ProcessReaderTest : public testing::Test {
             line += word + '\0';
         }
         folder.write("proc/7/cmdline", line);
-        folder.write("proc/7/environ", "PWD=" + path(pwd));
+        folder.write("proc/7/environ", "APPDIR=/mount\0PWD="s + path(pwd));
         for (const auto& [name, target] : {std::pair("exe", executable), {"cwd", path(cwd)}}) {
             const auto link = folder.path() / "proc/7" / name;
             std::filesystem::remove(link);
@@ -173,6 +174,7 @@ TEST_F(ProcessReaderTest, KnowsAnInterpreterByTheScriptThatStartsIt) {
         const auto found = details(arguments, path("odd"), "a", "a");
         EXPECT_TRUE(found.runsScript);
         EXPECT_EQ(found.commandPath, path("a/clock.odd"));
+        EXPECT_EQ(found.cgroup + found.environment.appDir, "/app.scope/mount");
     }
     // An editor that shows a script.
     EXPECT_FALSE(details({"editor", path("a/clock.odd")}, "/usr/bin/editor", "", "").commandPath);
