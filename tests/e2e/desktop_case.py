@@ -38,6 +38,15 @@ class DesktopCase(unittest.TestCase):
         self.desktop.wait_for_window(child)
         return child
 
+    def edited_document(self):
+        """An editor with unsaved text."""
+        editor = self.start_application("mousepad")
+        self.desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
+        self.desktop.xdotool("type", "unsaved")  # The title gets a star.
+        self.desktop.wait_until(lambda: self.desktop.output(
+            "xdotool", "search", "--onlyvisible", "--name", r"^\*"), "an edited document")
+        return editor
+
     def preferences(self):
         """Calmora's preferences as they are on disk; empty while there are none."""
         file = self.desktop.folder / "config" / "calmora" / "preferences.json"

@@ -10,12 +10,8 @@ from desktop_case import PROGRAM, DesktopCase
 
 class Quitting(DesktopCase):
     def test_unsaved_text_is_asked_for_and_never_lost(self):
-        desktop = self.open_desktop()
-        editor = self.start_application("mousepad")
-        desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
-        desktop.xdotool("type", "unsaved")  # The title gets a star.
-        desktop.wait_until(lambda: desktop.output("xdotool", "search", "--onlyvisible", "--name",
-                                                  r"^\*"), "an edited document")
+        self.open_desktop()
+        editor = self.edited_document()
         driver = self.start_calmora()
         driver.open()
         driver.press("Quit Mousepad")
@@ -37,11 +33,7 @@ class Together(DesktopCase):
     def test_what_stays_says_why(self):
         desktop = self.open_desktop()
         self.write_preferences({"extra.quitsTogether": True})
-        editor = self.start_application("mousepad")
-        desktop.xdotool("search", "--sync", "--pid", editor.pid, "windowfocus", "--sync")
-        desktop.xdotool("type", "unsaved")
-        desktop.wait_until(lambda: desktop.output("xdotool", "search", "--onlyvisible", "--name",
-                                                  r"^\*"), "an edited document")
+        editor = self.edited_document()
         hanging = self.start_application("galculator")
         ending = self.start_application("xterm", "-class", "UXTerm")
         desktop.start("sh", "-c", "for i in 1 2; do xterm; done")
