@@ -51,7 +51,7 @@ void setLastId(pid_t last) {
 
 /// The keeper of a program: never returns.
 [[noreturn]] void keep(VirtualDesktop& desktop, const std::vector<std::string>& command,
-                       const std::vector<std::string>& next, int report) {
+                       int report) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::prctl(PR_SET_CHILD_SUBREAPER, 0);
     for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) {
@@ -71,15 +71,6 @@ void setLastId(pid_t last) {
         const pid_t later = ::fork();
         if (later == 0) {
             ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            if (!next.empty() && ::getpid() == program) {
-                desktop.enter();
-                std::vector<char*> words;
-                for (const std::string& word : next) {
-                    words.push_back(const_cast<char*>(word.c_str()));
-                }
-                words.push_back(nullptr);
-                ::execv(words.front(), words.data());
-            }
             while (true) {
                 ::pause();
             }
@@ -99,7 +90,7 @@ void setLastId(pid_t last) {
 /// A virtual desktop with installed programs of every kind, each the same test client.
 struct StormDesktop : LinuxDesktop {
     StormDesktop() {
-        for (const std::string name : {"bystander", "notes", "surf"}) {
+        for (const std::string name : {"bystander", "notes"}) {
             install(name, "Name=" + name + "\nExec=" + file(name) + " --instance " + name +
                               "\nStartupWMClass=" + name);
         }
@@ -122,9 +113,8 @@ struct StormDesktop : LinuxDesktop {
         return shown(desktop.start(command(application, std::move(options))));
     }
 
-    /// Starts an application below a keeper and waits until it is listed. `next` is what runs
-    /// under its id afterwards; empty for a process that does nothing.
-    KeptProgram kept(const std::string& application, const std::vector<std::string>& next = {}) {
+    /// Starts an application below a keeper and waits until it is listed.
+    KeptProgram kept(const std::string& application) {
         std::array<int, 2> ends{};
         KeptProgram result;
         if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
@@ -134,7 +124,7 @@ struct StormDesktop : LinuxDesktop {
         const FileDescriptor writing(ends[1]);
         result.keeper = ::fork();
         if (result.keeper == 0) {
-            keep(desktop, command(application), next, writing.get());
+            keep(desktop, command(application), writing.get());
         }
         if (::read(result.report.get(), &result.program, sizeof result.program) > 0) {
             shown(result.program);
@@ -169,13 +159,10 @@ struct StormDesktop : LinuxDesktop {
 /// One quit: what it is of, and what it must do.
 struct Round {
     pid_t target = 0;
-    bool force = false;
     /// Gone when the answer is true.
     std::vector<pid_t> meant = {};
     /// Alive whatever the answer.
     std::vector<pid_t> spared = {};
-    /// Whether the target is to be quit; else the quit must answer false and end nothing.
-    bool quits = true;
     /// Its program's id passes on while the quit runs, to a process that must live.
     KeptProgram kept = {};
 };
@@ -192,7 +179,7 @@ class Storm {
     bool run(int quits) {
         for (int i = 0; i < quits; ++i) {
             setLastId(lowestId);
-            play(i % 2 == 0 ? passesOnWhileQuitting() : passedOnBefore());
+            play(passesOnWhileQuitting());
         }
         std::printf("%d quits: %d faults\n", quits, faults_);
         return faults_ == 0;
@@ -202,8 +189,6 @@ class Storm {
     /// New processes get the free ids above this one, those of the last round first.
     static constexpr pid_t lowestId = 300;
 
-    bool coin() { return (random_() & 1U) != 0; }
-
     void play(const Round& round) {
         const std::vector<Watched> meant(round.meant.begin(), round.meant.end());
         std::vector<Watched> spared(round.spared.begin(), round.spared.end());
@@ -211,18 +196,15 @@ class Storm {
             ++faults_;
             std::printf("%s: %d\n", what, process);
         };
-        const bool answer = machine_.quitter.quitApp(round.target, round.force);
-        if (answer != round.quits) {
-            fault(answer ? "says gone" : "says not gone", round.target);
+        if (!machine_.quitter.quitApp(round.target, /*force=*/true)) {
+            fault("says not gone", round.target);
         }
         for (const Watched& process : meant) {
-            if (answer && !process.hasEnded()) {
+            if (!process.hasEnded()) {
                 fault("lives", process.id);
             }
         }
-        if (round.kept.keeper != 0) {
-            spared.emplace_back(StormDesktop::successor(round.kept).value_or(0));
-        }
+        spared.emplace_back(StormDesktop::successor(round.kept).value_or(0));
         // What was wrongly asked or signalled takes a moment to end.
         std::this_thread::sleep_for(30ms);
         const auto judge = [&](const Watched& process) {
@@ -243,24 +225,11 @@ class Storm {
     Round passesOnWhileQuitting() {
         KeptProgram kept = machine_.kept("notes");
         const pid_t other = machine_.shownApplication("notes", {"--ignore-term", "--ignore-close"});
-        Round round{.target = coin() ? kept.program : other, .force = true};
+        Round round{.target = (random_() & 1U) != 0 ? kept.program : other};
         round.meant = {kept.program, other};
         round.spared = {kept.keeper};
         round.kept = std::move(kept);
         return round;
-    }
-
-    /// The id of what was listed has passed on to another application before the quit.
-    Round passedOnBefore() {
-        const KeptProgram kept =
-            machine_.kept("notes", machine_.command(coin() ? "notes" : "surf"));
-        ::kill(kept.program, SIGKILL);
-        const pid_t later = StormDesktop::successor(kept).value_or(0);
-        waitFor([&] { return machine_.windowCount(later) == 1; });
-        return {.target = kept.program,
-                .force = coin(),
-                .spared = {later, kept.keeper},
-                .quits = false};
     }
 
     std::mt19937 random_;

@@ -156,5 +156,23 @@ TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
     EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "the later process lives";
 }
 
+TEST(QuittingTest, NeverTouchesAnotherApplicationThatGotAnIdSinceItWasListed) {
+    SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
+    for (const bool force : {false, true}) {
+        LinuxDesktop machine;
+        const pid_t process = machine.shown(machine.client());
+        machine.desktop.end(process);
+        const auto later = processWithId(process, [&] {
+            machine.desktop.enter();
+            ::execl(windowClient().c_str(), "client", nullptr);
+        });
+        ASSERT_TRUE(later);
+        EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }));
+        EXPECT_FALSE(machine.quitter.quitApp(process, force));
+        EXPECT_EQ(machine.windowCount(process), 1U);
+        EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "it lives";
+    }
+}
+
 } // namespace
 } // namespace calmora

@@ -60,11 +60,17 @@ inline bool canChooseProcessIds() {
     return static_cast<bool>(file << ::getpid() << std::flush);
 }
 
-/// A process with this id, which must be free; null where it cannot be had.
-inline std::unique_ptr<RealProcess> processWithId(pid_t id) {
+/// A process with this id, which must be free and runs `body` as RealProcess does; null where it
+/// cannot be had.
+inline std::unique_ptr<RealProcess>
+processWithId(pid_t id, const std::function<void()>& body = [] {}) {
     for (int attempt = 0; attempt < 50; ++attempt) {
         std::ofstream("/proc/sys/kernel/ns_last_pid") << id - 1;
-        auto process = std::make_unique<RealProcess>();
+        auto process = std::make_unique<RealProcess>([&] {
+            if (::getpid() == id) {
+                body();
+            }
+        });
         if (process->id() == id) {
             return process;
         }
