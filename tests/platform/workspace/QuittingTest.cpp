@@ -2,6 +2,7 @@
 #include "WorkspaceTest.h"
 
 #include <csignal>
+#include <future>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -171,6 +172,30 @@ TEST(QuittingTest, NeverTouchesAnotherApplicationThatGotAnIdSinceItWasListed) {
         EXPECT_FALSE(machine.quitter.quitApp(process, force));
         EXPECT_EQ(machine.windowCount(process), 1U);
         EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "it lives";
+    }
+}
+
+TEST(QuittingTest, NeverTouchesAProcessThatGetsTheIdOfAVictimMeanwhile) {
+    SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
+    for (const bool isTarget : {true, false}) {
+        LinuxDesktop machine;
+        const pid_t victim = machine.shown(machine.client());
+        const pid_t deaf = machine.shown(machine.client({"--ignore-term", "--ignore-close"}));
+        std::promise<std::unique_ptr<RealProcess>> later;
+        std::promise<void> isOver;
+        // The thread that has made a process must not end before it.
+        std::thread maker([&] {
+            ::waitpid(victim, nullptr, 0);
+            later.set_value(processWithId(victim));
+            isOver.get_future().wait();
+        });
+        EXPECT_TRUE(machine.quitter.quitApp(isTarget ? victim : deaf, true));
+        EXPECT_FALSE(machine.isRunning(deaf)) << "for which the quit waits";
+        const auto process = later.get_future().get();
+        EXPECT_TRUE(process);
+        EXPECT_EQ(::waitpid(victim, nullptr, WNOHANG), 0) << "the later process lives";
+        isOver.set_value();
+        maker.join();
     }
 }
 
