@@ -39,7 +39,7 @@ class BackgroundScanTest : public testing::Test {
         folder.write(proc + "status", "Uid:\t" + std::to_string(::getuid()) + "\t0\t0\t0\n");
         folder.write(proc + "comm", program + "\n");
         folder.write(proc + "cmdline", (folder.path() / "bin" / program).string() + '\0');
-        folder.write(proc + "environ", "");
+        folder.write(proc + "environ", "DISPLAY=:7");
         const auto link = folder.path() / proc / "exe";
         std::filesystem::remove(link);
         std::filesystem::create_symlink(folder.path() / "bin" / program, link);
@@ -50,7 +50,7 @@ class BackgroundScanTest : public testing::Test {
                                          std::to_string(last) + "\n");
     }
 
-    bool scan() { return background.scan(installed, {}); }
+    bool scan() { return background.scan(installed, ":7"); }
 
     TempFolder folder;
     InstalledApplications installed{{}, {}};
