@@ -40,6 +40,7 @@ class GnomeShellTest : public testing::Test {
                                 {"icon-rect", QVariant::fromValue(ShellRect{10, 0, 20, 30})}}};
         }
         if (call.member() == "GrabKeys") {
+            QThread::msleep(pause.exchange(0));
             QList<uint> ids;
             for (const QString& key : call.arguments().value(0).toStringList()) {
                 ids.append(key == "<Super>0x26" ? 0 : static_cast<uint>(qHash(key)) | 1);
@@ -131,7 +132,7 @@ TEST_F(GnomeShellTest, IsListenedToAloneAndAskedForWaylandWindowsAlone) {
 
 TEST_F(GnomeShellTest, HasKeysWhileItIsThere) {
     FakeHotKeys others;
-    ShellLink link(ours);
+    ShellLink link(ours, {}, scaled(200ms));
     ShellHotKeys keys(link, others, true, [] { return true; });
     std::vector<std::uint32_t> fired;
     const auto handler = keys.installEventHandler([&](const HotKeyEvent& event) {
@@ -146,9 +147,11 @@ TEST_F(GnomeShellTest, HasKeysWhileItIsThere) {
     const auto early = keys.registerHotKey(40, carbon::control | carbon::option, {7, 1});
     EXPECT_EQ(others.takeCalls(), std::vector<std::string>{"register 40/6144 as 40"});
 
+    pause = static_cast<unsigned long>(scaled(400ms).count());
     appear();
     ASSERT_TRUE(becomes(link, ShellLink::State::attached));
     EXPECT_EQ(others.takeCalls(), std::vector<std::string>{"release 40"}) << "held once";
+    EXPECT_TRUE(loopUntil([&] { return object.count("GrabKeys") == 2; })) << "busy at first";
     EXPECT_EQ(keys.registerHotKey(0, carbon::command, {7, 2}).status, HotKeyStatus::taken);
     EXPECT_EQ(keys.registerHotKey(63, 0, {7, 3}).status, HotKeyStatus::badValue);
     const uint id = static_cast<uint>(qHash(QString("<Control><Alt>0x2d"))) | 1;

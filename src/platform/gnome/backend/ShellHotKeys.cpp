@@ -5,10 +5,17 @@
 #include "platform/linux/keyboard/KeyCodes.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <variant>
 
 namespace calmora {
+namespace {
+
+/// While the link gives a silent shell time, trying costs nothing.
+constexpr std::chrono::seconds grabbingInterval{1};
+
+} // namespace
 
 QString shellAccelerator(HotKeyCombination combination) {
     const auto key = x11KeyCode(combination.keyCode);
@@ -29,6 +36,12 @@ QString shellAccelerator(HotKeyCombination combination) {
 ShellHotKeys::ShellHotKeys(ShellLink& link, HotKeys& other, bool mayReturn,
                            std::function<bool()> mayAct)
     : link_(link), other_(other), mayReturn_(mayReturn), table_(std::move(mayAct)) {
+    grabbingAgain_.setSingleShot(true);
+    QObject::connect(&grabbingAgain_, &QTimer::timeout, &grabbingAgain_, [this] {
+        if (link_.isAttached() && grab()) {
+            hintsChanged_.emit();
+        }
+    });
     subscriptions_.push_back(link_.onStateChanged([this] { stateChanged(); }));
     subscriptions_.push_back(link_.onKeyPressed([this](uint id) {
         if (const auto found = grabbed_.find(id); found != grabbed_.end()) {
@@ -101,8 +114,10 @@ bool ShellHotKeys::grab() {
     }
     const auto ids = link_.grabKeys(accelerators);
     if (!ids) {
+        grabbingAgain_.start(grabbingInterval);
         return false;
     }
+    grabbingAgain_.stop();
     grabbed_.clear();
     refused_.clear();
     auto id = ids->begin();

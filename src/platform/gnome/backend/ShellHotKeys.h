@@ -6,6 +6,7 @@
 #include "support/Signal.h"
 
 #include <QStringList>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -47,7 +48,8 @@ class ShellHotKeys final : public HotKeys {
     [[nodiscard]] bool isShells() const;
     void stateChanged();
     /// Makes the shell hold exactly the keys of the table; notes those that it refuses. False
-    /// without an answer.
+    /// without an answer; tries again then, because a shell that is busy, as at login, has grabbed
+    /// the keys perhaps, but under numbers that we do not know.
     bool grab();
     void takeElsewhere(HotKeyCombination combination);
     void removed(HotKeyCombination combination);
@@ -68,6 +70,7 @@ class ShellHotKeys final : public HotKeys {
     Signal<> hintsChanged_;
     Subscription otherHandler_;
     std::vector<Subscription> subscriptions_;
+    QTimer grabbingAgain_;
 };
 
 /// The combination as mutter takes it, such as "<Control><Alt>0x2e"; empty for a key without a
