@@ -66,8 +66,12 @@ class PopoverDriver:
         return self.desktop.wait_for_node(self.calmora, "push button", name, seconds)
 
     def press(self, name):
-        """Clicks the button whose name begins so."""
-        self.desktop.click_node(self.button(name))
+        """Clicks the button whose name begins so, once it stays where it is: the window manager may
+        be placing its window."""
+        button = None
+        while button != (button := self.button(name)):
+            pass
+        self.desktop.click_node(button)
 
     def rows(self):
         """What the rows of the list say, from top to bottom."""
