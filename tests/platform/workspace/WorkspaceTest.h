@@ -17,6 +17,7 @@
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
+#include <sstream>
 #include <unistd.h>
 
 namespace calmora {
@@ -160,8 +161,21 @@ struct LinuxDesktop {
 
     /// Waits until the process is an application with windows; gives its id.
     pid_t shown(pid_t process) {
-        EXPECT_TRUE(waitFor([&] { return isRegular(process); })) << desktop.log();
+        EXPECT_TRUE(waitFor([&] { return isRegular(process); })) << whyHidden(process);
         return process;
+    }
+
+    /// What may tell why a process is not listed.
+    std::string whyHidden(pid_t process) {
+        std::ostringstream facts;
+        facts << "process " << process << (isRunning(process) ? "" : " has ended")
+              << (desktop.exitStatus(desktop.windowManager()) ? ", no window manager" : "")
+              << (guard.reason(process) ? ", protected" : "") << ", windows of";
+        for (const TopLevelWindow& window : windows.windows()) {
+            facts << ' ' << window.process.value_or(0);
+        }
+        desktop.run({"xwininfo", "-root", "-tree"});
+        return facts.str() + '\n' + desktop.log();
     }
 
     /// How many windows the process has.
