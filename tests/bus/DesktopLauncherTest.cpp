@@ -8,23 +8,6 @@
 namespace calmora {
 namespace {
 
-/// A manager or an application that answers or refuses. Asked by a thread that waits, so it lives
-/// in another.
-struct Refusing : QDBusVirtualObject {
-    QString introspect(const QString&) const override { return {}; }
-
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override {
-        calls.push_back(call);
-        connection.send(error.isEmpty()
-                            ? call.createReply(QVariant::fromValue(QDBusObjectPath("/job/1")))
-                            : call.createErrorReply(error, ""));
-        return true;
-    }
-
-    QString error;
-    std::vector<QDBusMessage> calls;
-};
-
 struct DesktopLauncherTest : testing::Test {
     DesktopLauncherTest() {
         data.write("my tool/run", "#!/bin/sh\nenv >\"$1\"\npwd >>\"$1\"\nmv \"$1\" \"$2\"\n");
@@ -90,8 +73,9 @@ TEST_F(DesktopLauncherTest, StartsOnlyWhatAnEntryNames) {
 }
 
 TEST_F(DesktopLauncherTest, PutsAProgramIntoAScopeAndRunsItWithoutOneToo) {
-    Refusing manager;
-    services.registerVirtualObject("/org/freedesktop/systemd1", &manager);
+    ScriptedObject manager(services, "/org/freedesktop/systemd1", [](auto&&) {
+        return QVariantList{QVariant::fromValue(QDBusObjectPath("/job/1"))};
+    });
     AnsweringThread thread{&manager};
     for (const char* error : {"none runs", "", "org.freedesktop.systemd1.UnitExists"}) {
         SCOPED_TRACE(error);
@@ -157,8 +141,7 @@ TEST_F(DesktopLauncherTest, AsksAnApplicationOnTheBusAndRunsItsProgramOnlyIfItWa
     EXPECT_FALSE(ran().empty()) << "no service";
     EXPECT_TRUE(launcher.launch("no-name"));
     EXPECT_FALSE(ran().empty()) << "its id is no bus name";
-    Refusing application;
-    services.registerVirtualObject("/org/example/Bus_App", &application);
+    ScriptedObject application(services, "/org/example/Bus_App");
     services.registerService(id);
     for (const auto& [error, runs] : answers) {
         application.error = error;

@@ -44,13 +44,6 @@ TEST(DesktopNotifications, hands_each_notice_over_silently_and_escaped_where_wan
 }
 
 TEST(DesktopNotifications, tells_what_becomes_of_a_notice_with_a_button) {
-    /// Takes calls and never answers.
-    struct MuteObject final : ScriptedObject {
-        using ScriptedObject::ScriptedObject;
-
-        bool handleMessage(const QDBusMessage&, const QDBusConnection&) override { return true; }
-    };
-
     PrivateBus bus;
     QDBusConnection server = bus.connect();
     DesktopNotifications notifications(bus.connect(), "org.example.Tool");
@@ -67,7 +60,8 @@ TEST(DesktopNotifications, tells_what_becomes_of_a_notice_with_a_button) {
     EXPECT_TRUE(tells({NoticeEvent::noServer}));
     ASSERT_TRUE(server.registerService(serverName));
     {
-        const MuteObject mute(server, serverPath);
+        ScriptedObject mute(server, serverPath);
+        mute.isSilent = true;
         const Subscription notice = show();
         EXPECT_TRUE(tells({NoticeEvent::failed})) << "it may not have been seen";
     }

@@ -43,8 +43,10 @@ ScriptedObject::ScriptedObject(QDBusConnection connection, const QString& path, 
 
 bool ScriptedObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     calls.push_back(message);
-    if (message.isReplyRequired()) {
-        connection.send(message.createReply(answer_ ? answer_(message) : QVariantList()));
+    if (message.isReplyRequired() && !isSilent) {
+        connection.send(!error.isEmpty()
+                            ? message.createErrorReply(error, "")
+                            : message.createReply(answer_ ? answer_(message) : QVariantList()));
     }
     return true;
 }

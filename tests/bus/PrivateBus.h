@@ -52,6 +52,10 @@ class ScriptedObject : public QDBusVirtualObject {
     [[nodiscard]] int count(const QString& member) const;
 
     std::vector<QDBusMessage> calls;
+    /// Answers with this error, if any.
+    QString error;
+    /// Never answers.
+    bool isSilent = false;
 
   private:
     QDBusConnection connection_;

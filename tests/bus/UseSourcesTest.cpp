@@ -129,17 +129,6 @@ TEST(UseOwners, AreFoundByNamesAndByIdsInNamespaces) {
     }
 }
 
-/// Takes calls and does not answer.
-struct SilentObject : QDBusVirtualObject {
-    SilentObject(QDBusConnection connection, const QString& path) {
-        connection.registerVirtualObject(path, this);
-    }
-
-    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
-
-    bool handleMessage(const QDBusMessage&, const QDBusConnection&) override { return true; }
-};
-
 QVariantList propertyAnswer(const QVariant& value) {
     return {QVariant::fromValue(QDBusVariant(value))};
 }
@@ -270,7 +259,8 @@ TEST_F(UseSourcesTest, AskOnlyWhenAskedAndWaitForNobodyLong) {
     EXPECT_EQ(player.calls.size(), 2U);
     sources.read([](auto&&) { ADD_FAILURE() << "the token has ended"; }).reset();
 
-    SilentObject plasma(other, "/org/kde/Solid/PowerManagement/PolicyAgent");
+    ScriptedObject plasma(other, "/org/kde/Solid/PowerManagement/PolicyAgent");
+    plasma.isSilent = true;
     serve({"org.kde.Solid.PowerManagement.PolicyAgent"});
     const auto begin = std::chrono::steady_clock::now();
     const UseReport report = read();
