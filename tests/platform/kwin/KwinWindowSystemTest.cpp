@@ -6,6 +6,7 @@
 #include "platform/linux/windows/CompositeWindowSystem.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "support/QtWaiting.h"
+#include "support/SeenWindows.h"
 #include "support/VirtualDesktop.h"
 
 #include <QCoreApplication>
@@ -59,33 +60,6 @@ struct Windows {
         : kwin(bus, test.socket, scaled(timeout)),
           x11(test.events, test.desktop.display(),
               [&test](const char* name) { return test.desktop.variable(name); }) {}
-
-    /// The first window of a process; one with the id 0 when it has none.
-    TopLevelWindow of(pid_t process) {
-        const auto& windows = all.windows();
-        const auto found =
-            std::ranges::find(windows, std::optional<ProcessId>(process), &TopLevelWindow::process);
-        return found == windows.end() ? TopLevelWindow{} : *found;
-    }
-
-    bool isActive(pid_t process) {
-        const WindowId window = of(process).id;
-        return window != 0 && all.activeWindow() == window;
-    }
-
-    std::vector<ProcessId> owners() {
-        std::vector<ProcessId> result;
-        for (const TopLevelWindow& window : all.windows()) {
-            result.push_back(window.process.value_or(0));
-        }
-        return result;
-    }
-
-    bool close(pid_t process) {
-        const bool asked = all.requestClose(of(process).id, process);
-        all.flush();
-        return asked;
-    }
 };
 
 TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
@@ -106,30 +80,31 @@ TEST_F(KwinDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     const pid_t helpless = client({"--no-delete"});
     // Less than the pause after a request without an answer.
     EXPECT_TRUE(loopUntil(
-        [&] { return windows.owners().size() == 5 && windows.all.coversAllWindows(); }, 8s))
-        << testing::PrintToString(windows.owners()) << desktop.log();
-    EXPECT_THAT(windows.owners(), UnorderedElementsAre(one, other, editor, polite, helpless));
-    EXPECT_EQ(windows.of(one).applicationId, "galculator");
-    EXPECT_EQ(windows.of(one).type, WindowType::normal);
+        [&] { return ownersOf(windows.all).size() == 5 && windows.all.coversAllWindows(); }, 8s))
+        << testing::PrintToString(ownersOf(windows.all)) << desktop.log();
+    EXPECT_THAT(ownersOf(windows.all), UnorderedElementsAre(one, other, editor, polite, helpless));
+    EXPECT_EQ(windowOf(windows.all, one).applicationId, "galculator");
+    EXPECT_EQ(windowOf(windows.all, one).type, WindowType::normal);
     EXPECT_THAT(windows.all.displayProcesses(), Contains(desktop.server()));
     EXPECT_EQ(windows.all.windows(), windows.all.windowsReadAfresh());
 
     // KWin would kill it.
-    EXPECT_FALSE(windows.close(helpless));
+    EXPECT_FALSE(close(windows.all, helpless));
     for (const TopLevelWindow& window : std::vector(windows.kwin.windows())) {
         EXPECT_EQ(window.canBeAsked, window.process.has_value());
         if (!window.process) {
             EXPECT_FALSE(windows.kwin.requestClose(window.id, helpless));
         }
     }
-    EXPECT_FALSE(windows.all.requestClose(windows.of(one).id, other)) << "it is another's";
+    EXPECT_FALSE(windows.all.requestClose(windowOf(windows.all, one).id, other))
+        << "it is another's";
     EXPECT_FALSE(windows.kwin.requestClose(99999, one));
 
-    EXPECT_TRUE(windows.close(one));
-    EXPECT_TRUE(windows.close(polite));
+    EXPECT_TRUE(close(windows.all, one));
+    EXPECT_TRUE(close(windows.all, polite));
     EXPECT_TRUE(waitFor([&] { return hasEnded(one) && hasEnded(polite); }));
-    EXPECT_TRUE(waitFor([&] { return windows.owners().size() == 3; }));
-    EXPECT_THAT(windows.owners(), UnorderedElementsAre(other, editor, helpless));
+    EXPECT_TRUE(waitFor([&] { return ownersOf(windows.all).size() == 3; }));
+    EXPECT_THAT(ownersOf(windows.all), UnorderedElementsAre(other, editor, helpless));
     EXPECT_FALSE(hasEnded(other) || hasEnded(editor) || hasEnded(helpless));
 }
 
@@ -137,7 +112,7 @@ TEST_F(KwinDesktop, KnowsWhatFillsTheScreen) {
     Windows windows(*this, bus);
     for (const bool isX11 : {false, true}) {
         const pid_t process = isX11 ? client() : calculator();
-        ASSERT_TRUE(loopUntil([&] { return windows.isActive(process); })) << desktop.log();
+        ASSERT_TRUE(loopUntil([&] { return isActive(windows.all, process); })) << desktop.log();
         // As the user does it with keys; both ways to write it are of 5.27 and 6.
         const std::pair<const char*, bool> steps[] = {
             {"(workspace.activeWindow || workspace.activeClient).fullScreen = true", true},
@@ -154,7 +129,7 @@ TEST_F(KwinDesktop, KnowsWhatFillsTheScreen) {
             script("start");
             EXPECT_TRUE(waitFor([&, expected = expected] {
                 static_cast<void>(windows.all.windowsReadAfresh());
-                return windows.of(process).isFullScreen == expected;
+                return windowOf(windows.all, process).isFullScreen == expected;
             })) << code;
             script("unloadScript", {"step"});
         }
@@ -184,15 +159,15 @@ TEST_F(KwinDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
 
     const pid_t one = calculator();
     EXPECT_TRUE(loopUntil([&] { return windowChanges > 0 && focusChanges > 0; }));
-    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+    EXPECT_TRUE(loopUntil([&] { return isActive(windows.all, one); }));
     focusChanges = 0;
     const pid_t old = client();
     EXPECT_TRUE(loopUntil([&] { return focusChanges > 0; }));
-    EXPECT_TRUE(loopUntil([&] { return windows.isActive(old); }));
+    EXPECT_TRUE(loopUntil([&] { return isActive(windows.all, old); }));
     windowChanges = focusChanges = 0;
     desktop.end(old);
     EXPECT_TRUE(loopUntil([&] { return windowChanges > 0 && focusChanges > 0; }));
-    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+    EXPECT_TRUE(loopUntil([&] { return isActive(windows.all, one); }));
 
     // Programs of the bus that are not KWin tell nothing.
     windowChanges = 0;
@@ -202,22 +177,22 @@ TEST_F(KwinDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
     EXPECT_TRUE(bus.send(lie));
     loopFor(300ms);
     EXPECT_EQ(windowChanges, 0);
-    EXPECT_NE(windows.of(one).id, 0U);
+    EXPECT_NE(windowOf(windows.all, one).id, 0U);
 }
 
 TEST_F(KwinDesktop, WaitsForAKwinThatHangsNoLongerThanItMay) {
     Windows windows(*this, bus, 300ms);
     const pid_t one = calculator();
-    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); }));
+    EXPECT_TRUE(loopUntil([&] { return isActive(windows.all, one); }));
     ::kill(desktop.server(), SIGSTOP);
     const auto before = std::chrono::steady_clock::now();
-    EXPECT_FALSE(windows.close(one));
+    EXPECT_FALSE(close(windows.all, one));
     EXPECT_FALSE(windows.kwin.coversAllWindows());
     EXPECT_EQ(windows.kwin.windowsReadAfresh().size(), 1U);
     EXPECT_LT(std::chrono::steady_clock::now() - before, scaled(900ms));
     ::kill(desktop.server(), SIGCONT);
     EXPECT_TRUE(loopUntil([&] { return windows.kwin.coversAllWindows(); }));
-    EXPECT_TRUE(windows.close(one));
+    EXPECT_TRUE(close(windows.all, one));
     EXPECT_TRUE(waitFor([&] { return hasEnded(one); }));
 }
 
@@ -228,12 +203,12 @@ TEST_F(KwinDesktop, SurvivesOtherScriptsAndANewKwin) {
     // Our next script gets the number of the one that watches.
     script("unloadScript", {"another"});
     const pid_t one = calculator();
-    EXPECT_TRUE(loopUntil([&] { return windows.isActive(one); })) << desktop.log();
-    EXPECT_TRUE(windows.close(one));
+    EXPECT_TRUE(loopUntil([&] { return isActive(windows.all, one); })) << desktop.log();
+    EXPECT_TRUE(close(windows.all, one));
     EXPECT_TRUE(waitFor([&] { return hasEnded(one); }));
 
     const pid_t second = calculator();
-    EXPECT_TRUE(loopUntil([&] { return windows.of(second).id != 0; }));
+    EXPECT_TRUE(loopUntil([&] { return windowOf(windows.all, second).id != 0; }));
     int changes = 0;
     const auto listening = windows.kwin.onWindowsChanged([&] { ++changes; });
     desktop.end(desktop.server());
@@ -245,7 +220,7 @@ TEST_F(KwinDesktop, SurvivesOtherScriptsAndANewKwin) {
     changes = 0;
     const pid_t third = calculator();
     EXPECT_TRUE(loopUntil([&] { return changes > 0; }));
-    EXPECT_TRUE(loopUntil([&] { return windows.of(third).id != 0; })) << desktop.log();
+    EXPECT_TRUE(loopUntil([&] { return windowOf(windows.all, third).id != 0; })) << desktop.log();
     EXPECT_THAT(windows.kwin.displayProcesses(), Contains(desktop.server()));
 }
 

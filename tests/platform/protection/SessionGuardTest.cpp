@@ -3,36 +3,18 @@
 
 #include "platform/linux/proc/LinuxClock.h"
 #include "support/RealProcess.h"
+#include "support/Sockets.h"
 #include "support/TempFolder.h"
 
-#include <cstring>
-
 #include <sys/prctl.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace calmora {
 namespace {
 
-/// Listens at a path, or at an abstract name after '@', until the process ends; ends it where that
-/// fails.
+/// Listens there until the process ends.
 void listenAt(const std::string& path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, path.data(), path.size());
-    std::size_t length = sizeof address;
-    if (path.front() == '@') {
-        address.sun_path[0] = '\0';
-        length = offsetof(sockaddr_un, sun_path) + path.size();
-    }
-    const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
-    unlink(path.c_str());
-    if (bind(descriptor, reinterpret_cast<const sockaddr*>(&address),
-             static_cast<socklen_t>(length)) != 0 ||
-        listen(descriptor, 4) != 0) {
-        _exit(1);
-    }
+    static const FileDescriptor listener = listeningAt(path);
 }
 
 class SessionGuardTest : public testing::Test {

@@ -3,13 +3,12 @@
 #include "platform/wayland/SwayWindowSystem.h"
 
 #include "platform/linux/EventPoll.h"
+#include "support/Sockets.h"
 #include "support/TempFolder.h"
 #include "support/Waiting.h"
 
 #include <cstring>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <thread>
 #include <unistd.h>
 
@@ -34,16 +33,7 @@ class SwayServer {
   public:
     using Answer = std::function<std::string(std::uint32_t)>;
 
-    SwayServer(const std::string& path, Answer answer, bool stays)
-        : listener_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-        if (::bind(listener_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-                0 ||
-            ::listen(listener_.get(), 8) != 0) {
-            throw std::runtime_error("no socket");
-        }
+    SwayServer(const std::string& path, Answer answer, bool stays) : listener_(listeningAt(path)) {
         thread_ = std::thread([this, answer = std::move(answer), stays] {
             while (true) {
                 const FileDescriptor client(::accept(listener_.get(), nullptr, nullptr));

@@ -5,6 +5,7 @@
 #include "platform/linux/EventPoll.h"
 #include "platform/linux/windows/CompositeWindowSystem.h"
 #include "platform/x11/X11WindowSystem.h"
+#include "support/SeenWindows.h"
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
@@ -32,33 +33,8 @@ struct SwayDesktop : testing::Test {
 
     /// Waits until the process has a window that sway shows.
     pid_t shown(pid_t process) {
-        EXPECT_TRUE(waitFor([&] {
-            const TopLevelWindow window = windowOf(process);
-            return window.id != 0 && windows.activeWindow() == window.id;
-        })) << desktop.log();
+        EXPECT_TRUE(waitFor([&] { return isActive(windows, process); })) << desktop.log();
         return process;
-    }
-
-    /// The first window of a process; one with the id 0 when it has none.
-    TopLevelWindow windowOf(pid_t process) {
-        const auto& all = windows.windows();
-        const auto found =
-            std::ranges::find(all, std::optional<ProcessId>(process), &TopLevelWindow::process);
-        return found == all.end() ? TopLevelWindow{} : *found;
-    }
-
-    std::vector<ProcessId> owners() {
-        std::vector<ProcessId> result;
-        for (const TopLevelWindow& window : windows.windows()) {
-            result.push_back(window.process.value_or(0));
-        }
-        return result;
-    }
-
-    bool close(pid_t process) {
-        const bool asked = windows.requestClose(windowOf(process).id, process);
-        windows.flush();
-        return asked;
     }
 
     /// What the user does with keys.
@@ -81,15 +57,15 @@ TEST_F(SwayDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
     const pid_t helpless = client({"--no-delete"});
     EXPECT_TRUE(waitFor([&] {
         return windows.coversAllWindows() && windows.windows().size() == 4;
-    })) << testing::PrintToString(owners());
-    EXPECT_THAT(owners(), UnorderedElementsAre(one, other, polite, helpless));
-    EXPECT_EQ(windowOf(one).applicationId, "foot");
-    EXPECT_EQ(windowOf(polite).className, "Client");
+    })) << testing::PrintToString(ownersOf(windows));
+    EXPECT_THAT(ownersOf(windows), UnorderedElementsAre(one, other, polite, helpless));
+    EXPECT_EQ(windowOf(windows, one).applicationId, "foot");
+    EXPECT_EQ(windowOf(windows, polite).className, "Client");
     EXPECT_THAT(windows.displayProcesses(), testing::Contains(desktop.server()));
     EXPECT_EQ(windows.windows(), windows.windowsReadAfresh());
 
     // sway would kill it.
-    EXPECT_FALSE(close(helpless));
+    EXPECT_FALSE(close(windows, helpless));
     int ofX11 = 0;
     for (const TopLevelWindow& window : std::vector(sway.windows())) {
         ofX11 += window.x11Id ? 1 : 0;
@@ -97,14 +73,14 @@ TEST_F(SwayDesktop, ListsEachWindowOnceAndClosesOnlyTheOneAsked) {
         EXPECT_FALSE(window.x11Id && sway.requestClose(window.id, helpless));
     }
     EXPECT_EQ(ofX11, 2);
-    EXPECT_FALSE(windows.requestClose(windowOf(one).id, other)) << "it is another's";
+    EXPECT_FALSE(windows.requestClose(windowOf(windows, one).id, other)) << "it is another's";
     EXPECT_FALSE(sway.requestClose(99999, one));
 
-    EXPECT_TRUE(close(one));
-    EXPECT_TRUE(close(polite));
+    EXPECT_TRUE(close(windows, one));
+    EXPECT_TRUE(close(windows, polite));
     EXPECT_TRUE(waitFor([&] { return hasEnded(one) && hasEnded(polite); }));
     EXPECT_TRUE(waitFor([&] { return windows.windows().size() == 2; }));
-    EXPECT_THAT(owners(), UnorderedElementsAre(other, helpless));
+    EXPECT_THAT(ownersOf(windows), UnorderedElementsAre(other, helpless));
     EXPECT_FALSE(hasEnded(other));
     EXPECT_FALSE(hasEnded(helpless));
 }
@@ -116,14 +92,10 @@ TEST_F(SwayDesktop, NotifiesOfWindowsAndFocusWithoutBeingAsked) {
     int focusChanges = 0;
     auto onWindows = windows.onWindowsChanged([&] { ++windowChanges; });
     auto onFocus = windows.onActiveWindowChanged([&] { ++focusChanges; });
-    const auto isActive = [&](pid_t process) {
-        return windows.activeWindow() == windowOf(process).id;
-    };
-
     focus(one);
-    EXPECT_TRUE(pumpUntil(events, [&] { return focusChanges > 0 && isActive(one); }));
+    EXPECT_TRUE(pumpUntil(events, [&] { return focusChanges > 0 && isActive(windows, one); }));
     focus(old);
-    EXPECT_TRUE(pumpUntil(events, [&] { return isActive(old); }));
+    EXPECT_TRUE(pumpUntil(events, [&] { return isActive(windows, old); }));
     command("workspace 2");
     EXPECT_TRUE(pumpUntil(events, [&] { return !windows.activeWindow(); }));
 

@@ -80,9 +80,9 @@ TEST(ToplevelWindowSystem, NamesOwnersOnlyWhereThereIsNoDoubt) {
     // Asked as the row that stands for both. With one of the two gone there is no doubt left.
     EXPECT_TRUE(windows.requestClose(of("foot").at(1).id, std::min(foot, other)));
     windows.flush();
+    EXPECT_TRUE(waitFor([&] { return desktop.exitStatus(other).has_value(); }));
     EXPECT_TRUE(pumpUntil(events, [&] { return count() == 2; }));
     EXPECT_EQ(of("foot").at(0).process, foot);
-    EXPECT_TRUE(waitFor([&] { return desktop.exitStatus(other).has_value(); }));
     EXPECT_FALSE(desktop.exitStatus(client).has_value());
 
     changes = 0;

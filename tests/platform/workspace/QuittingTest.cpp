@@ -163,42 +163,50 @@ TEST(QuittingTest, NeverTouchesALaterProcessWithTheSameId) {
 TEST(QuittingTest, NeverTouchesAnotherApplicationThatGotAnIdSinceItWasListed) {
     SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
     for (const bool force : {false, true}) {
-        LinuxDesktop machine;
-        const pid_t process = machine.shown(machine.client());
-        machine.desktop.end(process);
-        const auto later = processWithId(process, [&] {
-            machine.desktop.enter();
-            ::execl(windowClient().c_str(), "client", nullptr);
+        untilFree([&] {
+            LinuxDesktop machine;
+            const pid_t process = machine.shown(machine.client());
+            machine.desktop.end(process);
+            const auto later = processWithId(process, [&] {
+                machine.desktop.enter();
+                ::execl(windowClient().c_str(), "client", nullptr);
+            });
+            if (later) {
+                EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }));
+                EXPECT_FALSE(machine.quitter.quitApp(process, force));
+                EXPECT_EQ(machine.windowCount(process), 1U);
+                EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "it lives";
+            }
+            return later != nullptr;
         });
-        ASSERT_TRUE(later);
-        EXPECT_TRUE(waitFor([&] { return machine.windowCount(process) == 1; }));
-        EXPECT_FALSE(machine.quitter.quitApp(process, force));
-        EXPECT_EQ(machine.windowCount(process), 1U);
-        EXPECT_EQ(::waitpid(process, nullptr, WNOHANG), 0) << "it lives";
     }
 }
 
 TEST(QuittingTest, NeverTouchesAProcessThatGetsTheIdOfAVictimMeanwhile) {
     SKIP_WITHOUT_RIGHT(canChooseProcessIds(), "choose process ids");
     for (const bool isTarget : {true, false}) {
-        LinuxDesktop machine;
-        const pid_t victim = machine.shown(machine.client());
-        const pid_t deaf = machine.shown(machine.client({"--ignore-term", "--ignore-close"}));
-        std::promise<std::unique_ptr<RealProcess>> later;
-        std::promise<void> isOver;
-        // The thread that has made a process must not end before it.
-        std::thread maker([&] {
-            ::waitpid(victim, nullptr, 0);
-            later.set_value(processWithId(victim));
-            isOver.get_future().wait();
+        untilFree([&] {
+            LinuxDesktop machine;
+            const pid_t victim = machine.shown(machine.client());
+            const pid_t deaf = machine.shown(machine.client({"--ignore-term", "--ignore-close"}));
+            std::promise<std::unique_ptr<RealProcess>> later;
+            std::promise<void> isOver;
+            // The thread that has made a process must not end before it.
+            std::thread maker([&] {
+                ::waitpid(victim, nullptr, 0);
+                later.set_value(processWithId(victim));
+                isOver.get_future().wait();
+            });
+            EXPECT_TRUE(machine.quitter.quitApp(isTarget ? victim : deaf, true));
+            EXPECT_FALSE(machine.isRunning(deaf)) << "for which the quit waits";
+            const auto process = later.get_future().get();
+            if (process) {
+                EXPECT_EQ(::waitpid(victim, nullptr, WNOHANG), 0) << "the later process lives";
+            }
+            isOver.set_value();
+            maker.join();
+            return process != nullptr;
         });
-        EXPECT_TRUE(machine.quitter.quitApp(isTarget ? victim : deaf, true));
-        EXPECT_FALSE(machine.isRunning(deaf)) << "for which the quit waits";
-        const auto process = later.get_future().get();
-        EXPECT_TRUE(process);
-        EXPECT_EQ(::waitpid(victim, nullptr, WNOHANG), 0) << "the later process lives";
-        isOver.set_value();
-        maker.join();
     }
 }
 

@@ -2,9 +2,10 @@
 // Windows whose ids, or the ids of whose owners, pass on while nobody looks.
 #include "WorkspaceTest.h"
 
+#include "support/SeenWindows.h"
+#include "support/Sockets.h"
+
 #include <csignal>
-#include <sys/socket.h>
-#include <sys/un.h>
 
 namespace calmora {
 namespace {
@@ -22,13 +23,6 @@ class WindowOwnersTest : public testing::Test {
         });
     }
 
-    [[nodiscard]] WindowId windowOf(pid_t process) {
-        const auto& windows = machine.windows.windows();
-        return std::ranges::find(windows, std::optional<ProcessId>(process),
-                                 &TopLevelWindow::process)
-            ->id;
-    }
-
     LinuxDesktop machine;
     EventPoll unused;
     X11WindowSystem observer{unused, machine.desktop.display()};
@@ -37,7 +31,7 @@ class WindowOwnersTest : public testing::Test {
 
 TEST_F(WindowOwnersTest, AnEditorThatWasStartedAgainIsAsked) {
     const pid_t first = machine.shown(machine.client());
-    const WindowId window = windowOf(first);
+    const WindowId window = windowOf(machine.windows, first).id;
     machine.desktop.end(first);
     const pid_t second = machine.client({"--ask-on-close"});
     ASSERT_TRUE(passedTo(window, second));
@@ -52,7 +46,7 @@ TEST_F(WindowOwnersTest, AWindowThatPassedOnIsNotClosed) {
     // Once the window manager is slow as well: then nothing has told of the change so far.
     for (const bool isSlow : {false, true}) {
         const pid_t first = machine.shown(machine.client({"--hang-up"}));
-        const WindowId window = windowOf(first);
+        const WindowId window = windowOf(machine.windows, first).id;
         if (isSlow) {
             ::kill(machine.desktop.windowManager(), SIGSTOP);
         }
@@ -122,13 +116,7 @@ TEST_F(WindowOwnersTest, WhatMayHaveWindowsElsewhereIsNotSignalled) {
     machine.bus.items = {hiding};
     machine.waylandDisplay = "wayland-7";
     EXPECT_TRUE(machine.windows.coversAllWindows()) << "nobody is there";
-    sockaddr_un address{AF_UNIX, {}};
-    (machine.desktop.home() / "run/wayland-7")
-        .string()
-        .copy(address.sun_path, sizeof address.sun_path - 1);
-    const FileDescriptor compositor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    ASSERT_EQ(::bind(compositor.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(::listen(compositor.get(), 8), 0);
+    const FileDescriptor compositor = listeningAt(machine.desktop.home() / "run/wayland-7");
 
     EXPECT_FALSE(machine.quitter.quitApp(deaf, false));
     EXPECT_TRUE(machine.isRunning(deaf));

@@ -79,6 +79,16 @@ processWithId(pid_t id, const std::function<void()>& body = [] {}) {
     return nullptr;
 }
 
+/// Repeats what needs a process id to be free, which other programs may take: `attempt` gives
+/// whether it was.
+inline void untilFree(const std::function<bool()>& attempt) {
+    bool wasFree = false;
+    for (int times = 0; times < 5 && !wasFree; ++times) {
+        wasFree = attempt();
+    }
+    EXPECT_TRUE(wasFree);
+}
+
 /// The Linux layer on a virtual desktop, as the program composes it.
 struct LinuxDesktop {
     explicit LinuxDesktop(const VirtualDesktopOptions& options = {}) : desktop(options) {}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/X11WindowSystem.h"
+#include "support/SeenWindows.h"
 #include "support/VirtualDesktop.h"
 #include "support/Waiting.h"
 
@@ -178,13 +179,8 @@ TEST_F(X11WindowSystemTest, TellsAWindowFromALaterOneWithTheSameId) {
         WindowId given = 0;
         for (int attempt = 0; attempt < 5 && given != id; ++attempt) {
             second = client();
-            EXPECT_TRUE(waitFor([&] {
-                const auto& all = always.windows();
-                const auto found =
-                    std::ranges::find(all, ProcessId{second}, &TopLevelWindow::process);
-                given = found != all.end() ? found->id : 0;
-                return given != 0;
-            }));
+            EXPECT_TRUE(
+                waitFor([&] { return (given = calmora::windowOf(always, second).id) != 0; }));
         }
         EXPECT_EQ(windowOf(second).id, id);
         EXPECT_TRUE(windowsOf(first).empty());
