@@ -164,6 +164,24 @@ void endOnFatalMessage(QtMsgType type, const QMessageLogContext&, const QString&
     }
 }
 
+/// Tells the toolkit which program this is, and that windows and sessions do not end it.
+void introduce(QApplication& application) {
+    QApplication::setApplicationName(calmora::identity::name);
+    QApplication::setApplicationVersion(calmora::identity::version);
+    QApplication::setDesktopFileName(calmora::identity::identifier);
+    QApplication::setQuitOnLastWindowClosed(false);
+    // The user's setting decides about the start at login, not the session manager.
+    QObject::connect(
+        &application, &QGuiApplication::saveStateRequest, &application,
+        [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
+        Qt::DirectConnection);
+}
+
+bool hasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -192,8 +210,7 @@ int main(int argc, char** argv) {
         }
         argc = 1; // The option is ours, not the toolkit's.
     }
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
-        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!hasDisplay()) {
         std::fprintf(stderr, "calmora: there is no display to show anything on\n");
         return 1;
     }
@@ -214,16 +231,7 @@ int main(int argc, char** argv) {
         printUsage(stderr);
         return 2;
     }
-    QApplication::setApplicationName(calmora::identity::name);
-    QApplication::setApplicationVersion(calmora::identity::version);
-    QApplication::setDesktopFileName(calmora::identity::identifier);
-    QApplication::setQuitOnLastWindowClosed(false);
-    // The user's setting decides about the start at login, not the session manager.
-    QObject::connect(
-        &application, &QGuiApplication::saveStateRequest, &application,
-        [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
-        Qt::DirectConnection);
-
+    introduce(application);
     const QDBusConnection sessionBus = QDBusConnection::sessionBus();
     SingleInstance instance(sessionBus, calmora::identity::identifier, std::move(lock));
     if (instance.state() != SingleInstance::State::first) {

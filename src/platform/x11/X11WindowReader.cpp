@@ -30,6 +30,27 @@ bool contains(std::span<const std::uint32_t> values, xcb_atom_t value) {
     return value != XCB_ATOM_NONE && std::ranges::find(values, value) != values.end();
 }
 
+/// A window that may be a client's, and what was asked about it.
+struct Candidate {
+    xcb_window_t window = XCB_NONE;
+    xcb_get_window_attributes_cookie_t attributes{};
+    xcb_get_property_cookie_t state{};
+    xcb_query_tree_cookie_t children{};
+    /// The root's child above it, or itself.
+    xcb_window_t top = XCB_NONE;
+};
+
+std::vector<xcb_window_t> takeChildren(const X11Connection& connection,
+                                       xcb_query_tree_cookie_t cookie) {
+    const X11Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection.get(), cookie, nullptr));
+    if (!tree) {
+        return {};
+    }
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
 } // namespace
 
 struct X11WindowReader::Pending {
@@ -245,24 +266,6 @@ std::optional<std::vector<xcb_window_t>> X11WindowReader::managedWindows() {
 }
 
 std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
-    struct Candidate {
-        xcb_window_t window = XCB_NONE;
-        xcb_get_window_attributes_cookie_t attributes{};
-        xcb_get_property_cookie_t state{};
-        xcb_query_tree_cookie_t children{};
-        /// The root's child above it, or itself.
-        xcb_window_t top = XCB_NONE;
-    };
-
-    const auto childrenOf = [&](xcb_query_tree_cookie_t cookie) {
-        const X11Reply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(connection_.get(), cookie, nullptr));
-        if (!tree) {
-            return std::vector<xcb_window_t>();
-        }
-        const xcb_window_t* first = xcb_query_tree_children(tree.get());
-        return std::vector<xcb_window_t>(first, first + xcb_query_tree_children_length(tree.get()));
-    };
     const auto ask = [&](xcb_window_t window, xcb_window_t top) {
         return Candidate{window, xcb_get_window_attributes(connection_.get(), window),
                          connection_.requestProperty(window, connection_.atom(X11Atom::wmState), 1),
@@ -270,7 +273,7 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
     };
     std::vector<Candidate> candidates;
     for (const xcb_window_t child :
-         childrenOf(xcb_query_tree(connection_.get(), connection_.root()))) {
+         takeChildren(connection_, xcb_query_tree(connection_.get(), connection_.root()))) {
         if (candidates.size() < mostWindows) {
             candidates.push_back(ask(child, child));
         }
@@ -285,7 +288,7 @@ std::vector<xcb_window_t> X11WindowReader::unlistedWindows() {
             const X11Reply<xcb_get_window_attributes_reply_t> attributes(
                 xcb_get_window_attributes_reply(connection_.get(), candidate.attributes, nullptr));
             const auto state = take(candidate.state);
-            const auto children = childrenOf(candidate.children);
+            const auto children = takeChildren(connection_, candidate.children);
             if (!attributes || attributes->_class == XCB_WINDOW_CLASS_INPUT_ONLY) {
                 continue;
             }
