@@ -30,10 +30,10 @@ class HotKeyManager {
         };
         for (const auto& [rawName, callback] : rows) {
             shortcuts_.onKeyDown(shortcuts_.name(rawName),
-                                 [weak = std::weak_ptr(self_), callback = callback] {
+                                 [weak = std::weak_ptr(self_), chosen = callback] {
                                      const auto self = weak.lock();
                                      // A copy, because the callback may be replaced while it runs.
-                                     if (const auto run = self ? (**self).*callback : nullptr) {
+                                     if (const auto run = self ? (**self).*chosen : nullptr) {
                                          run();
                                      }
                                  });

@@ -144,6 +144,7 @@ class HotKeys {
 
     /// Says which actions there are now. A desktop that wants to know asks for them whenever hot
     /// keys are registered or released.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who overrides it keeps it.
     virtual void setActions(std::function<std::vector<HotKeyAction>()>) {}
 
     /// What to show beside the shortcut of the action with this id.
@@ -151,6 +152,7 @@ class HotKeys {
 
     /// Calls `handler` when hints, the limitation or the availability may have changed without a
     /// change of the recorded shortcuts.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who overrides it keeps it.
     [[nodiscard]] virtual Subscription onHintsChanged(std::function<void()> /*handler*/) {
         return {};
     }

@@ -54,6 +54,7 @@ void MenuPopoverView::quitAll(bool force) {
 }
 
 // The row that was clicked, and with it what it holds, may go while the user is asked.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 void MenuPopoverView::quitRow(AppInfo app, bool force) {
     if (!confirmsQuit(app, force)) {
         return;
@@ -71,6 +72,8 @@ void MenuPopoverView::quitAndReopen(AppInfo app, bool force) {
         viewModel_.beginQuit(app.pid, force);
     }
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 bool MenuPopoverView::confirmsQuit(const AppInfo& app, bool force) {
     const Platform& platform = surroundings_.platform;

@@ -23,7 +23,7 @@ namespace {
 
 /// Limit per file. Command lines and environments can be longer, but the relevant part is at the
 /// front.
-constexpr std::size_t readLimit = 256 * 1024;
+constexpr std::size_t readLimit = 1 << 18;
 
 /// "PID/file" for system calls.
 class ProcPath {
@@ -40,7 +40,8 @@ class ProcPath {
 
 std::string readAll(int descriptor) {
     std::string text;
-    std::array<char, 4096> buffer; // Filled as far as it is read.
+    // Filled as far as it is read.
+    std::array<char, 4096> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init)
     ssize_t count = 0;
     do {
         count = ::read(descriptor, buffer.data(), buffer.size());
@@ -77,7 +78,7 @@ std::string desktopFileIn(const std::string& folder) {
 std::string startedFile(const std::string& path) {
     std::string file = resolvedFile(path);
     for (const char* name : {"__main__.py", "package.json", "index.js"}) {
-        file = file.empty() ? resolvedFile(path + "/" + name) : file;
+        file = file.empty() ? resolvedFile(std::string(path).append("/").append(name)) : file;
     }
     return file;
 }
@@ -184,7 +185,7 @@ ProcessId ProcessReader::parent(ProcessId process) const {
 }
 
 std::optional<std::string> ProcessReader::executable(ProcessId process) const {
-    const auto target = linkTarget(process, "exe");
+    auto target = linkTarget(process, "exe");
     struct stat info{};
     // A file's real name may end with the mark.
     if (!target || withoutDeletedMark(*target) == *target || ::lstat(target->c_str(), &info) == 0) {
