@@ -224,7 +224,7 @@ TEST_F(UseSourcesTest, CollectWhatInhibitorsAndWindowsTell) {
     ScriptedObject xfce(other, "/org/freedesktop/PowerManagement/Inhibit",
                         [&](auto&&) { return QVariantList{names}; });
     ScriptedObject idle(other, "/org/gnome/Mutter/IdleMonitor/Core",
-                        [](auto&&) { return QVariantList{qulonglong{4200}}; });
+                        [](auto&&) { return QVariantList{QVariant(qulonglong{4200})}; });
     serve({"org.freedesktop.login1", "org.gnome.SessionManager", "org.freedesktop.PowerManagement",
            "org.gnome.Mutter.IdleMonitor"});
     running.resize(2);
@@ -360,7 +360,7 @@ TEST_F(UseSourcesTest, AwayTimeCountsSleepAndLocksOnceWhileFollowed) {
     SessionAwayTime away(own, system, [&] { return clock; });
     bool isActive = false;
     ScriptedObject saver(other, "/org/gnome/ScreenSaver",
-                         [&](auto&&) { return QVariantList{isActive}; });
+                         [&](auto&&) { return QVariantList{QVariant(isActive)}; });
     ScriptedObject session(other, "/session/c1", [&](auto&&) { return propertyAnswer(false); });
     ScriptedObject caller(other, "/org/freedesktop/login1/session/auto",
                           [&](auto&&) { return propertyAnswer("c1"); });
