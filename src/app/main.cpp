@@ -177,6 +177,13 @@ void introduce(QApplication& application) {
         Qt::DirectConnection);
 }
 
+void warnOfTakenName() {
+    std::fprintf(stderr,
+                 "calmora: another program has the name %s on the session bus; commands such as "
+                 "--toggle do not reach this %s\n",
+                 calmora::identity::identifier, calmora::identity::name);
+}
+
 bool hasDisplay() {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
@@ -238,10 +245,7 @@ int main(int argc, char** argv) {
         return instance.state() == SingleInstance::State::shownElsewhere ? 0 : endOfSilence();
     }
     if (instance.isNameTaken()) {
-        std::fprintf(stderr,
-                     "calmora: another program has the name %s on the session bus; commands such "
-                     "as --toggle do not reach this %s\n",
-                     calmora::identity::identifier, calmora::identity::name);
+        warnOfTakenName();
     }
     calmora::installTheme(application);
     return calmora::CalmoraApp(sessionBus, instance, signals, environment, std::move(inheritance))
