@@ -199,6 +199,14 @@ TEST_F(TransientTest, AnAlertSurvivesTheLossOfTheKeyboardAndTheUserComesBack) {
     expectToStay();
 }
 
+TEST_F(TransientTest, TakesTheKeyboardBackWhenTheActiveWindowVanishes) {
+    show();
+    input_.closeWindow(second_);
+    expectToStay();
+    input_.closeWindow(first_);
+    expectToStay();
+}
+
 TEST_F(TransientTest, ClosesForAWindowThatAppearsAlsoWhileAQuitBlocks) {
     show();
     const xcb_window_t dialog = input_.openWindow(300, 300);
