@@ -70,7 +70,7 @@ class PopoverDriver:
         be placing its window."""
         button = None
         while button != (button := self.button(name)):
-            pass
+            time.sleep(0.15)
         self.desktop.click_node(button)
 
     def rows(self):

@@ -63,13 +63,19 @@ TEST(DetachedProgram, OutlivesItsStarterWithNothingOfIt) {
     EXPECT_EQ(fact(process, "cmdline"), "sleeper\n30\n");
     EXPECT_EQ(fact(process, "environ"),
               "A=1\n" + std::string(launchedPid()) + std::to_string(process) + '\n');
-    std::map<std::string, std::string> descriptors;
     const std::filesystem::path own = "/proc/" + std::to_string(process);
-    for (const auto& file : std::filesystem::directory_iterator(own / "fd")) {
-        descriptors[file.path().filename()] = std::filesystem::read_symlink(file.path());
-    }
-    EXPECT_EQ(descriptors, (std::map<std::string, std::string>{
-                               {"0", "/dev/null"}, {"1", "/dev/null"}, {"2", "/dev/null"}}));
+    const std::map<std::string, std::string> none{
+        {"0", "/dev/null"}, {"1", "/dev/null"}, {"2", "/dev/null"}};
+    std::map<std::string, std::string> descriptors;
+    EXPECT_TRUE(waitFor([&] {
+        descriptors.clear();
+        for (const auto& file : std::filesystem::directory_iterator(own / "fd")) {
+            std::error_code closed; // It has libraries open for a moment.
+            descriptors[file.path().filename()] =
+                std::filesystem::read_symlink(file.path(), closed);
+        }
+        return descriptors == none;
+    })) << testing::PrintToString(descriptors);
     EXPECT_EQ(std::filesystem::read_symlink(own / "cwd"), "/usr");
     const std::string status = fact(process, "status");
     EXPECT_EQ(line(status, "SigBlk"), "SigBlk:\t0000000000000000");
