@@ -19,8 +19,9 @@ namespace {
 
 /// One refresh of the popover looks up several identifiers.
 constexpr std::chrono::milliseconds installedLifetime{100};
-/// No event tells of an icon in a tray; most come with a window that opens or closes.
-constexpr std::chrono::seconds trayIconsLifetime{6};
+/// No event tells of an icon in a tray, nor of an application that is installed. Most come with a
+/// window that opens or closes, or with a process that starts.
+constexpr std::chrono::seconds silentChangesInterval{6};
 /// Verdicts grow old without an event.
 constexpr std::chrono::seconds listLifetime{10};
 /// Asking the guard costs more than the rest of an unchanged process. Launchers turn into other
@@ -94,17 +95,14 @@ void ApplicationList::scanBackground() {
 }
 
 bool ApplicationList::scanAgain() {
-    hasScanned_ = false;
-    refreshInstalled();
-    hasScanned_ = true;
-    bool isDue = background_.scan(sources_.installed, sources_.windows.displayName());
     const auto now = sources_.clock.ticks();
-    isDue = isDue || hasForgotten_ || sources_.windows.windows() != windows_ ||
-            now - updatedAt_ >= listLifetime;
-    if (isDue || now - trayIconsReadAt_ >= trayIconsLifetime) {
+    bool isDue = background_.scan(sources_.installed, sources_.windows.displayName()) ||
+                 sources_.windows.windows() != windows_ || now - updatedAt_ >= listLifetime;
+    if (isDue || now - trayIconsReadAt_ >= silentChangesInterval) {
         const auto before = trayIcons_;
+        refreshInstalled();
         readTrayIcons();
-        isDue = isDue || trayIcons_ != before;
+        isDue = isDue || hasForgotten_ || trayIcons_ != before;
     }
     return isDue;
 }

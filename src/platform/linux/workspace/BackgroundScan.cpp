@@ -23,7 +23,7 @@ constexpr std::size_t mostKnown = 4 * mostProcesses;
 constexpr std::uint64_t settlingSeconds = 15;
 /// Seconds for which an unchanged turnover is believed: in containers it may be a copy of an older
 /// one.
-constexpr std::uint64_t longestTrust = 10;
+constexpr std::uint64_t longestTrust = 30;
 /// How often a process may be looked at in its first second.
 constexpr std::uint64_t looksPerSecond = 3;
 
